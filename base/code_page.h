@@ -1,0 +1,31 @@
+// Conversion between wide text and 8-bit code pages or UTF-8, without the C runtime's locale.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace base {
+
+constexpr unsigned code_page_hebrew = 1255;
+constexpr unsigned code_page_utf8 = 65001;
+
+/// The system's ANSI code page (GetACP on Windows; 1255 elsewhere, where only tests ask).
+unsigned system_code_page();
+
+/// Whether this system can convert `code_page` at all.
+bool code_page_known(unsigned code_page);
+
+/// Bytes to wide text. A byte that the code page does not define, or that is not valid UTF-8, becomes U+FFFD.
+/// An unknown code page is read as Latin-1.
+std::wstring wide_from_bytes(std::string_view bytes, unsigned code_page);
+
+/// Wide text to bytes, or nothing when a character has no exact form in the code page (never a best fit).
+std::optional<std::string> bytes_from_wide(std::wstring_view text, unsigned code_page);
+
+std::wstring wide_from_utf8(std::string_view bytes);
+/// Unpaired surrogates become U+FFFD.
+std::string utf8_from_wide(std::wstring_view text);
+bool valid_utf8(std::string_view bytes);
+
+}  // namespace base

@@ -1,0 +1,31 @@
+# How a room declares what it builds. Every target gets the house's warnings; test programs are one per room.
+
+add_library(corvanes_options INTERFACE)
+target_compile_features(corvanes_options INTERFACE cxx_std_17)
+target_include_directories(corvanes_options INTERFACE ${PROJECT_SOURCE_DIR})
+target_compile_options(corvanes_options INTERFACE
+    -Wall -Wextra -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-align -Werror)
+if(WIN32)
+    target_compile_definitions(corvanes_options INTERFACE
+        UNICODE _UNICODE STRICT NOMINMAX WINVER=0x0601 _WIN32_WINNT=0x0601)
+endif()
+if(CORVANES_SANITIZE)
+    add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    add_link_options(-fsanitize=address,undefined)
+endif()
+
+# corvanes_library(name source...): a static library of this room.
+function(corvanes_library name)
+    add_library(${name} STATIC ${ARGN})
+    target_link_libraries(${name} PUBLIC corvanes_options)
+endfunction()
+
+# corvanes_test(name SOURCES source... LIBS target...): one test program, one ctest entry.
+function(corvanes_test name)
+    cmake_parse_arguments(ARG "" "" "SOURCES;LIBS" ${ARGN})
+    add_executable(${name} ${ARG_SOURCES})
+    target_link_libraries(${name} PRIVATE ${ARG_LIBS} corvanes_options GTest::gmock GTest::gtest_main)
+    target_compile_definitions(${name} PRIVATE CORVANES_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
+    add_test(NAME ${name} COMMAND ${name})
+    set_tests_properties(${name} PROPERTIES TIMEOUT 300)
+endfunction()
