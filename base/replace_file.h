@@ -2,12 +2,13 @@
 #pragma once
 
 #include <filesystem>
+#include <memory>
 #include <string>
 #include <string_view>
 
 namespace base {
 
-/// What became of a write: ok, or the reason in words fit for a message ("disk full", "permission denied").
+/// What became of a write: ok, or the reason in words fit for a message ("No space left on device").
 struct WriteStatus {
     bool ok = true;
     std::string reason;
@@ -20,26 +21,26 @@ struct WriteStatus {
 /// contents are kept in memory and written directly at commit.
 class FileReplacement {
   public:
-    explicit FileReplacement(std::filesystem::path target);
+    explicit FileReplacement(const std::filesystem::path& target);
     ~FileReplacement();
     FileReplacement(const FileReplacement&) = delete;
     FileReplacement& operator=(const FileReplacement&) = delete;
 
-    /// Appends bytes; the first failure is remembered and returned by commit() too.
+    /// Appends bytes. The first failure sticks: later calls, and commit(), return it.
     WriteStatus write(std::string_view bytes);
-    /// Flushes to the disk and puts the new file in the target's place.
+    /// Flushes to the disk and puts the new file in the target's place. To be called once.
     WriteStatus commit();
 
+    /// An open file of the operating system.
+    class File;
+
   private:
-    struct Platform;
-    WriteStatus fail(std::string reason);
+    WriteStatus write_directly();
 
     std::filesystem::path target_;
     std::filesystem::path temporary_;
-    Platform* file_ = nullptr;
-    std::string direct_;
-    bool write_directly_ = false;
-    bool committed_ = false;
+    std::unique_ptr<File> file_;
+    std::string contents_;
     WriteStatus status_;
 };
 

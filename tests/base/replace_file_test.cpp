@@ -1,0 +1,90 @@
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <iterator>
+#include <vector>
+
+#include "base/replace_file.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+class ReplaceFile : public testing::Test {
+  protected:
+    void SetUp() override {
+        folder_ = fs::temp_directory_path() /
+                  ("replace_file_" + std::string(testing::UnitTest::GetInstance()->current_test_info()->name()));
+        fs::remove_all(folder_);
+        fs::create_directories(folder_);
+    }
+    void TearDown() override {
+        fs::permissions(folder_, fs::perms::owner_all, fs::perm_options::add);
+        fs::remove_all(folder_);
+    }
+
+    static void put(const fs::path& path, const std::string& bytes) { std::ofstream(path, std::ios::binary) << bytes; }
+    static std::string bytes_of(const fs::path& path) {
+        std::ifstream stream(path, std::ios::binary);
+        return {std::istreambuf_iterator<char>(stream), {}};
+    }
+    std::vector<std::string> names() const {
+        std::vector<std::string> result;
+        for (const auto& entry : fs::directory_iterator(folder_)) {
+            result.push_back(entry.path().filename().string());
+        }
+        return result;
+    }
+
+    fs::path folder_;
+};
+
+TEST_F(ReplaceFile, PutsTheNewContentsInPlaceOnlyAtCommit) {
+    const auto target = folder_ / "list.prc";
+    put(target, "old");
+    {
+        base::FileReplacement abandoned(target);
+        EXPECT_TRUE(abandoned.write("new"));
+    }
+    EXPECT_EQ(bytes_of(target), "old");
+    base::FileReplacement replacement(target);
+    replacement.write(std::string_view("n\0w", 3));
+    EXPECT_EQ(bytes_of(target), "old");
+    EXPECT_TRUE(replacement.commit());
+    EXPECT_EQ(bytes_of(target), std::string("n\0w", 3));
+    EXPECT_EQ(names(), std::vector<std::string>{"list.prc"}) << "nothing may be left beside the file";
+}
+
+TEST_F(ReplaceFile, SaysWhyItCannotWrite) {
+    const auto locked = folder_ / "locked.prc";
+    put(locked, "old");
+    fs::permissions(locked, fs::perms::owner_read | fs::perms::group_read | fs::perms::others_read);
+#ifdef _WIN32
+    const auto refused = base::replace_file(locked, "new");
+    EXPECT_FALSE(refused.ok);
+    EXPECT_FALSE(refused.reason.empty());
+    EXPECT_EQ(bytes_of(locked), "old");
+#endif
+    fs::permissions(locked, fs::perms::owner_all, fs::perm_options::add);
+    for (const auto& target : {folder_, folder_ / "missing" / "list.prc"}) {
+        const auto status = base::replace_file(target, "new");
+        EXPECT_FALSE(status.ok) << target;
+        EXPECT_FALSE(status.reason.empty()) << target;
+    }
+    EXPECT_EQ(names(), std::vector<std::string>{"locked.prc"});
+}
+
+#ifndef _WIN32
+TEST_F(ReplaceFile, FollowsLinksAndKeepsPermissions) {
+    put(folder_ / "real", "old");
+    fs::permissions(folder_ / "real", fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read);
+    fs::create_symlink("real", folder_ / "link");
+    EXPECT_TRUE(base::replace_file(folder_ / "link", "new"));
+    EXPECT_TRUE(fs::is_symlink(folder_ / "link"));
+    EXPECT_EQ(bytes_of(folder_ / "real"), "new");
+    EXPECT_EQ(fs::status(folder_ / "real").permissions(),
+              fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read);
+}
+#endif
+
+}  // namespace

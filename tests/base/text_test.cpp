@@ -1,0 +1,63 @@
+#include <gtest/gtest.h>
+
+#include "base/case_folding.h"
+#include "base/code_page.h"
+
+namespace {
+
+TEST(CaseFolding, LowersBeyondAscii) {
+    EXPECT_EQ(base::lower(L"DOOR-80 \u00c4\u0416\u0394 \u05d3\u05dc\u05ea"),
+              L"door-80 \u00e4\u0436\u03b4 \u05d3\u05dc\u05ea");
+}
+
+TEST(CaseFolding, OrdersWithoutRegardToCase) {
+    const struct {
+        std::wstring left, right;
+        int expected;
+    } cases[] = {
+        {L"", L"", 0},        {L"Door", L"DOOR", 0}, {L"a", L"B", -1},          {L"B", L"a", 1},
+        {L"door", L"doo", 1}, {L"doo", L"door", -1}, {L"\u0416", L"\u0436", 0}, {L"Z", L"_", 1},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(base::compare_ignoring_case(c.left, c.right), c.expected);
+    }
+}
+
+TEST(CodePage, HebrewIsTheWindowsCodePage) {
+    EXPECT_EQ(base::wide_from_bytes("\xe3\xec\xfa 80", 1255), L"\u05d3\u05dc\u05ea 80");
+    EXPECT_EQ(base::bytes_from_wide(L"\u05d0\u05ea \u20aa", 1255), "\xe0\xfa \xa4");
+    EXPECT_EQ(base::bytes_from_wide(L"\ubb38", 1255), std::nullopt);
+    EXPECT_EQ(base::bytes_from_wide(L"\u0100", 1255), std::nullopt) << "no best fit";
+}
+
+TEST(CodePage, EveryByteComesBack) {
+    std::string bytes;
+    for (int i = 0; i < 256; ++i) {
+        bytes.push_back(static_cast<char>(i));
+    }
+    for (const unsigned code_page : {1250U, 1251U, 1252U, 1253U, 1255U, 1256U, 874U}) {
+        EXPECT_EQ(base::bytes_from_wide(base::wide_from_bytes(bytes, code_page), code_page), bytes) << code_page;
+    }
+}
+
+TEST(CodePage, TwoByteCodePagesReplaceOnlyBadBytes) {
+    EXPECT_EQ(base::wide_from_bytes("a\xb9\xae", 949), L"a\ubb38");
+    EXPECT_EQ(base::wide_from_bytes("a\xff\xb9\xae", 949), L"a\ufffd\ubb38");
+    EXPECT_EQ(base::bytes_from_wide(L"a\ubb38", 949), "a\xb9\xae");
+    EXPECT_FALSE(base::code_page_known(4711));
+    EXPECT_EQ(base::wide_from_bytes("\xe0", 4711), L"\u00e0");
+}
+
+TEST(Utf8, RoundTripsAndRefusesMalformedSequences) {
+    const std::string text = "A\xd7\x90\xeb\xac\xb8\xf0\x9f\x9a\xaa";
+    EXPECT_EQ(base::utf8_from_wide(base::wide_from_utf8(text)), text);
+    EXPECT_TRUE(base::valid_utf8(text));
+    for (const char* bad :
+         {"\x80", "\xc0\xaf", "\xe0\x80\x80", "\xed\xa0\x80", "\xf5\x80\x80\x80", "\xd7", "\xd7\x41"}) {
+        EXPECT_FALSE(base::valid_utf8(bad));
+        EXPECT_EQ(base::wide_from_utf8(bad).front(), L'\xfffd');
+    }
+    EXPECT_EQ(base::utf8_from_wide(std::wstring(1, static_cast<wchar_t>(0xD800))), "\xef\xbf\xbd");
+}
+
+}  // namespace
