@@ -1,0 +1,69 @@
+// The host's functions for commands: questions to the user, messages, system variables, other commands.
+// Results are RTNORM, RTCAN (the user cancelled), RTERROR, RTNONE (Return alone, where acedInitGet allows it) and
+// RTKWORD. Strings in result buffers are the caller's, to be released with acad_free or acutDelString.
+#pragma once
+
+#include <windows.h>
+
+#include "adsdef.h"
+#include "adscodes.h"
+#include "acutads.h"
+#include "acedsel.h"
+
+#define ACED_GETFILE_NEW 1            ///< a file to be made: an existing one is replaced only after a question
+#define ACED_GETFILE_NO_TYPE_IT 2     ///< no "Type it" button
+#define ACED_GETFILE_ANY_EXTENSION 4  ///< a typed extension is kept whatever it is
+#define ACED_GETFILE_SEARCH_PATH 8    ///< a file on the support path is given without its folder
+
+/// Asks for a file name. RTNORM with result->restype RTSTR and the full path in rstring, or RTERROR when the user
+/// cancelled. `defawlt`, `title` and `ext` (without a dot; several with ";") may be null.
+int acedGetFileD(const ACHAR* title, const ACHAR* defawlt, const ACHAR* ext, int flags, struct resbuf* result);
+
+/// A message box over the main window. RTNORM.
+int acedAlert(const ACHAR* message);
+/// Prints on the command line.
+int acedPrompt(const ACHAR* message);
+
+/// RTERROR for an unknown name (and for a value of the wrong type, out of range, or for a read-only variable).
+int acedGetVar(const ACHAR* sym, struct resbuf* result);
+int acedSetVar(const ACHAR* sym, const struct resbuf* value);
+
+#define RSG_NONULL 1  ///< Return alone is not accepted
+#define RSG_NOZERO 2  ///< zero is not accepted
+#define RSG_NONEG 4   ///< negative numbers are not accepted
+#define RSG_NOLIM 8   ///< no check against the drawing's limits
+#define RSG_DASH 32
+#define RSG_2D 64
+#define RSG_OTHER 128  ///< any other text is an answer: RTKWORD
+
+/// Prepares the next acedGet... call (and only that one). Keywords are separated by blanks; the capitals of one are its
+/// abbreviation.
+int acedInitGet(int value, const ACHAR* keywords);
+/// The keyword or text after RTKWORD. `input` holds at least 133 characters.
+int acedGetInput(ACHAR* input);
+int acedGetPoint(const ads_point point, const ACHAR* prompt, ads_point result);
+int acedGetString(int allowBlanks, const ACHAR* prompt, ACHAR* result);
+int acedGetReal(const ACHAR* prompt, ads_real* result);
+int acedGetInt(const ACHAR* prompt, int* result);
+int acedGetKword(const ACHAR* prompt, ACHAR* result);
+
+/// Kinds of input that acedGrRead reports.
+#define ACED_GR_KEYBOARD 2
+#define ACED_GR_PICK 3
+#define ACED_GR_MOVE 5
+
+/// Waits for one input event. Bit 1 of `track` reports pointer movement (kind 5, result->resval.rpoint), bit 8 keeps
+/// the message on a cancel away. A key comes in result->resval.rint with restype RTSHORT.
+int acedGrRead(int track, int* type, struct resbuf* result);
+/// A temporary vector in the drawing view; colour -1 complements what is there, so that drawing it again erases it.
+int acedGrDraw(const ads_point from, const ads_point to, int colour, int highlight);
+
+/// Runs a command of the host with the answers that follow, pairs of a result type and a value ended by RTNONE (or 0).
+int acedCommand(int rtype, ...);
+/// The same with a list.
+int acedCmd(const struct resbuf* list);
+
+HWND adsw_acadMainWnd();
+
+void* acad_malloc(size_t size);
+void acad_free(void* memory);

@@ -1,0 +1,9 @@
+// AcRxService: what modules offer to each other under a registry name.
+#pragma once
+
+#include "rxobject.h"
+
+class AcRxService : public AcRxObject {
+  public:
+    ACRX_DECLARE_MEMBERS(AcRxService);
+};
