@@ -1,0 +1,23 @@
+// Why a drawing could not be read: one clear line.
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <string>
+
+namespace dxf {
+
+/// A failure with its place. The place is a line (from 1) in an ASCII drawing, a byte offset (from 0) in a binary one.
+struct Error {
+    enum class Place { none, line, byte };
+
+    std::filesystem::path file;
+    Place place = Place::none;
+    uint64_t position = 0;
+    std::string reason;
+
+    /// "plan.dxf:17: reason", "plan.dxf: byte 17: reason" or "plan.dxf: reason", in UTF-8.
+    std::string message() const;
+};
+
+}  // namespace dxf

@@ -1,0 +1,52 @@
+// A record's groups, read on demand.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/host/dxf/group.h"
+#include "platform/host/dxf/group_cursor.h"
+#include "platform/host/dxf/text_codec.h"
+
+namespace dxf {
+
+/// A cheap look at one record's bytes. Valid until the record is edited or the drawing is saved or closed.
+/// Values are searched among the record's own groups, not those of its sub-records.
+class RecordView {
+  public:
+    RecordView(std::string_view bytes, Encoding encoding, TextCodec codec);
+
+    /// A cursor over all groups, from the record's own type (code 0, or 9 of a header variable) to the last group of
+    /// its last sub-record.
+    GroupCursor groups() const { return GroupCursor(bytes_, encoding_); }
+    /// The record's own groups, its type first.
+    std::vector<Group> own_groups() const;
+    /// The sub-records in file order, its SEQEND included.
+    std::vector<RecordView> parts() const;
+
+    /// The raw type: "INSERT", or the variable's name ("$ACADVER").
+    std::string_view type() const;
+    /// The nth group (from 0) with this code.
+    std::optional<Group> group(int code, size_t nth = 0) const;
+    bool has(int code) const { return group(code).has_value(); }
+    std::wstring text(int code) const;
+    int64_t integer(int code, int64_t fallback = 0) const;
+    double real(int code, double fallback = 0.0) const;
+    /// A handle (hexadecimal); 0 when absent.
+    uint64_t handle(int code) const;
+    /// The owner: the first 330 that stands outside of a { } list (102) and before any extended data; 0 when absent.
+    uint64_t owner() const;
+
+    std::wstring decode(std::string_view raw) const { return codec_.decode(raw); }
+    std::string_view bytes() const { return bytes_; }
+
+  private:
+    std::string_view bytes_;
+    Encoding encoding_;
+    TextCodec codec_;
+};
+
+}  // namespace dxf
