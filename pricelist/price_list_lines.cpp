@@ -1,0 +1,98 @@
+#include "pricelist/price_list_lines.h"
+
+#include <algorithm>
+
+namespace corvanes {
+namespace {
+
+constexpr wchar_t separator = L'|';
+
+/// Reads a text the way a stream in text mode gives its lines: CR LF is one line feed.
+class LineReader {
+  public:
+    explicit LineReader(std::wstring_view text) : rest_(text) {}
+
+    /// The next piece of at most `longest_line` characters, its line feed included. Sets at_end() when the text ended
+    /// before a line feed or the limit was met. The view lives until the next call.
+    std::wstring_view next() {
+        const size_t feed = rest_.substr(0, longest_line + 1).find(L'\n');
+        const bool return_before = feed != std::wstring_view::npos && feed > 0 && rest_[feed - 1] == L'\r';
+        if (feed != std::wstring_view::npos && !return_before && feed < longest_line) {
+            return take(feed + 1);
+        }
+        if (return_before && feed <= longest_line) {
+            // What follows the carriage return's place is the line feed itself: the caller cuts it unseen.
+            const std::wstring_view line = take(feed + 1);
+            return line.substr(0, line.size() - 1);
+        }
+        at_end_ = rest_.size() < longest_line;
+        return take(std::min(rest_.size(), longest_line));
+    }
+
+    bool at_end() const { return at_end_; }
+
+  private:
+    std::wstring_view take(size_t count) {
+        const std::wstring_view taken = rest_.substr(0, count);
+        rest_.remove_prefix(count);
+        return taken;
+    }
+
+    std::wstring_view rest_;
+    bool at_end_ = false;
+};
+
+bool split_line(std::wstring_view line, PriceListEntry& entry) {
+    entry = {};
+    if (TakeField(line, entry.name, separator) == 1 && TakeField(line, entry.price, separator) == 1) {
+        TakeField(line, entry.description, separator);
+    }
+    return !entry.name.empty() && !entry.price.empty();
+}
+
+}  // namespace
+
+int TakeField(std::wstring_view& cursor, std::wstring_view& destination, wchar_t field_separator) {
+    const auto ends_field = [=](wchar_t character) {
+        return character == field_separator || character == L'\0' || character == L'\n';
+    };
+    const auto stop = std::find_if(cursor.begin(), cursor.end(), ends_field);
+    destination = cursor.substr(0, static_cast<size_t>(stop - cursor.begin()));
+    cursor.remove_prefix(destination.size());
+    if (cursor.empty() || cursor.front() != field_separator) {
+        return 0;
+    }
+    cursor.remove_prefix(1);
+    return 1;
+}
+
+PriceListCounts read_entries(std::wstring_view text, const std::function<void(const PriceListEntry&)>& handler) {
+    PriceListCounts counts;
+    LineReader reader(text);
+    std::wstring_view line = reader.next();
+    while (!reader.at_end()) {
+        line.remove_suffix(1);
+        PriceListEntry entry;
+        if (split_line(line, entry)) {
+            handler(entry);
+            ++counts.entries;
+        } else {
+            ++counts.dropped;
+        }
+        line = reader.next();
+    }
+    counts.dropped += line.empty() ? 0 : 1;
+    return counts;
+}
+
+void append_entry(std::wstring& text, const PriceListEntry& entry) {
+    if (entry.name.empty() && entry.price.empty() && entry.description.empty()) {
+        return;
+    }
+    for (const std::wstring_view field : {entry.name, entry.price}) {
+        text.append(field).push_back(separator);
+    }
+    text.append(entry.description).append(L"\r\n");
+}
+
+}  // namespace corvanes

@@ -1,0 +1,132 @@
+#include "pricelist/price_text.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cstdint>
+#include <limits>
+#include <string>
+
+namespace corvanes {
+namespace {
+
+bool is_space(wchar_t c) {
+    return c == L' ' || (c >= L'\t' && c <= L'\r') || c == 0xA0;
+}
+
+int digit_value(wchar_t c) {
+    if (c >= L'0' && c <= L'9') {
+        return c - L'0';
+    }
+    const wchar_t lower = c | 0x20;
+    return lower >= L'a' && lower <= L'f' ? lower - L'a' + 10 : 99;
+}
+
+bool is_digit(wchar_t c) {
+    return c >= L'0' && c <= L'9';
+}
+
+void skip_space(std::wstring_view& text) {
+    while (!text.empty() && is_space(text.front())) {
+        text.remove_prefix(1);
+    }
+}
+
+/// Takes a sign; true for a minus.
+bool take_sign(std::wstring_view& text) {
+    if (text.empty() || (text.front() != L'-' && text.front() != L'+')) {
+        return false;
+    }
+    const bool minus = text.front() == L'-';
+    text.remove_prefix(1);
+    return minus;
+}
+
+size_t digits_at(std::wstring_view text, size_t from) {
+    size_t end = from;
+    while (end < text.size() && is_digit(text[end])) {
+        ++end;
+    }
+    return end - from;
+}
+
+/// How many characters of an unsigned decimal number stand at the front.
+size_t number_length(std::wstring_view text) {
+    const size_t whole = digits_at(text, 0);
+    size_t end = whole;
+    if (end < text.size() && text[end] == L'.') {
+        const size_t fraction = digits_at(text, end + 1);
+        if (whole + fraction == 0) {
+            return 0;
+        }
+        end += 1 + fraction;
+    }
+    if (end == 0 || end >= text.size() || (text[end] | 0x20) != L'e') {
+        return end;
+    }
+    size_t exponent = end + 1;
+    if (exponent < text.size() && (text[exponent] == L'-' || text[exponent] == L'+')) {
+        ++exponent;
+    }
+    const size_t digits = digits_at(text, exponent);
+    return digits == 0 ? end : exponent + digits;
+}
+
+}  // namespace
+
+double number_from_text(std::wstring_view text) {
+    skip_space(text);
+    const bool minus = take_sign(text);
+    const size_t length = number_length(text);
+    char small[64];
+    std::string large;
+    char* digits = small;
+    if (length > sizeof small) {
+        large.resize(length);
+        digits = large.data();
+    }
+    for (size_t i = 0; i < length; ++i) {
+        digits[i] = static_cast<char>(text[i]);
+    }
+    double value = 0;
+    const auto result = std::from_chars(digits, digits + length, value);
+    if (result.ec == std::errc::result_out_of_range) {
+        const bool tiny = std::find(digits, digits + length, '-') != digits + length;
+        value = tiny ? 0 : std::numeric_limits<double>::infinity();
+    }
+    return minus ? -value : value;
+}
+
+bool take_integer(std::wstring_view& text, int& value) {
+    skip_space(text);
+    std::wstring_view rest = text;
+    const bool minus = take_sign(rest);
+    int base = 10;
+    if (rest.size() > 2 && rest[0] == L'0' && (rest[1] | 0x20) == L'x' && digit_value(rest[2]) < 16) {
+        base = 16;
+        rest.remove_prefix(2);
+    } else if (!rest.empty() && rest[0] == L'0') {
+        base = 8;
+    }
+    if (rest.empty() || digit_value(rest[0]) >= base) {
+        return false;
+    }
+    std::int64_t sum = 0;
+    constexpr std::int64_t limit = std::int64_t{std::numeric_limits<int>::max()} + 1;
+    while (!rest.empty() && digit_value(rest[0]) < base) {
+        sum = std::min(limit, sum * base + digit_value(rest[0]));
+        rest.remove_prefix(1);
+    }
+    value = static_cast<int>(minus ? -sum : std::min(sum, limit - 1));
+    text = rest;
+    return true;
+}
+
+std::wstring_view take_word(std::wstring_view& text) {
+    skip_space(text);
+    const auto end = std::find_if(text.begin(), text.end(), is_space);
+    const std::wstring_view word = text.substr(0, static_cast<size_t>(end - text.begin()));
+    text.remove_prefix(word.size());
+    return word;
+}
+
+}  // namespace corvanes

@@ -1,0 +1,21 @@
+// Numbers in the texts that people type: prices, widths, counters. The results are those of the C runtime's functions
+// of the same purpose in the "C" locale, whatever locale the process has.
+#pragma once
+
+#include <string_view>
+
+namespace corvanes {
+
+/// The number at the front of a text: leading white space, an optional sign, decimal digits with an optional "." and
+/// exponent; whatever follows is ignored, and a text without a number is 0. Too large a number is infinite.
+double number_from_text(std::wstring_view text);
+
+/// Takes one integer from the front of `text`, which moves past it: leading white space, an optional sign, and digits
+/// that are hexadecimal after 0x, octal after 0, decimal otherwise. False, with nothing taken but white space, when no
+/// integer stands there. Values beyond 32 bits are limited to the nearest one.
+bool take_integer(std::wstring_view& text, int& value);
+
+/// Takes one word (characters up to white space) from the front of `text`; empty when there is none.
+std::wstring_view take_word(std::wstring_view& text);
+
+}  // namespace corvanes

@@ -1,0 +1,39 @@
+// The small files beside the module that remember column widths and the last price list.
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace corvanes {
+
+constexpr std::wstring_view template_settings_name = L"corvane1.set";
+constexpr std::wstring_view report_settings_name = L"corvane2.set";
+constexpr std::wstring_view last_file_name = L"filename.set";
+
+struct SettingsPaths {
+    std::wstring settings;   ///< the column widths of one dialog
+    std::wstring last_file;  ///< the last price list, shared by both dialogs
+};
+
+/// Where the settings files of a module stand: its lower-cased path with the file's name replaced. A path without any
+/// separator gives bare names, that is, files of the current folder.
+SettingsPaths settings_paths(std::wstring_view module_path, std::wstring_view settings_name);
+
+/// Reads decimal, hexadecimal (0x) or octal (0) integers into `widths`, from the first on; those that cannot be read,
+/// and all of them when there is no file, stay as they were.
+void read_column_widths(const std::filesystem::path& path, int* widths, size_t count);
+
+/// Writes each width and a blank. A file that cannot be written is left as it is, silently.
+void write_column_widths(const std::filesystem::path& path, const int* widths, size_t count);
+
+/// The first word of the file: a path that holds a blank comes back cut there. Nothing when there is no file or no
+/// word.
+std::optional<std::wstring> read_last_file(const std::filesystem::path& path);
+
+/// Writes the path as it stands. A file that cannot be written is left as it is, silently.
+void write_last_file(const std::filesystem::path& path, std::wstring_view last_file);
+
+}  // namespace corvanes

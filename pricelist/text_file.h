@@ -1,0 +1,18 @@
+// Whole text files: read at once, written safely.
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace corvanes {
+
+/// The text of a file, decoded; nothing when it cannot be opened and read to its end (a folder cannot).
+std::optional<std::wstring> read_text_file(const std::filesystem::path& path);
+
+/// Puts the text in the file's place, encoded whole beforehand; line ends stand in the text as they are to be written.
+/// False when it could not be written: then what was there before is there still.
+bool write_text_file(const std::filesystem::path& path, std::wstring_view text);
+
+}  // namespace corvanes

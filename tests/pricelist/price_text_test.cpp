@@ -1,0 +1,71 @@
+#include "pricelist/price_text.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+#include <string>
+
+using corvanes::number_from_text;
+using corvanes::take_integer;
+
+namespace {
+
+TEST(PriceText, ReadsTheNumberAtTheFront) {
+    constexpr double infinity = std::numeric_limits<double>::infinity();
+    const struct {
+        const wchar_t* text;
+        double number;
+    } cases[] = {
+        {L"", 0},
+        {L"12.5", 12.5},
+        {L"  \t7", 7},
+        {L"\u00a07", 7},
+        {L"-3.25", -3.25},
+        {L"+4", 4},
+        {L".5", 0.5},
+        {L"5.", 5},
+        {L".", 0},
+        {L"abc", 0},
+        {L"12abc", 12},
+        {L"1,234.5", 1},
+        {L"1e3", 1000},
+        {L"1e", 1},
+        {L"1e+", 1},
+        {L"2.5E-1x", 0.25},
+        {L"- 5", 0},
+        {L"--5", 0},
+        {L"0x10", 0},
+        {L"inf", 0},
+        {L"nan", 0},
+        {L"1e999", infinity},
+        {L"1e-999", 0},
+        {L"-1e999", -infinity},
+        {L"\u0661\u0662", 0},
+        {L"12.5\u20aa", 12.5},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(number_from_text(c.text), c.number) << c.text;
+    }
+    EXPECT_EQ(number_from_text(L"0." + std::wstring(200, L'0') + L"1"), 1e-201) << "longer than the small buffer";
+}
+
+TEST(PriceText, TakesIntegersOneAfterAnother) {
+    std::wstring_view rest = L" 150 0x1F -010 +7 99999999999 0 08 x";
+    int value = -1;
+    std::string taken;
+    while (take_integer(rest, value)) {
+        taken += std::to_string(value) + ' ';
+    }
+    EXPECT_EQ(taken, "150 31 -8 7 2147483647 0 0 8 ") << "a leading zero makes 08 an octal 0 and then an 8";
+    EXPECT_EQ(rest, L"x");
+    rest = L"-99999999999";
+    EXPECT_TRUE(take_integer(rest, value));
+    EXPECT_EQ(value, std::numeric_limits<int>::min());
+    rest = L"-";
+    EXPECT_FALSE(take_integer(rest, value));
+    EXPECT_EQ(corvanes::take_word(rest = L" c:\\my files"), L"c:\\my");
+    EXPECT_EQ(corvanes::take_word(rest = L" \r\n"), L"");
+}
+
+}  // namespace
