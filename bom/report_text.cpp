@@ -1,0 +1,65 @@
+#include "bom/report_text.h"
+
+#include <algorithm>
+#include <charconv>
+
+namespace corvanes {
+namespace {
+
+constexpr std::array<size_t, report_columns> field_widths = {10, 10, 10, 20, 10};
+constexpr size_t extension_length = 4;
+
+bool money_column(int column) {
+    return column == price_column || column == total_column;
+}
+
+template <class Cells>
+void append_line(std::wstring& text, const Cells& cells, bool show_prices) {
+    for (int column = 0; column < report_columns; ++column) {
+        if (!show_prices && money_column(column)) {
+            continue;
+        }
+        if (column != 0) {
+            text.push_back(L' ');
+        }
+        const std::wstring_view cell = cells[static_cast<size_t>(column)];
+        const size_t width = field_widths[static_cast<size_t>(column)];
+        text.append(width - std::min(width, cell.size()), L' ').append(cell);
+    }
+    text.append(L"\r\n");
+}
+
+std::wstring_view without_extension(std::wstring_view name) {
+    return name.substr(0, name.size() - std::min(name.size(), extension_length));
+}
+
+}  // namespace
+
+std::wstring amount_text(double amount) {
+    // The largest finite number has 309 digits before the point.
+    char digits[320];
+    const auto end = std::to_chars(digits, digits + sizeof digits, amount, std::chars_format::fixed, 2).ptr;
+    return {digits, end};
+}
+
+std::wstring report_text(const std::vector<ReportCells>& rows, bool show_prices) {
+    std::wstring text;
+    append_line(text, report_headings, show_prices);
+    for (const ReportCells& row : rows) {
+        if (show_prices || row[name_column] != summary_name) {
+            append_line(text, row, show_prices);
+        }
+    }
+    return text;
+}
+
+std::wstring default_report_name(std::wstring_view price_list_path, std::wstring_view drawing_name) {
+    std::wstring name;
+    if (!price_list_path.empty()) {
+        name.append(without_extension(price_list_path)).push_back(L'-');
+    }
+    name.append(drawing_name);
+    return std::wstring(without_extension(name)) + L".txt";
+}
+
+}  // namespace corvanes

@@ -1,0 +1,32 @@
+// The report as texts: the cells of a row, the lines of the report file, and the file's proposed name.
+#pragma once
+
+#include <array>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace corvanes {
+
+constexpr int report_columns = 5;
+enum ReportColumn { name_column, price_column, quantity_column, description_column, total_column };
+constexpr std::array<const wchar_t*, report_columns> report_headings = {L"Block name", L"Item Price", L"Quantity",
+                                                                        L"Description", L"Total"};
+constexpr const wchar_t* summary_name = L"Summary:";
+
+/// The texts of one row of the report grid, by column.
+using ReportCells = std::array<std::wstring, report_columns>;
+
+/// An amount of money with two decimals and a point, correctly rounded; no thousands separator.
+std::wstring amount_text(double amount);
+
+/// The report file: a heading line, then a line a row in the order given, right-aligned in fields of at least 10, 10,
+/// 10, 20 and 10 characters with a blank between them, each ending in CR LF. Without prices there are only the name,
+/// the quantity and the description, and the summary row is left out.
+std::wstring report_text(const std::vector<ReportCells>& rows, bool show_prices);
+
+/// The file name that is proposed for the report: the price list's path less its last 4 characters, "-" and the
+/// drawing's name (just the drawing's name without a price list), with its last 4 characters replaced by ".txt".
+std::wstring default_report_name(std::wstring_view price_list_path, std::wstring_view drawing_name);
+
+}  // namespace corvanes
