@@ -1,0 +1,51 @@
+#include "grid/selection.h"
+
+#include <algorithm>
+
+namespace corvanes {
+
+bool CellRange::operator==(const CellRange& other) const {
+    return left == other.left && top == other.top && right == other.right && bottom == other.bottom;
+}
+
+bool Selection::contains(int column, int row) const {
+    return std::any_of(ranges_.begin(), ranges_.end(), [column, row](const CellRange& range) {
+        return column >= range.left && column <= range.right && row >= range.top && row <= range.bottom;
+    });
+}
+
+void Selection::add(int column, int row) {
+    set_anchor(column, row);
+    if (!contains(column, row)) {
+        ranges_.push_back({column, row, column, row});
+        stretching_ = true;
+    }
+}
+
+void Selection::set_anchor(int column, int row) {
+    anchor_column_ = column;
+    anchor_row_ = row;
+    stretching_ = false;
+}
+
+void Selection::stretch_to(int column, int row) {
+    const auto [left, right] = std::minmax(anchor_column_, column);
+    const auto [top, bottom] = std::minmax(anchor_row_, row);
+    if (!stretching_ || ranges_.empty()) {
+        ranges_.emplace_back();
+        stretching_ = true;
+    }
+    ranges_.back() = {left, top, right, bottom};
+}
+
+void Selection::clip(int columns, int rows) {
+    const auto outside = [columns, rows](const CellRange& range) { return range.left >= columns || range.top >= rows; };
+    ranges_.erase(std::remove_if(ranges_.begin(), ranges_.end(), outside), ranges_.end());
+    for (CellRange& range : ranges_) {
+        range.right = std::min(range.right, columns - 1);
+        range.bottom = std::min(range.bottom, rows - 1);
+    }
+    stretching_ = false;
+}
+
+}  // namespace corvanes

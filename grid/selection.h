@@ -1,0 +1,39 @@
+// Which cells of a grid are selected.
+#pragma once
+
+#include <vector>
+
+namespace corvanes {
+
+struct CellRange {
+    int left;
+    int top;
+    int right;
+    int bottom;  // all four inclusive
+    bool operator==(const CellRange& other) const;
+};
+
+// A list of rectangles, the last of which can still be stretched from its anchor.
+class Selection {
+  public:
+    void clear() { ranges_.clear(); }
+    bool empty() const { return ranges_.empty(); }
+    bool contains(int column, int row) const;
+    // Adds one cell, which becomes the anchor.
+    void add(int column, int row);
+    // Where the next stretch begins, without selecting anything yet.
+    void set_anchor(int column, int row);
+    // Makes the last rectangle reach from the anchor to this cell; begins it when there is none.
+    void stretch_to(int column, int row);
+    // Drops what lies outside of these counts.
+    void clip(int columns, int rows);
+    const std::vector<CellRange>& ranges() const { return ranges_; }
+
+  private:
+    std::vector<CellRange> ranges_;
+    int anchor_column_ = 0;
+    int anchor_row_ = 0;
+    bool stretching_ = false;
+};
+
+}  // namespace corvanes
