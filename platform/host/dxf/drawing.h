@@ -100,9 +100,12 @@ class Drawing {
     std::string_view original() const;
     std::string_view bytes_of(const Record& record) const;
     RecordId add_record(std::string bytes, Place before);
+    void update_record(RecordId id, std::string bytes);
     void settle_hand_seed();
+    base::WriteStatus write_to(base::FileReplacement& file) const;
     base::WriteStatus save_over_open_file(const std::filesystem::path& target);
-    void rebase();
+    void rebase(const EditList::Positions& positions);
+    /// The end of the section, which is made in its usual place when it is missing.
     Place ensure_section(std::string_view name);
     Table& ensure_table(std::string_view name);
 

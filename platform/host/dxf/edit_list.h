@@ -23,11 +23,11 @@ class EditList {
     /// before it. Returns the new piece's place.
     Place insert_before(Place place, std::string bytes);
 
-    /// Puts `bytes` instead of the original range [place, place + length) or instead of the piece at `place`, whose
-    /// whole length it must be. Returns the new bytes' place.
+    /// Puts `bytes` instead of the original range [place, place + length), or instead of the whole piece at `place`.
+    /// Returns the new bytes' place: a piece keeps its own.
     Place replace(Place place, uint64_t length, std::string bytes);
 
-    /// Leaves out the original range or the piece.
+    /// Leaves out the original range or the piece. The place itself stays good for insert_before().
     void erase(Place place, uint64_t length);
 
     std::string_view piece(Place place) const;
@@ -36,6 +36,22 @@ class EditList {
     /// Stops and returns false when `emit` does.
     using Emit = std::function<bool(std::string_view bytes, Place place)>;
     bool apply(std::string_view original, const Emit& emit) const;
+
+    /// Where the bytes of each place stand in the edited file: what rebasing a drawing on its saved file needs.
+    class Positions {
+      public:
+        uint64_t of(Place place) const;
+
+      private:
+        friend class EditList;
+        struct Stretch {
+            uint64_t old_begin;
+            uint64_t new_begin;
+        };
+        std::vector<Stretch> originals_;  ///< by old_begin
+        std::vector<uint64_t> pieces_;
+    };
+    Positions positions() const;
 
     void clear();
 

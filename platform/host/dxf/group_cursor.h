@@ -3,7 +3,11 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <string_view>
+#ifdef __SSE2__
+#include <emmintrin.h>
+#endif
 
 #include "platform/host/dxf/group.h"
 
@@ -28,7 +32,8 @@ class GroupCursor {
   private:
     bool next_ascii(Group& group);
     bool next_binary(Group& group);
-    bool fail(const char* at, const char* why);
+    bool fail_ascii(const char* stopped);
+    bool fail(const char* why);
 
     const char* begin_;
     const char* at_;
@@ -36,5 +41,57 @@ class GroupCursor {
     Encoding encoding_;
     const char* error_ = nullptr;
 };
+
+/// The first line feed in [at, end), or `end`. Value lines are short: a block of 16 bytes nearly always holds it.
+inline const char* find_line_feed(const char* at, const char* end) {
+#ifdef __SSE2__
+    const __m128i line_feeds = _mm_set1_epi8('\n');
+    while (end - at >= 16) {
+        const __m128i block = _mm_loadu_si128(reinterpret_cast<const __m128i*>(at));
+        const int found = _mm_movemask_epi8(_mm_cmpeq_epi8(block, line_feeds));
+        if (found != 0) {
+            return at + __builtin_ctz(static_cast<unsigned>(found));
+        }
+        at += 16;
+    }
+#endif
+    const void* found_late = at == end ? nullptr : std::memchr(at, '\n', static_cast<size_t>(end - at));
+    return found_late == nullptr ? end : static_cast<const char*>(found_late);
+}
+
+inline bool GroupCursor::next_ascii(Group& group) {
+    const char* at = at_;
+    while (at != end_ && (*at == ' ' || *at == '\t')) {
+        ++at;
+    }
+    const bool negative = at != end_ && *at == '-';
+    at += negative ? 1 : 0;
+    const char* const digits = at;
+    int code = 0;
+    while (at != end_ && static_cast<unsigned char>(*at - '0') < 10 && at - digits < 5) {
+        code = code * 10 + (*at - '0');
+        ++at;
+    }
+    const bool numeric = at != digits;
+    while (at != end_ && (*at == ' ' || *at == '\t' || *at == '\r')) {
+        ++at;
+    }
+    if (!numeric || at == end_ || *at != '\n' || at + 1 == end_) {
+        return fail_ascii(at);
+    }
+    const char* const value = at + 1;
+    const char* const line_feed = find_line_feed(value, end_);
+    const char* value_end = line_feed;
+    while (value_end != value && value_end[-1] == '\r') {
+        --value_end;
+    }
+    group.code = negative ? -code : code;
+    group.encoding = Encoding::ascii;
+    group.begin = position();
+    group.value = {value, static_cast<size_t>(value_end - value)};
+    at_ = line_feed == end_ ? end_ : line_feed + 1;
+    group.end = position();
+    return true;
+}
 
 }  // namespace dxf

@@ -46,6 +46,7 @@ enum KnownType : uint16_t {
     type_section,
     type_endsec,
     type_eof,
+    type_dimstyle,
     known_type_count
 };
 
@@ -53,10 +54,9 @@ enum KnownType : uint16_t {
 /// SEQEND that follow an INSERT or POLYLINE).
 struct Record {
     enum Flag : uint16_t {
-        paper_space = 1,      ///< group 67 is not 0
-        has_parts = 2,        ///< sub-records follow within its bytes
-        erased = 4,           ///< erased by an edit; its bytes will not be saved
-        undefined_block = 8,  ///< INSERT of a name without a BLOCK (as loaded), or without a name
+        paper_space = 1,  ///< group 67 is not 0
+        has_parts = 2,    ///< sub-records follow within its bytes
+        erased = 4,       ///< erased by an edit; its bytes will not be saved
     };
 
     Place place;

@@ -25,7 +25,7 @@ struct Handle {
 /// A value by its meaning. It is written in the form that the code's kind asks for.
 using Value = std::variant<int64_t, double, std::wstring, Handle>;
 
-/// A value's bytes with its line end or final zero, but without the code.
+/// A value's bytes without the code: in ASCII without the line end, in binary complete.
 std::string encode_value(int code, const Value& value, const Manner& manner);
 
 /// Builds the bytes of one or more records, group by group.

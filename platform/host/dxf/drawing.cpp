@@ -1,0 +1,165 @@
+#include "platform/host/dxf/drawing.h"
+
+#include <algorithm>
+#include <system_error>
+#include <utility>
+
+#include "base/case_folding.h"
+
+namespace dxf {
+
+namespace {
+
+/// Written at once: large enough for the disk, small enough for every system call.
+constexpr size_t write_size = size_t{8} << 20;
+
+}  // namespace
+
+Drawing::Drawing(std::filesystem::path path, FileMapping mapping, std::string memory)
+    : path_(std::move(path)), mapping_(std::move(mapping)), memory_(std::move(memory)) {}
+
+OpenResult Drawing::open(const std::filesystem::path& path) {
+    OpenResult result;
+    std::string reason;
+    auto mapping = FileMapping::open(path, reason);
+    if (!mapping) {
+        result.error.file = path;
+        result.error.reason = std::move(reason);
+        return result;
+    }
+    return load(std::unique_ptr<Drawing>(new Drawing(path, *std::move(mapping), {})));
+}
+
+OpenResult Drawing::from_bytes(std::string bytes, const std::filesystem::path& name) {
+    return load(std::unique_ptr<Drawing>(new Drawing(name, {}, std::move(bytes))));
+}
+
+OpenResult Drawing::load(std::unique_ptr<Drawing> drawing) {
+    OpenResult result;
+    if (auto error = build_index(drawing->original(), drawing->index_)) {
+        result.error = *std::move(error);
+        result.error.file = drawing->path_;
+        return result;
+    }
+    result.drawing = std::move(drawing);
+    return result;
+}
+
+std::string_view Drawing::original() const {
+    return memory_.empty() ? mapping_.bytes() : std::string_view(memory_);
+}
+
+Manner Drawing::manner() const {
+    return {index_.encoding, index_.line_end, index_.codec};
+}
+
+std::string_view Drawing::bytes_of(const Record& record) const {
+    if (record.place.added()) {
+        return edits_.piece(record.place);
+    }
+    const std::string_view bytes = original();
+    const uint64_t offset = std::min<uint64_t>(record.place.number(), bytes.size());
+    return bytes.substr(offset, record.length);
+}
+
+RecordView Drawing::view(RecordId id) const {
+    return RecordView(bytes_of(index_.records[id]), index_.encoding, index_.codec);
+}
+
+BlockId Drawing::block_named(NameId name) const {
+    return name < index_.block_of_name.size() ? index_.block_of_name[name] : no_block;
+}
+
+const Table* Drawing::table(std::string_view name) const {
+    const auto found = std::find_if(index_.tables.begin(), index_.tables.end(),
+                                    [name](const Table& table) { return table.name == name; });
+    return found == index_.tables.end() ? nullptr : &*found;
+}
+
+RecordId Drawing::table_entry(std::string_view table_name, std::wstring_view entry) const {
+    const Table* const found = table(table_name);
+    if (found == nullptr) {
+        return no_record;
+    }
+    for (const RecordId id : found->entries) {
+        if (!record(id).is(Record::erased) && base::compare_ignoring_case(view(id).text(2), entry) == 0) {
+            return id;
+        }
+    }
+    return no_record;
+}
+
+RecordId Drawing::header_variable(std::string_view name) const {
+    for (const RecordId id : index_.header) {
+        if (view(id).type() == name) {
+            return id;
+        }
+    }
+    return no_record;
+}
+
+base::WriteStatus Drawing::write_to(base::FileReplacement& file) const {
+    base::WriteStatus status;
+    edits_.apply(original(), [&](std::string_view bytes, Place) {
+        while (status && !bytes.empty()) {
+            status = file.write(bytes.substr(0, write_size));
+            bytes.remove_prefix(std::min(bytes.size(), write_size));
+        }
+        return static_cast<bool>(status);
+    });
+    return status;
+}
+
+base::WriteStatus Drawing::save(const std::filesystem::path& target) {
+    settle_hand_seed();
+    std::error_code error;
+    if (memory_.empty() && std::filesystem::equivalent(target, path_, error)) {
+        return save_over_open_file(target);
+    }
+    base::FileReplacement file(target);
+    const base::WriteStatus written = write_to(file);
+    return written ? file.commit() : written;
+}
+
+/// A mapped file cannot be replaced on every system: the mapping is given up for the moment of the replacement.
+base::WriteStatus Drawing::save_over_open_file(const std::filesystem::path& target) {
+    base::FileReplacement file(target);
+    if (const base::WriteStatus written = write_to(file); !written) {
+        return written;
+    }
+    mapping_.reset();
+    const base::WriteStatus replaced = file.commit();
+    std::string reason;
+    auto mapping = FileMapping::open(path_, reason);
+    if (replaced) {
+        rebase(edits_.positions());
+    }
+    if (!mapping) {
+        return replaced ? base::WriteStatus{false, "saved, but cannot be opened again: " + reason} : replaced;
+    }
+    mapping_ = *std::move(mapping);
+    return replaced;
+}
+
+/// Makes every place an offset in the file that was written.
+void Drawing::rebase(const EditList::Positions& positions) {
+    const auto move = [&positions](Place& place) { place = Place::original(positions.of(place)); };
+    for (Record& record : index_.records) {
+        move(record.place);
+        record.length = record.is(Record::erased) ? 0 : record.length;
+    }
+    for (Section& section : index_.sections) {
+        move(section.begin);
+        move(section.end);
+    }
+    for (Table& table : index_.tables) {
+        move(table.end);
+    }
+    for (Block& block : index_.blocks) {
+        move(block.end);
+    }
+    move(index_.end_of_drawing);
+    edits_.clear();
+}
+
+}  // namespace dxf

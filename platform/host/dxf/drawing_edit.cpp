@@ -1,0 +1,201 @@
+// Edits of a drawing: each leaves the index as if the edited drawing had been read.
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "platform/host/dxf/drawing.h"
+
+namespace dxf {
+
+namespace {
+
+/// The order in which sections stand in a drawing.
+constexpr std::array<std::string_view, 6> section_order = {"HEADER", "CLASSES",  "TABLES",
+                                                           "BLOCKS", "ENTITIES", "OBJECTS"};
+constexpr std::string_view hand_seed = "$HANDSEED";
+
+std::wstring wide(std::string_view ascii) {
+    return {ascii.begin(), ascii.end()};
+}
+
+bool since_r13(const std::string& version) {
+    return version >= "AC1012";
+}
+
+/// Where the value's own bytes begin within a record, and end: the line end of an ASCII value stays as it is.
+std::pair<size_t, size_t> value_range(const Group& group, const char* record_begin) {
+    const auto begin = static_cast<size_t>(group.value.data() - record_begin);
+    if (group.encoding == Encoding::ascii) {
+        return {begin, begin + group.value.size()};
+    }
+    const size_t length_byte = kind_of(group.code) == ValueKind::chunk ? 1 : 0;
+    return {begin - length_byte, static_cast<size_t>(group.end)};
+}
+
+}  // namespace
+
+bool Drawing::uses_handles() const {
+    if (since_r13(index_.version)) {
+        return true;
+    }
+    const RecordId handling = header_variable("$HANDLING");
+    return index_.highest_handle != 0 || (handling != no_record && view(handling).integer(70) != 0);
+}
+
+uint64_t Drawing::allocate_handle() {
+    if (!uses_handles()) {
+        return 0;
+    }
+    const RecordId seed = header_variable(hand_seed);
+    const uint64_t seeded = next_handle_ != 0 || seed == no_record ? 0 : view(seed).handle(5);
+    next_handle_ = std::max({next_handle_, seeded, index_.highest_handle + 1});
+    hand_seed_due_ = true;
+    return next_handle_++;
+}
+
+void Drawing::settle_hand_seed() {
+    if (!std::exchange(hand_seed_due_, false)) {
+        return;
+    }
+    next_handle_ = std::max(next_handle_, index_.highest_handle + 1);
+    const RecordId seed = header_variable(hand_seed);
+    if (seed != no_record) {
+        replace_value(seed, 5, Handle{next_handle_});
+    } else if (const Section* const header = index_.section("HEADER")) {
+        RecordWriter writer(manner());
+        const RecordId added = add_record(writer.text(9, wide(hand_seed)).handle(5, next_handle_).take(), header->end);
+        index_.records[added].type = static_cast<uint16_t>(index_.types.intern(hand_seed, index_.codec));
+        index_.header.append(added);
+    }
+}
+
+RecordId Drawing::add_record(std::string bytes, Place before) {
+    const auto id = static_cast<RecordId>(index_.records.size());
+    const auto length = static_cast<uint32_t>(bytes.size());
+    Record record = read_record(bytes, index_).value_or(Record());
+    record.length = length;
+    record.place = edits_.insert_before(before, std::move(bytes));
+    index_.records.push_back(record);
+    return id;
+}
+
+RecordId Drawing::append_entity(std::string bytes) {
+    const RecordId id = add_record(std::move(bytes), ensure_section("ENTITIES"));
+    index_.entities.append(id);
+    return id;
+}
+
+RecordId Drawing::append_object(std::string bytes) {
+    const RecordId id = add_record(std::move(bytes), ensure_section("OBJECTS"));
+    index_.objects.append(id);
+    return id;
+}
+
+RecordId Drawing::append_to_block(BlockId block, std::string bytes) {
+    const RecordId id = add_record(std::move(bytes), index_.blocks[block].end);
+    index_.blocks[block].entities.append(id);
+    return id;
+}
+
+BlockId Drawing::append_block(std::string head, std::string end) {
+    const Place where = ensure_section("BLOCKS");
+    Block block;
+    block.head = add_record(std::move(head), where);
+    block.end_record = add_record(std::move(end), where);
+    block.end = record(block.end_record).place;
+    block.name = record(block.head).block_name;
+    const auto id = static_cast<BlockId>(index_.blocks.size());
+    index_.name_block(block.name, id);
+    index_.blocks.push_back(std::move(block));
+    return id;
+}
+
+RecordId Drawing::append_entry(std::string_view table_name, std::string bytes) {
+    Table& table = ensure_table(table_name);
+    const RecordId id = add_record(std::move(bytes), table.end);
+    table.entries.append(id);
+    const int64_t count = view(table.head).integer(70) + 1;
+    replace_value(table.head, 70, count);
+    return id;
+}
+
+bool Drawing::replace_value(RecordId id, int code, const Value& value, size_t nth) {
+    const std::string_view old = bytes_of(record(id));
+    const auto group = view(id).group(code, nth);
+    if (!group) {
+        return false;
+    }
+    const auto [begin, end] = value_range(*group, old.data());
+    std::string bytes(old.substr(0, begin));
+    bytes += encode_value(code, value, manner());
+    bytes += old.substr(end);
+    update_record(id, std::move(bytes));
+    return true;
+}
+
+void Drawing::rewrite(RecordId id, std::string bytes) {
+    update_record(id, std::move(bytes));
+}
+
+void Drawing::update_record(RecordId id, std::string bytes) {
+    const Record old = record(id);
+    // A header variable is no record of its own kind: only its bytes change.
+    Record changed = read_record(bytes, index_).value_or(old);
+    changed.flags &= static_cast<uint16_t>(~Record::erased);
+    changed.length = static_cast<uint32_t>(bytes.size());
+    changed.place = edits_.replace(old.place, old.length, std::move(bytes));
+    index_.records[id] = changed;
+}
+
+void Drawing::erase(RecordId id) {
+    Record& gone = index_.records[id];
+    edits_.erase(gone.place, gone.length);
+    gone.flags |= Record::erased;
+}
+
+Place Drawing::ensure_section(std::string_view name) {
+    if (const Section* const found = index_.section(name)) {
+        return found->end;
+    }
+    Place before = index_.end_of_drawing;
+    const auto* const own = std::find(section_order.begin(), section_order.end(), name);
+    for (const auto* later = own; later != section_order.end(); ++later) {
+        if (const Section* const found = index_.section(*later)) {
+            before = found->begin;
+            break;
+        }
+    }
+    RecordWriter writer(manner());
+    const std::string_view bytes = original();
+    const bool needs_line_end = index_.encoding == Encoding::ascii && !before.added() &&
+                                before.number() == bytes.size() && !bytes.empty() && bytes.back() != '\n';
+    writer.raw(needs_line_end ? index_.line_end : "").type(L"SECTION").text(2, wide(name));
+    Section section;
+    section.name = std::string(name);
+    section.begin = edits_.insert_before(before, writer.take());
+    section.end = edits_.insert_before(before, writer.type(L"ENDSEC").take());
+    index_.sections.push_back(section);
+    return section.end;
+}
+
+Table& Drawing::ensure_table(std::string_view name) {
+    const auto found = std::find_if(index_.tables.begin(), index_.tables.end(),
+                                    [name](const Table& table) { return table.name == name; });
+    if (found != index_.tables.end()) {
+        return *found;
+    }
+    const Place before = ensure_section("TABLES");
+    RecordWriter writer(manner());
+    writer.type(L"TABLE").text(2, wide(name));
+    if (since_r13(index_.version)) {
+        writer.handle(5, allocate_handle()).handle(330, 0).text(100, L"AcDbSymbolTable");
+    }
+    Table table;
+    table.name = std::string(name);
+    table.head = add_record(writer.integer(70, 0).take(), before);
+    table.end = edits_.insert_before(before, writer.type(L"ENDTAB").take());
+    index_.tables.push_back(std::move(table));
+    return index_.tables.back();
+}
+
+}  // namespace dxf

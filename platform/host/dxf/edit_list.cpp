@@ -1,0 +1,113 @@
+#include "platform/host/dxf/edit_list.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace dxf {
+
+uint64_t EditList::add_piece(std::string bytes, uint64_t anchor) {
+    pieces_.push_back(std::move(bytes));
+    anchors_.push_back(anchor);
+    return pieces_.size() - 1;
+}
+
+Place EditList::insert_before(Place place, std::string bytes) {
+    const uint64_t anchor = place.added() ? anchors_[place.number()] : place.number();
+    const uint64_t added = add_piece(std::move(bytes), anchor);
+    std::vector<uint64_t>& before = edits_[anchor].before;
+    auto at = before.end();
+    if (place.added()) {
+        // What is looked for is nearly always near the end: the end record of the block that is being filled.
+        const auto found = std::find(before.rbegin(), before.rend(), place.number());
+        at = found == before.rend() ? before.end() : std::prev(found.base());
+    }
+    before.insert(at, added);
+    return Place::piece(added);
+}
+
+Place EditList::replace(Place place, uint64_t length, std::string bytes) {
+    if (place.added()) {
+        pieces_[place.number()] = std::move(bytes);
+        return place;
+    }
+    const uint64_t added = add_piece(std::move(bytes), place.number());
+    Edit& edit = edits_[place.number()];
+    edit.replacement = added;
+    edit.skip = length;
+    return Place::piece(added);
+}
+
+void EditList::erase(Place place, uint64_t length) {
+    if (place.added()) {
+        pieces_[place.number()].clear();
+    } else {
+        edits_[place.number()].skip = length;
+    }
+}
+
+std::string_view EditList::piece(Place place) const {
+    return place.number() < pieces_.size() ? std::string_view(pieces_[place.number()]) : std::string_view();
+}
+
+bool EditList::apply(std::string_view original, const Emit& emit) const {
+    uint64_t position = 0;
+    for (const auto& [anchor, edit] : edits_) {
+        if (anchor > position && !emit(original.substr(position, anchor - position), Place::original(position))) {
+            return false;
+        }
+        for (const uint64_t number : edit.before) {
+            if (!emit(pieces_[number], Place::piece(number))) {
+                return false;
+            }
+        }
+        if (edit.replacement && !emit(pieces_[*edit.replacement], Place::piece(*edit.replacement))) {
+            return false;
+        }
+        position = anchor + edit.skip;
+    }
+    return position >= original.size() || emit(original.substr(position), Place::original(position));
+}
+
+EditList::Positions EditList::positions() const {
+    Positions positions;
+    positions.pieces_.resize(pieces_.size());
+    positions.originals_.push_back({0, 0});
+    uint64_t old_position = 0;
+    uint64_t new_position = 0;
+    for (const auto& [anchor, edit] : edits_) {
+        new_position += anchor - old_position;
+        for (const uint64_t number : edit.before) {
+            positions.pieces_[number] = new_position;
+            new_position += pieces_[number].size();
+        }
+        positions.originals_.push_back({anchor, new_position});
+        if (edit.replacement) {
+            positions.pieces_[*edit.replacement] = new_position;
+            new_position += pieces_[*edit.replacement].size();
+        }
+        old_position = anchor + edit.skip;
+        if (edit.skip > 0) {
+            positions.originals_.push_back({old_position, new_position});
+        }
+    }
+    return positions;
+}
+
+uint64_t EditList::Positions::of(Place place) const {
+    if (place.added()) {
+        return pieces_[place.number()];
+    }
+    const auto behind =
+        std::upper_bound(originals_.begin(), originals_.end(), place.number(),
+                         [](uint64_t offset, const Stretch& stretch) { return offset < stretch.old_begin; });
+    const Stretch& stretch = *std::prev(behind);
+    return stretch.new_begin + (place.number() - stretch.old_begin);
+}
+
+void EditList::clear() {
+    edits_.clear();
+    pieces_.clear();
+    anchors_.clear();
+}
+
+}  // namespace dxf
