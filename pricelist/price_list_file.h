@@ -10,8 +10,9 @@
 namespace corvanes {
 
 /// Calls back once per accepted line, in file order. Only the mode "r" exists. Returns 1, or 0 after an alert when the
-/// file cannot be opened; nothing was handed on then.
-int LoadPriceList(const wchar_t* path, const wchar_t* mode, const std::function<void(const PriceListEntry&)>& handler);
+/// file cannot be opened; nothing was handed on then. `opened` is called before the first entry.
+int LoadPriceList(const wchar_t* path, const wchar_t* mode, const std::function<void()>& opened,
+                  const std::function<void(const PriceListEntry&)>& handler);
 
 /// Replaces the file by one line per row; rows whose texts are all empty are left out. Returns 1, or 0 after an alert
 /// when the file cannot be written; what was there before is there still.
@@ -20,7 +21,7 @@ int SavePriceList(const wchar_t* path, const std::vector<PriceListEntry>& rows);
 /// Shows that a file cannot be opened, in the words that every reader and writer of the module uses.
 void alert_cannot_open(const wchar_t* path);
 
-/// The settings paths of this module (settings_paths of the file that it was loaded from).
+/// The full paths of one settings file and of the last-file settings, beside this module.
 void GetSettingsPaths(const wchar_t* settings_file_name, std::wstring& settings_path, std::wstring& last_file_path);
 
 }  // namespace corvanes

@@ -1,0 +1,57 @@
+#include "bom/report_file.h"
+
+#include <afxwin.h>
+#include <aced.h>
+
+#include <memory>
+#include <vector>
+
+#include "bom/report_dialog.h"
+#include "bom/report_options.h"
+#include "bom/report_text.h"
+#include "pricelist/file_question.h"
+#include "pricelist/price_list_file.h"
+#include "pricelist/text_file.h"
+
+namespace corvanes {
+namespace {
+
+std::wstring drawing_name() {
+    resbuf value{};
+    if (acedGetVar(L"DWGNAME", &value) != RTNORM) {
+        return {};
+    }
+    const std::unique_ptr<wchar_t, decltype(&acad_free)> name(value.resval.rstring, acad_free);
+    return name ? name.get() : L"";
+}
+
+std::vector<ReportCells> shown_rows(MyCug2& grid) {
+    std::vector<ReportCells> rows(static_cast<size_t>(grid.GetRowCount()));
+    for (size_t row = 0; row < rows.size(); ++row) {
+        for (int column = 0; column < report_columns; ++column) {
+            const wchar_t* text = grid.GetCellText(column, static_cast<long>(row));
+            rows[row][static_cast<size_t>(column)] = text == nullptr ? L"" : text;
+        }
+    }
+    return rows;
+}
+
+}  // namespace
+
+void SaveReportToFile(CalcPriceDialog& dialog) {
+    const std::wstring proposal = default_report_name(report_options().price_list_path, drawing_name());
+    if (const auto path = ask_for_file(L"Save as", proposal, L"txt", FileQuestion::new_file)) {
+        WriteReportFile(dialog.grid(), path->c_str(), L"w");
+    }
+}
+
+bool WriteReportFile(MyCug2& grid, const wchar_t* path, [[maybe_unused]] const wchar_t* mode) {
+    ASSERT(mode[0] == L'w');
+    if (!write_text_file(path, report_text(shown_rows(grid), report_options().show_prices))) {
+        alert_cannot_open(path);
+        return false;
+    }
+    return true;
+}
+
+}  // namespace corvanes

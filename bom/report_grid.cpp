@@ -1,0 +1,147 @@
+#include "bom/report_grid.h"
+
+#include "bom/report_dialog.h"
+#include "bom/report_options.h"
+#include "pricelist/cell_comparison.h"
+
+using namespace corvanes;
+
+namespace {
+
+constexpr int heading_row = -1;
+constexpr int normal_cell_type = 0;
+constexpr int arrow_when_ascending = 32;
+constexpr int arrow_when_descending = 16;
+
+bool money_column(int column) {
+    return column == price_column || column == total_column;
+}
+
+}  // namespace
+
+MyCug2::MyCug2() {
+    widths_.fill(-1);
+    summary_.name = summary_name;
+}
+
+void MyCug2::OnGridSetup() {
+    constexpr int leading = 3;
+    TEXTMETRIC metrics{};
+    {
+        CClientDC context(this);
+        CFont* const previous = context.SelectObject(GetFont());
+        context.GetTextMetrics(&metrics);
+        context.SelectObject(previous);
+    }
+    SetDefaultRowHeight(metrics.tmHeight + leading);
+    SetSideHeadingWidth(0);
+    SetDisplayFlag(1);
+    if (widths_[0] == -1) {
+        set_equal_widths();
+    }
+    SetColumnCount(report_columns, FALSE);
+    for (int column = 0; column < report_columns; ++column) {
+        SetColumnWidth(column, widths_[static_cast<size_t>(column)]);
+        SetCellText(column, heading_row, report_headings[static_cast<size_t>(column)]);
+    }
+    sort_arrow_index_ = AddCellType(&sort_arrow_);
+    show_sort_arrow();
+    ApplyShowPrice();
+}
+
+void MyCug2::set_equal_widths() {
+    CRect client;
+    GetClientRect(&client);
+    widths_.fill(4 * ((client.Width() - GetSideHeadingWidth()) / 20));
+}
+
+void MyCug2::show_sort_arrow() {
+    SetCellTypeIndex(sort_column_, heading_row, sort_arrow_index_);
+    SetCellTypeOptions(sort_column_, heading_row, ascending_ ? arrow_when_ascending : arrow_when_descending);
+}
+
+void MyCug2::DeleteAllRows() {
+    SetRowCount(0, TRUE);
+}
+
+void MyCug2::FillReportGrid(const RowList& rows) {
+    DeleteAllRows();
+    summary_.total = 0;
+    for (INT_PTR i = 0; i < rows.GetSize(); ++i) {
+        const ResultString& row = rows[i];
+        if (price_list_attached_ && row.quantity == 0) {
+            continue;
+        }
+        AddReportRow(row, false);
+        summary_.total += row.total;
+    }
+    if (GetRowCount() > 0) {
+        AddReportRow(summary_, true);
+    }
+    RedrawAll();
+}
+
+void MyCug2::AddReportRow(const ResultString& row, bool is_summary) {
+    AppendRow();
+    const long last = GetRowCount() - 1;
+    SetCellText(name_column, last, row.name);
+    if (!is_summary) {
+        SetCellText(price_column, last, amount_text(row.price).c_str());
+        SetCellText(quantity_column, last, std::to_wstring(row.quantity).c_str());
+    }
+    SetCellText(description_column, last, row.description);
+    SetCellText(total_column, last, amount_text(row.total).c_str());
+}
+
+void MyCug2::ApplyShowPrice() {
+    const bool show = report_options().show_prices;
+    if (!show) {
+        StoreColumnWidths();
+    }
+    for (const ReportColumn column : {price_column, total_column}) {
+        SetColumnWidth(column, show ? widths_[column] : 0);
+    }
+    RedrawAll();
+}
+
+void MyCug2::StoreColumnWidths() {
+    for (int column = 0; column < report_columns; ++column) {
+        const int width = GetColumnWidth(column);
+        if (width != 0 || !money_column(column)) {
+            widths_[static_cast<size_t>(column)] = width;
+        }
+    }
+}
+
+void MyCug2::OnGridColumnSizing(int column, int* width) {
+    if (!report_options().show_prices) {
+        *width = money_column(column) ? 0 : widths_[static_cast<size_t>(column)];
+    }
+}
+
+void MyCug2::OnGridHeadingClick(int column, long, int updn, RECT*, POINT*, int) {
+    if (updn == 0) {
+        return;
+    }
+    if (GetRowCount() > 1) {
+        DeleteRow(GetRowCount() - 1);
+    }
+    SetCellTypeIndex(sort_column_, heading_row, normal_cell_type);
+    ascending_ = column == sort_column_ ? !ascending_ : true;
+    sort_column_ = column;
+    SortBy(column, ascending_ ? sort_ascending : sort_descending);
+    show_sort_arrow();
+    AddReportRow(summary_, true);
+    RedrawAll();
+}
+
+void MyCug2::OnGridKeyDown(UINT* key, int) {
+    if (*key == VK_ESCAPE && CalcPriceDialog::open_dialog() != nullptr) {
+        CalcPriceDialog::open_dialog()->SaveReportSettingsAndClose();
+    }
+}
+
+int MyCug2::OnGridSortCompare(CUGCell* first, CUGCell* second, int flags) {
+    const bool by_value = money_column(sort_column_) || sort_column_ == quantity_column;
+    return compare_cells(first, second, flags, by_value);
+}

@@ -1,0 +1,28 @@
+// ResultString, one row of the bill of materials on its way from the price list to the report.
+#pragma once
+
+#include <afxstr.h>
+#include <afxtempl.h>
+
+#include <cstdint>
+
+struct ResultString {
+    CString name;               ///< of the block; lower case once counting has begun
+    double price = 0;           ///< of one piece; 0 for a block without a price
+    std::int32_t quantity = 0;  ///< references counted
+    CString description;        ///< from the price list
+    double total = 0;           ///< the price added once for each reference
+
+    /// The values of one price-list line; nothing is counted yet.
+    void Set(const CString& block_name, double item_price, const CString& item_description) {
+        name = block_name;
+        price = item_price;
+        description = item_description;
+        quantity = 0;
+        total = 0;
+    }
+};
+
+using RowList = CArray<ResultString, ResultString&>;
+/// From a lower-case block name to the place of its row.
+using NameIndex = CMap<CString, const wchar_t*, int, int>;

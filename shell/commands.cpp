@@ -1,0 +1,49 @@
+#include "shell/commands.h"
+
+#include <afxwin.h>
+#include <aced.h>
+
+#include "bom/block_selection.h"
+#include "bom/report_dialog.h"
+#include "bom/report_options.h"
+#include "pricelist/file_question.h"
+#include "shell/resource_scope.h"
+
+namespace corvanes {
+namespace {
+
+/// Loads the price list that the user chooses, or goes on without one. False when it cannot be opened.
+bool attach_price_list(CalcPriceDialog& dialog) {
+    std::wstring& remembered = report_options().price_list_path;
+    const auto chosen = ask_for_file(L"Open", remembered, L"prc", FileQuestion::existing_file);
+    if (!chosen) {
+        remembered.clear();
+        return true;
+    }
+    if (!LoadPriceRows(dialog, chosen->c_str())) {
+        return false;
+    }
+    remembered = *chosen;
+    dialog.grid().set_price_list_attached(true);
+    return true;
+}
+
+}  // namespace
+
+void template_command() {
+    const ResourceScope resources;
+    acedAlert(L"The BOM Template dialog is not there yet");
+}
+
+void report_command() {
+    const ResourceScope resources;
+    CalcPriceDialog dialog(CWnd::FromHandle(adsw_acadMainWnd()), nullptr);
+    dialog.LoadReportSettings();
+    dialog.grid().set_price_list_attached(false);
+    if (!attach_price_list(dialog) || !CountSelectedBlocks(dialog)) {
+        return;
+    }
+    dialog.DoModal();
+}
+
+}  // namespace corvanes

@@ -1,0 +1,50 @@
+// What the operating system and the host call in this module.
+#include <afxwin.h>
+#include <rxdefs.h>
+#include <rxdlinkr.h>
+#include <rxregsvc.h>
+
+#include "shell/command_registration.h"
+#include "shell/document_data.h"
+#include "shell/extension_module.h"
+
+namespace {
+
+AsdkDataManager<CDocData> document_data;
+
+void initialise_application(void* application) {
+    if (auto* linker = AcRxDynamicLinker::cast(acrxSysRegistry()->at(L"DynamicLinker"))) {
+        linker->unlockApplication(application);
+        linker->registerAppMDIAware(application);
+    }
+    corvanes::register_commands();
+}
+
+}  // namespace
+
+extern "C" BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, LPVOID) {
+    if (reason == DLL_PROCESS_ATTACH) {
+        corvanes::extension_module().attach(instance);
+    } else if (reason == DLL_PROCESS_DETACH) {
+        corvanes::extension_module().detach();
+    }
+    return TRUE;
+}
+
+extern "C" AcRx::AppRetCode acrxEntryPoint(AcRx::AppMsgCode message, void* application) {
+    switch (message) {
+        case AcRx::kInitAppMsg:
+            initialise_application(application);
+            break;
+        case AcRx::kUnloadAppMsg:
+            corvanes::remove_commands();
+            break;
+        default:
+            break;
+    }
+    return AcRx::kRetOK;
+}
+
+extern "C" int acrxGetApiVersion() {
+    return 18;
+}
