@@ -1,0 +1,51 @@
+// AcDbBlockReference: an INSERT.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "dbents.h"
+
+class AcDbBlockReference : public AcDbEntity {
+  public:
+    ACRX_DECLARE_MEMBERS(AcDbBlockReference);
+    AcDbBlockReference() = default;
+    ~AcDbBlockReference() override;
+    AcDbBlockReference(const AcGePoint3d& position, AcDbObjectId blockTableRecord);
+
+    /// Null where the drawing has no such block.
+    AcDbObjectId blockTableRecord() const;
+    Acad::ErrorStatus setBlockTableRecord(AcDbObjectId block);
+
+    AcGePoint3d position() const;
+    Acad::ErrorStatus setPosition(const AcGePoint3d& point);
+    AcGeScale3d scaleFactors() const;
+    /// No factor may be 0 (eInvalidInput).
+    Acad::ErrorStatus setScaleFactors(const AcGeScale3d& scale);
+    /// Radians.
+    double rotation() const;
+    Acad::ErrorStatus setRotation(double angle);
+
+    /// Gives an attribute to a reference that was added to the drawing and has not been closed since (else
+    /// eNotApplicable). The attribute must be closed, and before its reference.
+    Acad::ErrorStatus appendAttribute(AcDbAttribute* attribute);
+
+  protected:
+    void read_fields(const host::FieldReader& from) override;
+    void write_fields(host::FieldWriter& to) const override;
+
+  private:
+    friend class AcDbAttribute;
+    struct OwnedAttribute {
+        AcDbAttribute* open;  ///< null once it was closed
+        std::string record;
+    };
+    void keep(AcDbAttribute& attribute);
+
+    AcGePoint3d position_;
+    AcGeScale3d scale_;
+    double rotation_ = 0.0;
+    AcDbObjectId block_;
+    bool block_known_ = false;
+    std::vector<OwnedAttribute> attributes_;
+};

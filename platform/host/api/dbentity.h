@@ -1,0 +1,44 @@
+// AcDbEntity: what every graphical object has. Other types than those of dbents.h open as this class.
+#pragma once
+
+#include <string>
+
+#include "dbobject.h"
+
+class AcDbEntity : public AcDbObject {
+  public:
+    ACRX_DECLARE_MEMBERS(AcDbEntity);
+
+    AcDbObjectId blockId() const { return ownerId(); }
+
+    /// The layer's name in host memory, to be released with acutDelString.
+    ACHAR* layer() const;
+    /// Null for a layer that the drawing does not define.
+    AcDbObjectId layerId() const;
+    /// eKeyNotFound for an unknown layer.
+    Acad::ErrorStatus setLayer(const ACHAR* name);
+    Acad::ErrorStatus setLayer(AcDbObjectId layer);
+
+    /// 0 by block, 256 by layer, else the colour's number.
+    Adesk::UInt16 colorIndex() const;
+    Acad::ErrorStatus setColorIndex(Adesk::UInt16 color);
+
+    AcDb::Visibility visibility() const;
+    Acad::ErrorStatus setVisibility(AcDb::Visibility visibility);
+
+  protected:
+    AcDbEntity() = default;
+    void read_fields(const host::FieldReader& from) override;
+    void write_fields(host::FieldWriter& to) const override;
+
+    /// The entity's type and its class in the subclass marker, as a file has them.
+    virtual const ACHAR* record_type() const;
+
+  private:
+    friend class host::ObjectGate;
+
+    std::wstring layer_;  ///< empty: the current layer when the entity is added
+    Adesk::UInt16 color_ = 256;
+    AcDb::Visibility visibility_ = AcDb::kVisible;
+    bool paper_space_ = false;
+};
