@@ -1,0 +1,42 @@
+// The frame that a person drags to size the table: its arithmetic, without a screen.
+#pragma once
+
+#include <optional>
+
+#include "table/table_layout.h"
+
+namespace corvanes {
+
+/// A rectangle by two opposite corners.
+struct Frame {
+    TablePoint upper_left;
+    TablePoint lower_right;
+};
+
+/// Keeps the proportions of the table while the pointer moves. Drawing is complementing: a frame drawn twice is gone.
+class RubberBand {
+  public:
+    /// `width` and `height` of the table at scale 1, in drawing units.
+    RubberBand(TablePoint upper_left, double width, double height);
+
+    /// The frame that stands on the screen, or that would be erased though it was never drawn.
+    Frame frame() const { return {upper_left_, lower_right_}; }
+
+    /// The pointer moved: the frame takes the place below and beside it that keeps the proportions, by the larger of
+    /// the two distances (equal ones count as horizontal). Returns the frame to erase before the new one is drawn;
+    /// nothing on the first movement.
+    std::optional<Frame> move(TablePoint pointer);
+
+    /// The scale of the frame that was drawn last; 1 when none was.
+    double picked_scale() const { return drawn_width_ / width_; }
+
+  private:
+    TablePoint upper_left_;
+    TablePoint lower_right_;
+    double width_;
+    double aspect_;
+    double drawn_width_;
+    bool moved_ = false;
+};
+
+}  // namespace corvanes
