@@ -1,0 +1,20 @@
+// CStaticEx, the status label that shows an error blinking until it is cleared or its time runs out.
+#pragma once
+
+#include <afxwin.h>
+
+class CStaticEx : public CStatic {
+  public:
+    /// Shows `text`, alternating between enabled and greyed every `interval` milliseconds, with a low beep each time it
+    /// becomes enabled. With `duration` 1 or more (milliseconds) it ends by itself.
+    void ShowMessage(int duration, int interval, const wchar_t* text);
+    /// No message, enabled.
+    void Clear();
+
+  protected:
+    afx_msg void OnTimer(UINT_PTR id);
+    DECLARE_MESSAGE_MAP()
+
+  private:
+    int blink_state_ = 1;  ///< 1: the next tick enables the label, 0: it greys it
+};

@@ -1,0 +1,63 @@
+// BlockPriceDialog, the modal "BOM Template": price lists are made, opened, edited and saved in it.
+#pragma once
+
+#include <afxwin.h>
+
+#include <string>
+
+#include "pricelist/status_label.h"
+#include "pricelist/template_grid.h"
+
+class BlockPriceDialog : public CDialog {
+  public:
+    explicit BlockPriceDialog(CWnd* parent);
+    ~BlockPriceDialog() override;
+
+    /// The dialog that is open, through which its grid reaches it; null when there is none.
+    static BlockPriceDialog* open_dialog();
+
+    /// Asks whether to save, stores the settings and ends the dialog; the user may keep it open.
+    void Close();
+
+    void enable_save(bool enable) { save_.EnableWindow(enable); }
+    void enable_moves(bool up, bool down);
+    CStaticEx& status() { return status_; }
+
+  protected:
+    void DoDataExchange(CDataExchange* exchange) override;
+    BOOL OnInitDialog() override;
+    void OnSetFont(CFont* font) override;
+
+    DECLARE_MESSAGE_MAP()
+
+  private:
+    void OnNew();
+    void OnOpen();
+    void OnSave();
+    void OnSaveAs();
+    void OnInsertRow();
+    void OnDeleteRow();
+    void OnMoveUp() { grid_.MoveRowUp(); }
+    void OnMoveDown() { grid_.MoveRowDown(); }
+    void OnClose() { Close(); }
+    HBRUSH OnCtlColor(CDC* context, CWnd* control, UINT kind);
+
+    /// Asks about unsaved work. False when the user cancelled or saving failed.
+    bool may_lose_changes(bool check_first);
+    void attach_grid();
+    void show_current_file();
+    void mark_saved();
+
+    MyCug grid_;
+    CButton move_down_;
+    CButton move_up_;
+    CButton delete_row_;
+    CButton insert_row_;
+    CButton save_as_;
+    CButton save_;
+    CStatic current_file_;
+    CStaticEx status_;
+    CFont font_;
+    bool grid_attached_ = false;
+    bool template_active_ = false;
+};

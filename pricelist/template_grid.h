@@ -1,0 +1,80 @@
+// MyCug, the grid of the BOM Template dialog: block names, prices and descriptions, kept unique, sorted and checked.
+#pragma once
+
+#include <array>
+#include <string>
+
+#include "grid/grid_control.h"
+#include "pricelist/block_names.h"
+
+class BlockPriceDialog;
+
+class MyCug : public CUGCtrl {
+  public:
+    static constexpr int column_count = 3;
+    using Widths = std::array<int, column_count>;
+
+    MyCug() { widths_.fill(-1); }
+
+    /// Removes every row; nothing is modified then.
+    void ClearAll();
+    /// Appends an empty row with the price 0 and makes its name current.
+    void AddNewRow();
+    /// The same after `row`; at the end when there is no such row or it is the last.
+    void InsertRowAfter(long row);
+    void AddRowWithData(const wchar_t* name, const wchar_t* price, const wchar_t* description);
+
+    /// 1, or 0 after an alert.
+    int SaveToFile(const wchar_t* path);
+    /// The rows are replaced only when the file could be opened. 1, or 0 after an alert.
+    int LoadFromFile(const wchar_t* path);
+
+    /// 1 when every row that has a name or a price has both; otherwise shows why, goes there and returns 0.
+    int CheckBeforeSave();
+    /// 1 when no row but `except_row` has this name, whatever its case.
+    int IsNameUnique(const wchar_t* name, long except_row);
+
+    void StoreColumnWidths();
+    /// In pixels; -1 until read or computed.
+    Widths& stored_widths() { return widths_; }
+
+    /// Exchange the current row with its neighbour; nothing at the ends.
+    void MoveRowUp();
+    void MoveRowDown();
+
+    bool modified() const { return modified_; }
+    void set_modified(bool modified) { modified_ = modified; }
+
+    void OnGridSetup() override;
+    void OnGridRowChange(long old_row, long new_row) override;
+    void OnGridCellChange(int old_column, int new_column, long old_row, long new_row) override;
+    void OnGridLeftClick(int column, long row, int updn, RECT* rect, POINT* point, int processed) override;
+    void OnGridHeadingClick(int column, long row, int updn, RECT* rect, POINT* point, int processed) override;
+    void OnGridKeyDown(UINT* key, BOOL processed) override;
+    void OnGridCharDown(UINT* character, BOOL processed) override;
+    int OnGridEditStart(int column, long row, CWnd** edit) override;
+    int OnGridEditFinish(int column, long row, CWnd* edit, LPCWSTR text, BOOL cancelled) override;
+    int OnGridSortCompare(CUGCell* first, CUGCell* second, int flags) override;
+
+  private:
+    void set_default_widths();
+    void show_sort_arrow();
+    void InitRow(long row);
+    void RefreshNameList();
+    int SwapRows(long row_a, long row_b);
+    std::wstring text(int column, long row);
+    int complain(const wchar_t* message, int column, long row);
+
+    Widths widths_;
+    BlockNamesCont block_names_;
+    CString drop_list_;
+    bool sorting_allowed_ = true;
+    bool name_column_locked_ = false;
+    bool modified_ = false;
+    CUGMaskedEdit editor_;
+    COLORREF background_ = 0;
+    CUGSortArrowType sort_arrow_;
+    int sort_arrow_index_ = -1;
+    int sort_column_ = 0;
+    bool ascending_ = true;
+};
