@@ -4,10 +4,10 @@
 #include <aced.h>
 
 #include <memory>
-#include <vector>
 
 #include "bom/report_dialog.h"
 #include "bom/report_options.h"
+#include "bom/report_rows.h"
 #include "bom/report_text.h"
 #include "pricelist/file_question.h"
 #include "pricelist/price_list_file.h"
@@ -23,17 +23,6 @@ std::wstring drawing_name() {
     }
     const std::unique_ptr<wchar_t, decltype(&acad_free)> name(value.resval.rstring, acad_free);
     return name ? name.get() : L"";
-}
-
-std::vector<ReportCells> shown_rows(MyCug2& grid) {
-    std::vector<ReportCells> rows(static_cast<size_t>(grid.GetRowCount()));
-    for (size_t row = 0; row < rows.size(); ++row) {
-        for (int column = 0; column < report_columns; ++column) {
-            const wchar_t* text = grid.GetCellText(column, static_cast<long>(row));
-            rows[row][static_cast<size_t>(column)] = text == nullptr ? L"" : text;
-        }
-    }
-    return rows;
 }
 
 }  // namespace

@@ -7,7 +7,10 @@
 #include "bom/report_dialog.h"
 #include "bom/report_options.h"
 #include "pricelist/file_question.h"
+#include "pricelist/template_dialog.h"
 #include "shell/resource_scope.h"
+#include "table/table_builder.h"
+#include "table/table_placement.h"
 
 namespace corvanes {
 namespace {
@@ -32,18 +35,21 @@ bool attach_price_list(CalcPriceDialog& dialog) {
 
 void template_command() {
     const ResourceScope resources;
-    acedAlert(L"The BOM Template dialog is not there yet");
+    BlockPriceDialog(CWnd::FromHandle(adsw_acadMainWnd())).DoModal();
 }
 
 void report_command() {
     const ResourceScope resources;
-    CalcPriceDialog dialog(CWnd::FromHandle(adsw_acadMainWnd()), nullptr);
+    CalcPriceDialog dialog(CWnd::FromHandle(adsw_acadMainWnd()), insert_table_requested);
     dialog.LoadReportSettings();
     dialog.grid().set_price_list_attached(false);
     if (!attach_price_list(dialog) || !CountSelectedBlocks(dialog)) {
         return;
     }
-    dialog.DoModal();
+    if (dialog.DoModal() == IDOK) {
+        const CalcPriceDialog::TableBlock& table = dialog.table();
+        place_table(table.name, table.width, table.height);
+    }
 }
 
 }  // namespace corvanes

@@ -4,11 +4,15 @@
 
 namespace corvanes {
 
+double RubberBand::picked_scale() const {
+    return width_ == 0 ? 1 : drawn_width_ / width_;
+}
+
 RubberBand::RubberBand(TablePoint upper_left, double width, double height)
     : upper_left_(upper_left),
       lower_right_{upper_left.x + width, upper_left.y - height},
       width_(width),
-      aspect_(std::fabs(upper_left.x - lower_right_.x) / std::fabs(upper_left.y - lower_right_.y)),
+      aspect_(height == 0 ? 1 : std::fabs(width / height)),
       drawn_width_(width) {}
 
 std::optional<Frame> RubberBand::move(TablePoint pointer) {

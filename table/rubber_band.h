@@ -16,7 +16,7 @@ struct Frame {
 /// Keeps the proportions of the table while the pointer moves. Drawing is complementing: a frame drawn twice is gone.
 class RubberBand {
   public:
-    /// `width` and `height` of the table at scale 1, in drawing units.
+    /// `width` and `height` of the table at scale 1, in drawing units; a table without a size keeps a square frame.
     RubberBand(TablePoint upper_left, double width, double height);
 
     /// The frame that stands on the screen, or that would be erased though it was never drawn.
@@ -28,7 +28,7 @@ class RubberBand {
     std::optional<Frame> move(TablePoint pointer);
 
     /// The scale of the frame that was drawn last; 1 when none was.
-    double picked_scale() const { return drawn_width_ / width_; }
+    double picked_scale() const;
 
   private:
     TablePoint upper_left_;

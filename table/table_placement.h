@@ -1,0 +1,19 @@
+// Placing the table: its upper-left corner, its size by a rubber band, and the host's own INSERT.
+#pragma once
+
+#include <adsdef.h>
+#include <gepnt3d.h>
+
+#include <string>
+
+namespace corvanes {
+
+/// Asks for the corner and the size and inserts the block. `width` and `height` of the block at scale 1, in drawing
+/// units. Attribute prompts, command echo, snap and object snap are off meanwhile; afterwards object snap holds what
+/// snap held before. Cancelling at the corner inserts nothing; cancelling at the size inserts at scale 1.
+void place_table(const std::wstring& block_name, double width, double height);
+
+/// Where a block reference stands, with z = 0. False after an alert when it cannot be opened.
+bool GetInsertPoint(const ads_name reference, AcGePoint3d& point);
+
+}  // namespace corvanes
