@@ -197,14 +197,23 @@ std::optional<Record> IndexBuilder::read_only_record() {
     return record;
 }
 
+/// Whether group_ may stand between sections. Some programs close HEADER too early, or close sections twice: what is
+/// then outside is kept in the file, without meaning. Before the first section only comments are taken.
+bool IndexBuilder::is_stray_group(uint16_t type) const {
+    if (group_.code == code_comment) {
+        return true;
+    }
+    return !index_.sections.empty() && (group_.code != code_type || type == type_endsec);
+}
+
 bool IndexBuilder::read_drawing() {
     while (advance() && !at_end_) {
-        if (group_.code == code_comment) {
-            continue;
-        }
         uint16_t type = 0;
         if (group_.code == code_type && !take_type(type)) {
             return false;
+        }
+        if (is_stray_group(type)) {
+            continue;
         }
         if (group_.code != code_type || (type != type_section && type != type_eof)) {
             return fail("SECTION or EOF was expected here");

@@ -40,6 +40,7 @@ class IndexBuilder {
     bool ends_section(uint16_t type) const { return type >= type_section && type <= type_eof; }
 
     // Sections.
+    bool is_stray_group(uint16_t type) const;
     bool read_section();
     bool to_first_record();
     bool close_section(Section& section);
