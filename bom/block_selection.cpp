@@ -44,14 +44,14 @@ bool SelectBlockReferences(CalcPriceDialog&, ads_name selection_set) {
 bool count_object(CalcPriceDialog& dialog, const ads_name name) {
     AcDbObjectId id;
     AcDbBlockReference* reference = nullptr;
-    if (acdbGetObjectId(id, name) != Acad::eOk || acdbOpenAcDbObject(reference, id, AcDb::kForRead) != Acad::eOk) {
+    if (acdbGetObjectId(id, name) != Acad::eOk || acdbOpenObject(reference, id, AcDb::kForRead) != Acad::eOk) {
         acedAlert(L"\nCannot open the object INSERT");
         return false;
     }
     const AcDbObjectId record_id = reference->blockTableRecord();
     reference->close();
     AcDbBlockTableRecord* record = nullptr;
-    if (acdbOpenAcDbObject(record, record_id, AcDb::kForRead) != Acad::eOk) {
+    if (acdbOpenObject(record, record_id, AcDb::kForRead) != Acad::eOk) {
         acedAlert(L"\nCannot open the object BlockTableRecord");
         return false;
     }

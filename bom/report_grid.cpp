@@ -143,5 +143,5 @@ void MyCug2::OnGridKeyDown(UINT* key, int) {
 
 int MyCug2::OnGridSortCompare(CUGCell* first, CUGCell* second, int flags) {
     const bool by_value = money_column(sort_column_) || sort_column_ == quantity_column;
-    return compare_cells(first, second, flags, by_value);
+    return compare_empty_last(first, second, flags, by_value);
 }

@@ -4,7 +4,6 @@
 #include <utility>
 
 #include "base/case_folding.h"
-#include "grid/cell.h"
 #include "pricelist/price_text.h"
 
 namespace corvanes {
@@ -21,7 +20,7 @@ bool numeric(const CUGCell& cell) {
 
 }  // namespace
 
-int compare_cells(const CUGCell* first, const CUGCell* second, int flags, bool by_value) {
+int compare_empty_last(const CUGCell* first, const CUGCell* second, int flags, bool by_value) {
     const bool descending = (flags & sort_descending) != 0;
     if (descending) {
         std::swap(first, second);

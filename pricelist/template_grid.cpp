@@ -284,5 +284,5 @@ int MyCug::OnGridEditFinish(int column, long row, CWnd*, LPCWSTR new_text, BOOL)
 }
 
 int MyCug::OnGridSortCompare(CUGCell* first, CUGCell* second, int flags) {
-    return compare_cells(first, second, flags, sort_column_ == price_column);
+    return compare_empty_last(first, second, flags, sort_column_ == price_column);
 }

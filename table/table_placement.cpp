@@ -111,7 +111,7 @@ bool GetInsertPoint(const ads_name reference_name, AcGePoint3d& point) {
     AcDbObjectId id;
     AcDbBlockReference* reference = nullptr;
     if (acdbGetObjectId(id, reference_name) != Acad::eOk ||
-        acdbOpenAcDbObject(reference, id, AcDb::kForRead) != Acad::eOk) {
+        acdbOpenObject(reference, id, AcDb::kForRead) != Acad::eOk) {
         acedAlert(L"\nGetInsertPoint:Cannot open an object");
         return false;
     }

@@ -8,7 +8,7 @@
 #include "grid/cell.h"
 #include "grid/safe_sort.h"
 
-using corvanes::compare_cells;
+using corvanes::compare_empty_last;
 
 namespace {
 
@@ -34,8 +34,8 @@ TEST(CellComparison, OrdersMissingCellsAndTexts) {
     };
     for (const auto& c : cases) {
         const size_t line = static_cast<size_t>(&c - cases);
-        EXPECT_EQ(compare_cells(c.first, c.second, corvanes::sort_ascending, false), c.ascending) << line;
-        EXPECT_EQ(compare_cells(c.first, c.second, corvanes::sort_descending, false), c.descending) << line;
+        EXPECT_EQ(compare_empty_last(c.first, c.second, corvanes::sort_ascending, false), c.ascending) << line;
+        EXPECT_EQ(compare_empty_last(c.first, c.second, corvanes::sort_descending, false), c.descending) << line;
     }
 }
 
@@ -45,8 +45,8 @@ std::vector<std::wstring> sorted(const std::vector<const wchar_t*>& texts, int f
     for (const wchar_t* text : texts) {
         cells.push_back(text_cell(text));
     }
-    corvanes::safe_sort(cells,
-                        [=](const CUGCell& a, const CUGCell& b) { return compare_cells(&a, &b, flags, by_value); });
+    corvanes::safe_sort(
+        cells, [=](const CUGCell& a, const CUGCell& b) { return compare_empty_last(&a, &b, flags, by_value); });
     std::vector<std::wstring> result;
     for (const CUGCell& cell : cells) {
         result.emplace_back(cell.GetText());
@@ -63,7 +63,7 @@ TEST(CellComparison, SortsByValueWithEmptyTextsLastInBothDirections) {
     CUGCell nine = text_cell(L"9");
     nine.SetDataType(corvanes::data_currency);
     const CUGCell ten = text_cell(L"10");
-    EXPECT_EQ(compare_cells(&nine, &ten, corvanes::sort_ascending, false), -1)
+    EXPECT_EQ(compare_empty_last(&nine, &ten, corvanes::sort_ascending, false), -1)
         << "a numeric cell compares by its value";
 }
 

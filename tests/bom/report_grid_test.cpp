@@ -1,0 +1,163 @@
+#include "bom/report_grid.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "bom/report_options.h"
+#include "bom/report_rows.h"
+
+namespace {
+
+constexpr int button_down = 1;
+
+/// The report grid in a real, invisible window.
+class ReportGrid : public testing::Test {
+  protected:
+    void SetUp() override {
+        corvanes::report_options() = {};
+        ASSERT_TRUE(parent_.CreateEx(0, nullptr, L"", WS_POPUP, CRect(0, 0, 640, 400), nullptr, 0));
+        ASSERT_TRUE(grid_.CreateGrid(WS_CHILD, CRect(0, 0, 620, 300), &parent_, 1));
+    }
+    void TearDown() override {
+        grid_.DestroyWindow();
+        parent_.DestroyWindow();
+        corvanes::report_options() = {};
+    }
+
+    void add(const wchar_t* name, double price, int quantity, const wchar_t* description, double total) {
+        ResultString row;
+        row.Set(name, price, description);
+        row.quantity = quantity;
+        row.total = total;
+        rows_.Add(row);
+    }
+    void fill() {
+        add(L"door", 10, 3, L"Wood", 30);
+        add(L"bolt", 9, 100, L"", 900);
+        add(L"never counted", 5, 0, L"x", 0);
+        add(L"Arch", 9.125, 1, L"stone", 9.125);
+        grid_.FillReportGrid(rows_);
+    }
+    void click_heading(int column) {
+        RECT rect{};
+        POINT point{};
+        grid_.OnGridHeadingClick(column, -1, button_down, &rect, &point, 0);
+    }
+    /// The grid as text, a line a row.
+    std::wstring printed() {
+        std::wstring text;
+        for (const auto& row : corvanes::shown_rows(grid_)) {
+            for (const std::wstring& cell : row) {
+                text += cell + L'|';
+            }
+            text += L'\n';
+        }
+        return text;
+    }
+    std::wstring names() {
+        std::wstring text;
+        for (const auto& row : corvanes::shown_rows(grid_)) {
+            text += row[corvanes::name_column] + L' ';
+        }
+        return text;
+    }
+    /// Which heading carries the arrow, and its style.
+    std::string arrow() {
+        for (int column = 0; column < corvanes::report_columns; ++column) {
+            CUGCell cell;
+            grid_.GetCell(column, -1, &cell);
+            if (cell.GetCellType() != corvanes::type_normal) {
+                return std::to_string(column) + ':' + std::to_string(cell.GetCellTypeOptions());
+            }
+        }
+        return "none";
+    }
+    std::string widths() {
+        std::string text;
+        for (int column = 0; column < corvanes::report_columns; ++column) {
+            text += std::to_string(grid_.GetColumnWidth(column)) + ' ';
+        }
+        return text;
+    }
+
+    CWnd parent_;
+    MyCug2 grid_;
+    RowList rows_;
+};
+
+TEST_F(ReportGrid, ShowsEveryRowWithoutAPriceListAndTheUnroundedSum) {
+    fill();
+    EXPECT_EQ(printed(),
+              L"door|10.00|3|Wood|30.00|\nbolt|9.00|100||900.00|\nnever counted|5.00|0|x|0.00|\n"
+              L"Arch|9.12|1|stone|9.12|\nSummary:||||939.12|\n");
+    EXPECT_EQ(arrow(), "0:32");
+}
+
+TEST_F(ReportGrid, HidesWhatNobodyCountedOfAnAttachedPriceList) {
+    grid_.set_price_list_attached(true);
+    fill();
+    EXPECT_EQ(names(), L"door bolt Arch Summary: ");
+    rows_.RemoveAll();
+    grid_.FillReportGrid(rows_);
+    EXPECT_EQ(printed(), L"") << "an empty report has no summary";
+    click_heading(0);
+    EXPECT_EQ(printed(), L"Summary:||||0.00|\n");
+    click_heading(0);
+    EXPECT_EQ(printed(), L"Summary:||||0.00|\nSummary:||||0.00|\n");
+}
+
+TEST_F(ReportGrid, SortsByAHeadingWithTheSummaryLast) {
+    grid_.set_price_list_attached(true);
+    fill();
+    const struct {
+        int column;
+        const wchar_t* names;
+        const char* arrow;
+    } clicks[] = {
+        {0, L"door bolt Arch Summary: ", "0:16"},  // the first click turns the order that stands
+        {0, L"Arch bolt door Summary: ", "0:32"}, {1, L"bolt Arch door Summary: ", "1:32"},
+        {1, L"door Arch bolt Summary: ", "1:16"}, {2, L"Arch door bolt Summary: ", "2:32"},
+        {3, L"Arch door bolt Summary: ", "3:32"},  // the empty description stays at the bottom
+        {3, L"door Arch bolt Summary: ", "3:16"}, {4, L"Arch door bolt Summary: ", "4:32"},
+    };
+    for (const auto& click : clicks) {
+        click_heading(click.column);
+        EXPECT_EQ(names(), click.names) << click.arrow;
+        EXPECT_EQ(arrow(), click.arrow);
+    }
+    RECT rect{};
+    POINT point{};
+    grid_.OnGridHeadingClick(2, -1, 0, &rect, &point, 0);
+    EXPECT_EQ(arrow(), "4:32") << "the button coming up sorts nothing";
+}
+
+TEST_F(ReportGrid, HidesMoneyAndHoldsTheOtherWidths) {
+    fill();
+    CRect client;
+    grid_.GetClientRect(&client);
+    const std::string equal = std::to_string(4 * (client.Width() / 20)) + ' ';
+    EXPECT_EQ(widths(), equal + equal + equal + equal + equal);
+
+    grid_.SetColumnWidth(corvanes::price_column, 77);
+    grid_.SetColumnWidth(corvanes::quantity_column, 55);
+    corvanes::report_options().show_prices = false;
+    grid_.ApplyShowPrice();
+    EXPECT_EQ(widths(), equal + "0 55 " + equal + "0 ");
+    for (int column = 0; column < corvanes::report_columns; ++column) {
+        int dragged = 33;
+        grid_.OnGridColumnSizing(column, &dragged);
+        EXPECT_EQ(dragged, grid_.GetColumnWidth(column)) << column;
+    }
+    grid_.StoreColumnWidths();
+    EXPECT_EQ(grid_.stored_widths()[corvanes::price_column], 77) << "a hidden column keeps its stored width";
+
+    corvanes::report_options().show_prices = true;
+    grid_.ApplyShowPrice();
+    EXPECT_EQ(widths(), equal + "77 55 " + equal + equal);
+    int dragged = 33;
+    grid_.OnGridColumnSizing(corvanes::name_column, &dragged);
+    EXPECT_EQ(dragged, 33);
+}
+
+}  // namespace
