@@ -1,0 +1,52 @@
+// CWinApp: the program, its main window and its message loop; and the functions that need no object.
+#pragma once
+
+#include "afxwnd_.h"
+
+/// A program makes one object of a derived class. Modules that are loaded into it make none.
+class AFX_PUBLIC CWinApp : public CCmdTarget {
+  public:
+    explicit CWinApp(LPCWSTR name = nullptr);
+    ~CWinApp() override;
+
+    /// FALSE ends the program without Run.
+    virtual BOOL InitInstance() { return TRUE; }
+    /// Runs messages until WM_QUIT; the result of ExitInstance.
+    virtual int Run();
+    /// The program's exit code, by default that of WM_QUIT.
+    virtual int ExitInstance() { return exit_code_; }
+    virtual BOOL PreTranslateMessage(MSG* message);
+    /// Called while the queue is empty, with 0, 1, ... until it returns FALSE. The base deletes the temporary objects.
+    virtual BOOL OnIdle(LONG count);
+
+    /// When it is destroyed, the program quits.
+    CWnd* m_pMainWnd = nullptr;
+    CString m_strAppName;
+
+  private:
+    int exit_code_ = 0;
+};
+
+/// The program object, null in a program that has none.
+AFX_PUBLIC CWinApp* AfxGetApp();
+AFX_PUBLIC CWnd* AfxGetMainWnd();
+/// Gets one message and runs it; FALSE for WM_QUIT. An exception from PreTranslateMessage is reported.
+AFX_PUBLIC BOOL AfxPumpMessage();
+
+/// The instance of the program, not of the module that asks.
+AFX_PUBLIC HINSTANCE AfxGetInstanceHandle();
+/// Where resources are looked for first, initially the program.
+AFX_PUBLIC HINSTANCE AfxGetResourceHandle();
+AFX_PUBLIC void AfxSetResourceHandle(HINSTANCE module);
+/// The module that has the resource: the current one, then the extension modules, the latest first. The current one too
+/// when none has it.
+AFX_PUBLIC HINSTANCE AfxFindResourceHandle(LPCWSTR name, LPCWSTR type);
+
+/// The name of a window class with these properties, registered once for the program.
+AFX_PUBLIC LPCWSTR AfxRegisterWndClass(UINT style, HCURSOR cursor = nullptr, HBRUSH background = nullptr,
+                                       HICON icon = nullptr);
+
+/// Over the main window's active dialog. Without an icon in `type`, an OK, Cancel, Yes or No box gets the exclamation
+/// mark.
+AFX_PUBLIC int AfxMessageBox(LPCWSTR text, UINT type = MB_OK, UINT help_id = 0);
+AFX_PUBLIC int AfxMessageBox(UINT text_id, UINT type = MB_OK, UINT help_id = static_cast<UINT>(-1));

@@ -1,0 +1,63 @@
+// CDialog: a dialog box from a template, modal or not.
+#pragma once
+
+#include "afxwnd_.h"
+
+class AFX_PUBLIC CDialog : public CWnd {
+    DECLARE_MESSAGE_MAP()
+
+  public:
+    /// For Create or InitModalIndirect.
+    CDialog() = default;
+    /// A modal dialog; the template is found as AfxFindResourceHandle says. Without a parent it is the main window.
+    explicit CDialog(UINT id, CWnd* parent = nullptr) : CDialog(MAKEINTRESOURCEW(id), parent) {}
+    explicit CDialog(LPCWSTR name, CWnd* parent = nullptr);
+    ~CDialog() override;
+
+    /// A dialog beside the others, for the caller to show and destroy.
+    BOOL Create(UINT id, CWnd* parent = nullptr) { return Create(MAKEINTRESOURCEW(id), parent); }
+    BOOL Create(LPCWSTR name, CWnd* parent = nullptr);
+    BOOL CreateIndirect(const DLGTEMPLATE* dialog, CWnd* parent = nullptr);
+    /// The template of a modal dialog in memory, which must stay until DoModal has returned.
+    BOOL InitModalIndirect(const DLGTEMPLATE* dialog, CWnd* parent = nullptr);
+
+    /// Shows the dialog and runs it, the parent disabled, until EndDialog. The result that the last EndDialog gave; -1
+    /// when the dialog could not be created, or when the program is quitting.
+    virtual INT_PTR DoModal();
+    /// Ends the modal loop once the current handler is done. Called again before that, the later result holds.
+    void EndDialog(int result);
+
+    virtual BOOL OnInitDialog();
+    /// The dialog's controls are about to get this font.
+    virtual void OnSetFont(CFont*) {}
+    virtual void OnOK();
+    virtual void OnCancel();
+
+    BOOL OnCmdMsg(UINT id, int code, void* extra, void* handler_info) override;
+    BOOL PreTranslateMessage(MSG* message) override;
+
+    void NextDlgCtrl() const { SendMessage(WM_NEXTDLGCTL); }
+    void PrevDlgCtrl() const { SendMessage(WM_NEXTDLGCTL, 1); }
+    void GotoDlgCtrl(CWnd* control);
+    void SetDefID(UINT id) { SendMessage(DM_SETDEFID, id); }
+    /// The low word is the default button's identifier, the high word DC_HASDEFID when there is one.
+    DWORD GetDefID() const { return static_cast<DWORD>(SendMessage(DM_GETDEFID)); }
+    void MapDialogRect(RECT* rect) const { ::MapDialogRect(m_hWnd, rect); }
+
+  protected:
+    CWnd* m_pParentWnd = nullptr;
+    LPCWSTR m_lpszTemplateName = nullptr;
+    const DLGTEMPLATE* m_lpDialogTemplate = nullptr;
+
+    LRESULT HandleInitDialog(WPARAM wParam, LPARAM lParam);
+    LRESULT HandleSetFont(WPARAM wParam, LPARAM lParam);
+
+  private:
+    static INT_PTR CALLBACK dialog_procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+    BOOL create(const DLGTEMPLATE* dialog, HWND parent, HINSTANCE instance);
+
+    bool modal_ = false;  // within DoModal
+    bool ended_ = false;
+    bool auto_center_ = false;
+    int result_ = -1;
+};

@@ -1,0 +1,4 @@
+// The framework's extensions; sources include it by habit.
+#pragma once
+
+#include "afxwin.h"

@@ -1,0 +1,33 @@
+// CMenu: an owner of a menu.
+#pragma once
+
+#include "afxwnd_.h"
+
+class AFX_PUBLIC CMenu : public CObject {
+  public:
+    CMenu() = default;
+    ~CMenu() override;
+    /// A temporary object, as with CWnd.
+    static CMenu* FromHandle(HMENU menu);
+
+    HMENU GetSafeHmenu() const { return m_hMenu; }
+    operator HMENU() const { return m_hMenu; }
+    BOOL Attach(HMENU menu);
+    HMENU Detach();
+    BOOL CreateMenu() { return Attach(::CreateMenu()); }
+    BOOL CreatePopupMenu() { return Attach(::CreatePopupMenu()); }
+    BOOL LoadMenu(LPCWSTR name);
+    BOOL LoadMenu(UINT id) { return LoadMenu(MAKEINTRESOURCEW(id)); }
+    BOOL DestroyMenu();
+
+    BOOL AppendMenu(UINT flags, UINT_PTR id = 0, LPCWSTR text = nullptr);
+    UINT EnableMenuItem(UINT item, UINT flags) { return ::EnableMenuItem(m_hMenu, item, flags); }
+    UINT CheckMenuItem(UINT item, UINT flags) { return ::CheckMenuItem(m_hMenu, item, flags); }
+    int GetMenuItemCount() const { return ::GetMenuItemCount(m_hMenu); }
+    UINT GetMenuItemID(int position) const { return ::GetMenuItemID(m_hMenu, position); }
+    CMenu* GetSubMenu(int position) const { return FromHandle(::GetSubMenu(m_hMenu, position)); }
+    /// With TPM_RETURNCMD, the chosen command; otherwise the window gets it.
+    BOOL TrackPopupMenu(UINT flags, int x, int y, CWnd* window);
+
+    HMENU m_hMenu = nullptr;
+};

@@ -1,0 +1,156 @@
+#include "afxwin.h"
+
+#include "creation_hook.h"
+#include "dialog_template.h"
+#include "modal_owner.h"
+
+using framework::Scoped;
+
+BEGIN_MESSAGE_MAP(CDialog, CWnd)
+ON_COMMAND(IDOK, OnOK)
+ON_COMMAND(IDCANCEL, OnCancel)
+ON_MESSAGE(WM_INITDIALOG, HandleInitDialog)
+ON_MESSAGE(WM_SETFONT, HandleSetFont)
+END_MESSAGE_MAP()
+
+CDialog::CDialog(LPCWSTR name, CWnd* parent) : m_pParentWnd(parent), m_lpszTemplateName(name) {}
+
+CDialog::~CDialog() = default;
+
+BOOL CDialog::Create(LPCWSTR name, CWnd* parent) {
+    const auto found = framework::find_dialog_template(name);
+    CWnd* const owner = parent ? parent : AfxGetMainWnd();
+    return create(found.dialog, owner ? owner->m_hWnd : nullptr, found.module);
+}
+
+BOOL CDialog::CreateIndirect(const DLGTEMPLATE* dialog, CWnd* parent) {
+    CWnd* const owner = parent ? parent : AfxGetMainWnd();
+    return create(dialog, owner ? owner->m_hWnd : nullptr, AfxGetResourceHandle());
+}
+
+BOOL CDialog::InitModalIndirect(const DLGTEMPLATE* dialog, CWnd* parent) {
+    m_lpDialogTemplate = dialog;
+    m_lpszTemplateName = nullptr;
+    m_pParentWnd = parent;
+    return TRUE;
+}
+
+BOOL CDialog::create(const DLGTEMPLATE* dialog, HWND parent, HINSTANCE instance) {
+    if (!dialog || m_hWnd)
+        return FALSE;
+    auto_center_ = framework::wants_centering(dialog);
+    CreationHook hook(this);
+    const HWND window = ::CreateDialogIndirectParamW(instance, dialog, parent, dialog_procedure, 0);
+    return window && window == m_hWnd;
+}
+
+INT_PTR CDialog::DoModal() {
+    if (m_hWnd || modal_)
+        return -1;
+    framework::DialogTemplate found{m_lpDialogTemplate, AfxGetResourceHandle()};
+    if (!found.dialog)
+        found = framework::find_dialog_template(m_lpszTemplateName);
+    const Scoped<bool> modal(modal_, true);
+    ended_ = false;
+    result_ = -1;
+    framework::ModalOwner owner(m_pParentWnd ? m_pParentWnd->m_hWnd : nullptr);
+    if (create(found.dialog, owner.window(), found.module) && !ended_) {
+        const bool no_idle = GetStyle() & DS_NOIDLEMSG;
+        RunModalLoop(MLF_SHOWONIDLE | (no_idle ? MLF_NOIDLEMSG : 0u));
+    }
+    // Hidden before its owner is enabled, and the owner enabled before it goes: otherwise another program would be
+    // activated.
+    if (m_hWnd)
+        SetWindowPos(nullptr, 0, 0, 0, 0, SWP_HIDEWINDOW | SWP_NOSIZE | SWP_NOMOVE | SWP_NOACTIVATE | SWP_NOZORDER);
+    owner.enable(m_hWnd);
+    DestroyWindow();
+    return result_;
+}
+
+void CDialog::EndDialog(int result) {
+    if (modal_) {
+        ended_ = true;
+        result_ = result;
+        EndModalLoop(result);
+    }
+    ::EndDialog(m_hWnd, result);
+}
+
+INT_PTR CALLBACK CDialog::dialog_procedure(HWND window, UINT message, WPARAM, LPARAM) {
+    if (message != WM_INITDIALOG)
+        return FALSE;
+    const auto dialog = dynamic_cast<CDialog*>(FromHandlePermanent(window));
+    if (!dialog)
+        return TRUE;
+    try {
+        return dialog->OnInitDialog();
+    } catch (...) {
+        // The system's code is between here and the window procedure.
+        AfxReportCurrentException();
+        dialog->EndDialog(-1);
+        return TRUE;
+    }
+}
+
+LRESULT CDialog::HandleInitDialog(WPARAM, LPARAM) {
+    CRect before, after;
+    GetWindowRect(before);
+    const bool may_center = auto_center_ && !IsWindowVisible() && !(GetStyle() & WS_CHILD);
+    const LRESULT result = Default();
+    if (m_hWnd && may_center && !ended_) {
+        GetWindowRect(after);
+        if (before == after && !IsWindowVisible())
+            CenterWindow();
+    }
+    return result;
+}
+
+LRESULT CDialog::HandleSetFont(WPARAM wParam, LPARAM) {
+    if (CFont* const font = CFont::FromHandle(reinterpret_cast<HFONT>(wParam)))
+        OnSetFont(font);
+    return Default();
+}
+
+BOOL CDialog::OnInitDialog() {
+    UpdateData(FALSE);
+    return TRUE;
+}
+
+void CDialog::OnOK() {
+    if (UpdateData(TRUE))
+        EndDialog(IDOK);
+}
+
+void CDialog::OnCancel() {
+    EndDialog(IDCANCEL);
+}
+
+BOOL CDialog::OnCmdMsg(UINT id, int code, void* extra, void* handler_info) {
+    if (CWnd::OnCmdMsg(id, code, extra, handler_info))
+        return TRUE;
+    // Commands of the program go on to the owner; what controls say stays here.
+    constexpr UINT kFirstCommand = 0x8000, kFirstSystemCommand = 0xf000;
+    if (code != CN_COMMAND || id < kFirstCommand || id >= kFirstSystemCommand)
+        return FALSE;
+    CWnd* const parent = GetParent();
+    return parent && parent->OnCmdMsg(id, code, extra, handler_info);
+}
+
+BOOL CDialog::PreTranslateMessage(MSG* message) {
+    if (CWnd::PreTranslateMessage(message))
+        return TRUE;
+    // A multi-line edit control of the dialog takes every key, and would not let Escape close the dialog.
+    if (message->message == WM_KEYDOWN && (message->wParam == VK_ESCAPE || message->wParam == VK_CANCEL) &&
+        ::GetParent(message->hwnd) == m_hWnd && framework::is_multiline_edit(message->hwnd)) {
+        const HWND cancel = ::GetDlgItem(m_hWnd, IDCANCEL);
+        if (!cancel || ::IsWindowEnabled(cancel)) {
+            SendMessage(WM_COMMAND, IDCANCEL);
+            return TRUE;
+        }
+    }
+    return PreTranslateInput(message);
+}
+
+void CDialog::GotoDlgCtrl(CWnd* control) {
+    SendMessage(WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(control->m_hWnd), TRUE);
+}

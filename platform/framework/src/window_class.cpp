@@ -1,0 +1,27 @@
+#include <set>
+#include <string>
+
+#include "afxapp_.h"
+
+LPCWSTR AfxRegisterWndClass(UINT style, HCURSOR cursor, HBRUSH background, HICON icon) {
+    // The names that were given out stay valid.
+    static std::set<std::wstring> names;
+    CString name;
+    name.Format(L"Afx:%x:%p:%p:%p", style, cursor, background, icon);
+    const auto [entry, is_new] = names.insert(name.GetString());
+    if (is_new) {
+        WNDCLASSW description{};
+        description.style = style;
+        description.lpfnWndProc = ::DefWindowProcW;
+        description.hInstance = AfxGetInstanceHandle();
+        description.hCursor = cursor;
+        description.hbrBackground = background;
+        description.hIcon = icon;
+        description.lpszClassName = entry->c_str();
+        if (!::RegisterClassW(&description)) {
+            names.erase(entry);
+            AfxThrowResourceException();
+        }
+    }
+    return entry->c_str();
+}
