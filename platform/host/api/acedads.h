@@ -63,7 +63,5 @@ int acedCommand(int rtype, ...);
 /// The same with a list.
 int acedCmd(const struct resbuf* list);
 
+/// The host's main window; null where there is none.
 HWND adsw_acadMainWnd();
-
-void* acad_malloc(size_t size);
-void acad_free(void* memory);

@@ -27,6 +27,10 @@ class CommandLine {
 
     /// Adds text to the history. Line ends are where the text has them ("\n" begins a new line).
     virtual void print(std::wstring_view text) = 0;
+
+    /// Prints, on a line of its own, that something could not be done (an answer that is no point, an unknown command).
+    /// A person reads it and goes on; a script stops there.
+    virtual void report(std::wstring_view problem) = 0;
 };
 
 /// The command line that is answering now. During acedCommand this is its argument list.

@@ -1,0 +1,161 @@
+// drawinghost: opens a drawing, loads modules, and runs commands for a person or a script.
+#include <afxwin.h>
+
+#include <fstream>
+#include <iterator>
+#include <memory>
+
+#include "base/code_page.h"
+#include "platform/host/app/options.h"
+#include "platform/host/editor/built_in_commands.h"
+#include "platform/host/editor/dialog_driver.h"
+#include "platform/host/editor/editor.h"
+#include "platform/host/editor/main_window.h"
+#include "platform/host/editor/script_run.h"
+#include "platform/host/editor/scripted_command_line.h"
+#include "platform/host/editor/transparent_command_line.h"
+#include "platform/host/editor/typed_command_line.h"
+#include "platform/host/editor/watchdog.h"
+
+namespace host {
+namespace {
+
+constexpr int failure_status = 1;
+constexpr int usage_status = 2;
+
+int fail(const std::wstring& line) {
+    write_standard_error(line + L"\n");
+    return failure_status;
+}
+
+/// The editor, and the framework of the modules, know the window for as long as this lives.
+class WindowAttachment {
+  public:
+    WindowAttachment(MainWindow& window, const Options& options) {
+        main_.Attach(window.window());
+        program_.m_pMainWnd = &main_;
+        editor().main_window = window.window();
+        editor().history.attach(&window);
+        editor().history.echo_to_standard_error(options.verbose);
+    }
+    ~WindowAttachment() {
+        editor().main_window = nullptr;
+        editor().history.attach(nullptr);
+        program_.m_pMainWnd = nullptr;
+        main_.Detach();
+    }
+    WindowAttachment(const WindowAttachment&) = delete;
+    WindowAttachment& operator=(const WindowAttachment&) = delete;
+
+  private:
+    CWinApp program_;
+    CWnd main_;
+};
+
+void run_command(const std::wstring& typed) {
+    editor().processor.run(typed);
+    for (LONG count = 0; AfxGetApp()->OnIdle(count); ++count) {
+    }
+}
+
+void run_commands_of_person(MainWindow& window) {
+    TypedCommandLine typed(window, editor().history);
+    TransparentCommandLine line(typed, editor().processor);
+    const CommandLineScope scope(line);
+    while (!editor().quit_requested) {
+        const Answer answer = line.prompt(L"\nCommand: ");
+        if (answer.kind == Answer::line) {
+            run_command(answer.text);
+        } else if (window.close_requested()) {
+            window.forget_close_request();
+            editor().quit_requested = may_discard_changes(editor()) || window.close_requested();
+        }
+    }
+}
+
+/// Reads the script before anything else is done: a misspelt one changes nothing.
+std::wstring read_script_file(const std::wstring& path, Script& script) {
+    std::ifstream file(std::filesystem::path(path), std::ios::binary);
+    if (!file) {
+        return L"drawinghost: " + path + L": the script could not be opened";
+    }
+    const std::string bytes{std::istreambuf_iterator<char>(file), {}};
+    std::optional<ScriptFault> fault;
+    script = read_script(bytes, path, fault);
+    return fault ? L"script " + path + L":" + std::to_wstring(fault->line) + L": " + fault->reason : std::wstring();
+}
+
+/// The failure, or an empty text.
+std::wstring run_script(ScriptRun& run) {
+    ScriptedCommandLine scripted(run, editor().history);
+    TransparentCommandLine line(scripted, editor().processor);
+    const CommandLineScope scope(line);
+    const DialogDriver driver(run);
+    while (!run.failed() && !run.at_end() && !editor().quit_requested) {
+        const Answer answer = line.prompt(L"\nCommand: ");
+        if (answer.kind == Answer::line) {
+            run_command(answer.text);
+        }
+    }
+    return run.failure();
+}
+
+std::wstring open_drawing_and_modules(const Options& options) {
+    if (!options.drawing.empty()) {
+        const std::wstring problem = editor().documents.open(options.drawing);
+        if (!problem.empty()) {
+            return L"drawinghost: " + problem;
+        }
+    }
+    for (const std::wstring& file : options.modules) {
+        const std::wstring problem = editor().modules.load(file);
+        if (!problem.empty()) {
+            return L"drawinghost: " + problem;
+        }
+    }
+    return {};
+}
+
+/// Everything between the first look at the arguments and the end; the exit status.
+int run_program(const Options& options) {
+    Script script;
+    std::wstring problem = options.script.empty() ? std::wstring() : read_script_file(options.script, script);
+    if (!problem.empty()) {
+        return fail(problem);
+    }
+    MainWindow window;
+    WindowAttachment attachment(window, options);
+    TypedCommandLine messages(window, editor().history);
+    const CommandLineScope scope(messages);
+    ScriptRun run(std::move(script));
+    const std::unique_ptr<Watchdog> watchdog =
+        options.script.empty() ? nullptr : std::make_unique<Watchdog>(run, std::chrono::seconds(options.stall_seconds));
+    problem = open_drawing_and_modules(options);
+    if (problem.empty() && options.script.empty()) {
+        run_commands_of_person(window);
+    } else if (problem.empty()) {
+        editor().scripted = true;
+        editor().variables.put(L"FILEDIA", 0);
+        problem = run_script(run);
+    }
+    editor().modules.quit();
+    editor().documents.close();
+    return problem.empty() ? 0 : fail(problem);
+}
+
+}  // namespace
+}  // namespace host
+
+int wmain(int count, wchar_t** arguments) {
+    host::Options options;
+    const std::wstring problem = host::read_options({arguments + 1, arguments + count}, options);
+    if (!problem.empty() || options.help) {
+        host::write_standard_error((problem.empty() ? L"" : L"drawinghost: " + problem + L"\n") + host::usage);
+        return problem.empty() ? 0 : host::usage_status;
+    }
+    try {
+        return host::run_program(options);
+    } catch (const std::exception& exception) {
+        return host::fail(L"drawinghost: " + base::wide_from_utf8(exception.what()));
+    }
+}

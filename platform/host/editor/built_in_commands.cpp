@@ -1,0 +1,175 @@
+#include "platform/host/editor/built_in_commands.h"
+
+#include "platform/host/editor/document.h"
+#include "platform/host/editor/editor.h"
+#include "platform/host/editor/file_question.h"
+#include "platform/host/editor/keywords.h"
+
+namespace host {
+namespace {
+
+void report_problem(const std::wstring& problem) {
+    if (!problem.empty()) {
+        command_line().report(problem);
+    }
+}
+
+std::wstring ask_text(std::wstring_view prompt) {
+    const Answer answer = command_line().prompt(prompt);
+    return answer.kind == Answer::line ? answer.text : std::wstring();
+}
+
+void load_module(Editor& editor) {
+    const std::optional<std::wstring> file = ask_file_name({L"Load module", L"", L"arx", false, false});
+    if (!file) {
+        return;
+    }
+    const std::wstring problem = editor.modules.load(*file);
+    report_problem(problem);
+    if (problem.empty()) {
+        command_line().print(L"\n" + *file + L" loaded.");
+    }
+}
+
+void unload_module(Editor& editor) {
+    const std::wstring name = ask_text(L"\nModule to unload: ");
+    if (name.empty()) {
+        return;
+    }
+    const std::wstring problem = editor.modules.unload(name);
+    report_problem(problem);
+    if (problem.empty()) {
+        command_line().print(L"\n" + name + L" unloaded.");
+    }
+}
+
+void list_modules(const Editor& editor) {
+    for (const std::wstring& file : editor.modules.loaded_files()) {
+        command_line().print(L"\n" + file);
+    }
+}
+
+void list_commands(const Editor& editor) {
+    for (const CommandGroup& group : editor.commands.groups()) {
+        for (const auto& command : group.commands) {
+            command_line().print(L"\n" + group.name + L": " + command->globalName() + L", " + command->localName() +
+                                 L", " + std::to_wstring(command->commandFlags()));
+        }
+    }
+}
+
+void manage_modules(Editor& editor) {
+    const std::wstring typed = ask_text(L"\nEnter an option [Files/Commands/Load/Unload]: ");
+    const std::wstring option = Keywords(L"Files Commands Load Unload").match(typed);
+    if (option == L"Files") {
+        list_modules(editor);
+    } else if (option == L"Commands") {
+        list_commands(editor);
+    } else if (option == L"Load") {
+        load_module(editor);
+    } else if (option == L"Unload") {
+        unload_module(editor);
+    } else if (!typed.empty()) {
+        command_line().report(L"That is not one of the options.");
+    }
+}
+
+void open_drawing(Editor& editor) {
+    if (!may_discard_changes(editor)) {
+        return;
+    }
+    const std::optional<std::wstring> file = ask_file_name({L"Open drawing", L"", L"dxf", false, false});
+    if (file) {
+        editor.modules.tell_all(AcRx::kUnloadDwgMsg);
+        report_problem(editor.documents.open(*file));
+        editor.modules.tell_all(AcRx::kLoadDwgMsg);
+    }
+}
+
+void save_drawing(Editor& editor, const std::filesystem::path& file) {
+    editor.modules.tell_all(AcRx::kSaveMsg);
+    editor.drawing_variables.store(editor.documents.document()->drawing());
+    report_problem(editor.documents.save(file));
+}
+
+void save_drawing_as(Editor& editor) {
+    const Document* const document = editor.documents.document();
+    if (document == nullptr) {
+        command_line().report(L"No drawing is open.");
+        return;
+    }
+    const std::optional<std::wstring> file =
+        ask_file_name({L"Save drawing as", document->fileName(), L"dxf", true, false});
+    if (file) {
+        save_drawing(editor, *file);
+    }
+}
+
+void save_drawing_quickly(Editor& editor) {
+    const Document* const document = editor.documents.document();
+    if (document == nullptr) {
+        command_line().report(L"No drawing is open.");
+        return;
+    }
+    save_drawing(editor, document->path());
+}
+
+void set_variable(Editor& editor) {
+    const std::wstring name = ask_text(L"\nEnter variable name: ");
+    if (name.empty()) {
+        return;
+    }
+    const std::optional<VariableValue> value = editor.variables.get(name);
+    if (!value) {
+        command_line().report(L"Unknown variable \"" + name + L"\".");
+        return;
+    }
+    const Answer answer =
+        command_line().prompt(L"\nEnter new value for " + name + L" <" + format_variable(*value) + L">: ");
+    if (answer.kind != Answer::line) {
+        return;
+    }
+    switch (editor.variables.set_from_text(name, answer.text)) {
+        case VariableFault::read_only:
+            command_line().report(name + L" is read-only.");
+            break;
+        case VariableFault::wrong_type:
+        case VariableFault::out_of_range:
+            command_line().report(L"\"" + answer.text + L"\" is no value for " + name + L".");
+            break;
+        case VariableFault::none:
+        case VariableFault::unknown:
+            break;
+    }
+}
+
+void quit(Editor& editor) {
+    editor.quit_requested = may_discard_changes(editor);
+}
+
+}  // namespace
+
+bool may_discard_changes(Editor& editor) {
+    const Document* const document = editor.documents.document();
+    if (document == nullptr || !document->changed()) {
+        return true;
+    }
+    const std::wstring typed =
+        ask_text(L"\nDiscard the changes to " + std::wstring(document->docTitle()) + L"? [Yes/No] <No>: ");
+    return Keywords(L"Yes No").match(typed) == L"Yes";
+}
+
+void add_built_in_commands(Editor& editor) {
+    const auto add = [&editor](std::wstring name, void (*body)(Editor&)) {
+        editor.processor.add_built_in(std::move(name), [&editor, body] { body(editor); });
+    };
+    add(L"APPLOAD", load_module);
+    add(L"ARX", manage_modules);
+    add(L"OPEN", open_drawing);
+    add(L"QSAVE", save_drawing_quickly);
+    add(L"QUIT", quit);
+    add(L"SAVEAS", save_drawing_as);
+    add(L"SETVAR", set_variable);
+}
+
+}  // namespace host

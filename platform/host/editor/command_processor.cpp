@@ -1,0 +1,126 @@
+#include "platform/host/editor/command_processor.h"
+
+#include <algorithm>
+#include <exception>
+
+#include "accmd.h"
+#include "base/code_page.h"
+#include "platform/host/editor/command_line.h"
+#include "platform/host/editor/command_stack.h"
+#include "platform/host/editor/document_manager.h"
+
+namespace host {
+namespace {
+
+std::wstring in_capitals(std::wstring_view name) {
+    std::wstring capitals(name);
+    CharUpperBuffW(capitals.data(), static_cast<DWORD>(capitals.size()));
+    return capitals;
+}
+
+std::wstring unknown_command(std::wstring_view name) {
+    return L"Unknown command \"" + in_capitals(name) + L"\".";
+}
+
+}  // namespace
+
+void CommandProcessor::add_built_in(std::wstring name, std::function<void()> body) {
+    built_in_[std::move(name)] = std::move(body);
+}
+
+bool CommandProcessor::has_built_in(std::wstring_view name) const {
+    return built_in_.find(in_capitals(name)) != built_in_.end();
+}
+
+CommandProcessor::Command CommandProcessor::find(const CommandName& typed) const {
+    if (!typed.built_in) {
+        AcEdCommand* registered = typed.global_only ? nullptr : registered_.lookupLocalCmd(typed.name.c_str());
+        if (registered == nullptr) {
+            registered = registered_.lookupGlobalCmd(typed.name.c_str());
+        }
+        if (registered != nullptr) {
+            const AcRxFunctionPtr function = registered->functionAddr();
+            return {registered->localName(), function, function,
+                    (registered->commandFlags() & ACRX_CMD_TRANSPARENT) != 0};
+        }
+    }
+    const auto own = built_in_.find(in_capitals(typed.name));
+    return own == built_in_.end() ? Command{} : Command{own->first, own->second, nullptr, false};
+}
+
+void CommandProcessor::run(std::wstring_view typed) {
+    const CommandName name = parse_command_name(typed);
+    if (name.name.empty()) {
+        return;
+    }
+    const Command command = find(name);
+    if (!command.body) {
+        command_line().report(unknown_command(name.name));
+        return;
+    }
+    execute(command);
+}
+
+void CommandProcessor::run_transparent(std::wstring_view typed) {
+    const CommandName name = parse_command_name(typed);
+    const Command command = find(name);
+    if (!command.body) {
+        command_line().report(unknown_command(name.name));
+    } else if (!command.transparent) {
+        command_line().report(command.name + L" cannot run while another command is active.");
+    } else {
+        execute(command);
+    }
+}
+
+bool CommandProcessor::run_built_in(std::wstring_view typed) {
+    CommandName name = parse_command_name(typed);
+    name.built_in = true;
+    const Command command = find(name);
+    if (!command.body) {
+        return false;
+    }
+    execute(command);
+    return true;
+}
+
+void CommandProcessor::execute(const Command& command) {
+    const size_t resource_depth = documents_.resource_depth();
+    running_.push_back(&command);
+    std::wstring problem;
+    try {
+        command.body();
+    } catch (const std::exception& exception) {
+        problem = L": " + base::wide_from_utf8(exception.what());
+    } catch (...) {  // a module may throw anything; whatever it was, it is reported below
+        problem = L" of a kind that the host does not know";
+    }
+    running_.pop_back();
+    if (!problem.empty()) {
+        command_line().report(command.name + L" ended with an exception" + problem);
+    }
+    if (!documents_.restore_resource_depth(resource_depth)) {
+        command_line().report(command.name + L" left the resource handles unbalanced.");
+    }
+}
+
+std::wstring CommandProcessor::running_names() const {
+    std::wstring names;
+    for (const Command* command : running_) {
+        names += (names.empty() ? L"" : L"'") + command->name;
+    }
+    return names;
+}
+
+bool CommandProcessor::runs_transparent_command() const {
+    return std::any_of(running_.begin(), running_.end(), [](const Command* command) { return command->transparent; }) &&
+           running_.size() > 1;
+}
+
+bool CommandProcessor::runs_function_of(HMODULE library) const {
+    return std::any_of(running_.begin(), running_.end(), [&](const Command* command) {
+        return command->function != nullptr && is_function_of(library, command->function);
+    });
+}
+
+}  // namespace host

@@ -1,0 +1,60 @@
+// Runs commands by name: the host's own and those of modules, one inside another where that is allowed.
+#pragma once
+
+#include <windows.h>
+
+#include <functional>
+#include <map>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/host/editor/command_name.h"
+#include "rxdefs.h"
+
+namespace host {
+
+class CommandStack;
+class DocumentManager;
+
+class CommandProcessor {
+  public:
+    CommandProcessor(CommandStack& registered, DocumentManager& documents)
+        : registered_(registered), documents_(documents) {}
+
+    /// Adds a command of the host. The name is in capitals.
+    void add_built_in(std::wstring name, std::function<void()> body);
+    bool has_built_in(std::wstring_view name) const;
+
+    /// Runs what was typed at the "Command:" prompt. Unknown names, and commands that end with an exception, are
+    /// reported on the command line; the host goes on.
+    void run(std::wstring_view typed);
+    /// Runs what was typed, with "'", while another command waits. A command that is not transparent is refused.
+    void run_transparent(std::wstring_view typed);
+    /// Runs one of the host's own commands for acedCommand; false when there is none of that name.
+    bool run_built_in(std::wstring_view typed);
+
+    bool is_busy() const { return !running_.empty(); }
+    /// The commands that are active, outermost first, joined by "'".
+    std::wstring running_names() const;
+    bool runs_transparent_command() const;
+    bool runs_function_of(HMODULE library) const;
+
+  private:
+    /// A command that was found. The body does not depend on the command staying registered while it runs.
+    struct Command {
+        std::wstring name;
+        std::function<void()> body;
+        AcRxFunctionPtr function = nullptr;  ///< of a registered command
+        bool transparent = false;
+    };
+    Command find(const CommandName& typed) const;
+    void execute(const Command& command);
+
+    CommandStack& registered_;
+    DocumentManager& documents_;
+    std::map<std::wstring, std::function<void()>, std::less<>> built_in_;
+    std::vector<const Command*> running_;
+};
+
+}  // namespace host

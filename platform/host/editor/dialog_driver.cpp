@@ -1,0 +1,206 @@
+#include "platform/host/editor/dialog_driver.h"
+
+#include <exception>
+
+#include "base/code_page.h"
+#include "platform/host/editor/cell_query.h"
+#include "platform/host/editor/wildcard.h"
+#include "platform/host/editor/window_class.h"
+#include "platform/host/editor/window_picture.h"
+
+namespace host {
+namespace {
+
+constexpr UINT pause = 10;  ///< milliseconds; the shortest that the system has
+
+/// Timers without a window carry nothing of their own, so the driver that is at work is kept here.
+DialogDriver* working_driver = nullptr;
+
+std::wstring target_name(const DialogAction& action) {
+    return action.id ? L"control " + std::to_wstring(*action.id) : L"button \"" + action.text + L"\"";
+}
+
+HWND find_target(const ModalDialog& dialog, const DialogAction& action) {
+    return action.id ? dialog.control(*action.id) : dialog.button(action.text);
+}
+
+int button_id(const std::wstring& name) {
+    constexpr const wchar_t* names[] = {L"OK", L"CANCEL", L"ABORT", L"RETRY", L"IGNORE", L"YES", L"NO"};
+    int id = IDOK;
+    for (const wchar_t* known : names) {
+        if (name == known) {
+            break;
+        }
+        ++id;
+    }
+    return id;
+}
+
+/// Where keys go: the window with the focus when it is in the dialog, else the dialog.
+HWND keyboard_target(const ModalDialog& dialog) {
+    const HWND focus = GetFocus();
+    return focus != nullptr && IsChild(dialog.window(), focus) != 0 ? focus : dialog.window();
+}
+
+}  // namespace
+
+DialogDriver::DialogDriver(ScriptRun& run) : run_(run) {
+    working_driver = this;
+    timer_ = SetTimer(nullptr, 0, pause, reinterpret_cast<TIMERPROC>(&DialogDriver::on_timer));
+}
+
+DialogDriver::~DialogDriver() {
+    KillTimer(nullptr, timer_);
+    working_driver = nullptr;
+}
+
+void CALLBACK DialogDriver::on_timer(HWND, UINT, UINT_PTR, DWORD) noexcept {
+    if (working_driver == nullptr) {
+        return;
+    }
+    try {
+        working_driver->step();
+    } catch (const std::exception& exception) {
+        working_driver->run_.fail(base::wide_from_utf8(exception.what()));
+    }
+}
+
+void DialogDriver::step() {
+    keys_.release_modifiers();
+    const std::optional<ModalDialog> dialog = ModalDialog::find();
+    if (!dialog) {
+        return;
+    }
+    if (run_.failed()) {
+        close(*dialog);
+    } else if (!keys_.empty()) {
+        keys_.post_next_group(keyboard_target(*dialog));
+    } else {
+        drive(*dialog);
+    }
+}
+
+void DialogDriver::drive(const ModalDialog& dialog) {
+    const DialogAction* const next = run_.action(dialog.name());
+    if (next == nullptr) {
+        return;
+    }
+    const DialogAction action = *next;
+    run_.take_action();
+    const bool answers_box = dialog.is_message_box() && action.kind != DialogAction::picture;
+    const std::wstring problem = answers_box ? answer_message_box(dialog, action) : perform(dialog, action);
+    if (!problem.empty()) {
+        run_.fail(problem);
+    }
+}
+
+std::wstring DialogDriver::answer_message_box(const ModalDialog& box, const DialogAction& action) {
+    const std::wstring message = box.message();
+    if (action.kind != DialogAction::alert) {
+        return L"an alert waits for an answer: \"" + message + L"\"";
+    }
+    if (!matches_wildcard(action.text, message)) {
+        return L"the alert says \"" + message + L"\"";
+    }
+    const HWND button = action.button.empty() ? box.default_button() : box.control(button_id(action.button));
+    if (button == nullptr) {
+        return L"the alert has no button " + action.button;
+    }
+    post_click_in_middle(button);
+    return {};
+}
+
+std::wstring DialogDriver::perform(const ModalDialog& dialog, const DialogAction& action) {
+    switch (action.kind) {
+        case DialogAction::press:
+            return press(dialog, action);
+        case DialogAction::tick:
+            return tick(dialog, action);
+        case DialogAction::click_cell:
+        case DialogAction::double_click_cell:
+        case DialogAction::click_heading:
+        case DialogAction::drag_border:
+            return point_at_cell(dialog, action);
+        case DialogAction::type:
+            keys_.add_text(action.text);
+            return {};
+        case DialogAction::key:
+            keys_.add_key(action.virtual_key, action.modifiers);
+            return {};
+        case DialogAction::picture:
+            return save_window_png(dialog.window(), action.text);
+        case DialogAction::expect_text:
+            return expect_text(dialog, action);
+        case DialogAction::close:
+            PostMessageW(dialog.window(), WM_SYSCOMMAND, SC_CLOSE, 0);
+            return {};
+        case DialogAction::alert:
+            return L"no alert is up, but the dialog \"" + dialog.title() + L"\"";
+    }
+    return {};
+}
+
+std::wstring DialogDriver::press(const ModalDialog& dialog, const DialogAction& action) {
+    const HWND target = find_target(dialog, action);
+    if (target == nullptr) {
+        return L"the dialog \"" + dialog.title() + L"\" shows no " + target_name(action);
+    }
+    if (IsWindowEnabled(target) == 0) {
+        return L"the " + target_name(action) + L" is disabled";
+    }
+    post_click_in_middle(target);
+    return {};
+}
+
+std::wstring DialogDriver::tick(const ModalDialog& dialog, const DialogAction& action) {
+    const HWND target = find_target(dialog, action);
+    const bool ticked = target != nullptr && SendMessageW(target, BM_GETCHECK, 0, 0) == BST_CHECKED;
+    return target != nullptr && ticked == action.on ? std::wstring() : press(dialog, action);
+}
+
+std::wstring DialogDriver::point_at_cell(const ModalDialog& dialog, const DialogAction& action) {
+    constexpr int heading_row = -1;
+    const bool heading = action.kind == DialogAction::click_heading || action.kind == DialogAction::drag_border;
+    const int row = heading ? heading_row : action.row;
+    const CellPlace place = action.kind == DialogAction::drag_border ? CellPlace::right_border : CellPlace::middle;
+    const std::optional<WindowPoint> at = find_cell(dialog, action.column, row, place);
+    if (!at) {
+        return L"the dialog \"" + dialog.title() + L"\" shows no cell in column " + std::to_wstring(action.column) +
+               (heading ? L" of the heading" : L", row " + std::to_wstring(row));
+    }
+    if (action.kind == DialogAction::drag_border) {
+        post_drag(at->window, at->point, {at->point.x + action.pixels, at->point.y});
+    } else if (action.kind == DialogAction::double_click_cell) {
+        post_double_click(at->window, at->point);
+    } else {
+        post_click(at->window, at->point);
+    }
+    return {};
+}
+
+std::wstring DialogDriver::expect_text(const ModalDialog& dialog, const DialogAction& action) {
+    const HWND target = dialog.control(action.id.value_or(0));
+    if (target == nullptr) {
+        return L"the dialog \"" + dialog.title() + L"\" shows no " + target_name(action);
+    }
+    const std::wstring text = window_text(target);
+    return text == action.text ? std::wstring() : L"the " + target_name(action) + L" has the text \"" + text + L"\"";
+}
+
+void DialogDriver::close(const ModalDialog& dialog) {
+    close_attempts_ = dialog.window() == closing_ ? close_attempts_ + 1 : 0;
+    closing_ = dialog.window();
+    constexpr int politely = 3;
+    if (!dialog.is_message_box() && close_attempts_ < politely) {
+        PostMessageW(dialog.window(), WM_CLOSE, 0, 0);
+        return;
+    }
+    for (const int id : {IDCANCEL, IDNO, IDABORT, IDOK}) {
+        if (GetDlgItem(dialog.window(), id) != nullptr || !dialog.is_message_box()) {
+            PostMessageW(dialog.window(), WM_COMMAND, static_cast<WPARAM>(id), 0);
+            return;
+        }
+    }
+}
+
+}  // namespace host

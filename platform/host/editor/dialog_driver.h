@@ -1,0 +1,45 @@
+// Plays a script's "@" lines on the dialogs that come up, as a person would.
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+
+#include "platform/host/editor/modal_dialog.h"
+#include "platform/host/editor/posted_input.h"
+#include "platform/host/editor/script_run.h"
+
+namespace host {
+
+/// Works from a timer, which the system serves in every modal loop once all other messages are handled: so each line
+/// finds the dialog as the line before has left it. One object at a time.
+class DialogDriver {
+  public:
+    explicit DialogDriver(ScriptRun& run);
+    ~DialogDriver();
+    DialogDriver(const DialogDriver&) = delete;
+    DialogDriver& operator=(const DialogDriver&) = delete;
+
+  private:
+    static void CALLBACK on_timer(HWND window, UINT message, UINT_PTR timer, DWORD time) noexcept;
+    void step();
+    void drive(const ModalDialog& dialog);
+    /// After a failure: closes what is open, so that the command comes to its end.
+    void close(const ModalDialog& dialog);
+
+    // One kind of action each; the reason when it cannot be done, or an empty text.
+    std::wstring answer_message_box(const ModalDialog& box, const DialogAction& action);
+    std::wstring perform(const ModalDialog& dialog, const DialogAction& action);
+    std::wstring press(const ModalDialog& dialog, const DialogAction& action);
+    std::wstring tick(const ModalDialog& dialog, const DialogAction& action);
+    std::wstring point_at_cell(const ModalDialog& dialog, const DialogAction& action);
+    std::wstring expect_text(const ModalDialog& dialog, const DialogAction& action);
+
+    ScriptRun& run_;
+    TypedKeys keys_;
+    UINT_PTR timer_ = 0;
+    HWND closing_ = nullptr;  ///< the dialog that close() has tried to close
+    int close_attempts_ = 0;
+};
+
+}  // namespace host

@@ -1,0 +1,72 @@
+#include "platform/host/editor/editor.h"
+
+#include "platform/host/editor/built_in_commands.h"
+#include "platform/host/editor/document.h"
+
+namespace host {
+namespace {
+
+/// Days since the start of the Julian calendar, as DATE gives the local time.
+double julian_date_now() {
+    SYSTEMTIME now;
+    GetLocalTime(&now);
+    const int month_shift = (14 - now.wMonth) / 12;
+    const int year = now.wYear + 4800 - month_shift;
+    const int month = now.wMonth + 12 * month_shift - 3;
+    const int day = now.wDay + (153 * month + 2) / 5 + 365 * year + year / 4 - year / 100 + year / 400 - 32045;
+    return day + (now.wHour * 3600 + now.wMinute * 60 + now.wSecond) / 86400.0;
+}
+
+int active_command_bits(const Editor& editor) {
+    constexpr int ordinary = 1;
+    constexpr int transparent = 2;
+    constexpr int script = 4;
+    constexpr int dialog = 8;
+    const bool dialog_is_up = editor.main_window != nullptr && IsWindowEnabled(editor.main_window) == 0;
+    return (editor.processor.is_busy() ? ordinary : 0) |
+           (editor.processor.runs_transparent_command() ? transparent : 0) | (editor.scripted ? script : 0) |
+           (dialog_is_up ? dialog : 0);
+}
+
+std::filesystem::path current_path(const Editor& editor) {
+    const Document* const document = editor.documents.document();
+    return document != nullptr ? document->path() : std::filesystem::path();
+}
+
+std::wstring current_folder(const Editor& editor) {
+    std::wstring folder = current_path(editor).parent_path().wstring();
+    if (!folder.empty() && folder.back() != L'\\') {
+        folder += L'\\';
+    }
+    return folder;
+}
+
+void compute_variables(Editor& editor) {
+    SystemVariables& variables = editor.variables;
+    variables.compute(L"CMDACTIVE", [&editor] { return active_command_bits(editor); });
+    variables.compute(L"CMDNAMES", [&editor] { return editor.processor.running_names(); });
+    variables.compute(L"DATE", [] { return julian_date_now(); });
+    variables.compute(L"DBMOD", [&editor] {
+        const Document* const document = editor.documents.document();
+        return document != nullptr && document->changed() ? 1 : 0;
+    });
+    variables.compute(L"DWGNAME", [&editor] { return current_path(editor).filename().wstring(); });
+    variables.compute(L"DWGPREFIX", [&editor] { return current_folder(editor); });
+    variables.compute(L"DWGTITLED", [&editor] { return editor.documents.document() != nullptr ? 1 : 0; });
+}
+
+}  // namespace
+
+Editor::Editor() : documents([this](Document& document) { drawing_variables.load(document.drawing()); }) {
+    registry.atPut(ACRX_DYNAMIC_LINKER, &modules);
+    registry.atPut(ACRX_COMMAND_DOCK, &commands);
+    compute_variables(*this);
+    add_built_in_commands(*this);
+}
+
+Editor& editor() {
+    static Editor the_editor;
+    return the_editor;
+}
+
+}  // namespace host

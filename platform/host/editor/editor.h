@@ -1,0 +1,41 @@
+// The parts of the running host that the interface functions reach: one of each in a process.
+#pragma once
+
+#include <windows.h>
+
+#include "platform/host/editor/command_processor.h"
+#include "platform/host/editor/command_stack.h"
+#include "platform/host/editor/document_manager.h"
+#include "platform/host/editor/drawing_variables.h"
+#include "platform/host/editor/history.h"
+#include "platform/host/editor/input_rules.h"
+#include "platform/host/editor/module_loader.h"
+#include "platform/host/editor/object_registry.h"
+#include "platform/host/editor/system_variables.h"
+
+namespace host {
+
+struct Editor {
+    Editor();
+
+    ObjectRegistry registry;
+    SystemVariables variables;
+    History history;
+    InputRules input_rules;
+    DrawingVariables drawing_variables{variables};
+    DocumentManager documents;
+    CommandStack commands;
+    CommandProcessor processor{commands, documents};
+    ModuleLoader modules{commands, processor};
+
+    /// Null without a window.
+    HWND main_window = nullptr;
+    bool scripted = false;
+    /// QUIT was run: no command is asked for any more.
+    bool quit_requested = false;
+};
+
+/// Made when it is first asked for (a module's static objects may be the first to ask).
+Editor& editor();
+
+}  // namespace host

@@ -1,0 +1,128 @@
+#include "platform/host/editor/file_question.h"
+
+#include <windows.h>
+#include <commdlg.h>
+
+#include <algorithm>
+
+#include "acedads.h"
+#include "platform/host/editor/editor.h"
+#include "platform/host/editor/loaded_library.h"
+
+namespace host {
+namespace {
+
+constexpr size_t longest_path = 2048;
+
+std::wstring full_path(const std::wstring& typed) {
+    wchar_t path[longest_path];
+    const DWORD length = GetFullPathNameW(typed.c_str(), longest_path, path, nullptr);
+    return length == 0 || length >= longest_path ? typed : std::wstring(path, length);
+}
+
+std::wstring first_extension(const std::wstring& extensions) {
+    return extensions.substr(0, extensions.find(L';'));
+}
+
+std::wstring with_extension(const std::wstring& path, const FileQuestion& question) {
+    const size_t name = path.find_last_of(L"\\/") + 1;
+    const bool has_one = path.find(L'.', name) != std::wstring::npos;
+    const std::wstring extension = first_extension(question.extensions);
+    return has_one || extension.empty() || question.any_extension ? path : path + L"." + extension;
+}
+
+bool may_replace(const std::wstring& path) {
+    if (GetFileAttributesW(path.c_str()) == INVALID_FILE_ATTRIBUTES) {
+        return true;
+    }
+    const std::wstring text = path + L" already exists.\nDo you want to replace it?";
+    return MessageBoxW(editor().main_window, text.c_str(), L"Drawing Host",
+                       MB_YESNO | MB_ICONWARNING | MB_DEFBUTTON2) == IDYES;
+}
+
+std::optional<std::wstring> ask_at_command_line(const FileQuestion& question) {
+    const std::wstring proposal = question.proposal.empty() ? L"" : L" <" + question.proposal + L">";
+    for (;;) {
+        const Answer answer = command_line().prompt(L"\n" + question.title + proposal + L": ");
+        const std::wstring& typed = answer.kind == Answer::return_only ? question.proposal : answer.text;
+        if (answer.kind == Answer::cancel || typed.empty()) {
+            return std::nullopt;
+        }
+        const std::wstring path = with_extension(full_path(typed), question);
+        if (!question.new_file || may_replace(path)) {
+            return path;
+        }
+    }
+}
+
+/// "prc files (*.prc)" and "All files", each with its pattern, in the form that the system's dialog takes.
+std::wstring dialog_filter(const std::wstring& extensions) {
+    std::wstring patterns;
+    for (size_t from = 0; from < extensions.size();) {
+        const size_t end = std::min(extensions.find(L';', from), extensions.size());
+        patterns += (patterns.empty() ? L"*." : L";*.") + extensions.substr(from, end - from);
+        from = end + 1;
+    }
+    const std::wstring all = std::wstring(L"All files (*.*)") + L'\0' + L"*.*" + L'\0' + L'\0';
+    return patterns.empty()
+               ? all
+               : first_extension(extensions) + L" files (" + patterns + L")" + L'\0' + patterns + L'\0' + all;
+}
+
+std::optional<std::wstring> ask_in_dialog(const FileQuestion& question) {
+    // Loaded here because the dialog's libraries take longer to load than the rest of the host.
+    const LoadedLibrary dialogs = LoadedLibrary::load(L"comdlg32.dll");
+    auto* const show =
+        dialogs.function<BOOL WINAPI(OPENFILENAMEW*)>(question.new_file ? "GetSaveFileNameW" : "GetOpenFileNameW");
+    if (show == nullptr) {
+        command_line().report(L"The system has no file dialogs.");
+        return std::nullopt;
+    }
+    wchar_t path[longest_path] = {};
+    std::copy_n(question.proposal.begin(), std::min(question.proposal.size(), longest_path - 1), path);
+    const std::wstring filter = dialog_filter(question.extensions);
+    const std::wstring extension = first_extension(question.extensions);
+    OPENFILENAMEW dialog{};
+    dialog.lStructSize = sizeof dialog;
+    dialog.hwndOwner = editor().main_window;
+    dialog.lpstrFilter = filter.c_str();
+    dialog.lpstrFile = path;
+    dialog.nMaxFile = longest_path;
+    dialog.lpstrTitle = question.title.c_str();
+    dialog.lpstrDefExt = extension.empty() || question.any_extension ? nullptr : extension.c_str();
+    dialog.Flags = OFN_EXPLORER | OFN_NOCHANGEDIR | OFN_HIDEREADONLY | OFN_PATHMUSTEXIST |
+                   (question.new_file ? OFN_OVERWRITEPROMPT : OFN_FILEMUSTEXIST);
+    return show(&dialog) != 0 ? std::optional<std::wstring>(path) : std::nullopt;
+}
+
+std::wstring text_or_empty(const ACHAR* text) {
+    return text != nullptr ? text : L"";
+}
+
+}  // namespace
+
+std::optional<std::wstring> ask_file_name(const FileQuestion& question) {
+    const bool dialogs_wanted = editor().variables.get(L"FILEDIA") != VariableValue(0);
+    return dialogs_wanted && editor().main_window != nullptr ? ask_in_dialog(question) : ask_at_command_line(question);
+}
+
+}  // namespace host
+
+int acedGetFileD(const ACHAR* title, const ACHAR* defawlt, const ACHAR* ext, int flags, struct resbuf* result) {
+    if (result == nullptr) {
+        return RTERROR;
+    }
+    host::FileQuestion question;
+    question.title = host::text_or_empty(title);
+    question.proposal = host::text_or_empty(defawlt);
+    question.extensions = host::text_or_empty(ext);
+    question.new_file = (flags & ACED_GETFILE_NEW) != 0;
+    question.any_extension = (flags & ACED_GETFILE_ANY_EXTENSION) != 0;
+    const std::optional<std::wstring> chosen = host::ask_file_name(question);
+    if (!chosen) {
+        return RTERROR;
+    }
+    result->restype = RTSTR;
+    result->resval.rstring = acad__strdup(chosen->c_str());
+    return result->resval.rstring != nullptr ? RTNORM : RTERROR;
+}

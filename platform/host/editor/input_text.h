@@ -1,0 +1,45 @@
+// Typed answers: numbers, points and pointer events. The decimal point is always ".", whatever the locale.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace host {
+
+/// In drawing units.
+struct Point {
+    double x = 0;
+    double y = 0;
+    double z = 0;
+};
+
+inline bool operator==(const Point& left, const Point& right) {
+    return left.x == right.x && left.y == right.y && left.z == right.z;
+}
+inline bool operator!=(const Point& left, const Point& right) {
+    return !(left == right);
+}
+
+std::optional<int> parse_integer(std::wstring_view text);
+/// Finite numbers only.
+std::optional<double> parse_real(std::wstring_view text);
+/// "x,y" or "x,y,z"; a missing z is 0.
+std::optional<Point> parse_point(std::wstring_view text);
+
+/// The shortest text that parse_real reads back to the same number.
+std::wstring format_real(double number);
+std::wstring format_point(const Point& point);
+
+/// What the user does while a command follows the pointer.
+struct InputEvent {
+    enum Kind { move, pick, key };
+    Kind kind = move;
+    Point point;          ///< of move and pick
+    wchar_t character{};  ///< of key; Return is 13
+};
+
+/// "move x,y[,z]", "pick x,y[,z]", "return" (or an empty text) or "key c".
+std::optional<InputEvent> parse_input_event(std::wstring_view text);
+
+}  // namespace host

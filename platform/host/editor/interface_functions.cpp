@@ -1,0 +1,104 @@
+// The host's small interface functions: messages, system variables, well-known objects.
+#include "acdocman.h"
+#include "acedads.h"
+#include "acui.h"
+#include "platform/host/editor/editor.h"
+#include "rxregsvc.h"
+
+using host::editor;
+
+AcRxDictionary* acrxSysRegistry() {
+    return &editor().registry;
+}
+
+bool acrxLoadModule(const ACHAR* moduleName, bool printit, bool asCmd) {
+    return editor().modules.loadModule(moduleName, printit, asCmd);
+}
+
+bool acrxUnloadModule(const ACHAR* moduleName, bool asCmd) {
+    return editor().modules.unloadModule(moduleName, asCmd);
+}
+
+AcApDocManager* acDocManagerPtr() {
+    return &editor().documents;
+}
+
+AcApDocument* curDoc() {
+    return editor().documents.curDocument();
+}
+
+HWND adsw_acadMainWnd() {
+    return editor().main_window;
+}
+
+// The dialog library is a part of the host here, and always ready.
+void InitAcUiDLL() {}
+
+int acedAlert(const ACHAR* message) {
+    MessageBoxW(editor().main_window, message != nullptr ? message : L"", L"Drawing Host", MB_OK | MB_ICONWARNING);
+    return RTNORM;
+}
+
+int acedPrompt(const ACHAR* message) {
+    host::command_line().print(message != nullptr ? message : L"");
+    return RTNORM;
+}
+
+int acedGetVar(const ACHAR* sym, struct resbuf* result) {
+    const std::optional<host::VariableValue> value =
+        sym != nullptr && result != nullptr ? editor().variables.get(sym) : std::nullopt;
+    if (!value) {
+        return RTERROR;
+    }
+    result->rbnext = nullptr;
+    if (const int* whole = std::get_if<int>(&*value)) {
+        result->restype = RTSHORT;
+        result->resval.rint = static_cast<short>(*whole);
+    } else if (const double* real = std::get_if<double>(&*value)) {
+        result->restype = RTREAL;
+        result->resval.rreal = *real;
+    } else if (const host::Point* point = std::get_if<host::Point>(&*value)) {
+        result->restype = RT3DPOINT;
+        result->resval.rpoint[X] = point->x;
+        result->resval.rpoint[Y] = point->y;
+        result->resval.rpoint[Z] = point->z;
+    } else {
+        result->restype = RTSTR;
+        result->resval.rstring = acad__strdup(std::get<std::wstring>(*value).c_str());
+        return result->resval.rstring != nullptr ? RTNORM : RTERROR;
+    }
+    return RTNORM;
+}
+
+namespace {
+
+std::optional<host::VariableValue> value_of(const struct resbuf& buffer) {
+    const ads_u_val& value = buffer.resval;
+    switch (buffer.restype) {
+        case RTSHORT:
+            return host::VariableValue(static_cast<int>(value.rint));
+        case RTLONG:
+            return host::VariableValue(static_cast<int>(value.rlong));
+        case RTREAL:
+        case RTANG:
+        case RTORINT:
+            return host::VariableValue(value.rreal);
+        case RTSTR:
+            return value.rstring != nullptr ? std::optional<host::VariableValue>(std::wstring(value.rstring))
+                                            : std::nullopt;
+        case RTPOINT:
+            return host::VariableValue(host::Point{value.rpoint[X], value.rpoint[Y], 0});
+        case RT3DPOINT:
+            return host::VariableValue(host::Point{value.rpoint[X], value.rpoint[Y], value.rpoint[Z]});
+        default:
+            return std::nullopt;
+    }
+}
+
+}  // namespace
+
+int acedSetVar(const ACHAR* sym, const struct resbuf* value) {
+    const std::optional<host::VariableValue> wanted =
+        sym != nullptr && value != nullptr ? value_of(*value) : std::nullopt;
+    return wanted && editor().variables.set(sym, *wanted) == host::VariableFault::none ? RTNORM : RTERROR;
+}

@@ -1,0 +1,54 @@
+// The host's main window: the drawing view, the history of the command line, and the line that is typed.
+#pragma once
+
+#include <windows.h>
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "platform/host/editor/command_line.h"
+#include "platform/host/editor/drawing_view.h"
+
+namespace host {
+
+class MainWindow {
+  public:
+    /// Created hidden.
+    MainWindow();
+    ~MainWindow();
+    MainWindow(const MainWindow&) = delete;
+    MainWindow& operator=(const MainWindow&) = delete;
+
+    HWND window() const { return window_; }
+    DrawingView& view() { return *view_; }
+    void show();
+    void set_title(const std::wstring& drawing_name);
+    void append_history(std::wstring_view text);
+
+    /// Shows the prompt and runs a message loop until the person has answered. Cancel when the window is being closed.
+    Answer wait_for_answer(std::wstring_view prompt);
+    /// The person asked to close the window; prompts cancel from then on.
+    bool close_requested() const { return close_requested_; }
+    /// Takes the request back (the person wants to keep the drawing after all).
+    void forget_close_request() { close_requested_ = false; }
+
+  private:
+    static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
+    std::optional<LRESULT> handle(UINT message, WPARAM wparam, LPARAM lparam);
+    void create_children();
+    void place_children() const;
+    /// Takes Return and Escape out of the typed line's keys; true when the message is done with.
+    bool take_key(const MSG& message);
+
+    HWND window_ = nullptr;
+    HWND history_ = nullptr;
+    HWND prompt_ = nullptr;
+    HWND line_ = nullptr;
+    std::unique_ptr<DrawingView> view_;
+    std::optional<Answer> answer_;
+    bool close_requested_ = false;
+};
+
+}  // namespace host

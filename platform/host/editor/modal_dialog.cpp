@@ -1,0 +1,84 @@
+#include "platform/host/editor/modal_dialog.h"
+
+#include "platform/host/editor/script.h"
+#include "platform/host/editor/window_class.h"
+
+namespace host {
+namespace {
+
+BOOL CALLBACK note_dialog(HWND window, LPARAM found) {
+    if (IsWindowVisible(window) == 0 || IsWindowEnabled(window) == 0 || window_class_name(window) != L"#32770") {
+        return TRUE;
+    }
+    *reinterpret_cast<HWND*>(found) = window;
+    return FALSE;
+}
+
+/// The system's own dialog procedure runs it.
+bool is_system_dialog(HWND window) {
+    const auto procedure = reinterpret_cast<LPCWSTR>(GetWindowLongPtrW(window, DWLP_DLGPROC));
+    HMODULE owner = nullptr;
+    return GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
+                              procedure, &owner) != 0 &&
+           owner == GetModuleHandleW(L"user32.dll");
+}
+
+BOOL CALLBACK note_child(HWND window, LPARAM children) {
+    reinterpret_cast<std::vector<HWND>*>(children)->push_back(window);
+    return TRUE;
+}
+
+}  // namespace
+
+std::optional<ModalDialog> ModalDialog::find() {
+    HWND found = nullptr;
+    EnumThreadWindows(GetCurrentThreadId(), &note_dialog, reinterpret_cast<LPARAM>(&found));
+    return found != nullptr ? std::optional<ModalDialog>(ModalDialog(found, is_system_dialog(found))) : std::nullopt;
+}
+
+std::wstring ModalDialog::title() const {
+    return window_text(window_);
+}
+
+std::wstring ModalDialog::message() const {
+    for (const HWND child : descendants()) {
+        if (window_class_name(child) == L"Button") {
+            continue;
+        }
+        const std::wstring text = window_text(child);
+        if (!text.empty()) {
+            return text;
+        }
+    }
+    return {};
+}
+
+HWND ModalDialog::control(int id) const {
+    const HWND found = GetDlgItem(window_, id);
+    return found != nullptr && IsWindowVisible(found) != 0 ? found : nullptr;
+}
+
+HWND ModalDialog::button(const std::wstring& caption) const {
+    for (const HWND child : descendants()) {
+        if (IsWindowVisible(child) != 0 &&
+            (SendMessageW(child, WM_GETDLGCODE, 0, 0) & (DLGC_BUTTON | DLGC_DEFPUSHBUTTON | DLGC_UNDEFPUSHBUTTON)) !=
+                0 &&
+            plain_caption(window_text(child)) == caption) {
+            return child;
+        }
+    }
+    return nullptr;
+}
+
+HWND ModalDialog::default_button() const {
+    const LRESULT answer = SendMessageW(window_, DM_GETDEFID, 0, 0);
+    return HIWORD(answer) == DC_HASDEFID ? GetDlgItem(window_, LOWORD(answer)) : nullptr;
+}
+
+std::vector<HWND> ModalDialog::descendants() const {
+    std::vector<HWND> children;
+    EnumChildWindows(window_, &note_child, reinterpret_cast<LPARAM>(&children));
+    return children;
+}
+
+}  // namespace host

@@ -1,0 +1,41 @@
+// Finds the dialog that the user has to answer, and what is in it.
+#pragma once
+
+#include <windows.h>
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace host {
+
+class ModalDialog {
+  public:
+    /// The dialog or message box of this thread that takes input now, if any.
+    static std::optional<ModalDialog> find();
+
+    HWND window() const { return window_; }
+    std::wstring title() const;
+    /// A message box of the system, whoever has shown it.
+    bool is_message_box() const { return message_box_; }
+    /// Of a message box: its message.
+    std::wstring message() const;
+    /// The title of a dialog, the message of a message box.
+    std::wstring name() const { return message_box_ ? message() : title(); }
+
+    /// The visible control with that number, or null.
+    HWND control(int id) const;
+    /// The visible button (or check box) with that caption, "&" aside, or null.
+    HWND button(const std::wstring& caption) const;
+    HWND default_button() const;
+    /// All windows inside, outer ones before inner ones.
+    std::vector<HWND> descendants() const;
+
+  private:
+    ModalDialog(HWND window, bool message_box) : window_(window), message_box_(message_box) {}
+
+    HWND window_;
+    bool message_box_;
+};
+
+}  // namespace host

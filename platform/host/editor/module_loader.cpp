@@ -1,0 +1,225 @@
+#include "platform/host/editor/module_loader.h"
+
+#include <algorithm>
+#include <exception>
+
+#include "base/case_folding.h"
+#include "base/code_page.h"
+#include "platform/host/editor/command_line.h"
+#include "platform/host/editor/command_processor.h"
+#include "platform/host/editor/command_stack.h"
+
+ACRX_NO_CONS_DEFINE_MEMBERS(AcRxDynamicLinker, AcRxService)
+
+namespace host {
+namespace {
+
+using EntryPoint = AcRx::AppRetCode(AcRx::AppMsgCode, void*);
+using VersionQuery = int();
+
+std::wstring base_name(std::wstring_view path) {
+    const size_t slash = path.find_last_of(L"\\/");
+    std::wstring name = base::lower(slash == std::wstring_view::npos ? path : path.substr(slash + 1));
+    constexpr std::wstring_view extension = L".arx";
+    const bool has_extension = name.size() > extension.size() &&
+                               name.compare(name.size() - extension.size(), extension.size(), extension) == 0;
+    return has_extension ? name : name + std::wstring(extension);
+}
+
+std::wstring full_path(const std::wstring& file) {
+    wchar_t path[MAX_PATH * 4];
+    const DWORD length = GetFullPathNameW(file.c_str(), static_cast<DWORD>(std::size(path)), path, nullptr);
+    return length == 0 || length >= std::size(path) ? file : std::wstring(path, length);
+}
+
+std::wstring beside_program(const std::wstring& file) {
+    wchar_t program[MAX_PATH * 4];
+    const DWORD length = GetModuleFileNameW(nullptr, program, static_cast<DWORD>(std::size(program)));
+    const std::wstring path(program, length);
+    return path.substr(0, path.find_last_of(L'\\') + 1) + file;
+}
+
+std::wstring locate(const std::wstring& file) {
+    const std::wstring here = full_path(file);
+    const bool bare = file.find_first_of(L"\\/") == std::wstring::npos;
+    return bare && GetFileAttributesW(here.c_str()) == INVALID_FILE_ATTRIBUTES ? beside_program(file) : here;
+}
+
+}  // namespace
+
+/// A loaded module; its address is its application id.
+struct ModuleLoader::Module {
+    std::wstring name;
+    std::wstring path;
+    LoadedLibrary library;
+    EntryPoint* entry_point = nullptr;
+    bool locked = true;
+    bool mdi_aware = false;
+};
+
+ModuleLoader::ModuleLoader(CommandStack& commands, CommandProcessor& processor)
+    : commands_(commands), processor_(processor) {}
+
+ModuleLoader::~ModuleLoader() = default;
+
+std::wstring ModuleLoader::load(const std::wstring& file) {
+    if (find(file) != modules_.end()) {
+        return {};
+    }
+    auto module = std::make_unique<Module>();
+    module->name = base_name(file);
+    module->path = locate(file);
+    module->library = LoadedLibrary::load(module->path);
+    if (!module->library) {
+        return module->path + L" could not be loaded: " + system_message(GetLastError());
+    }
+    module->entry_point = module->library.function<EntryPoint>("acrxEntryPoint");
+    VersionQuery* const version = module->library.function<VersionQuery>("acrxGetApiVersion");
+    if (module->entry_point == nullptr || version == nullptr) {
+        return module->path + L" is not a module: it does not export acrxEntryPoint and acrxGetApiVersion";
+    }
+    const int built_for = version();
+    if (built_for != ACRX_API_VERSION) {
+        return module->path + L" is built for interface version " + std::to_wstring(built_for) + L", not " +
+               std::to_wstring(ACRX_API_VERSION);
+    }
+    modules_.push_back(std::move(module));
+    std::wstring problem = send(*modules_.back(), AcRx::kInitAppMsg);
+    if (!problem.empty()) {
+        release(modules_.end() - 1);
+        return problem;
+    }
+    return send(*modules_.back(), AcRx::kLoadDwgMsg);
+}
+
+std::wstring ModuleLoader::unload(const std::wstring& file) {
+    const auto module = find(file);
+    if (module == modules_.end()) {
+        return file + L" is not loaded";
+    }
+    if ((*module)->locked) {
+        return (*module)->name + L" cannot be unloaded: it is locked";
+    }
+    if (processor_.runs_function_of((*module)->library.handle())) {
+        return (*module)->name + L" cannot be unloaded: one of its commands is active";
+    }
+    std::wstring problem = send(**module, AcRx::kUnloadAppMsg);
+    release(module);
+    return problem;
+}
+
+void ModuleLoader::release(Modules::const_iterator module) {
+    if (const size_t left = commands_.remove_commands_of((*module)->library.handle())) {
+        command_line().print(L"\n" + (*module)->name + L" left " + std::to_wstring(left) + L" command(s) registered.");
+    }
+    modules_.erase(module);
+}
+
+void ModuleLoader::tell_all(AcRx::AppMsgCode message) {
+    for (const auto& module : modules_) {
+        const std::wstring problem = send(*module, message);
+        if (!problem.empty()) {
+            command_line().report(problem);
+        }
+    }
+}
+
+void ModuleLoader::quit() {
+    tell_all(AcRx::kQuitMsg);
+    while (!modules_.empty()) {
+        const std::wstring problem = send(*modules_.back(), AcRx::kUnloadAppMsg);
+        if (!problem.empty()) {
+            command_line().report(problem);
+        }
+        release(modules_.end() - 1);
+    }
+}
+
+std::wstring ModuleLoader::send(Module& module, AcRx::AppMsgCode message) {
+    const std::wstring subject = module.name + L": message " + std::to_wstring(message);
+    try {
+        return module.entry_point(message, &module) == AcRx::kRetError ? subject + L" was answered with an error"
+                                                                       : std::wstring();
+    } catch (const std::exception& exception) {
+        return subject + L" ended with an exception: " + base::wide_from_utf8(exception.what());
+    } catch (...) {  // a module may throw anything; the caller reports it
+        return subject + L" ended with an exception of a kind that the host does not know";
+    }
+}
+
+std::vector<std::wstring> ModuleLoader::loaded_files() const {
+    std::vector<std::wstring> files;
+    for (const auto& module : modules_) {
+        files.push_back(module->path);
+    }
+    return files;
+}
+
+ModuleLoader::Modules::const_iterator ModuleLoader::find(const std::wstring& file) const {
+    return std::find_if(modules_.begin(), modules_.end(),
+                        [name = base_name(file)](const auto& module) { return module->name == name; });
+}
+
+ModuleLoader::Module* ModuleLoader::application(void* id) const {
+    const auto found =
+        std::find_if(modules_.begin(), modules_.end(), [&](const auto& module) { return module.get() == id; });
+    return found == modules_.end() ? nullptr : found->get();
+}
+
+bool ModuleLoader::loadModule(const ACHAR* file, bool print, bool) {
+    const std::wstring problem = file == nullptr ? L"no module was named" : load(file);
+    if (!problem.empty() && print) {
+        command_line().print(L"\n" + problem);
+    }
+    return problem.empty();
+}
+
+bool ModuleLoader::unloadModule(const ACHAR* file, bool) {
+    return file != nullptr && unload(file).empty();
+}
+
+bool ModuleLoader::unlockApplication(void* id) const {
+    Module* const module = application(id);
+    const bool was_locked = module != nullptr && module->locked;
+    if (was_locked) {
+        module->locked = false;
+    }
+    return was_locked;
+}
+
+bool ModuleLoader::lockApplication(void* id) const {
+    Module* const module = application(id);
+    const bool was_unlocked = module != nullptr && !module->locked;
+    if (was_unlocked) {
+        module->locked = true;
+    }
+    return was_unlocked;
+}
+
+bool ModuleLoader::isApplicationLocked(const ACHAR* name) const {
+    const auto module = find(name);
+    return module != modules_.end() && (*module)->locked;
+}
+
+bool ModuleLoader::registerAppMDIAware(void* id) const {
+    Module* const module = application(id);
+    if (module != nullptr) {
+        module->mdi_aware = true;
+    }
+    return module != nullptr;
+}
+
+bool ModuleLoader::registerAppNotMDIAware(void* id) const {
+    Module* const module = application(id);
+    if (module != nullptr) {
+        module->mdi_aware = false;
+    }
+    return module != nullptr;
+}
+
+bool ModuleLoader::isAppMDIAware(const ACHAR* name) const {
+    const auto module = find(name);
+    return module != modules_.end() && (*module)->mdi_aware;
+}
+
+}  // namespace host

@@ -1,0 +1,58 @@
+// Loads modules, tells them what happens, and unloads them.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/host/editor/loaded_library.h"
+#include "rxdlinkr.h"
+
+namespace host {
+
+class CommandProcessor;
+class CommandStack;
+
+class ModuleLoader final : public AcRxDynamicLinker {
+  public:
+    ModuleLoader(CommandStack& commands, CommandProcessor& processor);
+    ~ModuleLoader() override;
+
+    /// Loads a module: by path, or by a bare name beside the program. The reason when it cannot be loaded, or empty;
+    /// empty too when it is loaded already.
+    std::wstring load(const std::wstring& file);
+    /// The reason when it is not loaded, locked, or running a command.
+    std::wstring unload(const std::wstring& file);
+    /// Sends a message to every module, in the order of loading.
+    void tell_all(AcRx::AppMsgCode message);
+    /// At the host's end: the quit message, then everything is unloaded, locked or not, the last one first.
+    void quit();
+
+    /// The paths of the modules, in the order of loading.
+    std::vector<std::wstring> loaded_files() const;
+
+    bool loadModule(const ACHAR* file, bool print, bool as_command) override;
+    bool unloadModule(const ACHAR* file, bool as_command) override;
+    bool unlockApplication(void* application) const override;
+    bool lockApplication(void* application) const override;
+    bool isApplicationLocked(const ACHAR* name) const override;
+    bool registerAppMDIAware(void* application) const override;
+    bool registerAppNotMDIAware(void* application) const override;
+    bool isAppMDIAware(const ACHAR* name) const override;
+
+  private:
+    struct Module;
+    using Modules = std::vector<std::unique_ptr<Module>>;
+
+    Modules::const_iterator find(const std::wstring& file) const;
+    /// The module that an application id stands for, or null.
+    Module* application(void* id) const;
+    std::wstring send(Module& module, AcRx::AppMsgCode message);
+    void release(Modules::const_iterator module);
+
+    CommandStack& commands_;
+    CommandProcessor& processor_;
+    Modules modules_;
+};
+
+}  // namespace host

@@ -1,0 +1,124 @@
+// acedCommand: a command of the host, answered from an argument list.
+#include <cstdarg>
+#include <deque>
+
+#include "acedads.h"
+#include "platform/host/editor/argument_command_line.h"
+#include "platform/host/editor/editor.h"
+
+namespace host {
+namespace {
+
+/// Arguments as a person would type them; nothing more after one that cannot be typed.
+struct Arguments {
+    std::deque<std::wstring> typed;
+    bool valid = true;
+
+    void add(int type, const ads_u_val& value) {
+        switch (type) {
+            case RTSTR:
+                typed.emplace_back(value.rstring != nullptr ? value.rstring : L"");
+                break;
+            case RTREAL:
+            case RTANG:
+            case RTORINT:
+                typed.push_back(format_real(value.rreal));
+                break;
+            case RTSHORT:
+                typed.push_back(std::to_wstring(value.rint));
+                break;
+            case RTLONG:
+                typed.push_back(std::to_wstring(value.rlong));
+                break;
+            case RTPOINT:
+                typed.push_back(format_point({value.rpoint[X], value.rpoint[Y], 0}));
+                break;
+            case RT3DPOINT:
+                typed.push_back(format_point({value.rpoint[X], value.rpoint[Y], value.rpoint[Z]}));
+                break;
+            default:
+                valid = false;
+                break;
+        }
+    }
+};
+
+bool ends_list(int type) {
+    return type == RTNONE || type == 0;
+}
+
+Arguments read_arguments(int type, va_list list) {
+    Arguments arguments;
+    for (; !ends_list(type) && arguments.valid; type = va_arg(list, int)) {
+        ads_u_val value{};
+        switch (type) {
+            case RTSTR:
+                value.rstring = const_cast<ACHAR*>(va_arg(list, const ACHAR*));
+                break;
+            case RTREAL:
+            case RTANG:
+            case RTORINT:
+                value.rreal = va_arg(list, double);
+                break;
+            case RTSHORT:
+                value.rint = static_cast<short>(va_arg(list, int));
+                break;
+            case RTLONG:
+                value.rlong = va_arg(list, Adesk::Int32);
+                break;
+            case RTPOINT:
+            case RT3DPOINT: {
+                const ads_real* const point = va_arg(list, const ads_real*);
+                std::copy_n(point, type == RTPOINT ? 2 : 3, value.rpoint);
+                break;
+            }
+            default:
+                break;
+        }
+        arguments.add(type, value);
+    }
+    return arguments;
+}
+
+int run(Arguments arguments) {
+    CommandLine& outer = command_line();
+    if (!arguments.valid) {
+        outer.report(L"acedCommand was given an argument of a type that cannot be typed.");
+        return RTERROR;
+    }
+    if (arguments.typed.empty()) {
+        return RTNORM;
+    }
+    const std::wstring name = arguments.typed.front();
+    arguments.typed.pop_front();
+    ArgumentCommandLine answers(std::move(arguments.typed), outer);
+    const CommandLineScope scope(answers);
+    if (!editor().processor.run_built_in(name)) {
+        outer.report(L"Unknown command \"" + name + L"\".");
+        return RTREJ;
+    }
+    if (answers.ran_out() || answers.left_over() != 0) {
+        outer.report(name + (answers.ran_out() ? L" needs more arguments." : L" was given too many arguments."));
+        return RTERROR;
+    }
+    return answers.refused() ? RTERROR : RTNORM;
+}
+
+}  // namespace
+}  // namespace host
+
+int acedCommand(int rtype, ...) {
+    va_list list;
+    va_start(list, rtype);
+    host::Arguments arguments = host::read_arguments(rtype, list);
+    va_end(list);
+    return host::run(std::move(arguments));
+}
+
+int acedCmd(const struct resbuf* list) {
+    host::Arguments arguments;
+    for (; list != nullptr && !host::ends_list(list->restype) && arguments.valid; list = list->rbnext) {
+        arguments.add(list->restype, list->resval);
+    }
+    return host::run(std::move(arguments));
+}

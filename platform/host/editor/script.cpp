@@ -1,0 +1,174 @@
+#include "platform/host/editor/script.h"
+
+#include <array>
+
+#include "base/code_page.h"
+#include "platform/host/editor/input_text.h"
+#include "platform/host/editor/key_names.h"
+#include "platform/host/editor/script_words.h"
+
+namespace host {
+namespace {
+
+/// What may stand at one place after the action's name.
+enum class Argument { none, target, number, text, on_or_off, key, optional_button };
+
+struct ActionForm {
+    std::wstring_view name;
+    DialogAction::Kind kind;
+    std::array<Argument, 2> arguments;
+    std::wstring_view usage;
+};
+
+constexpr ActionForm action_forms[] = {
+    {L"@press", DialogAction::press, {Argument::target}, L"@press TARGET"},
+    {L"@tick", DialogAction::tick, {Argument::target, Argument::on_or_off}, L"@tick TARGET on|off"},
+    {L"@click-cell", DialogAction::click_cell, {Argument::number, Argument::number}, L"@click-cell COLUMN ROW"},
+    {L"@double-click-cell",
+     DialogAction::double_click_cell,
+     {Argument::number, Argument::number},
+     L"@double-click-cell COLUMN ROW"},
+    {L"@click-heading", DialogAction::click_heading, {Argument::number}, L"@click-heading COLUMN"},
+    {L"@drag-border", DialogAction::drag_border, {Argument::number, Argument::number}, L"@drag-border COLUMN PIXELS"},
+    {L"@type", DialogAction::type, {Argument::text}, L"@type \"TEXT\""},
+    {L"@key", DialogAction::key, {Argument::key}, L"@key [CTRL+][SHIFT+][ALT+]NAME"},
+    {L"@picture", DialogAction::picture, {Argument::text}, L"@picture \"FILE.png\""},
+    {L"@expect-text", DialogAction::expect_text, {Argument::number, Argument::text}, L"@expect-text ID \"TEXT\""},
+    {L"@close", DialogAction::close, {}, L"@close"},
+    {L"@alert", DialogAction::alert, {Argument::text, Argument::optional_button}, L"@alert \"TEXT\" [BUTTON]"},
+};
+
+bool is_button_name(std::wstring_view name) {
+    for (const std::wstring_view known : {L"OK", L"CANCEL", L"ABORT", L"RETRY", L"IGNORE", L"YES", L"NO"}) {
+        if (name == known) {
+            return true;
+        }
+    }
+    return false;
+}
+
+void put_number(DialogAction& action, size_t place, int number) {
+    switch (action.kind) {
+        case DialogAction::expect_text:
+            action.id = number;
+            break;
+        case DialogAction::drag_border:
+            (place == 0 ? action.column : action.pixels) = number;
+            break;
+        default:
+            (place == 0 ? action.column : action.row) = number;
+            break;
+    }
+}
+
+bool take_argument(DialogAction& action, Argument argument, size_t place, const ScriptWord& word) {
+    const std::optional<int> number = word.quoted ? std::nullopt : parse_integer(word.text);
+    switch (argument) {
+        case Argument::target:
+            action.id = number;
+            action.text = number ? std::wstring() : plain_caption(word.text);
+            return number || word.quoted;
+        case Argument::number:
+            put_number(action, place, number.value_or(0));
+            return number.has_value();
+        case Argument::text:
+            action.text = word.text;
+            return word.quoted || action.kind == DialogAction::picture;
+        case Argument::on_or_off:
+            action.on = word.text == L"on";
+            return !word.quoted && (word.text == L"on" || word.text == L"off");
+        case Argument::key: {
+            const std::optional<NamedKey> key = parse_key(word.text);
+            action.virtual_key = key ? key->virtual_key : 0;
+            action.modifiers = key ? key->modifiers : 0;
+            return key.has_value();
+        }
+        case Argument::optional_button:
+            action.button = word.text;
+            return !word.quoted && is_button_name(word.text);
+        case Argument::none:
+            break;
+    }
+    return false;
+}
+
+bool take_arguments(DialogAction& action, const ActionForm& form, const std::vector<ScriptWord>& words) {
+    size_t next = 1;
+    for (size_t place = 0; place < form.arguments.size() && form.arguments[place] != Argument::none; ++place) {
+        if (next == words.size()) {
+            return form.arguments[place] == Argument::optional_button;
+        }
+        if (!take_argument(action, form.arguments[place], place, words[next++])) {
+            return false;
+        }
+    }
+    return next == words.size();
+}
+
+/// Fills the line's action; the reason when it cannot.
+std::wstring parse_action(ScriptLine& line) {
+    const std::optional<std::vector<ScriptWord>> words = split_script_words(line.text);
+    if (!words) {
+        return L"a quoted text is not closed";
+    }
+    for (const ActionForm& form : action_forms) {
+        if (words->front().text == form.name) {
+            DialogAction action;
+            action.kind = form.kind;
+            if (!take_arguments(action, form, *words)) {
+                return L"expected " + std::wstring(form.usage);
+            }
+            line.action = std::move(action);
+            return {};
+        }
+    }
+    return L"unknown action " + words->front().text;
+}
+
+}  // namespace
+
+Script read_script(std::string_view bytes, std::wstring file, std::optional<ScriptFault>& fault) {
+    constexpr std::string_view byte_order_mark = "\xEF\xBB\xBF";
+    if (bytes.substr(0, byte_order_mark.size()) == byte_order_mark) {
+        bytes.remove_prefix(byte_order_mark.size());
+    }
+    Script script{std::move(file), {}};
+    for (size_t number = 1; !bytes.empty(); ++number) {
+        const size_t end = std::min(bytes.find('\n'), bytes.size());
+        std::string_view line_bytes = bytes.substr(0, end);
+        bytes.remove_prefix(std::min(end + 1, bytes.size()));
+        if (!line_bytes.empty() && line_bytes.back() == '\r') {
+            line_bytes.remove_suffix(1);
+        }
+        if (!base::valid_utf8(line_bytes)) {
+            fault = ScriptFault{number, L"not UTF-8"};
+            return {};
+        }
+        ScriptLine line{number, base::wide_from_utf8(line_bytes), std::nullopt};
+        if (!line.text.empty() && line.text.front() == L';') {
+            continue;
+        }
+        const std::wstring reason = line.text.substr(0, 1) == L"@" ? parse_action(line) : std::wstring();
+        if (!reason.empty()) {
+            fault = ScriptFault{number, reason};
+            return {};
+        }
+        script.lines.push_back(std::move(line));
+    }
+    fault.reset();
+    return script;
+}
+
+std::wstring plain_caption(std::wstring_view caption) {
+    caption = caption.substr(0, caption.find(L'\t'));
+    std::wstring plain;
+    for (size_t at = 0; at < caption.size(); ++at) {
+        if (caption[at] == L'&' && ++at == caption.size()) {
+            break;
+        }
+        plain.push_back(caption[at]);
+    }
+    return plain;
+}
+
+}  // namespace host

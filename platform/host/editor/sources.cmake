@@ -1,0 +1,34 @@
+# The windows, the loader and the interface functions: parts of hostcore.dll.
+set(host_editor_sources
+    argument_command_line.cpp
+    built_in_commands.cpp
+    cell_query.cpp
+    command_line.cpp
+    command_processor.cpp
+    command_stack.cpp
+    dialog_driver.cpp
+    document.cpp
+    document_manager.cpp
+    drawing_variables.cpp
+    drawing_view.cpp
+    editor.cpp
+    file_question.cpp
+    history.cpp
+    input_events.cpp
+    input_rules.cpp
+    interface_functions.cpp
+    loaded_library.cpp
+    main_window.cpp
+    modal_dialog.cpp
+    module_loader.cpp
+    object_registry.cpp
+    posted_input.cpp
+    run_command.cpp
+    scripted_command_line.cpp
+    transparent_command_line.cpp
+    typed_command_line.cpp
+    user_input.cpp
+    watchdog.cpp
+    window_class.cpp
+    window_picture.cpp)
+list(TRANSFORM host_editor_sources PREPEND editor/)

@@ -1,0 +1,59 @@
+// The host's system variables: names, types, limits and values.
+#pragma once
+
+#include <functional>
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+#include "platform/host/editor/input_text.h"
+
+namespace host {
+
+/// The alternatives are the types that acedGetVar reports: RTSHORT, RTREAL, RTSTR and RT3DPOINT.
+using VariableValue = std::variant<int, double, std::wstring, Point>;
+
+enum class VariableFault { none, unknown, read_only, wrong_type, out_of_range };
+
+struct VariableDescription;
+
+/// All variables with their initial values. Names are found without regard to case.
+class SystemVariables {
+  public:
+    SystemVariables();
+
+    std::optional<VariableValue> get(std::wstring_view name) const;
+    /// What a user or a module may do. A whole number is taken where a real is kept.
+    VariableFault set(std::wstring_view name, const VariableValue& value);
+    /// The same from typed text, read by the variable's own type.
+    VariableFault set_from_text(std::wstring_view name, std::wstring_view text);
+
+    /// What the host itself does: read-only variables too, without limits. The variable must exist with this type.
+    void put(std::wstring_view name, VariableValue value);
+    /// From now on the value is asked from `source`. The variable must exist and be read-only.
+    void compute(std::wstring_view name, std::function<VariableValue()> source);
+
+    /// Back to the initial values for all that belong to one drawing (what its header may then override).
+    void reset_drawing_values();
+    /// The names of the writable variables that belong to one drawing, upper case without "$".
+    std::vector<std::wstring_view> drawing_names() const;
+
+  private:
+    struct Variable {
+        VariableValue value;
+        std::function<VariableValue()> source;
+        const VariableDescription* description = nullptr;
+    };
+    Variable* find(std::wstring_view name);
+    const Variable* find(std::wstring_view name) const;
+
+    std::map<std::wstring, Variable, std::less<>> variables_;
+};
+
+/// As it is typed and shown: numbers without superfluous digits, points with commas.
+std::wstring format_variable(const VariableValue& value);
+
+}  // namespace host

@@ -1,0 +1,20 @@
+// Window classes of the host, and texts of any window.
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+
+namespace host {
+
+/// The library that holds the host's window procedures.
+HINSTANCE host_instance();
+
+/// Registers a class, once in a process; `background` is a system colour (COLOR_WINDOW...).
+void register_window_class(const wchar_t* name, WNDPROC procedure, int background);
+
+/// The title, or a control's text, as the window itself gives it.
+std::wstring window_text(HWND window);
+std::wstring window_class_name(HWND window);
+
+}  // namespace host

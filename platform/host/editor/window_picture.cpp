@@ -1,0 +1,111 @@
+#include "platform/host/editor/window_picture.h"
+
+#include <memory>
+#include <system_error>
+
+#include "platform/host/editor/loaded_library.h"
+
+namespace host {
+namespace {
+
+/// GDI+ through its flat functions, loaded when the first picture is asked for: most runs take none.
+class PictureLibrary {
+  public:
+    PictureLibrary() : library_(LoadedLibrary::load(L"gdiplus.dll")) {
+        if (library_) {
+            struct StartupInput {
+                UINT32 version = 1;
+                void* debug_callback = nullptr;
+                BOOL no_background_thread = FALSE;
+                BOOL no_external_codecs = FALSE;
+            } input;
+            auto* startup = library_.function<int WINAPI(ULONG_PTR*, const StartupInput*, void*)>("GdiplusStartup");
+            started_ = startup != nullptr && startup(&token_, &input, nullptr) == 0;
+        }
+    }
+    ~PictureLibrary() {
+        if (started_) {
+            library_.function<void WINAPI(ULONG_PTR)>("GdiplusShutdown")(token_);
+        }
+    }
+    PictureLibrary(const PictureLibrary&) = delete;
+    PictureLibrary& operator=(const PictureLibrary&) = delete;
+
+    bool save_png(HBITMAP bitmap, const wchar_t* path) const {
+        if (!started_) {
+            return false;
+        }
+        constexpr CLSID png = {0x557CF406, 0x1A04, 0x11D3, {0x9A, 0x73, 0x00, 0x00, 0xF8, 0x1E, 0xF3, 0x2E}};
+        auto* from_bitmap = library_.function<int WINAPI(HBITMAP, HPALETTE, void**)>("GdipCreateBitmapFromHBITMAP");
+        auto* save =
+            library_.function<int WINAPI(void*, const wchar_t*, const CLSID*, const void*)>("GdipSaveImageToFile");
+        auto* dispose = library_.function<int WINAPI(void*)>("GdipDisposeImage");
+        void* image = nullptr;
+        if (from_bitmap(bitmap, nullptr, &image) != 0) {
+            return false;
+        }
+        const std::unique_ptr<void, decltype(dispose)> owner(image, dispose);
+        return save(image, path, &png, nullptr) == 0;
+    }
+
+  private:
+    LoadedLibrary library_;
+    ULONG_PTR token_ = 0;
+    bool started_ = false;
+};
+
+struct WindowContext {
+    explicit WindowContext(HWND of) : window(of), context(GetWindowDC(of)) {}
+    ~WindowContext() { ReleaseDC(window, context); }
+    WindowContext(const WindowContext&) = delete;
+    WindowContext& operator=(const WindowContext&) = delete;
+    HWND window;
+    HDC context;
+};
+
+struct DeleteContext {
+    using pointer = HDC;
+    void operator()(HDC context) const { DeleteDC(context); }
+};
+
+struct DeleteBitmap {
+    using pointer = HBITMAP;
+    void operator()(HBITMAP bitmap) const { DeleteObject(bitmap); }
+};
+
+}  // namespace
+
+std::wstring save_bitmap_png(HBITMAP bitmap, const std::filesystem::path& path) {
+    std::filesystem::path unfinished = path;
+    unfinished += L".part";
+    std::error_code ignored;
+    if (!PictureLibrary().save_png(bitmap, unfinished.c_str())) {
+        std::filesystem::remove(unfinished, ignored);
+        return L"the picture " + path.wstring() + L" could not be written";
+    }
+    if (MoveFileExW(unfinished.c_str(), path.c_str(), MOVEFILE_REPLACE_EXISTING) == 0) {
+        const std::wstring reason = system_message(GetLastError());
+        std::filesystem::remove(unfinished, ignored);
+        return L"the picture " + path.wstring() + L" could not be written: " + reason;
+    }
+    return {};
+}
+
+std::wstring save_window_png(HWND window, const std::filesystem::path& path) {
+    RECT frame;
+    if (GetWindowRect(window, &frame) == 0) {
+        return L"there is no window to take a picture of";
+    }
+    RedrawWindow(window, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+    const int width = frame.right - frame.left;
+    const int height = frame.bottom - frame.top;
+    const WindowContext source(window);
+    const std::unique_ptr<HDC, DeleteContext> memory(CreateCompatibleDC(source.context));
+    const std::unique_ptr<HBITMAP, DeleteBitmap> bitmap(CreateCompatibleBitmap(source.context, width, height));
+    const HGDIOBJ previous = SelectObject(memory.get(), bitmap.get());
+    BitBlt(memory.get(), 0, 0, width, height, source.context, 0, 0, SRCCOPY);
+    SelectObject(memory.get(), previous);
+    return save_bitmap_png(bitmap.get(), path);
+}
+
+}  // namespace host

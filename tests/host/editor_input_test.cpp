@@ -1,0 +1,118 @@
+// What is typed: command names, points, numbers, keywords, system variables, program arguments.
+#include <gmock/gmock.h>
+
+#include "platform/host/app/options.h"
+#include "platform/host/editor/command_name.h"
+#include "platform/host/editor/input_text.h"
+#include "platform/host/editor/keywords.h"
+#include "platform/host/editor/system_variables.h"
+
+namespace host {
+namespace {
+
+TEST(CommandName, KnowsItsPrefixes) {
+    const auto show = [](std::wstring_view typed) {
+        const CommandName name = parse_command_name(typed);
+        return (name.transparent ? L"t" : L"") + std::wstring(name.built_in ? L"b" : L"") +
+               (name.global_only ? L"g" : L"") + L"[" + name.name + L"]";
+    };
+    EXPECT_EQ(show(L"  qxbomc "), L"[qxbomc]");
+    EXPECT_EQ(show(L"'_.INSERT"), L"tbg[INSERT]");
+    EXPECT_EQ(show(L"._A.B_C"), L"bg[A.B_C]");
+    EXPECT_EQ(show(L"__X"), L"g[_X]");
+    EXPECT_EQ(show(L"'"), L"t[]");
+    EXPECT_EQ(show(L" "), L"[]");
+}
+
+TEST(InputText, ReadsNumbersAndPoints) {
+    EXPECT_EQ(parse_point(L" 1.5 , -2e3"), (Point{1.5, -2000, 0}));
+    EXPECT_EQ(parse_point(L"+1,.5,3"), (Point{1, 0.5, 3}));
+    for (const wchar_t* refused :
+         {L"", L"1", L"1,", L"1,2,3,4", L"1;2", L"a,b", L"1,2x", L"inf,0", L"1e999,0", L"+-1,0"}) {
+        EXPECT_FALSE(parse_point(refused)) << refused;
+    }
+    EXPECT_EQ(parse_integer(L"+12"), 12);
+    EXPECT_FALSE(parse_integer(L"1.0"));
+    EXPECT_FALSE(parse_integer(L"99999999999"));
+    EXPECT_FALSE(parse_integer(L"\x0661"));
+    for (const double number : {0.1, -1e-300, 12345678.25, 1.0 / 3}) {
+        EXPECT_EQ(parse_real(format_real(number)), number);
+    }
+    EXPECT_EQ(format_point({1, 2.5, 0}), L"1,2.5,0");
+}
+
+TEST(InputText, ReadsPointerEvents) {
+    const auto move = parse_input_event(L"move 3,4");
+    ASSERT_TRUE(move);
+    EXPECT_EQ(move->kind, InputEvent::move);
+    EXPECT_EQ(move->point, (Point{3, 4, 0}));
+    EXPECT_EQ(parse_input_event(L"pick  1,2,3")->kind, InputEvent::pick);
+    EXPECT_EQ(parse_input_event(L"return")->character, L'\r');
+    EXPECT_EQ(parse_input_event(L"")->character, L'\r');
+    EXPECT_EQ(parse_input_event(L"key x")->character, L'x');
+    for (const wchar_t* refused : {L"move", L"move 1", L"key", L"key xy", L"pick a,b", L"jump 1,2"}) {
+        EXPECT_FALSE(parse_input_event(refused)) << refused;
+    }
+}
+
+TEST(Keywords, TakeAbbreviations) {
+    const Keywords keywords(L"Load  Unload eXit LType");
+    EXPECT_EQ(keywords.match(L"l"), L"Load");
+    EXPECT_EQ(keywords.match(L"LO"), L"Load");
+    EXPECT_EQ(keywords.match(L"lt"), L"LType");
+    EXPECT_EQ(keywords.match(L"X"), L"eXit");
+    EXPECT_EQ(keywords.match(L"exit"), L"eXit");
+    EXPECT_EQ(keywords.match(L"e"), L"");
+    EXPECT_EQ(keywords.match(L"loads"), L"");
+    EXPECT_EQ(keywords.match(L""), L"");
+    EXPECT_TRUE(Keywords(L" ").empty());
+}
+
+TEST(SystemVariables, KeepTypesLimitsAndAccess) {
+    SystemVariables variables;
+    EXPECT_EQ(variables.get(L"AttReq"), VariableValue(1));
+    EXPECT_FALSE(variables.get(L"NOSUCH"));
+    EXPECT_EQ(variables.set(L"attreq", 0), VariableFault::none);
+    EXPECT_EQ(variables.get(L"ATTREQ"), VariableValue(0));
+    EXPECT_EQ(variables.set(L"ATTREQ", 2), VariableFault::out_of_range);
+    EXPECT_EQ(variables.set(L"ATTREQ", 0.0), VariableFault::wrong_type);
+    EXPECT_EQ(variables.set(L"ATTREQ", std::wstring(L"0")), VariableFault::wrong_type);
+    EXPECT_EQ(variables.set(L"TEXTSIZE", 3), VariableFault::none) << "a whole number where a real is kept";
+    EXPECT_EQ(variables.get(L"TEXTSIZE"), VariableValue(3.0));
+    EXPECT_EQ(variables.set(L"TEXTSIZE", 0.0), VariableFault::out_of_range);
+    EXPECT_EQ(variables.set(L"DWGNAME", std::wstring(L"x")), VariableFault::read_only);
+    EXPECT_EQ(variables.set(L"NOSUCH", 1), VariableFault::unknown);
+    EXPECT_EQ(variables.set_from_text(L"INSBASE", L"1,2"), VariableFault::none);
+    EXPECT_EQ(format_variable(*variables.get(L"INSBASE")), L"1,2,0");
+    EXPECT_EQ(variables.set_from_text(L"OSMODE", L"full"), VariableFault::wrong_type);
+    EXPECT_EQ(variables.set_from_text(L"OSMODE", L"32768"), VariableFault::out_of_range);
+
+    variables.compute(L"CMDNAMES", [] { return std::wstring(L"A'B"); });
+    EXPECT_EQ(variables.get(L"cmdnames"), VariableValue(std::wstring(L"A'B")));
+    EXPECT_ANY_THROW(variables.compute(L"OSMODE", [] { return 1; }));
+    EXPECT_ANY_THROW(variables.put(L"OSMODE", 1.0));
+
+    variables.reset_drawing_values();
+    EXPECT_EQ(variables.get(L"TEXTSIZE"), VariableValue(2.5)) << "belongs to the drawing";
+    EXPECT_EQ(variables.get(L"ATTREQ"), VariableValue(0)) << "belongs to the session";
+}
+
+TEST(Options, ReadArguments) {
+    Options options;
+    EXPECT_EQ(read_options({L"a.dxf", L"--load", L"m.arx", L"--load", L"n.arx", L"--script", L"s.scr", L"--hidden",
+                            L"--verbose", L"--stall-seconds", L"7"},
+                           options),
+              L"");
+    EXPECT_EQ(options.drawing + L"," + options.script, L"a.dxf,s.scr");
+    EXPECT_THAT(options.modules, testing::ElementsAre(L"m.arx", L"n.arx"));
+    EXPECT_TRUE(options.hidden && options.verbose);
+    EXPECT_EQ(options.stall_seconds, 7);
+    EXPECT_EQ(read_options({L"--load"}, options), L"--load needs a value");
+    EXPECT_EQ(read_options({L"--stall-seconds", L"0"}, options), L"--stall-seconds needs a number of seconds");
+    EXPECT_EQ(read_options({L"--fast"}, options), L"unknown option --fast");
+    Options two;
+    EXPECT_EQ(read_options({L"a", L"b"}, two), L"more than one drawing: b");
+}
+
+}  // namespace
+}  // namespace host
