@@ -92,9 +92,9 @@ bool CountSelectedBlocks(CalcPriceDialog& dialog) {
     if (!SelectBlockReferences(dialog, selection_set)) {
         return false;
     }
-    Adesk::Int32 length = 0;
+    long length = 0;
     acedSSLength(selection_set, &length);
-    for (Adesk::Int32 i = 0; i < length; ++i) {
+    for (long i = 0; i < length; ++i) {
         ads_name name;
         acedSSName(selection_set, i, name);
         if (!count_object(dialog, name)) {

@@ -141,6 +141,10 @@ inline std::tuple<UINT, CWnd*> idle_arguments(const AFX_MESSAGE& m) {
 
 }  // namespace framework
 
+/// Marks a message handler for the reader.
+#define afx_msg
+
+/// Handlers are given in full (&CMyDialog::OnPress), those of ON_WM_... have the names that the macro implies.
 /// One entry of the given kind; `arguments` names one of the functions above.
 #define AFX_ENTRY(message, code, first, last, kind, arguments, handler)                                      \
     {static_cast<UINT>(message), static_cast<UINT>(code), static_cast<UINT>(first), static_cast<UINT>(last), \
@@ -149,19 +153,19 @@ inline std::tuple<UINT, CWnd*> idle_arguments(const AFX_MESSAGE& m) {
     AFX_ENTRY(message, 0, 0, 0, framework::Signature<result parameters>, arguments, &ThisClass::handler)
 
 #define ON_COMMAND(id, handler) \
-    AFX_ENTRY(WM_COMMAND, CN_COMMAND, id, id, framework::Signature<void()>, no_arguments, &ThisClass::handler)
+    AFX_ENTRY(WM_COMMAND, CN_COMMAND, id, id, framework::Signature<void()>, no_arguments, handler)
 #define ON_COMMAND_RANGE(first, last, handler) \
-    AFX_ENTRY(WM_COMMAND, CN_COMMAND, first, last, framework::Signature<void(UINT)>, id_argument, &ThisClass::handler)
+    AFX_ENTRY(WM_COMMAND, CN_COMMAND, first, last, framework::Signature<void(UINT)>, id_argument, handler)
 #define ON_COMMAND_EX(id, handler) \
-    AFX_ENTRY(WM_COMMAND, CN_COMMAND, id, id, framework::Passing<BOOL(UINT)>, id_argument, &ThisClass::handler)
+    AFX_ENTRY(WM_COMMAND, CN_COMMAND, id, id, framework::Passing<BOOL(UINT)>, id_argument, handler)
 #define ON_CONTROL(code, id, handler) \
-    AFX_ENTRY(WM_COMMAND, code, id, id, framework::Signature<void()>, no_arguments, &ThisClass::handler)
+    AFX_ENTRY(WM_COMMAND, code, id, id, framework::Signature<void()>, no_arguments, handler)
 #define ON_CONTROL_RANGE(code, first, last, handler) \
-    AFX_ENTRY(WM_COMMAND, code, first, last, framework::Signature<void(UINT)>, id_argument, &ThisClass::handler)
-#define ON_NOTIFY(code, id, handler)                                                                   \
-    AFX_ENTRY(WM_NOTIFY, code, id, id, framework::Signature<void(NMHDR*, LRESULT*)>, notify_arguments, \
-              &ThisClass::handler)
-#define ON_MESSAGE(message, handler) AFX_WINDOW_ENTRY(message, LRESULT, (WPARAM, LPARAM), raw_arguments, handler)
+    AFX_ENTRY(WM_COMMAND, code, first, last, framework::Signature<void(UINT)>, id_argument, handler)
+#define ON_NOTIFY(code, id, handler) \
+    AFX_ENTRY(WM_NOTIFY, code, id, id, framework::Signature<void(NMHDR*, LRESULT*)>, notify_arguments, handler)
+#define ON_MESSAGE(message, handler) \
+    AFX_ENTRY(message, 0, 0, 0, framework::Signature<LRESULT(WPARAM, LPARAM)>, raw_arguments, handler)
 
 #define ON_BN_CLICKED(id, handler) ON_CONTROL(BN_CLICKED, id, handler)
 #define ON_BN_DOUBLECLICKED(id, handler) ON_CONTROL(BN_DOUBLECLICKED, id, handler)
