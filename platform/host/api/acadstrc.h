@@ -79,6 +79,7 @@ enum ErrorStatus {
     eMissingSymbolTable = 99,
     eMissingSymbolTableRec = 100,
     eWasNotOpenForWrite = 101,
+    eInvalidLayer = 110,
     eCannotBeErasedByCaller = 119,
     eNoDatabase = 143,
     eNotInBlock = 148,

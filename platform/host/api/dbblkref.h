@@ -26,6 +26,9 @@ class AcDbBlockReference : public AcDbEntity {
     double rotation() const;
     Acad::ErrorStatus setRotation(double angle);
 
+    /// From the block's space to the reference's, the block's origin taken off.
+    AcGeMatrix3d blockTransform() const;
+
     /// Gives an attribute to a reference that was added to the drawing and has not been closed since (else
     /// eNotApplicable). The attribute must be closed, and before its reference.
     Acad::ErrorStatus appendAttribute(AcDbAttribute* attribute);
@@ -33,6 +36,7 @@ class AcDbBlockReference : public AcDbEntity {
   protected:
     void read_fields(const host::FieldReader& from) override;
     void write_fields(host::FieldWriter& to) const override;
+    void flush() override;
 
   private:
     friend class AcDbAttribute;
@@ -40,12 +44,13 @@ class AcDbBlockReference : public AcDbEntity {
         AcDbAttribute* open;  ///< null once it was closed
         std::string record;
     };
-    void keep(AcDbAttribute& attribute);
+    std::vector<OwnedAttribute>::iterator owned(const AcDbAttribute& attribute);
 
     AcGePoint3d position_;
     AcGeScale3d scale_;
     double rotation_ = 0.0;
     AcDbObjectId block_;
-    bool block_known_ = false;
+    std::wstring block_name_;  ///< as the record spells it; empty once the block was set
     std::vector<OwnedAttribute> attributes_;
+    std::string sequence_end_;
 };

@@ -29,7 +29,6 @@ class AcDbBlockTableRecord : public AcDbSymbolTableRecord {
   protected:
     void read_fields(const host::FieldReader& from) override;
     void flush() override;
-    Acad::ErrorStatus erase_from_store() override;
 
   private:
     friend class host::DatabaseStore;

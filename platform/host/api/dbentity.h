@@ -31,7 +31,10 @@ class AcDbEntity : public AcDbObject {
     void read_fields(const host::FieldReader& from) override;
     void write_fields(host::FieldWriter& to) const override;
 
-    /// The entity's type and its class in the subclass marker, as a file has them.
+    /// Layer, colour and visibility.
+    void copy_properties(const AcDbEntity& other);
+
+    /// The entity's type as a file has it.
     virtual const ACHAR* record_type() const;
 
   private:

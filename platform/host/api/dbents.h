@@ -2,6 +2,7 @@
 #pragma once
 
 #include "dbmain.h"
+#include "gemat3d.h"
 #include "gepnt3d.h"
 #include "gescl3d.h"
 
@@ -68,6 +69,8 @@ class AcDbText : public AcDbEntity {
     void write_text_fields(host::FieldWriter& to) const;
     void read_vertical_mode(const host::FieldReader& from, int code);
     void copy_text(const AcDbText& other);
+    /// Moves, turns and stretches the text in its plane.
+    void transform_text(const AcGeMatrix3d& transform);
 
   private:
     friend class AcDbAttribute;
@@ -80,6 +83,7 @@ class AcDbText : public AcDbEntity {
     double oblique_ = 0.0;
     std::wstring text_;
     std::wstring style_ = L"Standard";
+    AcDbObjectId style_id_;  ///< while the text is in no drawing
     AcDb::TextHorzMode horizontal_ = AcDb::kTextLeft;
     AcDb::TextVertMode vertical_ = AcDb::kTextBase;
 };
@@ -133,10 +137,10 @@ class AcDbAttribute : public AcDbText {
     Acad::ErrorStatus setTag(const ACHAR* tag);
     Adesk::Boolean isInvisible() const;
     Acad::ErrorStatus setInvisible(Adesk::Boolean set);
-    /// Takes everything from a definition, with its geometry moved as the reference moves its block. The text is the
-    /// definition's default.
+    /// Takes everything from a definition, with its geometry transformed (by the reference's blockTransform()). The
+    /// text is the definition's default.
     Acad::ErrorStatus setAttributeFromBlock(const AcDbAttributeDefinition* definition,
-                                            const AcDbBlockReference* reference);
+                                            const AcGeMatrix3d& blockTransform);
 
   protected:
     void read_fields(const host::FieldReader& from) override;

@@ -66,7 +66,6 @@ class AcDbObject : public AcRxObject {
     virtual void write_fields(host::FieldWriter& to) const;
     /// Puts what was changed while the object was open into the drawing.
     virtual void flush();
-    virtual Acad::ErrorStatus erase_from_store();
 
   private:
     friend class host::ObjectGate;

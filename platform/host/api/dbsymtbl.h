@@ -49,10 +49,11 @@ class AcDbSymbolTable : public AcDbObject {
     explicit AcDbSymbolTable(host::TableKind kind) : kind_(kind) {}
     Acad::ErrorStatus open_at(const ACHAR* name, AcDbObject*& record, const AcRxClass* record_class,
                               AcDb::OpenMode mode, bool open_erased) const;
-    Acad::ErrorStatus erase_from_store() override;
 
   private:
     friend class AcDbSymbolTableIterator;
+    const AcRxClass* record_class() const;
+
     host::TableKind kind_;
 };
 

@@ -1,0 +1,143 @@
+#include "dbdatabase.h"
+
+#include <algorithm>
+#include <iostream>
+
+#include "dbsymtb.h"
+#include "platform/host/database/database_store.h"
+
+namespace {
+
+template <class Table>
+Acad::ErrorStatus open_table(Table*& table, AcDbObjectId id, AcDb::OpenMode mode) {
+    return acdbOpenObject(table, id, mode);
+}
+
+/// A command that does not close what it opened is wrong: developers are told.
+void log_open_objects([[maybe_unused]] const host::DatabaseStore& store) {
+#if !defined(NDEBUG)
+    const std::wstring report = host::open_object_report(store);
+    if (!report.empty()) {
+        std::wcerr << L"objects left open in a drawing that is closed:\n" << report << std::flush;
+    }
+#endif
+}
+
+}  // namespace
+
+AcDbDatabase::AcDbDatabase(std::unique_ptr<host::DatabaseStore> store) : store_(std::move(store)) {
+    store_->set_database(this);
+}
+
+AcDbDatabase::~AcDbDatabase() {
+    log_open_objects(*store_);
+}
+
+AcDbObjectId AcDbDatabase::blockTableId() const {
+    return store_->id_of_table(host::TableKind::blocks);
+}
+
+AcDbObjectId AcDbDatabase::layerTableId() const {
+    return store_->id_of_table(host::TableKind::layers);
+}
+
+AcDbObjectId AcDbDatabase::textStyleTableId() const {
+    return store_->id_of_table(host::TableKind::text_styles);
+}
+
+Acad::ErrorStatus AcDbDatabase::getBlockTable(AcDbBlockTable*& table, AcDb::OpenMode mode) const {
+    return open_table(table, blockTableId(), mode);
+}
+
+Acad::ErrorStatus AcDbDatabase::getLayerTable(AcDbLayerTable*& table, AcDb::OpenMode mode) const {
+    return open_table(table, layerTableId(), mode);
+}
+
+Acad::ErrorStatus AcDbDatabase::getTextStyleTable(AcDbTextStyleTable*& table, AcDb::OpenMode mode) const {
+    return open_table(table, textStyleTableId(), mode);
+}
+
+Acad::ErrorStatus AcDbDatabase::getSymbolTable(AcDbBlockTable*& table, AcDb::OpenMode mode) const {
+    return getBlockTable(table, mode);
+}
+
+Acad::ErrorStatus AcDbDatabase::getSymbolTable(AcDbLayerTable*& table, AcDb::OpenMode mode) const {
+    return getLayerTable(table, mode);
+}
+
+Acad::ErrorStatus AcDbDatabase::getSymbolTable(AcDbTextStyleTable*& table, AcDb::OpenMode mode) const {
+    return getTextStyleTable(table, mode);
+}
+
+Acad::ErrorStatus AcDbDatabase::getAcDbObjectId(AcDbObjectId& id, bool createIfNotFound,
+                                                const AcDbHandle& handle) const {
+    if (createIfNotFound) {
+        return Acad::eInvalidInput;
+    }
+    if (handle.isNull()) {
+        return Acad::eNullHandle;
+    }
+    const AcDbObjectId found = store_->with_handle(handle);
+    if (found.isNull()) {
+        return Acad::eUnknownHandle;
+    }
+    id = found;
+    return Acad::eOk;
+}
+
+AcDbObjectId AcDbDatabase::currentSpaceId() const {
+    return store_->id_of_block(store_->current_space());
+}
+
+bool AcDbDatabase::tilemode() const {
+    return store_->tilemode();
+}
+
+Acad::ErrorStatus AcDbDatabase::setTilemode(bool modelSpace) {
+    store_->set_tilemode(modelSpace);
+    return Acad::eOk;
+}
+
+AcDbObjectId AcDbDatabase::clayer() const {
+    const AcDbObjectId current = store_->table_entry_named(host::TableKind::layers, store_->current_layer());
+    return current.isNull() ? store_->table_entry_named(host::TableKind::layers, L"0") : current;
+}
+
+AcDbObjectId AcDbDatabase::textstyle() const {
+    const AcDbObjectId current = store_->table_entry_named(host::TableKind::text_styles, store_->current_text_style());
+    return current.isNull() ? store_->table_entry_named(host::TableKind::text_styles, L"Standard") : current;
+}
+
+Acad::ErrorStatus AcDbDatabase::getFilename(const ACHAR*& path) const {
+    if (!filename_) {
+        const std::wstring name = store_->drawing().path().wstring();
+        filename_ = std::make_unique<ACHAR[]>(name.size() + 1);
+        std::copy(name.begin(), name.end(), filename_.get());
+    }
+    path = filename_.get();
+    return Acad::eOk;
+}
+
+namespace host {
+namespace {
+
+std::unique_ptr<AcDbDatabase> adopt(dxf::OpenResult result, dxf::Error& error) {
+    if (!result) {
+        error = std::move(result.error);
+        return nullptr;
+    }
+    return std::make_unique<AcDbDatabase>(std::make_unique<DatabaseStore>(std::move(result.drawing)));
+}
+
+}  // namespace
+
+std::unique_ptr<AcDbDatabase> open_database(const std::filesystem::path& path, dxf::Error& error) {
+    return adopt(dxf::Drawing::open(path), error);
+}
+
+std::unique_ptr<AcDbDatabase> open_database_from_bytes(std::string bytes, const std::filesystem::path& name,
+                                                       dxf::Error& error) {
+    return adopt(dxf::Drawing::from_bytes(std::move(bytes), name), error);
+}
+
+}  // namespace host

@@ -1,0 +1,97 @@
+#include "platform/host/database/field_writer.h"
+
+#include "platform/host/database/database_store.h"
+#include "platform/host/database/record_merge.h"
+
+namespace host {
+namespace {
+
+constexpr double degrees_per_radian = 57.295779513082320876798154814105;
+
+}  // namespace
+
+FieldWriter::FieldWriter(const DatabaseStore& store, RecordIdentity identity) : store_(store), identity_(identity) {}
+
+FieldWriter& FieldWriter::add(int code, const dxf::Value& value, bool at_default) {
+    Field& field = fields_.emplace_back();
+    field.code = code;
+    field.value = value;
+    field.at_default = at_default;
+    return *this;
+}
+
+FieldWriter& FieldWriter::begin(std::wstring_view type, std::wstring_view subclass_name) {
+    add(0, std::wstring(type), false);
+    if (identity_.handle != 0) {
+        handle(5, identity_.handle);
+    }
+    if (store_.has_subclasses() && identity_.owner != 0) {
+        handle(330, identity_.owner);
+    }
+    return subclass(subclass_name);
+}
+
+FieldWriter& FieldWriter::subclass(std::wstring_view name) {
+    return store_.has_subclasses() ? add(100, std::wstring(name), false) : *this;
+}
+
+FieldWriter& FieldWriter::text(int code, std::wstring_view value) {
+    return add(code, std::wstring(value), false);
+}
+
+FieldWriter& FieldWriter::text(int code, std::wstring_view value, std::wstring_view default_value) {
+    return add(code, std::wstring(value), value == default_value);
+}
+
+FieldWriter& FieldWriter::integer(int code, int64_t value) {
+    return add(code, value, false);
+}
+
+FieldWriter& FieldWriter::integer(int code, int64_t value, int64_t default_value) {
+    return add(code, value, value == default_value);
+}
+
+FieldWriter& FieldWriter::real(int code, double value) {
+    return add(code, value, false);
+}
+
+FieldWriter& FieldWriter::real(int code, double value, double default_value) {
+    return add(code, value, value == default_value);
+}
+
+FieldWriter& FieldWriter::angle(int code, double radians) {
+    return real(code, radians * degrees_per_radian, 0.0);
+}
+
+FieldWriter& FieldWriter::point(int code, const AcGePoint3d& point, bool at_default) {
+    return add(code, point.x, at_default).add(code + 10, point.y, at_default).add(code + 20, point.z, at_default);
+}
+
+FieldWriter& FieldWriter::handle(int code, uint64_t value) {
+    return add(code, dxf::Handle{value}, false);
+}
+
+FieldWriter& FieldWriter::following(std::string_view records) {
+    following_ += records;
+    return *this;
+}
+
+std::string FieldWriter::encode() const {
+    dxf::RecordWriter writer(store_.drawing().manner());
+    for (const Field& field : fields_) {
+        if (!field.at_default) {
+            write_value(writer, field.code, field.value);
+        }
+    }
+    return writer.raw(following_).take();
+}
+
+double FieldReader::angle(int code) const {
+    return real(code) / degrees_per_radian;
+}
+
+AcGePoint3d FieldReader::point(int code) const {
+    return {real(code), real(code + 10), real(code + 20)};
+}
+
+}  // namespace host

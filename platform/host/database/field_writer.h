@@ -1,0 +1,87 @@
+// The fields of an object on their way to its record, and a record's values on their way to an object.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "gepnt3d.h"
+#include "platform/host/dxf/record_view.h"
+#include "platform/host/dxf/record_writer.h"
+
+namespace host {
+
+class DatabaseStore;
+
+/// A group by its meaning. One with its default value is not written to a new record.
+struct Field {
+    int code = 0;
+    dxf::Value value;
+    bool at_default = false;
+};
+
+/// Who an added record is and whose.
+struct RecordIdentity {
+    uint64_t handle = 0;  ///< 0: the drawing has no handles
+    uint64_t owner = 0;
+};
+
+/// Collects fields in the order in which they stand in a record.
+class FieldWriter {
+  public:
+    FieldWriter(const DatabaseStore& store, RecordIdentity identity);
+
+    const DatabaseStore& store() const { return store_; }
+
+    /// The type with the handle and, where the drawing's version has them, owner and first subclass marker.
+    FieldWriter& begin(std::wstring_view type, std::wstring_view subclass);
+    /// A subclass marker; nothing in versions without them.
+    FieldWriter& subclass(std::wstring_view name);
+    FieldWriter& text(int code, std::wstring_view value);
+    FieldWriter& text(int code, std::wstring_view value, std::wstring_view default_value);
+    FieldWriter& integer(int code, int64_t value);
+    FieldWriter& integer(int code, int64_t value, int64_t default_value);
+    FieldWriter& real(int code, double value);
+    FieldWriter& real(int code, double value, double default_value);
+    /// Radians, written as degrees; 0 by default.
+    FieldWriter& angle(int code, double radians);
+    FieldWriter& point(int code, const AcGePoint3d& point, bool at_default = false);
+    FieldWriter& handle(int code, uint64_t value);
+    /// Whole records that follow this one's own groups.
+    FieldWriter& following(std::string_view records);
+
+    const std::vector<Field>& fields() const { return fields_; }
+    /// The bytes of a new record.
+    std::string encode() const;
+
+  private:
+    FieldWriter& add(int code, const dxf::Value& value, bool at_default);
+
+    const DatabaseStore& store_;
+    RecordIdentity identity_;
+    std::vector<Field> fields_;
+    std::string following_;
+};
+
+class FieldReader {
+  public:
+    FieldReader(const dxf::RecordView& record, const DatabaseStore& store) : record_(record), store_(store) {}
+
+    const DatabaseStore& store() const { return store_; }
+    bool has(int code) const { return record_.has(code); }
+    std::wstring text(int code) const { return record_.text(code); }
+    std::wstring text(int code, std::wstring_view fallback) const {
+        return has(code) ? text(code) : std::wstring(fallback);
+    }
+    int integer(int code, int fallback = 0) const { return static_cast<int>(record_.integer(code, fallback)); }
+    double real(int code, double fallback = 0.0) const { return record_.real(code, fallback); }
+    /// Degrees as radians.
+    double angle(int code) const;
+    AcGePoint3d point(int code) const;
+
+  private:
+    const dxf::RecordView& record_;
+    const DatabaseStore& store_;
+};
+
+}  // namespace host

@@ -1,0 +1,177 @@
+#include <array>
+#include <memory>
+#include <new>
+
+#include "dbmain.h"
+#include "platform/host/database/database_store.h"
+#include "platform/host/database/object_gate.h"
+
+namespace {
+
+/// What an object of another kind than the known ones opens as.
+class PlainObject final : public AcDbObject {};
+
+#if !defined(__SANITIZE_ADDRESS__)
+// Memory of closed objects by size, kept for the next ones. Objects live on the host's main thread only.
+constexpr size_t pool_step = 16;
+constexpr size_t largest_pooled = 1024;
+
+struct FreeBlock {
+    FreeBlock* next;
+};
+std::array<FreeBlock*, largest_pooled / pool_step + 1> free_blocks;
+
+constexpr size_t pool_of(size_t size) {
+    return (size + pool_step - 1) / pool_step;
+}
+#endif
+
+}  // namespace
+
+ACRX_DEFINE_MEMBERS_WITH(AcDbObject, AcRxObject, nullptr, []() -> AcRxObject* { return new PlainObject; })
+
+#if defined(__SANITIZE_ADDRESS__)
+// Use after close() is to be seen.
+void* AcDbObject::operator new(size_t size) {
+    return ::operator new(size);
+}
+
+void AcDbObject::operator delete(void* memory, size_t) {
+    ::operator delete(memory);
+}
+#else
+void* AcDbObject::operator new(size_t size) {
+    if (size > largest_pooled) {
+        return ::operator new(size);
+    }
+    FreeBlock*& first = free_blocks[pool_of(size)];
+    if (first == nullptr) {
+        return ::operator new(pool_of(size) * pool_step);
+    }
+    FreeBlock* const taken = first;
+    first = taken->next;
+    return taken;
+}
+
+void AcDbObject::operator delete(void* memory, size_t size) {
+    if (size > largest_pooled) {
+        ::operator delete(memory);
+        return;
+    }
+    FreeBlock*& first = free_blocks[pool_of(size)];
+    first = new (memory) FreeBlock{first};
+}
+#endif
+
+AcDbObject::~AcDbObject() = default;
+
+AcDbObjectId AcDbObject::ownerId() const {
+    const host::DatabaseStore* const owner = store();
+    return owner == nullptr ? AcDbObjectId() : owner->owner(host::address_of(id_));
+}
+
+host::DatabaseStore* AcDbObject::store() const {
+    return host::store_of(id_);
+}
+
+Acad::ErrorStatus AcDbObject::close() {
+    if (mode_ == Mode::detached) {
+        return Acad::eNotInDatabase;
+    }
+    if (mode_ == Mode::read && --readers_ > 0) {
+        return Acad::eOk;
+    }
+    const std::unique_ptr<AcDbObject> closing(this);
+    if (mode_ == Mode::write) {
+        flush();
+    }
+    if (!id_.isNull()) {
+        store()->forget(host::address_of(id_));
+    }
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbObject::upgradeOpen() {
+    if (mode_ == Mode::detached) {
+        return Acad::eNotInDatabase;
+    }
+    if (mode_ == Mode::write) {
+        return Acad::eWasOpenForWrite;
+    }
+    if (readers_ > 1) {
+        return Acad::eHadMultipleReaders;
+    }
+    if (host::address_of(id_).space == host::ObjectSpace::implied) {
+        return Acad::eIsWriteProtected;
+    }
+    mode_ = Mode::write;
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbObject::downgradeOpen() {
+    if (mode_ != Mode::write || id_.isNull()) {
+        return Acad::eWasNotOpenForWrite;
+    }
+    flush();
+    modified_ = false;
+    added_now_ = false;
+    mode_ = Mode::read;
+    readers_ = 1;
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbObject::erase(Adesk::Boolean erasing) {
+    if (mode_ != Mode::write || id_.isNull()) {
+        return Acad::eNotOpenForWrite;
+    }
+    if (!erasing) {
+        return Acad::eNotApplicable;
+    }
+    return isErased() ? Acad::eWasErased : store()->erase(host::address_of(id_));
+}
+
+Acad::ErrorStatus AcDbObject::begin_change() {
+    if (!isWriteEnabled()) {
+        return Acad::eNotOpenForWrite;
+    }
+    need_fields();
+    modified_ = true;
+    return Acad::eOk;
+}
+
+void AcDbObject::load_fields() const {
+    auto& self = const_cast<AcDbObject&>(*this);
+    self.loaded_ = true;
+    store()->load(self);
+}
+
+void AcDbObject::read_fields(const host::FieldReader&) {}
+
+void AcDbObject::write_fields(host::FieldWriter&) const {}
+
+void AcDbObject::flush() {
+    if (modified_) {
+        store()->write_back(*this);
+    }
+}
+
+Acad::ErrorStatus acdbOpenAcDbObject(AcDbObject*& object, AcDbObjectId id, const AcRxClass* objectClass,
+                                     AcDb::OpenMode mode, bool openErasedObject) {
+    object = nullptr;
+    if (id.isNull()) {
+        return Acad::eNullObjectId;
+    }
+    host::DatabaseStore* const store = host::store_of(id);
+    return store == nullptr ? Acad::eUnknownHandle : store->open(object, id, objectClass, mode, openErasedObject);
+}
+
+Acad::ErrorStatus acdbOpenAcDbObject(AcDbObject*& object, AcDbObjectId id, AcDb::OpenMode mode, bool openErasedObject) {
+    return acdbOpenAcDbObject(object, id, AcDbObject::desc(), mode, openErasedObject);
+}
+
+Acad::ErrorStatus acdbOpenAcDbEntity(AcDbEntity*& entity, AcDbObjectId id, AcDb::OpenMode mode, bool openErasedEntity) {
+    AcDbObject* opened = nullptr;
+    const Acad::ErrorStatus status = acdbOpenAcDbObject(opened, id, AcDbEntity::desc(), mode, openErasedEntity);
+    entity = static_cast<AcDbEntity*>(opened);
+    return status == Acad::eNotThatKindOfClass ? Acad::eNotAnEntity : status;
+}

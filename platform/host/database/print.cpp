@@ -1,0 +1,43 @@
+#include <cstdarg>
+#include <cwchar>
+#include <string>
+
+#include "acutads.h"
+#include "platform/host/editor/command_line.h"
+
+namespace {
+
+/// The C runtime of the platform formats: there %s in a wide format is a wide text on Windows.
+int format_into(std::wstring& buffer, const ACHAR* format, va_list arguments) {
+#if defined(_WIN32)
+    return _vsnwprintf(buffer.data(), buffer.size(), format, arguments);
+#else
+    return std::vswprintf(buffer.data(), buffer.size(), format, arguments);
+#endif
+}
+
+constexpr size_t usual_length = 1024;
+constexpr size_t longest = size_t{1} << 24;
+
+}  // namespace
+
+int acutPrintf(const ACHAR* format, ...) {
+    if (format == nullptr) {
+        return RTERROR;
+    }
+    int length = -1;
+    std::wstring text;
+    for (size_t size = usual_length; length < 0 && size <= longest; size *= 4) {
+        text.resize(size);
+        va_list arguments;
+        va_start(arguments, format);
+        length = format_into(text, format, arguments);
+        va_end(arguments);
+    }
+    if (length < 0) {
+        return RTERROR;
+    }
+    text.resize(static_cast<size_t>(length));
+    host::command_line().print(text);
+    return RTNORM;
+}

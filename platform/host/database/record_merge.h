@@ -1,0 +1,18 @@
+// Changing an existing record's values while every other byte of it stays.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "platform/host/database/field_writer.h"
+
+namespace host {
+
+void write_value(dxf::RecordWriter& writer, int code, const dxf::Value& value);
+
+/// The record's bytes with the fields' values. A group whose value is the field's already (reals within 1e-12 of it)
+/// keeps its bytes; a field without a group is put in behind the one before it unless it has its default value. Type,
+/// handle, owner and subclass markers never change, nor do groups within { } lists, extended data and sub-records.
+std::string merge_fields(const dxf::RecordView& record, const std::vector<Field>& fields, const dxf::Manner& manner);
+
+}  // namespace host

@@ -1,0 +1,11 @@
+// Which member of a result buffer holds its value.
+#pragma once
+
+namespace host {
+
+enum class ResultKind { none, text, real, point, short_integer, long_integer, name, binary, unknown };
+
+/// Of an RT code or a DXF group code.
+ResultKind kind_of_result(int type);
+
+}  // namespace host

@@ -1,0 +1,30 @@
+# What the database brings to hostcore; relative to this folder.
+set(host_database_sources
+    attribute.cpp
+    block_catalogue.cpp
+    block_reference.cpp
+    block_table.cpp
+    build_list.cpp
+    class_registry.cpp
+    database.cpp
+    database_handles.cpp
+    database_store.cpp
+    entity.cpp
+    error_status_text.cpp
+    field_writer.cpp
+    host_memory.cpp
+    host_services.cpp
+    insert_block.cpp
+    layer_table.cpp
+    line.cpp
+    matrix.cpp
+    object.cpp
+    object_id.cpp
+    open_objects.cpp
+    print.cpp
+    record_merge.cpp
+    result_buffer.cpp
+    store_changes.cpp
+    symbol_table.cpp
+    text.cpp
+    text_style_table.cpp)

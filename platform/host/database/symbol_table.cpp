@@ -1,0 +1,187 @@
+#include "dbsymtbl.h"
+
+#include <string_view>
+
+#include "acutmem.h"
+
+#include "platform/host/database/database_store.h"
+#include "platform/host/database/object_gate.h"
+
+ACRX_NO_CONS_DEFINE_MEMBERS(AcDbSymbolTableRecord, AcDbObject)
+ACRX_NO_CONS_DEFINE_MEMBERS(AcDbSymbolTable, AcDbObject)
+
+namespace {
+
+constexpr std::wstring_view forbidden_characters = L"<>/\\\":;?*|,=`";
+constexpr int dependent_bit = 16;
+
+/// "*U" and the like begin the names of anonymous blocks.
+bool valid_name(std::wstring_view name) {
+    if (!name.empty() && name[0] == L'*') {
+        name.remove_prefix(1);
+    }
+    return !name.empty() && name.find_first_of(forbidden_characters) == std::wstring_view::npos;
+}
+
+}  // namespace
+
+Acad::ErrorStatus AcDbSymbolTableRecord::getName(ACHAR*& name) const {
+    name = acad__strdup(stored_name().c_str());
+    return name == nullptr ? Acad::eOutOfMemory : Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbSymbolTableRecord::setName(const ACHAR* name) {
+    if (!host::ObjectGate::detached(*this)) {
+        return Acad::eNotApplicable;
+    }
+    if (name == nullptr || !valid_name(name)) {
+        return Acad::eInvalidInput;
+    }
+    name_ = name;
+    return Acad::eOk;
+}
+
+bool AcDbSymbolTableRecord::isDependent() const {
+    need_fields();
+    return (flags_ & dependent_bit) != 0;
+}
+
+const std::wstring& AcDbSymbolTableRecord::stored_name() const {
+    need_fields();
+    return name_;
+}
+
+void AcDbSymbolTableRecord::read_fields(const host::FieldReader& from) {
+    name_ = from.text(2);
+    flags_ = from.integer(70);
+}
+
+Acad::ErrorStatus AcDbSymbolTable::getAt(const ACHAR* name, AcDbObjectId& id, bool getErasedRecord) const {
+    static_cast<void>(getErasedRecord);  // erasing is final in this host: erased records have no name any more
+    if (name == nullptr) {
+        return Acad::eInvalidInput;
+    }
+    id = store()->table_entry_named(kind_, name);
+    return id.isNull() ? Acad::eKeyNotFound : Acad::eOk;
+}
+
+bool AcDbSymbolTable::has(const ACHAR* name) const {
+    AcDbObjectId id;
+    return getAt(name, id) == Acad::eOk;
+}
+
+bool AcDbSymbolTable::has(AcDbObjectId id) const {
+    const host::DatabaseStore* const owner = store();
+    return host::store_of(id) == owner && id.isValid() && !id.isErased() &&
+           owner->owner(host::address_of(id)) == objectId();
+}
+
+Acad::ErrorStatus AcDbSymbolTable::open_at(const ACHAR* name, AcDbObject*& record, const AcRxClass* record_class,
+                                           AcDb::OpenMode mode, bool open_erased) const {
+    record = nullptr;
+    AcDbObjectId id;
+    const Acad::ErrorStatus status = getAt(name, id, open_erased);
+    return status == Acad::eOk ? acdbOpenAcDbObject(record, id, record_class, mode, open_erased) : status;
+}
+
+Acad::ErrorStatus AcDbSymbolTable::add(AcDbSymbolTableRecord* record) {
+    AcDbObjectId id;
+    return add(id, record);
+}
+
+Acad::ErrorStatus AcDbSymbolTable::add(AcDbObjectId& id, AcDbSymbolTableRecord* record) {
+    id.setNull();
+    if (record == nullptr) {
+        return Acad::eNullObjectPointer;
+    }
+    if (!isWriteEnabled()) {
+        return Acad::eNotOpenForWrite;
+    }
+    if (!host::ObjectGate::detached(*record)) {
+        return Acad::eAlreadyInDb;
+    }
+    if (record->isA() != record_class()) {
+        return Acad::eWrongObjectType;
+    }
+    if (record->name_.empty()) {
+        return Acad::eInvalidInput;
+    }
+    if (has(record->name_.c_str())) {
+        return Acad::eDuplicateRecordName;
+    }
+    const Acad::ErrorStatus status = kind_ == host::TableKind::blocks
+                                         ? store()->add_block(static_cast<AcDbBlockTableRecord&>(*record))
+                                         : store()->add_entry(kind_, *record);
+    id = record->objectId();
+    return status;
+}
+
+const AcRxClass* AcDbSymbolTable::record_class() const {
+    switch (kind_) {
+        case host::TableKind::blocks:
+            return AcDbBlockTableRecord::desc();
+        case host::TableKind::layers:
+            return AcDbLayerTableRecord::desc();
+        case host::TableKind::text_styles:
+            break;
+    }
+    return AcDbTextStyleTableRecord::desc();
+}
+
+AcDbSymbolTableIterator::AcDbSymbolTableIterator(const AcDbSymbolTable& table, bool atBeginning, bool skipDeleted)
+    : table_(table.objectId()), kind_(table.kind_) {
+    start(atBeginning, skipDeleted);
+}
+
+host::DatabaseStore* AcDbSymbolTableIterator::store() const {
+    return host::store_of(table_);
+}
+
+void AcDbSymbolTableIterator::start(bool atBeginning, bool skipDeleted) {
+    const host::DatabaseStore* const owner = store();
+    at_ = owner == nullptr ? -1 : atBeginning ? 0 : static_cast<long long>(owner->table_size(kind_)) - 1;
+    settle(atBeginning ? 1 : -1, skipDeleted);
+}
+
+void AcDbSymbolTableIterator::step(bool forward, bool skipDeleted) {
+    if (!done()) {
+        at_ += forward ? 1 : -1;
+        settle(forward ? 1 : -1, skipDeleted);
+    }
+}
+
+void AcDbSymbolTableIterator::settle(int direction, bool skip_erased) {
+    const host::DatabaseStore* const owner = store();
+    const long long size = owner == nullptr ? 0 : static_cast<long long>(owner->table_size(kind_));
+    while (at_ >= 0 && at_ < size && skip_erased && owner->table_entry(kind_, static_cast<size_t>(at_)).isErased()) {
+        at_ += direction;
+    }
+    if (at_ >= size) {
+        at_ = -1;
+    }
+}
+
+Acad::ErrorStatus AcDbSymbolTableIterator::getRecordId(AcDbObjectId& id) const {
+    const host::DatabaseStore* const owner = store();
+    if (owner == nullptr || done()) {
+        return Acad::eInvalidIndex;
+    }
+    id = owner->table_entry(kind_, static_cast<size_t>(at_));
+    return Acad::eOk;
+}
+
+Acad::ErrorStatus AcDbSymbolTableIterator::open_record(AcDbObject*& record, const AcRxClass* record_class,
+                                                       AcDb::OpenMode mode, bool open_erased) const {
+    record = nullptr;
+    AcDbObjectId id;
+    const Acad::ErrorStatus status = getRecordId(id);
+    return status == Acad::eOk ? acdbOpenAcDbObject(record, id, record_class, mode, open_erased) : status;
+}
+
+Acad::ErrorStatus AcDbSymbolTableIterator::getRecord(AcDbSymbolTableRecord*& record, AcDb::OpenMode mode,
+                                                     bool openErasedRecord) const {
+    AcDbObject* opened = nullptr;
+    const Acad::ErrorStatus status = open_record(opened, AcDbSymbolTableRecord::desc(), mode, openErasedRecord);
+    record = static_cast<AcDbSymbolTableRecord*>(opened);
+    return status;
+}
