@@ -1,0 +1,19 @@
+#include "grid/cell_type.h"
+
+#include "grid/cell_text.h"
+
+void CUGCellType::OnDraw(CDC& dc, const RECT& rect, const CUGCell& cell, const corvanes::CellLook& look) {
+    corvanes::DrawCellText(dc, rect, cell.GetText(), look.text, look.background);
+}
+
+bool CUGCellType::OnLeftClick(CUGCtrl&, const corvanes::CellPlace&, int, POINT) {
+    return false;
+}
+
+bool CUGCellType::OnKeyDown(CUGCtrl&, const corvanes::CellPlace&, UINT) {
+    return false;
+}
+
+bool CUGCellType::OnCharDown(CUGCtrl&, const corvanes::CellPlace&, UINT) {
+    return false;
+}

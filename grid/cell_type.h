@@ -1,0 +1,44 @@
+// The kinds of cells: how a cell is drawn and what a click or a key does to it.
+#pragma once
+
+#include <afxwin.h>
+
+#include "grid/cell.h"
+
+class CUGCtrl;
+
+namespace corvanes {
+
+struct CellLook {
+    COLORREF text;
+    COLORREF background;
+};
+
+struct CellPlace {
+    int column;
+    int row;
+    RECT rect;  // in pixels of the painting area, without the grid lines
+};
+
+// The indices that every grid's table begins with; types that are added follow.
+enum StandardCellType { type_normal = 0, type_drop_list = 1, type_check_box = 2, standard_cell_types = 3 };
+
+}  // namespace corvanes
+
+// The normal cell type, and the base of the others. An object may serve several cells and grids; it keeps nothing
+// about one cell.
+class CUGCellType {
+  public:
+    CUGCellType() = default;
+    CUGCellType(const CUGCellType&) = delete;
+    CUGCellType& operator=(const CUGCellType&) = delete;
+    virtual ~CUGCellType() = default;
+
+    virtual const wchar_t* GetName() const { return L"Normal Cell Type (default)"; }
+    // Paints the whole of `rect`.
+    virtual void OnDraw(CDC& dc, const RECT& rect, const CUGCell& cell, const corvanes::CellLook& look);
+    // True when the type acted on the event. `updn` is 1 for the button going down and 0 for its coming up.
+    virtual bool OnLeftClick(CUGCtrl& grid, const corvanes::CellPlace& place, int updn, POINT point);
+    virtual bool OnKeyDown(CUGCtrl& grid, const corvanes::CellPlace& place, UINT key);
+    virtual bool OnCharDown(CUGCtrl& grid, const corvanes::CellPlace& place, UINT character);
+};

@@ -1,0 +1,13 @@
+// A cell with a check box; its text is "1" when it is ticked.
+#pragma once
+
+#include "grid/cell_type.h"
+
+class CUGCheckBoxType : public CUGCellType {
+  public:
+    const wchar_t* GetName() const override { return L"Standard CheckBox Type"; }
+    void OnDraw(CDC& dc, const RECT& rect, const CUGCell& cell, const corvanes::CellLook& look) override;
+    // A click on the box, and the space bar, tick or clear it, as an edit that the grid's owner may refuse.
+    bool OnLeftClick(CUGCtrl& grid, const corvanes::CellPlace& place, int updn, POINT point) override;
+    bool OnCharDown(CUGCtrl& grid, const corvanes::CellPlace& place, UINT character) override;
+};

@@ -1,0 +1,46 @@
+#include "grid/drop_list_type.h"
+
+#include <algorithm>
+
+#include "grid/cell_text.h"
+#include "grid/grid_control.h"
+
+using namespace corvanes;
+
+namespace {
+
+RECT strip_of(const RECT& cell) {
+    return {std::max(cell.left, cell.right - CUGDropListType::button_strip), cell.top, cell.right, cell.bottom};
+}
+
+}  // namespace
+
+void CUGDropListType::OnDraw(CDC& dc, const RECT& rect, const CUGCell& cell, const CellLook& look) {
+    RECT button = strip_of(rect);
+    const RECT text{rect.left, rect.top, button.left, rect.bottom};
+    DrawCellText(dc, text, cell.GetText(), look.text, look.background);
+    dc.FillSolidRect(&button, look.background);
+    ::InflateRect(&button, -1, -1);
+    ::DrawFrameControl(dc.m_hDC, &button, DFC_SCROLL, DFCS_SCROLLCOMBOBOX);
+}
+
+bool CUGDropListType::OnLeftClick(CUGCtrl& grid, const CellPlace& place, int updn, POINT point) {
+    const RECT strip = strip_of(place.rect);
+    if (::PtInRect(&strip, point) == 0) {
+        return false;
+    }
+    // On the way up: the list would take the button's release for a choice.
+    if (updn == 0) {
+        grid.OpenDropList(place.column, place.row);
+    }
+    return true;
+}
+
+bool CUGDropListType::OnKeyDown(CUGCtrl& grid, const CellPlace& place, UINT key) {
+    const bool alt = ::GetKeyState(VK_MENU) < 0;
+    if (key != VK_F4 && !(key == VK_DOWN && alt)) {
+        return false;
+    }
+    grid.OpenDropList(place.column, place.row);
+    return true;
+}

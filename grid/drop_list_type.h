@@ -1,0 +1,16 @@
+// A cell whose text can be chosen from a list; the items are the lines of the cell's label.
+#pragma once
+
+#include "grid/cell_type.h"
+
+class CUGDropListType : public CUGCellType {
+  public:
+    // The strip at the cell's right edge that belongs to the drop button, in pixels.
+    static constexpr int button_strip = 20;
+
+    const wchar_t* GetName() const override { return L"Standard DropList"; }
+    void OnDraw(CDC& dc, const RECT& rect, const CUGCell& cell, const corvanes::CellLook& look) override;
+    // A click on the button, F4 and Alt+Down open the list; a cell whose label has no lines has nothing to open.
+    bool OnLeftClick(CUGCtrl& grid, const corvanes::CellPlace& place, int updn, POINT point) override;
+    bool OnKeyDown(CUGCtrl& grid, const corvanes::CellPlace& place, UINT key) override;
+};

@@ -1,0 +1,107 @@
+#include "grid/edit_session.h"
+
+#include "grid/cell_movement.h"
+#include "grid/grid_control.h"
+
+namespace corvanes {
+
+namespace {
+
+class Ending {
+  public:
+    explicit Ending(bool& flag) : flag_(flag) { flag_ = true; }
+    Ending(const Ending&) = delete;
+    Ending& operator=(const Ending&) = delete;
+    ~Ending() { flag_ = false; }
+
+  private:
+    bool& flag_;
+};
+
+}  // namespace
+
+bool EditSession::start(int column, int row, CWnd& window, UINT key) {
+    auto* editor = dynamic_cast<CellEditor*>(&window);
+    if (editor == nullptr || window.m_hWnd == nullptr) {
+        return false;
+    }
+    editor_ = editor;
+    window_ = &window;
+    column_ = column;
+    row_ = row;
+
+    RECT place = editor->bounds(grid_.GetGrid().CellRectangle(column, row));
+    ::MapWindowPoints(grid_.GetGrid().m_hWnd, ::GetParent(window.m_hWnd), reinterpret_cast<POINT*>(&place), 2);
+    ::SendMessageW(window.m_hWnd, WM_SETFONT, reinterpret_cast<WPARAM>(grid_.GetGridFont()), FALSE);
+    ::SetWindowPos(window.m_hWnd, HWND_TOP, place.left, place.top, place.right - place.left, place.bottom - place.top,
+                   SWP_NOACTIVATE);
+    CString text;
+    grid_.GetCellText(column, row, text);
+    editor->begin(*this, text, key);
+    window.ShowWindow(SW_SHOW);
+    window.SetFocus();
+    return true;
+}
+
+EditOutcome EditSession::end_edit(EditEnd how, UINT key) {
+    if (ending_ || !active()) {
+        return EditOutcome::busy;
+    }
+    const Ending ending(ending_);
+    const bool cancelled = how == EditEnd::cancel;
+    CString text;
+    if (cancelled) {
+        grid_.GetCellText(column_, row_, text);
+    } else {
+        text = editor_->text();
+    }
+    const bool accepted = grid_.OnGridEditVerify(column_, row_, window_, text) == 1 && active() &&
+                          grid_.OnGridEditFinish(column_, row_, window_, text, cancelled ? TRUE : FALSE) != 0;
+    if (!active()) {
+        return EditOutcome::ended;
+    }
+    if (!accepted) {
+        grid_.RefocusEditor();
+        return EditOutcome::refused;
+    }
+    if (!cancelled) {
+        grid_.SetCellText(column_, row_, text);
+    }
+    close();
+    grid_.RedrawCell(column_, row_);
+    if (!cancelled && key == VK_RETURN) {
+        grid_.MoveCurrentRow(row_down);
+    } else if (!cancelled && key == VK_TAB) {
+        grid_.MoveCurrentColumn(::GetKeyState(VK_SHIFT) < 0 ? -1 : 1);
+    }
+    return EditOutcome::ended;
+}
+
+void EditSession::close() {
+    CellEditor* editor = editor_;
+    CWnd* window = window_;
+    editor_ = nullptr;
+    window_ = nullptr;
+    editor->end();
+    if (window->m_hWnd == nullptr) {
+        return;
+    }
+    if (::GetFocus() == window->m_hWnd) {
+        grid_.SetFocus();
+    }
+    window->ShowWindow(SW_HIDE);
+}
+
+void EditSession::abandon() {
+    if (active()) {
+        close();
+    }
+}
+
+void EditSession::focus() {
+    if (active() && window_->m_hWnd != nullptr) {
+        window_->SetFocus();
+    }
+}
+
+}  // namespace corvanes

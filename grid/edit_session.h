@@ -1,0 +1,37 @@
+// One cell being edited: opens the editor, asks the grid's owner, stores the text.
+#pragma once
+
+#include "grid/cell_editor.h"
+
+class CUGCtrl;
+
+namespace corvanes {
+
+class EditSession final : public CellEditOwner {
+  public:
+    explicit EditSession(CUGCtrl& grid) : grid_(grid) {}
+    EditSession(const EditSession&) = delete;
+    EditSession& operator=(const EditSession&) = delete;
+
+    bool active() const { return editor_ != nullptr; }
+    // Opens `window` over the cell, which must be visible. False when the window is no CellEditor.
+    bool start(int column, int row, CWnd& window, UINT key);
+    EditOutcome end_edit(EditEnd how, UINT key) override;
+    // Closes the editor without asking or storing anything: the cell is gone, or the grid is.
+    void abandon();
+    // Gives the focus to the open editor, if there is one.
+    void focus();
+    bool is_editor(HWND window) const { return active() && window_->m_hWnd == window; }
+
+  private:
+    void close();
+
+    CUGCtrl& grid_;
+    CellEditor* editor_ = nullptr;
+    CWnd* window_ = nullptr;
+    int column_ = -1;
+    int row_ = -1;
+    bool ending_ = false;
+};
+
+}  // namespace corvanes

@@ -1,0 +1,55 @@
+// What the grid tells its derived class, and what it asks it.
+#pragma once
+
+#include <afxwin.h>
+
+#include "grid/cell.h"
+#include "grid/cell_order.h"
+
+// A derived grid overrides what it needs; the versions here do nothing, or agree. `updn` is 1 when the left button went
+// down and 0 when it came up. Rectangles and points are in pixels of the window that was clicked. `processed` is
+// nonzero when the cell's type has already acted on the event. `UINT*` arguments may be changed: the grid goes on with
+// what is left in them, and with 0 it does nothing more.
+class CUGNotifications {
+  public:
+    // Once, right after the grid window was created or attached.
+    virtual void OnGridSetup() {}
+    // While a column border is dragged, before `*width` (0 or more) becomes the column's width.
+    virtual void OnGridColumnSizing(int /*col*/, int* /*width*/) {}
+    // After the current row changed. A row of -1 stands for none.
+    virtual void OnGridRowChange(long /*oldRow*/, long /*newRow*/) {}
+    // After the current cell changed; after OnGridRowChange when both apply.
+    virtual void OnGridCellChange(int /*oldCol*/, int /*newCol*/, long /*oldRow*/, long /*newRow*/) {}
+    // On a click into the painting area, after the clicked cell became the current one. Beside the cells the column or
+    // the row is -1 and the rectangle is empty.
+    virtual void OnGridLeftClick(int /*col*/, long /*row*/, int /*updn*/, RECT* /*rect*/, POINT* /*point*/,
+                                 int /*processed*/) {}
+    // On a click on a heading cell of the top heading (row -1), not on a border between two.
+    virtual void OnGridHeadingClick(int /*col*/, long /*row*/, int /*updn*/, RECT* /*rect*/, POINT* /*point*/,
+                                    int /*processed*/) {}
+    // For every key that goes down in the painting area, before the grid acts on it.
+    virtual void OnGridKeyDown(UINT* /*vcKey*/, BOOL /*processed*/) {}
+    // For every printable character typed in the painting area.
+    virtual void OnGridCharDown(UINT* /*vcKey*/, BOOL /*processed*/) {}
+    // By StartEdit, before the editor is shown. `*edit` may be replaced by another window, which must also be a
+    // corvanes::CellEditor. 0 refuses.
+    virtual int OnGridEditStart(int /*col*/, long /*row*/, CWnd** /*edit*/) { return 1; }
+    // When an edit ends, before OnGridEditFinish. 0 keeps the editor open.
+    virtual int OnGridEditVerify(int /*col*/, long /*row*/, CWnd* /*edit*/, LPCWSTR /*text*/) { return 1; }
+    // When an edit ends; the cell still holds its former text. `text` is what was typed, or that former text when the
+    // edit was cancelled. Nonzero accepts: the text goes into the cell (unless cancelled) and the editor is hidden;
+    // 0 keeps the editor open.
+    virtual int OnGridEditFinish(int /*col*/, long /*row*/, CWnd* /*edit*/, LPCWSTR /*text*/, BOOL /*cancelFlag*/) {
+        return 1;
+    }
+    // Orders two cells of the sorted column: below 0, 0, above 0. An absent cell is null. `flags` are those of SortBy.
+    // Cells without a text come before those with one, numbers by value, all else by wcscmp; descending the other way.
+    virtual int OnGridSortCompare(CUGCell* cell1, CUGCell* cell2, int flags) {
+        return corvanes::compare_cells(cell1, cell2, flags);
+    }
+    // Before the current cell moves. 0 refuses.
+    virtual int OnGridCanMove(int /*oldCol*/, long /*oldRow*/, int /*newCol*/, long /*newRow*/) { return 1; }
+
+  protected:
+    virtual ~CUGNotifications() = default;
+};

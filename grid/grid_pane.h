@@ -1,0 +1,48 @@
+// The windows inside the grid that show cells: the base of the painting area and of the two headings.
+#pragma once
+
+#include <afxwin.h>
+
+#include "grid/cell_type.h"
+
+namespace corvanes {
+
+struct GridState;
+
+// Paints through a bitmap, so that nothing flickers. Redrawing is only asked for here and done by the next WM_PAINT;
+// asking again for what is already due costs next to nothing, which keeps filling a grid row by row cheap.
+class GridPane : public CWnd {
+  public:
+    bool Create(CUGCtrl& grid, UINT id);
+    void Redraw();
+    void RedrawPart(const RECT& part);
+    // Moves the window if it has to move, and hides it when it is empty.
+    void Place(const RECT& place);
+    int width() const { return place_.right - place_.left; }
+    int height() const { return place_.bottom - place_.top; }
+
+  protected:
+    CUGCtrl& grid() const { return *grid_; }
+    GridState& state() const;
+    // Paints at least the part of the window inside `dirty`; clipping is the caller's.
+    virtual void Paint(CDC& dc, const RECT& dirty) = 0;
+    // Fills `cell` with a heading cell's raised or pressed face, draws the text at (column, row) over it.
+    void PaintHeadingCell(CDC& dc, const RECT& cell, int column, int row, const wchar_t* text_if_none, bool pressed);
+
+    void OnPaint();
+    BOOL OnEraseBkgnd(CDC* dc);
+    BOOL OnMouseWheel(UINT keys, short turn, CPoint point);
+    DECLARE_MESSAGE_MAP()
+
+  private:
+    CUGCtrl* grid_ = nullptr;
+    RECT place_{0, 0, 0, 0};
+    // The whole window is already due to be painted.
+    bool redraw_due_ = false;
+    CDC buffer_;
+    CBitmap bitmap_;
+    SIZE bitmap_size_{0, 0};
+    void PrepareBuffer(CDC& screen);
+};
+
+}  // namespace corvanes

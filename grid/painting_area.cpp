@@ -1,0 +1,284 @@
+#include "grid/painting_area.h"
+
+#include <algorithm>
+
+#include "grid/cell_movement.h"
+#include "grid/grid_control.h"
+
+using namespace corvanes;
+
+namespace {
+
+// The pixels at a cell's right and lower edge that belong to the grid lines.
+constexpr int line_width = 1;
+
+bool key_held(int key) {
+    return ::GetKeyState(key) < 0;
+}
+
+}  // namespace
+
+BEGIN_MESSAGE_MAP(CUGGrid, GridPane)
+ON_WM_LBUTTONDOWN()
+ON_WM_LBUTTONUP()
+ON_WM_MOUSEMOVE()
+ON_WM_KEYDOWN()
+ON_WM_SYSKEYDOWN()
+ON_WM_CHAR()
+ON_WM_SETFOCUS()
+ON_WM_KILLFOCUS()
+ON_WM_CAPTURECHANGED()
+ON_WM_GETDLGCODE()
+END_MESSAGE_MAP()
+
+RECT CUGGrid::CellRectangle(int column, int row) const {
+    const GridState& grid_state = state();
+    if (!grid_state.columns.contains(column) || row < grid_state.top_row || row >= grid_state.rows.count()) {
+        return {0, 0, 0, 0};
+    }
+    const int top = grid_state.rows.distance(grid_state.top_row, row, height());
+    const int left = grid_state.columns.left(column) - grid_state.scroll_x;
+    const int right = grid_state.columns.left(column + 1) - grid_state.scroll_x;
+    if (top >= height() || right - left <= line_width || right <= 0 || left >= width()) {
+        return {0, 0, 0, 0};
+    }
+    return {left, top, right - line_width, top + grid_state.rows.height(row) - line_width};
+}
+
+void CUGGrid::CellAt(POINT point, int* column, int* row) const {
+    const GridState& grid_state = state();
+    *column = grid_state.columns.at(point.x + grid_state.scroll_x);
+    *row = grid_state.rows.at(point.y, grid_state.top_row);
+}
+
+void CUGGrid::RedrawCell(int column, int row) {
+    RedrawPart(CellRectangle(column, row));
+}
+
+void CUGGrid::RedrawRow(int row) {
+    const RowLayout& rows = state().rows;
+    if (row >= state().top_row && row < rows.count()) {
+        const int top = rows.distance(state().top_row, row, height());
+        RedrawPart({0, top, width(), std::min(height(), top + rows.height(row))});
+    }
+}
+
+void CUGGrid::Paint(CDC& dc, const RECT& dirty) {
+    const RowLayout& rows = state().rows;
+    int top = 0;
+    for (int row = state().top_row; row < rows.count() && top < dirty.bottom; ++row) {
+        const int row_height = rows.height(row);
+        if (top + row_height > dirty.top) {
+            PaintRow(dc, dirty, row, top, row_height);
+        }
+        top += row_height;
+    }
+    const COLORREF background = ::GetSysColor(COLOR_WINDOW);
+    const int right = state().columns.total_width() - state().scroll_x;
+    const RECT below{dirty.left, std::max<LONG>(top, dirty.top), dirty.right, dirty.bottom};
+    const RECT beside{std::max<LONG>(right, dirty.left), dirty.top, dirty.right, std::min<LONG>(top, dirty.bottom)};
+    for (const RECT& rest : {below, beside}) {
+        if (::IsRectEmpty(&rest) == 0) {
+            dc.FillSolidRect(&rest, background);
+        }
+    }
+}
+
+void CUGGrid::PaintRow(CDC& dc, const RECT& dirty, int row, int top, int row_height) {
+    const ColumnLayout& columns = state().columns;
+    const COLORREF line =
+        ::GetSysColor(COLOR_3DLIGHT) == ::GetSysColor(COLOR_WINDOW) ? RGB(192, 192, 192) : ::GetSysColor(COLOR_3DLIGHT);
+    const int first = columns.at(static_cast<int>(dirty.left) + state().scroll_x);
+    if (first < 0) {
+        return;
+    }
+    int left = columns.left(first) - state().scroll_x;
+    for (int column = first; column < columns.count() && left < dirty.right; ++column) {
+        const int right = left + columns.shown_width(column);
+        if (right > left) {
+            const int bottom = top + row_height;
+            PaintCell(dc, column, row, {left, top, right - line_width, bottom - line_width});
+            const RECT beside{right - line_width, top, right, bottom};
+            const RECT below{left, bottom - line_width, right - line_width, bottom};
+            dc.FillSolidRect(&beside, line);
+            dc.FillSolidRect(&below, line);
+        }
+        left = right;
+    }
+}
+
+void CUGGrid::PaintCell(CDC& dc, int column, int row, const RECT& inside) {
+    if (::IsRectEmpty(&inside) != 0) {
+        return;
+    }
+    CUGCell cell;
+    grid().GetCell(column, row, &cell);
+    const bool selected = state().selection.contains(column, row);
+    const CellLook look{::GetSysColor(selected ? COLOR_HIGHLIGHTTEXT : COLOR_WINDOWTEXT),
+                        ::GetSysColor(selected ? COLOR_HIGHLIGHT : COLOR_WINDOW)};
+    grid().CellType(cell.GetCellType()).OnDraw(dc, inside, cell, look);
+    if (column == state().current_column && row == state().current_row) {
+        MarkCurrentCell(dc, inside);
+    }
+}
+
+// Two pixels of the highlight colour with the focus, one grey pixel without.
+void CUGGrid::MarkCurrentCell(CDC& dc, const RECT& inside) {
+    const bool focused = ::GetFocus() == m_hWnd;
+    const COLORREF color = ::GetSysColor(focused ? COLOR_HOTLIGHT : COLOR_GRAYTEXT);
+    const int thick = focused ? 2 : 1;
+    const RECT sides[] = {{inside.left, inside.top, inside.right, inside.top + thick},
+                          {inside.left, inside.bottom - thick, inside.right, inside.bottom},
+                          {inside.left, inside.top, inside.left + thick, inside.bottom},
+                          {inside.right - thick, inside.top, inside.right, inside.bottom}};
+    for (const RECT& side : sides) {
+        dc.FillSolidRect(&side, color);
+    }
+}
+
+bool CUGGrid::NotifyClick(POINT point, int updn) {
+    CellPlace place{};
+    CellAt(point, &place.column, &place.row);
+    bool processed = false;
+    if (place.column >= 0 && place.row >= 0) {
+        place.rect = CellRectangle(place.column, place.row);
+        processed = grid().CellTypeAt(place.column, place.row).OnLeftClick(grid(), place, updn, point);
+    }
+    grid().OnGridLeftClick(place.column, place.row, updn, &place.rect, &point, processed ? 1 : 0);
+    return processed;
+}
+
+void CUGGrid::OnLButtonDown(UINT keys, CPoint point) {
+    // Taking the focus ends an open edit. When that is refused the click has gone into a message box already.
+    SetFocus();
+    if (!grid().FinishEdit()) {
+        return;
+    }
+    grid().UpdateLayout();
+    int column = -1;
+    int row = -1;
+    CellAt(point, &column, &row);
+    if (column >= 0 && row >= 0) {
+        grid().ClickCell(column, row, (keys & MK_SHIFT) != 0, (keys & MK_CONTROL) != 0);
+    }
+    // Captured before the notification, which may open an editor under the pointer: the release still comes here.
+    pressed_ = true;
+    SetCapture();
+    NotifyClick(point, 1);
+}
+
+void CUGGrid::OnLButtonUp(UINT, CPoint point) {
+    if (!pressed_) {
+        return;
+    }
+    ::ReleaseCapture();
+    NotifyClick(point, 0);
+}
+
+void CUGGrid::OnMouseMove(UINT keys, CPoint point) {
+    if (!pressed_ || (keys & MK_LBUTTON) == 0 || grid().IsEditing()) {
+        return;
+    }
+    const POINT inside{std::clamp<LONG>(point.x, 0, std::max(0, width() - 1)), point.y};
+    int column = -1;
+    int row = -1;
+    CellAt(inside, &column, &row);
+    if (point.y < 0) {
+        row = std::max(0, state().top_row - 1);
+    } else if (point.y >= height()) {
+        row = std::min(state().rows.count() - 1, row);
+    }
+    if (column >= 0 && row >= 0 && (column != state().current_column || row != state().current_row)) {
+        grid().ClickCell(column, row, true, false);
+    }
+}
+
+CellPlace CUGGrid::CurrentPlace() const {
+    const GridState& grid_state = state();
+    return {grid_state.current_column, grid_state.current_row,
+            CellRectangle(grid_state.current_column, grid_state.current_row)};
+}
+
+void CUGGrid::OnKeyDown(UINT key, UINT, UINT) {
+    const CellPlace place = CurrentPlace();
+    const bool has_cell = place.column >= 0 && place.row >= 0;
+    const bool processed = has_cell && grid().CellTypeAt(place.column, place.row).OnKeyDown(grid(), place, key);
+    grid().OnGridKeyDown(&key, processed ? TRUE : FALSE);
+    if (!processed && key != 0 && m_hWnd != nullptr) {
+        Navigate(key);
+    }
+}
+
+void CUGGrid::OnSysKeyDown(UINT key, UINT repeat, UINT flags) {
+    const CellPlace place = CurrentPlace();
+    const bool has_cell = place.column >= 0 && place.row >= 0;
+    if (!has_cell || !grid().CellTypeAt(place.column, place.row).OnKeyDown(grid(), place, key)) {
+        CWnd::OnSysKeyDown(key, repeat, flags);
+    }
+}
+
+void CUGGrid::Navigate(UINT key) {
+    const GridState& now = state();
+    const bool control = key_held(VK_CONTROL);
+    const int last_column = now.columns.count() - 1;
+    const int last = now.rows.count() - 1;
+    switch (key) {
+        case VK_UP:
+            grid().MoveCurrentRow(row_up);
+            break;
+        case VK_DOWN:
+            grid().MoveCurrentRow(row_down);
+            break;
+        case VK_PRIOR:
+            grid().MoveCurrentRow(page_up);
+            break;
+        case VK_NEXT:
+            grid().MoveCurrentRow(page_down);
+            break;
+        case VK_LEFT:
+            grid().MoveCurrentColumn(-1);
+            break;
+        case VK_RIGHT:
+            grid().MoveCurrentColumn(1);
+            break;
+        case VK_HOME:
+            grid().MoveCurrentCell(0, control ? std::min(0, last) : now.current_row);
+            break;
+        case VK_END:
+            grid().MoveCurrentCell(last_column, control ? last : now.current_row);
+            break;
+        default:
+            break;
+    }
+}
+
+void CUGGrid::OnChar(UINT character, UINT, UINT) {
+    // Control characters come along with keys that OnKeyDown has seen already.
+    if (character < L' ') {
+        return;
+    }
+    const CellPlace place = CurrentPlace();
+    const bool has_cell = place.column >= 0 && place.row >= 0;
+    const bool processed = has_cell && grid().CellTypeAt(place.column, place.row).OnCharDown(grid(), place, character);
+    grid().OnGridCharDown(&character, processed ? TRUE : FALSE);
+}
+
+void CUGGrid::OnSetFocus(CWnd*) {
+    RedrawCell(state().current_column, state().current_row);
+}
+
+void CUGGrid::OnKillFocus(CWnd*) {
+    RedrawCell(state().current_column, state().current_row);
+}
+
+void CUGGrid::OnCaptureChanged(CWnd*) {
+    pressed_ = false;
+}
+
+// The dialog keeps Tab and Enter; arrows, characters and Escape are the grid's.
+UINT CUGGrid::OnGetDlgCode() {
+    const MSG* asking = GetCurrentMessage();
+    const auto* pending = reinterpret_cast<const MSG*>(asking->lParam);
+    const bool escape = pending != nullptr && pending->message == WM_KEYDOWN && pending->wParam == VK_ESCAPE;
+    return DLGC_WANTARROWS | DLGC_WANTCHARS | (escape ? DLGC_WANTMESSAGE : 0);
+}

@@ -1,0 +1,41 @@
+// CUGGrid, the part of the grid window that shows the data cells and takes the keyboard.
+#pragma once
+
+#include "grid/grid_pane.h"
+
+class CUGGrid : public corvanes::GridPane {
+  public:
+    // In pixels of this window, without the grid lines, also beyond the window's edges; empty when nothing of the cell
+    // is visible.
+    RECT CellRectangle(int column, int row) const;
+    // The cell at a point; -1 for each of the two that the point misses.
+    void CellAt(POINT point, int* column, int* row) const;
+    void RedrawCell(int column, int row);
+    void RedrawRow(int row);
+
+  protected:
+    void Paint(CDC& dc, const RECT& dirty) override;
+
+    void OnLButtonDown(UINT keys, CPoint point);
+    void OnLButtonUp(UINT keys, CPoint point);
+    void OnMouseMove(UINT keys, CPoint point);
+    void OnKeyDown(UINT key, UINT repeat, UINT flags);
+    void OnSysKeyDown(UINT key, UINT repeat, UINT flags);
+    void OnChar(UINT character, UINT repeat, UINT flags);
+    void OnSetFocus(CWnd* former);
+    void OnKillFocus(CWnd* next);
+    void OnCaptureChanged(CWnd* taker);
+    UINT OnGetDlgCode();
+    DECLARE_MESSAGE_MAP()
+
+  private:
+    void PaintRow(CDC& dc, const RECT& dirty, int row, int top, int height);
+    void PaintCell(CDC& dc, int column, int row, const RECT& inside);
+    void MarkCurrentCell(CDC& dc, const RECT& inside);
+    bool NotifyClick(POINT point, int updn);
+    corvanes::CellPlace CurrentPlace() const;
+    void Navigate(UINT key);
+
+    // The left button went down here and is still held.
+    bool pressed_ = false;
+};

@@ -1,0 +1,175 @@
+#include "grid/check_box_type.h"
+#include "tests/grid/grid_window.h"
+
+using namespace grid_test;
+
+namespace {
+
+class Editing : public GridTest {
+  protected:
+    std::string editor_text() const {
+        CString text;
+        CWnd::FromHandle(::GetFocus())->GetWindowText(text);
+        return narrow(text);
+    }
+    bool in_editor() const {
+        return grid.IsEditing() && ::GetFocus() != grid.m_hWnd && ::IsWindowVisible(::GetFocus());
+    }
+};
+
+TEST_F(Editing, EnterStoresAndGoesDown) {
+    ASSERT_EQ(grid.StartEdit(1, 2, 0), 0);
+    ASSERT_TRUE(in_editor());
+    EXPECT_EQ(editor_text(), "2b");
+    type(L"new");
+    key(VK_RETURN);
+    EXPECT_EQ(grid.take(), (Log{"can move 0 0 1 2", "row 0 2", "cell 0 1 0 2", "start 1 2", "verify new 1 2",
+                                "finish new 1 2 0", "can move 1 2 1 3", "row 2 3", "cell 1 1 2 3"}));
+    EXPECT_STREQ(grid.GetCellText(1, 2), L"new");
+    EXPECT_FALSE(grid.IsEditing());
+    EXPECT_EQ(::GetFocus(), grid.GetGrid().m_hWnd);
+}
+
+TEST_F(Editing, TheTypedKeyReplacesTheTextAndTabGoesRight) {
+    ASSERT_EQ(grid.StartEdit('q'), 0);
+    EXPECT_EQ(editor_text(), "q");
+    type(L"r");
+    key(VK_TAB);
+    EXPECT_STREQ(grid.GetCellText(0, 0), L"qr");
+    EXPECT_EQ(current(), "1,0");
+    ASSERT_EQ(grid.StartEdit(), 0);
+    hold({VK_SHIFT});
+    key(VK_TAB);
+    EXPECT_EQ(current(), "0,0");
+}
+
+TEST_F(Editing, EscapeGivesTheFormerTextBack) {
+    grid.StartEdit('q');
+    grid.take();
+    key(VK_ESCAPE);
+    EXPECT_EQ(grid.take(), (Log{"verify 0a 0 0", "finish 0a 0 0 1"}));
+    EXPECT_STREQ(grid.GetCellText(0, 0), L"0a");
+    EXPECT_EQ(current(), "0,0");
+    EXPECT_FALSE(grid.IsEditing());
+}
+
+TEST_F(Editing, ARefusalKeepsTheEditorOpen) {
+    grid.StartEdit('q');
+    grid.take();
+    grid.verified = 0;
+    key(VK_RETURN);
+    EXPECT_EQ(grid.take(), (Log{"verify q 0 0"}));
+    grid.verified = 1;
+    grid.finished = 0;
+    key(VK_RETURN);
+    EXPECT_EQ(grid.take(), (Log{"verify q 0 0", "finish q 0 0 0"}));
+    // A click elsewhere takes the focus away, and it comes back.
+    press(grid.GetGrid(), 110, 45);
+    EXPECT_EQ(grid.take(), (Log{"verify q 0 0", "finish q 0 0 0", "verify q 0 0", "finish q 0 0 0"}));
+    EXPECT_TRUE(in_editor());
+    EXPECT_EQ(editor_text(), "q");
+    EXPECT_STREQ(grid.GetCellText(0, 0), L"0a");
+    grid.finished = 1;
+    key(VK_RETURN);
+    EXPECT_STREQ(grid.GetCellText(0, 0), L"q");
+}
+
+TEST_F(Editing, AClickElsewhereStoresFirst) {
+    grid.edit_on_click = true;
+    press(grid.GetGrid(), 10, 10);
+    release(grid.GetGrid(), 10, 10);
+    EXPECT_TRUE(in_editor());
+    type(L"x");
+    grid.take();
+    press(grid.GetGrid(), 110, 25);
+    EXPECT_EQ(grid.take(), (Log{"verify x 0 0", "finish x 0 0 0", "can move 0 0 1 1", "row 0 1", "cell 0 1 0 1",
+                                "click 1 1 1 100 20 199 39 110 25 0", "start 1 1"}));
+    EXPECT_EQ(editor_text(), "1b");
+    release(grid.GetGrid(), 110, 25);
+    EXPECT_EQ(grid.take(), (Log{"click 1 1 0 100 20 199 39 110 25 0"}))
+        << "the release comes to the grid, not to the editor";
+    EXPECT_TRUE(grid.FinishEdit());
+}
+
+TEST_F(Editing, TheOwnersEditorIsUsedAndOthersAreRefused) {
+    CUGMaskedEdit own;
+    ASSERT_TRUE(own.Create(WS_CHILD | WS_VISIBLE, CRect(0, 0, 0, 0), &grid, 125));
+    grid.editor = &own;
+    ASSERT_EQ(grid.StartEdit(2, 1, 0), 0);
+    EXPECT_EQ(::GetFocus(), own.m_hWnd);
+    CRect place;
+    own.GetWindowRect(&place);
+    EXPECT_EQ(place, CRect(250, 90, 349, 109));
+    EXPECT_TRUE(grid.FinishEdit());
+    EXPECT_FALSE(own.IsWindowVisible());
+
+    CWnd other;
+    ASSERT_TRUE(other.Create(L"EDIT", L"", WS_CHILD, CRect(0, 0, 0, 0), &grid, 126));
+    grid.editor = &other;
+    EXPECT_EQ(grid.StartEdit(), 1);
+    grid.editor = nullptr;
+    grid.allow_start = 0;
+    EXPECT_EQ(grid.StartEdit(), 1);
+    EXPECT_FALSE(grid.IsEditing());
+}
+
+TEST_F(Editing, RowsThatGoTakeTheirEditorAlong) {
+    grid.StartEdit(0, 3, 'q');
+    grid.take();
+    grid.DeleteRow(1);
+    pump();
+    EXPECT_EQ(grid.take(), (Log())) << "the edit of a row that moved must not be stored elsewhere";
+    EXPECT_FALSE(grid.IsEditing());
+    EXPECT_STREQ(grid.GetCellText(0, 3), L"4a");
+    grid.StartEdit(0, 3, 'q');
+    grid.take();
+    grid.DestroyWindow();
+    EXPECT_FALSE(grid.IsEditing());
+    EXPECT_EQ(grid.take(), Log());
+}
+
+TEST_F(Editing, ADropListOffersTheLinesOfTheLabel) {
+    grid.SetCellTypeIndex(0, 1, corvanes::type_drop_list);
+    CUGGrid& cells = grid.GetGrid();
+    press(cells, 90, 25);
+    release(cells, 90, 25);
+    EXPECT_FALSE(grid.IsEditing()) << "no label, no list";
+    grid.SetCellLabel(0, 1, L"door\nwindow\n");
+    grid.take();
+    press(cells, 90, 25);
+    release(cells, 90, 25);
+    EXPECT_EQ(grid.take(), (Log{"click 0 1 1 0 20 99 39 90 25 1", "click 0 1 0 0 20 99 39 90 25 1"}));
+    ASSERT_TRUE(grid.IsEditing());
+    const HWND list = ::GetFocus();
+    EXPECT_EQ(::SendMessageW(list, CB_GETCOUNT, 0, 0), 2);
+    EXPECT_NE(::SendMessageW(list, CB_GETDROPPEDSTATE, 0, 0), 0);
+    key(VK_DOWN);
+    key(VK_DOWN);
+    key(VK_RETURN);
+    EXPECT_EQ(grid.take(), (Log{"verify window 0 1", "finish window 0 1 0"}));
+    EXPECT_STREQ(grid.GetCellText(0, 1), L"window");
+    EXPECT_FALSE(grid.IsEditing());
+
+    key(VK_F4);
+    ASSERT_TRUE(grid.IsEditing());
+    grid.take();
+    key(VK_UP);
+    key(VK_ESCAPE);
+    EXPECT_EQ(grid.take(), (Log{"verify window 0 1", "finish window 0 1 1"}));
+    EXPECT_STREQ(grid.GetCellText(0, 1), L"window");
+}
+
+TEST_F(Editing, ACheckBoxTogglesUnlessItsOwnerRefuses) {
+    grid.SetCellTypeIndex(2, 0, corvanes::type_check_box);
+    grid.SetCellText(2, 0, L"1");
+    press(grid.GetGrid(), 250, 10);
+    release(grid.GetGrid(), 250, 10);
+    EXPECT_STREQ(grid.GetCellText(2, 0), L"0");
+    type(L" ");
+    EXPECT_STREQ(grid.GetCellText(2, 0), L"1");
+    grid.finished = 0;
+    type(L" ");
+    EXPECT_STREQ(grid.GetCellText(2, 0), L"1");
+}
+
+}  // namespace
