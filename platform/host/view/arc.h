@@ -1,0 +1,39 @@
+// Arcs of circles and ellipses, and their straight approximation.
+#pragma once
+
+#include <vector>
+
+#include "platform/host/view/geometry.h"
+
+namespace host {
+
+/// The points centre + u·cos(t) + v·sin(t) for t from start to start + sweep. Any affine image of a circle's or an
+/// ellipse's arc is one again. Radians; a negative sweep runs backwards.
+struct Arc {
+    Vec2 centre;
+    Vec2 u;
+    Vec2 v;
+    double start = 0;
+    double sweep = 2 * pi;
+
+    Vec2 at(double t) const { return centre + u * std::cos(t) + v * std::sin(t); }
+    Vec2 begin() const { return at(start); }
+    Vec2 end() const { return at(start + sweep); }
+    Box2 box() const;
+    /// Into how many chords the arc must be cut so that none is further from it than `tolerance`.
+    size_t chords(double tolerance) const;
+    /// Appends the begin and the end of each chord.
+    void flatten(double tolerance, std::vector<Vec2>& points) const;
+};
+
+Arc image(const Affine2& map, const Arc& arc);
+
+/// Brings the end of an arc given by two angles into one turn after the start: the sweep is in (0, 2π]. Equal angles
+/// are a full turn.
+double positive_sweep(double start, double end);
+
+/// The arc of a polyline's segment. The bulge is the tangent of a quarter of the included angle, positive
+/// counter-clockwise; it must not be 0, nor the two points equal.
+Arc bulge_arc(Vec2 from, Vec2 to, double bulge);
+
+}  // namespace host

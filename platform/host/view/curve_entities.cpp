@@ -1,0 +1,161 @@
+// Lines, arcs, ellipses, splines, points and what is made of single lines.
+#include "platform/host/view/entity_scope.h"
+#include "platform/host/view/spline.h"
+
+namespace host {
+
+namespace {
+
+/// Half the length at which an endless line is cut: beyond any drawing, within exact arithmetic.
+constexpr double endless = 1e12;
+
+Arc circle_arc(const EntityScope& scope, double start, double sweep) {
+    const Transform3 map = scope.object_space();
+    const double radius = scope.fields.real(40);
+    return {map(scope.fields.point(10)).plan(), map.vector({radius, 0, 0}).plan(), map.vector({0, radius, 0}).plan(),
+            start, sweep};
+}
+
+std::vector<Vec2> plan(const Transform3& map, const std::vector<Vec3>& points) {
+    std::vector<Vec2> seen;
+    seen.reserve(points.size());
+    for (const Vec3& point : points) {
+        seen.push_back(map(point).plan());
+    }
+    return seen;
+}
+
+double header_real(const dxf::Drawing& drawing, std::string_view name, double fallback) {
+    const dxf::RecordId id = drawing.header_variable(name);
+    return id == dxf::no_record ? fallback : drawing.view(id).real(40, fallback);
+}
+
+void draw_arrow(const EntityScope& scope, const Vec3& tip, const Vec3& next) {
+    const double scale = header_real(scope.drawing, "$DIMSCALE", 1);
+    const double size = header_real(scope.drawing, "$DIMASZ", 0.18) * (scale > 0 ? scale : 1);
+    const Vec3 shaft = next - tip;
+    const double length = shaft.length();
+    if (!(size > 0) || !(length > size)) {
+        return;
+    }
+    const Vec3 back = shaft * (size / length);
+    const Vec3 side = Vec3{-back.y, back.x, 0} * (1.0 / 6);
+    scope.out.fill({scope.world(tip), scope.world(tip + back + side), scope.world(tip + back - side)});
+}
+
+}  // namespace
+
+void draw_line(const EntityScope& scope) {
+    const Vec3 from = scope.fields.point(10);
+    scope.out.line(scope.world(from), scope.world(scope.fields.point(11, from)));
+}
+
+void draw_circle(const EntityScope& scope) {
+    scope.out.arc(circle_arc(scope, 0, 2 * pi));
+}
+
+void draw_arc(const EntityScope& scope) {
+    const double start = scope.fields.angle(50);
+    scope.out.arc(circle_arc(scope, start, positive_sweep(start, scope.fields.angle(51))));
+}
+
+void draw_ellipse(const EntityScope& scope) {
+    const Vec3 major = scope.fields.point(11, {1, 0, 0});
+    const Vec3 normal = scope.fields.extrusion().z;
+    const Vec3 minor = cross(normal, major) * scope.fields.real(40, 1);
+    const double start = scope.fields.real(41, 0);
+    const double sweep = positive_sweep(start, scope.fields.real(42, 2 * pi));
+    scope.out.arc({scope.world(scope.fields.point(10)), scope.space.vector(major).plan(),
+                   scope.space.vector(minor).plan(), start, sweep});
+}
+
+void draw_spline(const EntityScope& scope) {
+    Spline spline;
+    spline.degree = static_cast<int>(scope.fields.integer(71, 3));
+    spline.knots = scope.fields.reals(40);
+    spline.controls = scope.fields.points(10);
+    spline.weights = scope.fields.reals(41);
+    if (spline.valid()) {
+        scope.out.strip(plan(scope.space, spline.flatten()));
+        return;
+    }
+    const bool closed = (scope.fields.integer(70) & 1) != 0;
+    const std::vector<Vec3> fit = scope.fields.points(11);
+    scope.out.strip(plan(scope.space, curve_through(fit.empty() ? spline.controls : fit, closed)));
+}
+
+void draw_point(const EntityScope& scope) {
+    scope.out.dot(scope.world(scope.fields.point(10)));
+}
+
+void draw_ray(const EntityScope& scope) {
+    const Vec3 from = scope.fields.point(10);
+    scope.out.endless_line(scope.world(from), scope.world(from + scope.fields.point(11) * endless));
+}
+
+void draw_construction_line(const EntityScope& scope) {
+    const Vec3 through = scope.fields.point(10);
+    const Vec3 reach = scope.fields.point(11) * endless;
+    scope.out.endless_line(scope.world(through - reach), scope.world(through + reach));
+}
+
+void draw_leader(const EntityScope& scope) {
+    const std::vector<Vec3> points = scope.fields.points(10);
+    const bool curved = scope.fields.integer(72) == 1;
+    scope.out.strip(plan(scope.space, curved ? curve_through(points, false) : points));
+    if (scope.fields.integer(71, 1) == 1 && points.size() > 1) {
+        draw_arrow(scope, points[0], points[1]);
+    }
+}
+
+/// A multiline's elements stand at distances that each vertex gives along its mitre.
+void draw_multiline(const EntityScope& scope) {
+    struct Vertex {
+        Vec3 point;
+        Vec3 mitre;
+        std::vector<double> distances;
+    };
+    std::vector<Vertex> vertices;
+    bool first_of_element = false;
+    for (const dxf::Group& group : scope.fields.groups()) {
+        if (group.code == 11) {
+            vertices.push_back({{group.real(), 0, 0}, {}, {}});
+        } else if (vertices.empty()) {
+            continue;
+        } else if (group.code == 21) {
+            vertices.back().point.y = group.real();
+        } else if (group.code == 13) {
+            vertices.back().mitre.x = group.real();
+        } else if (group.code == 23) {
+            vertices.back().mitre.y = group.real();
+        } else if (group.code == 74) {
+            first_of_element = group.integer() > 0;
+        } else if (group.code == 41 && first_of_element) {
+            vertices.back().distances.push_back(group.real());
+            first_of_element = false;
+        }
+    }
+    const bool closed = (scope.fields.integer(71) & 2) != 0;
+    const size_t elements = vertices.empty() ? 0 : vertices.front().distances.size();
+    for (size_t element = 0; element < elements; ++element) {
+        std::vector<Vec2> line;
+        for (const Vertex& vertex : vertices) {
+            const double distance = element < vertex.distances.size() ? vertex.distances[element] : 0;
+            line.push_back(scope.world(vertex.point + vertex.mitre * distance));
+        }
+        if (closed) {
+            line.push_back(line.front());
+        }
+        scope.out.strip(line);
+    }
+}
+
+void draw_image_frame(const EntityScope& scope) {
+    const Vec3 corner = scope.fields.point(10);
+    const Vec3 across = scope.fields.point(11) * scope.fields.real(13);
+    const Vec3 up = scope.fields.point(12) * scope.fields.real(23);
+    scope.out.strip({scope.world(corner), scope.world(corner + across), scope.world(corner + across + up),
+                     scope.world(corner + up), scope.world(corner)});
+}
+
+}  // namespace host

@@ -1,0 +1,44 @@
+// A drawing's space ready to be painted and picked from.
+#pragma once
+
+#include <vector>
+
+#include "platform/host/dxf/drawing.h"
+#include "platform/host/view/picture.h"
+
+namespace host {
+
+/// What inherited colours and layer 0 mean at one place of the tree of pictures.
+struct Surroundings {
+    Ink ink = Ink::foreground();
+    Ink layer_ink = Ink::foreground();
+    bool layer_zero_shown = true;
+
+    Ink resolve(Ink wanted) const {
+        return wanted == Ink::by_block() ? ink : wanted == Ink::by_block_layer() ? layer_ink : wanted;
+    }
+    bool shows(const Primitive& primitive) const { return layer_zero_shown || !primitive.on_layer_zero; }
+    Surroundings inside(const Instance& instance) const {
+        const bool shown = instance.layer_zero == Instance::LayerZero::inherited
+                               ? layer_zero_shown
+                               : instance.layer_zero == Instance::LayerZero::shown;
+        return {resolve(instance.ink), resolve(instance.layer_ink), shown};
+    }
+};
+
+/// Independent of the drawing that it was built from, and never changed after that.
+struct DisplayList {
+    enum class Space { model, paper };
+
+    std::vector<Picture> pictures;  ///< every block that is used, once; references to it are instances
+    Picture top;                    ///< the space itself: its entities in order
+    std::vector<FontFace> fonts;
+    Surroundings surroundings;  ///< of the top picture
+
+    /// Around everything that is in the space; empty for an empty one.
+    const Box2& extents() const { return top.box; }
+
+    static DisplayList build(const dxf::Drawing& drawing, Space space = Space::model);
+};
+
+}  // namespace host

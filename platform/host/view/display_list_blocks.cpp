@@ -1,0 +1,201 @@
+// The part of the builder that draws block references.
+#include "platform/host/view/display_list_builder.h"
+
+namespace host {
+
+namespace {
+
+constexpr int64_t most_copies_in_line = 32767;  // what the format's 16 bits can say
+constexpr size_t deepest_nesting = 100;
+constexpr size_t most_tilted_copies = 10000;
+
+bool is_zero(const Vec3& step) {
+    return step.x == 0 && step.y == 0 && step.z == 0;
+}
+
+size_t copies_in_line(int64_t count, const Vec3& step) {
+    return is_zero(step) ? 1 : static_cast<size_t>(std::clamp<int64_t>(count, 1, most_copies_in_line));
+}
+
+}  // namespace
+
+dxf::BlockId DisplayListBuilder::block_named(const std::wstring& name) const {
+    const dxf::NameId found = drawing_.block_names().find(name);
+    return found == dxf::no_name ? dxf::no_block : drawing_.block_named(found);
+}
+
+Vec3 DisplayListBuilder::base_of(dxf::BlockId block) const {
+    const dxf::RecordId head = drawing_.blocks()[block].head;
+    if (head == dxf::no_record) {
+        return {};
+    }
+    const dxf::RecordView record = drawing_.view(head);
+    return {record.real(10), record.real(20), record.real(30)};
+}
+
+/// How the block reference in `fields_` colours and shows what is inside of it.
+Instance DisplayListBuilder::look_of(dxf::NameId layer) const {
+    Instance look;
+    look.ink = ink_of(layer);
+    if (layers_.is_zero(layer)) {
+        look.layer_ink = Ink::by_block_layer();
+        look.layer_zero = Instance::LayerZero::inherited;
+    } else {
+        look.layer_ink = layers_.of(layer).ink;
+        look.layer_zero = layers_.of(layer).shown() ? Instance::LayerZero::shown : Instance::LayerZero::hidden;
+    }
+    return look;
+}
+
+/// The places of the INSERT in `fields_`, for a block with this base point.
+DisplayListBuilder::Copies DisplayListBuilder::read_copies(const Vec3& base) const {
+    const Transform3 frame = fields_.extrusion();
+    const Transform3 turn = Transform3::rotation(fields_.angle(50));
+    const Vec3 scales{fields_.real(41, 1), fields_.real(42, 1), fields_.real(43, 1)};
+    Copies copies;
+    copies.first = frame * Transform3::translation(fields_.point(10)) * turn * Transform3::scaling(scales) *
+                   Transform3::translation(base * -1);
+    copies.column_step = frame.vector(turn.vector({fields_.real(44), 0, 0}));
+    copies.row_step = frame.vector(turn.vector({0, fields_.real(45), 0}));
+    copies.columns = copies_in_line(fields_.integer(70, 1), copies.column_step);
+    copies.rows = copies_in_line(fields_.integer(71, 1), copies.row_step);
+    return copies;
+}
+
+void DisplayListBuilder::draw_insert(dxf::RecordId id, const dxf::RecordView& record, dxf::NameId layer,
+                                     const Target& target) {
+    const bool zero = layers_.is_zero(layer);
+    if (zero ? !target.in_block && layers_.zero_state().frozen : layers_.of(layer).frozen) {
+        return;
+    }
+    const dxf::NameId name = drawing_.record(id).block_name;
+    const dxf::BlockId block = name == dxf::no_name ? dxf::no_block : drawing_.block_named(name);
+    const Copies copies = read_copies(block == dxf::no_block ? Vec3{} : base_of(block));
+    place_block(id, block, copies, look_of(layer), target, record);
+}
+
+/// Dimensions and tables show a block of their own.
+void DisplayListBuilder::draw_referenced(dxf::RecordId id, dxf::NameId layer, const Target& target) {
+    const std::wstring& type = drawing_.type_names().name(drawing_.record(id).type);
+    const bool table = type == L"ACAD_TABLE";
+    if ((!table && type != L"DIMENSION" && type != L"ARC_DIMENSION" && type != L"LARGE_RADIAL_DIMENSION") ||
+        !visible(layer, target.in_block)) {
+        return;
+    }
+    const dxf::BlockId block = block_named(fields_.text(2));
+    if (block == dxf::no_block) {
+        return;
+    }
+    Copies copies;
+    copies.first = Transform3::translation(base_of(block) * -1);
+    if (table) {
+        const Vec3 along = fields_.point(11, {1, 0, 0});
+        copies.first = Transform3::translation(fields_.point(10)) * Transform3::rotation(std::atan2(along.y, along.x)) *
+                       copies.first;
+    }
+    place_block(id, block, copies, look_of(layer), target, drawing_.view(id));
+}
+
+void DisplayListBuilder::place_block(dxf::RecordId id, dxf::BlockId block, const Copies& copies, const Instance& look,
+                                     const Target& target, const dxf::RecordView& record) {
+    const bool single = copies.columns == 1 && copies.rows == 1;
+    const Transform3 placement = target.space * copies.first;
+    if (block != dxf::no_block && (!placement.flat() || !target.space.flat())) {
+        target.out.begin_entity(id, look.ink, false);
+        place_tilted(block, copies, look, target);
+        draw_attributes(id, record, target);
+        return;
+    }
+    const std::optional<uint32_t> picture = block == dxf::no_block ? std::nullopt : picture_of(block);
+    PictureBuilder cell;
+    PictureBuilder& out = single ? target.out : cell;
+    out.begin_entity(id, look.ink, false);
+    if (picture) {
+        Instance placed = look;
+        placed.picture = *picture;
+        placed.placement = placement.plan();
+        out.instance(placed, list_.pictures[*picture]);
+    }
+    draw_attributes(id, record, {out, target.space, target.in_block});
+    if (!single) {
+        Copies seen = copies;
+        seen.column_step = target.space.vector(copies.column_step);
+        seen.row_step = target.space.vector(copies.row_step);
+        Instance whole = look;
+        whole.placement = Affine2();
+        whole.picture = array_of(cell.take(), seen);
+        target.out.begin_entity(id, look.ink, false);
+        target.out.instance(whole, list_.pictures[whole.picture]);
+    }
+}
+
+/// A block seen askew is drawn anew for each reference: heights inside of it move what is seen from above.
+void DisplayListBuilder::place_tilted(dxf::BlockId block, const Copies& copies, const Instance& look,
+                                      const Target& target) {
+    for (size_t row = 0; row < copies.rows; ++row) {
+        for (size_t column = 0; column < copies.columns; ++column) {
+            if (being_drawn_[block] || depth_ >= deepest_nesting || ++tilted_copies_ > most_tilted_copies) {
+                return;
+            }
+            const Vec3 step =
+                copies.column_step * static_cast<double>(column) + copies.row_step * static_cast<double>(row);
+            Instance placed = look;
+            placed.placement = Affine2();
+            placed.picture =
+                add_picture(draw_block(block, target.space * Transform3::translation(step) * copies.first));
+            target.out.instance(placed, list_.pictures[placed.picture]);
+        }
+    }
+}
+
+uint32_t DisplayListBuilder::array_of(Picture cell, const Copies& copies) {
+    const uint32_t row = repeated(add_picture(std::move(cell)), copies.column_step.plan(), copies.columns);
+    return repeated(row, copies.row_step.plan(), copies.rows);
+}
+
+uint32_t DisplayListBuilder::repeated(uint32_t picture, Vec2 step, size_t count) {
+    if (count == 1) {
+        return picture;
+    }
+    PictureBuilder out;
+    for (size_t i = 0; i < count; ++i) {
+        Instance copy;
+        copy.picture = picture;
+        copy.placement.origin = step * static_cast<double>(i);
+        copy.ink = Ink::by_block();
+        copy.layer_ink = Ink::by_block_layer();
+        copy.layer_zero = Instance::LayerZero::inherited;
+        out.instance(copy, list_.pictures[picture]);
+    }
+    return add_picture(out.take());
+}
+
+uint32_t DisplayListBuilder::add_picture(Picture picture) {
+    list_.pictures.push_back(std::move(picture));
+    return static_cast<uint32_t>(list_.pictures.size() - 1);
+}
+
+std::optional<uint32_t> DisplayListBuilder::picture_of(dxf::BlockId block) {
+    if (being_drawn_[block] || depth_ >= deepest_nesting) {
+        return std::nullopt;
+    }
+    if (picture_of_block_[block] == no_picture) {
+        Picture picture = draw_block(block, {});
+        picture_of_block_[block] = add_picture(std::move(picture));
+    }
+    return picture_of_block_[block];
+}
+
+Picture DisplayListBuilder::draw_block(dxf::BlockId block, const Transform3& space) {
+    PictureBuilder out;
+    being_drawn_[block] = true;
+    ++depth_;
+    for (const dxf::RecordId id : drawing_.blocks()[block].entities) {
+        draw_record(id, {out, space, true});
+    }
+    --depth_;
+    being_drawn_[block] = false;
+    return out.take();
+}
+
+}  // namespace host

@@ -1,0 +1,152 @@
+#include "platform/host/view/display_list_builder.h"
+
+#include <algorithm>
+
+namespace host {
+
+namespace {
+
+struct NamedDraw {
+    const wchar_t* type;
+    void (*draw)(const EntityScope&);
+};
+
+constexpr NamedDraw draws[] = {
+    {L"LINE", draw_line},
+    {L"CIRCLE", draw_circle},
+    {L"ARC", draw_arc},
+    {L"ELLIPSE", draw_ellipse},
+    {L"SPLINE", draw_spline},
+    {L"POINT", draw_point},
+    {L"RAY", draw_ray},
+    {L"XLINE", draw_construction_line},
+    {L"LEADER", draw_leader},
+    {L"MLINE", draw_multiline},
+    {L"IMAGE", draw_image_frame},
+    {L"WIPEOUT", draw_image_frame},
+    {L"LWPOLYLINE", draw_light_polyline},
+    {L"POLYLINE", draw_polyline},
+    {L"SOLID", draw_solid},
+    {L"TRACE", draw_solid},
+    {L"3DFACE", draw_face},
+    {L"HATCH", draw_hatch},
+    {L"TEXT", draw_text},
+    {L"ATTRIB", draw_attribute},
+    {L"ATTDEF", draw_attribute_definition},
+    {L"MTEXT", draw_paragraphs},
+};
+
+/// Group 62: 0 is the block's colour, 256 (or nothing) the layer's.
+constexpr int64_t colour_of_block = 0;
+constexpr int64_t colour_of_layer = 256;
+
+}  // namespace
+
+DisplayList DisplayList::build(const dxf::Drawing& drawing, Space space) {
+    return DisplayListBuilder(drawing).build(space);
+}
+
+DisplayListBuilder::DisplayListBuilder(const dxf::Drawing& drawing)
+    : drawing_(drawing),
+      layers_(drawing),
+      styles_(drawing),
+      drawers_(drawing.type_names().size()),
+      picture_of_block_(drawing.blocks().size(), no_picture),
+      being_drawn_(drawing.blocks().size(), false) {}
+
+DisplayList DisplayListBuilder::build(DisplayList::Space space) {
+    const bool paper = space == DisplayList::Space::paper;
+    PictureBuilder out;
+    const Target target{out, {}, false};
+    for (const dxf::RecordId id : drawing_.entities()) {
+        if (drawing_.record(id).is(dxf::Record::paper_space) == paper) {
+            draw_record(id, target);
+        }
+    }
+    list_.top = out.take();
+    list_.fonts = styles_.fonts();
+    list_.surroundings.layer_ink = layers_.zero_state().ink;
+    list_.surroundings.layer_zero_shown = layers_.zero_state().shown();
+    return std::move(list_);
+}
+
+DisplayListBuilder::Draw DisplayListBuilder::drawer_of(uint16_t type) {
+    if (type >= drawers_.size()) {
+        return nullptr;
+    }
+    if (!drawers_[type]) {
+        const std::wstring& name = drawing_.type_names().name(type);
+        const auto found = std::find_if(std::begin(draws), std::end(draws),
+                                        [&name](const NamedDraw& draw) { return draw.type == name; });
+        drawers_[type] = found == std::end(draws) ? nullptr : found->draw;
+    }
+    return *drawers_[type];
+}
+
+bool DisplayListBuilder::visible(dxf::NameId layer, bool in_block) const {
+    return layers_.is_zero(layer) ? in_block || layers_.zero_state().shown() : layers_.of(layer).shown();
+}
+
+/// The colour of the entity in `fields_`.
+Ink DisplayListBuilder::ink_of(dxf::NameId layer) const {
+    if (const dxf::Group* const true_colour = fields_.find(420)) {
+        return Ink::rgb(static_cast<uint32_t>(true_colour->integer()));
+    }
+    const int64_t index = fields_.integer(62, colour_of_layer);
+    if (index == colour_of_block) {
+        return Ink::by_block();
+    }
+    if (index == colour_of_layer) {
+        return layers_.is_zero(layer) ? Ink::by_block_layer() : layers_.of(layer).ink;
+    }
+    return indexed_ink(static_cast<int>(std::abs(index) % colour_of_layer));
+}
+
+void DisplayListBuilder::draw_record(dxf::RecordId id, const Target& target) {
+    const dxf::Record& entry = drawing_.record(id);
+    if (entry.is(dxf::Record::erased)) {
+        return;
+    }
+    const dxf::RecordView record = drawing_.view(id);
+    fields_.read(record);
+    if (fields_.integer(60) != 0) {
+        return;
+    }
+    if (entry.type == dxf::type_insert) {
+        draw_insert(id, record, entry.layer, target);
+    } else if (drawer_of(entry.type) != nullptr) {
+        draw_plain(id, record, target);
+    } else {
+        draw_referenced(id, entry.layer, target);
+    }
+}
+
+/// Draws the entity in `fields_` by its geometry alone.
+void DisplayListBuilder::draw_plain(dxf::RecordId id, const dxf::RecordView& record, const Target& target) {
+    const dxf::Record& entry = drawing_.record(id);
+    if (!visible(entry.layer, target.in_block)) {
+        return;
+    }
+    target.out.begin_entity(id, ink_of(entry.layer), layers_.is_zero(entry.layer));
+    drawer_of(entry.type)({drawing_, record, fields_, target.space, styles_, target.out, target.in_block});
+}
+
+/// The ATTRIBs that follow an INSERT, which stand in the same coordinates as the INSERT itself.
+void DisplayListBuilder::draw_attributes(dxf::RecordId id, const dxf::RecordView& record, const Target& target) {
+    if (!drawing_.record(id).is(dxf::Record::has_parts)) {
+        return;
+    }
+    for (const dxf::RecordView& part : record.parts()) {
+        if (part.type() != "ATTRIB") {
+            continue;
+        }
+        fields_.read(part);
+        const dxf::NameId layer = drawing_.layer_names().find(fields_.text(8));
+        if (fields_.integer(60) == 0 && visible(layer, target.in_block)) {
+            target.out.begin_entity(id, ink_of(layer), layers_.is_zero(layer));
+            draw_attribute({drawing_, part, fields_, target.space, styles_, target.out, target.in_block});
+        }
+    }
+}
+
+}  // namespace host

@@ -1,0 +1,76 @@
+// Builds a display list from a drawing.
+#pragma once
+
+#include <optional>
+#include <vector>
+
+#include "platform/host/view/display_list.h"
+#include "platform/host/view/entity_scope.h"
+#include "platform/host/view/layer_states.h"
+
+namespace host {
+
+class DisplayListBuilder {
+  public:
+    explicit DisplayListBuilder(const dxf::Drawing& drawing);
+
+    DisplayList build(DisplayList::Space space);
+
+  private:
+    /// Where entities stand and where their primitives go.
+    struct Target {
+        PictureBuilder& out;
+        Transform3 space;
+        bool in_block;
+    };
+    /// A block reference's copies: the first one's place, and the steps to the others.
+    struct Copies {
+        Transform3 first;
+        Vec3 column_step;
+        Vec3 row_step;
+        size_t columns = 1;
+        size_t rows = 1;
+    };
+
+    void draw_record(dxf::RecordId id, const Target& target);
+    void draw_plain(dxf::RecordId id, const dxf::RecordView& record, const Target& target);
+    void draw_insert(dxf::RecordId id, const dxf::RecordView& record, dxf::NameId layer, const Target& target);
+    void draw_attributes(dxf::RecordId id, const dxf::RecordView& record, const Target& target);
+    void draw_referenced(dxf::RecordId id, dxf::NameId layer, const Target& target);
+
+    Copies read_copies(const Vec3& base) const;
+    void place_block(dxf::RecordId id, dxf::BlockId block, const Copies& copies, const Instance& look,
+                     const Target& target, const dxf::RecordView& record);
+    void place_tilted(dxf::BlockId block, const Copies& copies, const Instance& look, const Target& target);
+    /// The array of a cell, as a picture of one row and a picture of all rows; the place in pictures.
+    uint32_t array_of(Picture cell, const Copies& copies);
+    uint32_t repeated(uint32_t picture, Vec2 step, size_t count);
+    uint32_t add_picture(Picture picture);
+
+    /// The block's picture; nothing for an empty one, or one that is being drawn: it contains itself.
+    std::optional<uint32_t> picture_of(dxf::BlockId block);
+    Picture draw_block(dxf::BlockId block, const Transform3& space);
+    Vec3 base_of(dxf::BlockId block) const;
+    dxf::BlockId block_named(const std::wstring& name) const;
+
+    bool visible(dxf::NameId layer, bool in_block) const;
+    Ink ink_of(dxf::NameId layer) const;
+    Instance look_of(dxf::NameId layer) const;
+
+    static constexpr uint32_t no_picture = 0xFFFFFFFF;
+    using Draw = void (*)(const EntityScope&);
+    Draw drawer_of(uint16_t type);
+
+    const dxf::Drawing& drawing_;
+    LayerStates layers_;
+    TextStyles styles_;
+    RecordFields fields_;
+    std::vector<std::optional<Draw>> drawers_;  ///< by record type, found when one is first met
+    std::vector<uint32_t> picture_of_block_;    ///< by BlockId
+    std::vector<bool> being_drawn_;             ///< by BlockId
+    size_t depth_ = 0;
+    size_t tilted_copies_ = 0;
+    DisplayList list_;
+};
+
+}  // namespace host

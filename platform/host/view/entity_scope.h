@@ -1,0 +1,49 @@
+// What drawing one entity needs to know.
+#pragma once
+
+#include "platform/host/view/picture_builder.h"
+#include "platform/host/view/record_fields.h"
+#include "platform/host/view/text_styles.h"
+
+namespace host {
+
+struct EntityScope {
+    const dxf::Drawing& drawing;
+    const dxf::RecordView& record;
+    const RecordFields& fields;
+    /// From world coordinates (of the space or block that the entity stands in) to the picture.
+    const Transform3& space;
+    TextStyles& styles;
+    PictureBuilder& out;
+    bool in_block = false;
+
+    Transform3 object_space() const { return fields.has(210) ? space * fields.extrusion() : space; }
+    Vec2 world(const Vec3& point) const { return space(point).plan(); }
+};
+
+// Entities by their geometry; each adds the entity to `scope.out`.
+void draw_line(const EntityScope& scope);
+void draw_circle(const EntityScope& scope);
+void draw_arc(const EntityScope& scope);
+void draw_ellipse(const EntityScope& scope);
+void draw_spline(const EntityScope& scope);
+void draw_point(const EntityScope& scope);
+void draw_ray(const EntityScope& scope);
+void draw_construction_line(const EntityScope& scope);
+void draw_leader(const EntityScope& scope);
+void draw_multiline(const EntityScope& scope);
+void draw_image_frame(const EntityScope& scope);
+
+void draw_light_polyline(const EntityScope& scope);
+void draw_polyline(const EntityScope& scope);
+
+void draw_solid(const EntityScope& scope);
+void draw_face(const EntityScope& scope);
+void draw_hatch(const EntityScope& scope);
+
+void draw_text(const EntityScope& scope);
+void draw_attribute(const EntityScope& scope);
+void draw_attribute_definition(const EntityScope& scope);
+void draw_paragraphs(const EntityScope& scope);
+
+}  // namespace host

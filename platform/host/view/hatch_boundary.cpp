@@ -1,0 +1,173 @@
+#include "platform/host/view/hatch_boundary.h"
+
+#include "platform/host/view/arc.h"
+#include "platform/host/view/spline.h"
+
+namespace host {
+
+namespace {
+
+constexpr double chord_error = 1.0 / 1000;  // of an arc's radius
+constexpr int64_t polyline_path = 2;
+
+/// Reads the groups of a HATCH in their order. Missing groups leave what was asked for at 0.
+class BoundaryReader {
+  public:
+    explicit BoundaryReader(const std::vector<dxf::Group>& groups) : at_(groups.begin()), end_(groups.end()) {}
+
+    std::vector<std::vector<Vec2>> read() {
+        while (at_ != end_ && at_->code != 91) {
+            ++at_;
+        }
+        std::vector<std::vector<Vec2>> contours;
+        for (int64_t paths = take_integer(91); paths > 0 && skip_to(92); --paths) {
+            const int64_t flags = take_integer(92);
+            points_.clear();
+            if ((flags & polyline_path) != 0) {
+                read_polyline();
+            } else {
+                read_edges();
+            }
+            if (points_.size() > 2) {
+                contours.push_back(std::move(points_));
+            }
+        }
+        return contours;
+    }
+
+  private:
+    bool next_is(int code) const { return at_ != end_ && at_->code == code; }
+
+    /// Stops before the pattern and seed points, which follow the boundary.
+    bool skip_to(int code) {
+        while (at_ != end_ && at_->code != code && at_->code != 75) {
+            ++at_;
+        }
+        return next_is(code);
+    }
+    double take(int code) { return next_is(code) ? (at_++)->real() : 0; }
+    int64_t take_integer(int code) { return next_is(code) ? (at_++)->integer() : 0; }
+    Vec2 take_point(int code) {
+        const double x = take(code);
+        return {x, take(code + 10)};
+    }
+
+    void add_arc(const Arc& arc) {
+        const double radius = std::max(arc.u.length(), arc.v.length());
+        if (std::isfinite(radius) && radius > 0) {
+            arc.flatten(radius * chord_error, points_);
+        }
+    }
+
+    void read_polyline() {
+        take_integer(72);
+        take_integer(73);
+        struct Corner {
+            Vec2 point;
+            double bulge;
+        };
+        std::vector<Corner> corners;
+        for (int64_t count = take_integer(93); count > 0 && next_is(10); --count) {
+            const Vec2 point = take_point(10);
+            corners.push_back({point, take(42)});
+        }
+        for (size_t i = 0; i < corners.size(); ++i) {
+            const Corner& next = corners[(i + 1) % corners.size()];
+            if (corners[i].bulge != 0 && !(corners[i].point == next.point)) {
+                add_arc(bulge_arc(corners[i].point, next.point, corners[i].bulge));
+            } else {
+                points_.push_back(corners[i].point);
+            }
+        }
+    }
+
+    void read_edges() {
+        for (int64_t count = take_integer(93); count > 0 && next_is(72); --count) {
+            switch (take_integer(72)) {
+                case 1:
+                    points_.push_back(take_point(10));
+                    points_.push_back(take_point(11));
+                    break;
+                case 2:
+                    read_arc();
+                    break;
+                case 3:
+                    read_ellipse();
+                    break;
+                case 4:
+                    read_spline();
+                    break;
+                default:
+                    return;
+            }
+        }
+    }
+
+    /// Angles of a clockwise edge are counted the other way round.
+    void add_turn(Arc arc, double start, double end) {
+        const bool counter_clockwise = take_integer(73) != 0;
+        const double sweep = positive_sweep(start, end);
+        arc.start = counter_clockwise ? start : -start;
+        arc.sweep = counter_clockwise ? sweep : -sweep;
+        add_arc(arc);
+    }
+
+    void read_arc() {
+        Arc arc;
+        arc.centre = take_point(10);
+        const double radius = take(40);
+        arc.u = {radius, 0};
+        arc.v = {0, radius};
+        const double start = take(50) * pi / 180;
+        add_turn(arc, start, take(51) * pi / 180);
+    }
+
+    void read_ellipse() {
+        Arc arc;
+        arc.centre = take_point(10);
+        arc.u = take_point(11);
+        arc.v = arc.u.left() * take(40);
+        const double start = take(50) * pi / 180;
+        add_turn(arc, start, take(51) * pi / 180);
+    }
+
+    void read_spline() {
+        Spline spline;
+        spline.degree = static_cast<int>(take_integer(94));
+        take_integer(73);
+        take_integer(74);
+        take_integer(95);
+        take_integer(96);
+        while (next_is(40)) {
+            spline.knots.push_back(take(40));
+        }
+        while (next_is(10)) {
+            const Vec2 point = take_point(10);
+            spline.controls.push_back({point.x, point.y, 0});
+            if (next_is(42)) {
+                spline.weights.push_back(take(42));
+            }
+        }
+        std::vector<Vec3> fit;
+        take_integer(97);
+        while (next_is(11)) {
+            const Vec2 point = take_point(11);
+            fit.push_back({point.x, point.y, 0});
+        }
+        for (const Vec3& point : spline.valid() ? spline.flatten() : curve_through(fit, false)) {
+            points_.push_back(point.plan());
+        }
+    }
+
+    std::vector<dxf::Group>::const_iterator at_;
+    std::vector<dxf::Group>::const_iterator end_;
+    std::vector<Vec2> points_;
+};
+
+}  // namespace
+
+std::vector<std::vector<Vec2>> read_hatch_boundary(const RecordFields& hatch) {
+    return BoundaryReader(hatch.groups()).read();
+}
+
+}  // namespace host

@@ -1,0 +1,14 @@
+// The boundary paths of a hatch.
+#pragma once
+
+#include <vector>
+
+#include "platform/host/view/record_fields.h"
+
+namespace host {
+
+/// The closed contours of a HATCH as polygons in its object coordinates (the first point is not repeated). Paths
+/// without an area are left out.
+std::vector<std::vector<Vec2>> read_hatch_boundary(const RecordFields& hatch);
+
+}  // namespace host

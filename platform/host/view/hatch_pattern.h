@@ -1,0 +1,29 @@
+// Hatch patterns: families of parallel dashed lines, cut off at the boundary.
+#pragma once
+
+#include <vector>
+
+#include "platform/host/view/record_fields.h"
+
+namespace host {
+
+/// One family of lines, in the hatch's object coordinates with angle and scale applied.
+struct HatchFamily {
+    double angle = 0;  ///< radians
+    Vec2 base;
+    Vec2 offset;                 ///< from one line to the next
+    std::vector<double> dashes;  ///< drawn where positive, a gap where negative, a dot where 0; none for a full line
+};
+
+struct HatchLine {
+    Vec2 from;
+    Vec2 to;
+};
+
+std::vector<HatchFamily> read_hatch_pattern(const RecordFields& hatch);
+
+/// The pattern's dashes inside the contours by the even-odd rule. Nothing when there would be too many of them.
+std::vector<HatchLine> hatch_lines(const std::vector<HatchFamily>& pattern,
+                                   const std::vector<std::vector<Vec2>>& contours);
+
+}  // namespace host

@@ -1,0 +1,186 @@
+#include "platform/host/view/hit_test.h"
+
+#include <algorithm>
+
+#include "platform/host/view/text_metrics.h"
+
+namespace host {
+
+namespace {
+
+bool between(double value, double a, double b) {
+    return std::min(a, b) <= value && value <= std::max(a, b);
+}
+
+bool segment_touches(Vec2 from, Vec2 to, const Box2& box) {
+    if (box.contains(from) || box.contains(to)) {
+        return true;
+    }
+    if (!Box2::between(from, to).intersects(box)) {
+        return false;
+    }
+    const Vec2 run = to - from;
+    const double sides[] = {cross(run, box.low - from), cross(run, box.high - from),
+                            cross(run, Vec2{box.low.x, box.high.y} - from),
+                            cross(run, Vec2{box.high.x, box.low.y} - from)};
+    const auto [least, most] = std::minmax_element(std::begin(sides), std::end(sides));
+    return between(0, *least, *most);
+}
+
+bool strip_touches(const std::vector<Vec2>& points, const Box2& box) {
+    for (size_t i = 1; i < points.size(); ++i) {
+        if (segment_touches(points[i - 1], points[i], box)) {
+            return true;
+        }
+    }
+    return points.size() == 1 && box.contains(points.front());
+}
+
+/// Whether the point is inside a closed polygon by the even-odd rule.
+bool encloses(const std::vector<Vec2>& polygon, Vec2 point) {
+    bool inside = false;
+    for (size_t i = 0; i < polygon.size(); ++i) {
+        const Vec2 from = polygon[i];
+        const Vec2 to = polygon[(i + 1) % polygon.size()];
+        if ((from.y <= point.y) != (to.y <= point.y) &&
+            point.x < from.x + (to.x - from.x) * (point.y - from.y) / (to.y - from.y)) {
+            inside = !inside;
+        }
+    }
+    return inside;
+}
+
+std::vector<Vec2> corners(const Affine2& map, const Box2& box) {
+    return {map(box.low), map({box.high.x, box.low.y}), map(box.high), map({box.low.x, box.high.y}), map(box.low)};
+}
+
+/// A primitive's outline in world coordinates; of an arc close enough for boxes of this size.
+std::vector<Vec2> outline(const Picture& picture, const Primitive& primitive, const Affine2& to_world,
+                          const Box2& box) {
+    constexpr double part_of_box = 1.0 / 50;
+    std::vector<Vec2> points;
+    if (primitive.kind == Primitive::Kind::arc) {
+        const double size = std::max(box.width(), box.height());
+        image(to_world, picture.arcs[primitive.first]).flatten(size * part_of_box, points);
+    } else if (primitive.kind == Primitive::Kind::text) {
+        const TextItem& item = picture.texts[primitive.first];
+        points = corners(to_world * item.frame, text_area(item));
+    } else {
+        for (uint32_t i = 0; i < primitive.count; ++i) {
+            points.push_back(to_world(picture.points[primitive.first + i]));
+        }
+    }
+    return points;
+}
+
+bool has_area(const Primitive& primitive) {
+    return primitive.kind == Primitive::Kind::fill || primitive.kind == Primitive::Kind::text;
+}
+
+}  // namespace
+
+/// The numbers of the top picture's primitives near the box, in drawing order.
+std::vector<uint32_t> HitTest::candidates(const Box2& box) const {
+    std::vector<uint32_t> numbers;
+    list_.top.visit(box, 0, [&numbers](uint32_t number) { numbers.push_back(number); });
+    std::sort(numbers.begin(), numbers.end());
+    return numbers;
+}
+
+dxf::RecordId HitTest::pick(const Box2& pick_box) const {
+    const std::vector<uint32_t> numbers = candidates(pick_box);
+    for (auto number = numbers.rbegin(); number != numbers.rend(); ++number) {
+        const Primitive& primitive = list_.top.primitives[*number];
+        if (touches(list_.top, primitive, {{}, list_.surroundings}, pick_box)) {
+            return primitive.entity;
+        }
+    }
+    return dxf::no_record;
+}
+
+std::vector<dxf::RecordId> HitTest::crossing(const Box2& box) const {
+    std::vector<dxf::RecordId> found;
+    for (const uint32_t number : candidates(box)) {
+        const Primitive& primitive = list_.top.primitives[number];
+        if ((found.empty() || found.back() != primitive.entity) &&
+            touches(list_.top, primitive, {{}, list_.surroundings}, box)) {
+            found.push_back(primitive.entity);
+        }
+    }
+    return found;
+}
+
+std::vector<dxf::RecordId> HitTest::window(const Box2& box) const {
+    const std::vector<Primitive>& all = list_.top.primitives;
+    const Placing placing{{}, list_.surroundings};
+    std::vector<dxf::RecordId> found;
+    size_t next = 0;
+    for (const uint32_t number : candidates(box)) {
+        if (number < next) {
+            continue;
+        }
+        size_t first = number;
+        while (first > 0 && all[first - 1].entity == all[number].entity) {
+            --first;
+        }
+        bool whole = true;
+        for (next = first; next < all.size() && all[next].entity == all[number].entity; ++next) {
+            whole = whole && inside(list_.top, all[next], placing, box);
+        }
+        if (whole && placing.surroundings.shows(all[number])) {
+            found.push_back(all[number].entity);
+        }
+    }
+    return found;
+}
+
+bool HitTest::touches(const Picture& picture, const Primitive& primitive, const Placing& placing,
+                      const Box2& box) const {
+    if (!placing.surroundings.shows(primitive)) {
+        return false;
+    }
+    if (primitive.kind == Primitive::Kind::instance) {
+        return any_touches(picture.instances[primitive.first], placing, box);
+    }
+    const std::vector<Vec2> points = outline(picture, primitive, placing.to_world, box);
+    return strip_touches(points, box) || (has_area(primitive) && encloses(points, box.centre()));
+}
+
+bool HitTest::any_touches(const Instance& instance, const Placing& placing, const Box2& box) const {
+    const Picture& picture = list_.pictures[instance.picture];
+    const Placing inner{placing.to_world * instance.placement, placing.surroundings.inside(instance)};
+    const std::optional<Affine2> to_picture = inverse(inner.to_world);
+    if (!to_picture) {
+        return false;
+    }
+    bool found = false;
+    picture.visit(image(*to_picture, box), 0,
+                  [&](uint32_t number) { found = found || touches(picture, picture.primitives[number], inner, box); });
+    return found;
+}
+
+bool HitTest::inside(const Picture& picture, const Primitive& primitive, const Placing& placing,
+                     const Box2& box) const {
+    if (!placing.surroundings.shows(primitive) || box.contains(image(placing.to_world, primitive.box))) {
+        return true;
+    }
+    switch (primitive.kind) {
+        case Primitive::Kind::instance:
+            return all_inside(picture.instances[primitive.first], placing, box);
+        case Primitive::Kind::arc:
+            return box.contains(image(placing.to_world, picture.arcs[primitive.first]).box());
+        default: {
+            const std::vector<Vec2> points = outline(picture, primitive, placing.to_world, box);
+            return std::all_of(points.begin(), points.end(), [&box](Vec2 point) { return box.contains(point); });
+        }
+    }
+}
+
+bool HitTest::all_inside(const Instance& instance, const Placing& placing, const Box2& box) const {
+    const Picture& picture = list_.pictures[instance.picture];
+    const Placing inner{placing.to_world * instance.placement, placing.surroundings.inside(instance)};
+    return std::all_of(picture.primitives.begin(), picture.primitives.end(),
+                       [&](const Primitive& primitive) { return inside(picture, primitive, inner, box); });
+}
+
+}  // namespace host

@@ -1,0 +1,167 @@
+#include "platform/host/view/list_painter.h"
+
+#include "platform/host/view/text_metrics.h"
+
+namespace host {
+
+namespace {
+
+constexpr double one_pixel = 1;
+constexpr double few_pixels = 4;
+constexpr double chord_error = 0.3;        // pixels
+constexpr double readable_height = 2.5;    // pixels; smaller text is shown as a line
+constexpr double dense_points = 0.5;       // pixels; nearer points of a strip are left out
+constexpr size_t most_effort = 4'000'000;  // blocks nested like a bomb are cut off here
+
+/// The primitives of a large picture that are to be painted, by number and then in order.
+template <typename Paint>
+void paint_in_order(const Picture& picture, const Box2& area, double detail, Paint paint) {
+    std::vector<uint64_t> wanted((picture.primitives.size() + 63) / 64);
+    picture.visit(area, detail, [&wanted](uint32_t number) { wanted[number / 64] |= uint64_t{1} << number % 64; });
+    for (size_t word = 0; word < wanted.size(); ++word) {
+        for (uint64_t bits = wanted[word]; bits != 0; bits &= bits - 1) {
+            paint(picture.primitives[word * 64 + static_cast<size_t>(__builtin_ctzll(bits))]);
+        }
+    }
+}
+
+}  // namespace
+
+bool PaintColours::is_dark(uint32_t colour) {
+    const uint32_t brightness = (colour >> 16 & 0xFF) * 30 + (colour >> 8 & 0xFF) * 59 + (colour & 0xFF) * 11;
+    return brightness < 128 * 100;
+}
+
+uint32_t PaintColours::of(Ink ink) const {
+    return ink.value > 0xFFFFFF || ink.value == background ? foreground() : ink.value;
+}
+
+ListPainter::ListPainter(const DisplayList& list, const ViewTransform& view, Raster& raster)
+    : list_(list), view_(view), raster_(raster) {}
+
+void ListPainter::paint(const PaintColours& colours, const EntitySet& highlighted) {
+    colours_ = colours;
+    highlighted_ = &highlighted;
+    texts_.clear();
+    effort_ = 0;
+    raster_.clear(colours.background);
+    paint_picture(list_.top, {view_.to_pixels(), list_.surroundings});
+}
+
+void ListPainter::paint_picture(const Picture& picture, const Placing& placing) {
+    const std::optional<Affine2> to_picture = inverse(placing.to_pixels);
+    if (!to_picture) {
+        return;  // flattened to a line: its box alone says where it would be
+    }
+    const Box2 area = image(*to_picture, raster_.box());
+    const auto paint = [&](const Primitive& primitive) {
+        if (depth_ == 0) {
+            highlighting_ = !highlighted_->empty() && highlighted_->count(primitive.entity) != 0;
+        }
+        if (placing.surroundings.shows(primitive)) {
+            paint_primitive(picture, primitive, placing);
+        }
+    };
+    if (picture.tree.empty()) {
+        for (const Primitive& primitive : picture.primitives) {
+            if (primitive.box.intersects(area)) {
+                paint(primitive);
+            }
+        }
+        return;
+    }
+    paint_in_order(picture, area, one_pixel / placing.scale, paint);
+}
+
+void ListPainter::paint_primitive(const Picture& picture, const Primitive& primitive, const Placing& placing) {
+    effort_ += depth_ > 0 ? 1 : 0;
+    const uint32_t colour = colours_.of(placing.surroundings.resolve(primitive.ink));
+    raster_.set_pen(colour, highlighting_);
+    const double size = std::max(primitive.box.width(), primitive.box.height()) * placing.scale;
+    if (size < one_pixel || effort_ > most_effort) {
+        raster_.dot(placing.to_pixels(primitive.box.low));
+        return;
+    }
+    switch (primitive.kind) {
+        case Primitive::Kind::instance:
+            paint_instance(picture.instances[primitive.first], placing);
+            break;
+        case Primitive::Kind::arc:
+            points_.clear();
+            image(placing.to_pixels, picture.arcs[primitive.first]).flatten(chord_error, points_);
+            raster_.strip(points_);
+            break;
+        case Primitive::Kind::text:
+            paint_text(picture.texts[primitive.first], placing, colour);
+            break;
+        default:
+            paint_points(picture, primitive, placing.to_pixels);
+            break;
+    }
+}
+
+/// A primitive's points in pixels, without those that would fall on the same place.
+void ListPainter::project(const Picture& picture, const Primitive& primitive, const Affine2& to_pixels) {
+    points_.clear();
+    const Vec2* const points = picture.points.data() + primitive.first;
+    points_.push_back(to_pixels(points[0]));
+    for (uint32_t i = 1; i < primitive.count; ++i) {
+        const Vec2 point = to_pixels(points[i]);
+        const Vec2 gap = point - points_.back();
+        if (i + 1 == primitive.count || std::fabs(gap.x) > dense_points || std::fabs(gap.y) > dense_points) {
+            points_.push_back(point);
+        }
+    }
+}
+
+void ListPainter::paint_points(const Picture& picture, const Primitive& primitive, const Affine2& to_pixels) {
+    project(picture, primitive, to_pixels);
+    if (primitive.kind == Primitive::Kind::fill) {
+        raster_.fill(points_);
+        if (!primitive.bridged) {
+            points_.push_back(points_.front());
+            raster_.strip(points_);  // so that narrow areas have no gaps
+        }
+    } else if (primitive.kind == Primitive::Kind::dot) {
+        raster_.dot(points_.front());
+    } else {
+        raster_.strip(points_);
+    }
+}
+
+void ListPainter::paint_instance(const Instance& instance, const Placing& placing) {
+    const Picture& picture = list_.pictures[instance.picture];
+    const Placing inner{placing.to_pixels * instance.placement, placing.surroundings.inside(instance)};
+    const double size = std::max(picture.box.width(), picture.box.height()) * inner.scale;
+    ++depth_;
+    if (size < few_pixels) {
+        paint_sample(picture, inner);
+    } else {
+        paint_picture(picture, inner);
+    }
+    --depth_;
+}
+
+/// A few primitives from all over a picture of which no more could be told apart.
+void ListPainter::paint_sample(const Picture& picture, const Placing& placing) {
+    constexpr size_t sample = 4;
+    const size_t count = picture.primitives.size();
+    for (size_t i = 0; i < std::min(count, sample); ++i) {
+        const Primitive& primitive = picture.primitives[i * count / std::min(count, sample)];
+        if (placing.surroundings.shows(primitive)) {
+            paint_primitive(picture, primitive, placing);
+        }
+    }
+}
+
+void ListPainter::paint_text(const TextItem& item, const Placing& placing, uint32_t colour) {
+    const Affine2 to_pixels = placing.to_pixels * item.frame;
+    if (to_pixels.y.length() >= readable_height) {
+        texts_.push_back({&item, to_pixels, colour, highlighting_});
+        return;
+    }
+    const Box2 area = text_area(item);
+    raster_.line(to_pixels({area.low.x, 0.5}), to_pixels({area.high.x, 0.5}));
+}
+
+}  // namespace host

@@ -1,0 +1,67 @@
+// Paints a display list: lines and areas into pixels, texts as a list for whoever has fonts.
+#pragma once
+
+#include <unordered_set>
+#include <vector>
+
+#include "platform/host/view/display_list.h"
+#include "platform/host/view/raster.h"
+#include "platform/host/view/view_transform.h"
+
+namespace host {
+
+/// A text to be drawn over what has been painted.
+struct PlacedText {
+    const TextItem* item;
+    Affine2 to_pixels;  ///< from the item's own plane
+    uint32_t colour;    ///< 0x00RRGGBB
+    bool highlighted;
+};
+
+struct PaintColours {
+    uint32_t background = 0x000000;
+    /// Colour 7.
+    uint32_t foreground() const { return is_dark(background) ? 0xFFFFFF : 0x000000; }
+    /// A colour as it is painted: the one that could not be told from the background becomes the foreground.
+    uint32_t of(Ink ink) const;
+    static bool is_dark(uint32_t colour);
+};
+
+using EntitySet = std::unordered_set<dxf::RecordId>;
+
+class ListPainter {
+  public:
+    /// All of them must outlive the painter, and the list what texts() gives.
+    ListPainter(const DisplayList& list, const ViewTransform& view, Raster& raster);
+
+    void paint(const PaintColours& colours, const EntitySet& highlighted = {});
+
+    const std::vector<PlacedText>& texts() const { return texts_; }
+
+  private:
+    struct Placing {
+        Affine2 to_pixels;
+        Surroundings surroundings;
+        double scale = to_pixels.scale();
+    };
+    void paint_picture(const Picture& picture, const Placing& placing);
+    void paint_sample(const Picture& picture, const Placing& placing);
+    void paint_primitive(const Picture& picture, const Primitive& primitive, const Placing& placing);
+    void paint_points(const Picture& picture, const Primitive& primitive, const Affine2& to_pixels);
+    void paint_instance(const Instance& instance, const Placing& placing);
+    void paint_text(const TextItem& item, const Placing& placing, uint32_t colour);
+    void project(const Picture& picture, const Primitive& primitive, const Affine2& to_pixels);
+
+    const DisplayList& list_;
+    const ViewTransform& view_;
+    Raster& raster_;
+    PaintColours colours_;
+    const EntitySet* highlighted_ = nullptr;
+    bool highlighting_ = false;  ///< the entity that is being painted is highlighted
+    size_t depth_ = 0;
+    size_t effort_ = 0;  ///< primitives inside of blocks painted so far
+    std::vector<Vec2> points_;
+    std::vector<PlacedText> texts_;
+};
+
+}  // namespace host

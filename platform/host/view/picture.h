@@ -1,0 +1,77 @@
+// What a drawing's space or block looks like: flat primitives in the order in which they are drawn.
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "platform/host/dxf/record.h"
+#include "platform/host/view/arc.h"
+#include "platform/host/view/box_tree.h"
+#include "platform/host/view/ink.h"
+#include "platform/host/view/text_item.h"
+
+namespace host {
+
+struct Primitive {
+    enum class Kind : uint8_t {
+        strip,     ///< connected lines through `count` points
+        fill,      ///< the area inside a polygon of `count` points by the even-odd rule
+        dot,       ///< one point
+        arc,       ///< one of Picture::arcs
+        text,      ///< one of Picture::texts
+        instance,  ///< one of Picture::instances
+    };
+
+    Box2 box;
+    uint32_t first = 0;  ///< the first of the points, or the place in the kind's own list
+    uint32_t count = 0;
+    dxf::RecordId entity = dxf::no_record;  ///< the entity that it belongs to; one entity's primitives stand together
+    Ink ink;                                ///< of an instance: the colour that stands for all of it
+    Kind kind = Kind::strip;
+    /// On layer 0: inside a block it is seen exactly where the block reference's layer is.
+    bool on_layer_zero = false;
+    /// A construction line, which says nothing about how large the drawing is.
+    bool endless = false;
+    /// A fill of several contours, whose polygon has bridges between them that must not be seen.
+    bool bridged = false;
+};
+
+/// A picture placed in another one.
+struct Instance {
+    enum class LayerZero : uint8_t { shown, hidden, inherited };
+
+    Affine2 placement;
+    uint32_t picture = 0;  ///< in DisplayList::pictures
+    Ink ink;               ///< what by_block() means inside
+    Ink layer_ink;         ///< what by_block_layer() means inside
+    LayerZero layer_zero = LayerZero::shown;
+};
+
+struct Picture {
+    std::vector<Primitive> primitives;
+    std::vector<Vec2> points;
+    std::vector<Arc> arcs;
+    std::vector<TextItem> texts;
+    std::vector<Instance> instances;
+    Box2 box;      ///< around all primitives that are not endless
+    BoxTree tree;  ///< over the primitives; empty where they are few
+
+    /// Computes `box` and `tree` once all primitives are there.
+    void finish();
+
+    /// Calls visit(number) for primitives that touch `area`, in no order. See BoxTree::visit.
+    template <typename Visit>
+    void visit(const Box2& area, double detail, Visit visit) const {
+        if (!tree.empty()) {
+            tree.visit(area, detail, visit);
+            return;
+        }
+        for (uint32_t number = 0; number < primitives.size(); ++number) {
+            if (primitives[number].box.intersects(area)) {
+                visit(number);
+            }
+        }
+    }
+};
+
+}  // namespace host

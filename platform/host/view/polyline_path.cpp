@@ -1,0 +1,88 @@
+#include "platform/host/view/polyline_path.h"
+
+namespace host {
+
+namespace {
+
+/// Chords of a wide arc keep within this part of its radius.
+constexpr double chord_error = 1.0 / 2000;
+
+bool bulged(const PathVertex& vertex, const PathVertex& next) {
+    constexpr double straight = 1e-9;
+    return std::fabs(vertex.bulge) > straight && std::isfinite(vertex.bulge) &&
+           !(vertex.point.plan() == next.point.plan());
+}
+
+Arc segment_arc(const PathVertex& vertex, const PathVertex& next) {
+    return bulge_arc(vertex.point.plan(), next.point.plan(), vertex.bulge);
+}
+
+/// The image of an arc that lies at height z of the path's own plane.
+Arc image(const Transform3& map, const Arc& arc, double z) {
+    return {map({arc.centre.x, arc.centre.y, z}).plan(), map.vector({arc.u.x, arc.u.y, 0}).plan(),
+            map.vector({arc.v.x, arc.v.y, 0}).plan(), arc.start, arc.sweep};
+}
+
+std::vector<Vec2> centre_line(const PathVertex& vertex, const PathVertex& next) {
+    if (!bulged(vertex, next)) {
+        return {vertex.point.plan(), next.point.plan()};
+    }
+    std::vector<Vec2> points;
+    const Arc arc = segment_arc(vertex, next);
+    arc.flatten(arc.u.length() * chord_error, points);
+    return points;
+}
+
+/// The unit vector to the left of the path at one of its points.
+Vec2 normal_at(const std::vector<Vec2>& line, size_t i) {
+    const Vec2 along = line[std::min(i + 1, line.size() - 1)] - line[i > 0 ? i - 1 : 0];
+    const double length = along.length();
+    return length > 0 ? along.left() * (1 / length) : Vec2{};
+}
+
+void add_wide_segment(const PathVertex& vertex, const PathVertex& next, const Transform3& map, PictureBuilder& out) {
+    const std::vector<Vec2> line = centre_line(vertex, next);
+    std::vector<Vec2> left;
+    std::vector<Vec2> right;
+    for (size_t i = 0; i < line.size(); ++i) {
+        const double part = static_cast<double>(i) / static_cast<double>(line.size() - 1);
+        const Vec2 half = normal_at(line, i) * ((vertex.start_width * (1 - part) + vertex.end_width * part) / 2);
+        const auto place = [&](Vec2 point) { return map({point.x, point.y, vertex.point.z}).plan(); };
+        left.push_back(place(line[i] + half));
+        right.push_back(place(line[i] - half));
+    }
+    left.insert(left.end(), right.rbegin(), right.rend());
+    out.fill(left);
+}
+
+}  // namespace
+
+void add_path(const std::vector<PathVertex>& vertices, bool closed, const Transform3& map, PictureBuilder& out) {
+    std::vector<Vec2> run;
+    const auto end_run = [&] {
+        if (run.size() > 1) {
+            out.strip(run);
+        }
+        run.clear();
+    };
+    const size_t segments = vertices.size() < 2 ? 0 : vertices.size() - (closed ? 0 : 1);
+    for (size_t i = 0; i < segments; ++i) {
+        const PathVertex& vertex = vertices[i];
+        const PathVertex& next = vertices[(i + 1) % vertices.size()];
+        if (vertex.start_width > 0 || vertex.end_width > 0) {
+            end_run();
+            add_wide_segment(vertex, next, map, out);
+        } else if (bulged(vertex, next)) {
+            end_run();
+            out.arc(image(map, segment_arc(vertex, next), vertex.point.z));
+        } else {
+            if (run.empty()) {
+                run.push_back(map(vertex.point).plan());
+            }
+            run.push_back(map(next.point).plan());
+        }
+    }
+    end_run();
+}
+
+}  // namespace host

@@ -1,0 +1,132 @@
+#include "platform/host/view/raster.h"
+
+#include <algorithm>
+
+namespace host {
+
+namespace {
+
+/// Keeps the part of a line from `from` to `to` (as parts of it) on one side of an edge; false when none is left.
+bool keep(double outward, double distance, double& from, double& to) {
+    if (outward == 0) {
+        return distance >= 0;
+    }
+    const double part = distance / outward;
+    if (outward < 0) {
+        from = std::max(from, part);
+    } else {
+        to = std::min(to, part);
+    }
+    return from <= to;
+}
+
+constexpr int fraction_bits = 16;
+
+int64_t fixed(double value) {
+    return static_cast<int64_t>(value * (1 << fraction_bits));
+}
+
+}  // namespace
+
+void Raster::clear(uint32_t colour) {
+    std::fill_n(pixels_, static_cast<ptrdiff_t>(width_) * height_, colour);
+}
+
+void Raster::set_pen(uint32_t colour, bool dashed) {
+    colour_ = colour;
+    dashed_ = dashed;
+    dash_ = 0;
+}
+
+void Raster::dot(Vec2 point) {
+    if (box().contains(point)) {
+        put(static_cast<int>(point.x), static_cast<int>(point.y));
+    }
+}
+
+bool Raster::clip(Vec2& from, Vec2& to) const {
+    const Box2 area = box();
+    if (area.contains(from) && area.contains(to)) {
+        return true;
+    }
+    const Vec2 run = to - from;
+    double begin = 0;
+    double end = 1;
+    if (!keep(-run.x, from.x - area.low.x, begin, end) || !keep(run.x, area.high.x - from.x, begin, end) ||
+        !keep(-run.y, from.y - area.low.y, begin, end) || !keep(run.y, area.high.y - from.y, begin, end)) {
+        return false;
+    }
+    const Vec2 start = from;
+    from = start + run * begin;
+    to = start + run * end;
+    return finite(from) && finite(to);
+}
+
+/// Steps along the longer axis; each step sets the pixel that the line passes at the step's middle.
+void Raster::line(Vec2 from, Vec2 to) {
+    if (!clip(from, to)) {
+        return;
+    }
+    const Vec2 run = to - from;
+    const bool steep = std::fabs(run.y) > std::fabs(run.x);
+    const double long_run = steep ? run.y : run.x;
+    const double first = steep ? from.y : from.x;
+    const auto begin = static_cast<int>(first);
+    const auto end = static_cast<int>(first + long_run);
+    const double slope = long_run != 0 ? (steep ? run.x : run.y) / long_run : 0;
+    const int step = end < begin ? -1 : 1;
+    const double inside = std::clamp((begin + 0.5 - first) * step, 0.0, std::fabs(long_run)) * step;
+    int64_t across = fixed((steep ? from.x : from.y) + inside * slope);
+    const int64_t across_step = fixed(slope * step);
+    for (int along = begin;; along += step) {
+        const auto side = static_cast<int>(across >> fraction_bits);
+        steep ? put(side, along) : put(along, side);
+        if (along == end) {
+            return;
+        }
+        across += across_step;
+    }
+}
+
+void Raster::strip(const std::vector<Vec2>& points) {
+    for (size_t i = 1; i < points.size(); ++i) {
+        line(points[i - 1], points[i]);
+    }
+}
+
+/// Where an edge passes the middle of each row.
+void Raster::add_crossings(Vec2 from, Vec2 to) {
+    if (from.y > to.y) {
+        std::swap(from, to);
+    }
+    const double first = std::max(std::ceil(from.y - 0.5), 0.0);
+    const double last = std::min(std::ceil(to.y - 0.5), static_cast<double>(height_)) - 1;
+    if (!(first <= last)) {
+        return;
+    }
+    const double slope = (to.x - from.x) / (to.y - from.y);
+    const double rightmost = width_;
+    for (int row = static_cast<int>(first); row <= static_cast<int>(last); ++row) {
+        const double x = std::clamp(from.x + (row + 0.5 - from.y) * slope, 0.0, rightmost);
+        crossings_.push_back({row, static_cast<float>(x)});
+    }
+}
+
+void Raster::fill(const std::vector<Vec2>& polygon) {
+    crossings_.clear();
+    for (size_t i = 0; i < polygon.size(); ++i) {
+        add_crossings(polygon[i], polygon[(i + 1) % polygon.size()]);
+    }
+    std::sort(crossings_.begin(), crossings_.end(),
+              [](const Crossing& a, const Crossing& b) { return a.row != b.row ? a.row < b.row : a.x < b.x; });
+    for (size_t i = 0; i + 1 < crossings_.size(); i += 2) {
+        const int row = crossings_[i].row;
+        const auto begin = static_cast<int>(std::ceil(crossings_[i].x - 0.5F));
+        const auto end = static_cast<int>(std::ceil(crossings_[i + 1].x - 0.5F));
+        for (int x = begin; x < end; ++x) {
+            put(x, row);
+        }
+    }
+}
+
+}  // namespace host

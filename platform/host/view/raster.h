@@ -1,0 +1,55 @@
+// Drawing lines and areas into pixels in memory.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+#include "platform/host/view/geometry.h"
+
+namespace host {
+
+/// Draws into pixels (0x00RRGGBB, rows from the top) that it does not own. All coordinates are pixels as in
+/// ViewTransform, of any size: what lies outside is cut off.
+class Raster {
+  public:
+    Raster(uint32_t* pixels, int width, int height) : pixels_(pixels), width_(width), height_(height) {}
+
+    int width() const { return width_; }
+    int height() const { return height_; }
+    Box2 box() const { return {{0, 0}, {static_cast<double>(width_), static_cast<double>(height_)}}; }
+    uint32_t at(int x, int y) const { return pixels_[static_cast<ptrdiff_t>(y) * width_ + x]; }
+
+    void clear(uint32_t colour);
+    /// For all that is drawn from now on. Dashed lines leave out every second group of four pixels.
+    void set_pen(uint32_t colour, bool dashed = false);
+    void dot(Vec2 point);
+    void line(Vec2 from, Vec2 to);
+    void strip(const std::vector<Vec2>& points);
+    /// The inside of a closed polygon by the even-odd rule.
+    void fill(const std::vector<Vec2>& polygon);
+
+  private:
+    struct Crossing {
+        int row;
+        float x;
+    };
+    bool clip(Vec2& from, Vec2& to) const;
+    void put(int x, int y) {
+        if (static_cast<unsigned>(x) < static_cast<unsigned>(width_) &&
+            static_cast<unsigned>(y) < static_cast<unsigned>(height_) && (!dashed_ || (dash_++ & 4) == 0)) {
+            pixels_[static_cast<ptrdiff_t>(y) * width_ + x] = colour_;
+        }
+    }
+    void add_crossings(Vec2 from, Vec2 to);
+
+    uint32_t* pixels_;
+    int width_;
+    int height_;
+    uint32_t colour_ = 0;
+    bool dashed_ = false;
+    unsigned dash_ = 0;
+    std::vector<Crossing> crossings_;
+};
+
+}  // namespace host

@@ -1,0 +1,134 @@
+#include "platform/host/view/spline.h"
+
+namespace host {
+
+namespace {
+
+constexpr int highest_degree = 25;
+constexpr int steps_per_span = 16;
+
+struct Weighted {
+    Vec3 point;  ///< multiplied by the weight
+    double weight = 1;
+};
+
+Weighted blend(const Weighted& a, const Weighted& b, double part) {
+    return {a.point * (1 - part) + b.point * part, a.weight * (1 - part) + b.weight * part};
+}
+
+/// Solves a tridiagonal system with 1 beside the diagonal scaled by the given bands; all sizes equal.
+std::vector<Vec3> solve(const std::vector<double>& below, std::vector<double> diagonal,
+                        const std::vector<double>& above, std::vector<Vec3> right) {
+    for (size_t i = 1; i < right.size(); ++i) {
+        const double factor = below[i] / diagonal[i - 1];
+        diagonal[i] -= factor * above[i - 1];
+        right[i] = right[i] - right[i - 1] * factor;
+    }
+    for (size_t i = right.size(); i-- > 0;) {
+        const Vec3 known = i + 1 < right.size() ? right[i + 1] * above[i] : Vec3{};
+        right[i] = (right[i] - known) * (1 / diagonal[i]);
+    }
+    return right;
+}
+
+/// The natural spline's second derivatives at the points, whose distances are `spans`.
+std::vector<Vec3> curvatures(const std::vector<Vec3>& points, const std::vector<double>& spans) {
+    const size_t count = points.size();
+    std::vector<double> below(count, 0);
+    std::vector<double> diagonal(count, 1);
+    std::vector<double> above(count, 0);
+    std::vector<Vec3> right(count);
+    for (size_t i = 1; i + 1 < count; ++i) {
+        below[i] = spans[i - 1];
+        above[i] = spans[i];
+        diagonal[i] = 2 * (spans[i - 1] + spans[i]);
+        right[i] =
+            ((points[i + 1] - points[i]) * (1 / spans[i]) - (points[i] - points[i - 1]) * (1 / spans[i - 1])) * 6;
+    }
+    return solve(below, std::move(diagonal), above, std::move(right));
+}
+
+Vec3 on_span(const Vec3& from, const Vec3& to, const Vec3& bend_from, const Vec3& bend_to, double span, double part) {
+    const double rest = 1 - part;
+    const double cube = span * span / 6;
+    return from * rest + to * part + bend_from * ((rest * rest * rest - rest) * cube) +
+           bend_to * ((part * part * part - part) * cube);
+}
+
+}  // namespace
+
+bool Spline::valid() const {
+    if (degree < 1 || degree > highest_degree || controls.size() < static_cast<size_t>(degree) + 1 ||
+        knots.size() != controls.size() + static_cast<size_t>(degree) + 1) {
+        return false;
+    }
+    return std::is_sorted(knots.begin(), knots.end()) && std::isfinite(knots.front()) && std::isfinite(knots.back()) &&
+           (weights.empty() || weights.size() == controls.size());
+}
+
+Vec3 Spline::at(double t) const {
+    const auto p = static_cast<size_t>(degree);
+    const auto last = knots.begin() + static_cast<std::ptrdiff_t>(controls.size());
+    t = std::clamp(t, knots[p], *last);
+    const auto above = std::upper_bound(knots.begin() + degree + 1, last, t);
+    const auto span = static_cast<size_t>(above - knots.begin()) - 1;
+    Weighted work[highest_degree + 1];
+    for (size_t i = 0; i <= p; ++i) {
+        const size_t control = span - p + i;
+        const double weight = weights.empty() ? 1 : weights[control];
+        work[i] = {controls[control] * weight, weight};
+    }
+    for (size_t level = 1; level <= p; ++level) {
+        for (size_t i = p; i >= level; --i) {
+            const double low = knots[span - p + i];
+            const double width = knots[span + 1 + i - level] - low;
+            work[i] = blend(work[i - 1], work[i], width > 0 ? (t - low) / width : 0);
+        }
+    }
+    return work[p].weight != 0 ? work[p].point * (1 / work[p].weight) : work[p].point;
+}
+
+std::vector<Vec3> Spline::flatten() const {
+    std::vector<Vec3> points;
+    const auto first = static_cast<size_t>(degree);
+    points.push_back(at(knots[first]));
+    for (size_t span = first; span < controls.size(); ++span) {
+        const double width = knots[span + 1] - knots[span];
+        const int steps = degree == 1 ? 1 : steps_per_span;
+        for (int step = 1; width > 0 && step <= steps; ++step) {
+            points.push_back(at(step == steps ? knots[span + 1] : knots[span] + width * step / steps));
+        }
+    }
+    return points;
+}
+
+std::vector<Vec3> curve_through(const std::vector<Vec3>& points, bool closed) {
+    std::vector<Vec3> nodes;
+    for (const Vec3& point : points) {
+        if (nodes.empty() || (point - nodes.back()).length() > 0) {
+            nodes.push_back(point);
+        }
+    }
+    if (closed && nodes.size() > 2) {
+        nodes.push_back(nodes.front());
+    }
+    if (nodes.size() < 3) {
+        return nodes;
+    }
+    std::vector<double> spans;
+    for (size_t i = 0; i + 1 < nodes.size(); ++i) {
+        const double length = (nodes[i + 1] - nodes[i]).length();
+        spans.push_back(length > 0 ? length : 1);
+    }
+    const std::vector<Vec3> bends = curvatures(nodes, spans);
+    std::vector<Vec3> curve{nodes.front()};
+    for (size_t i = 0; i < spans.size(); ++i) {
+        for (int step = 1; step <= steps_per_span; ++step) {
+            curve.push_back(on_span(nodes[i], nodes[i + 1], bends[i], bends[i + 1], spans[i],
+                                    static_cast<double>(step) / steps_per_span));
+        }
+    }
+    return curve;
+}
+
+}  // namespace host

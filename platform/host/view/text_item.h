@@ -1,0 +1,34 @@
+// A line of text as it stands in a drawing.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "platform/host/view/geometry.h"
+
+namespace host {
+
+/// A font as text styles ask for it.
+struct FontFace {
+    std::wstring family;
+    bool bold = false;
+    bool italic = false;
+    bool operator==(const FontFace& other) const {
+        return family == other.family && bold == other.bold && italic == other.italic;
+    }
+};
+
+struct TextItem {
+    enum class Anchor : uint8_t { left, centre, right };
+
+    std::wstring text;
+    /// From the text's own plane to the drawing: the anchor on the base line is the origin, capitals are 1 high, the
+    /// line runs along x. Width factor, slant, rotation and mirroring are all in here.
+    Affine2 frame;
+    /// Where not 0, the line is stretched along x to this width (in the text's own plane).
+    double fit_width = 0;
+    Anchor anchor = Anchor::left;
+    uint16_t font = 0;  ///< in DisplayList::fonts
+};
+
+}  // namespace host

@@ -1,0 +1,84 @@
+#include "platform/host/view/text_styles.h"
+
+#include "base/case_folding.h"
+#include "platform/host/view/geometry.h"
+
+namespace host {
+
+namespace {
+
+constexpr wchar_t usual_family[] = L"Arial";
+constexpr int extended_string = 1000;
+constexpr int extended_integer = 1071;
+
+struct KnownFile {
+    const wchar_t* stem;
+    const wchar_t* family;
+};
+constexpr KnownFile known_files[] = {
+    {L"times", L"Times New Roman"}, {L"cour", L"Courier New"}, {L"david", L"David"},     {L"miriam", L"Miriam"},
+    {L"verdana", L"Verdana"},       {L"tahoma", L"Tahoma"},    {L"calibri", L"Calibri"}, {L"georgia", L"Georgia"},
+    {L"comic", L"Comic Sans MS"},   {L"simsun", L"SimSun"},    {L"gulim", L"Gulim"},     {L"malgun", L"Malgun Gothic"}};
+
+/// Shape fonts, and files that nothing is known about, are shown in the usual face.
+FontFace face_of_file(const std::wstring& file) {
+    const std::wstring name = base::lower(file.substr(file.find_last_of(L"/\\") + 1));
+    for (const KnownFile& known : known_files) {
+        if (name.rfind(known.stem, 0) == 0 && name.find(L".shx") == std::wstring::npos) {
+            return {known.family};
+        }
+    }
+    return {usual_family};
+}
+
+/// A TrueType style names its family in its extended data, with bold and italic as flags.
+FontFace read_face(const dxf::RecordView& entry) {
+    const auto family = entry.group(extended_string);
+    if (!family || family->word().empty()) {
+        return face_of_file(entry.text(3));
+    }
+    const int64_t flags = entry.integer(extended_integer);
+    constexpr int64_t italic = 0x1000000;
+    constexpr int64_t bold = 0x2000000;
+    return {entry.decode(family->word()), (flags & bold) != 0, (flags & italic) != 0};
+}
+
+}  // namespace
+
+TextStyles::TextStyles(const dxf::Drawing& drawing) {
+    standard_.font = font_number({usual_family});
+    const dxf::Table* const table = drawing.table("STYLE");
+    if (table == nullptr) {
+        return;
+    }
+    for (const dxf::RecordId id : table->entries) {
+        const dxf::RecordView entry = drawing.view(id);
+        if (drawing.record(id).is(dxf::Record::erased)) {
+            continue;
+        }
+        TextStyle style;
+        style.width_factor = entry.real(41, 1);
+        style.slant = entry.real(50) * pi / 180;
+        style.backward = (entry.integer(71) & 2) != 0;
+        style.upside_down = (entry.integer(71) & 4) != 0;
+        style.font = font_number(read_face(entry));
+        styles_.emplace(base::lower(entry.text(2)), style);
+    }
+    standard_ = named(L"Standard");
+}
+
+const TextStyle& TextStyles::named(const std::wstring& name) const {
+    const auto found = styles_.find(base::lower(name));
+    return found == styles_.end() ? standard_ : found->second;
+}
+
+uint16_t TextStyles::font_number(const FontFace& face) {
+    const auto found = std::find(fonts_.begin(), fonts_.end(), face);
+    if (found == fonts_.end()) {
+        fonts_.push_back(face);
+        return static_cast<uint16_t>(fonts_.size() - 1);
+    }
+    return static_cast<uint16_t>(found - fonts_.begin());
+}
+
+}  // namespace host

@@ -1,0 +1,36 @@
+// The drawing's text styles as the view needs them.
+#pragma once
+
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "platform/host/dxf/drawing.h"
+#include "platform/host/view/text_item.h"
+
+namespace host {
+
+struct TextStyle {
+    double width_factor = 1;
+    double slant = 0;  ///< radians
+    bool backward = false;
+    bool upside_down = false;
+    uint16_t font = 0;
+};
+
+class TextStyles {
+  public:
+    explicit TextStyles(const dxf::Drawing& drawing);
+    /// The style by name without regard to case; "Standard" for an empty or unknown one.
+    const TextStyle& named(const std::wstring& name) const;
+    const std::vector<FontFace>& fonts() const { return fonts_; }
+    /// The number of a font in fonts(), which grows when it is new.
+    uint16_t font_number(const FontFace& face);
+
+  private:
+    std::unordered_map<std::wstring, TextStyle> styles_;
+    std::vector<FontFace> fonts_;
+    TextStyle standard_;
+};
+
+}  // namespace host

@@ -1,0 +1,59 @@
+#include "platform/host/view/transform3.h"
+
+namespace host {
+
+Vec3 cross(const Vec3& a, const Vec3& b) {
+    return {a.y * b.z - a.z * b.y, a.z * b.x - a.x * b.z, a.x * b.y - a.y * b.x};
+}
+
+bool Transform3::flat() const {
+    constexpr double tilt = 1e-9;  // of a unit: far below what a drawing can mean
+    return std::fabs(z.x) < tilt && std::fabs(z.y) < tilt;
+}
+
+Transform3 Transform3::translation(const Vec3& by) {
+    Transform3 result;
+    result.origin = by;
+    return result;
+}
+
+Transform3 Transform3::rotation(double angle) {
+    Transform3 result;
+    if (angle != 0) {
+        const Vec2 along = direction(angle);
+        result.x = {along.x, along.y, 0};
+        result.y = {-along.y, along.x, 0};
+    }
+    return result;
+}
+
+Transform3 Transform3::scaling(const Vec3& factors) {
+    Transform3 result;
+    result.x.x = factors.x;
+    result.y.y = factors.y;
+    result.z.z = factors.z;
+    return result;
+}
+
+Transform3 Transform3::extrusion(const Vec3& direction) {
+    Transform3 result;
+    const double length = direction.length();
+    if (!(length > 0) || !std::isfinite(length)) {
+        return result;
+    }
+    const Vec3 normal = direction * (1 / length);
+    constexpr double near_world_z = 1.0 / 64;
+    const bool nearly_upright = std::fabs(normal.x) < near_world_z && std::fabs(normal.y) < near_world_z;
+    const Vec3 x = cross(nearly_upright ? Vec3{0, 1, 0} : Vec3{0, 0, 1}, normal);
+    result.x = x * (1 / x.length());
+    result.y = cross(normal, result.x);
+    result.y = result.y * (1 / result.y.length());
+    result.z = normal;
+    return result;
+}
+
+Transform3 operator*(const Transform3& outer, const Transform3& inner) {
+    return {outer.vector(inner.x), outer.vector(inner.y), outer.vector(inner.z), outer(inner.origin)};
+}
+
+}  // namespace host
