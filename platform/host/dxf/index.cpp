@@ -7,8 +7,8 @@ namespace dxf {
 namespace {
 
 /// In the order of KnownType.
-constexpr std::string_view known_types[] = {"INSERT", "ATTRIB", "VERTEX",  "SEQEND", "POLYLINE", "BLOCK",   "ENDBLK",
-                                            "TABLE",  "ENDTAB", "SECTION", "ENDSEC", "EOF",      "DIMSTYLE"};
+constexpr std::string_view known_types[] = {"INSERT", "ATTRIB", "VERTEX",  "SEQEND", "POLYLINE", "BLOCK",    "ENDBLK",
+                                            "TABLE",  "ENDTAB", "SECTION", "ENDSEC", "EOF",      "DIMSTYLE", "LAYER"};
 static_assert(sizeof known_types / sizeof *known_types == known_type_count, "one name for each known type");
 
 constexpr std::string_view binary_sentinel("AutoCAD Binary DXF\r\n\x1a\0", 22);

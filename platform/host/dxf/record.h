@@ -47,6 +47,7 @@ enum KnownType : uint16_t {
     type_endsec,
     type_eof,
     type_dimstyle,
+    type_layer,
     known_type_count
 };
 
@@ -62,7 +63,7 @@ struct Record {
     Place place;
     uint64_t handle = 0;          ///< group 5 (105 of a DIMSTYLE); 0 without one
     uint32_t length = 0;          ///< bytes, sub-records included
-    NameId layer = no_name;       ///< group 8, in Drawing::layer_names()
+    NameId layer = no_name;       ///< group 8, of a LAYER its name, in Drawing::layer_names()
     NameId block_name = no_name;  ///< group 2 of an INSERT or BLOCK, in Drawing::block_names()
     uint16_t type = 0;            ///< group 0, in Drawing::type_names()
     uint16_t flags = 0;

@@ -141,6 +141,18 @@ bool RecordReader::take_parts(Record& record) {
     return true;
 }
 
+/// Layers stand before what is on them: their names are met first as the LAYER table spells them.
+void RecordReader::note_name(Record& record) {
+    if (name_.data() == nullptr) {
+        return;
+    }
+    if (record.type == type_insert || record.type == type_block) {
+        record.block_name = index_.block_names.intern(name_, index_.codec);
+    } else if (record.type == type_layer) {
+        record.layer = index_.layers.intern(name_, index_.codec);
+    }
+}
+
 bool RecordReader::take(Record& record) {
     const uint64_t begin = group_.begin;
     record.place = Place::original(begin);
@@ -148,10 +160,7 @@ bool RecordReader::take(Record& record) {
     if (!peek_type(record.type) || !take_fields(record)) {
         return false;
     }
-    const bool names_block = record.type == type_insert || record.type == type_block;
-    if (names_block && name_.data() != nullptr) {
-        record.block_name = index_.block_names.intern(name_, index_.codec);
-    }
+    note_name(record);
     if ((record.type == type_insert || record.type == type_polyline) && !take_parts(record)) {
         return false;
     }

@@ -43,6 +43,7 @@ class RecordReader {
     bool take_fields(Record& record);
     bool take_parts(Record& record);
     void note_layer(Record& record);
+    void note_name(Record& record);
     void note_handle(uint64_t handle);
 
     std::string_view bytes_;

@@ -1,0 +1,102 @@
+// Drawings in memory and their index as text, for whole comparisons.
+#pragma once
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <memory>
+#include <sstream>
+#include <string>
+
+#include "base/code_page.h"
+#include "platform/host/dxf/drawing.h"
+
+namespace dxf_test {
+
+/// "0 SECTION 2 HEADER …" in lines: groups are parted by commas, code and value by the first blank.
+inline std::string lines(const std::string& groups, const std::string& line_end = "\n") {
+    std::istringstream in(groups);
+    std::string group;
+    std::string out;
+    while (std::getline(in, group, ',')) {
+        const size_t first = group.find_first_not_of(" \n");
+        const size_t blank = group.find(' ', first);
+        const bool has_value = blank != std::string::npos;
+        out += group.substr(first, blank - first) + line_end + (has_value ? group.substr(blank + 1) : "") + line_end;
+    }
+    return out;
+}
+
+inline std::unique_ptr<dxf::Drawing> read(const std::string& bytes) {
+    auto opened = dxf::Drawing::from_bytes(bytes, "memory.dxf");
+    return std::move(opened.drawing);
+}
+
+inline std::string type_of(const dxf::Drawing& drawing, dxf::RecordId id) {
+    return base::utf8_from_wide(drawing.type_names().name(drawing.record(id).type));
+}
+
+/// "LINE", "INSERT(door)@layer", with "/paper", "+parts" and "-erased" where they hold.
+inline std::string record_text(const dxf::Drawing& drawing, dxf::RecordId id) {
+    const dxf::Record& record = drawing.record(id);
+    std::string text = type_of(drawing, id);
+    if (record.block_name != dxf::no_name) {
+        text += "(" + base::utf8_from_wide(drawing.block_names().name(record.block_name)) + ")";
+    }
+    text += record.layer == dxf::no_name ? "" : "@" + base::utf8_from_wide(drawing.layer_names().name(record.layer));
+    text += record.is(dxf::Record::paper_space) ? "/paper" : "";
+    text += record.is(dxf::Record::has_parts) ? "+parts" : "";
+    return text + (record.is(dxf::Record::erased) ? "-erased" : "");
+}
+
+inline std::string run_text(const dxf::Drawing& drawing, const dxf::RecordRun& run) {
+    std::string text;
+    for (const dxf::RecordId id : run) {
+        text += " " + record_text(drawing, id);
+    }
+    return text;
+}
+
+/// Version, tables, blocks, entities and objects, a line each.
+inline std::string drawing_text(const dxf::Drawing& drawing) {
+    std::string text = drawing.version() + "\n";
+    for (const dxf::Table& table : drawing.tables()) {
+        text += table.name + ":";
+        for (const dxf::RecordId id : table.entries) {
+            text += " " + base::utf8_from_wide(drawing.view(id).text(2));
+        }
+        text += "\n";
+    }
+    for (const dxf::Block& block : drawing.blocks()) {
+        text += "block " + base::utf8_from_wide(drawing.block_names().name(block.name)) + ":" +
+                run_text(drawing, block.entities) + "\n";
+    }
+    return text + "entities:" + run_text(drawing, drawing.entities()) +
+           "\nobjects:" + run_text(drawing, drawing.objects()) + "\n";
+}
+
+inline std::string contents(const std::filesystem::path& path) {
+    std::ifstream in(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+}
+
+/// A folder of the test's own, removed with all its contents.
+class TemporaryFolder {
+  public:
+    explicit TemporaryFolder(const std::string& name) : path_(std::filesystem::temp_directory_path() / name) {
+        std::filesystem::remove_all(path_);
+        std::filesystem::create_directories(path_);
+    }
+    TemporaryFolder(const TemporaryFolder&) = delete;
+    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+    ~TemporaryFolder() {
+        std::error_code error;
+        std::filesystem::remove_all(path_, error);
+    }
+    std::filesystem::path operator/(const std::string& name) const { return path_ / name; }
+
+  private:
+    std::filesystem::path path_;
+};
+
+}  // namespace dxf_test

@@ -1,0 +1,217 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <fstream>
+
+#include "drawing_text.h"
+#include "platform/host/dxf/edit_list.h"
+
+namespace {
+
+using dxf::Place;
+using dxf_test::contents;
+using dxf_test::drawing_text;
+
+TEST(EditList, AppliesPiecesInOrder) {
+    const std::string original = "abcdefgh";
+    dxf::EditList edits;
+    EXPECT_TRUE(edits.empty());
+    const Place end = edits.insert_before(Place::original(8), "END");
+    edits.insert_before(end, "1");
+    edits.insert_before(end, "2");
+    const Place replaced = edits.replace(Place::original(2), 2, "CD!");
+    edits.insert_before(replaced, "<");
+    edits.insert_before(Place::original(2), "-");
+    edits.replace(replaced, 3, "C");
+    edits.erase(Place::original(5), 1);
+    edits.erase(edits.insert_before(Place::original(0), "gone"), 4);
+    std::string result;
+    ASSERT_TRUE(edits.apply(original, [&](std::string_view bytes, Place) {
+        result += bytes;
+        return true;
+    }));
+    EXPECT_EQ(result, "ab<-Cegh12END");
+    const auto positions = edits.positions();
+    EXPECT_EQ(positions.of(Place::original(1)), 1U);
+    EXPECT_EQ(positions.of(replaced), 4U);
+    EXPECT_EQ(positions.of(Place::original(4)), 5U);
+    EXPECT_EQ(positions.of(Place::original(6)), 6U);
+    EXPECT_EQ(positions.of(end), 10U);
+    EXPECT_FALSE(edits.apply(original, [](std::string_view, Place) { return false; }));
+}
+
+/// A drawing of a few records in the given encoding, so that each edit has something beside it.
+std::string small_drawing(const dxf::Manner& manner, const wchar_t* version) {
+    dxf::RecordWriter writer(manner);
+    writer.raw(manner.encoding == dxf::Encoding::ascii ? "" : std::string("AutoCAD Binary DXF\r\n\x1a\0", 22));
+    writer.type(L"SECTION").text(2, L"HEADER").text(9, L"$ACADVER").text(1, version);
+    writer.text(9, L"$HANDSEED").text(5, L"0040").type(L"ENDSEC");
+    writer.type(L"SECTION").text(2, L"TABLES").type(L"TABLE").text(2, L"STYLE").integer(70, 1);
+    writer.type(L"STYLE").handle(5, 0x11).text(2, L"Standard").text(3, L"txt").type(L"ENDTAB").type(L"ENDSEC");
+    writer.type(L"SECTION").text(2, L"BLOCKS").type(L"BLOCK").handle(5, 0x12).text(2, L"A").type(L"LINE");
+    writer.type(L"ENDBLK").type(L"ENDSEC").type(L"SECTION").text(2, L"ENTITIES");
+    writer.type(L"INSERT").text(8, L"0").text(2, L"A").real(50, 90.0).type(L"POINT").type(L"ENDSEC");
+    return writer.type(L"EOF").raw("trash").take();
+}
+
+std::string entity(const dxf::Drawing& drawing, const wchar_t* type, uint64_t handle, const wchar_t* name = L"") {
+    dxf::RecordWriter writer(drawing.manner());
+    writer.type(type).handle(5, handle).text(8, L"New");
+    return *name == 0 ? writer.take() : writer.text(2, name).take();
+}
+
+/// Every kind of edit that only adds: a style, a block with its contents, references and an object.
+void add_things(dxf::Drawing& drawing) {
+    drawing.append_entry("STYLE", dxf::RecordWriter(drawing.manner())
+                                      .type(L"STYLE")
+                                      .handle(5, drawing.allocate_handle())
+                                      .text(2, L"TABLE\u05D0")
+                                      .take());
+    drawing.append_entry("APPID", entity(drawing, L"APPID", drawing.allocate_handle(), L"NEW"));
+    const dxf::BlockId block = drawing.append_block(entity(drawing, L"BLOCK", drawing.allocate_handle(), L"B"),
+                                                    entity(drawing, L"ENDBLK", drawing.allocate_handle()));
+    drawing.append_to_block(block, entity(drawing, L"LINE", drawing.allocate_handle()));
+    drawing.append_to_block(block, entity(drawing, L"ATTDEF", drawing.allocate_handle(), L"TAG"));
+    drawing.append_to_block(0, entity(drawing, L"CIRCLE", drawing.allocate_handle()));
+    drawing.append_entity(entity(drawing, L"INSERT", drawing.allocate_handle(), L"b"));
+    drawing.append_entity(entity(drawing, L"INSERT", drawing.allocate_handle(), L"a") +
+                          entity(drawing, L"ATTRIB", drawing.allocate_handle()) + entity(drawing, L"SEQEND", 0));
+    drawing.append_object(entity(drawing, L"DICTIONARY", drawing.allocate_handle()));
+}
+
+const char* const added_text =
+    "STYLE: Standard TABLE\xD7\x90\n"
+    "APPID: NEW\n"
+    "block A: LINE CIRCLE@New\n"
+    "block B: LINE@New ATTDEF@New\n"
+    "entities: INSERT(A)@0 POINT INSERT(B)@New INSERT(A)@New+parts\n"
+    "objects: DICTIONARY@New\n";
+
+struct Kind {
+    const char* name;
+    dxf::Manner manner;
+    const wchar_t* version;
+};
+
+class DrawingEdit : public testing::TestWithParam<Kind> {
+  protected:
+    std::string original_ = small_drawing(GetParam().manner, GetParam().version);
+    std::unique_ptr<dxf::Drawing> drawing_ = dxf_test::read(original_);
+    dxf_test::TemporaryFolder folder_{std::string("corvanes_dxf_edit_") + GetParam().name};
+};
+
+TEST_P(DrawingEdit, AddsRecordsThatReadBackAsTheyWereSeen) {
+    ASSERT_TRUE(drawing_);
+    EXPECT_FALSE(drawing_->edited());
+    add_things(*drawing_);
+    const std::string seen = drawing_text(*drawing_);
+    EXPECT_EQ(seen.substr(seen.find('\n') + 1), added_text);
+    ASSERT_TRUE(drawing_->save(folder_ / "new.dxf"));
+    const auto again = dxf::Drawing::open(folder_ / "new.dxf");
+    ASSERT_TRUE(again) << again.error.message();
+    EXPECT_EQ(drawing_text(*again.drawing), seen);
+    EXPECT_EQ(again.drawing->view(again.drawing->table("STYLE")->head).integer(70), 2);
+    const auto seed = again.drawing->view(again.drawing->header_variable("$HANDSEED")).handle(5);
+    EXPECT_EQ(seed, 0x40 + 11U + (GetParam().version[2] == L'1' && again.drawing->version() > "AC1012" ? 1 : 0));
+}
+
+TEST_P(DrawingEdit, ChangesNothingElse) {
+    add_things(*drawing_);
+    ASSERT_TRUE(drawing_->save(folder_ / "new.dxf"));
+    const std::string saved = contents(folder_ / "new.dxf");
+    const auto again = dxf_test::read(saved);
+    // The original's bytes must all be found in the new file in their order, but for the two values that follow.
+    std::string expected = original_;
+    const auto table = [this](int64_t count) {
+        return dxf::RecordWriter(drawing_->manner()).text(2, L"STYLE").integer(70, count).take();
+    };
+    expected.replace(expected.find("0040"), 4, again->view(again->header_variable("$HANDSEED")).group(5)->value);
+    expected.replace(expected.find(table(1)), table(1).size(), table(2));
+    size_t matched = 0;
+    for (const char byte : saved) {
+        matched += matched < expected.size() && expected[matched] == byte ? 1 : 0;
+    }
+    EXPECT_EQ(matched, expected.size()) << "bytes of the original were lost or moved";
+    EXPECT_EQ(saved.substr(saved.size() - 5), "trash");
+}
+
+TEST_P(DrawingEdit, ReplacesValuesInPlace) {
+    const dxf::RecordId insert = drawing_->entities()[0];
+    EXPECT_TRUE(drawing_->replace_value(insert, 50, 45.5));
+    EXPECT_TRUE(drawing_->replace_value(insert, 2, std::wstring(L"Other")));
+    EXPECT_FALSE(drawing_->replace_value(insert, 70, int64_t{1}));
+    EXPECT_TRUE(drawing_->replace_value(drawing_->header_variable("$HANDSEED"), 5, dxf::Handle{0xABCD}));
+    EXPECT_EQ(drawing_->view(insert).real(50), 45.5);
+    EXPECT_EQ(dxf_test::record_text(*drawing_, insert), "INSERT(Other)@0");
+    ASSERT_TRUE(drawing_->save(folder_ / "new.dxf"));
+    std::string expected = original_;
+    const auto swap = [&expected](const std::string& from, const std::string& to, size_t start = 0) {
+        expected.replace(expected.find(from, start), from.size(), to);
+    };
+    const dxf::Manner manner = drawing_->manner();
+    swap("0040", "ABCD");
+    swap(dxf::encode_value(50, 90.0, manner), dxf::encode_value(50, 45.5, manner), expected.find("INSERT"));
+    const std::string name = dxf::encode_value(2, std::wstring(L"A"), manner);
+    const dxf::RecordWriter before = dxf::RecordWriter(manner).text(8, L"0");
+    const size_t behind_layer = expected.find(before.bytes(), expected.find("INSERT")) + before.bytes().size();
+    expected.replace(expected.find(name, behind_layer), name.size(),
+                     dxf::encode_value(2, std::wstring(L"Other"), manner));
+    EXPECT_EQ(contents(folder_ / "new.dxf"), expected);
+}
+
+TEST_P(DrawingEdit, KeepsIdsWhenSavedOverItself) {
+    std::ofstream(folder_ / "own.dxf", std::ios::binary) << original_;
+    auto opened = dxf::Drawing::open(folder_ / "own.dxf");
+    ASSERT_TRUE(opened);
+    dxf::Drawing& drawing = *opened.drawing;
+    const dxf::RecordId point = drawing.entities()[1];
+    add_things(drawing);
+    drawing.erase(point);
+    const std::string seen = drawing_text(drawing);
+    ASSERT_TRUE(drawing.save(folder_ / "own.dxf"));
+    EXPECT_FALSE(drawing.edited());
+    EXPECT_EQ(drawing_text(drawing), seen);
+    EXPECT_EQ(drawing.view(drawing.entities()[0]).real(50), 90.0);
+    EXPECT_EQ(contents(folder_ / "own.dxf").find("POINT"), std::string::npos);
+    drawing.append_to_block(1, entity(drawing, L"ARC", drawing.allocate_handle()));
+    drawing.rewrite(drawing.entities()[2], entity(drawing, L"INSERT", 0x77, L"renamed"));
+    const std::string changed = drawing_text(drawing);
+    ASSERT_TRUE(drawing.save(folder_ / "own.dxf"));
+    std::string without_erased = changed;
+    const std::string gone = " POINT-erased";
+    without_erased.erase(without_erased.find(gone), gone.size());
+    EXPECT_EQ(drawing_text(*dxf::Drawing::open(folder_ / "own.dxf").drawing), without_erased);
+    EXPECT_EQ(drawing_text(drawing), changed);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Encodings, DrawingEdit,
+    testing::Values(Kind{"text", {dxf::Encoding::ascii, "\n", dxf::TextCodec(1252)}, L"AC1015"},
+                    Kind{"text_crlf_r12", {dxf::Encoding::ascii, "\r\n", dxf::TextCodec(1252)}, L"AC1009"},
+                    Kind{"utf8", {dxf::Encoding::ascii, "\r\n", dxf::TextCodec(65001)}, L"AC1027"},
+                    Kind{"binary_r12", {dxf::Encoding::binary_r12, "\n", dxf::TextCodec(1252)}, L"AC1009"},
+                    Kind{"binary", {dxf::Encoding::binary, "\n", dxf::TextCodec(1252)}, L"AC1018"}),
+    [](const testing::TestParamInfo<Kind>& param) { return param.param.name; });
+
+TEST(DrawingEditAtEdges, MakesWhatIsMissing) {
+    const auto drawing = dxf_test::read("0\nSECTION\n2\nOBJECTS\n0\nENDSEC");
+    ASSERT_TRUE(drawing);
+    EXPECT_EQ(drawing->allocate_handle(), 0U) << "a drawing without handles gets none";
+    drawing->append_entity("0\nPOINT\n");
+    drawing->append_entry("STYLE", "0\nSTYLE\n2\nA\n");
+    drawing->append_block("0\nBLOCK\n2\nB\n", "0\nENDBLK\n");
+    const dxf_test::TemporaryFolder folder("corvanes_dxf_missing");
+    ASSERT_TRUE(drawing->save(folder / "new.dxf"));
+    EXPECT_EQ(contents(folder / "new.dxf"),
+              "  0\nSECTION\n  2\nTABLES\n  0\nTABLE\n  2\nSTYLE\n 70\n1\n0\nSTYLE\n2\nA\n  0\nENDTAB\n  0\nENDSEC\n"
+              "  0\nSECTION\n  2\nBLOCKS\n0\nBLOCK\n2\nB\n0\nENDBLK\n  0\nENDSEC\n"
+              "  0\nSECTION\n  2\nENTITIES\n0\nPOINT\n  0\nENDSEC\n0\nSECTION\n2\nOBJECTS\n0\nENDSEC");
+    const auto last = dxf_test::read("0\nSECTION\n2\nTABLES\n0\nENDSEC");
+    last->append_entity("0\nPOINT\n");
+    ASSERT_TRUE(last->save(folder / "last.dxf"));
+    EXPECT_EQ(contents(folder / "last.dxf"),
+              "0\nSECTION\n2\nTABLES\n0\nENDSEC\n  0\nSECTION\n  2\nENTITIES\n0\nPOINT\n  0\nENDSEC\n");
+    EXPECT_FALSE(last->save(folder / "no" / "such.dxf"));
+}
+
+}  // namespace
