@@ -15,7 +15,7 @@ void alert_cannot_open(const wchar_t* path) {
     acedAlert(message);
 }
 
-int LoadPriceList(const wchar_t* path, const wchar_t* mode, const std::function<void()>& opened,
+int LoadPriceList(const wchar_t* path, [[maybe_unused]] const wchar_t* mode, const std::function<void()>& opened,
                   const std::function<void(const PriceListEntry&)>& handler) {
     ASSERT(mode[0] == L'r');
     const auto text = read_text_file(path);

@@ -77,7 +77,7 @@ double number_from_text(std::wstring_view text) {
     skip_space(text);
     const bool minus = take_sign(text);
     const size_t length = number_length(text);
-    char small[64];
+    char small[64] = {};
     std::string large;
     char* digits = small;
     if (length > sizeof small) {

@@ -1,0 +1,78 @@
+#include "tests/support/host_program.h"
+
+#include <windows.h>
+
+#include <fstream>
+#include <iterator>
+
+#include "base/code_page.h"
+
+namespace test_support {
+namespace {
+
+class Handle {
+  public:
+    explicit Handle(HANDLE handle) : handle_(handle) {}
+    ~Handle() { CloseHandle(handle_); }
+    Handle(const Handle&) = delete;
+    Handle& operator=(const Handle&) = delete;
+    HANDLE get() const { return handle_; }
+
+  private:
+    HANDLE handle_;
+};
+
+}  // namespace
+
+std::string contents(const std::filesystem::path& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+HostProgram::HostProgram()
+    : folder_(std::filesystem::temp_directory_path() /
+              ("drawinghost_" + std::to_string(GetCurrentProcessId()) + "_" +
+               testing::UnitTest::GetInstance()->current_test_info()->name())) {
+    std::filesystem::create_directories(folder_);
+}
+
+HostProgram::~HostProgram() {
+    std::error_code error;
+    std::filesystem::remove_all(folder_, error);
+}
+
+void HostProgram::write(const char* name, const std::string& bytes) const {
+    std::ofstream(folder_ / name, std::ios::binary) << bytes;
+}
+
+std::filesystem::path HostProgram::program_folder() const {
+    wchar_t path[MAX_PATH];
+    return std::filesystem::path(path, path + GetModuleFileNameW(nullptr, path, MAX_PATH)).parent_path();
+}
+
+Outcome HostProgram::start(const std::string& arguments) const {
+    SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
+    const std::filesystem::path errors = folder_ / "errors.txt";
+    PROCESS_INFORMATION process{};
+    {
+        const Handle output(CreateFileW(errors.c_str(), GENERIC_WRITE, FILE_SHARE_READ, &inherited, CREATE_ALWAYS,
+                                        FILE_ATTRIBUTE_NORMAL, nullptr));
+        STARTUPINFOW startup{};
+        startup.cb = sizeof startup;
+        startup.dwFlags = STARTF_USESTDHANDLES;
+        startup.hStdError = output.get();
+        std::wstring command =
+            L"\"" + (program_folder() / L"drawinghost.exe").wstring() + L"\" " + base::wide_from_utf8(arguments);
+        EXPECT_TRUE(CreateProcessW(nullptr, command.data(), nullptr, nullptr, TRUE, 0, nullptr, folder_.c_str(),
+                                   &startup, &process));
+    }
+    const Handle process_handle(process.hProcess);
+    const Handle thread_handle(process.hThread);
+    WaitForSingleObject(process.hProcess, INFINITE);
+    Outcome outcome;
+    GetExitCodeProcess(process.hProcess, &outcome.status);
+    outcome.said = contents(errors);
+    return outcome;
+}
+
+}  // namespace test_support
