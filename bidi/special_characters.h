@@ -1,0 +1,58 @@
+// The characters that the reordering treats by themselves: mirrored brackets, and separators that lean on a neighbour.
+#pragma once
+
+namespace corvanes {
+
+/// The bracket that closes or opens what this one opens or closes; any other character itself.
+constexpr wchar_t GetMirrorChar(wchar_t character) {
+    switch (character) {
+        case L'(':
+            return L')';
+        case L')':
+            return L'(';
+        case L'[':
+            return L']';
+        case L']':
+            return L'[';
+        case L'{':
+            return L'}';
+        case L'}':
+            return L'{';
+        case L'<':
+            return L'>';
+        case L'>':
+            return L'<';
+        default:
+            return character;
+    }
+}
+
+/// Whether the character is one of ( ) [ ] { } < >.
+constexpr bool IsMirrorChar(wchar_t character) {
+    return GetMirrorChar(character) != character;
+}
+
+/// Full stop, slash, semicolon, comma, double quote, asterisk, at sign, grave accent and tilde.
+constexpr bool IsNeutralSeparatorNoSpace(wchar_t character) {
+    switch (character) {
+        case L'.':
+        case L'/':
+        case L';':
+        case L',':
+        case L'"':
+        case L'*':
+        case L'@':
+        case L'`':
+        case L'~':
+            return true;
+        default:
+            return false;
+    }
+}
+
+/// The same set and the space.
+constexpr bool IsNeutralSeparator(wchar_t character) {
+    return character == L' ' || IsNeutralSeparatorNoSpace(character);
+}
+
+}  // namespace corvanes

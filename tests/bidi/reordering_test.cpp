@@ -1,0 +1,257 @@
+#include "bidi/reordering.h"
+
+#include <gmock/gmock.h>
+
+#include <numeric>
+#include <random>
+
+#include "bidi/code_page_1255_types.h"
+#include "bidi/system_character_types.h"
+#include "base/code_page.h"
+#include "tests/bidi/capital_hebrew.h"
+#include "tests/bidi/plain_reordering.h"
+
+namespace corvanes {
+namespace {
+
+using Map = std::vector<std::uint32_t>;
+using Entry = decltype(&LogicalToVisual);
+
+std::wstring reordered(const std::wstring& text, bool left_to_right, Map* map = nullptr,
+                       Entry entry = LogicalToVisual) {
+    std::wstring visual(text.size() + 1, L'?');
+    if (map != nullptr) {
+        map->assign(text.size() + 1, 99);
+    }
+    const int direction = left_to_right ? 1 : 0;
+    EXPECT_EQ(entry(text.data(), text.size(), visual.data(), map != nullptr ? map->data() : nullptr, direction), 1);
+    EXPECT_EQ(visual.back(), L'\0');
+    visual.pop_back();
+    return visual;
+}
+
+std::wstring shown(std::wstring_view text, bool left_to_right, Entry entry = LogicalToVisual) {
+    return capitals(reordered(hebrew(text), left_to_right, nullptr, entry));
+}
+
+struct Example {
+    const wchar_t* logical;
+    const wchar_t* visual;
+    /// The levels, by logical index, from which the visual line follows by hand.
+    const char* levels;
+};
+
+void check(const std::vector<Example>& examples, bool left_to_right) {
+    for (const Example& example : examples) {
+        EXPECT_EQ(shown(example.logical, left_to_right), example.visual)
+            << "line " << capitals(example.logical).c_str() << ", levels " << example.levels;
+    }
+}
+
+TEST(Reordering, LeftToRightLines) {
+    check(
+        {
+            {L"", L"", ""},
+            {L"abc 12, (x)", L"abc 12, (x)", "all 0"},
+            {L"ABC", L"CBA", "111"},
+            {L"abc DEF ghi", L"abc FED ghi", "0000 111 0000: spaces between unlike neighbours follow the line"},
+            // The first strong run keeps the base level and is lifted to 1; Latin then toggles to 1 and is lifted to 2.
+            {L"ABC def", L"CBA def", "111 0 222"},
+            {L"ABCdef", L"defCBA", "111222: at level 1 both words turn over together"},
+            {L"A (B) C", L"C )B( A", "all 1: nothing is mirrored in a left-to-right line"},
+            {L"abc (DEF) ghi", L"abc (FED) ghi", "00000 111 00000"},
+            {L"AB 12 CD", L"BA 12 DC", "11 0 00 0 11: digits at the base level part the words"},
+            {L"AB.", L"BA.", "110: LevelDirection of an even level is L"},
+            {L"AB ", L" BA", "111: a space takes its only neighbour"},
+            {L"AB\nCD", L"DC\nBA", "11111: a line feed is a neutral"},
+            {L"ab\ncd", L"ab\ncd", "00000"},
+            {L"A\u05B0B", L"B\u05B0A", "111: a vowel point is a neutral"},
+            {L"A\u4E2DB x\u4E2Dy", L"B\u4E2DA x\u4E2Dy", "111 0 000: so is a character that the code page lacks"},
+        },
+        true);
+}
+
+TEST(Reordering, RightToLeftLines) {
+    check(
+        {
+            {L"ABC", L"ABC", "111"},
+            {L"abc", L"cba", "222: no odd level, only the last reversal"},
+            {L"ABC def", L"ABC fed", "111 1 222"},
+            {L"abc DEF", L"cba DEF", "222 1 333"},
+            {L"abcDEF", L"DEFcba", "222333: lowest odd level 3, Latin is only reversed at the end"},
+            {L"ABC 12 DEF", L"ABC 21 DEF", "1111 22 1111"},
+            {L"ABC 12 500 D", L"ABC 005 21 D", "1111 222222 11: one number"},
+            {L"A 1.5% B", L"A %5.1 B", "11 2222 11"},
+            {L"A $5 B", L"A 5$ B", "11 22 11"},
+            {L"A -5 B", L"A 5- B", "11 22 11: a hyphen that joins nothing is L"},
+            {L"A 1-2 B", L"A 2-1 B", "11 222 11"},
+            {L"(ABC)", L")ABC(", "11111"},
+            {L"ABC (def) GHI", L"ABC )fed( GHI", "11111 222 11111"},
+            {L"a(b) C", L"b(a( C", "222 11 3: the closing bracket follows the line, between unlike neighbours"},
+            // The bracket of level 2 is painted at index 3, where the logical line has level 3.
+            {L"a(bCD", L"CDb)a", "22233"},
+            {L"abc.", L".cba", "2222: LevelDirection of an odd level is L here"},
+            {L" ABC", L" ABC", "1111"},
+            {L"AB\nCD", L"AB\nCD", "11111"},
+            {L"AB\x01"
+             L"CD",
+             L"CD\x01"
+             L"AB",
+             "11011: no type, level 0"},
+            {L"\x01", L"\x01", "0"},
+        },
+        false);
+}
+
+TEST(Reordering, MapsTellWhereEachCharacterCameFrom) {
+    Map map;
+    reordered(hebrew(L"ab CD"), true, &map);
+    EXPECT_THAT(map, testing::ElementsAre(0, 1, 2, 4, 3, 5));
+    reordered(hebrew(L"AB.."), false, &map);
+    EXPECT_THAT(map, testing::ElementsAre(0, 1, 3, 2, 4));
+    reordered(L"", false, &map);
+    EXPECT_THAT(map, testing::ElementsAre(0));
+}
+
+TEST(Reordering, OtherEntries) {
+    EXPECT_EQ(shown(L"abc DEF", true, LogicalToVisualLine), L"abc FED");
+    // All levels one higher: 1111 222 from 0000 111, and 2 for a Hebrew line, which then stays as it is.
+    EXPECT_EQ(shown(L"abc DEF", true, LogicalToVisualRaised), L"DEF cba");
+    EXPECT_EQ(shown(L"DEF", true, LogicalToVisualRaised), L"DEF");
+}
+
+TEST(Reordering, ByGivenLevels) {
+    const std::wstring text = L"(ab)";
+    const Level levels[] = {1, 2, 4, 1};
+    std::wstring visual(4, L'?');
+    Map map(5);
+    EXPECT_EQ(ReorderLevels(text.data(), 4, visual.data(), levels, map.data(), 1), 1);
+    // 4 down to 1: b; ab -> ba; ba again at level 2; all.
+    EXPECT_EQ(visual, L")ab(");
+    EXPECT_THAT(map, testing::ElementsAre(3, 1, 2, 0, 4));
+    ReorderLevels(text.data(), 4, visual.data(), levels, nullptr, 0);
+    EXPECT_EQ(visual, L")ba(");
+}
+
+/// Types that no code page of ours has all of: a letter of each kind stands for it.
+CharacterTypes all_types() {
+    ByteTypes types{};
+    ByteCharacters characters{};
+    for (unsigned byte = 0; byte < types.size(); ++byte) {
+        characters[byte] = static_cast<wchar_t>(byte);
+        types[byte] = byte < 12 ? static_cast<BidiType>(byte) : code_page_1255_types()[byte];
+    }
+    types['%'] = BidiType::arabic_number;
+    return {types, characters};
+}
+
+std::wstring random_line(std::mt19937& random, std::wstring_view alphabet, size_t length) {
+    std::wstring line;
+    while (line.size() < length) {
+        const wchar_t character = alphabet[random() % alphabet.size()];
+        line.append(std::min<size_t>(1 + random() % 3, length - line.size()), character);
+    }
+    return line;
+}
+
+TEST(Reordering, EqualsTheRulesWrittenOutOnRandomLines) {
+    std::mt19937 random(5);
+    const CharacterTypes with_all_types = all_types();
+    const std::wstring ours = hebrew(L"ABCabc012 .,;-+$%()[]{}<>\n\t\x01\u05B0\u4E2D");
+    const std::wstring codes = std::wstring({0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11}) + L"abc \u00E0\u00E1.()*12,%%-";
+    for (int round = 0; round < 6000; ++round) {
+        const CharacterTypes& types = round % 2 != 0 ? with_all_types : *system_character_types();
+        const bool left_to_right = round % 4 < 2;
+        const size_t length = round < 5990 ? random() % 40 : 5000 - random() % 9;
+        const std::wstring text = random_line(random, round % 2 != 0 ? codes : ours, length);
+        const PlainLine plain = PlainReordering(types, text, left_to_right).reorder();
+        Reordering reordering(types);
+        std::wstring visual(length, L'?');
+        Map map(length + 1);
+        reordering.reorder(text, visual.data(), map.data(), left_to_right);
+        std::vector<int> levels;
+        for (const LevelRun& run : reordering.level_runs()) {
+            ASSERT_EQ(run.start, levels.size());
+            levels.insert(levels.end(), run.length, run.level);
+        }
+        ASSERT_EQ(levels, plain.levels) << "round " << round;
+        ASSERT_EQ(map, plain.map) << "round " << round;
+        ASSERT_EQ(visual, plain.visual) << "round " << round;
+    }
+}
+
+TEST(Reordering, KeepsEveryCharacter) {
+    std::mt19937 random(6);
+    const std::wstring alphabet = hebrew(L"ABCDEFG abcdef 0123 .,;()[]\n\x01\u05B0\uD55C");
+    for (size_t length = 0; length <= 5000; length += 1 + length / 40) {
+        const std::wstring text = random_line(random, alphabet, length);
+        for (const bool left_to_right : {false, true}) {
+            Map map;
+            const std::wstring visual = reordered(text, left_to_right, &map);
+            for (size_t i = 0; i < length; ++i) {
+                const wchar_t character = text[map[i]];
+                ASSERT_TRUE(visual[i] == character || (!left_to_right && visual[i] == GetMirrorChar(character)));
+            }
+            std::sort(map.begin(), map.end());
+            Map indexes(length + 1);
+            std::iota(indexes.begin(), indexes.end(), 0U);
+            ASSERT_EQ(map, indexes);
+        }
+    }
+}
+
+TEST(Reordering, ReversesInPlace) {
+    std::wstring text = L"abcde";
+    ReverseChars(text.data(), 4);
+    EXPECT_EQ(text, L"dcbae");
+    Map map = {1, 2, 3};
+    ReverseIndexes(map.data(), 3);
+    EXPECT_THAT(map, testing::ElementsAre(3, 2, 1));
+    ReverseIndexes(map.data(), 0);
+}
+
+TEST(TypeSearch, FindsTheNearestOfItsGroup) {
+    using T = BidiType;
+    const T types[] = {T::right_to_left, T::white_space, T::european_number, T::other_neutral, T::left_to_right};
+    int position = 1;
+    T found = T::not_applicable;
+    EXPECT_TRUE(FindStrongType(types, 4, position, found, true));
+    EXPECT_EQ(std::pair(position, found), std::pair(4, T::left_to_right));
+    position = 3;
+    EXPECT_TRUE(FindStrongType(types, 4, position, found, false));
+    EXPECT_EQ(std::pair(position, found), std::pair(0, T::right_to_left));
+    position = 1;
+    EXPECT_FALSE(FindStrongType(types, 3, position, found, true));
+    EXPECT_EQ(std::pair(position, found), std::pair(1, T::right_to_left));
+    EXPECT_TRUE(FindWeakType(types, 4, position, found, true));
+    EXPECT_EQ(std::pair(position, found), std::pair(2, T::european_number));
+    EXPECT_TRUE(FindNeutralType(types, 4, position, found, false));
+    EXPECT_EQ(std::pair(position, found), std::pair(1, T::white_space));
+
+    const char text[] = "a 1,\xE0";
+    position = 1;
+    EXPECT_TRUE(FindStrongType(text, 4, position, found, true));
+    EXPECT_EQ(std::pair(position, found), std::pair(4, T::right_to_left));
+    EXPECT_TRUE(FindWeakType(text, 4, position, found, false));
+    EXPECT_EQ(std::pair(position, found), std::pair(3, T::common_separator));
+    position = 0;
+    EXPECT_TRUE(FindNeutralType(text, 4, position, found, true));
+    EXPECT_EQ(std::pair(position, found), std::pair(1, T::white_space));
+}
+
+TEST(CharacterTypes, SystemAndTableAgreeOnCodePage1255) {
+    ASSERT_EQ(base::system_code_page(), base::code_page_hebrew);
+    const ByteCharacters characters = characters_of_code_page(base::code_page_hebrew);
+    for (unsigned byte = 0; byte < 256; ++byte) {
+        const auto character = static_cast<unsigned char>(byte);
+        const BidiType corrected = corrected_byte_type(character, code_page_1255_types()[byte]);
+        EXPECT_EQ(corrected_byte_type(character, GetCharBidiType(character, system_default_locale)), corrected) << byte;
+        EXPECT_EQ(system_character_types()->of(characters[byte]), corrected) << byte;
+    }
+    EXPECT_EQ(system_character_types()->of(alef + 26), BidiType::right_to_left);
+    EXPECT_EQ(system_character_types()->of(0x5F0), BidiType::other_neutral) << "a ligature, byte 0xD4";
+    EXPECT_EQ(system_character_types()->of(0x623), BidiType::other_neutral) << "Arabic is not in the code page";
+}
+
+}  // namespace
+}  // namespace corvanes
