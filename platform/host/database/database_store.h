@@ -15,6 +15,7 @@
 #include "platform/host/database/field_writer.h"
 #include "platform/host/database/object_id.h"
 #include "platform/host/database/open_objects.h"
+#include "platform/host/database/selection_set.h"
 #include "platform/host/dxf/drawing.h"
 
 namespace host {
@@ -32,6 +33,8 @@ class DatabaseStore {
     const dxf::Drawing& drawing() const { return *drawing_; }
     const BlockCatalogue& blocks() const { return blocks_; }
     const OpenObjects& open_objects() const { return open_; }
+    SelectionSets& selections() { return selections_; }
+    const SelectionSets& selections() const { return selections_; }
     /// Null until an AcDbDatabase has taken the store over.
     AcDbDatabase* database() const { return database_; }
     void set_database(AcDbDatabase* database) { database_ = database; }
@@ -107,6 +110,7 @@ class DatabaseStore {
     bool implied_[2] = {};
     BlockCatalogue blocks_;
     OpenObjects open_;
+    SelectionSets selections_;
     uint32_t serial_;
     int tilemode_override_ = -1;
     mutable std::vector<AcRxClass*> class_of_type_;  ///< by dxf type; null: not asked for yet

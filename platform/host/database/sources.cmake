@@ -10,6 +10,7 @@ set(host_database_sources
     database_handles.cpp
     database_store.cpp
     entity.cpp
+    entity_selector.cpp
     error_status_text.cpp
     field_writer.cpp
     host_memory.cpp
@@ -18,12 +19,18 @@ set(host_database_sources
     layer_table.cpp
     line.cpp
     matrix.cpp
+    name_pattern.cpp
     object.cpp
     object_id.cpp
     open_objects.cpp
     print.cpp
     record_merge.cpp
     result_buffer.cpp
+    selection_ads.cpp
+    selection_filter.cpp
+    selection_filter_parser.cpp
+    selection_prompt.cpp
+    selection_set.cpp
     store_changes.cpp
     symbol_table.cpp
     text.cpp

@@ -1,0 +1,51 @@
+// Which entities a selection finds, before the filter.
+#pragma once
+
+#include <optional>
+#include <vector>
+
+#include "gepnt3d.h"
+#include "platform/host/database/database_store.h"
+#include "platform/host/database/selection_filter.h"
+#include "platform/host/view/display_list.h"
+
+namespace host {
+
+/// Finds the selectable entities of a drawing's current space: not erased and not on a frozen layer. Entities on layers
+/// that are off or locked are found by all(), those on locked layers by place too. All lists are in drawing order. For
+/// the time of one selection: the drawing must not change meanwhile.
+class EntitySelector {
+  public:
+    explicit EntitySelector(const DatabaseStore& store);
+
+    std::vector<dxf::RecordId> all(const SelectionFilter& filter) const;
+    /// Without regard to space and layer: both spaces and the other layouts.
+    std::vector<dxf::RecordId> whole_drawing(const SelectionFilter& filter) const;
+    /// The entity that was added last, or none.
+    std::vector<dxf::RecordId> last() const;
+    std::vector<dxf::RecordId> previous() const;
+    /// The topmost entity within pick_aperture of the point, or none.
+    std::vector<dxf::RecordId> at_point(const AcGePoint3d& point);
+    /// Entirely inside the rectangle between two corners.
+    std::vector<dxf::RecordId> in_window(const AcGePoint3d& one, const AcGePoint3d& other);
+    /// Inside it or touching it.
+    std::vector<dxf::RecordId> crossing(const AcGePoint3d& one, const AcGePoint3d& other);
+
+  private:
+    bool selectable(dxf::RecordId record) const;
+    template <class Visit>
+    void visit_space(BlockNumber space, Visit visit) const;
+    const DisplayList& display_list();
+
+    const DatabaseStore& store_;
+    const dxf::Drawing& drawing_;
+    std::vector<bool> frozen_;  ///< by layer
+    bool layer_zero_frozen_ = false;
+    std::optional<DisplayList> display_list_;
+};
+
+/// Half the side of the pick box, in drawing units; the view keeps it as large as the cursor's box. Always positive.
+double pick_aperture();
+void set_pick_aperture(double units);
+
+}  // namespace host

@@ -1,0 +1,155 @@
+#include "platform/host/database/selection_filter.h"
+
+#include <algorithm>
+
+#include "base/case_folding.h"
+#include "platform/host/database/name_pattern.h"
+#include "platform/host/dxf/layer_view.h"
+
+namespace host {
+namespace {
+
+constexpr int type_code = 0;
+constexpr int name_code = 2;
+constexpr int layer_code = 8;
+constexpr int colour_code = 62;
+constexpr int paper_space_code = 67;
+constexpr int layout_code = 410;
+constexpr int colour_by_layer = 256;
+
+bool name_fits(const std::vector<bool>& names, dxf::NameId name) {
+    return name < names.size() && names[name];
+}
+
+/// The active paper space's BLOCK_RECORD, by which its layout is known.
+uint64_t paper_space_handle(const dxf::Drawing& drawing) {
+    const dxf::RecordId entry = drawing.table_entry("BLOCK_RECORD", L"*Paper_Space");
+    return entry == dxf::no_record ? 0 : drawing.record(entry).handle;
+}
+
+/// A LAYOUT's own groups stand behind those of its plot settings, which use the same codes.
+std::optional<std::wstring> name_of_layout_for(const dxf::RecordView& layout, uint64_t block) {
+    std::wstring name;
+    bool own = false;
+    bool belongs = false;
+    for (const dxf::Group& group : layout.own_groups()) {
+        own = own || (group.code == 100 && group.word() == "AcDbLayout");
+        if (own && group.code == 1 && name.empty()) {
+            name = layout.decode(group.value);
+        }
+        belongs = belongs || (own && group.code == 330 && group.handle() == block);
+    }
+    return belongs && !name.empty() ? std::optional(name) : std::nullopt;
+}
+
+}  // namespace
+
+bool SelectionFilter::accepts(const dxf::Drawing& drawing, dxf::RecordId entity) const {
+    return accepts(root_, drawing, entity);
+}
+
+bool SelectionFilter::accepts(const Node& node, const dxf::Drawing& drawing, dxf::RecordId entity) {
+    const auto accepted = [&](const Node& child) { return accepts(child, drawing, entity); };
+    const std::vector<Node>& children = node.children;
+    switch (node.kind) {
+        case Node::test:
+            return passes(node.condition, drawing, entity);
+        case Node::all_of:
+            return std::all_of(children.begin(), children.end(), accepted);
+        case Node::any_of:
+            return std::any_of(children.begin(), children.end(), accepted);
+        case Node::not_all_of:
+            return !std::all_of(children.begin(), children.end(), accepted);
+        case Node::one_of_two:
+            break;
+    }
+    return std::count_if(children.begin(), children.end(), accepted) == 1;
+}
+
+bool SelectionFilter::passes(const Test& test, const dxf::Drawing& drawing, dxf::RecordId entity) {
+    const dxf::Record& record = drawing.record(entity);
+    switch (test.code) {
+        case type_code:
+            return name_fits(test.names, record.type);
+        case layer_code:
+            return record.layer == dxf::no_name ? NamePattern(test.pattern).matches(L"0")
+                                                : name_fits(test.names, record.layer);
+        case name_code:
+            return record.type == dxf::type_insert ? name_fits(test.names, record.block_name)
+                                                   : passes_text(test, drawing, entity);
+        case layout_code:
+            return NamePattern(test.pattern)
+                .matches(base::lower(layout_name(drawing, record.is(dxf::Record::paper_space))));
+        case paper_space_code:
+            return holds(test.relations[0], record.is(dxf::Record::paper_space) ? 1 : 0, test.numbers[0]);
+        default:
+            return test.numbers.empty() ? passes_text(test, drawing, entity)
+                                        : passes_numbers(test, drawing.view(entity));
+    }
+}
+
+bool SelectionFilter::passes_text(const Test& test, const dxf::Drawing& drawing, dxf::RecordId entity) {
+    const dxf::RecordView view = drawing.view(entity);
+    return view.has(test.code) && NamePattern(test.pattern).matches(base::lower(view.text(test.code)));
+}
+
+bool SelectionFilter::passes_numbers(const Test& test, const dxf::RecordView& entity) {
+    if (test.code == colour_code && !entity.has(colour_code)) {
+        return holds(test.relations[0], colour_by_layer, test.numbers[0]);
+    }
+    if (!entity.has(test.code)) {
+        return false;
+    }
+    for (size_t axis = 0; axis < test.numbers.size(); ++axis) {
+        const Relation relation = test.relations[std::min(axis, test.relations.size() - 1)];
+        const double value = entity.real(test.code + 10 * static_cast<int>(axis));
+        if (!holds(relation, value, test.numbers[axis])) {
+            return false;
+        }
+    }
+    return true;
+}
+
+bool SelectionFilter::holds(Relation relation, double left, double right) {
+    const auto left_bits = static_cast<long long>(left);
+    const auto right_bits = static_cast<long long>(right);
+    switch (relation) {
+        case Relation::any:
+            return true;
+        case Relation::equal:
+            return left == right;
+        case Relation::not_equal:
+            return left != right;
+        case Relation::less:
+            return left < right;
+        case Relation::less_or_equal:
+            return left <= right;
+        case Relation::greater:
+            return left > right;
+        case Relation::greater_or_equal:
+            return left >= right;
+        case Relation::bits_any:
+            return (left_bits & right_bits) != 0;
+        case Relation::bits_all:
+            break;
+    }
+    return (left_bits & right_bits) == right_bits;
+}
+
+std::wstring layout_name(const dxf::Drawing& drawing, bool paper_space) {
+    if (!paper_space) {
+        return L"Model";
+    }
+    const uint64_t block = paper_space_handle(drawing);
+    const std::wstring_view layout_type = L"LAYOUT";
+    for (const dxf::RecordId object : drawing.objects()) {
+        if (block != 0 && drawing.type_names().name(drawing.record(object).type) == layout_type) {
+            if (auto name = name_of_layout_for(drawing.view(object), block)) {
+                return *name;
+            }
+        }
+    }
+    return L"Layout1";
+}
+
+}  // namespace host

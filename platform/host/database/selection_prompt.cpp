@@ -1,0 +1,179 @@
+#include "platform/host/database/selection_prompt.h"
+
+#include <algorithm>
+#include <optional>
+
+#include "base/case_folding.h"
+#include "platform/host/editor/input_text.h"
+
+namespace host {
+namespace {
+
+struct Word {
+    std::wstring_view full;      ///< in lower case
+    std::wstring_view shortest;  ///< what of it must be typed at least
+};
+
+constexpr Word words[] = {
+    {L"window", L"w"},   {L"crossing", L"c"}, {L"box", L"bo"}, {L"all", L"all"}, {L"last", L"l"},
+    {L"previous", L"p"}, {L"remove", L"r"},   {L"add", L"a"},  {L"undo", L"u"},
+};
+
+/// The full word that the user typed, abbreviated or not and with or without "_"; empty for none.
+std::wstring_view recognise(std::wstring_view answer) {
+    const std::wstring typed = base::lower(answer.substr(!answer.empty() && answer[0] == L'_' ? 1 : 0));
+    for (const Word& word : words) {
+        if (typed.size() >= word.shortest.size() && word.full.substr(0, typed.size()) == typed) {
+            return word.full;
+        }
+    }
+    return {};
+}
+
+std::optional<AcGePoint3d> read_point(std::wstring_view text) {
+    const std::optional<Point> point = parse_point(text);
+    return point ? std::optional(AcGePoint3d(point->x, point->y, point->z)) : std::nullopt;
+}
+
+}  // namespace
+
+SelectionPrompt::SelectionPrompt(EntitySelector& selector, const SelectionFilter& filter, const dxf::Drawing& drawing,
+                                 CommandLine& line, bool single)
+    : selector_(selector), filter_(filter), drawing_(drawing), line_(line), single_(single) {}
+
+bool SelectionPrompt::ask() {
+    for (;;) {
+        const Answer answer = line_.prompt(removing_ ? L"\nRemove objects: " : L"\nSelect objects: ");
+        if (answer.kind == Answer::cancel) {
+            return false;
+        }
+        if (answer.kind == Answer::return_only) {
+            return true;
+        }
+        if (!take_answer(answer.text)) {
+            return false;
+        }
+        if (single_ && !selected_.empty()) {
+            return true;
+        }
+    }
+}
+
+bool SelectionPrompt::take_answer(std::wstring_view answer) {
+    if (const auto point = read_point(answer)) {
+        return take_point(*point);
+    }
+    const std::wstring_view word = recognise(answer);
+    if (word == L"window" || word == L"crossing" || word == L"box") {
+        return take_rectangle(word);
+    }
+    if (word == L"all") {
+        take(selector_.all(SelectionFilter()));
+    } else if (word == L"last") {
+        take(selector_.last());
+    } else if (word == L"previous") {
+        take_previous();
+    } else if (word == L"remove" || word == L"add") {
+        removing_ = word == L"remove";
+    } else if (word == L"undo") {
+        undo();
+    } else {
+        refuse();
+    }
+    return true;
+}
+
+bool SelectionPrompt::take_point(const AcGePoint3d& point) {
+    const std::vector<dxf::RecordId> hit = selector_.at_point(point);
+    if (hit.empty() && !single_) {
+        return take_opposite(point, L"box");
+    }
+    take(hit);
+    return true;
+}
+
+SelectionPrompt::Corner SelectionPrompt::ask_corner(std::wstring_view prompt, AcGePoint3d& corner) {
+    const Answer answer = line_.prompt(prompt);
+    if (answer.kind == Answer::cancel) {
+        return Corner::cancelled;
+    }
+    const auto point = answer.kind == Answer::line ? read_point(answer.text) : std::nullopt;
+    if (!point) {
+        line_.print(L"\nInvalid point.");
+        return Corner::none;
+    }
+    corner = *point;
+    return Corner::given;
+}
+
+bool SelectionPrompt::take_rectangle(std::wstring_view kind) {
+    AcGePoint3d first;
+    const Corner given = ask_corner(L"\nSpecify first corner: ", first);
+    return given == Corner::given ? take_opposite(first, kind) : given == Corner::none;
+}
+
+bool SelectionPrompt::take_opposite(const AcGePoint3d& first, std::wstring_view kind) {
+    AcGePoint3d second;
+    const Corner given = ask_corner(L"\nSpecify opposite corner: ", second);
+    if (given == Corner::given) {
+        const bool window = kind == L"window" || (kind == L"box" && second.x >= first.x);
+        take(window ? selector_.in_window(first, second) : selector_.crossing(first, second));
+    }
+    return given != Corner::cancelled;
+}
+
+void SelectionPrompt::take_previous() {
+    const std::vector<dxf::RecordId> previous = selector_.previous();
+    if (previous.empty()) {
+        line_.print(L"\nNo previous selection set.");
+    } else {
+        take(previous);
+    }
+}
+
+void SelectionPrompt::take(const std::vector<dxf::RecordId>& found) {
+    std::vector<dxf::RecordId> accepted;
+    accepted.reserve(found.size());
+    std::copy_if(found.begin(), found.end(), std::back_inserter(accepted),
+                 [this](dxf::RecordId record) { return filter_.accepts(drawing_, record); });
+    std::vector<dxf::RecordId> changed = removing_ ? selected_.remove(accepted) : selected_.add(accepted);
+    print_result(accepted.size(), changed.size());
+    const size_t filtered = found.size() - accepted.size();
+    if (filtered != 0) {
+        line_.print(L"\n" + std::to_wstring(filtered) + (filtered == 1 ? L" was" : L" were") + L" filtered out.");
+    }
+    steps_.push_back({removing_, std::move(changed)});
+}
+
+void SelectionPrompt::print_result(size_t found, size_t changed) {
+    std::wstring text = L"\n" + std::to_wstring(found) + L" found";
+    if (removing_) {
+        text += L", " + std::to_wstring(changed) + L" removed";
+    } else if (changed != found) {
+        text += L" (" + std::to_wstring(found - changed) + (found - changed == 1 ? L" duplicate)" : L" duplicates)");
+    }
+    if (!steps_.empty()) {
+        text += L", " + std::to_wstring(selected_.records().size()) + L" total";
+    }
+    line_.print(text);
+}
+
+void SelectionPrompt::undo() {
+    if (steps_.empty()) {
+        line_.print(L"\nEverything has been undone.");
+        return;
+    }
+    const Step step = std::move(steps_.back());
+    steps_.pop_back();
+    if (step.removed) {
+        selected_.add(step.records);
+    } else {
+        selected_.remove(step.records);
+    }
+}
+
+void SelectionPrompt::refuse() {
+    line_.print(L"\n*Invalid selection*\nExpects a point or Window/Last/Crossing/BOX/ALL/Add/Remove/Previous/Undo");
+}
+
+}  // namespace host

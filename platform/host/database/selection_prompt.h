@@ -1,0 +1,56 @@
+// The question "Select objects:".
+#pragma once
+
+#include <string_view>
+#include <vector>
+
+#include "platform/host/database/entity_selector.h"
+#include "platform/host/database/selection_set.h"
+#include "platform/host/editor/command_line.h"
+
+namespace host {
+
+/// Asks until the user is done. Answers: a point picks the entity there, or begins a rectangle (to the right a window,
+/// to the left a crossing); Window, Crossing, BOX, ALL, Last, Previous, Remove, Add, Undo, each by its name or its
+/// capitals; Return ends.
+class SelectionPrompt {
+  public:
+    /// `single`: one answer that finds something is enough.
+    SelectionPrompt(EntitySelector& selector, const SelectionFilter& filter, const dxf::Drawing& drawing,
+                    CommandLine& line, bool single = false);
+
+    /// False when the user cancelled.
+    bool ask();
+    const SelectionSet& selected() const { return selected_; }
+
+  private:
+    struct Step {
+        bool removed;
+        std::vector<dxf::RecordId> records;
+    };
+    enum class Corner { given, none, cancelled };
+
+    /// False when the user cancelled.
+    bool take_answer(std::wstring_view answer);
+    bool take_point(const AcGePoint3d& point);
+    /// Asks for what is missing of a rectangle.
+    bool take_rectangle(std::wstring_view kind);
+    Corner ask_corner(std::wstring_view prompt, AcGePoint3d& corner);
+    bool take_opposite(const AcGePoint3d& first, std::wstring_view kind);
+    void take(const std::vector<dxf::RecordId>& found);
+    void take_previous();
+    void undo();
+    void print_result(size_t found, size_t changed);
+    void refuse();
+
+    EntitySelector& selector_;
+    const SelectionFilter& filter_;
+    const dxf::Drawing& drawing_;
+    CommandLine& line_;
+    bool single_;
+    bool removing_ = false;
+    SelectionSet selected_;
+    std::vector<Step> steps_;
+};
+
+}  // namespace host
