@@ -39,8 +39,9 @@ struct Row {
 TEST(CArray, KeepsObjectsThatArePassedByReference) {
     CArray<Row, Row&> rows;
     Row row{L"first"};
-    for (int i = 0; i < 3; ++i)
+    for (int i = 0; i < 3; ++i) {
         rows.Add(row);
+    }
     row.name = L"changed";
     rows.SetAt(1, row);
     EXPECT_EQ(rows[0].name + rows[1].name + rows[2].name, L"firstchangedfirst");
@@ -66,11 +67,13 @@ TEST(CMap, FindsSetsRemovesAndWalks) {
     EXPECT_FALSE(index.RemoveKey(L"a"));
     index.InitHashTable(500);
     int& first = index[L"a"];
-    for (int i = 0; i < 600; ++i)
+    for (int i = 0; i < 600; ++i) {
         index.SetAt(std::to_wstring(i).c_str(), i);
+    }
     first = 5;  // a value stays where it is while the map grows
-    for (int i = 2; i < 600; ++i)
+    for (int i = 2; i < 600; ++i) {
         EXPECT_TRUE(index.RemoveKey(std::to_wstring(i).c_str()));
+    }
     index[L"a"] += 1;
     EXPECT_EQ(associations(index), (std::map<std::wstring, int>{{L"a", 6}, {L"0", 0}, {L"1", 1}}));
     EXPECT_EQ(index.GetHashTableSize(), 500u);
@@ -100,13 +103,15 @@ TEST(CMap, StaysQuickBeyondItsBuckets) {
     const auto start = std::chrono::steady_clock::now();
     NameIndex index(10);
     index.InitHashTable(500);
-    for (int i = 0; i < kKeys; ++i)
+    for (int i = 0; i < kKeys; ++i) {
         index[std::to_wstring(i).c_str()] = i;
+    }
     int wrong = 0;
     for (int i = 0; i < kKeys; ++i) {
         int value = -1;
-        if (!index.Lookup(std::to_wstring(i).c_str(), value) || value != i)
+        if (!index.Lookup(std::to_wstring(i).c_str(), value) || value != i) {
             ++wrong;
+        }
     }
     EXPECT_EQ(wrong, 0);
     EXPECT_EQ(index.GetCount(), kKeys);

@@ -27,10 +27,12 @@ class CArray {
     /// New elements are default-constructed. `grow_by` is the least number of elements to make room for at a time, -1
     /// leaves it as it is; the array may make room for more, so that adding one by one stays linear.
     void SetSize(INT_PTR size, INT_PTR grow_by = -1) {
-        if (size < 0)
+        if (size < 0) {
             throw std::invalid_argument("CArray: negative size");
-        if (grow_by >= 0)
+        }
+        if (grow_by >= 0) {
             grow_by_ = grow_by;
+        }
         if (size == 0) {
             std::vector<TYPE>().swap(elements_);
             return;
@@ -58,8 +60,9 @@ class CArray {
     }
     void SetAtGrow(INT_PTR index, ARG_TYPE element) {
         TYPE copy(element);
-        if (index >= GetSize())
+        if (index >= GetSize()) {
             SetSize(index + 1);
+        }
         GetAt(index) = std::move(copy);
     }
     INT_PTR Append(const CArray& source) {
@@ -73,32 +76,37 @@ class CArray {
 
     /// Beyond the end, the gap is filled with default-constructed elements. The element may be one of this array.
     void InsertAt(INT_PTR index, ARG_TYPE element, INT_PTR count = 1) {
-        if (index < 0 || count < 0)
+        if (index < 0 || count < 0) {
             throw std::out_of_range("CArray: insertion before the first element");
+        }
         const TYPE copy(element);
         const size_t at = static_cast<size_t>(index);
         make_room(std::max(at, elements_.size()) + static_cast<size_t>(count));
-        if (at > elements_.size())
+        if (at > elements_.size()) {
             elements_.resize(at);
+        }
         elements_.insert(elements_.begin() + index, static_cast<size_t>(count), copy);
     }
     void RemoveAt(INT_PTR index, INT_PTR count = 1) {
-        if (index < 0 || count < 0 || count > GetSize() - index)
+        if (index < 0 || count < 0 || count > GetSize() - index) {
             throw std::out_of_range("CArray: removal outside the array");
+        }
         elements_.erase(elements_.begin() + index, elements_.begin() + index + count);
     }
 
   private:
     size_t checked(INT_PTR index) const {
-        if (index < 0 || index >= GetSize())
+        if (index < 0 || index >= GetSize()) {
             throw std::out_of_range("CArray: index outside the array");
+        }
         return static_cast<size_t>(index);
     }
 
     void make_room(size_t size) {
         const size_t room = elements_.capacity();
-        if (size > room)
+        if (size > room) {
             elements_.reserve(std::max(size, room + std::max(static_cast<size_t>(grow_by_), room / 2)));
+        }
     }
 
     std::vector<TYPE> elements_;

@@ -78,10 +78,12 @@ class CRect : public tagRECT {
 };
 
 inline void CRect::NormalizeRect() {
-    if (left > right)
+    if (left > right) {
         *this = CRect(right, top, left, bottom);
-    if (top > bottom)
+    }
+    if (top > bottom) {
         *this = CRect(left, bottom, right, top);
+    }
 }
 
 inline CRect CRect::operator&(const RECT& other) const {

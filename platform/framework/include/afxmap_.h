@@ -15,18 +15,20 @@ template <class ARG_KEY>
 inline UINT HashKey(ARG_KEY key) {
     using Key = std::remove_cv_t<std::remove_reference_t<ARG_KEY>>;
     std::uint64_t bits;
-    if constexpr (std::is_pointer_v<Key>)
+    if constexpr (std::is_pointer_v<Key>) {
         bits = reinterpret_cast<std::uintptr_t>(key);
-    else
+    } else {
         bits = static_cast<std::uint64_t>(key);
+    }
     return static_cast<UINT>((bits * 0x9E3779B97F4A7C15u) >> 32);
 }
 
 template <>
 inline UINT HashKey<const wchar_t*>(const wchar_t* key) {
     UINT hash = 2166136261u;
-    for (; *key; ++key)
+    for (; *key; ++key) {
         hash = (hash ^ static_cast<UINT>(*key)) * 16777619u;
+    }
     return hash;
 }
 
@@ -58,24 +60,27 @@ class CMap {
 
     /// Only an empty map takes another size.
     void InitHashTable(UINT size, BOOL allocate_now = TRUE) {
-        if (count_ != 0 || size == 0)
+        if (count_ != 0 || size == 0) {
             throw std::logic_error("CMap: the hash table is set while the map is empty, and is not empty itself");
+        }
         table_size_ = size;
         std::vector<Association*>(allocate_now ? size : 0).swap(buckets_);
     }
 
     BOOL Lookup(ARG_KEY key, VALUE& value) const {
         const Association* found = find(key, HashKey<ARG_KEY>(key));
-        if (found)
+        if (found) {
             value = found->value;
+        }
         return found != nullptr;
     }
 
     /// Adds a default-constructed value for a key that is not there.
     VALUE& operator[](ARG_KEY key) {
         const UINT hash = HashKey<ARG_KEY>(key);
-        if (Association* found = find(key, hash))
+        if (Association* found = find(key, hash)) {
             return found->value;
+        }
         reserve_buckets();
         Association* added = allocate(hash, key);
         link(added);
@@ -86,13 +91,15 @@ class CMap {
 
     /// FALSE when the key is not there.
     BOOL RemoveKey(ARG_KEY key) {
-        if (buckets_.empty())
+        if (buckets_.empty()) {
             return FALSE;
+        }
         const UINT hash = HashKey<ARG_KEY>(key);
         for (Association** at = &buckets_[hash % buckets_.size()]; *at; at = &(*at)->next) {
             Association* found = *at;
-            if (found->hash != hash || !CompareElements(&found->key, &key))
+            if (found->hash != hash || !CompareElements(&found->key, &key)) {
                 continue;
+            }
             *at = found->next;
             release(found);
             --count_;
@@ -102,9 +109,11 @@ class CMap {
     }
 
     void RemoveAll() {
-        for (Association* association : buckets_)
-            while (association)
+        for (Association* association : buckets_) {
+            while (association) {
                 std::destroy_at(std::exchange(association, association->next));
+            }
+        }
         buckets_.clear();
         blocks_.clear();
         free_ = nullptr;
@@ -142,18 +151,23 @@ class CMap {
     }
 
     Association* find(ARG_KEY key, UINT hash) const {
-        if (buckets_.empty())
+        if (buckets_.empty()) {
             return nullptr;
-        for (Association* at = buckets_[hash % buckets_.size()]; at; at = at->next)
-            if (at->hash == hash && CompareElements(&at->key, &key))
+        }
+        for (Association* at = buckets_[hash % buckets_.size()]; at; at = at->next) {
+            if (at->hash == hash && CompareElements(&at->key, &key)) {
                 return at;
+            }
+        }
         return nullptr;
     }
 
     Association* first_from(size_t bucket) const {
-        for (; bucket < buckets_.size(); ++bucket)
-            if (buckets_[bucket])
+        for (; bucket < buckets_.size(); ++bucket) {
+            if (buckets_[bucket]) {
                 return buckets_[bucket];
+            }
+        }
         return nullptr;
     }
 
@@ -170,15 +184,18 @@ class CMap {
         } else if (count_ >= buckets_.size()) {
             std::vector<Association*> old(buckets_.size() * 2 + 1);
             old.swap(buckets_);
-            for (Association* association : old)
-                while (association)
+            for (Association* association : old) {
+                while (association) {
                     link(std::exchange(association, association->next));
+                }
+            }
         }
     }
 
     Association* allocate(UINT hash, ARG_KEY key) {
-        if (!free_)
+        if (!free_) {
             add_block();
+        }
         Slot* slot = free_;
         Slot* rest = slot->next_free;
         Association* association = new (&slot->association) Association(hash, key);
@@ -189,8 +206,9 @@ class CMap {
     void add_block() {
         const size_t size = std::max(block_size_, count_ / 4);
         blocks_.push_back(std::make_unique<Slot[]>(size));
-        for (size_t i = size; i-- > 0;)
+        for (size_t i = size; i-- > 0;) {
             push_free(&blocks_.back()[i]);
+        }
     }
 
     void push_free(Slot* slot) {

@@ -11,10 +11,11 @@ namespace framework {
 
 template <class Result>
 LRESULT as_result(Result value) {
-    if constexpr (std::is_pointer_v<Result>)
+    if constexpr (std::is_pointer_v<Result>) {
         return reinterpret_cast<LRESULT>(value);
-    else
+    } else {
         return static_cast<LRESULT>(value);
+    }
 }
 
 /// A handler's exact signature; a handler of another one does not convert to the member pointer.
@@ -27,10 +28,11 @@ struct Signature<Result(Args...)> {
     static BOOL call(CCmdTarget* target, Result (Class::*handler)(Args...), std::tuple<Args...> args,
                      AFX_MESSAGE& message) {
         const auto bound = [&](Args... each) { return (static_cast<Class*>(target)->*handler)(each...); };
-        if constexpr (std::is_void_v<Result>)
+        if constexpr (std::is_void_v<Result>) {
             std::apply(bound, args);
-        else
+        } else {
             message.result = as_result(std::apply(bound, args));
+        }
         return TRUE;
     }
 };

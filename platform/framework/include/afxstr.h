@@ -109,6 +109,7 @@ class CString {
 
 using CStringW = CString;
 
+// NOLINTBEGIN(bugprone-macro-parentheses): an operator takes none
 #define AFX_CSTRING_COMPARISON(op)                                       \
     inline bool operator op(const CString& left, const CString& right) { \
         return left.Compare(right) op 0;                                 \
@@ -119,6 +120,7 @@ using CStringW = CString;
     inline bool operator op(const wchar_t* left, const CString& right) { \
         return 0 op right.Compare(left);                                 \
     }
+// NOLINTEND(bugprone-macro-parentheses)
 AFX_CSTRING_COMPARISON(==)
 AFX_CSTRING_COMPARISON(!=)
 AFX_CSTRING_COMPARISON(<)

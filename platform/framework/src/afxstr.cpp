@@ -58,8 +58,9 @@ CString& CString::operator+=(const CString& text) {
 }
 
 CString& CString::operator+=(const wchar_t* text) {
-    if (text)
+    if (text) {
         text_ += text;
+    }
     return *this;
 }
 
@@ -159,8 +160,9 @@ int CString::Replace(wchar_t from, wchar_t to) {
 
 int CString::Replace(const wchar_t* from, const wchar_t* to) {
     const std::wstring_view old_part(from ? from : L"");
-    if (old_part.empty())
+    if (old_part.empty()) {
         return 0;
+    }
     const std::wstring new_part(to ? to : L"");
     std::wstring result;
     int replaced = 0;
@@ -169,8 +171,9 @@ int CString::Replace(const wchar_t* from, const wchar_t* to) {
         result.append(text_, start, at - start).append(new_part);
         ++replaced;
     }
-    if (replaced)
+    if (replaced) {
         text_ = result.append(text_, start, std::wstring::npos);
+    }
     return replaced;
 }
 
@@ -186,15 +189,17 @@ int CString::Insert(int index, wchar_t character) {
 }
 
 int CString::Insert(int index, const wchar_t* text) {
-    if (text)
+    if (text) {
         text_.insert(static_cast<size_t>(std::clamp(index, 0, GetLength())), text);
+    }
     return GetLength();
 }
 
 int CString::Delete(int index, int count) {
     const int first = std::max(index, 0);
-    if (first < GetLength() && count > 0)
+    if (first < GetLength() && count > 0) {
         text_.erase(static_cast<size_t>(first), static_cast<size_t>(count));
+    }
     return GetLength();
 }
 

@@ -30,8 +30,9 @@ CWinApp::CWinApp(LPCWSTR name) : m_strAppName(name ? CString(name) : program_nam
 }
 
 CWinApp::~CWinApp() {
-    if (the_app == this)
+    if (the_app == this) {
         the_app = nullptr;
+    }
 }
 
 int CWinApp::Run() {
@@ -55,11 +56,13 @@ int CWinApp::Run() {
 
 BOOL CWinApp::PreTranslateMessage(MSG* message) {
     CWnd* const main = AfxGetMainWnd();
-    if (CWnd::WalkPreTranslateTree(main ? main->m_hWnd : nullptr, message))
+    if (CWnd::WalkPreTranslateTree(main ? main->m_hWnd : nullptr, message)) {
         return TRUE;
+    }
     // A modeless dialog leaves the main window its accelerators; under a modal one it is disabled.
-    if (!main || !message->hwnd || !main->IsWindowEnabled())
+    if (!main || !message->hwnd || !main->IsWindowEnabled()) {
         return FALSE;
+    }
     return CWnd::FromHandle(message->hwnd)->GetTopLevelParent() != main && main->PreTranslateMessage(message);
 }
 

@@ -18,8 +18,9 @@ bool is_input_method_window(HWND window) {
 CreationHook::CreationHook(CWnd* object)
     : being_created_(thread_state().being_created, object),
       hook_(::SetWindowsHookExW(WH_CBT, procedure, nullptr, ::GetCurrentThreadId())) {
-    if (!hook_)
+    if (!hook_) {
         AfxThrowResourceException();
+    }
 }
 
 CreationHook::~CreationHook() {
@@ -30,16 +31,18 @@ LRESULT CALLBACK CreationHook::procedure(int code, WPARAM wParam, LPARAM lParam)
     CWnd*& waiting = thread_state().being_created;
     const HWND window = reinterpret_cast<HWND>(wParam);
     if (code == HCBT_CREATEWND && waiting && !is_input_method_window(window)) {
-        if (!take_window(std::exchange(waiting, nullptr), window))
+        if (!take_window(std::exchange(waiting, nullptr), window)) {
             return 1;
+        }
     }
     return ::CallNextHookEx(nullptr, code, wParam, lParam);
 }
 
 bool CreationHook::take_window(CWnd* object, HWND window) {
     try {
-        if (!object->Attach(window))
+        if (!object->Attach(window)) {
             return false;
+        }
         object->PreSubclassWindow();
         object->take_over_messages();
         return true;

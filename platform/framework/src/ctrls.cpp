@@ -11,8 +11,9 @@ CScrollBar::~CScrollBar() = default;
 
 void CEdit::SetSel(int first, int last, BOOL no_scroll) {
     SendMessage(EM_SETSEL, static_cast<WPARAM>(first), last);
-    if (!no_scroll)
+    if (!no_scroll) {
         SendMessage(EM_SCROLLCARET);
+    }
 }
 
 void CEdit::GetSel(int& first, int& last) const {
@@ -29,8 +30,9 @@ void CEdit::ReplaceSel(LPCWSTR text, BOOL can_undo) {
 void CListBox::GetText(int index, CString& text) const {
     text.Empty();
     const int length = GetTextLen(index);
-    if (length == LB_ERR)
+    if (length == LB_ERR) {
         return;
+    }
     send(LB_GETTEXT, index, text.GetBuffer(length + 1));
     text.ReleaseBuffer();
 }
@@ -42,8 +44,9 @@ int CListBox::SetItemData(int index, DWORD_PTR data) {
 void CComboBox::GetLBText(int index, CString& text) const {
     text.Empty();
     const int length = send(CB_GETLBTEXTLEN, index);
-    if (length == CB_ERR)
+    if (length == CB_ERR) {
         return;
+    }
     send(CB_GETLBTEXT, index, text.GetBuffer(length + 1));
     text.ReleaseBuffer();
 }

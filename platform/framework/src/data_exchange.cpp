@@ -17,8 +17,9 @@ bool read_integer(CString text, int& value) {
     wchar_t* end = nullptr;
     errno = 0;
     const long long read = std::wcstoll(text, &end, 10);
-    if (text.IsEmpty() || *end != 0 || errno != 0 || read < INT_MIN || read > INT_MAX)
+    if (text.IsEmpty() || *end != 0 || errno != 0 || read < INT_MIN || read > INT_MAX) {
         return false;
+    }
     value = static_cast<int>(read);
     return true;
 }
@@ -36,8 +37,9 @@ CString text_of(HWND control) {
 HWND CDataExchange::PrepareCtrl(int id) {
     last_control_ = ::GetDlgItem(m_pDlgWnd->m_hWnd, id);
     last_is_edit_ = false;
-    if (!last_control_)
+    if (!last_control_) {
         throw std::logic_error("The dialog has no control " + std::to_string(id) + ".");
+    }
     return last_control_;
 }
 
@@ -50,33 +52,38 @@ HWND CDataExchange::PrepareEditCtrl(int id) {
 void CDataExchange::Fail() {
     if (m_bSaveAndValidate && last_control_) {
         ::SetFocus(last_control_);
-        if (last_is_edit_)
+        if (last_is_edit_) {
             ::SendMessageW(last_control_, EM_SETSEL, 0, -1);
+        }
     }
     throw framework::DataExchangeRefused();
 }
 
 void DDX_Control(CDataExchange* exchange, int id, CWnd& control) {
-    if (control.m_hWnd)
+    if (control.m_hWnd) {
         return;
-    if (!control.SubclassWindow(exchange->PrepareCtrl(id)))
+    }
+    if (!control.SubclassWindow(exchange->PrepareCtrl(id))) {
         throw std::logic_error("Control " + std::to_string(id) + " belongs to another object.");
+    }
 }
 
 void DDX_Check(CDataExchange* exchange, int id, int& value) {
     const HWND control = exchange->PrepareCtrl(id);
-    if (exchange->m_bSaveAndValidate)
+    if (exchange->m_bSaveAndValidate) {
         value = static_cast<int>(::SendMessageW(control, BM_GETCHECK, 0, 0));
-    else
+    } else {
         ::SendMessageW(control, BM_SETCHECK, static_cast<WPARAM>(value), 0);
+    }
 }
 
 void DDX_Text(CDataExchange* exchange, int id, CString& value) {
     const HWND control = exchange->PrepareEditCtrl(id);
-    if (exchange->m_bSaveAndValidate)
+    if (exchange->m_bSaveAndValidate) {
         value = text_of(control);
-    else if (text_of(control) != value)
+    } else if (text_of(control) != value) {
         ::SetWindowTextW(control, value);
+    }
 }
 
 void DDX_Text(CDataExchange* exchange, int id, int& value) {

@@ -12,15 +12,17 @@ HWND handle_of(CWnd* window) {
 }
 
 void attach_or_throw(CDC& dc, HDC handle) {
-    if (!dc.Attach(handle))
+    if (!dc.Attach(handle)) {
         AfxThrowResourceException();
+    }
 }
 
 }  // namespace
 
 CDC::~CDC() {
-    if (thread_state().contexts.owns(this))
+    if (thread_state().contexts.owns(this)) {
         DeleteDC();
+    }
 }
 
 CDC* CDC::FromHandle(HDC handle) {
@@ -33,18 +35,21 @@ void CDC::DeleteTempMap() {
 
 BOOL CDC::Attach(HDC handle) {
     auto& contexts = thread_state().contexts;
-    if (!handle || !contexts.attach(handle, this))
+    if (!handle || !contexts.attach(handle, this)) {
         return FALSE;
-    if (m_hDC && m_hDC != handle && contexts.owns(this))
+    }
+    if (m_hDC && m_hDC != handle && contexts.owns(this)) {
         DeleteDC();
+    }
     m_hDC = handle;
     return TRUE;
 }
 
 HDC CDC::Detach() {
     auto& contexts = thread_state().contexts;
-    if (contexts.owns(this))
+    if (contexts.owns(this)) {
         contexts.detach(m_hDC);
+    }
     return std::exchange(m_hDC, nullptr);
 }
 

@@ -36,8 +36,9 @@ BOOL CDialog::InitModalIndirect(const DLGTEMPLATE* dialog, CWnd* parent) {
 }
 
 BOOL CDialog::create(const DLGTEMPLATE* dialog, HWND parent, HINSTANCE instance) {
-    if (!dialog || m_hWnd)
+    if (!dialog || m_hWnd) {
         return FALSE;
+    }
     auto_center_ = framework::wants_centering(dialog);
     CreationHook hook(this);
     const HWND window = ::CreateDialogIndirectParamW(instance, dialog, parent, dialog_procedure, 0);
@@ -45,11 +46,13 @@ BOOL CDialog::create(const DLGTEMPLATE* dialog, HWND parent, HINSTANCE instance)
 }
 
 INT_PTR CDialog::DoModal() {
-    if (m_hWnd || modal_)
+    if (m_hWnd || modal_) {
         return -1;
+    }
     framework::DialogTemplate found{m_lpDialogTemplate, AfxGetResourceHandle()};
-    if (!found.dialog)
+    if (!found.dialog) {
         found = framework::find_dialog_template(m_lpszTemplateName);
+    }
     const Scoped<bool> modal(modal_, true);
     ended_ = false;
     result_ = -1;
@@ -60,8 +63,9 @@ INT_PTR CDialog::DoModal() {
     }
     // Hidden before its owner is enabled, and the owner enabled before it goes: otherwise another program would be
     // activated.
-    if (m_hWnd)
+    if (m_hWnd) {
         SetWindowPos(nullptr, 0, 0, 0, 0, SWP_HIDEWINDOW | SWP_NOSIZE | SWP_NOMOVE | SWP_NOACTIVATE | SWP_NOZORDER);
+    }
     owner.enable(m_hWnd);
     DestroyWindow();
     return result_;
@@ -77,11 +81,13 @@ void CDialog::EndDialog(int result) {
 }
 
 INT_PTR CALLBACK CDialog::dialog_procedure(HWND window, UINT message, WPARAM, LPARAM) {
-    if (message != WM_INITDIALOG)
+    if (message != WM_INITDIALOG) {
         return FALSE;
+    }
     const auto dialog = dynamic_cast<CDialog*>(FromHandlePermanent(window));
-    if (!dialog)
+    if (!dialog) {
         return TRUE;
+    }
     try {
         return dialog->OnInitDialog();
     } catch (...) {
@@ -99,15 +105,17 @@ LRESULT CDialog::HandleInitDialog(WPARAM, LPARAM) {
     const LRESULT result = Default();
     if (m_hWnd && may_center && !ended_) {
         GetWindowRect(after);
-        if (before == after && !IsWindowVisible())
+        if (before == after && !IsWindowVisible()) {
             CenterWindow();
+        }
     }
     return result;
 }
 
 LRESULT CDialog::HandleSetFont(WPARAM wParam, LPARAM) {
-    if (CFont* const font = CFont::FromHandle(reinterpret_cast<HFONT>(wParam)))
+    if (CFont* const font = CFont::FromHandle(reinterpret_cast<HFONT>(wParam))) {
         OnSetFont(font);
+    }
     return Default();
 }
 
@@ -117,8 +125,9 @@ BOOL CDialog::OnInitDialog() {
 }
 
 void CDialog::OnOK() {
-    if (UpdateData(TRUE))
+    if (UpdateData(TRUE)) {
         EndDialog(IDOK);
+    }
 }
 
 void CDialog::OnCancel() {
@@ -126,19 +135,22 @@ void CDialog::OnCancel() {
 }
 
 BOOL CDialog::OnCmdMsg(UINT id, int code, void* extra, void* handler_info) {
-    if (CWnd::OnCmdMsg(id, code, extra, handler_info))
+    if (CWnd::OnCmdMsg(id, code, extra, handler_info)) {
         return TRUE;
+    }
     // Commands of the program go on to the owner; what controls say stays here.
     constexpr UINT kFirstCommand = 0x8000, kFirstSystemCommand = 0xf000;
-    if (code != CN_COMMAND || id < kFirstCommand || id >= kFirstSystemCommand)
+    if (code != CN_COMMAND || id < kFirstCommand || id >= kFirstSystemCommand) {
         return FALSE;
+    }
     CWnd* const parent = GetParent();
     return parent && parent->OnCmdMsg(id, code, extra, handler_info);
 }
 
 BOOL CDialog::PreTranslateMessage(MSG* message) {
-    if (CWnd::PreTranslateMessage(message))
+    if (CWnd::PreTranslateMessage(message)) {
         return TRUE;
+    }
     // A multi-line edit control of the dialog takes every key, and would not let Escape close the dialog.
     if (message->message == WM_KEYDOWN && (message->wParam == VK_ESCAPE || message->wParam == VK_CANCEL) &&
         ::GetParent(message->hwnd) == m_hWnd && framework::is_multiline_edit(message->hwnd)) {

@@ -27,8 +27,9 @@ DialogTemplate find_dialog_template(LPCWSTR name) {
     const auto type = reinterpret_cast<LPCWSTR>(RT_DIALOG);
     const HINSTANCE module = AfxFindResourceHandle(name, type);
     const HRSRC resource = ::FindResourceW(module, name, type);
-    if (!resource)
+    if (!resource) {
         return {nullptr, module};
+    }
     return {static_cast<const DLGTEMPLATE*>(::LockResource(::LoadResource(module, resource))), module};
 }
 
@@ -36,8 +37,9 @@ bool wants_centering(const DLGTEMPLATE* dialog) {
     constexpr DWORD kPlaced = DS_CENTER | DS_CENTERMOUSE | DS_ABSALIGN;
     ExtendedHead head;
     std::memcpy(&head, dialog, sizeof(dialog->style));
-    if (head.version != 1 || head.signature != 0xffff)
+    if (head.version != 1 || head.signature != 0xffff) {
         return !(dialog->style & kPlaced) && dialog->x == 0 && dialog->y == 0;
+    }
     std::memcpy(&head, dialog, sizeof(head));
     return !(head.style & kPlaced) && head.x == 0 && head.y == 0;
 }

@@ -24,8 +24,9 @@ Resources& resources() {
 std::vector<HINSTANCE> search_order() {
     std::vector<HINSTANCE> modules{resources().current};
     const auto& libraries = resources().libraries;
-    for (auto library = libraries.rbegin(); library != libraries.rend(); ++library)
+    for (auto library = libraries.rbegin(); library != libraries.rend(); ++library) {
         modules.push_back((*library)->m_hResource);
+    }
     return modules;
 }
 
@@ -44,9 +45,11 @@ void AfxSetResourceHandle(HINSTANCE module) {
 }
 
 HINSTANCE AfxFindResourceHandle(LPCWSTR name, LPCWSTR type) {
-    for (const HINSTANCE module : search_order())
-        if (::FindResourceW(module, name, type))
+    for (const HINSTANCE module : search_order()) {
+        if (::FindResourceW(module, name, type)) {
             return module;
+        }
+    }
     return AfxGetResourceHandle();
 }
 
@@ -65,21 +68,26 @@ BOOL CString::LoadString(UINT id) {
 }
 
 BOOL AfxInitExtensionModule(AFX_EXTENSION_MODULE& state, HMODULE module) {
-    if (state.bInitialized)
+    if (state.bInitialized) {
         return state.hModule == module;
+    }
     state = {TRUE, module, module};
     return TRUE;
 }
 
 void AfxTermExtensionModule(AFX_EXTENSION_MODULE& state, BOOL) {
-    if (!state.bInitialized)
+    if (!state.bInitialized) {
         return;
+    }
     const std::vector<CDynLinkLibrary*> libraries = resources().libraries;
-    for (CDynLinkLibrary* library : libraries)
-        if (library->m_hModule == state.hModule)
+    for (CDynLinkLibrary* library : libraries) {
+        if (library->m_hModule == state.hModule) {
             std::unique_ptr<CDynLinkLibrary>{library}.reset();
-    if (resources().current == state.hResource)
+        }
+    }
+    if (resources().current == state.hResource) {
         resources().current = resources().program;
+    }
     state = {FALSE, nullptr, nullptr};
 }
 

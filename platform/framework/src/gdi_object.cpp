@@ -6,8 +6,9 @@
 using framework::thread_state;
 
 CGdiObject::~CGdiObject() {
-    if (thread_state().drawing_objects.owns(this))
+    if (thread_state().drawing_objects.owns(this)) {
         DeleteObject();
+    }
 }
 
 CGdiObject* CGdiObject::FromHandle(HGDIOBJ handle) {
@@ -20,18 +21,21 @@ void CGdiObject::DeleteTempMap() {
 
 BOOL CGdiObject::Attach(HGDIOBJ handle) {
     auto& objects = thread_state().drawing_objects;
-    if (!handle || !objects.attach(handle, this))
+    if (!handle || !objects.attach(handle, this)) {
         return FALSE;
-    if (m_hObject && m_hObject != handle && objects.owns(this))
+    }
+    if (m_hObject && m_hObject != handle && objects.owns(this)) {
         DeleteObject();
+    }
     m_hObject = handle;
     return TRUE;
 }
 
 HGDIOBJ CGdiObject::Detach() {
     auto& objects = thread_state().drawing_objects;
-    if (objects.owns(this))
+    if (objects.owns(this)) {
         objects.detach(m_hObject);
+    }
     return std::exchange(m_hObject, nullptr);
 }
 
@@ -40,8 +44,9 @@ BOOL CGdiObject::DeleteObject() {
 }
 
 CPen::CPen(int style, int width, COLORREF color) {
-    if (!CreatePen(style, width, color))
+    if (!CreatePen(style, width, color)) {
         AfxThrowResourceException();
+    }
 }
 
 CPen::~CPen() = default;
@@ -51,8 +56,9 @@ CPen* CPen::FromHandle(HPEN handle) {
 }
 
 CBrush::CBrush(COLORREF color) {
-    if (!CreateSolidBrush(color))
+    if (!CreateSolidBrush(color)) {
         AfxThrowResourceException();
+    }
 }
 
 CBrush::~CBrush() = default;

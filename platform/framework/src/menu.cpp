@@ -6,8 +6,9 @@
 using framework::thread_state;
 
 CMenu::~CMenu() {
-    if (thread_state().menus.owns(this))
+    if (thread_state().menus.owns(this)) {
         DestroyMenu();
+    }
 }
 
 CMenu* CMenu::FromHandle(HMENU menu) {
@@ -16,18 +17,21 @@ CMenu* CMenu::FromHandle(HMENU menu) {
 
 BOOL CMenu::Attach(HMENU menu) {
     auto& menus = thread_state().menus;
-    if (!menu || !menus.attach(menu, this))
+    if (!menu || !menus.attach(menu, this)) {
         return FALSE;
-    if (m_hMenu && m_hMenu != menu && menus.owns(this))
+    }
+    if (m_hMenu && m_hMenu != menu && menus.owns(this)) {
         DestroyMenu();
+    }
     m_hMenu = menu;
     return TRUE;
 }
 
 HMENU CMenu::Detach() {
     auto& menus = thread_state().menus;
-    if (menus.owns(this))
+    if (menus.owns(this)) {
         menus.detach(m_hMenu);
+    }
     return std::exchange(m_hMenu, nullptr);
 }
 

@@ -29,8 +29,9 @@ bool queue_is_empty() {
 
 bool pump_message(MSG& message) {
     const BOOL got = ::GetMessageW(&message, nullptr, 0, 0);
-    if (got == -1)
+    if (got == -1) {
         AfxThrowResourceException();
+    }
     if (got == 0) {
         thread_state().exit_code = static_cast<int>(message.wParam);
         return false;
@@ -44,10 +45,12 @@ bool pump_message(MSG& message) {
 }
 
 bool is_idle_message(const MSG& message) {
-    if (message.message == WM_PAINT || message.message == kSystemTimer)
+    if (message.message == WM_PAINT || message.message == kSystemTimer) {
         return false;
-    if (message.message != WM_MOUSEMOVE && message.message != WM_NCMOUSEMOVE)
+    }
+    if (message.message != WM_MOUSEMOVE && message.message != WM_NCMOUSEMOVE) {
         return true;
+    }
     auto& state = thread_state();
     const bool moved = message.message != state.last_mouse_message || message.pt.x != state.last_mouse.x ||
                        message.pt.y != state.last_mouse.y;

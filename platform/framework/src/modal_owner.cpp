@@ -7,14 +7,18 @@ namespace framework {
 ModalOwner::ModalOwner(HWND parent) {
     const CWnd* const main = AfxGetMainWnd();
     owner_ = parent || !main ? parent : main->m_hWnd;
-    while (owner_ && (::GetWindowLongPtrW(owner_, GWL_STYLE) & WS_CHILD))
+    while (owner_ && (::GetWindowLongPtrW(owner_, GWL_STYLE) & WS_CHILD)) {
         owner_ = ::GetParent(owner_);
-    for (HWND window = owner_; window; window = ::GetParent(window))
+    }
+    for (HWND window = owner_; window; window = ::GetParent(window)) {
         top_ = window;
-    if (!parent && owner_)
+    }
+    if (!parent && owner_) {
         owner_ = ::GetLastActivePopup(owner_);
-    if (!owner_)
+    }
+    if (!owner_) {
         return;
+    }
     owner_was_enabled_ = ::IsWindowEnabled(owner_);
     top_was_enabled_ = ::IsWindowEnabled(top_);
     ::EnableWindow(top_, FALSE);
@@ -22,14 +26,16 @@ ModalOwner::ModalOwner(HWND parent) {
 }
 
 void ModalOwner::enable(HWND dialog) {
-    if (!owner_ || done_)
+    if (!owner_ || done_) {
         return;
+    }
     done_ = true;
     // The system enables a dialog's owner by itself, even one that was disabled before.
     ::EnableWindow(top_, top_was_enabled_);
     ::EnableWindow(owner_, owner_was_enabled_);
-    if (dialog && ::GetActiveWindow() == dialog)
+    if (dialog && ::GetActiveWindow() == dialog) {
         ::SetActiveWindow(owner_);
+    }
 }
 
 }  // namespace framework

@@ -21,10 +21,11 @@ std::wstring current_exception_text() {
 }
 
 void report(const wchar_t* text) {
-    if (current_report)
+    if (current_report) {
         current_report(text);
-    else
+    } else {
         AfxMessageBox(text, MB_OK | MB_ICONSTOP);
+    }
 }
 
 }  // namespace

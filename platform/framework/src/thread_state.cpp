@@ -16,8 +16,9 @@ DWORD slot() {
 }  // namespace
 
 void ThreadState::delete_temporary_objects() {
-    if (handlers_running > 0)
+    if (handlers_running > 0) {
         return;
+    }
     windows.delete_temporary();
     contexts.delete_temporary();
     drawing_objects.delete_temporary();

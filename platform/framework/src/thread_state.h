@@ -28,15 +28,19 @@ class HandleMap {
     /// The owner of the handle when it is a `Kind`, else a temporary object of exactly that class. Null for no handle.
     template <class Kind>
     Kind* object(Handle handle) {
-        if (!handle)
+        if (!handle) {
             return nullptr;
-        if (const auto owning = dynamic_cast<Kind*>(owner(handle)))
+        }
+        if (const auto owning = dynamic_cast<Kind*>(owner(handle))) {
             return owning;
+        }
         auto& candidates = temporary_[handle];
         // A temporary object to which another handle was attached since owns that one, and stands for it.
-        for (const auto& candidate : candidates)
-            if (typeid(*candidate) == typeid(Kind) && candidate.get()->*kHandle == handle)
+        for (const auto& candidate : candidates) {
+            if (typeid(*candidate) == typeid(Kind) && candidate.get()->*kHandle == handle) {
                 return static_cast<Kind*>(candidate.get());
+            }
+        }
         candidates.push_back(std::make_unique<Kind>());
         candidates.back().get()->*kHandle = handle;
         return static_cast<Kind*>(candidates.back().get());

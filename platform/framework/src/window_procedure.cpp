@@ -6,8 +6,9 @@ using framework::thread_state;
 LRESULT CALLBACK WindowProcedure::procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
     auto& state = thread_state();
     CWnd* const object = state.windows.owner(window);
-    if (!object)
+    if (!object) {
         return ::DefWindowProcW(window, message, wParam, lParam);
+    }
     const Scoped<MSG> handled(state.handled, MSG{window, message, wParam, lParam, 0, {}});
     const Scoped<int> running(state.handlers_running, state.handlers_running + 1);
     try {
@@ -19,13 +20,15 @@ LRESULT CALLBACK WindowProcedure::procedure(HWND window, UINT message, WPARAM wP
 
 LRESULT WindowProcedure::after_exception(HWND window, UINT message) noexcept {
     // The report runs messages, among them the painting that failed if it stays due.
-    if (message == WM_PAINT)
+    if (message == WM_PAINT) {
         ::ValidateRect(window, nullptr);
+    }
     AfxReportCurrentException();
     if (message == WM_NCDESTROY) {
         try {
-            if (CWnd* const object = thread_state().windows.owner(window))
+            if (CWnd* const object = thread_state().windows.owner(window)) {
                 object->CWnd::OnNcDestroy();
+            }
         } catch (...) {
             AfxReportCurrentException();
         }

@@ -12,8 +12,9 @@ const CWnd CWnd::wndTopMost(HWND_TOPMOST);
 const CWnd CWnd::wndNoTopMost(HWND_NOTOPMOST);
 
 CWnd::~CWnd() {
-    if (thread_state().windows.owns(this))
+    if (thread_state().windows.owns(this)) {
         CWnd::DestroyWindow();
+    }
 }
 
 CWnd* CWnd::FromHandle(HWND window) {
@@ -29,29 +30,33 @@ void CWnd::DeleteTempMap() {
 }
 
 BOOL CWnd::Attach(HWND window) {
-    if (!window || m_hWnd || !thread_state().windows.attach(window, this))
+    if (!window || m_hWnd || !thread_state().windows.attach(window, this)) {
         return FALSE;
+    }
     m_hWnd = window;
     return TRUE;
 }
 
 HWND CWnd::Detach() {
     auto& windows = thread_state().windows;
-    if (windows.owns(this))
+    if (windows.owns(this)) {
         windows.detach(m_hWnd);
+    }
     return std::exchange(m_hWnd, nullptr);
 }
 
 void CWnd::take_over_messages() {
     const auto ours = reinterpret_cast<LONG_PTR>(&WindowProcedure::procedure);
     const LONG_PTR before = ::SetWindowLongPtrW(m_hWnd, GWLP_WNDPROC, ours);
-    if (before != ours)
+    if (before != ours) {
         window_procedure_ = reinterpret_cast<WNDPROC>(before);
+    }
 }
 
 BOOL CWnd::SubclassWindow(HWND window) {
-    if (!Attach(window))
+    if (!Attach(window)) {
         return FALSE;
+    }
     PreSubclassWindow();
     take_over_messages();
     return TRUE;
@@ -62,8 +67,9 @@ BOOL CWnd::SubclassDlgItem(UINT id, CWnd* parent) {
 }
 
 HWND CWnd::UnsubclassWindow() {
-    if (const WNDPROC before = std::exchange(window_procedure_, nullptr))
+    if (const WNDPROC before = std::exchange(window_procedure_, nullptr)) {
         ::SetWindowLongPtrW(m_hWnd, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(before));
+    }
     return Detach();
 }
 
@@ -83,36 +89,41 @@ BOOL CWnd::CreateEx(DWORD ex_style, LPCWSTR class_name, LPCWSTR title, DWORD sty
                     HWND parent, HMENU menu_or_id, void* parameter) {
     CREATESTRUCTW creation{parameter, AfxGetInstanceHandle(),   menu_or_id, parent,     height,  width, y,
                            x,         static_cast<LONG>(style), title,      class_name, ex_style};
-    if (m_hWnd || !PreCreateWindow(creation))
+    if (m_hWnd || !PreCreateWindow(creation)) {
         return FALSE;
+    }
     CreationHook hook(this);
     const HWND window =
         ::CreateWindowExW(creation.dwExStyle, creation.lpszClass, creation.lpszName, static_cast<DWORD>(creation.style),
                           creation.x, creation.y, creation.cx, creation.cy, creation.hwndParent, creation.hMenu,
                           creation.hInstance, creation.lpCreateParams);
     // A window that came and failed has called PostNcDestroy at its end, one that never came has not.
-    if (!hook.window_came())
+    if (!hook.window_came()) {
         PostNcDestroy();
+    }
     return window != nullptr;
 }
 
 BOOL CWnd::PreCreateWindow(CREATESTRUCTW& creation) {
-    if (!creation.lpszClass)
+    if (!creation.lpszClass) {
         creation.lpszClass =
             AfxRegisterWndClass(CS_DBLCLKS, ::LoadCursorW(nullptr, reinterpret_cast<LPCWSTR>(IDC_ARROW)));
+    }
     return TRUE;
 }
 
 BOOL CWnd::DestroyWindow() {
-    if (!m_hWnd)
+    if (!m_hWnd) {
         return FALSE;
+    }
     // Nothing of this object may be touched after a window of its own: PostNcDestroy may have deleted it.
     const HWND window = m_hWnd;
     const bool receives_messages =
         ::GetWindowLongPtrW(window, GWLP_WNDPROC) == reinterpret_cast<LONG_PTR>(&WindowProcedure::procedure);
     const BOOL destroyed = ::DestroyWindow(window);
-    if (destroyed && !receives_messages && thread_state().windows.owner(window) == this)
+    if (destroyed && !receives_messages && thread_state().windows.owner(window) == this) {
         Detach();
+    }
     return destroyed;
 }
 
@@ -121,8 +132,9 @@ void CWnd::OnNcDestroy() {
     Default();
     if (const WNDPROC before = std::exchange(window_procedure_, nullptr)) {
         const auto ours = reinterpret_cast<LONG_PTR>(&WindowProcedure::procedure);
-        if (::GetWindowLongPtrW(window, GWLP_WNDPROC) == ours)
+        if (::GetWindowLongPtrW(window, GWLP_WNDPROC) == ours) {
             ::SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(before));
+        }
     }
     Detach();
     owner_ = nullptr;

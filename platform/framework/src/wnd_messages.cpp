@@ -13,8 +13,9 @@ END_MESSAGE_MAP()
 
 LRESULT CWnd::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
     LRESULT result = 0;
-    if (!OnWndMsg(message, wParam, lParam, &result))
+    if (!OnWndMsg(message, wParam, lParam, &result)) {
         result = DefWindowProc(message, wParam, lParam);
+    }
     return result;
 }
 
@@ -24,13 +25,15 @@ BOOL CWnd::OnWndMsg(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result)
         *result = taken;
         return taken;
     }
-    if (message == WM_NOTIFY)
+    if (message == WM_NOTIFY) {
         return OnNotify(wParam, lParam, result);
+    }
 
     const bool asks_color = message >= WM_CTLCOLORMSGBOX && message <= WM_CTLCOLORSTATIC;
     const AFX_MSGMAP_ENTRY* entry = FindMessageEntry(GetMessageMap(), asks_color ? WM_CTLCOLOR : message, 0, 0);
-    if (!entry)
+    if (!entry) {
         return FALSE;
+    }
     AFX_MESSAGE handled{message, wParam, lParam, 0};
     const BOOL taken = entry->invoke(this, handled);
     *result = handled.result;
@@ -38,8 +41,9 @@ BOOL CWnd::OnWndMsg(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result)
 }
 
 LRESULT CWnd::DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
-    if (window_procedure_)
+    if (window_procedure_) {
         return ::CallWindowProcW(window_procedure_, m_hWnd, message, wParam, lParam);
+    }
     return ::DefWindowProcW(m_hWnd, message, wParam, lParam);
 }
 
@@ -55,27 +59,32 @@ const MSG* CWnd::GetCurrentMessage() {
 BOOL CWnd::OnCommand(WPARAM wParam, LPARAM lParam) {
     const UINT id = LOWORD(wParam);
     const bool from_control = lParam != 0;
-    if (!from_control && id == 0)
+    if (!from_control && id == 0) {
         return FALSE;
-    if (from_control && thread_state().exchanging == m_hWnd)
+    }
+    if (from_control && thread_state().exchanging == m_hWnd) {
         return TRUE;
+    }
     return OnCmdMsg(id, from_control ? HIWORD(wParam) : CN_COMMAND, nullptr, nullptr);
 }
 
 BOOL CWnd::OnNotify(WPARAM, LPARAM lParam, LRESULT* result) {
     auto* const header = reinterpret_cast<NMHDR*>(lParam);
-    if (!header || !header->hwndFrom)
+    if (!header || !header->hwndFrom) {
         return FALSE;
-    if (thread_state().exchanging == m_hWnd)
+    }
+    if (thread_state().exchanging == m_hWnd) {
         return TRUE;
+    }
     AFX_NOTIFY notify{result, header};
     const int code = static_cast<int>(MAKELONG(header->code, WM_NOTIFY));
     return OnCmdMsg(static_cast<UINT>(::GetDlgCtrlID(header->hwndFrom)), code, &notify, nullptr);
 }
 
 BOOL CWnd::UpdateData(BOOL save) {
-    if (!m_hWnd)
+    if (!m_hWnd) {
         return FALSE;
+    }
     CDataExchange exchange(this, save);
     const Scoped<HWND> exchanging(thread_state().exchanging, m_hWnd);
     try {

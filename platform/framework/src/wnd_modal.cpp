@@ -11,10 +11,12 @@ BOOL CWnd::PreTranslateMessage(MSG*) {
 BOOL CWnd::WalkPreTranslateTree(HWND stop, MSG* message) {
     for (HWND window = message->hwnd; window; window = ::GetParent(window)) {
         CWnd* const object = FromHandlePermanent(window);
-        if (object && object->PreTranslateMessage(message))
+        if (object && object->PreTranslateMessage(message)) {
             return TRUE;
-        if (window == stop)
+        }
+        if (window == stop) {
             break;
+        }
     }
     return FALSE;
 }
@@ -28,8 +30,9 @@ BOOL CWnd::PreTranslateInput(MSG* message) {
 
 void CWnd::EndModalLoop(int result) {
     modal_result_ = result;
-    if (std::exchange(continue_modal_, false))
+    if (std::exchange(continue_modal_, false)) {
         PostMessage(WM_NULL);
+    }
 }
 
 int CWnd::RunModalLoop(DWORD flags) {
@@ -50,8 +53,9 @@ int CWnd::RunModalLoop(DWORD flags) {
             idle_due = false;
             show_now();
             const HWND parent = ::GetParent(m_hWnd);
-            if (!(flags & MLF_NOIDLEMSG) && parent)
+            if (!(flags & MLF_NOIDLEMSG) && parent) {
                 ::SendMessageW(parent, WM_ENTERIDLE, MSGF_DIALOGBOX, reinterpret_cast<LPARAM>(m_hWnd));
+            }
             continue;
         }
         MSG message;
@@ -62,8 +66,9 @@ int CWnd::RunModalLoop(DWORD flags) {
             return -1;
         }
         // A key for the menu shows it, which needs the window.
-        if (message.message == WM_SYSKEYDOWN)
+        if (message.message == WM_SYSKEYDOWN) {
             show_now();
+        }
         idle_due = idle_due || framework::is_idle_message(message);
     }
     return modal_result_;

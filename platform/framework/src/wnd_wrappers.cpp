@@ -12,12 +12,14 @@ HWND handle_of(const CWnd* window) {
 BOOL modify_style(HWND window, int which, DWORD remove, DWORD add, UINT position_flags) {
     const auto before = static_cast<DWORD>(::GetWindowLongPtrW(window, which));
     const DWORD after = (before & ~remove) | add;
-    if (before == after)
+    if (before == after) {
         return FALSE;
+    }
     ::SetWindowLongPtrW(window, which, static_cast<LONG_PTR>(after));
-    if (position_flags)
+    if (position_flags) {
         ::SetWindowPos(window, nullptr, 0, 0, 0, 0,
                        SWP_NOSIZE | SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE | position_flags);
+    }
     return TRUE;
 }
 
@@ -87,8 +89,9 @@ void CWnd::MapWindowPoints(CWnd* to, RECT* rect) const {
 void CWnd::CenterWindow(CWnd* over) {
     const bool is_child = GetStyle() & WS_CHILD;
     HWND center = handle_of(over);
-    if (!center)
+    if (!center) {
         center = is_child ? ::GetParent(m_hWnd) : ::GetWindow(m_hWnd, GW_OWNER);
+    }
     CRect own, around, limits;
     GetWindowRect(own);
     if (is_child) {
@@ -98,8 +101,9 @@ void CWnd::CenterWindow(CWnd* over) {
     } else {
         limits = work_area_of(center ? center : m_hWnd);
         around = limits;
-        if (center && ::IsWindowVisible(center) && !::IsIconic(center))
+        if (center && ::IsWindowVisible(center) && !::IsIconic(center)) {
             ::GetWindowRect(center, around);
+        }
     }
     const CPoint middle = around.CenterPoint();
     // A window larger than the limits shows its top left corner.
@@ -116,16 +120,18 @@ CWnd* CWnd::SetParent(CWnd* parent) {
 
 CWnd* CWnd::GetTopLevelParent() const {
     HWND window = m_hWnd;
-    while (const HWND parent = ::GetParent(window))
+    while (const HWND parent = ::GetParent(window)) {
         window = parent;
+    }
     return FromHandle(window);
 }
 
 int CWnd::GetDlgItemText(int id, CString& text) const {
     const CWnd* const control = GetDlgItem(id);
     text.Empty();
-    if (control)
+    if (control) {
         control->GetWindowText(text);
+    }
     return text.GetLength();
 }
 

@@ -1,0 +1,22 @@
+#include "test_windows.h"
+
+BEGIN_MESSAGE_MAP(OwnerWindow, CWnd)
+ON_WM_ENTERIDLE()
+END_MESSAGE_MAP()
+
+OwnerWindow::OwnerWindow() {
+    CreateEx(0, nullptr, L"owner", WS_OVERLAPPEDWINDOW, 0, 0, 100, 100, nullptr, nullptr);
+}
+
+void OwnerWindow::OnEnterIdle(UINT why, CWnd* dialog) {
+    if (why == MSGF_DIALOGBOX && on_idle) {
+        on_idle(*dialog);
+    }
+}
+
+void run_waiting_messages() {
+    MSG message;
+    while (::PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE)) {
+        AfxPumpMessage();
+    }
+}

@@ -1,0 +1,39 @@
+// What the framework's tests share: reports of exceptions as a list, an owner that drives modal dialogs, and counts.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "afxwin.h"
+
+/// Takes the reports of exceptions instead of the message box.
+class ExceptionReports {
+  public:
+    ExceptionReports() : before_(AfxSetExceptionReport([](const wchar_t* text) { texts().push_back(text); })) {
+        texts().clear();
+    }
+    ~ExceptionReports() { AfxSetExceptionReport(before_); }
+    static std::vector<std::wstring>& texts() {
+        static std::vector<std::wstring> the_texts;
+        return the_texts;
+    }
+
+  private:
+    AFX_EXCEPTION_REPORT before_;
+};
+
+/// An invisible top-level window. While a modal dialog that it owns has nothing to do, it calls `on_idle`.
+class OwnerWindow : public CWnd {
+    DECLARE_MESSAGE_MAP()
+
+  public:
+    OwnerWindow();
+    std::function<void(CWnd& dialog)> on_idle;
+
+  private:
+    void OnEnterIdle(UINT why, CWnd* dialog);
+};
+
+/// Runs what is in the thread's queue.
+void run_waiting_messages();
