@@ -117,18 +117,18 @@ base::WriteStatus Drawing::save(const std::filesystem::path& target) {
         return save_over_open_file(target);
     }
     base::FileReplacement file(target);
-    const base::WriteStatus written = write_to(file);
+    base::WriteStatus written = write_to(file);
     return written ? file.commit() : written;
 }
 
 /// A mapped file cannot be replaced on every system: the mapping is given up for the moment of the replacement.
 base::WriteStatus Drawing::save_over_open_file(const std::filesystem::path& target) {
     base::FileReplacement file(target);
-    if (const base::WriteStatus written = write_to(file); !written) {
+    if (base::WriteStatus written = write_to(file); !written) {
         return written;
     }
     mapping_.reset();
-    const base::WriteStatus replaced = file.commit();
+    base::WriteStatus replaced = file.commit();
     std::string reason;
     auto mapping = FileMapping::open(path_, reason);
     if (replaced) {

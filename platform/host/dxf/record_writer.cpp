@@ -13,12 +13,12 @@ namespace dxf {
 namespace {
 
 std::string handle_text(uint64_t value) {
-    char text[17];
-    const auto end = std::to_chars(text, text + sizeof text, value, 16).ptr;
-    for (char* digit = text; digit != end; ++digit) {
-        *digit = *digit >= 'a' ? static_cast<char>(*digit - 'a' + 'A') : *digit;
-    }
-    return {text, end};
+    std::string text;
+    do {
+        text.insert(text.begin(), "0123456789ABCDEF"[value & 0xF]);
+        value >>= 4;
+    } while (value != 0);
+    return text;
 }
 
 /// The shortest text that reads back as the same number, always with a point: "0.0", "2.5", "1.0E+20".
