@@ -1,0 +1,308 @@
+#include "bidi/key_translation.h"
+
+#include <algorithm>
+#include <array>
+#include <optional>
+#include <string_view>
+#include <tuple>
+
+namespace corvanes {
+namespace {
+
+// Virtual-key codes, as far as the rules name them.
+enum Key : unsigned {
+    key_backspace = 8,
+    key_tab = 9,
+    key_enter = 13,
+    key_escape = 27,
+    key_space = 32,
+    key_end = 35,
+    key_home = 36,
+    key_left = 37,
+    key_up = 38,
+    key_right = 39,
+    key_down = 40,
+    key_delete = 46,
+    key_keypad_0 = 96,
+    key_keypad_9 = 105,
+    key_keypad_multiply = 106,
+    key_keypad_add = 107,
+    key_keypad_subtract = 109,
+    key_keypad_decimal = 110,
+    key_keypad_divide = 111,
+    key_semicolon = 186,
+    key_equals = 187,
+    key_minus = 189,
+    key_slash = 191,
+    key_grave = 192,
+    key_backslash = 220,
+    key_last = 222,
+};
+
+enum ScanCode : unsigned {
+    scan_left_ctrl = 29,
+    scan_left_shift = 42,
+    scan_right_shift = 54,
+    scan_right_ctrl = 256 + 29,
+};
+
+bool between(unsigned key, unsigned first, unsigned last) {
+    return key >= first && key <= last;
+}
+
+bool is_slash(unsigned key) {
+    return key == key_slash;
+}
+
+/// Switches by itself to English for a number and back after it; inside a number the slash key is a decimal point.
+unsigned follow_number(unsigned key, InputLanguage& language) {
+    if (language.current == hebrew_language && is_number_key(key)) {
+        language = {english_language, true};
+    } else if (language.temporary_english && !is_number_key(key)) {
+        language = {hebrew_language, false};
+    } else if (language.temporary_english && is_slash(key)) {
+        return key_keypad_decimal;
+    }
+    return key;
+}
+
+void choose_direction(KeyAction& action, ParagraphDirection direction) {
+    action.direction = direction;
+    action.layout = direction == ParagraphDirection::left_to_right ? english_language : hebrew_language;
+}
+
+/// The combinations of Shift and Ctrl; true when the key was one of these keys.
+bool translate_shift_or_ctrl(unsigned scan_code, const KeyModifiers& modifiers, KeyAction& action) {
+    switch (scan_code) {
+        case scan_left_shift:
+        case scan_right_shift:
+            if (modifiers.ctrl) {
+                choose_direction(action, scan_code == scan_left_shift ? ParagraphDirection::left_to_right
+                                                                      : ParagraphDirection::right_to_left);
+            } else if (modifiers.alt) {
+                action.layout = action.language.current == hebrew_language ? english_language : hebrew_language;
+            }
+            return true;
+        case scan_left_ctrl:
+            if (modifiers.left_shift) {
+                choose_direction(action, ParagraphDirection::left_to_right);
+            }
+            return true;
+        case scan_right_ctrl:
+            if (modifiers.right_shift) {
+                choose_direction(action, ParagraphDirection::right_to_left);
+            }
+            return true;
+        default:
+            return false;
+    }
+}
+
+/// The rest are Windows keys, function keys and the like.
+bool is_handled_key(unsigned key) {
+    const bool control_key = key == key_backspace || key == key_tab || key == key_enter || key == key_escape;
+    return control_key || (between(key, key_space, key_last) && !between(key, 91, 95) && !between(key, 112, 185));
+}
+
+EditCommand command_with_ctrl(unsigned key) {
+    switch (key) {
+        case key_end:
+            return EditCommand::text_end;
+        case key_home:
+            return EditCommand::text_start;
+        case 'C':
+            return EditCommand::copy;
+        case 'V':
+            return EditCommand::paste;
+        case 'X':
+            return EditCommand::cut;
+        case 'Z':
+            return EditCommand::undo;
+        default:
+            return EditCommand::nothing;
+    }
+}
+
+/// The keys that edit or move without a character; nothing for the others, which take the character path.
+std::optional<EditCommand> command_without_ctrl(unsigned key) {
+    switch (key) {
+        case key_backspace:
+            return EditCommand::delete_before;
+        case key_tab:
+            return EditCommand::insert_tab;
+        case key_enter:
+            return EditCommand::insert_line;
+        case key_escape:
+            return EditCommand::leave_to_parent;
+        case key_end:
+            return EditCommand::line_end;
+        case key_home:
+            return EditCommand::line_start;
+        case key_left:
+            return EditCommand::move_left;
+        case key_up:
+            return EditCommand::move_up;
+        case key_right:
+            return EditCommand::move_right;
+        case key_down:
+            return EditCommand::move_down;
+        case key_delete:
+            return EditCommand::delete_after;
+        default:
+            return std::nullopt;
+    }
+}
+
+void insert_character(KeyAction& action, unsigned character) {
+    action.command = EditCommand::insert;
+    action.character = static_cast<wchar_t>(character);
+}
+
+void ask_keyboard(KeyAction& action, unsigned key) {
+    action.command = EditCommand::insert_from_keyboard;
+    action.key = key;
+}
+
+void translate_letter(unsigned key, const KeyModifiers& modifiers, KeyAction& action) {
+    if (modifiers.shift || modifiers.caps_lock) {
+        insert_character(action, key);
+    } else if (action.language.current != english_language) {
+        ask_keyboard(action, key);
+    } else {
+        insert_character(action, key + 32);
+    }
+}
+
+void translate_digit(unsigned key, const KeyModifiers& modifiers, KeyAction& action) {
+    constexpr std::string_view shifted = ")!@#$%^&*(";
+    const bool shift = modifiers.shift || modifiers.caps_lock;
+    insert_character(action, shift ? static_cast<unsigned char>(shifted[key - '0']) : key);
+}
+
+struct PunctuationKey {
+    unsigned key;
+    char plain;
+    char shifted;
+};
+
+constexpr std::array<PunctuationKey, 11> punctuation_keys = {{
+    {186, ';', ':'},
+    {187, '=', '+'},
+    {188, ',', '<'},
+    {189, '-', '_'},
+    {190, '.', '>'},
+    {191, '/', '?'},
+    {192, '`', '~'},
+    {219, '[', '{'},
+    {220, '\\', '|'},
+    {221, ']', '}'},
+    {222, '\'', '"'},
+}};
+
+/// The keys on which the Hebrew keyboard has letters, by their American characters.
+constexpr std::string_view characters_with_letters = ",.;`'/";
+
+void translate_punctuation(unsigned key, const KeyModifiers& modifiers, KeyAction& action) {
+    const auto found = std::find_if(punctuation_keys.begin(), punctuation_keys.end(),
+                                    [key](const PunctuationKey& each) { return each.key == key; });
+    const bool known = found != punctuation_keys.end();
+    const bool shift = modifiers.shift || modifiers.caps_lock;
+    const char character = !known ? ' ' : shift ? found->shifted : found->plain;
+    const bool has_letter = known && characters_with_letters.find(character) != std::string_view::npos;
+    if (!shift && has_letter && action.language.current != english_language) {
+        ask_keyboard(action, key);
+    } else {
+        insert_character(action, static_cast<unsigned char>(character));
+    }
+}
+
+/// The key that a digit of the keypad is when it does not give the digit; 0 for none.
+unsigned navigation_key(unsigned keypad_digit) {
+    constexpr std::array<unsigned, 10> keys = {0, key_end, key_down, 0, key_left, 0, key_right, key_home, key_up, 0};
+    return keys[keypad_digit - key_keypad_0];
+}
+
+void translate_character(unsigned key, const KeyModifiers& modifiers, KeyAction& action) {
+    action.deletes_selection = true;
+    if (between(key, 'A', 'Z')) {
+        translate_letter(key, modifiers, action);
+    } else if (between(key, key_keypad_multiply, key_keypad_divide)) {
+        insert_character(action, key - 64);
+    } else if (between(key, key_keypad_0, key_keypad_9)) {
+        insert_character(action, key - 48);
+    } else if (between(key, '0', '9')) {
+        translate_digit(key, modifiers, action);
+    } else if (key == key_space) {
+        insert_character(action, ' ');
+    } else if (key >= key_semicolon) {
+        translate_punctuation(key, modifiers, action);
+    }
+}
+
+auto members(const KeyAction& action) {
+    return std::tie(action.language, action.layout, action.direction, action.redraws_caret, action.deletes_selection,
+                    action.command, action.character, action.key);
+}
+
+}  // namespace
+
+bool operator==(const KeyAction& left, const KeyAction& right) {
+    return members(left) == members(right);
+}
+
+bool is_number_key(unsigned key) {
+    switch (key) {
+        case key_delete:
+        case key_slash:
+        case key_grave:
+        case key_minus:
+        case key_equals:
+        case key_backslash:
+        case key_keypad_decimal:
+        case key_keypad_divide:
+        case key_keypad_multiply:
+        case key_keypad_subtract:
+        case key_keypad_add:
+            return true;
+        default:
+            return between(key, '0', '9') || between(key, key_keypad_0, key_keypad_9);
+    }
+}
+
+KeyAction translate_key(const KeyPress& press, const KeyModifiers& modifiers, const InputLanguage& language,
+                        bool locked) {
+    KeyAction action;
+    action.language = language;
+    const unsigned key = follow_number(press.key, action.language);
+    if (translate_shift_or_ctrl(press.flags & 0x1FF, modifiers, action) || !is_handled_key(key)) {
+        return action;
+    }
+    if (modifiers.ctrl) {
+        action.command = command_with_ctrl(key);
+        return action;
+    }
+    if (locked && (key == key_tab || key == key_enter)) {
+        return action;
+    }
+    const bool navigates = between(key, key_keypad_0, key_keypad_9) && (!modifiers.num_lock || modifiers.shift);
+    if (navigates && navigation_key(key) != 0) {
+        action = translate_key({navigation_key(key), press.flags}, modifiers, action.language, locked);
+        action.deletes_selection = true;
+        return action;
+    }
+    action.redraws_caret = true;
+    const auto command = command_without_ctrl(key);
+    if (command) {
+        action.command = *command;
+        action.key = key;
+        const bool replaces_selection = key == key_backspace || key == key_enter || key == key_delete;
+        action.deletes_selection = replaces_selection;
+    } else if (navigates) {
+        action.deletes_selection = true;
+    } else {
+        translate_character(key, modifiers, action);
+    }
+    return action;
+}
+
+}  // namespace corvanes

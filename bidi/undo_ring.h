@@ -1,0 +1,27 @@
+// The last texts of an editor, for Ctrl+Z.
+#pragma once
+
+#include <array>
+#include <string>
+
+namespace corvanes {
+
+/// Holds the last ten texts saved. Taking walks back from the last saved slot to slot 0 and then begins again at the
+/// last saved slot; saving does not move the place of the walk.
+class UndoRing {
+  public:
+    /// An empty text is not worth a slot.
+    void save(const std::wstring& text);
+    /// The text before, or null when nothing has been saved since the last clear.
+    const std::wstring* take();
+    void clear();
+
+  private:
+    static constexpr int slot_count = 10;
+
+    std::array<std::wstring, slot_count> slots_;
+    int last_saved_ = -1;
+    int cursor_ = 0;
+};
+
+}  // namespace corvanes

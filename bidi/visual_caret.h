@@ -1,0 +1,30 @@
+// The place of the caret in a text whose typed and painted orders differ.
+#pragma once
+
+#include "bidi/text_model.h"
+
+namespace corvanes {
+
+/// The two sides of one caret: where the next character is inserted, and the gap between painted characters at which it
+/// shows (0 before the first painted character). At the border of two directions one index shows at two gaps, so a
+/// caret that moves has to remember its own.
+struct VisualCaret {
+    size_t index = 0;
+    size_t gap = 0;
+};
+
+inline bool operator==(const VisualCaret& left, const VisualCaret& right) {
+    return left.index == right.index && left.gap == right.gap;
+}
+
+/// The caret at a typed position: behind the character before it on its line, else before the one after it.
+VisualCaret caret_at_index(const TextModel& model, size_t index);
+
+/// The caret at a painted position: beside the character before it on its painted line, else beside the one after it.
+VisualCaret caret_at_gap(const TextModel& model, size_t gap);
+
+/// Goes by one painted character, over line feeds too, and never stops at a place that paints like the last one. At the
+/// ends of the text the caret stays. `forward` is away from painted position 0.
+VisualCaret step_caret(const TextModel& model, const VisualCaret& caret, bool forward);
+
+}  // namespace corvanes

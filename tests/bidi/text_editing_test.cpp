@@ -1,0 +1,221 @@
+#include "bidi/text_editing.h"
+
+#include <gmock/gmock.h>
+
+#include <random>
+#include <set>
+
+#include "tests/bidi/capital_hebrew.h"
+
+namespace corvanes {
+namespace {
+
+TextEditing editor_with(std::wstring_view text, bool right_to_left) {
+    TextEditing editing;
+    editing.set_right_to_left(right_to_left);
+    editing.reset(hebrew(text));
+    return editing;
+}
+
+std::wstring text_of(const TextEditing& editing) {
+    return capitals(editing.model().logical());
+}
+
+TEST(UndoRing, WalksBackAndBeginsAgain) {
+    UndoRing ring;
+    EXPECT_EQ(ring.take(), nullptr);
+    ring.save(L"");
+    EXPECT_EQ(ring.take(), nullptr);
+    ring.save(L"a");
+    ring.save(L"ab");
+    EXPECT_EQ(*ring.take(), L"ab");
+    EXPECT_EQ(*ring.take(), L"a");
+    EXPECT_EQ(*ring.take(), L"ab");
+    ring.save(L"abc");  // does not move the place of the walk
+    EXPECT_EQ(*ring.take(), L"a");
+    EXPECT_EQ(*ring.take(), L"abc");
+    for (int i = 0; i < 9; ++i) {
+        ring.save(std::to_wstring(i));
+    }
+    // Eleven more after "a": slots 0 and 1 hold the youngest two.
+    ring.clear();
+    for (int i = 0; i < 12; ++i) {
+        ring.save(std::to_wstring(i));
+    }
+    EXPECT_EQ(*ring.take(), L"11");
+    EXPECT_EQ(*ring.take(), L"10");
+    EXPECT_EQ(*ring.take(), L"11");
+}
+
+TEST(TextModel, KeepsBothOrders) {
+    TextModel model;
+    EXPECT_EQ(model.line_count(), 0);
+    EXPECT_THAT(model.map(), testing::ElementsAre(0));
+    EXPECT_TRUE(model.set_logical(hebrew(L"ab CD")));
+    EXPECT_EQ(capitals(model.visual()), L"ab DC");
+    EXPECT_THAT(model.map(), testing::ElementsAre(0, 1, 2, 4, 3, 5));
+    EXPECT_TRUE(model.set_right_to_left(true));
+    EXPECT_EQ(capitals(model.visual()), L"ba CD");
+    EXPECT_TRUE(model.set_visual(hebrew(L"AB ml")));
+    EXPECT_EQ(capitals(model.logical()), L"AB lm");
+    model.set_logical(hebrew(L"AB\n\nC"));
+    EXPECT_EQ(model.line_count(), 3);
+    EXPECT_EQ(model.line_of_row(0), 2);
+    EXPECT_EQ(model.visual_line(2).start, 4u);
+    EXPECT_EQ(model.visual_line(1).length(), 0u);
+    EXPECT_EQ(SyncText(model, 1), 1);
+    model.set_logical(L"");
+    EXPECT_THAT(model.map(), testing::ElementsAre(0));
+}
+
+TEST(TextEditing, TypingUndoAndTheLimit) {
+    TextEditing editing;
+    for (const wchar_t* letter : {L"a", L"b", L"c"}) {
+        EXPECT_TRUE(editing.insert(letter));
+    }
+    EXPECT_TRUE(editing.modified());
+    for (const wchar_t* expected : {L"ab", L"a", L"ab"}) {
+        editing.undo();
+        EXPECT_EQ(text_of(editing), expected);
+        EXPECT_EQ(editing.caret(), (VisualCaret{0, 0}));
+    }
+    editing.reset(L"given");
+    editing.move(Motion::text_end, false);
+    editing.delete_before();
+    editing.undo();
+    EXPECT_EQ(text_of(editing), L"given");
+
+    editing.reset(std::wstring(1023, L'x'));
+    EXPECT_FALSE(editing.insert(L"ab"));
+    EXPECT_TRUE(editing.insert(L"a"));
+    EXPECT_FALSE(editing.insert(L"b"));
+    EXPECT_EQ(editing.model().logical(), L"a" + std::wstring(1023, L'x'));
+    editing.select(0, 2);
+    EXPECT_FALSE(editing.replace_selection(L"123"));
+    EXPECT_TRUE(editing.replace_selection(L"12"));
+    editing.reset(std::wstring(3000, L'y'));
+    EXPECT_EQ(editing.model().logical().size(), 3000u) << "a longer text is kept, only not made longer";
+    EXPECT_FALSE(editing.insert(L"b"));
+}
+
+TEST(TextEditing, DeletesSelectionsCharactersAndPairs) {
+    TextEditing editing = editor_with(L"ab\r\ncd\re", false);
+    EXPECT_EQ(text_of(editing), L"ab\ncd\ne");
+    editing.select(5, 1);
+    EXPECT_EQ(editing.selected_text(), L"b\ncd");
+    EXPECT_TRUE(editing.delete_selection());
+    EXPECT_FALSE(editing.delete_selection());
+    EXPECT_EQ(text_of(editing), L"a\ne");
+    editing.delete_after();
+    EXPECT_EQ(text_of(editing), L"ae");
+    editing.delete_before();
+    editing.delete_before();
+    EXPECT_EQ(text_of(editing), L"e");
+    editing.reset(L"a\xD83D\xDE00z");
+    editing.select(3, 3);
+    editing.delete_before();
+    EXPECT_EQ(text_of(editing), L"az");
+    editing.reset(L"a\xD83D\xDE00z");
+    editing.select(1, 1);
+    editing.move(Motion::right, false);
+    EXPECT_EQ(editing.caret().index, 3u);
+    editing.move(Motion::left, false);
+    editing.delete_after();
+    EXPECT_EQ(text_of(editing), L"az");
+}
+
+TEST(TextEditing, LinesAndColumns) {
+    TextEditing editing = editor_with(L"abcd\n\nxyz", false);
+    editing.select(8, 8);
+    EXPECT_EQ(std::pair(editing.caret_line(), editing.caret_column()), std::pair(2, 2));
+    editing.select(4, 4);
+    editing.move(Motion::down, false);
+    editing.move(Motion::down, false);
+    EXPECT_EQ(editing.caret().index, 9u);
+    editing.move(Motion::up, true);
+    editing.move(Motion::up, true);
+    EXPECT_EQ(editing.caret().index, 4u) << "the column survives shorter lines";
+    EXPECT_EQ(editing.selected_text(), L"\n\nxyz");
+    editing.move(Motion::up, false);
+    EXPECT_EQ(editing.caret().index, 4u);
+    editing.move(Motion::line_start, false);
+    EXPECT_EQ(editing.caret().index, 0u);
+    // In a right-to-left text the first line is the lowest.
+    TextEditing right = editor_with(L"AB\nCD", true);
+    right.move(Motion::up, false);
+    EXPECT_EQ(right.caret_line(), 1);
+    right.move(Motion::down, false);
+    EXPECT_EQ(right.caret_line(), 0);
+    EXPECT_EQ(tab_blanks(0, 4), 4);
+    EXPECT_EQ(tab_blanks(2, 4), 2);
+    EXPECT_EQ(tab_blanks(7, 1), 1);
+}
+
+TEST(TextEditing, WordsUnderADoubleClick) {
+    TextEditing editing = editor_with(L"ab CD, 12", false);
+    const std::pair<size_t, TextRange> clicks[] = {{1, {0, 2}}, {2, {2, 3}}, {4, {3, 5}}, {5, {5, 6}}, {99, {7, 9}}};
+    for (const auto& [index, expected] : clicks) {
+        editing.select_word(index);
+        EXPECT_EQ(editing.selection().start, expected.start);
+        EXPECT_EQ(editing.selection().end, expected.end);
+    }
+}
+
+TEST(VisualCaret, ShowsWhereTheNextCharacterGoes) {
+    struct Row {
+        const wchar_t* text;
+        bool right_to_left;
+        std::vector<size_t> gaps;  // of each typed position
+    };
+    const Row rows[] = {
+        {L"abc", false, {0, 1, 2, 3}},
+        {L"ab CD", false, {0, 1, 2, 3, 4, 3}},  // painted "ab DC": the end of Hebrew is at its left
+        {L"CD ab", true, {0, 1, 2, 3, 4, 3}},   // painted "ba DC", counted from the right edge
+        {L"AB", false, {2, 1, 0}},
+        {L"a\n\nb", false, {0, 1, 2, 3, 4}},
+    };
+    for (const Row& row : rows) {
+        const TextEditing editing = editor_with(row.text, row.right_to_left);
+        std::vector<size_t> gaps;
+        for (size_t index = 0; index < row.gaps.size(); ++index) {
+            gaps.push_back(caret_at_index(editing.model(), index).gap);
+        }
+        EXPECT_EQ(gaps, row.gaps);
+    }
+}
+
+TEST(VisualCaret, NeitherSkipsNorSticksInMixedLines) {
+    std::mt19937 random(8);
+    const std::wstring alphabet = hebrew(L"ABCDabcd 12,()\n");
+    for (int round = 0; round < 500; ++round) {
+        std::wstring text;
+        for (size_t length = random() % 30; text.size() < length;) {
+            text += alphabet[random() % alphabet.size()];
+        }
+        TextEditing editing = editor_with(text, round % 2 != 0);
+        const size_t length = text.size();
+        editing.place_at_gap(0, false);
+        std::set<size_t> reached;
+        for (size_t gap = 0; gap <= length; ++gap) {
+            ASSERT_EQ(editing.caret().gap, gap);
+            ASSERT_LE(editing.caret().index, length);
+            reached.insert(editing.caret().index);
+            editing.move(round % 2 != 0 ? Motion::left : Motion::right, false);
+        }
+        ASSERT_EQ(editing.caret().gap, length) << "at the end the caret stays";
+        for (size_t gap = length; gap-- > 0;) {
+            editing.move(round % 2 != 0 ? Motion::right : Motion::left, false);
+            ASSERT_EQ(editing.caret().gap, gap);
+        }
+        // Walking reaches every place of the typed text from one side or the other.
+        for (size_t gap = length + 1; gap-- > 0;) {
+            reached.insert(editing.caret().index);
+            editing.place_at_gap(gap, false);
+            editing.move(round % 2 != 0 ? Motion::right : Motion::left, false);
+        }
+        ASSERT_EQ(reached.size(), length + 1) << capitals(text).c_str();
+    }
+}
+
+}  // namespace
+}  // namespace corvanes
