@@ -106,15 +106,15 @@ void DisplayListBuilder::place_block(dxf::RecordId id, dxf::BlockId block, const
         draw_attributes(id, record, target);
         return;
     }
-    const std::optional<uint32_t> picture = block == dxf::no_block ? std::nullopt : picture_of(block);
+    const uint32_t picture = block == dxf::no_block ? no_picture : picture_of(block);
     PictureBuilder cell;
     PictureBuilder& out = single ? target.out : cell;
     out.begin_entity(id, look.ink, false);
-    if (picture) {
+    if (picture != no_picture) {
         Instance placed = look;
-        placed.picture = *picture;
+        placed.picture = picture;
         placed.placement = placement.plan();
-        out.instance(placed, list_.pictures[*picture]);
+        out.instance(placed, list_.pictures[picture]);
     }
     draw_attributes(id, record, {out, target.space, target.in_block});
     if (!single) {
@@ -175,9 +175,9 @@ uint32_t DisplayListBuilder::add_picture(Picture picture) {
     return static_cast<uint32_t>(list_.pictures.size() - 1);
 }
 
-std::optional<uint32_t> DisplayListBuilder::picture_of(dxf::BlockId block) {
+uint32_t DisplayListBuilder::picture_of(dxf::BlockId block) {
     if (being_drawn_[block] || depth_ >= deepest_nesting) {
-        return std::nullopt;
+        return no_picture;
     }
     if (picture_of_block_[block] == no_picture) {
         Picture picture = draw_block(block, {});

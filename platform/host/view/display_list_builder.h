@@ -47,8 +47,8 @@ class DisplayListBuilder {
     uint32_t repeated(uint32_t picture, Vec2 step, size_t count);
     uint32_t add_picture(Picture picture);
 
-    /// The block's picture; nothing for an empty one, or one that is being drawn: it contains itself.
-    std::optional<uint32_t> picture_of(dxf::BlockId block);
+    /// The block's picture; no_picture for a block that is being drawn, for it contains itself.
+    uint32_t picture_of(dxf::BlockId block);
     Picture draw_block(dxf::BlockId block, const Transform3& space);
     Vec3 base_of(dxf::BlockId block) const;
     dxf::BlockId block_named(const std::wstring& name) const;

@@ -1,0 +1,51 @@
+#include "platform/host/view/drawing_frame.h"
+
+namespace host {
+
+DrawingFrame::DrawingFrame() : list_(std::make_shared<DisplayList>()) {}
+
+void DrawingFrame::set_list(std::shared_ptr<const DisplayList> list) {
+    list_ = std::move(list);
+    stale_ = true;
+}
+
+void DrawingFrame::set_background(uint32_t colour) {
+    colours_.background = colour;
+    stale_ = true;
+}
+
+void DrawingFrame::set_highlighted(EntitySet entities) {
+    highlighted_ = std::move(entities);
+    stale_ = true;
+}
+
+void DrawingFrame::set_view(const ViewTransform& view) {
+    view_ = view;
+    stale_ = true;
+}
+
+void DrawingFrame::resize(int width, int height) {
+    view_.resize(width, height);
+    stale_ = true;
+}
+
+FrameBitmap* DrawingFrame::picture() {
+    if (!stale_ && picture_) {
+        return picture_.get();
+    }
+    if (!picture_ || picture_->width() != view_.width() || picture_->height() != view_.height()) {
+        picture_ = std::make_unique<FrameBitmap>(view_.width(), view_.height());
+    }
+    if (!*picture_) {
+        picture_.reset();
+        return nullptr;
+    }
+    Raster raster = picture_->raster();
+    ListPainter painter(*list_, view_, raster);
+    painter.paint(colours_, highlighted_);
+    texts_.draw(picture_->context(), painter.texts(), list_->fonts);
+    stale_ = false;
+    return picture_.get();
+}
+
+}  // namespace host

@@ -1,0 +1,44 @@
+// A drawing painted for a window: the display list, what part of it is seen, and the finished picture.
+#pragma once
+
+#include <windows.h>
+
+#include <memory>
+
+#include "platform/host/view/frame_bitmap.h"
+#include "platform/host/view/list_painter.h"
+#include "platform/host/view/text_drawer.h"
+
+namespace host {
+
+/// Paints only when something has changed since the last picture.
+class DrawingFrame {
+  public:
+    DrawingFrame();
+
+    const DisplayList& list() const { return *list_; }
+    void set_list(std::shared_ptr<const DisplayList> list);
+    void set_background(uint32_t colour);
+    const PaintColours& colours() const { return colours_; }
+    void set_highlighted(EntitySet entities);
+    const EntitySet& highlighted() const { return highlighted_; }
+
+    const ViewTransform& view() const { return view_; }
+    void set_view(const ViewTransform& view);
+    void resize(int width, int height);
+
+    /// The picture of what is seen now; null when there is no memory for it. Belongs to the frame, and stays until
+    /// something changes.
+    FrameBitmap* picture();
+
+  private:
+    std::shared_ptr<const DisplayList> list_;
+    ViewTransform view_;
+    PaintColours colours_;
+    EntitySet highlighted_;
+    TextDrawer texts_;
+    std::unique_ptr<FrameBitmap> picture_;
+    bool stale_ = true;
+};
+
+}  // namespace host
