@@ -11,6 +11,9 @@ namespace {
 // The unfolded list shows at most this many lines.
 constexpr int lines_shown = 10;
 
+// What a combo box adds to the height of its text, in pixels.
+constexpr int combo_frame = 6;
+
 }  // namespace
 
 BEGIN_MESSAGE_MAP(DropList, CWnd)
@@ -19,7 +22,7 @@ ON_WM_KILLFOCUS()
 ON_WM_GETDLGCODE()
 END_MESSAGE_MAP()
 
-bool DropList::Prepare(CWnd& parent, const wchar_t* items) {
+bool DropList::Prepare(CWnd& parent, const wchar_t* items, int height) {
     std::wstring_view rest = items != nullptr ? items : L"";
     if (rest.empty()) {
         return false;
@@ -29,6 +32,7 @@ bool DropList::Prepare(CWnd& parent, const wchar_t* items) {
         return false;
     }
     SendMessage(CB_RESETCONTENT);
+    SendMessage(CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), std::max(1, height - combo_frame));
     while (!rest.empty()) {
         const std::size_t end = std::min(rest.find(L'\n'), rest.size());
         const std::wstring item(rest.substr(0, end));

@@ -12,7 +12,8 @@ class DropList : public CWnd, public CellEditor {
     static constexpr UINT control_id = 126;
 
     // Creates the window, hidden, on the first call. The items are the lines of `items`; false when there are none.
-    bool Prepare(CWnd& parent, const wchar_t* items);
+    // `height` is that of the cell, in pixels.
+    bool Prepare(CWnd& parent, const wchar_t* items, int height);
     // Unfolds the list, once the window is visible.
     void Unfold();
     // The parent hands on the combo box's notification codes.

@@ -22,7 +22,8 @@ class Ending {
 
 bool EditSession::start(int column, int row, CWnd& window, UINT key) {
     auto* editor = dynamic_cast<CellEditor*>(&window);
-    if (editor == nullptr || window.m_hWnd == nullptr) {
+    const RECT cell = grid_.GetGrid().CellRectangle(column, row);
+    if (editor == nullptr || window.m_hWnd == nullptr || ::IsRectEmpty(&cell) != 0) {
         return false;
     }
     editor_ = editor;
@@ -30,7 +31,7 @@ bool EditSession::start(int column, int row, CWnd& window, UINT key) {
     column_ = column;
     row_ = row;
 
-    RECT place = editor->bounds(grid_.GetGrid().CellRectangle(column, row));
+    RECT place = editor->bounds(cell);
     ::MapWindowPoints(grid_.GetGrid().m_hWnd, ::GetParent(window.m_hWnd), reinterpret_cast<POINT*>(&place), 2);
     ::SendMessageW(window.m_hWnd, WM_SETFONT, reinterpret_cast<WPARAM>(grid_.GetGridFont()), FALSE);
     ::SetWindowPos(window.m_hWnd, HWND_TOP, place.left, place.top, place.right - place.left, place.bottom - place.top,

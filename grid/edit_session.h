@@ -14,7 +14,7 @@ class EditSession final : public CellEditOwner {
     EditSession& operator=(const EditSession&) = delete;
 
     bool active() const { return editor_ != nullptr; }
-    // Opens `window` over the cell, which must be visible. False when the window is no CellEditor.
+    // Opens `window` over the cell. False when the window is no CellEditor or nothing of the cell is visible.
     bool start(int column, int row, CWnd& window, UINT key);
     EditOutcome end_edit(EditEnd how, UINT key) override;
     // Closes the editor without asking or storing anything: the cell is gone, or the grid is.

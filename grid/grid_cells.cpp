@@ -67,6 +67,7 @@ int CUGCtrl::SetColumnWidth(int column, int width) {
     if (state_.columns.width(column) != width) {
         state_.columns.set_width(column, width);
         LayoutChanged();
+        RedrawAll();
     }
     return 0;
 }

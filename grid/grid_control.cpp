@@ -197,6 +197,7 @@ void CUGCtrl::OnKeyDown(UINT key, UINT repeat, UINT flags) {
 
 void CUGCtrl::OnDestroy() {
     edit_.abandon();
+    layout_due_ = false;
     CWnd::OnDestroy();
 }
 

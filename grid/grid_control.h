@@ -51,8 +51,8 @@ class CUGCtrl : public CWnd, public CUGNotifications {
     int SetTopHeadingHeight(int height);
     int SetSideHeadingWidth(int width);
     int GetSideHeadingWidth() const { return state_.side.total_width(); }
-    // InsertRow, AppendRow and DeleteRow close an open editor without storing its text. An error of the data source is
-    // passed on.
+    // An error of the data source is passed on. Whatever moves or removes rows closes an open editor without storing
+    // its text.
     int InsertRow(int row);
     int AppendRow();
     int DeleteRow(int row);

@@ -148,7 +148,8 @@ bool CUGCtrl::FinishEdit() {
 
 void CUGCtrl::OpenDropList(int column, int row) {
     CUGCell cell;
-    if (!FinishEdit() || GetCell(column, row, &cell) != 0 || !drop_list_.Prepare(*this, cell.GetLabelText())) {
+    if (!FinishEdit() || GetCell(column, row, &cell) != 0 ||
+        !drop_list_.Prepare(*this, cell.GetLabelText(), GetRowHeight(row))) {
         return;
     }
     if (GotoCell(column, row) == 0 && edit_.start(column, row, drop_list_, 0)) {

@@ -14,6 +14,8 @@ END_MESSAGE_MAP()
 
 bool GridPane::Create(CUGCtrl& grid, UINT id) {
     grid_ = &grid;
+    place_ = {0, 0, 0, 0};
+    redraw_due_ = false;
     const LPCWSTR window_class = AfxRegisterWndClass(0, ::LoadCursorW(nullptr, IDC_ARROW));
     return CWnd::Create(window_class, L"", WS_CHILD | WS_CLIPSIBLINGS, CRect(0, 0, 0, 0), &grid, id) != FALSE;
 }
@@ -23,9 +25,9 @@ GridState& GridPane::state() const {
 }
 
 void GridPane::Redraw() {
-    if (!redraw_due_ && m_hWnd != nullptr) {
-        // An empty window is never painted, so for it nothing stays due.
-        redraw_due_ = ::IsRectEmpty(&place_) == 0;
+    // An empty window is never painted, so for it nothing may stay due.
+    if (!redraw_due_ && m_hWnd != nullptr && ::IsRectEmpty(&place_) == 0) {
+        redraw_due_ = true;
         ::InvalidateRect(m_hWnd, nullptr, FALSE);
     }
 }

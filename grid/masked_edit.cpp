@@ -9,6 +9,11 @@ ON_WM_KILLFOCUS()
 ON_WM_GETDLGCODE()
 END_MESSAGE_MAP()
 
+BOOL CUGMaskedEdit::PreCreateWindow(CREATESTRUCTW& creation) {
+    creation.style |= ES_AUTOHSCROLL | WS_CLIPSIBLINGS;
+    return CEdit::PreCreateWindow(creation);
+}
+
 void CUGMaskedEdit::begin(corvanes::CellEditOwner& owner, const CString& text, UINT key) {
     owner_ = &owner;
     SetWindowText(text);

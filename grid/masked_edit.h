@@ -13,6 +13,8 @@ class CUGMaskedEdit : public CEdit, public corvanes::CellEditor {
     void end() override;
 
   protected:
+    // The text scrolls along with the caret whatever style the owner creates the window with.
+    BOOL PreCreateWindow(CREATESTRUCTW& creation) override;
     void OnKeyDown(UINT key, UINT repeat, UINT flags);
     void OnChar(UINT character, UINT repeat, UINT flags);
     void OnKillFocus(CWnd* next);

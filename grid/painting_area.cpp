@@ -11,6 +11,7 @@ namespace {
 
 // The pixels at a cell's right and lower edge that belong to the grid lines.
 constexpr int line_width = 1;
+constexpr COLORREF line_color = RGB(192, 192, 192);
 
 bool key_held(int key) {
     return ::GetKeyState(key) < 0;
@@ -86,8 +87,6 @@ void CUGGrid::Paint(CDC& dc, const RECT& dirty) {
 
 void CUGGrid::PaintRow(CDC& dc, const RECT& dirty, int row, int top, int row_height) {
     const ColumnLayout& columns = state().columns;
-    const COLORREF line =
-        ::GetSysColor(COLOR_3DLIGHT) == ::GetSysColor(COLOR_WINDOW) ? RGB(192, 192, 192) : ::GetSysColor(COLOR_3DLIGHT);
     const int first = columns.at(static_cast<int>(dirty.left) + state().scroll_x);
     if (first < 0) {
         return;
@@ -100,8 +99,8 @@ void CUGGrid::PaintRow(CDC& dc, const RECT& dirty, int row, int top, int row_hei
             PaintCell(dc, column, row, {left, top, right - line_width, bottom - line_width});
             const RECT beside{right - line_width, top, right, bottom};
             const RECT below{left, bottom - line_width, right - line_width, bottom};
-            dc.FillSolidRect(&beside, line);
-            dc.FillSolidRect(&below, line);
+            dc.FillSolidRect(&beside, line_color);
+            dc.FillSolidRect(&below, line_color);
         }
         left = right;
     }

@@ -103,7 +103,6 @@ void CUGTopHdg::OnMouseMove(UINT keys, CPoint point) {
     grid().OnGridColumnSizing(sizing_, &dragged);
     if (dragged != state().columns.width(sizing_)) {
         grid().SetColumnWidth(sizing_, std::max(0, dragged));
-        grid().RedrawAll();
     }
 }
 

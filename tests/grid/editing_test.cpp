@@ -126,6 +126,12 @@ TEST_F(Editing, RowsThatGoTakeTheirEditorAlong) {
     grid.DestroyWindow();
     EXPECT_FALSE(grid.IsEditing());
     EXPECT_EQ(grid.take(), Log());
+
+    grid.SetColumnWidth(1, 0);
+    ASSERT_TRUE(grid.CreateGrid(WS_VISIBLE, CRect(0, 0, 400, 220), &frame, 7)) << "a grid can have a window again";
+    grid.SetColumnWidth(1, 0);
+    EXPECT_EQ(grid.StartEdit(1, 0, 0), 1) << "nobody could see the editor";
+    EXPECT_EQ(grid.StartEdit(2, 0, 0), 0);
 }
 
 TEST_F(Editing, ADropListOffersTheLinesOfTheLabel) {
