@@ -28,17 +28,20 @@ int fail(const std::wstring& line) {
     return failure_status;
 }
 
-/// The editor, and the framework of the modules, know the window for as long as this lives.
-class WindowAttachment {
+/// The editor, and the framework of the modules, know the window for as long as this lives, and its title follows the
+/// drawing.
+class WindowAttachment final : public AcApDocManagerReactor {
   public:
-    WindowAttachment(MainWindow& window, const Options& options) {
+    WindowAttachment(MainWindow& window, const Options& options) : window_(window) {
+        acDocManagerPtr()->addReactor(this);
         main_.Attach(window.window());
         program_.m_pMainWnd = &main_;
         editor().main_window = window.window();
         editor().history.attach(&window);
         editor().history.echo_to_standard_error(options.verbose);
     }
-    ~WindowAttachment() {
+    ~WindowAttachment() override {
+        acDocManagerPtr()->removeReactor(this);
         editor().main_window = nullptr;
         editor().history.attach(nullptr);
         program_.m_pMainWnd = nullptr;
@@ -47,7 +50,11 @@ class WindowAttachment {
     WindowAttachment(const WindowAttachment&) = delete;
     WindowAttachment& operator=(const WindowAttachment&) = delete;
 
+    void documentActivated(AcApDocument* document) override { window_.set_title(document->docTitle()); }
+    void documentTitleUpdated(AcApDocument* document) override { window_.set_title(document->docTitle()); }
+
   private:
+    MainWindow& window_;
     CWinApp program_;
     CWnd main_;
 };
@@ -131,6 +138,9 @@ int run_program(const Options& options) {
     const std::unique_ptr<Watchdog> watchdog =
         options.script.empty() ? nullptr : std::make_unique<Watchdog>(run, std::chrono::seconds(options.stall_seconds));
     problem = open_drawing_and_modules(options);
+    if (problem.empty() && !options.hidden) {
+        window.show();
+    }
     if (problem.empty() && options.script.empty()) {
         run_commands_of_person(window);
     } else if (problem.empty()) {
@@ -138,8 +148,8 @@ int run_program(const Options& options) {
         editor().variables.put(L"FILEDIA", 0);
         problem = run_script(run);
     }
-    editor().modules.quit();
     editor().documents.close();
+    editor().modules.quit();
     return problem.empty() ? 0 : fail(problem);
 }
 

@@ -80,9 +80,7 @@ void open_drawing(Editor& editor) {
     }
     const std::optional<std::wstring> file = ask_file_name({L"Open drawing", L"", L"dxf", false, false});
     if (file) {
-        editor.modules.tell_all(AcRx::kUnloadDwgMsg);
         report_problem(editor.documents.open(*file));
-        editor.modules.tell_all(AcRx::kLoadDwgMsg);
     }
 }
 

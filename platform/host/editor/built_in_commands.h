@@ -3,7 +3,7 @@
 
 namespace host {
 
-struct Editor;
+class Editor;
 
 /// APPLOAD, ARX, OPEN, QSAVE, QUIT, SAVEAS, SETVAR.
 void add_built_in_commands(Editor& editor);

@@ -9,8 +9,9 @@
 
 namespace host {
 
-/// The registered message "CellRectangleQuery" carries a pointer to this in lParam (wParam is 0). A grid that has the cell
-/// shows it, fills in the rectangle in screen pixels, and returns 1; every other window returns 0. Row -1 is the heading.
+/// The registered message "CellRectangleQuery" carries a pointer to this in lParam (wParam is 0). A grid that has the
+/// cell shows it, fills in the rectangle in screen pixels, and returns 1; every other window returns 0. Row -1 is the
+/// heading.
 struct CellRectangle {
     int column;
     int row;

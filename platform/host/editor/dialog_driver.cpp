@@ -104,7 +104,7 @@ std::wstring DialogDriver::answer_message_box(const ModalDialog& box, const Dial
     }
     const HWND button = action.button.empty() ? box.default_button() : box.control(button_id(action.button));
     if (button == nullptr) {
-        return L"the alert has no button " + action.button;
+        return L"the alert has no " + (action.button.empty() ? L"default button" : L"button " + action.button);
     }
     post_click_in_middle(button);
     return {};

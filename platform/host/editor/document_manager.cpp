@@ -39,7 +39,7 @@ class OneDocumentIterator final : public AcApDocumentIterator {
 
 }  // namespace
 
-DocumentManager::DocumentManager(std::function<void(Document&)> activated) : activated_(std::move(activated)) {}
+DocumentManager::DocumentManager(Hooks hooks) : hooks_(std::move(hooks)) {}
 DocumentManager::~DocumentManager() = default;
 
 /// Reactors may come and go while they are told; one that was removed meanwhile is not called any more.
@@ -63,7 +63,7 @@ std::wstring DocumentManager::open(const std::filesystem::path& path) {
     tell_reactors([&](AcApDocManagerReactor& reactor) { reactor.documentCreateStarted(opened.get()); });
     document_ = std::move(opened);
     document_->make_current();
-    activated_(*document_);
+    hooks_.opened(*document_);
     tell_reactors([&](AcApDocManagerReactor& reactor) { reactor.documentCreated(document_.get()); });
     tell_reactors([&](AcApDocManagerReactor& reactor) { reactor.documentToBeActivated(document_.get()); });
     tell_reactors([&](AcApDocManagerReactor& reactor) { reactor.documentBecameCurrent(document_.get()); });
@@ -75,6 +75,7 @@ void DocumentManager::close() {
     if (document_ == nullptr) {
         return;
     }
+    hooks_.closing();
     tell_reactors([&](AcApDocManagerReactor& reactor) { reactor.documentToBeDeactivated(document_.get()); });
     tell_reactors([&](AcApDocManagerReactor& reactor) { reactor.documentToBeDestroyed(document_.get()); });
     const std::wstring file_name = document_->fileName();

@@ -17,8 +17,13 @@ class Document;
 /// The host has one drawing open at a time.
 class DocumentManager final : public AcApDocManager {
   public:
-    /// `activated` is called when a drawing has taken the place of another, before the reactors hear of it.
-    explicit DocumentManager(std::function<void(Document&)> activated);
+    /// What the host's other parts do when a drawing has been opened (before the reactors hear of it), and when it is
+    /// about to be closed.
+    struct Hooks {
+        std::function<void(Document&)> opened;
+        std::function<void()> closing;
+    };
+    explicit DocumentManager(Hooks hooks);
     ~DocumentManager() override;
 
     /// Opens a drawing in place of the one that is open, which is closed only when the new one could be read.
@@ -53,7 +58,7 @@ class DocumentManager final : public AcApDocManager {
     template <typename Call>
     void tell_reactors(Call call);
 
-    std::function<void(Document&)> activated_;
+    const Hooks hooks_;
     std::unique_ptr<Document> document_;
     std::vector<AcApDocManagerReactor*> reactors_;
     std::vector<HINSTANCE> resources_;  ///< what was current before each push

@@ -57,11 +57,17 @@ void compute_variables(Editor& editor) {
 
 }  // namespace
 
-Editor::Editor() : documents([this](Document& document) { drawing_variables.load(document.drawing()); }) {
+Editor::Editor()
+    : documents({[this](Document& document) { opened(document); }, [this] { modules.tell_all(AcRx::kUnloadDwgMsg); }}) {
     registry.atPut(ACRX_DYNAMIC_LINKER, &modules);
     registry.atPut(ACRX_COMMAND_DOCK, &commands);
     compute_variables(*this);
     add_built_in_commands(*this);
+}
+
+void Editor::opened(Document& document) {
+    drawing_variables.load(document.drawing());
+    modules.tell_all(AcRx::kLoadDwgMsg);
 }
 
 Editor& editor() {

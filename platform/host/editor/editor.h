@@ -15,7 +15,8 @@
 
 namespace host {
 
-struct Editor {
+class Editor {
+  public:
     Editor();
 
     ObjectRegistry registry;
@@ -26,13 +27,16 @@ struct Editor {
     DocumentManager documents;
     CommandStack commands;
     CommandProcessor processor{commands, documents};
-    ModuleLoader modules{commands, processor};
+    ModuleLoader modules{commands, processor, documents};
 
     /// Null without a window.
     HWND main_window = nullptr;
     bool scripted = false;
     /// QUIT was run: no command is asked for any more.
     bool quit_requested = false;
+
+  private:
+    void opened(Document& document);
 };
 
 /// Made when it is first asked for (a module's static objects may be the first to ask).

@@ -8,6 +8,7 @@
 #include "acedads.h"
 #include "platform/host/editor/editor.h"
 #include "platform/host/editor/loaded_library.h"
+#include "platform/host/editor/modal_dialog.h"
 
 namespace host {
 namespace {
@@ -36,7 +37,7 @@ bool may_replace(const std::wstring& path) {
         return true;
     }
     const std::wstring text = path + L" already exists.\nDo you want to replace it?";
-    return MessageBoxW(editor().main_window, text.c_str(), L"Drawing Host",
+    return MessageBoxW(dialog_owner(editor().main_window), text.c_str(), L"Drawing Host",
                        MB_YESNO | MB_ICONWARNING | MB_DEFBUTTON2) == IDYES;
 }
 
@@ -84,7 +85,7 @@ std::optional<std::wstring> ask_in_dialog(const FileQuestion& question) {
     const std::wstring extension = first_extension(question.extensions);
     OPENFILENAMEW dialog{};
     dialog.lStructSize = sizeof dialog;
-    dialog.hwndOwner = editor().main_window;
+    dialog.hwndOwner = dialog_owner(editor().main_window);
     dialog.lpstrFilter = filter.c_str();
     dialog.lpstrFile = path;
     dialog.nMaxFile = longest_path;

@@ -3,6 +3,7 @@
 #include "acedads.h"
 #include "acui.h"
 #include "platform/host/editor/editor.h"
+#include "platform/host/editor/modal_dialog.h"
 #include "rxregsvc.h"
 
 using host::editor;
@@ -35,7 +36,8 @@ HWND adsw_acadMainWnd() {
 void InitAcUiDLL() {}
 
 int acedAlert(const ACHAR* message) {
-    MessageBoxW(editor().main_window, message != nullptr ? message : L"", L"Drawing Host", MB_OK | MB_ICONWARNING);
+    MessageBoxW(host::dialog_owner(editor().main_window), message != nullptr ? message : L"", L"Drawing Host",
+                MB_OK | MB_ICONWARNING);
     return RTNORM;
 }
 

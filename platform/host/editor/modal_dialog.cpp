@@ -23,6 +23,11 @@ bool is_system_dialog(HWND window) {
            owner == GetModuleHandleW(L"user32.dll");
 }
 
+bool is_button(HWND window) {
+    constexpr LRESULT button_kinds = DLGC_BUTTON | DLGC_DEFPUSHBUTTON | DLGC_UNDEFPUSHBUTTON;
+    return (SendMessageW(window, WM_GETDLGCODE, 0, 0) & button_kinds) != 0;
+}
+
 BOOL CALLBACK note_child(HWND window, LPARAM children) {
     reinterpret_cast<std::vector<HWND>*>(children)->push_back(window);
     return TRUE;
@@ -60,10 +65,7 @@ HWND ModalDialog::control(int id) const {
 
 HWND ModalDialog::button(const std::wstring& caption) const {
     for (const HWND child : descendants()) {
-        if (IsWindowVisible(child) != 0 &&
-            (SendMessageW(child, WM_GETDLGCODE, 0, 0) & (DLGC_BUTTON | DLGC_DEFPUSHBUTTON | DLGC_UNDEFPUSHBUTTON)) !=
-                0 &&
-            plain_caption(window_text(child)) == caption) {
+        if (IsWindowVisible(child) != 0 && is_button(child) && plain_caption(window_text(child)) == caption) {
             return child;
         }
     }
@@ -71,14 +73,23 @@ HWND ModalDialog::button(const std::wstring& caption) const {
 }
 
 HWND ModalDialog::default_button() const {
+    const HWND focus = GetFocus();
+    if (focus != nullptr && IsChild(window_, focus) != 0 && is_button(focus)) {
+        return focus;
+    }
     const LRESULT answer = SendMessageW(window_, DM_GETDEFID, 0, 0);
-    return HIWORD(answer) == DC_HASDEFID ? GetDlgItem(window_, LOWORD(answer)) : nullptr;
+    return HIWORD(answer) == DC_HASDEFID ? control(LOWORD(answer)) : nullptr;
 }
 
 std::vector<HWND> ModalDialog::descendants() const {
     std::vector<HWND> children;
     EnumChildWindows(window_, &note_child, reinterpret_cast<LPARAM>(&children));
     return children;
+}
+
+HWND dialog_owner(HWND main_window) {
+    const std::optional<ModalDialog> dialog = ModalDialog::find();
+    return dialog ? dialog->window() : main_window;
 }
 
 }  // namespace host

@@ -27,6 +27,7 @@ class ModalDialog {
     HWND control(int id) const;
     /// The visible button (or check box) with that caption, "&" aside, or null.
     HWND button(const std::wstring& caption) const;
+    /// The button that Return presses, or null.
     HWND default_button() const;
     /// All windows inside, outer ones before inner ones.
     std::vector<HWND> descendants() const;
@@ -37,5 +38,8 @@ class ModalDialog {
     HWND window_;
     bool message_box_;
 };
+
+/// What a message box or dialog of the host belongs to: the dialog that is up, else the main window.
+HWND dialog_owner(HWND main_window);
 
 }  // namespace host

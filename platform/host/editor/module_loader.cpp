@@ -8,6 +8,7 @@
 #include "platform/host/editor/command_line.h"
 #include "platform/host/editor/command_processor.h"
 #include "platform/host/editor/command_stack.h"
+#include "platform/host/editor/document_manager.h"
 
 ACRX_NO_CONS_DEFINE_MEMBERS(AcRxDynamicLinker, AcRxService)
 
@@ -17,13 +18,21 @@ namespace {
 using EntryPoint = AcRx::AppRetCode(AcRx::AppMsgCode, void*);
 using VersionQuery = int();
 
-std::wstring base_name(std::wstring_view path) {
+constexpr std::wstring_view extension = L".arx";
+
+/// The name without folders, with the extension.
+std::wstring file_name(std::wstring_view path) {
     const size_t slash = path.find_last_of(L"\\/");
-    std::wstring name = base::lower(slash == std::wstring_view::npos ? path : path.substr(slash + 1));
-    constexpr std::wstring_view extension = L".arx";
+    std::wstring name(slash == std::wstring_view::npos ? path : path.substr(slash + 1));
+    const std::wstring lowered = base::lower(name);
     const bool has_extension = name.size() > extension.size() &&
-                               name.compare(name.size() - extension.size(), extension.size(), extension) == 0;
+                               lowered.compare(name.size() - extension.size(), extension.size(), extension) == 0;
     return has_extension ? name : name + std::wstring(extension);
+}
+
+/// What a module is known by: any path to it, in any case, gives the same.
+std::wstring base_name(std::wstring_view path) {
+    return base::lower(file_name(path));
 }
 
 std::wstring full_path(const std::wstring& file) {
@@ -36,13 +45,18 @@ std::wstring beside_program(const std::wstring& file) {
     wchar_t program[MAX_PATH * 4];
     const DWORD length = GetModuleFileNameW(nullptr, program, static_cast<DWORD>(std::size(program)));
     const std::wstring path(program, length);
-    return path.substr(0, path.find_last_of(L'\\') + 1) + file;
+    return path.substr(0, path.find_last_of(L'\\') + 1) + file_name(file);
 }
 
+bool exists(const std::wstring& path) {
+    return GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES;
+}
+
+/// The path as it was given; where there is no such file, one of the same name beside the program.
 std::wstring locate(const std::wstring& file) {
     const std::wstring here = full_path(file);
-    const bool bare = file.find_first_of(L"\\/") == std::wstring::npos;
-    return bare && GetFileAttributesW(here.c_str()) == INVALID_FILE_ATTRIBUTES ? beside_program(file) : here;
+    const std::wstring there = beside_program(file);
+    return !exists(here) && exists(there) ? there : here;
 }
 
 }  // namespace
@@ -57,8 +71,8 @@ struct ModuleLoader::Module {
     bool mdi_aware = false;
 };
 
-ModuleLoader::ModuleLoader(CommandStack& commands, CommandProcessor& processor)
-    : commands_(commands), processor_(processor) {}
+ModuleLoader::ModuleLoader(CommandStack& commands, CommandProcessor& processor, const DocumentManager& documents)
+    : commands_(commands), processor_(processor), documents_(documents) {}
 
 ModuleLoader::~ModuleLoader() = default;
 
@@ -89,7 +103,7 @@ std::wstring ModuleLoader::load(const std::wstring& file) {
         release(modules_.end() - 1);
         return problem;
     }
-    return send(*modules_.back(), AcRx::kLoadDwgMsg);
+    return documents_.documentCount() != 0 ? send(*modules_.back(), AcRx::kLoadDwgMsg) : std::wstring();
 }
 
 std::wstring ModuleLoader::unload(const std::wstring& file) {

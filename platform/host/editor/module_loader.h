@@ -12,13 +12,14 @@ namespace host {
 
 class CommandProcessor;
 class CommandStack;
+class DocumentManager;
 
 class ModuleLoader final : public AcRxDynamicLinker {
   public:
-    ModuleLoader(CommandStack& commands, CommandProcessor& processor);
+    ModuleLoader(CommandStack& commands, CommandProcessor& processor, const DocumentManager& documents);
     ~ModuleLoader() override;
 
-    /// Loads a module: by path, or by a bare name beside the program. The reason when it cannot be loaded, or empty;
+    /// Loads a module: by path, or one of that name beside the program. The reason when it cannot be loaded, or empty;
     /// empty too when it is loaded already.
     std::wstring load(const std::wstring& file);
     /// The reason when it is not loaded, locked, or running a command.
@@ -52,6 +53,7 @@ class ModuleLoader final : public AcRxDynamicLinker {
 
     CommandStack& commands_;
     CommandProcessor& processor_;
+    const DocumentManager& documents_;
     Modules modules_;
 };
 

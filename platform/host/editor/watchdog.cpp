@@ -27,7 +27,7 @@ void Watchdog::watch() {
             return;
         }
         if (run_.progress() == before) {
-            const std::wstring reason = L"nothing happened for " + std::to_wstring(patience_.count()) + L" seconds";
+            const std::wstring reason = L"nothing happened for " + std::to_wstring(patience_.count()) + L" s";
             write_standard_error(run_.stall_failure(reason) + L"\n");
             // Not exit(): the main thread is stuck somewhere, and must not be waited for.
             TerminateProcess(GetCurrentProcess(), 1);

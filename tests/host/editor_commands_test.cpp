@@ -1,0 +1,291 @@
+// The command stack, the processor, the questions and the interface functions, in this process and without a window.
+#include <afxwin.h>
+#include <gmock/gmock.h>
+
+#include <deque>
+#include <memory>
+#include <stdexcept>
+
+#include "aced.h"
+#include "acui.h"
+#include "base/code_page.h"
+#include "platform/host/editor/editor.h"
+#include "platform/host/editor/input_events.h"
+#include "platform/host/editor/transparent_command_line.h"
+#include "rxdlinkr.h"
+
+namespace host {
+namespace {
+
+using testing::ElementsAre;
+
+/// Answers from a list ("^C" cancels, "" is Return), and keeps everything that is said.
+class ListCommandLine final : public CommandLine {
+  public:
+    explicit ListCommandLine(std::deque<std::wstring> answers = {}) : answers_(std::move(answers)) {}
+
+    Answer prompt(std::wstring_view text) override {
+        said += L"<" + std::wstring(text) + L">";
+        if (answers_.empty() || answers_.front() == L"^C") {
+            return {};
+        }
+        Answer answer{answers_.front().empty() ? Answer::return_only : Answer::line, answers_.front()};
+        answers_.pop_front();
+        return answer;
+    }
+    void print(std::wstring_view text) override { said += text; }
+    void report(std::wstring_view problem) override { said += L"!" + std::wstring(problem); }
+
+    std::wstring said;
+
+  private:
+    std::deque<std::wstring> answers_;
+};
+
+/// The commands below say their name through this.
+std::wstring ran;
+void run_first() {
+    ran += L"first;";
+}
+void run_second() {
+    ran += L"second;";
+}
+void run_throwing() {
+    throw std::runtime_error("broken");
+}
+void run_throwing_number() {
+    throw 7;
+}
+void remove_own_group() {
+    acedRegCmds->removeGroup(L"G");
+    ran += L"removed;";
+}
+void run_asking() {
+    ads_point point;
+    ran += L"asked " + std::to_wstring(acedGetPoint(nullptr, L"P:", point)) + L";";
+}
+
+class Commands : public testing::Test {
+  protected:
+    Commands() { ran.clear(); }
+    ~Commands() override {
+        acedRegCmds->removeGroup(L"G");
+        acedRegCmds->removeGroup(L"H");
+    }
+    static Acad::ErrorStatus add(const wchar_t* group, const wchar_t* global, const wchar_t* local, int flags,
+                                 AcRxFunctionPtr function) {
+        return acedRegCmds->addCommand(group, global, local, flags, function);
+    }
+    /// What is said when this is typed at the "Command:" prompt, with these answers.
+    static std::wstring typed(const wchar_t* text, std::deque<std::wstring> answers = {}) {
+        ListCommandLine line(std::move(answers));
+        TransparentCommandLine transparent(line, editor().processor);
+        const CommandLineScope scope(transparent);
+        editor().processor.run(text);
+        return line.said;
+    }
+    static std::vector<std::wstring> listed() {
+        std::vector<std::wstring> names;
+        const std::unique_ptr<AcEdCommandIterator> iterator(acedRegCmds->iterator());
+        for (; !iterator->done(); iterator->next()) {
+            names.push_back(std::wstring(iterator->commandGroup()) + L":" + iterator->command()->globalName());
+        }
+        return names;
+    }
+};
+
+TEST_F(Commands, AreKeptInGroups) {
+    EXPECT_EQ(AcEdCommandStack::cast(acrxSysRegistry()->at(L"acad_registered_commands")), &editor().commands);
+    EXPECT_EQ(AcRxDynamicLinker::cast(acrxSysRegistry()->at(L"ACAD_REGISTERED_COMMANDS")), nullptr);
+    EXPECT_NE(acrxDynamicLinker, nullptr);
+
+    EXPECT_EQ(add(L"G", L"A_G", L"A", 0, run_first), Acad::eOk);
+    EXPECT_EQ(add(L"g", L"B_G", L"B", ACRX_CMD_TRANSPARENT, run_first), Acad::eOk);
+    EXPECT_EQ(add(L"H", L"A_G", L"A", 0, run_second), Acad::eOk);
+    EXPECT_EQ(add(L"G", L"a_g", L"C", 0, run_first), Acad::eDuplicateKey);
+    EXPECT_EQ(add(L"G", L"C_G", L"b", 0, run_first), Acad::eDuplicateKey);
+    EXPECT_EQ(add(L"G", L"C_G", L"", 0, run_first), Acad::eInvalidInput);
+    EXPECT_EQ(add(L"G", L"C_G", L"C", 0, nullptr), Acad::eInvalidInput);
+    EXPECT_THAT(listed(), ElementsAre(L"H:A_G", L"G:A_G", L"G:B_G"));
+
+    EXPECT_EQ(acedRegCmds->lookupLocalCmd(L"a")->functionAddr(), &run_second) << "the top group answers";
+    EXPECT_EQ(acedRegCmds->lookupCmd(L"A_g", true, L"G")->functionAddr(), &run_first);
+    EXPECT_EQ(acedRegCmds->lookupGlobalCmd(L"A"), nullptr);
+    EXPECT_EQ(acedRegCmds->popGroupToTop(L"G"), Acad::eOk);
+    EXPECT_EQ(acedRegCmds->lookupLocalCmd(L"a")->functionAddr(), &run_first);
+
+    EXPECT_EQ(acedRegCmds->removeCmd(L"G", L"A_G"), Acad::eOk);
+    EXPECT_EQ(acedRegCmds->removeCmd(L"G", L"A_G"), Acad::eKeyNotFound);
+    EXPECT_EQ(acedRegCmds->removeGroup(L"H"), Acad::eOk);
+    EXPECT_EQ(acedRegCmds->removeGroup(L"H"), Acad::eKeyNotFound);
+    EXPECT_THAT(listed(), ElementsAre(L"G:B_G"));
+}
+
+TEST_F(Commands, RunByTheirNames) {
+    add(L"G", L"GLOBAL", L"LOCAL", 0, run_first);
+    add(L"G", L"OTHER", L"QUIT", 0, run_second);
+    for (const wchar_t* name : {L"local", L"_global", L"GLOBAL", L"Quit"}) {
+        EXPECT_EQ(typed(name), L"") << name;
+    }
+    EXPECT_EQ(ran, L"first;first;first;second;");
+    EXPECT_EQ(typed(L".local"), L"!Unknown command \"LOCAL\".") << "not one of the host's own";
+    EXPECT_EQ(typed(L"_local"), L"!Unknown command \"LOCAL\".") << "not a global name";
+    EXPECT_EQ(typed(L"  "), L"");
+}
+
+TEST_F(Commands, LeaveTheHostAliveWhateverTheyDo) {
+    add(L"G", L"T", L"T", 0, run_throwing);
+    add(L"G", L"N", L"N", 0, run_throwing_number);
+    add(L"G", L"R", L"R", 0, remove_own_group);
+    EXPECT_EQ(typed(L"t"), L"!T ended with an exception: broken");
+    EXPECT_EQ(typed(L"n"), L"!N ended with an exception of a kind that the host does not know");
+    EXPECT_FALSE(editor().processor.is_busy());
+    EXPECT_EQ(typed(L"r"), L"");
+    EXPECT_EQ(ran, L"removed;");
+    EXPECT_EQ(typed(L"r"), L"!Unknown command \"R\".");
+}
+
+TEST_F(Commands, StartInsideOthersOnlyWhenTransparent) {
+    add(L"G", L"ASK", L"ASK", 0, run_asking);
+    add(L"G", L"T", L"T", ACRX_CMD_TRANSPARENT, run_first);
+    add(L"G", L"M", L"M", ACRX_CMD_MODAL, run_second);
+    EXPECT_EQ(typed(L"ask", {L"'t", L"'m", L"'x", L"1,2"}),
+              L"<P:>\nResuming ASK command.<P:>!M cannot run while another command is active.\nResuming ASK command."
+              L"<P:>!Unknown command \"X\".\nResuming ASK command.<P:>");
+    EXPECT_EQ(ran, L"first;asked 5100;");
+}
+
+TEST_F(Commands, OfTheHostTakeTheirAnswersFromArguments) {
+    ListCommandLine line;
+    const CommandLineScope scope(line);
+    EXPECT_EQ(acedCommand(RTSTR, L"_.setvar", RTSTR, L"TEXTSIZE", RTREAL, 0.1, RTNONE), RTNORM);
+    EXPECT_EQ(editor().variables.get(L"TEXTSIZE"), VariableValue(0.1));
+    const ads_point base = {1, 2.5, 0};
+    EXPECT_EQ(acedCommand(RTSTR, L".SETVAR", RTSTR, L"INSBASE", RT3DPOINT, base, 0), RTNORM);
+    EXPECT_EQ(editor().variables.get(L"INSBASE"), VariableValue(Point{1, 2.5, 0}));
+    EXPECT_EQ(acedCommand(RTSTR, L".NOSUCH", RTNONE), RTREJ);
+    EXPECT_EQ(acedCommand(RTSTR, L".SETVAR", RTSTR, L"OSMODE", RTNONE), RTERROR);
+    EXPECT_EQ(acedCommand(RTSTR, L".SETVAR", RTSTR, L"OSMODE", RTSHORT, 1, RTSHORT, 2, RTNONE), RTERROR);
+    EXPECT_EQ(acedCommand(RTSTR, L".SETVAR", RTSTR, L"ATTREQ", RTSHORT, 9, RTNONE), RTERROR);
+    EXPECT_EQ(line.said,
+              L"!Unknown command \".NOSUCH\".!.SETVAR needs more arguments.!.SETVAR was given too many arguments."
+              L"!\"9\" is no value for ATTREQ.");
+}
+
+TEST(Questions, FollowTheRulesOfInitGet) {
+    ads_point point = {9, 9, 9};
+    const auto ask = [&](int rules, const wchar_t* keywords, std::deque<std::wstring> answers) {
+        ListCommandLine line(std::move(answers));
+        const CommandLineScope scope(line);
+        acedInitGet(rules, keywords);
+        const int outcome = acedGetPoint(nullptr, L"P", point);
+        return std::to_wstring(outcome) + L" " + line.said;
+    };
+    EXPECT_EQ(ask(0, L"", {L"1,2,3"}), L"5100 <P>");
+    EXPECT_EQ(point[X] * 100 + point[Y] * 10 + point[Z], 123);
+    EXPECT_EQ(ask(0, L"", {L""}), L"5000 <P>");
+    EXPECT_EQ(ask(RSG_NONULL, L"", {L"", L"bad", L"4,5"}),
+              L"5100 <P>!A point is needed: x,y or x,y,z.<P>!A point is needed: x,y or x,y,z.<P>");
+    EXPECT_EQ(ask(0, L"", {L"^C"}), L"-5002 <P>");
+    EXPECT_EQ(ask(0, L"Base Undo", {L"b"}), L"-5005 <P>");
+    ACHAR input[133];
+    acedGetInput(input);
+    EXPECT_STREQ(input, L"Base");
+    EXPECT_EQ(ask(RSG_OTHER, L"", {L"some text"}), L"-5005 <P>");
+    acedGetInput(input);
+    EXPECT_STREQ(input, L"some text");
+
+    ListCommandLine line({L"0", L"-1", L"5", L"", L"x", L"99999", L"7", L"y", L"N", std::wstring(200, L'z')});
+    const CommandLineScope scope(line);
+    ads_real real = 0;
+    acedInitGet(RSG_NOZERO | RSG_NONEG, nullptr);
+    EXPECT_EQ(acedGetReal(L"", &real), RTNORM);
+    EXPECT_EQ(real, 5);
+    EXPECT_EQ(acedGetReal(L"", &real), RTNONE) << "rules hold for one question";
+    int whole = 0;
+    EXPECT_EQ(acedGetInt(L"", &whole), RTNORM);
+    EXPECT_EQ(whole, 7);
+    acedInitGet(0, L"Yes No");
+    EXPECT_EQ(acedGetKword(L"", input), RTNORM);
+    EXPECT_STREQ(input, L"Yes");
+    EXPECT_EQ(acedGetString(0, L"", input), RTNORM);
+    EXPECT_STREQ(input, L"N");
+    EXPECT_EQ(acedGetString(1, L"", input), RTNORM);
+    EXPECT_EQ(wcslen(input), 132u) << "cut to the buffer";
+}
+
+TEST(Questions, GiveFileNamesAtTheCommandLine) {
+    const auto ask = [](const wchar_t* proposal, const wchar_t* answer) -> std::wstring {
+        ListCommandLine line({answer});
+        const CommandLineScope scope(line);
+        resbuf result{};
+        if (acedGetFileD(L"Open", proposal, L"prc;txt", 2, &result) != RTNORM) {
+            return L"none";
+        }
+        const std::unique_ptr<ACHAR, decltype(&acad_free)> owner(result.resval.rstring, acad_free);
+        return result.restype == RTSTR ? result.resval.rstring : L"no text";
+    };
+    EXPECT_EQ(ask(nullptr, L"C:\\a b\\list"), L"C:\\a b\\list.prc");
+    EXPECT_EQ(ask(nullptr, L"C:\\a.b\\list.old"), L"C:\\a.b\\list.old");
+    EXPECT_EQ(ask(L"C:\\last.prc", L""), L"C:\\last.prc");
+    EXPECT_EQ(ask(L"", L""), L"none");
+    EXPECT_EQ(ask(L"C:\\last.prc", L"^C"), L"none");
+}
+
+TEST(Questions, ReportPointerEvents) {
+    ListCommandLine line({L"move 1,2", L"nonsense", L"pick 3,4", L"move 9,9", L"", L"^C"});
+    const CommandLineScope scope(line);
+    int type = 0;
+    resbuf result{};
+    EXPECT_EQ(acedGrRead(9, &type, &result), RTNORM);
+    EXPECT_EQ(type, ACED_GR_MOVE);
+    EXPECT_EQ(result.resval.rpoint[Y], 2);
+    EXPECT_EQ(acedGrRead(9, &type, &result), RTNORM);
+    EXPECT_EQ(type, ACED_GR_PICK);
+    EXPECT_EQ(acedGrRead(8, &type, &result), RTNORM) << "the movement is not asked for";
+    EXPECT_EQ(type, ACED_GR_KEYBOARD);
+    EXPECT_EQ(result.resval.rint, 13);
+    EXPECT_EQ(acedGrRead(9, &type, &result), RTCAN);
+    EXPECT_EQ(line.said, L"<><>!A pointer event is needed: move x,y, pick x,y or return.<><><><>")
+        << "no message on a cancel with bit 8";
+}
+
+TEST(Variables, PassThroughResultBuffers) {
+    resbuf value{};
+    EXPECT_EQ(acedGetVar(L"cmdecho", &value), RTNORM);
+    EXPECT_EQ(value.restype, RTSHORT);
+    value.resval.rint = 0;
+    EXPECT_EQ(acedSetVar(L"CMDECHO", &value), RTNORM);
+    EXPECT_EQ(editor().variables.get(L"CMDECHO"), VariableValue(0));
+    EXPECT_EQ(acedGetVar(L"EXTMIN", &value), RTNORM);
+    EXPECT_EQ(value.restype, RT3DPOINT);
+    EXPECT_EQ(acedGetVar(L"DATE", &value), RTNORM);
+    EXPECT_EQ(value.restype, RTREAL);
+    EXPECT_GT(value.resval.rreal, 2460000) << "days, after 2023";
+    EXPECT_EQ(acedGetVar(L"ACADVER", &value), RTNORM);
+    EXPECT_EQ(value.restype, RTSTR);
+    EXPECT_STREQ(value.resval.rstring, L"18.0");
+    EXPECT_EQ(acedSetVar(L"ACADVER", &value), RTERROR);
+    EXPECT_EQ(acedSetVar(L"CMDECHO", &value), RTERROR);
+    acad_free(value.resval.rstring);
+    EXPECT_EQ(acedGetVar(L"NOSUCH", &value), RTERROR);
+    EXPECT_EQ(acedGetVar(nullptr, &value), RTERROR);
+}
+
+TEST(ResourceHandles, Nest) {
+    ListCommandLine line;
+    const CommandLineScope scope(line);
+    const HINSTANCE before = AfxGetResourceHandle();
+    const auto first = reinterpret_cast<HINSTANCE>(1 << 16);
+    acDocManagerPtr()->pushResourceHandle(first);
+    acDocManagerPtr()->pushResourceHandle(before);
+    acDocManagerPtr()->popResourceHandle();
+    EXPECT_EQ(AfxGetResourceHandle(), first);
+    acDocManagerPtr()->popResourceHandle();
+    EXPECT_EQ(AfxGetResourceHandle(), before);
+    acDocManagerPtr()->popResourceHandle();
+    EXPECT_EQ(line.said, L"!popResourceHandle was called without a handle pushed.");
+}
+
+}  // namespace
+}  // namespace host

@@ -1,0 +1,256 @@
+// The whole program, run with scripts: what it says on standard error, and its exit status.
+#include <windows.h>
+
+#include <gmock/gmock.h>
+
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "base/code_page.h"
+
+namespace {
+
+using testing::EndsWith;
+using testing::HasSubstr;
+
+struct Outcome {
+    DWORD status = 0;
+    std::string said;
+};
+
+class Handle {
+  public:
+    explicit Handle(HANDLE handle) : handle_(handle) {}
+    ~Handle() { CloseHandle(handle_); }
+    Handle(const Handle&) = delete;
+    Handle& operator=(const Handle&) = delete;
+    HANDLE get() const { return handle_; }
+
+  private:
+    HANDLE handle_;
+};
+
+std::filesystem::path program_folder() {
+    wchar_t path[MAX_PATH];
+    return std::filesystem::path(path, path + GetModuleFileNameW(nullptr, path, MAX_PATH)).parent_path();
+}
+
+std::string contents(const std::filesystem::path& path) {
+    std::ifstream file(path, std::ios::binary);
+    std::ostringstream bytes;
+    bytes << file.rdbuf();
+    return bytes.str();
+}
+
+constexpr char small_drawing[] =
+    "  0\nSECTION\n  2\nHEADER\n  9\n$ACADVER\n  1\nAC1009\n  9\n$TEXTSIZE\n 40\n3.5\n  0\nENDSEC\n"
+    "  0\nSECTION\n  2\nENTITIES\n  0\nLINE\n  8\n0\n 10\n0.0\n 20\n0.0\n 11\n1.0\n 21\n1.0\n  0\nENDSEC\n  0\nEOF\n";
+
+class Program : public testing::Test {
+  protected:
+    Program() {
+        // The window system may start its desktop with the first window; it must not be a child's child that keeps the
+        // child's files open.
+        GetDesktopWindow();
+        folder_ =
+            std::filesystem::temp_directory_path() / ("drawinghost_" + std::to_string(GetCurrentProcessId()) + "_" +
+                                                      testing::UnitTest::GetInstance()->current_test_info()->name());
+        std::filesystem::create_directories(folder_);
+        write("plan.dxf", small_drawing);
+    }
+    ~Program() override { std::filesystem::remove_all(folder_); }
+
+    void write(const char* name, const std::string& bytes) { std::ofstream(folder_ / name, std::ios::binary) << bytes; }
+
+    Outcome start(const std::string& arguments) {
+        SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
+        const std::filesystem::path errors = folder_ / "errors.txt";
+        PROCESS_INFORMATION process{};
+        {
+            const Handle output(CreateFileW(errors.c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                                            &inherited, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
+            STARTUPINFOW startup{};
+            startup.cb = sizeof startup;
+            startup.dwFlags = STARTF_USESTDHANDLES;
+            startup.hStdError = output.get();
+            std::wstring command =
+                L"\"" + (program_folder() / L"drawinghost.exe").wstring() + L"\" " + base::wide_from_utf8(arguments);
+            EXPECT_TRUE(CreateProcessW(nullptr, command.data(), nullptr, nullptr, TRUE, 0, nullptr, folder_.c_str(),
+                                       &startup, &process));
+        }
+        const Handle process_handle(process.hProcess);
+        const Handle thread_handle(process.hThread);
+        WaitForSingleObject(process.hProcess, INFINITE);
+        Outcome outcome;
+        GetExitCodeProcess(process.hProcess, &outcome.status);
+        outcome.said = contents(errors);
+        return outcome;
+    }
+
+    /// Runs a script on the small drawing with the test module.
+    Outcome run(const std::string& script, const std::string& more = "--verbose") {
+        write("a.scr", script);
+        return start("plan.dxf --load TestModule.arx --script a.scr " + more);
+    }
+    /// The failure line of a script that must fail.
+    std::string failure(const std::string& script, const std::string& more = "") {
+        const Outcome outcome = run(script, more);
+        EXPECT_EQ(outcome.status, 1u);
+        return outcome.said;
+    }
+
+    std::filesystem::path folder_;
+};
+
+TEST_F(Program, TellsWhatIsWrongBeforeItRuns) {
+    EXPECT_EQ(start("--fast").status, 2u);
+    write("broken.dxf", "  0\nSECTION\n  2\nENTITIES\n  x\nLINE\n");
+    const Outcome broken = start("broken.dxf --script none");
+    EXPECT_EQ(broken.said, "drawinghost: none: the script could not be opened\n");
+    write("a.scr", "QUIT\n@pres\n");
+    EXPECT_EQ(start("plan.dxf --script a.scr").said, "script a.scr:2: unknown action @pres\n");
+    write("a.scr", "");
+    const Outcome drawing = start("broken.dxf --script a.scr");
+    EXPECT_EQ(drawing.status, 1u);
+    EXPECT_THAT(drawing.said, testing::MatchesRegex("drawinghost: .*broken.dxf:5: .*\n"));
+    EXPECT_THAT(start("plan.dxf --script a.scr --load OldModule.arx").said,
+                HasSubstr("OldModule.arx is built for interface version 17, not 18\n"));
+    EXPECT_THAT(start("plan.dxf --script a.scr --load kernel32.dll").said, HasSubstr("drawinghost: "));
+    EXPECT_EQ(start("plan.dxf --script a.scr").status, 0u);
+}
+
+TEST_F(Program, RunsCommandsAndModules) {
+    const Outcome outcome =
+        run("TSTPOINT\n"
+            "'tststate\n"
+            "3,4\n"
+            "_GLOBAL_TSTEVENTS\n"
+            "move 1,2\n"
+            "pick 5,6\n"
+            "return\n"
+            "TSTSETVAR\n"
+            "TSTUNLOAD\n"
+            "SETVAR\nTEXTSIZE\n\n"
+            "ARX\nUnload\nTestModule\n"
+            "ARX\nCommands\n"
+            "ARX\nLoad\nTestModule.arx\n"
+            "ARX\nC\n"
+            "OPEN\nplan.dxf\n"
+            "QUIT\n");
+    EXPECT_EQ(outcome.status, 0u);
+    EXPECT_THAT(outcome.said, HasSubstr("\nstate TSTPOINT'TSTSTATE 7\nResuming TSTPOINT command."));
+    EXPECT_THAT(outcome.said, HasSubstr("\npoint 5100 3 4"));
+    EXPECT_THAT(outcome.said, HasSubstr("\nevent 5 1,2"));
+    EXPECT_THAT(outcome.said, HasSubstr("\nevent 3 5,6"));
+    EXPECT_THAT(outcome.said, HasSubstr("\nlast 5100 13"));
+    EXPECT_THAT(outcome.said, HasSubstr("\ncommand 5100 37"));
+    EXPECT_THAT(outcome.said, HasSubstr("\nunload 0")) << "a module does not go while its command runs";
+    EXPECT_THAT(outcome.said, HasSubstr("TEXTSIZE <3.5>")) << "from the drawing's header";
+    EXPECT_THAT(outcome.said, HasSubstr("[Files/Commands/Load/Unload]: Commands\nCommand: ")) << "none are left";
+    EXPECT_THAT(outcome.said, HasSubstr("TST_GROUP: GLOBAL_TSTDLG, TSTDLG, 0\n"));
+    EXPECT_THAT(outcome.said,
+                HasSubstr("\nmessage 4\nto be destroyed plan.dxf\nmessage 3\ncreated plan.dxf\nactivated"));
+    EXPECT_THAT(outcome.said, EndsWith("\nmessage 4\nto be destroyed plan.dxf\nmessage 8"));
+}
+
+TEST_F(Program, DrivesDialogsAsAPersonDoes) {
+    const Outcome outcome =
+        run("TSTDLG\n"
+            "@type \"Ab c\"\n"
+            "@key SHIFT+HOME\n"
+            "@type \"New\"\n"
+            "@tick \"Tick me\" on\n"
+            "@tick 102 on\n"
+            "@expect-text 101 \"New\"\n"
+            "@press \"&Echo\"\n"
+            "@click-cell 1 2\n"
+            "@click-heading 0\n"
+            "@double-click-cell 0 0\n"
+            "@drag-border 0 12\n"
+            "@expect-text 108 \"down 30,35;up 30,35;down 10,5;up 10,5;down 10,15;up 10,15;double 10,15;up 10,15;"
+            "down 19,5;up 31,5;\"\n"
+            "@press \"Alert\"\n"
+            "@alert \"\\nFile * could  not be opened\"\n"
+            "@press 106\n"
+            "@alert \"Go on?\" YES\n"
+            "@press 106\n"
+            "@picture box.png\n"
+            "@alert \"Go*\"\n"
+            "@picture dialog.png\n"
+            "@key ESCAPE\n"
+            "TSTDLG\n"
+            "@close\n");
+    EXPECT_EQ(outcome.status, 0u) << outcome.said;
+    EXPECT_THAT(outcome.said, HasSubstr("\necho [New] 1\nquestion 6\nquestion 7\ndialog 2"));
+    for (const char* picture : {"box.png", "dialog.png"}) {
+        EXPECT_EQ(contents(folder_ / picture).substr(0, 8), "\x89PNG\r\n\x1A\n") << picture;
+    }
+}
+
+TEST_F(Program, AnswersFileQuestionsFromTheScript) {
+    write("taken.txt", "old");
+    const Outcome outcome =
+        run("TSTDLG\n"
+            "@press \"Ask file\"\nother\n"
+            "@press \"Ask file\"\n\n"
+            "@press \"Ask file\"\n^C\n"
+            "@press \"Ask file\"\ntaken.txt\n@alert \"*taken.txt already exists.\\nDo you want to replace it?\" "
+            "NO\nfree.doc\n"
+            "@press \"Ask file\"\ntaken.txt\n@alert \"*replace it?\" YES\n"
+            "@press \"Close\"\n");
+    EXPECT_EQ(outcome.status, 0u);
+    EXPECT_THAT(outcome.said, HasSubstr("\nfile 5100 other.txt\n"));
+    EXPECT_THAT(outcome.said, HasSubstr("\nfile 5100 proposal.txt\n"));
+    EXPECT_THAT(outcome.said, HasSubstr("\nfile -5001 -\n"));
+    EXPECT_THAT(outcome.said, HasSubstr("\nfile 5100 free.doc\n"));
+    EXPECT_THAT(outcome.said, HasSubstr("\nfile 5100 taken.txt\n"));
+}
+
+TEST_F(Program, StopsScriptsThatDoNotFit) {
+    const std::pair<const char*, const char*> failing[] = {
+        {"NOSUCH\n", "script a.scr:1: Unknown command \"NOSUCH\".\n"},
+        {"TSTPOINT\n\n", "script a.scr:2: A point is needed: x,y or x,y,z.\n"},
+        {"TSTPOINT\n'TSTDLG\n1,1\n", "script a.scr:2: TSTDLG cannot run while another command is active.\n"},
+        {"TSTPOINT\n", "script a.scr:1: the script ended, but an answer is needed: \"Point:\"\n"},
+        {"TSTPOINT\n@close\n", "script a.scr:2: no dialog is open for this line; an answer is needed: \"Point:\"\n"},
+        {"TSTDLG\n", "script a.scr:1: the script ended with a dialog open: \"Test Dialog\"\n"},
+        {"TSTDLG\nQUIT\n", "script a.scr:2: a dialog is open, which this line does not drive: \"Test Dialog\"\n"},
+        {"TSTDLG\n@press \"Open\"\n", "script a.scr:2: the dialog \"Test Dialog\" shows no button \"Open\"\n"},
+        {"TSTDLG\n@press 109\n", "script a.scr:2: the control 109 is disabled\n"},
+        {"TSTDLG\n@click-cell 3 0\n", "script a.scr:2: the dialog \"Test Dialog\" shows no cell in column 3, row 0\n"},
+        {"TSTDLG\n@expect-text 101 \"x\"\n", "script a.scr:2: the control 101 has the text \"\"\n"},
+        {"TSTDLG\n@alert \"x\"\n", "script a.scr:2: no alert is up, but the dialog \"Test Dialog\"\n"},
+        {"TSTDLG\n@press 105\n@close\n",
+         "script a.scr:3: an alert waits for an answer: \" File C:\\x could  not be opened\"\n"},
+        {"TSTDLG\n@press 106\n@alert \"Stop?\"\n", "script a.scr:3: the alert says \"Go on?\"\n"},
+        {"TSTDLG\n@press 106\n@alert \"Go on?\" RETRY\n", "script a.scr:3: the alert has no button RETRY\n"},
+        {"TSTDLG\n@press 106\n", "script a.scr:2: the script ended with a dialog open: \"Go on?\"\n"},
+        {"TSTTHROW\n", "script a.scr:1: TSTTHROW ended with an exception: out of order\n"},
+        {"TSTLEAK\n", "script a.scr:1: TSTLEAK left the resource handles unbalanced.\n"},
+        {"TSTUNKNOWN\n", "script a.scr:1: Unknown command \".NOSUCH\".\n"},
+        {"TSTPOINT\n^C\nARX\nUnload\nNoModule\n", "script a.scr:5: NoModule is not loaded\n"},
+    };
+    for (const auto& [script, line] : failing) {
+        EXPECT_EQ(failure(script, "--hidden"), line) << script;
+    }
+}
+
+TEST_F(Program, EndsAScriptThatHangs) {
+    EXPECT_EQ(failure("TSTSTATE\nTSTHANG\n", "--stall-seconds 1"), "script a.scr:2: nothing happened for 1 s\n");
+}
+
+TEST_F(Program, SavesOnlyWhatChanged) {
+    const Outcome outcome =
+        run("QSAVE\n"
+            "SETVAR\nTEXTSIZE\n9.25\nSAVEAS\nbigger\n"
+            "SETVAR\nTEXTSIZE\n3.5\nSAVEAS\nsame.dxf\n");
+    EXPECT_EQ(outcome.status, 0u) << outcome.said;
+    std::string bigger = small_drawing;
+    bigger.replace(bigger.find("3.5"), 3, "9.25");
+    EXPECT_EQ(contents(folder_ / "plan.dxf"), small_drawing);
+    EXPECT_EQ(contents(folder_ / "bigger.dxf"), bigger);
+    EXPECT_EQ(contents(folder_ / "same.dxf"), small_drawing);
+}
+
+}  // namespace
