@@ -15,8 +15,9 @@ void OwnerWindow::OnEnterIdle(UINT why, CWnd* dialog) {
 }
 
 void run_waiting_messages() {
+    constexpr int kMost = 1000;  // painting that stays due would go on for ever
     MSG message;
-    while (::PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE)) {
+    for (int i = 0; i < kMost && ::PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE); ++i) {
         AfxPumpMessage();
     }
 }

@@ -35,5 +35,5 @@ class OwnerWindow : public CWnd {
     void OnEnterIdle(UINT why, CWnd* dialog);
 };
 
-/// Runs what is in the thread's queue.
+/// Runs what is in the thread's queue, up to a thousand messages.
 void run_waiting_messages();
