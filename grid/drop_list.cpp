@@ -32,7 +32,7 @@ bool DropList::Prepare(CWnd& parent, const wchar_t* items, int height) {
         return false;
     }
     SendMessage(CB_RESETCONTENT);
-    SendMessage(CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), std::max(1, height - combo_frame));
+    cell_height_ = height;
     while (!rest.empty()) {
         const std::size_t end = std::min(rest.find(L'\n'), rest.size());
         const std::wstring item(rest.substr(0, end));
@@ -55,6 +55,8 @@ void DropList::begin(CellEditOwner& owner, const CString& text, UINT) {
     owner_ = &owner;
     former_ = text;
     chosen_ = false;
+    // Only now: setting the font has made the box as high as the font asks for.
+    SendMessage(CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), std::max(1, cell_height_ - combo_frame));
     const LRESULT item =
         SendMessage(CB_FINDSTRINGEXACT, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(text.GetString()));
     SendMessage(CB_SETCURSEL, static_cast<WPARAM>(item));

@@ -35,6 +35,7 @@ class DropList : public CWnd, public CellEditor {
     CellEditOwner* owner_ = nullptr;
     CString former_;
     bool chosen_ = false;
+    int cell_height_ = 0;
 };
 
 }  // namespace corvanes

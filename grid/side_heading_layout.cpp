@@ -1,6 +1,7 @@
 #include "grid/side_heading_layout.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstddef>
 
 namespace corvanes {
@@ -15,7 +16,7 @@ bool SideHeadingLayout::set_total_width(int width) {
     }
     int left = width;
     for (int& column : widths_) {
-        column = std::min(left, static_cast<int>(static_cast<double>(column) * width / total_ + 0.5));
+        column = std::min(left, static_cast<int>(std::lround(static_cast<double>(column) * width / total_)));
         left -= column;
     }
     widths_.back() += left;
