@@ -150,7 +150,7 @@ void AcDbBlockReference::write_fields(host::FieldWriter& to) const {
     to.text(2, block_.isNull() || !block_name_.empty() ? block_name_
                                                        : to.store().blocks().name(host::address_of(block_).number));
     to.point(10, position_).real(41, scale_.sx, 1.0).real(42, scale_.sy, 1.0).real(43, scale_.sz, 1.0);
-    to.angle(50, rotation_);
+    to.angle(50, rotation_, 0.0);
     for (const OwnedAttribute& attribute : attributes_) {
         to.following(attribute.record);
     }

@@ -97,6 +97,8 @@ void AcDbEntity::read_fields(const host::FieldReader& from) {
 
 void AcDbEntity::write_fields(host::FieldWriter& to) const {
     to.begin(record_type(), L"AcDbEntity");
-    to.integer(67, paper_space_ ? 1 : 0, 0).text(8, layer_).integer(62, color_, by_layer);
+    to.integer(67, paper_space_ ? 1 : 0, 0)
+        .text(8, layer_, L"0", host::Field::Presence::always)
+        .integer(62, color_, by_layer);
     to.integer(60, visibility_, AcDb::kVisible);
 }

@@ -128,7 +128,14 @@ std::vector<dxf::RecordId> EntitySelector::at_point(const AcGePoint3d& point) {
 }
 
 std::vector<dxf::RecordId> EntitySelector::in_window(const AcGePoint3d& one, const AcGePoint3d& other) {
-    return HitTest(display_list()).window(Box2::between(plan(one), plan(other)));
+    const HitTest hits(display_list());
+    const Box2 box = Box2::between(plan(one), plan(other));
+    const std::vector<dxf::RecordId> inside = hits.window(box);
+    // An entity of which nothing is seen is inside of every window, but touches none.
+    const std::vector<dxf::RecordId> touching = hits.crossing(box);
+    std::vector<dxf::RecordId> found;
+    std::set_intersection(inside.begin(), inside.end(), touching.begin(), touching.end(), std::back_inserter(found));
+    return found;
 }
 
 std::vector<dxf::RecordId> EntitySelector::crossing(const AcGePoint3d& one, const AcGePoint3d& other) {

@@ -12,11 +12,12 @@ constexpr double degrees_per_radian = 57.295779513082320876798154814105;
 
 FieldWriter::FieldWriter(const DatabaseStore& store, RecordIdentity identity) : store_(store), identity_(identity) {}
 
-FieldWriter& FieldWriter::add(int code, const dxf::Value& value, bool at_default) {
+FieldWriter& FieldWriter::add(int code, const dxf::Value& value, bool as_if_absent, Field::Presence presence) {
     Field& field = fields_.emplace_back();
     field.code = code;
     field.value = value;
-    field.at_default = at_default;
+    field.as_if_absent = as_if_absent;
+    field.presence = presence;
     return *this;
 }
 
@@ -36,35 +37,50 @@ FieldWriter& FieldWriter::subclass(std::wstring_view name) {
 }
 
 FieldWriter& FieldWriter::text(int code, std::wstring_view value) {
-    return add(code, std::wstring(value), false);
+    return add(code, std::wstring(value), value.empty());
 }
 
-FieldWriter& FieldWriter::text(int code, std::wstring_view value, std::wstring_view default_value) {
-    return add(code, std::wstring(value), value == default_value);
+FieldWriter& FieldWriter::text(int code, std::wstring_view value, std::wstring_view default_value,
+                               Field::Presence presence) {
+    return add(code, std::wstring(value), value == default_value, presence);
 }
 
 FieldWriter& FieldWriter::integer(int code, int64_t value) {
-    return add(code, value, false);
+    return add(code, value, value == 0);
 }
 
 FieldWriter& FieldWriter::integer(int code, int64_t value, int64_t default_value) {
-    return add(code, value, value == default_value);
+    return add(code, value, value == default_value, Field::Presence::if_needed);
 }
 
 FieldWriter& FieldWriter::real(int code, double value) {
-    return add(code, value, false);
+    return add(code, value, value == 0.0);
 }
 
 FieldWriter& FieldWriter::real(int code, double value, double default_value) {
-    return add(code, value, value == default_value);
+    return add(code, value, value == default_value, Field::Presence::if_needed);
 }
 
 FieldWriter& FieldWriter::angle(int code, double radians) {
-    return real(code, radians * degrees_per_radian, 0.0);
+    return add(code, radians * degrees_per_radian, radians == 0.0);
 }
 
-FieldWriter& FieldWriter::point(int code, const AcGePoint3d& point, bool at_default) {
-    return add(code, point.x, at_default).add(code + 10, point.y, at_default).add(code + 20, point.z, at_default);
+FieldWriter& FieldWriter::angle(int code, double radians, double default_radians) {
+    return add(code, radians * degrees_per_radian, radians == default_radians, Field::Presence::if_needed);
+}
+
+FieldWriter& FieldWriter::point(int code, const AcGePoint3d& point) {
+    return real(code, point.x).real(code + 10, point.y).real(code + 20, point.z);
+}
+
+FieldWriter& FieldWriter::point_if(bool needed, int code, const AcGePoint3d& point) {
+    if (needed) {
+        return this->point(code, point);
+    }
+    constexpr Field::Presence presence = Field::Presence::if_needed;
+    return add(code, point.x, true, presence)
+        .add(code + 10, point.y, true, presence)
+        .add(code + 20, point.z, true, presence);
 }
 
 FieldWriter& FieldWriter::handle(int code, uint64_t value) {
@@ -79,7 +95,7 @@ FieldWriter& FieldWriter::following(std::string_view records) {
 std::string FieldWriter::encode() const {
     dxf::RecordWriter writer(store_.drawing().manner());
     for (const Field& field : fields_) {
-        if (!field.at_default) {
+        if (!field.as_if_absent || field.presence == Field::Presence::always) {
             write_value(writer, field.code, field.value);
         }
     }

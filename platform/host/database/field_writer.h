@@ -13,11 +13,16 @@ namespace host {
 
 class DatabaseStore;
 
-/// A group by its meaning. One with its default value is not written to a new record.
+/// A group by its meaning.
 struct Field {
+    enum class Presence {
+        always,     ///< new records have it
+        if_needed,  ///< new records have it unless it has its default value
+    };
     int code = 0;
     dxf::Value value;
-    bool at_default = false;
+    bool as_if_absent = false;  ///< a record without the group means the same
+    Presence presence = Presence::always;
 };
 
 /// Who an added record is and whose.
@@ -37,15 +42,21 @@ class FieldWriter {
     FieldWriter& begin(std::wstring_view type, std::wstring_view subclass);
     /// A subclass marker; nothing in versions without them.
     FieldWriter& subclass(std::wstring_view name);
+    // With a default, what a missing group means; left out of new records where it has that value. Without one, 0 or an
+    // empty text is meant by a missing group, and new records have the group.
     FieldWriter& text(int code, std::wstring_view value);
-    FieldWriter& text(int code, std::wstring_view value, std::wstring_view default_value);
+    FieldWriter& text(int code, std::wstring_view value, std::wstring_view default_value,
+                      Field::Presence presence = Field::Presence::if_needed);
     FieldWriter& integer(int code, int64_t value);
     FieldWriter& integer(int code, int64_t value, int64_t default_value);
     FieldWriter& real(int code, double value);
     FieldWriter& real(int code, double value, double default_value);
-    /// Radians, written as degrees; 0 by default.
+    /// Radians, written as degrees.
     FieldWriter& angle(int code, double radians);
-    FieldWriter& point(int code, const AcGePoint3d& point, bool at_default = false);
+    FieldWriter& angle(int code, double radians, double default_radians);
+    FieldWriter& point(int code, const AcGePoint3d& point);
+    /// A point that new records have only where it is `needed`.
+    FieldWriter& point_if(bool needed, int code, const AcGePoint3d& point);
     FieldWriter& handle(int code, uint64_t value);
     /// Whole records that follow this one's own groups.
     FieldWriter& following(std::string_view records);
@@ -55,7 +66,8 @@ class FieldWriter {
     std::string encode() const;
 
   private:
-    FieldWriter& add(int code, const dxf::Value& value, bool at_default);
+    FieldWriter& add(int code, const dxf::Value& value, bool as_if_absent,
+                     Field::Presence presence = Field::Presence::always);
 
     const DatabaseStore& store_;
     RecordIdentity identity_;

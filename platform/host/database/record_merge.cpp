@@ -76,7 +76,7 @@ class Merge {
             last_end_ = found->end;
             std::rotate(groups_.begin() + static_cast<std::ptrdiff_t>(next_), found, found + 1);
             ++next_;
-        } else if (!identifies(field.code) && !field.at_default) {
+        } else if (!identifies(field.code) && !field.as_if_absent) {
             insert(field);
         }
     }

@@ -99,7 +99,7 @@ SelectionPrompt::Corner SelectionPrompt::ask_corner(std::wstring_view prompt, Ac
     }
     const auto point = answer.kind == Answer::line ? read_point(answer.text) : std::nullopt;
     if (!point) {
-        line_.print(L"\nInvalid point.");
+        line_.report(L"Invalid point.");
         return Corner::none;
     }
     corner = *point;
@@ -173,7 +173,7 @@ void SelectionPrompt::undo() {
 }
 
 void SelectionPrompt::refuse() {
-    line_.print(L"\n*Invalid selection*\nExpects a point or Window/Last/Crossing/BOX/ALL/Add/Remove/Previous/Undo");
+    line_.report(L"*Invalid selection*\nExpects a point or Window/Last/Crossing/BOX/ALL/Add/Remove/Previous/Undo");
 }
 
 }  // namespace host

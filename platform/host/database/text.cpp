@@ -183,8 +183,8 @@ void AcDbText::write_text_fields(host::FieldWriter& to) const {
     AcDbEntity::write_fields(to);
     const bool justified = horizontal_ != AcDb::kTextLeft || vertical_ != AcDb::kTextBase;
     to.subclass(L"AcDbText").point(10, position_).real(40, height_).text(1, text_);
-    to.angle(50, rotation_).real(41, width_factor_, 1.0).angle(51, oblique_).text(7, style_, L"Standard");
-    to.integer(72, horizontal_, AcDb::kTextLeft).point(11, justified ? alignment_ : position_, !justified);
+    to.angle(50, rotation_, 0.0).real(41, width_factor_, 1.0).angle(51, oblique_, 0.0).text(7, style_, L"Standard");
+    to.integer(72, horizontal_, AcDb::kTextLeft).point_if(justified, 11, justified ? alignment_ : position_);
 }
 
 void AcDbText::write_fields(host::FieldWriter& to) const {

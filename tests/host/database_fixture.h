@@ -1,0 +1,152 @@
+// Drawings as text for the tests of the database.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "acutads.h"
+#include "base/code_page.h"
+#include "dbapserv.h"
+#include "dbents.h"
+#include "dbobjptr.h"
+#include "dbsymtb.h"
+#include "platform/host/database/database_store.h"
+#include "platform/host/editor/command_line.h"
+
+/// "0 LINE|8 walls|10 1.5" as the groups of a drawing, codes filled up with blanks to a width.
+inline std::string groups(std::string_view text, size_t code_width = 0) {
+    std::string bytes;
+    while (!text.empty()) {
+        const std::string_view group = text.substr(0, text.find('|'));
+        text.remove_prefix(std::min(text.size(), group.size() + 1));
+        const size_t blank = group.find(' ');
+        const std::string code(group.substr(0, blank));
+        bytes += std::string(code_width - std::min(code_width, code.size()), ' ') + code + "\n";
+        bytes += std::string(blank == std::string_view::npos ? "" : group.substr(blank + 1)) + "\n";
+    }
+    return bytes;
+}
+
+/// The groups with no blanks before their codes.
+inline std::string plain(const std::string& bytes) {
+    std::string text;
+    bool code = true;
+    for (size_t at = 0; at < bytes.size(); code = !code) {
+        const size_t end = bytes.find('\n', at) + 1;
+        const size_t begin = code ? std::min(bytes.find_first_not_of(' ', at), end) : at;
+        text += bytes.substr(begin, end - begin);
+        at = end;
+    }
+    return text;
+}
+
+inline std::string section(std::string_view name, const std::string& contents) {
+    return groups("0 SECTION|2 " + std::string(name)) + contents + groups("0 ENDSEC");
+}
+
+/// A table of entries given by their groups behind code 0.
+inline std::string table(const std::string& name, const std::vector<std::string>& entries) {
+    std::string bytes = groups("0 TABLE|2 " + name + "|70 " + std::to_string(entries.size()));
+    for (const std::string& entry : entries) {
+        bytes += groups("0 " + name + "|" + entry);
+    }
+    return bytes + groups("0 ENDTAB");
+}
+
+inline std::string end_of_file() {
+    return groups("0 EOF");
+}
+
+/// An open drawing that is the working one.
+class OpenDrawing {
+  public:
+    explicit OpenDrawing(std::string bytes) {
+        dxf::Error error;
+        database_ = host::open_database_from_bytes(std::move(bytes), "test.dxf", error);
+        if (database_ == nullptr) {
+            throw std::runtime_error(error.message());
+        }
+        acdbHostApplicationServices()->setWorkingDatabase(database_.get());
+    }
+    ~OpenDrawing() { acdbHostApplicationServices()->setWorkingDatabase(nullptr); }
+    OpenDrawing(const OpenDrawing&) = delete;
+    OpenDrawing& operator=(const OpenDrawing&) = delete;
+
+    AcDbDatabase* operator->() const { return database_.get(); }
+    AcDbDatabase& operator*() const { return *database_; }
+    host::DatabaseStore& store() const { return database_->store(); }
+    dxf::Drawing& drawing() const { return database_->store().drawing(); }
+
+    /// The id of the nth record of the ENTITIES section.
+    AcDbObjectId entity(size_t index) const { return store().id_of_record(drawing().entities()[index]); }
+    AcDbObjectId block(std::wstring_view name) const {
+        return store().table_entry_named(host::TableKind::blocks, name);
+    }
+    /// The drawing as it would be saved.
+    std::string saved() const {
+        const std::filesystem::path path =
+            std::filesystem::temp_directory_path() / ("database_test_" + std::to_string(std::rand()) + ".dxf");
+        EXPECT_TRUE(drawing().save(path));
+        std::ifstream file(path, std::ios::binary);
+        std::string bytes((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
+        file.close();
+        std::filesystem::remove(path);
+        return bytes;
+    }
+
+  private:
+    std::unique_ptr<AcDbDatabase> database_;
+};
+
+/// The text, released.
+inline std::wstring take(ACHAR* text) {
+    const std::unique_ptr<ACHAR, decltype(&acad_free)> owner(text, acad_free);
+    return text == nullptr ? std::wstring(L"(null)") : std::wstring(text);
+}
+
+inline std::wstring name_of(const AcDbSymbolTableRecord& record) {
+    ACHAR* name = nullptr;
+    return record.getName(name) == Acad::eOk ? take(name) : std::wstring();
+}
+
+/// The name of a block table record by id, or the status of opening it.
+inline std::wstring block_name(AcDbObjectId id) {
+    const AcDbObjectPointer<AcDbBlockTableRecord> record(id, AcDb::kForRead);
+    return record.openStatus() == Acad::eOk ? name_of(*record) : acadErrorStatusText(record.openStatus());
+}
+
+/// Answers prompts from a list (an empty answer is Return; behind the list, cancel) and keeps what is shown.
+class ListedAnswers : public host::CommandLine {
+  public:
+    explicit ListedAnswers(std::vector<std::wstring> answers) : answers_(std::move(answers)), scope_(*this) {}
+
+    host::Answer prompt(std::wstring_view text) override {
+        shown += text;
+        if (next_ == answers_.size()) {
+            return {};
+        }
+        const std::wstring& answer = answers_[next_++];
+        return {answer.empty() ? host::Answer::return_only : host::Answer::line, answer};
+    }
+    void print(std::wstring_view text) override { shown += text; }
+    void report(std::wstring_view problem) override {
+        shown += L"\n!";
+        shown += problem;
+    }
+
+    std::wstring shown;
+
+  private:
+    std::vector<std::wstring> answers_;
+    size_t next_ = 0;
+    host::CommandLineScope scope_;
+};

@@ -1,0 +1,287 @@
+#include <algorithm>
+#include <map>
+#include <sstream>
+
+#include "tests/host/database_fixture.h"
+
+namespace {
+
+/// Two blocks, one anonymous and one with a Hebrew name in code page 1255, four references (the last one of a block
+/// that is not there), a line, a text; layer "walls" and no layer "0".
+std::string small_drawing() {
+    const std::string shalom = "\xf9\xec\xe5\xed";
+    return section("HEADER", groups("9 $ACADVER|1 AC1009|9 $DWGCODEPAGE|3 ANSI_1255")) +
+           section("TABLES", table("LAYER", {"2 walls|70 0|62 3|6 CONTINUOUS"})) +
+           section("BLOCKS", groups("0 BLOCK|8 0|2 Bolt|70 0|10 1.0|20 2.0|30 0.0|0 LINE|8 0|10 0|20 0|11 1|21 0|"
+                                    "0 INSERT|8 0|2 NUT|10 0|20 0|0 ENDBLK|0 BLOCK|8 0|2 *U7|70 1|10 0|20 0|0 ENDBLK|"
+                                    "0 BLOCK|8 0|2 Nut|70 0|10 0|20 0|0 ENDBLK|0 BLOCK|8 0|2 " +
+                                    shalom + "|70 0|10 0|20 0|0 ENDBLK")) +
+           section("ENTITIES",
+                   groups("0 INSERT|5 1A|8 walls|2 BOLT|10 5.5|20 6.5|30 7.5|41 2.0|42 3.0|43 4.0|50 90.0|"
+                          "0 INSERT|5 1B|8 walls|2 *U7|10 0|20 0|0 INSERT|5 1C|8 0|2 " +
+                          shalom +
+                          "|10 0|20 0|0 INSERT|5 1D|8 0|2 GONE|10 0|20 0|0 LINE|5 1E|8 walls|62 1|10 1|20 2|"
+                          "30 3|11 4|21 5|31 6|0 TEXT|5 1F|8 0|67 1|10 1|20 1|40 2.5|1 %%c5|0 CIRCLE|5 20|8 0|"
+                          "10 0|20 0|40 9")) +
+           end_of_file();
+}
+
+std::vector<std::wstring> block_names(const OpenDrawing& drawing) {
+    AcDbBlockTable* blocks = nullptr;
+    EXPECT_EQ(drawing->getSymbolTable(blocks, AcDb::kForRead), Acad::eOk);
+    AcDbBlockTableIterator* walk = nullptr;
+    EXPECT_EQ(blocks->newIterator(walk), Acad::eOk);
+    const std::unique_ptr<AcDbBlockTableIterator> iterator(walk);
+    std::vector<std::wstring> names;
+    for (; !iterator->done(); iterator->step()) {
+        AcDbBlockTableRecord* record = nullptr;
+        EXPECT_EQ(iterator->getRecord(record, AcDb::kForRead), Acad::eOk);
+        names.push_back(name_of(*record));
+        record->close();
+    }
+    blocks->close();
+    return names;
+}
+
+using Names = std::vector<std::wstring>;
+
+}  // namespace
+
+TEST(DatabaseObjects, OpeningFollowsTheRulesOfTheHost) {
+    const OpenDrawing drawing(small_drawing());
+    const AcDbObjectId bolt = drawing.entity(0);
+    const AcDbObjectId line = drawing.entity(4);
+    AcDbObject* object = nullptr;
+    AcDbObject* again = nullptr;
+
+    EXPECT_EQ(acdbOpenAcDbObject(object, AcDbObjectId(), AcDb::kForRead), Acad::eNullObjectId);
+    EXPECT_EQ(acdbOpenAcDbObject(object, drawing.store().id_of_record(99999), AcDb::kForRead), Acad::eUnknownHandle);
+    AcDbObjectId foreign;
+    foreign.setFromOldId(line.asOldId() + (Adesk::IntDbId{1} << 34));
+    EXPECT_EQ(acdbOpenAcDbObject(object, foreign, AcDb::kForRead), Acad::eUnknownHandle);
+    EXPECT_EQ(acdbOpenAcDbObject(object, line, AcDb::kForNotify), Acad::eInvalidInput);
+
+    AcDbLine* as_line = nullptr;
+    EXPECT_EQ(acdbOpenObject(as_line, bolt, AcDb::kForRead), Acad::eNotThatKindOfClass);
+    EXPECT_EQ(as_line, nullptr);
+    AcDbEntity* entity = nullptr;
+    EXPECT_EQ(acdbOpenAcDbEntity(entity, drawing->blockTableId(), AcDb::kForRead), Acad::eNotAnEntity);
+    EXPECT_EQ(host::open_object_count(), 0U);
+
+    // Readers share one instance; a writer is alone.
+    ASSERT_EQ(acdbOpenAcDbObject(object, line, AcDb::kForRead), Acad::eOk);
+    ASSERT_EQ(acdbOpenAcDbObject(again, line, AcDb::kForRead), Acad::eOk);
+    EXPECT_EQ(object, again);
+    EXPECT_EQ(acdbOpenAcDbObject(again, line, AcDb::kForWrite), Acad::eWasOpenForRead);
+    EXPECT_EQ(again, nullptr);
+    EXPECT_EQ(object->upgradeOpen(), Acad::eHadMultipleReaders);
+    EXPECT_EQ(object->erase(), Acad::eNotOpenForWrite);
+    EXPECT_EQ(host::open_object_report(), L"AcDbLine handle 1E open for read by 2\n");
+    EXPECT_EQ(object->close(), Acad::eOk);
+    EXPECT_EQ(AcDbLine::cast(object)->setEndPoint({}), Acad::eNotOpenForWrite);
+    EXPECT_EQ(object->downgradeOpen(), Acad::eWasNotOpenForWrite);
+    EXPECT_EQ(object->upgradeOpen(), Acad::eOk);
+    EXPECT_EQ(object->upgradeOpen(), Acad::eWasOpenForWrite);
+    EXPECT_EQ(acdbOpenAcDbObject(again, line, AcDb::kForRead), Acad::eWasOpenForWrite);
+    EXPECT_EQ(acdbOpenAcDbObject(again, line, AcDb::kForWrite), Acad::eWasOpenForWrite);
+    EXPECT_EQ(host::open_object_report(), L"AcDbLine handle 1E open for write\n");
+    EXPECT_EQ(object->erase(), Acad::eOk);
+    EXPECT_EQ(object->erase(), Acad::eWasErased);
+    EXPECT_EQ(object->close(), Acad::eOk);
+    EXPECT_EQ(host::open_object_count(), 0U);
+
+    EXPECT_EQ(acdbOpenAcDbObject(object, line, AcDb::kForRead), Acad::eWasErased);
+    ASSERT_EQ(acdbOpenAcDbObject(object, line, AcDb::kForRead, true), Acad::eOk);
+    EXPECT_EQ(object->close(), Acad::eOk);
+
+    const auto alone = std::make_unique<AcDbLine>();
+    EXPECT_EQ(alone->close(), Acad::eNotInDatabase);
+    EXPECT_EQ(alone->setEndPoint({1, 2, 3}), Acad::eOk);
+}
+
+TEST(DatabaseObjects, IdsEndWithTheirDrawing) {
+    AcDbObjectId kept;
+    ads_name name = {0, 0};
+    {
+        const OpenDrawing drawing(small_drawing());
+        kept = drawing.entity(0);
+        EXPECT_EQ(acdbGetAdsName(name, kept), Acad::eOk);
+        AcDbObjectId back;
+        EXPECT_EQ(acdbGetObjectId(back, name), Acad::eOk);
+        EXPECT_EQ(back, kept);
+        AcDbObject* left_open = nullptr;
+        EXPECT_EQ(acdbOpenAcDbObject(left_open, kept, AcDb::kForRead), Acad::eOk);
+        EXPECT_EQ(host::open_object_count(), 1U);
+    }
+    EXPECT_EQ(host::open_object_count(), 0U);
+    AcDbObject* object = nullptr;
+    EXPECT_FALSE(kept.isValid());
+    EXPECT_EQ(acdbOpenAcDbObject(object, kept, AcDb::kForRead), Acad::eUnknownHandle);
+    EXPECT_EQ(acdbGetObjectId(kept, name), Acad::eInvalidAdsName);
+    const ads_name none = {0, 0};
+    EXPECT_EQ(acdbGetObjectId(kept, none), Acad::eInvalidAdsName);
+    EXPECT_EQ(acdbGetAdsName(name, AcDbObjectId()), Acad::eNullObjectId);
+}
+
+TEST(DatabaseObjects, BlockTableHoldsTheSpacesAndEveryNamedBlock) {
+    const OpenDrawing drawing(small_drawing());
+    EXPECT_EQ(block_names(drawing), (Names{L"*Model_Space", L"*Paper_Space", L"Bolt", L"*U7", L"Nut", L"שלום"}));
+
+    AcDbBlockTable* blocks = nullptr;
+    ASSERT_EQ(drawing->getBlockTable(blocks, AcDb::kForRead), Acad::eOk);
+    EXPECT_TRUE(blocks->has(L"bOLT"));
+    EXPECT_TRUE(blocks->has(ACDB_MODEL_SPACE));
+    EXPECT_FALSE(blocks->has(L"gone"));
+    EXPECT_TRUE(blocks->has(drawing.block(L"NUT")));
+    EXPECT_FALSE(blocks->has(drawing.entity(0)));
+    AcDbBlockTableRecord* record = nullptr;
+    EXPECT_EQ(blocks->getAt(L"gone", record, AcDb::kForRead), Acad::eKeyNotFound);
+    EXPECT_EQ(static_cast<int>(Acad::eKeyNotFound), 22);
+    ASSERT_EQ(blocks->getAt(L"bolt", record, AcDb::kForRead), Acad::eOk);
+    EXPECT_EQ(record->origin(), AcGePoint3d(1, 2, 0));
+    EXPECT_EQ(record->ownerId(), drawing->blockTableId());
+    EXPECT_FALSE(record->isLayout());
+
+    AcDbBlockTableRecordIterator* walk = nullptr;
+    ASSERT_EQ(record->newIterator(walk), Acad::eOk);
+    std::unique_ptr<AcDbBlockTableRecordIterator> iterator(walk);
+    Names classes;
+    for (; !iterator->done(); iterator->step()) {
+        AcDbEntity* entity = nullptr;
+        ASSERT_EQ(iterator->getEntity(entity), Acad::eOk);
+        classes.push_back(entity->isA()->name());
+        EXPECT_EQ(entity->ownerId(), record->objectId());
+        entity->close();
+    }
+    EXPECT_EQ(classes, (Names{L"AcDbLine", L"AcDbBlockReference"}));
+    record->close();
+    blocks->close();
+}
+
+TEST(DatabaseObjects, SpacesPartTheEntitiesSection) {
+    const OpenDrawing drawing(small_drawing());
+    const std::map<std::wstring, std::string> wanted = {{L"*Model_Space", "1A 1B 1C 1D 1E 20 "},
+                                                        {L"*Paper_Space", "1F "}};
+    std::map<std::wstring, std::string> found;
+    for (const auto& [space, handles] : wanted) {
+        const AcDbObjectPointer<AcDbBlockTableRecord> record(drawing.block(space), AcDb::kForRead);
+        AcDbBlockTableRecordIterator* walk = nullptr;
+        ASSERT_EQ(record->newIterator(walk), Acad::eOk);
+        const std::unique_ptr<AcDbBlockTableRecordIterator> iterator(walk);
+        for (; !iterator->done(); iterator->step()) {
+            AcDbObjectId id;
+            iterator->getEntityId(id);
+            std::ostringstream hexadecimal;
+            hexadecimal << std::uppercase << std::hex << Adesk::UInt64{id.handle()} << " ";
+            found[space] += hexadecimal.str();
+        }
+    }
+    EXPECT_EQ(found, wanted);
+    EXPECT_EQ(drawing->currentSpaceId(), drawing.block(L"*MODEL_SPACE"));
+    drawing->setTilemode(false);
+    EXPECT_EQ(drawing->currentSpaceId(), drawing.block(L"*paper_space"));
+}
+
+TEST(DatabaseObjects, ReferencesKnowTheirBlocks) {
+    const OpenDrawing drawing(small_drawing());
+    Names names;
+    for (size_t i = 0; i < 4; ++i) {
+        AcDbBlockReference* reference = nullptr;
+        ASSERT_EQ(acdbOpenObject(reference, drawing.entity(i), AcDb::kForRead), Acad::eOk);
+        names.push_back(block_name(reference->blockTableRecord()));
+        reference->close();
+    }
+    EXPECT_EQ(names, (Names{L"Bolt", L"*U7", L"שלום", L"eNullObjectId"}));
+    EXPECT_EQ(host::open_object_count(), 0U);
+}
+
+TEST(DatabaseObjects, EntitiesReadTheirFields) {
+    const OpenDrawing drawing(small_drawing());
+    AcDbBlockReference* reference = nullptr;
+    ASSERT_EQ(acdbOpenObject(reference, drawing.entity(0), AcDb::kForRead), Acad::eOk);
+    EXPECT_EQ(reference->position(), AcGePoint3d(5.5, 6.5, 7.5));
+    EXPECT_EQ(reference->scaleFactors(), AcGeScale3d(2, 3, 4));
+    EXPECT_NEAR(reference->rotation(), 1.5707963267948966, 1e-15);
+    EXPECT_EQ(take(reference->layer()), L"walls");
+    EXPECT_EQ(reference->colorIndex(), 256);
+    // The base point (1, 2) falls on the insertion point.
+    const AcGePoint3d moved = reference->blockTransform() * AcGePoint3d(1, 3, 0);
+    EXPECT_NEAR(moved.x, 2.5, 1e-12);
+    EXPECT_NEAR(moved.y, 6.5, 1e-12);
+    reference->close();
+
+    const AcDbObjectPointer<AcDbLine> line(drawing.entity(4), AcDb::kForRead);
+    EXPECT_EQ(line->startPoint(), AcGePoint3d(1, 2, 3));
+    EXPECT_EQ(line->endPoint(), AcGePoint3d(4, 5, 6));
+    EXPECT_EQ(line->colorIndex(), 1);
+    const AcDbObjectPointer<AcDbLayerTableRecord> layer(line->layerId(), AcDb::kForRead);
+    ASSERT_EQ(layer.openStatus(), Acad::eOk);
+    EXPECT_EQ(name_of(*layer), L"walls");
+    EXPECT_EQ(layer->colorIndex(), 3);
+
+    const AcDbObjectPointer<AcDbText> text(drawing.entity(5), AcDb::kForRead);
+    EXPECT_EQ(take(text->textString()), L"%%c5");
+    EXPECT_EQ(text->height(), 2.5);
+    EXPECT_TRUE(text->isDefaultAlignment());
+
+    AcDbObjectId circle;
+    EXPECT_EQ(drawing->getAcDbObjectId(circle, false, AcDbHandle(L"20")), Acad::eOk);
+    EXPECT_EQ(circle, drawing.entity(6));
+    EXPECT_EQ(drawing->getAcDbObjectId(circle, false, AcDbHandle(L"FFFF")), Acad::eUnknownHandle);
+    const AcDbObjectPointer<AcDbEntity> other(drawing.entity(6), AcDb::kForRead);
+    EXPECT_STREQ(other->isA()->name(), L"AcDbEntity");
+    EXPECT_EQ(acrxClassNamed(L"AcDbEntity"), other->isA());
+}
+
+TEST(DatabaseObjects, ADrawingHasWhatItsFileLeavesOut) {
+    const OpenDrawing drawing(section("ENTITIES", groups("0 LINE|10 0|20 0|11 1|21 1")) + end_of_file());
+    EXPECT_EQ(block_names(drawing), (Names{L"*Model_Space", L"*Paper_Space"}));
+    const AcDbObjectPointer<AcDbLayerTableRecord> layer(drawing->clayer(), AcDb::kForRead);
+    ASSERT_EQ(layer.openStatus(), Acad::eOk);
+    EXPECT_EQ(name_of(*layer), L"0");
+    const AcDbObjectPointer<AcDbTextStyleTableRecord> style(drawing->textstyle(), AcDb::kForRead);
+    ASSERT_EQ(style.openStatus(), Acad::eOk);
+    EXPECT_EQ(name_of(*style), L"Standard");
+    EXPECT_EQ(style->objectId().handle(), AcDbHandle());
+    AcDbObject* object = nullptr;
+    EXPECT_EQ(acdbOpenAcDbObject(object, drawing->clayer(), AcDb::kForWrite), Acad::eWasOpenForRead);
+    EXPECT_EQ(layer->upgradeOpen(), Acad::eIsWriteProtected);
+}
+
+/// Counts as an independent reader of the format gives them.
+TEST(DatabaseObjects, SamplesHoldTheirBlocks) {
+    const std::filesystem::path samples = std::filesystem::path(CORVANES_SOURCE_DIR) / "samples";
+    const std::map<std::wstring, size_t> counts = {
+        {L"*U1", 1},          {L"ARMCHAIR", 3},      {L"BATHTUB", 1},     {L"BED_DOUBLE", 1},    {L"BED_SINGLE", 2},
+        {L"BOOKCASE", 3},     {L"COFFEE_TABLE", 2},  {L"COOKER", 1},      {L"COUNTER_60", 3},    {L"DESK_160", 2},
+        {L"DINING_SET", 1},   {L"DOOR_80", 2},       {L"DOOR_90", 4},     {L"ENTRANCE_DOOR", 1}, {L"FRIDGE", 1},
+        {L"KITCHEN_SINK", 1}, {L"LIGHT_CEILING", 7}, {L"NIGHT_TABLE", 2}, {L"NORTH_ARROW", 1},   {L"OFFICE_CHAIR", 2},
+        {L"PLANT", 4},        {L"ROOM_TAG", 8},      {L"SHOWER", 1},      {L"SOCKET", 12},       {L"SOFA_3_SEATS", 2},
+        {L"SPOT", 1},         {L"SWITCH", 6},        {L"TV_UNIT", 1},     {L"WASH_BASIN", 3},    {L"WC_PAN", 2},
+        {L"WINDOW_160", 10},  {L"WINDOW_60", 2},     {L"ארון_בגדים", 3},  {L"נברשת", 2}};
+    for (const char* file :
+         {"house_plan.dxf", "house_plan_r12.dxf", "house_plan_r12_binary.dxf", "house_plan_r2000.dxf"}) {
+        dxf::Error error;
+        const auto database = host::open_database(samples / file, error);
+        ASSERT_NE(database, nullptr) << error.message();
+        const auto& entities = database->store().drawing().entities();
+        std::map<std::wstring, size_t> here;
+        for (const dxf::RecordId record : entities) {
+            const AcDbObjectPointer<AcDbBlockReference> reference(database->store().id_of_record(record),
+                                                                  AcDb::kForRead);
+            if (reference.openStatus() == Acad::eOk && reference->ownerId() != database->currentSpaceId()) {
+                continue;  // the title block in paper space
+            }
+            if (reference.openStatus() == Acad::eOk) {
+                // R12 has no blanks in names.
+                std::wstring name = block_name(reference->blockTableRecord());
+                std::replace(name.begin(), name.end(), L' ', L'_');
+                ++here[name];
+            } else {
+                EXPECT_EQ(reference.openStatus(), Acad::eNotThatKindOfClass);
+            }
+        }
+        EXPECT_EQ(here, counts) << file;
+    }
+    EXPECT_EQ(host::open_object_count(), 0U);
+}
