@@ -40,6 +40,36 @@ Vec2 normal_at(const std::vector<Vec2>& line, size_t i) {
     return length > 0 ? along.left() * (1 / length) : Vec2{};
 }
 
+bool wide(const PathVertex& vertex) {
+    return vertex.start_width > 0 || vertex.end_width > 0;
+}
+
+/// Fills the gap on the outer side of a corner between two wide segments up to where their edges meet.
+void add_corner(const std::vector<Vec2>& before, const std::vector<Vec2>& after, const PathVertex& corner,
+                double width_before, const Transform3& map, PictureBuilder& out) {
+    const Vec2 at = corner.point.plan();
+    const Vec2 first = normal_at(before, before.size() - 1);
+    const Vec2 second = normal_at(after, 0);
+    const double turn = cross(first, second);
+    const double opening = 1 + dot(first, second);
+    constexpr double straight = 1e-6;
+    constexpr double sharpest = 0.2;  // sharper corners are cut off
+    if (std::fabs(turn) < straight) {
+        return;
+    }
+    const double outward = turn > 0 ? -0.5 : 0.5;
+    const Vec2 from = first * (width_before * outward);
+    const Vec2 to = second * (corner.start_width * outward);
+    std::vector<Vec2> polygon{at, at + from, at + to};
+    if (opening > sharpest && width_before == corner.start_width) {
+        polygon.insert(polygon.begin() + 2, at + (from + to) * (1 / opening));
+    }
+    for (Vec2& point : polygon) {
+        point = map({point.x, point.y, corner.point.z}).plan();
+    }
+    out.fill(polygon);
+}
+
 void add_wide_segment(const PathVertex& vertex, const PathVertex& next, const Transform3& map, PictureBuilder& out) {
     const std::vector<Vec2> line = centre_line(vertex, next);
     std::vector<Vec2> left;
@@ -69,9 +99,13 @@ void add_path(const std::vector<PathVertex>& vertices, bool closed, const Transf
     for (size_t i = 0; i < segments; ++i) {
         const PathVertex& vertex = vertices[i];
         const PathVertex& next = vertices[(i + 1) % vertices.size()];
-        if (vertex.start_width > 0 || vertex.end_width > 0) {
+        if (wide(vertex)) {
             end_run();
             add_wide_segment(vertex, next, map, out);
+            if (wide(next) && (closed || i + 1 < segments)) {
+                const PathVertex& beyond = vertices[(i + 2) % vertices.size()];
+                add_corner(centre_line(vertex, next), centre_line(next, beyond), next, vertex.end_width, map, out);
+            }
         } else if (bulged(vertex, next)) {
             end_run();
             out.arc(image(map, segment_arc(vertex, next), vertex.point.z));

@@ -3,12 +3,14 @@
 #include <algorithm>
 #include <cmath>
 
+#include "platform/host/view/text_metrics.h"
+#include "platform/host/view/text_styles.h"
+
 namespace host {
 
 namespace {
 
 constexpr int em = 256;  // of every font, in its own units: large enough that advances keep their proportions
-constexpr double usual_capital_height = 0.716;
 
 bool is_right_to_left(wchar_t character) {
     return character >= 0x590 && character < 0x900;  // Hebrew, Arabic and their neighbours
@@ -48,6 +50,13 @@ XFORM world_transform(const Affine2& to_pixels, double unit) {
     return transform;
 }
 
+/// The natural width of a line in the font that is selected, in heights of its capitals.
+double width(HDC context, const std::wstring& text, double capitals) {
+    SIZE size{};
+    GetTextExtentPoint32W(context, text.c_str(), static_cast<int>(text.size()), &size);
+    return size.cx / capitals;
+}
+
 void reset_transform(HDC context) {
     ModifyWorldTransform(context, nullptr, MWT_IDENTITY);
 }
@@ -55,7 +64,7 @@ void reset_transform(HDC context) {
 }  // namespace
 
 HFONT TextDrawer::font(const FontFace& face) {
-    GdiObject& font = fonts_[{face.family, face.bold, face.italic}];
+    GdiObject& font = fonts_[key(face)];
     if (!font) {
         font.reset(CreateFontW(-em, 0, 0, 0, face.bold ? FW_BOLD : FW_NORMAL, face.italic, FALSE, FALSE,
                                DEFAULT_CHARSET, OUT_TT_PRECIS, CLIP_DEFAULT_PRECIS, ANTIALIASED_QUALITY,
@@ -64,39 +73,39 @@ HFONT TextDrawer::font(const FontFace& face) {
     return static_cast<HFONT>(font.get());
 }
 
-double TextDrawer::capital_height(HDC context, const FontFace& face) {
-    const auto known = capital_heights_.find(face.family);
-    if (known != capital_heights_.end()) {
+const TextDrawer::Proportions& TextDrawer::proportions(HDC context, const FontFace& face) {
+    const auto known = proportions_.find(key(face));
+    if (known != proportions_.end()) {
         return known->second;
     }
+    Proportions found;
     SelectObject(context, font(face));
     GLYPHMETRICS glyph{};
     const MAT2 upright = {{0, 1}, {0, 0}, {0, 0}, {0, 1}};
-    const bool measured = GetGlyphOutlineW(context, L'H', GGO_METRICS, &glyph, 0, nullptr, &upright) != GDI_ERROR;
-    const double height = measured && glyph.gmptGlyphOrigin.y > 0 ? static_cast<double>(glyph.gmptGlyphOrigin.y) / em
-                                                                  : usual_capital_height;
-    return capital_heights_[face.family] = height;
-}
-
-double TextDrawer::width(HDC context, const TextItem& item, const FontFace& face) {
-    const double capitals = capital_height(context, face);
-    SelectObject(context, font(face));
-    SIZE size{};
-    GetTextExtentPoint32W(context, item.text.c_str(), static_cast<int>(item.text.size()), &size);
-    return size.cx / (capitals * em);
+    if (GetGlyphOutlineW(context, L'H', GGO_METRICS, &glyph, 0, nullptr, &upright) != GDI_ERROR &&
+        glyph.gmptGlyphOrigin.y > 0) {
+        found.capitals = glyph.gmptGlyphOrigin.y;
+    }
+    const std::wstring sample = L"The quick brown fox jumps over the lazy dog 0123456789";
+    if (face.family == TextStyles::usual_family) {
+        found.narrowing = std::min(1.0, estimated_width(sample) / width(context, sample, found.capitals));
+    }
+    return proportions_[key(face)] = found;
 }
 
 void TextDrawer::draw_one(HDC context, const PlacedText& text, const FontFace& face) {
     const TextItem& item = *text.item;
     reset_transform(context);
     Affine2 to_pixels = text.to_pixels;
-    if (item.fit_width > 0) {
-        const double natural = width(context, item, face);
-        to_pixels.x = to_pixels.x * (natural > 0 ? item.fit_width / natural : 1);
-    }
-    const double capitals = capital_height(context, face);
-    const XFORM transform = world_transform(to_pixels, em * capitals);
+    const Proportions& own = proportions(context, face);
     SelectObject(context, font(face));
+    if (item.fit_width > 0) {
+        const double natural = width(context, item.text, own.capitals);
+        to_pixels.x = to_pixels.x * (natural > 0 ? item.fit_width / natural : 1);
+    } else {
+        to_pixels.x = to_pixels.x * own.narrowing;
+    }
+    const XFORM transform = world_transform(to_pixels, own.capitals);
     if (SetWorldTransform(context, &transform) == 0) {
         return;  // seen from the side: nothing to draw
     }

@@ -19,15 +19,20 @@ class TextDrawer {
     void draw(HDC context, const std::vector<PlacedText>& texts, const std::vector<FontFace>& fonts);
 
   private:
+    using Key = std::tuple<std::wstring, bool, bool>;
+    static Key key(const FontFace& face) { return {face.family, face.bold, face.italic}; }
+
+    struct Proportions {
+        double capitals = 183;  ///< the height of a capital in the font's units
+        /// The usual face may be missing and shown by a wider one, which is made as narrow as lines were broken for.
+        double narrowing = 1;
+    };
     void draw_one(HDC context, const PlacedText& text, const FontFace& face);
     HFONT font(const FontFace& face);
-    /// The height of a face's capitals as a part of its em.
-    double capital_height(HDC context, const FontFace& face);
-    /// The natural width of an item in the text's own plane.
-    double width(HDC context, const TextItem& item, const FontFace& face);
+    const Proportions& proportions(HDC context, const FontFace& face);
 
-    std::map<std::tuple<std::wstring, bool, bool>, GdiObject> fonts_;  ///< by family, bold and italic
-    std::map<std::wstring, double> capital_heights_;                   ///< by family
+    std::map<Key, GdiObject> fonts_;
+    std::map<Key, Proportions> proportions_;
 };
 
 }  // namespace host

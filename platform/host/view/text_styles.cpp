@@ -7,7 +7,6 @@ namespace host {
 
 namespace {
 
-constexpr wchar_t usual_family[] = L"Arial";
 constexpr int extended_string = 1000;
 constexpr int extended_integer = 1071;
 
@@ -20,7 +19,6 @@ constexpr KnownFile known_files[] = {
     {L"verdana", L"Verdana"},       {L"tahoma", L"Tahoma"},    {L"calibri", L"Calibri"}, {L"georgia", L"Georgia"},
     {L"comic", L"Comic Sans MS"},   {L"simsun", L"SimSun"},    {L"gulim", L"Gulim"},     {L"malgun", L"Malgun Gothic"}};
 
-/// Shape fonts, and files that nothing is known about, are shown in the usual face.
 FontFace face_of_file(const std::wstring& file) {
     const std::wstring name = base::lower(file.substr(file.find_last_of(L"/\\") + 1));
     for (const KnownFile& known : known_files) {
@@ -28,7 +26,7 @@ FontFace face_of_file(const std::wstring& file) {
             return {known.family};
         }
     }
-    return {usual_family};
+    return {TextStyles::usual_family};
 }
 
 /// A TrueType style names its family in its extended data, with bold and italic as flags.
@@ -46,7 +44,7 @@ FontFace read_face(const dxf::RecordView& entry) {
 }  // namespace
 
 TextStyles::TextStyles(const dxf::Drawing& drawing) {
-    standard_.font = font_number({usual_family});
+    standard_.font = font_number({TextStyles::usual_family});
     const dxf::Table* const table = drawing.table("STYLE");
     if (table == nullptr) {
         return;

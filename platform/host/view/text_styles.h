@@ -20,6 +20,9 @@ struct TextStyle {
 
 class TextStyles {
   public:
+    /// The face that stands for shape fonts and for files that nothing is known about.
+    static constexpr wchar_t usual_family[] = L"Arial";
+
     explicit TextStyles(const dxf::Drawing& drawing);
     /// The style by name without regard to case; "Standard" for an empty or unknown one.
     const TextStyle& named(const std::wstring& name) const;
