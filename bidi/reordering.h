@@ -24,6 +24,9 @@ void ReverseIndexes(std::uint32_t* map, size_t length);
 int ReorderLevels(const wchar_t* logical, size_t length, wchar_t* visual, const Level* levels, std::uint32_t* map,
                   int left_to_right);
 
+/// Whether some character of the text is a Hebrew letter, so that its painted order may differ from the typed one.
+bool contains_right_to_left(std::wstring_view text);
+
 /// The work buffers of reordering, kept from line to line so that a call allocates only when a line is longer than all
 /// before it.
 class Reordering {

@@ -131,6 +131,24 @@ LayoutPoint caret_point(const TextModel& model, const TextView& view, const Meas
             view_block_top(model, view) + row * view.line_height};
 }
 
+ScrollPlace scroll_to_caret(const TextModel& model, const TextView& view, const MeasureText& measure, size_t gap) {
+    const int line = model.visual_line_at(gap);
+    const TextRange range = model.visual_line(line);
+    const size_t column = gap - range.start;
+    const TextPositions positions = measure(std::wstring_view(model.visual()).substr(range.start, range.length()));
+    const auto width = static_cast<std::uint32_t>(std::max(0, view.client.width()));
+    size_t first = std::min(static_cast<size_t>(view.first_visible_column), column);
+    if (positions.back() <= width) {
+        first = 0;
+    }
+    while (first < column && positions[column] - positions[first] > width) {
+        ++first;
+    }
+    const int row = std::max(0, model.line_of_row(line));
+    const int lowest_first = std::max(0, row - visible_line_count(view) + 1);
+    return {static_cast<int>(first), std::clamp(view.first_visible_line, lowest_first, row)};
+}
+
 VisibleText visible_text(const TextModel& model, const TextView& view) {
     VisibleText visible;
     const int last_row = std::min(view.first_visible_line + visible_line_count(view), model.line_count()) - 1;

@@ -82,6 +82,14 @@ int PosFromChar(const TextModel& model, const TextView& view, const MeasureText&
 /// The upper left corner of the caret at a gap between painted characters.
 LayoutPoint caret_point(const TextModel& model, const TextView& view, const MeasureText& measure, size_t gap);
 
+/// The first visible column and line with which the caret shows, as near to the present ones as can be; a line that
+/// fits whole is not scrolled.
+struct ScrollPlace {
+    int column = 0;
+    int line = 0;
+};
+ScrollPlace scroll_to_caret(const TextModel& model, const TextView& view, const MeasureText& measure, size_t gap);
+
 /// The painted lines that show, as one text, without the columns that are scrolled out; and for each of its characters,
 /// its index in the visual text.
 struct VisibleText {

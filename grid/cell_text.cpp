@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <string_view>
 
+#include "bidi/draw_bidi_text.h"
+
 namespace corvanes {
 
 void DrawCellText(CDC& dc, const RECT& rect, const wchar_t* text, COLORREF text_color, COLORREF background) {
@@ -12,6 +14,10 @@ void DrawCellText(CDC& dc, const RECT& rect, const wchar_t* text, COLORREF text_
     ::ExtTextOutW(dc.m_hDC, 0, 0, ETO_OPAQUE, &rect, L"", 0, nullptr);
     std::wstring_view rest = text != nullptr ? text : L"";
     if (rest.empty()) {
+        return;
+    }
+    const RECT inside{rect.left + cell_text_margin, rect.top, rect.right - cell_text_margin, rect.bottom};
+    if (DrawRightToLeftCell(dc.m_hDC, text, inside)) {
         return;
     }
     TEXTMETRICW metrics;

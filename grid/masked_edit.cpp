@@ -1,32 +1,40 @@
 #include "grid/masked_edit.h"
 
-using corvanes::EditEnd;
+#include "bidi/reordering.h"
 
-BEGIN_MESSAGE_MAP(CUGMaskedEdit, CEdit)
-ON_WM_KEYDOWN()
-ON_WM_CHAR()
-ON_WM_KILLFOCUS()
-ON_WM_GETDLGCODE()
-END_MESSAGE_MAP()
+using namespace corvanes;
 
-BOOL CUGMaskedEdit::PreCreateWindow(CREATESTRUCTW& creation) {
-    creation.style |= ES_AUTOHSCROLL | WS_CLIPSIBLINGS;
-    return CEdit::PreCreateWindow(creation);
+namespace {
+
+ParagraphDirection direction_of(const std::wstring& text, UINT key) {
+    const bool hebrew_keyboard = LOWORD(reinterpret_cast<ULONG_PTR>(::GetKeyboardLayout(0))) == hebrew_language;
+    const auto first = static_cast<wchar_t>(key);
+    const bool right_to_left = key != 0       ? contains_right_to_left({&first, 1})
+                               : text.empty() ? hebrew_keyboard
+                                              : contains_right_to_left(text);
+    return right_to_left ? ParagraphDirection::right_to_left : ParagraphDirection::left_to_right;
 }
 
-void CUGMaskedEdit::begin(corvanes::CellEditOwner& owner, const CString& text, UINT key) {
+}  // namespace
+
+BEGIN_MESSAGE_MAP(CUGMaskedEdit, CUGMultiEdit)
+    ON_WM_KEYDOWN()
+    ON_WM_KILLFOCUS()
+END_MESSAGE_MAP()
+
+void CUGMaskedEdit::begin(CellEditOwner& owner, const CString& text, UINT key) {
     owner_ = &owner;
-    SetWindowText(text);
-    SetSel(0, -1);
+    SetLocked(true);
+    SetDirection(direction_of(text.GetString(), key));
+    ResetText(text, 1);
+    SelectAll();
     if (key != 0) {
-        SendMessage(WM_CHAR, key, 1);
+        TypeFirstCharacter(static_cast<wchar_t>(key));
     }
 }
 
 CString CUGMaskedEdit::text() const {
-    CString text;
-    GetWindowText(text);
-    return text;
+    return TypedText().c_str();
 }
 
 void CUGMaskedEdit::end() {
@@ -39,24 +47,13 @@ void CUGMaskedEdit::OnKeyDown(UINT key, UINT repeat, UINT flags) {
     } else if (owner_ != nullptr && key == VK_ESCAPE) {
         owner_->end_edit(EditEnd::cancel, key);
     } else {
-        CEdit::OnKeyDown(key, repeat, flags);
-    }
-}
-
-void CUGMaskedEdit::OnChar(UINT character, UINT repeat, UINT flags) {
-    // The characters of the keys above would only make the control beep.
-    if (character != L'\r' && character != L'\t' && character != VK_ESCAPE) {
-        CEdit::OnChar(character, repeat, flags);
+        CUGMultiEdit::OnKeyDown(key, repeat, flags);
     }
 }
 
 void CUGMaskedEdit::OnKillFocus(CWnd* next) {
-    CEdit::OnKillFocus(next);
+    CUGMultiEdit::OnKillFocus(next);
     if (owner_ != nullptr) {
         owner_->end_edit(EditEnd::commit, 0);
     }
-}
-
-UINT CUGMaskedEdit::OnGetDlgCode() {
-    return DLGC_WANTALLKEYS | DLGC_WANTCHARS | DLGC_HASSETSEL;
 }

@@ -1,0 +1,33 @@
+// Painting of reordered text, character by character.
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+#include <string_view>
+
+#include "bidi/text_layout.h"
+
+namespace corvanes {
+
+LayoutRect layout_rect(const RECT& rect);
+
+/// What to paint for character `index` of a painted text: itself, a whole surrogate pair in its right order for the
+/// first half that is painted, nothing for the other half.
+std::wstring painted_glyph(std::wstring_view text, size_t index);
+
+/// Paints characters at their places with the font, colours and background mode of `dc`.
+void paint_characters(HDC dc, std::wstring_view text, const TextLayout& layout);
+
+/// Paints a block of lines in the colours and the font of `dc`; where each character goes is told at lay_out_text. With
+/// `reorder` the text is a typed one and is reordered first, else it is a painted one. The outputs, which may be null,
+/// take the number of lines and the length of the longest. Returns the number of lines, 0 for an empty text, -1 when
+/// memory runs out, the reordering fails or the text has no width; then nothing is painted.
+int DrawBidiText(HDC dc, const wchar_t* text, const RECT& rect, int* line_count, int* longest_line, unsigned alignment,
+                 int left_to_right, int reorder);
+
+/// Paints a typed text into a cell: one that holds Hebrew from the right edge and centred upright, cut off at the
+/// rectangle. False, with nothing painted, for a text without Hebrew, which any other painter does as well.
+bool DrawRightToLeftCell(HDC dc, const wchar_t* text, const RECT& rect);
+
+}  // namespace corvanes
