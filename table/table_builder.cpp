@@ -113,16 +113,16 @@ void append_attribute_definition(AcDbBlockTableRecord& block, const TableText& t
     definition->setVerifiable(false);
     definition->setPreset(false);
     switch (text.alignment) {
-        case TextAlignment::left:
+        case CellAlignment::left:
             definition->setHorizontalMode(AcDb::kTextLeft);
             definition->setPosition(point_of(text.position));
             break;
-        case TextAlignment::centre:
+        case CellAlignment::centre:
             definition->setHorizontalMode(AcDb::kTextCenter);
             definition->setPosition(point_of(text.position));
             definition->setAlignmentPoint(point_of(text.alignment_point));
             break;
-        case TextAlignment::right:
+        case CellAlignment::right:
             definition->setHorizontalMode(AcDb::kTextRight);
             definition->setAlignmentPoint(point_of(text.alignment_point));
             break;

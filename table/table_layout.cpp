@@ -32,20 +32,20 @@ class TableComposer {
 
     void add_horizontal_rule(double y) { add_rule({0, y}, {table_.total_width(), y}); }
 
-    void add_text(std::wstring tag, const std::wstring& text, int column, TextAlignment alignment,
+    void add_text(std::wstring tag, const std::wstring& text, int column, CellAlignment alignment,
                   TablePoint position) {
         const double left = table_.columnLeft(column) + cell_margin;
         const double right = table_.columnLeft(column + 1) - cell_margin;
         TableText item{std::move(tag), text, alignment, position, {}};
         switch (alignment) {
-            case TextAlignment::left:
+            case CellAlignment::left:
                 item.position.x = left;
                 break;
-            case TextAlignment::centre:
+            case CellAlignment::centre:
                 item.position.x = left;
                 item.alignment_point = {(left + right) / 2, position.y};
                 break;
-            case TextAlignment::right:
+            case CellAlignment::right:
                 item.position.x = right;
                 item.alignment_point = item.position;
                 break;
@@ -83,11 +83,11 @@ bool has_hebrew_letter(const std::wstring& text, const std::function<int(wchar_t
     });
 }
 
-TextAlignment alignment_of(int column, bool right_to_left) {
+CellAlignment alignment_of(int column, bool right_to_left) {
     if (column == name_column || (column == description_column && !right_to_left)) {
-        return TextAlignment::left;
+        return CellAlignment::left;
     }
-    return TextAlignment::right;
+    return CellAlignment::right;
 }
 
 }  // namespace
@@ -117,7 +117,7 @@ TableLayout lay_out_table(const std::vector<ReportCells>& rows, bool show_prices
     for (int column = 0; column < report_columns; ++column) {
         if (composer.shown(column)) {
             const std::wstring title = report_headings[static_cast<size_t>(column)];
-            composer.add_text(tags[static_cast<size_t>(column)], title, column, TextAlignment::centre,
+            composer.add_text(tags[static_cast<size_t>(column)], title, column, CellAlignment::centre,
                               {table.centredTextX(title.size(), column), 0});
         }
     }

@@ -20,13 +20,13 @@ struct TableRule {
     TablePoint end;
 };
 
-enum class TextAlignment { left = 0, centre = 1, right = 2 };
+enum class CellAlignment { left = 0, centre = 1, right = 2 };
 
 /// One cell's text; it becomes an attribute definition.
 struct TableText {
     std::wstring tag;
     std::wstring text;
-    TextAlignment alignment = TextAlignment::left;
+    CellAlignment alignment = CellAlignment::left;
     TablePoint position;         ///< where the text begins; only a first guess for right-aligned texts
     TablePoint alignment_point;  ///< the middle or the right end of the baseline; unused for left-aligned texts
 };

@@ -32,7 +32,7 @@ std::string printed(const corvanes::TableLayout& layout) {
         const auto& text = layout.texts[item.index];
         out << std::string(text.tag.begin(), text.tag.end()) << ' ' << "LCR"[static_cast<int>(text.alignment)] << ' '
             << text.position.x << ',' << text.position.y;
-        if (text.alignment != corvanes::TextAlignment::left) {
+        if (text.alignment != corvanes::CellAlignment::left) {
             out << ' ' << text.alignment_point.x << ',' << text.alignment_point.y;
         }
         out << '\n';
