@@ -7,7 +7,7 @@ namespace host {
 namespace {
 
 /// Half the length at which an endless line is cut: beyond any drawing, within exact arithmetic.
-constexpr double endless = 1e12;
+constexpr double endless = 1e10;
 
 Arc circle_arc(const EntityScope& scope, double start, double sweep) {
     const Transform3 map = scope.object_space();

@@ -124,10 +124,12 @@ std::vector<dxf::RecordId> HitTest::window(const Box2& box) const {
             --first;
         }
         bool whole = true;
+        bool seen = false;
         for (next = first; next < all.size() && all[next].entity == all[number].entity; ++next) {
             whole = whole && inside(list_.top, all[next], placing, box);
+            seen = seen || touches(list_.top, all[next], placing, box);
         }
-        if (whole && placing.surroundings.shows(all[number])) {
+        if (whole && seen) {
             found.push_back(all[number].entity);
         }
     }

@@ -1,0 +1,26 @@
+// Small drawings for tests, and what their display lists show as text.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "platform/host/view/display_list.h"
+
+namespace host {
+
+/// A drawing from sections written as "code value" groups with "|" between them; the "0 EOF" is added.
+std::unique_ptr<dxf::Drawing> drawing_of(const std::string& groups);
+
+/// Wraps entities, blocks or tables in their section.
+std::string entities(const std::string& groups);
+std::string blocks(const std::string& groups);
+std::string tables(const std::string& groups);
+/// A block with its base point at the origin, and a LAYER entry.
+std::string block(const std::string& name, const std::string& groups);
+std::string layer(const std::string& name, int colour, int flags = 0);
+
+/// One line for each primitive that is seen, block references resolved: kind, colour and world coordinates.
+std::string described(const DisplayList& list);
+std::string described(const std::string& groups);
+
+}  // namespace host

@@ -1,0 +1,160 @@
+#include "platform/host/view/list_painter.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/view/described_list.h"
+
+namespace host {
+
+namespace {
+
+/// A small picture of a drawing: "." for the background, "#" for the foreground, and letters for other colours.
+class Painting {
+  public:
+    Painting(int width, int height, const std::string& groups)
+        : view(width, height), drawing_(drawing_of(groups)), list(DisplayList::build(*drawing_)) {
+        view.show({{0, 0}, {static_cast<double>(width), static_cast<double>(height)}});
+    }
+
+    std::string paint(PaintColours colours = {}, const EntitySet& highlighted = {}) {
+        std::vector<uint32_t> pixels(static_cast<size_t>(view.width()) * static_cast<size_t>(view.height()));
+        Raster raster(pixels.data(), view.width(), view.height());
+        ListPainter painter(list, view, raster);
+        painter.paint(colours, highlighted);
+        texts = painter.texts().size();
+        std::string picture = "\n";
+        for (int y = 0; y < view.height(); ++y) {
+            for (int x = 0; x < view.width(); ++x) {
+                picture += letter(raster.at(x, y), colours);
+            }
+            picture += "\n";
+        }
+        return picture;
+    }
+
+    dxf::RecordId entity(size_t index) const { return drawing_->entities()[index]; }
+
+    ViewTransform view;
+    size_t texts = 0;
+
+  private:
+    static char letter(uint32_t colour, const PaintColours& colours) {
+        return colour == colours.background     ? '.'
+               : colour == colours.foreground() ? '#'
+               : colour == 0xFF0000             ? 'r'
+               : colour == 0x00FF00             ? 'g'
+                                                : '?';
+    }
+    std::unique_ptr<dxf::Drawing> drawing_;
+
+  public:
+    DisplayList list;
+};
+
+}  // namespace
+
+TEST(ListPainter, PaintsLinesAreasAndDots) {
+    Painting painting(12, 8,
+                      entities("0 SOLID|8 0|62 1|10 1|20 1|11 5|21 1|12 1|22 4|13 5|23 4|"
+                               "0 LINE|8 0|10 0.5|20 7.5|11 11.5|21 7.5|"
+                               "0 LINE|8 0|62 3|10 11.5|20 6.5|11 11.5|21 0.5|"
+                               "0 LINE|8 0|10 6.5|20 5.5|11 9.5|21 2.5|"
+                               "0 POINT|8 0|10 8.5|20 0.5"));
+    EXPECT_EQ(
+        "\n"
+        "############\n"
+        "...........g\n"
+        "......#....g\n"
+        ".......#...g\n"
+        ".rrrrr..#..g\n"
+        ".rrrrr...#.g\n"
+        ".rrrrr.....g\n"
+        ".rrrrr..#..g\n",
+        painting.paint());
+    EXPECT_EQ(painting.paint({0x000000}), painting.paint({0xFFFFFF})) << "colour 7 is black on white";
+    EXPECT_EQ('#', painting.paint({0xFF0000})[1 + 13 * 5 + 3]) << "what would vanish in the background does not";
+}
+
+TEST(ListPainter, CutsOffAtTheEdgesAndZoomsAboutAPoint) {
+    Painting painting(8, 4,
+                      entities("0 LINE|8 0|10 -1000000|20 2.5|11 1000000|21 2.5|"
+                               "0 LINE|8 0|10 4.5|20 1000000000|11 4.5|21 -1000000000"));
+    EXPECT_EQ(
+        "\n"
+        "....#...\n"
+        "########\n"
+        "....#...\n"
+        "....#...\n",
+        painting.paint());
+    painting.view.zoom_about({4.5, 1.5}, 1000);
+    EXPECT_EQ("\n....#...\n########\n....#...\n....#...\n", painting.paint());
+    painting.view.pan({2, 1});
+    EXPECT_EQ("\n......#.\n......#.\n########\n......#.\n", painting.paint());
+}
+
+TEST(ListPainter, DashesWhatIsHighlighted) {
+    Painting painting(16, 3,
+                      entities("0 LINE|8 0|10 0.5|20 2.5|11 15.5|21 2.5|0 LINE|8 0|10 0.5|20 0.5|11 15.5|21 0.5"));
+    EXPECT_EQ(
+        "\n"
+        "################\n"
+        "................\n"
+        "####....####....\n",
+        painting.paint({}, {painting.entity(1)}));
+}
+
+TEST(ListPainter, ShowsSmallThingsAsDots) {
+    const std::string leaf = blocks(block("LEAF", "0 LINE|8 0|10 0|20 0|11 1|21 1|0 TEXT|8 0|10 0|20 0|40 1|1 x"));
+    Painting painting(4, 2,
+                      leaf + entities("0 INSERT|8 0|62 1|2 LEAF|10 1.5|20 1.5|41 0.1|42 0.1|43 0.1|"
+                                      "0 CIRCLE|8 0|62 3|10 3.5|20 0.5|40 0.1"));
+    EXPECT_EQ("\n.#..\n...g\n", painting.paint());
+    EXPECT_EQ(0U, painting.texts);
+    painting.view.zoom_about({1.5, 0.5}, 100);
+    painting.paint();
+    EXPECT_EQ(1U, painting.texts);
+}
+
+TEST(ListPainter, FillsWithHolesByTheEvenOddRule) {
+    Painting painting(8, 6,
+                      entities("0 HATCH|8 0|10 0|20 0|30 0|2 SOLID|70 1|91 2|"
+                               "92 2|72 0|73 1|93 4|10 1|20 0|10 7|20 0|10 7|20 6|10 1|20 6|97 0|"
+                               "92 2|72 0|73 1|93 4|10 3|20 2|10 5|20 2|10 5|20 4|10 3|20 4|97 0|75 0|76 1|98 0"));
+    EXPECT_EQ(
+        "\n"
+        ".######.\n"
+        ".######.\n"
+        ".##..##.\n"
+        ".##..##.\n"
+        ".######.\n"
+        ".######.\n",
+        painting.paint());
+}
+
+TEST(ListPainter, ComesToAnEndWithBlocksNestedLikeABomb) {
+    std::string bomb = block("B0", "0 LINE|8 0|10 0|20 0|11 8|21 8");
+    for (int level = 1; level < 40; ++level) {
+        const std::string inner = "0 INSERT|8 0|2 B" + std::to_string(level - 1) + "|10 0|20 0";
+        bomb += "|" + block("B" + std::to_string(level), inner + "|" + inner + "|" + inner);
+    }
+    Painting painting(8, 8, blocks(bomb) + entities("0 INSERT|8 0|2 B39|10 0|20 0"));
+    EXPECT_NE(std::string::npos, painting.paint().find('#'));
+}
+
+TEST(ViewTransform, ShowsBoxesWholeAndGoesBothWays) {
+    ViewTransform view(200, 100);
+    view.show({{10, 10}, {30, 30}}, 0.25);
+    EXPECT_DOUBLE_EQ(100 / 30.0, view.pixels_per_unit());
+    EXPECT_EQ((Vec2{100, 50}), view.to_pixel({20, 20}));
+    EXPECT_NEAR(0, view.to_pixel({20, 35}).y, 1e-9);
+    const Vec2 there = view.to_world({17, 83});
+    EXPECT_NEAR(17, view.to_pixel(there).x, 1e-9);
+    EXPECT_NEAR(83, view.to_pixel(there).y, 1e-9);
+    EXPECT_DOUBLE_EQ(60, view.visible().width());
+    view.show({});
+    view.show({{5, 5}, {5, 5}});  // a point goes to the centre
+    EXPECT_DOUBLE_EQ(100 / 30.0, view.pixels_per_unit());
+    EXPECT_EQ((Vec2{5, 5}), view.centre());
+}
+
+}  // namespace host

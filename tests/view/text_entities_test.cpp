@@ -1,0 +1,75 @@
+#include <gtest/gtest.h>
+
+#include "platform/host/view/text_metrics.h"
+#include "tests/view/described_list.h"
+
+namespace host {
+
+namespace {
+
+const std::string styles = tables(
+    "0 TABLE|2 STYLE|70 2|0 STYLE|2 Standard|70 0|40 0|41 1|50 0|71 0|3 txt|"
+    "0 STYLE|2 NARROW|70 0|40 0|41 0.5|50 45|71 2|3 arial.ttf|0 ENDTAB");
+
+}  // namespace
+
+TEST(TextEntities, OfOneLineAreJustified) {
+    const std::string text = "0 TEXT|8 0|10 10|20 10|40 2|1 Ab|11 30|21 10|";
+    EXPECT_EQ(
+        "------ text \"Ab\" left 10,10 x 2,0 y 0,2\n"
+        "------ text \"Ab\" centre 30,10 x 2,0 y 0,2\n"
+        "------ text \"Ab\" right 30,8 x 2,0 y 0,2\n"
+        "------ text \"Ab\" left 30,9 x 2,0 y 0,2\n"
+        "------ text \"Ab\" centre 30,9 x 2,0 y 0,2\n"
+        // Fit between two points, whatever rotation is said.
+        "------ text \"Ab\" left 10,10 x 2,0 y 0,2 fit 10\n"
+        // Turned by 90 degrees: the upper left corner is where the line's top is.
+        "------ text \"Ab\" left 32,10 x 0,2 y -2,0\n",
+        described(styles + entities(text + text + "72 1|" + text + "72 2|73 3|" + text + "73 2|" + text + "72 4|" +
+                                    text + "72 5|50 33|" + text + "73 3|50 90")));
+}
+
+TEST(TextEntities, TakeWidthSlantAndMirroringFromTheStyle) {
+    EXPECT_EQ(
+        // Backward by the style; upside down by the text itself, which then is not backward.
+        "------ text \"A\" left 1,1 x -1,0 y 2,2\n"
+        "------ text \"A\" left 1,1 x 6,0 y 0,-2\n"
+        "------ text \"A\" left -1,1 x -2,0 y 0,2\n",
+        described(styles + entities("0 TEXT|8 0|10 1|20 1|40 2|1 A|7 narrow|"
+                                    "0 TEXT|8 0|10 1|20 1|40 2|1 A|7 NARROW|41 3|51 0|71 4|"
+                                    "0 TEXT|8 0|10 1|20 1|40 2|1 A|210 0|220 0|230 -1")));
+}
+
+TEST(TextEntities, OfParagraphsStackTheirLines) {
+    const std::string paragraphs = "0 MTEXT|8 0|10 5|20 100|40 3|1 one\\Ptwo\\Pthree|";
+    EXPECT_EQ(
+        "------ text \"one\" left 5,97 x 3,0 y 0,3\n"
+        "------ text \"two\" left 5,92 x 3,0 y 0,3\n"
+        "------ text \"three\" left 5,87 x 3,0 y 0,3\n"
+        "------ text \"one\" centre 5,103.5 x 3,0 y 0,3\n"
+        "------ text \"two\" centre 5,98.5 x 3,0 y 0,3\n"
+        "------ text \"three\" centre 5,93.5 x 3,0 y 0,3\n"
+        // At the lower right, turned upwards by its direction, with lines twice as far apart.
+        "------ text \"one\" right -15,100 x 0,3 y -3,0\n"
+        "------ text \"two\" right -5,100 x 0,3 y -3,0\n"
+        "------ text \"three\" right 5,100 x 0,3 y -3,0\n",
+        described(styles +
+                  entities(paragraphs + paragraphs + "71 5|" + paragraphs + "71 9|44 2|50 30|11 0|21 1|31 0")));
+}
+
+TEST(TextEntities, OfParagraphsBreakAtTheirWidthAndTakeTheirFirstFormat) {
+    EXPECT_EQ(
+        "ff0000 text \"alpha beta\" left 0,-2 x 2,0 y 0,2\n"
+        "ff0000 text \"gamma\" left 0,-5.333 x 2,0 y 0,2\n"
+        "ff0000 text \"extraordinarily\" left 0,-8.667 x 2,0 y 0,2\n"
+        "ff0000 text \"long\" left 0,-12 x 2,0 y 0,2\n"
+        // The long text comes in pieces; the second colour is the default again.
+        "------ text \"piece after piece\" left 0,0 x 1,0 y 0,1\n",
+        described(styles +
+                  entities("0 MTEXT|8 0|10 0|20 0|40 1|41 16|1 {\\H2x;\\C1;alpha beta gamma extraordinarily} long|"
+                           "0 MTEXT|8 0|10 0|20 1|40 1|3 piece after|1  piece")));
+    EXPECT_GT(estimated_width(L"alpha beta gamma"), 8);
+    EXPECT_LT(estimated_width(L"alpha beta"), 8);
+}
+
+}  // namespace host
