@@ -243,13 +243,17 @@ TEST_F(Program, EndsAScriptThatHangs) {
 TEST_F(Program, SavesOnlyWhatChanged) {
     const Outcome outcome =
         run("QSAVE\n"
-            "SETVAR\nTEXTSIZE\n9.25\nSAVEAS\nbigger\n"
-            "SETVAR\nTEXTSIZE\n3.5\nSAVEAS\nsame.dxf\n");
+            "SETVAR\nTEXTSIZE\n9.25\nSAVEAS\nbigger\nQUIT\n");
     EXPECT_EQ(outcome.status, 0u) << outcome.said;
+    const Outcome next =
+        run("SETVAR\nTEXTSIZE\n8\nQSAVE\nSETVAR\nTEXTSIZE\n7\nQSAVE\n"
+            "SETVAR\nTEXTSIZE\n3.5\nSAVEAS\nsame.dxf\n");
+    EXPECT_EQ(next.status, 0u) << next.said;
     std::string bigger = small_drawing;
     bigger.replace(bigger.find("3.5"), 3, "9.25");
-    EXPECT_EQ(contents(folder_ / "plan.dxf"), small_drawing);
     EXPECT_EQ(contents(folder_ / "bigger.dxf"), bigger);
+    bigger.replace(bigger.find("9.25"), 4, "7.0");
+    EXPECT_EQ(contents(folder_ / "plan.dxf"), bigger);
     EXPECT_EQ(contents(folder_ / "same.dxf"), small_drawing);
 }
 

@@ -72,10 +72,10 @@ class TestDialog : public CDialog {
 };
 
 BEGIN_MESSAGE_MAP(TestDialog, CDialog)
-ON_BN_CLICKED(IDC_ECHO, &ThisClass::echo)
-ON_BN_CLICKED(IDC_ASK_FILE, &ThisClass::ask_file)
-ON_BN_CLICKED(IDC_ALERT, &ThisClass::alert)
-ON_BN_CLICKED(IDC_QUESTION, &ThisClass::question)
+    ON_BN_CLICKED(IDC_ECHO, &ThisClass::echo)
+    ON_BN_CLICKED(IDC_ASK_FILE, &ThisClass::ask_file)
+    ON_BN_CLICKED(IDC_ALERT, &ThisClass::alert)
+    ON_BN_CLICKED(IDC_QUESTION, &ThisClass::question)
 END_MESSAGE_MAP()
 
 void show_dialog() {

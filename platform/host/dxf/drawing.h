@@ -70,6 +70,8 @@ class Drawing {
 
     // Edits. Bytes come from a RecordWriter of manner(), one whole record with its sub-records each.
     bool edited() const { return !edits_.empty(); }
+    /// How many edits were made since the drawing was opened: tells whether there are some after a certain moment.
+    uint64_t edits_made() const { return edits_.made(); }
     /// Whether new records need handles: R13 and later always, R12 where the drawing uses them.
     bool uses_handles() const;
     /// A handle that the drawing does not use; 0 when it uses none. $HANDSEED follows at save().

@@ -12,6 +12,7 @@ uint64_t EditList::add_piece(std::string bytes, uint64_t anchor) {
 }
 
 Place EditList::insert_before(Place place, std::string bytes) {
+    ++made_;
     const uint64_t anchor = place.added() ? anchors_[place.number()] : place.number();
     const uint64_t added = add_piece(std::move(bytes), anchor);
     std::vector<uint64_t>& before = edits_[anchor].before;
@@ -26,6 +27,7 @@ Place EditList::insert_before(Place place, std::string bytes) {
 }
 
 Place EditList::replace(Place place, uint64_t length, std::string bytes) {
+    ++made_;
     if (place.added()) {
         pieces_[place.number()] = std::move(bytes);
         return place;
@@ -38,6 +40,7 @@ Place EditList::replace(Place place, uint64_t length, std::string bytes) {
 }
 
 void EditList::erase(Place place, uint64_t length) {
+    ++made_;
     if (place.added()) {
         pieces_[place.number()].clear();
     } else {

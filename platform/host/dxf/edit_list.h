@@ -18,6 +18,8 @@ namespace dxf {
 class EditList {
   public:
     bool empty() const { return edits_.empty(); }
+    /// How many edits were made in all; it never goes back.
+    uint64_t made() const { return made_; }
 
     /// Adds `bytes` directly before a place of the original or before another piece, after all that was put there
     /// before it. Returns the new piece's place.
@@ -66,6 +68,7 @@ class EditList {
     std::map<uint64_t, Edit> edits_;  ///< by original offset
     std::deque<std::string> pieces_;
     std::vector<uint64_t> anchors_;  ///< by piece: the original offset under which it stands
+    uint64_t made_ = 0;
 };
 
 }  // namespace dxf

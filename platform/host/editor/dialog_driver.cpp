@@ -74,7 +74,7 @@ void DialogDriver::step() {
     if (run_.failed()) {
         close(*dialog);
     } else if (!keys_.empty()) {
-        keys_.post_next_group(keyboard_target(*dialog));
+        keys_.post_next(keyboard_target(*dialog));
     } else {
         drive(*dialog);
     }

@@ -34,7 +34,7 @@ dxf::Drawing& Document::drawing() const {
 }
 
 bool Document::changed() const {
-    return drawing().edited();
+    return drawing().edits_made() != edits_saved_;
 }
 
 std::wstring Document::save(const std::filesystem::path& path) {
@@ -42,6 +42,7 @@ std::wstring Document::save(const std::filesystem::path& path) {
     if (!status) {
         return path.wstring() + L" could not be saved: " + base::wide_from_utf8(status.reason);
     }
+    edits_saved_ = drawing().edits_made();
     set_path(path);
     return {};
 }

@@ -1,6 +1,7 @@
 // One open drawing: its file, its database, its locks.
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <memory>
 #include <string>
@@ -51,6 +52,7 @@ class Document final : public AcApDocument {
     std::wstring file_name_;
     std::wstring title_;
     std::vector<AcAp::DocLockMode> locks_;
+    uint64_t edits_saved_ = 0;
     std::unique_ptr<AcDbDatabase> database_;
 };
 

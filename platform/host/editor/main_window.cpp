@@ -44,6 +44,7 @@ void MainWindow::create_children() {
         return made;
     };
     history_ = child(L"EDIT", WS_EX_CLIENTEDGE, WS_VSCROLL | ES_MULTILINE | ES_READONLY | ES_AUTOVSCROLL);
+    SendMessageW(history_, EM_SETLIMITTEXT, 0, 0);  // append_history keeps its own limit
     prompt_ = child(L"STATIC", 0, SS_LEFTNOWORDWRAP | SS_NOPREFIX | SS_CENTERIMAGE);
     line_ = child(L"EDIT", WS_EX_CLIENTEDGE, ES_AUTOHSCROLL);
 }

@@ -84,26 +84,24 @@ void TypedKeys::add_text(const std::wstring& text) {
     }
 }
 
-void TypedKeys::post_next_group(HWND window) {
+void TypedKeys::post_next(HWND window) {
     release_modifiers();
-    const unsigned modifiers = strokes_.front().modifiers;
-    const bool alt_alone = (modifiers & DialogAction::alt) != 0 && (modifiers & DialogAction::control) == 0;
-    hold_modifiers(modifiers);
+    const Stroke stroke = strokes_.front();
+    strokes_.pop_front();
+    if (stroke.virtual_key == 0) {
+        PostMessageW(window, WM_CHAR, stroke.character, 1);
+        return;
+    }
+    const bool alt_alone =
+        (stroke.modifiers & DialogAction::alt) != 0 && (stroke.modifiers & DialogAction::control) == 0;
+    hold_modifiers(stroke.modifiers);
     for (const ModifierKey& key : modifier_keys) {
-        if ((modifiers & key.bit) != 0) {
+        if ((stroke.modifiers & key.bit) != 0) {
             post_key(window, key.virtual_key, true, alt_alone);
         }
     }
-    while (!strokes_.empty() && strokes_.front().modifiers == modifiers) {
-        const Stroke stroke = strokes_.front();
-        strokes_.pop_front();
-        if (stroke.virtual_key == 0) {
-            PostMessageW(window, WM_CHAR, stroke.character, 1);
-        } else {
-            post_key(window, stroke.virtual_key, true, alt_alone);
-            post_key(window, stroke.virtual_key, false, alt_alone);
-        }
-    }
+    post_key(window, stroke.virtual_key, true, alt_alone);
+    post_key(window, stroke.virtual_key, false, alt_alone);
 }
 
 void TypedKeys::hold_modifiers(unsigned modifiers) {

@@ -16,8 +16,9 @@ void post_drag(HWND window, POINT from, POINT to);
 /// In the middle of the window's client area.
 void post_click_in_middle(HWND window);
 
-/// Keys that a script types. Modifier keys are a state of the whole thread, so that keys with different modifiers go
-/// out one group after another, each when the one before was handled.
+/// Keys that a script types. They go out one by one, each when the one before was handled: it may have moved the focus,
+/// and the character that it gives comes only after the keys that are posted already. Modifier keys are a state of the
+/// whole thread.
 class TypedKeys {
   public:
     ~TypedKeys() { release_modifiers(); }
@@ -28,8 +29,8 @@ class TypedKeys {
     void add_text(const std::wstring& text);
 
     bool empty() const { return strokes_.empty(); }
-    /// Posts the next group to the window, with the modifiers held until the next call or release_modifiers().
-    void post_next_group(HWND window);
+    /// Posts the next key to the window, with its modifiers held until the next call or release_modifiers().
+    void post_next(HWND window);
     void release_modifiers();
 
   private:

@@ -107,22 +107,25 @@ bool take_arguments(DialogAction& action, const ActionForm& form, const std::vec
 
 /// Fills the line's action; the reason when it cannot.
 std::wstring parse_action(ScriptLine& line) {
-    const std::optional<std::vector<ScriptWord>> words = split_script_words(line.text);
-    if (!words) {
-        return L"a quoted text is not closed";
-    }
+    const std::wstring name = line.text.substr(0, line.text.find_first_of(L" \t"));
     for (const ActionForm& form : action_forms) {
-        if (words->front().text == form.name) {
-            DialogAction action;
-            action.kind = form.kind;
-            if (!take_arguments(action, form, *words)) {
-                return L"expected " + std::wstring(form.usage);
-            }
-            line.action = std::move(action);
-            return {};
+        if (name != form.name) {
+            continue;
         }
+        DialogAction action;
+        action.kind = form.kind;
+        const Escapes escapes = action.kind == DialogAction::picture ? Escapes::none : Escapes::taken;
+        const std::optional<std::vector<ScriptWord>> words = split_script_words(line.text, escapes);
+        if (!words) {
+            return L"a quoted text is not closed";
+        }
+        if (!take_arguments(action, form, *words)) {
+            return L"expected " + std::wstring(form.usage);
+        }
+        line.action = std::move(action);
+        return {};
     }
-    return L"unknown action " + words->front().text;
+    return L"unknown action " + name;
 }
 
 }  // namespace

@@ -20,7 +20,7 @@ struct DialogAction {
         drag_border,        ///< @drag-border COLUMN PIXELS: the right border of the column's heading
         type,               ///< @type "text"
         key,                ///< @key [CTRL+][SHIFT+][ALT+]NAME
-        picture,            ///< @picture "file.png"
+        picture,            ///< @picture "file.png": here backslashes are themselves
         expect_text,        ///< @expect-text ID "text"
         close,              ///< @close: the title bar's close box
         alert,              ///< @alert "text" [BUTTON]: "*" in the text stands for anything

@@ -20,7 +20,7 @@ wchar_t escaped(wchar_t character) {
 }
 
 /// Takes a quoted word from the text, which begins after its opening quote.
-std::optional<std::wstring> take_quoted(std::wstring_view& text) {
+std::optional<std::wstring> take_quoted(std::wstring_view& text, Escapes escapes) {
     std::wstring word;
     for (size_t at = 0; at < text.size(); ++at) {
         if (text[at] == L'"') {
@@ -28,7 +28,8 @@ std::optional<std::wstring> take_quoted(std::wstring_view& text) {
             const bool ends = text.empty() || blanks.find(text.front()) != std::wstring_view::npos;
             return ends ? std::optional<std::wstring>(std::move(word)) : std::nullopt;
         }
-        const wchar_t special = text[at] == L'\\' && at + 1 < text.size() ? escaped(text[at + 1]) : L'\0';
+        const bool may_escape = escapes == Escapes::taken && text[at] == L'\\' && at + 1 < text.size();
+        const wchar_t special = may_escape ? escaped(text[at + 1]) : L'\0';
         word.push_back(special != 0 ? special : text[at]);
         at += special != 0 ? 1 : 0;
     }
@@ -37,7 +38,7 @@ std::optional<std::wstring> take_quoted(std::wstring_view& text) {
 
 }  // namespace
 
-std::optional<std::vector<ScriptWord>> split_script_words(std::wstring_view line) {
+std::optional<std::vector<ScriptWord>> split_script_words(std::wstring_view line, Escapes escapes) {
     std::vector<ScriptWord> words;
     for (;;) {
         const size_t first = line.find_first_not_of(blanks);
@@ -47,7 +48,7 @@ std::optional<std::vector<ScriptWord>> split_script_words(std::wstring_view line
         line.remove_prefix(first);
         if (line.front() == L'"') {
             line.remove_prefix(1);
-            std::optional<std::wstring> word = take_quoted(line);
+            std::optional<std::wstring> word = take_quoted(line, escapes);
             if (!word) {
                 return std::nullopt;
             }

@@ -8,10 +8,12 @@
 namespace host {
 namespace {
 
-void dispatch_waiting_messages() {
+/// Painting only. A dialog whose handler asks is up all this time, and must get neither input nor the driver's timer.
+void paint_windows() {
     MSG message;
-    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != 0) {
-        TranslateMessage(&message);
+    constexpr int enough = 100;  // a window that never finishes painting holds nobody up
+    for (int count = 0; count < enough && PeekMessageW(&message, nullptr, WM_PAINT, WM_PAINT, PM_REMOVE) != 0;
+         ++count) {
         DispatchMessageW(&message);
     }
 }
@@ -19,7 +21,7 @@ void dispatch_waiting_messages() {
 }  // namespace
 
 Answer ScriptedCommandLine::prompt(std::wstring_view text) {
-    dispatch_waiting_messages();
+    paint_windows();
     history_.print(text);
     Answer answer = run_.answer(text);
     history_.print(answer.kind == Answer::cancel ? L"*Cancel*" : answer.text);

@@ -31,4 +31,3 @@ set(host_editor_sources
     watchdog.cpp
     window_class.cpp
     window_picture.cpp)
-list(TRANSFORM host_editor_sources PREPEND editor/)

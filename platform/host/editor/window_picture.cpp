@@ -100,6 +100,7 @@ std::wstring save_window_png(HWND window, const std::filesystem::path& path) {
     const int width = frame.right - frame.left;
     const int height = frame.bottom - frame.top;
     const WindowContext source(window);
+    SetLayout(source.context, 0);  // a right-to-left window is copied as it looks, not mirrored once more
     const std::unique_ptr<HDC, DeleteContext> memory(CreateCompatibleDC(source.context));
     const std::unique_ptr<HBITMAP, DeleteBitmap> bitmap(CreateCompatibleBitmap(source.context, width, height));
     const HGDIOBJ previous = SelectObject(memory.get(), bitmap.get());

@@ -1,0 +1,137 @@
+// Opening, saving and closing drawings, and who hears of it.
+#include <gmock/gmock.h>
+
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "acdocman.h"
+#include "dbapserv.h"
+#include "platform/host/dxf/drawing.h"
+#include "platform/host/editor/document.h"
+#include "platform/host/editor/editor.h"
+
+namespace host {
+namespace {
+
+using testing::ElementsAre;
+
+constexpr char drawing[] =
+    "  0\nSECTION\n  2\nHEADER\n  9\n$ACADVER\n  1\nAC1009\n  9\n$SNAPMODE\n 70\n     1\n  9\n$CLAYER\n  8\nWalls\n"
+    "  9\n$INSBASE\n 10\n1.0\n 20\n2.0\n 30\n3.0\n  0\nENDSEC\n  0\nSECTION\n  2\nENTITIES\n  0\nENDSEC\n  0\nEOF\n";
+
+/// Writes down what it hears.
+class Listener final : public AcApDocManagerReactor {
+  public:
+    Listener() { acDocManager->addReactor(this); }
+    ~Listener() override { acDocManager->removeReactor(this); }
+    void documentCreateStarted(AcApDocument*) override { heard.emplace_back("start"); }
+    void documentCreated(AcApDocument*) override { heard.emplace_back("created"); }
+    void documentActivated(AcApDocument* document) override { note("activated", document); }
+    void documentTitleUpdated(AcApDocument* document) override { note("title", document); }
+    void documentToBeDestroyed(AcApDocument* document) override { note("to be destroyed", document); }
+    void documentDestroyed(const ACHAR* file) override {
+        heard.push_back("destroyed " + std::filesystem::path(file).filename().string());
+    }
+    std::vector<std::string> heard;
+
+  private:
+    void note(const char* what, const AcApDocument* document) {
+        heard.push_back(what + (" " + std::filesystem::path(document->docTitle()).string()));
+    }
+};
+
+class Documents : public testing::Test {
+  protected:
+    Documents()
+        : folder_(std::filesystem::temp_directory_path() / ("documents_" + std::to_string(GetCurrentProcessId()))) {
+        std::filesystem::create_directories(folder_);
+        write("a.dxf", drawing);
+        write("b.dxf", drawing);
+        write("broken.dxf", "  0\nSECTION\n");
+    }
+    ~Documents() override {
+        editor().documents.close();
+        std::filesystem::remove_all(folder_);
+    }
+    void write(const char* name, const char* bytes) { std::ofstream(folder_ / name, std::ios::binary) << bytes; }
+    std::string contents(const char* name) {
+        std::ostringstream bytes;
+        bytes << std::ifstream(folder_ / name, std::ios::binary).rdbuf();
+        return bytes.str();
+    }
+    std::filesystem::path folder_;
+};
+
+TEST_F(Documents, TakeEachOthersPlace) {
+    Listener listener;
+    acDocManager->addReactor(&listener);
+    EXPECT_EQ(editor().documents.open(folder_ / "a.dxf"), L"");
+    AcApDocument* const first = curDoc();
+    ASSERT_NE(first, nullptr);
+    EXPECT_EQ(std::filesystem::path(first->fileName()), folder_ / "a.dxf");
+    EXPECT_EQ(acDocManager->document(first->database()), first);
+    EXPECT_EQ(acdbHostApplicationServices()->workingDatabase(), first->database());
+    const std::wstring refused = editor().documents.open(folder_ / "broken.dxf");
+    EXPECT_THAT(std::filesystem::path(refused).string(), testing::HasSubstr("broken.dxf"));
+    EXPECT_EQ(curDoc(), first) << "a drawing that cannot be read closes none";
+    EXPECT_EQ(editor().documents.open(folder_ / "b.dxf"), L"");
+    editor().documents.close();
+    EXPECT_EQ(acdbHostApplicationServices()->workingDatabase(), nullptr);
+    EXPECT_EQ(curDoc(), nullptr);
+    EXPECT_THAT(listener.heard,
+                ElementsAre("start", "created", "activated a.dxf", "to be destroyed a.dxf", "destroyed a.dxf", "start",
+                            "created", "activated b.dxf", "to be destroyed b.dxf", "destroyed b.dxf"));
+}
+
+TEST_F(Documents, BringTheirVariables) {
+    editor().documents.open(folder_ / "a.dxf");
+    const auto shown = [](const wchar_t* name) { return format_variable(*editor().variables.get(name)); };
+    EXPECT_EQ(shown(L"SNAPMODE"), L"1");
+    EXPECT_EQ(shown(L"CLAYER"), L"Walls");
+    EXPECT_EQ(shown(L"INSBASE"), L"1,2,3");
+    EXPECT_EQ(shown(L"LTSCALE"), L"1") << "not in this header";
+    EXPECT_EQ(shown(L"DWGNAME"), L"a.dxf");
+    EXPECT_EQ(std::filesystem::path(shown(L"DWGPREFIX") + shown(L"DWGNAME")), folder_ / "a.dxf");
+
+    dxf::Drawing& store = editor().documents.document()->drawing();
+    editor().variables.set(L"SNAPMODE", 0);
+    editor().variables.set(L"SNAPMODE", 1);
+    editor().drawing_variables.store(store);
+    EXPECT_EQ(shown(L"DBMOD"), L"0") << "changed back";
+    editor().variables.set(L"INSBASE", Point{1, 2.5, 3});
+    editor().variables.set(L"CLAYER", std::wstring(L"0"));
+    editor().drawing_variables.store(store);
+    EXPECT_EQ(shown(L"DBMOD"), L"1");
+    Listener listener;
+    EXPECT_EQ(editor().documents.save(folder_ / "c.dxf"), L"");
+    EXPECT_THAT(listener.heard, ElementsAre("title c.dxf"));
+    EXPECT_EQ(shown(L"DBMOD"), L"0");
+    std::string expected = drawing;
+    expected.replace(expected.find("2.0"), 3, "2.5");
+    expected.replace(expected.find("Walls"), 5, "0");
+    EXPECT_EQ(contents("c.dxf"), expected);
+    EXPECT_EQ(contents("a.dxf"), drawing);
+}
+
+TEST_F(Documents, SayWhyTheyCannotBeSaved) {
+    EXPECT_EQ(editor().documents.save(folder_ / "x.dxf"), L"no drawing is open");
+    editor().documents.open(folder_ / "a.dxf");
+    const std::wstring reason = editor().documents.save(folder_ / "nowhere" / "x.dxf");
+    EXPECT_THAT(std::filesystem::path(reason).string(), testing::HasSubstr("x.dxf could not be saved: "));
+    EXPECT_EQ(std::filesystem::path(curDoc()->docTitle()), "a.dxf");
+}
+
+TEST_F(Documents, CountLocks) {
+    EXPECT_EQ(acDocManager->lockDocument(nullptr), Acad::eInvalidInput);
+    editor().documents.open(folder_ / "a.dxf");
+    EXPECT_EQ(acDocManager->unlockDocument(curDoc()), Acad::eInvalidInput);
+    EXPECT_EQ(acDocManager->lockDocument(curDoc(), AcAp::kWrite), Acad::eOk);
+    EXPECT_EQ(acDocManager->lockDocument(curDoc(), AcAp::kRead), Acad::eOk);
+    EXPECT_EQ(curDoc()->lockMode(), AcAp::kRead);
+    EXPECT_EQ(acDocManager->unlockDocument(curDoc()), Acad::eOk);
+    EXPECT_EQ(curDoc()->lockMode(), AcAp::kWrite);
+}
+
+}  // namespace
+}  // namespace host

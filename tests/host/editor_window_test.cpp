@@ -1,0 +1,192 @@
+// The main window with a person's keys, posted input, and pictures of windows.
+#include <windows.h>
+
+#include <gmock/gmock.h>
+
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <memory>
+#include <sstream>
+#include <vector>
+
+#include "platform/host/editor/history.h"
+#include "platform/host/editor/main_window.h"
+#include "platform/host/editor/posted_input.h"
+#include "platform/host/editor/script.h"
+#include "platform/host/editor/typed_command_line.h"
+#include "platform/host/editor/window_class.h"
+#include "platform/host/editor/window_picture.h"
+
+namespace host {
+namespace {
+
+std::vector<HWND> edit_fields(HWND parent) {
+    std::vector<HWND> fields;
+    for (HWND child = GetWindow(parent, GW_CHILD); child != nullptr; child = GetWindow(child, GW_HWNDNEXT)) {
+        if (window_class_name(child) == L"Edit") {
+            fields.push_back(child);
+        }
+    }
+    return fields;
+}
+
+void type_at(HWND window, const wchar_t* text, int end_key) {
+    for (; *text != 0; ++text) {
+        PostMessageW(window, WM_CHAR, static_cast<WPARAM>(*text), 1);
+    }
+    PostMessageW(window, WM_KEYDOWN, static_cast<WPARAM>(end_key), 1);
+}
+
+TEST(MainWindow, TakesAnswersThatAPersonTypes) {
+    MainWindow window;
+    History history;
+    history.attach(&window);
+    TypedCommandLine line(window, history);
+    const std::vector<HWND> fields = edit_fields(window.window());
+    ASSERT_EQ(fields.size(), 2u) << "the history and the line";
+    window.set_title(L"plan.dxf");
+    EXPECT_EQ(window_text(window.window()), L"plan.dxf - Drawing Host");
+
+    type_at(fields[1], L"qxbomc", VK_RETURN);
+    EXPECT_EQ(line.prompt(L"\nCommand: ").text, L"qxbomc");
+    type_at(fields[1], L"half", VK_ESCAPE);
+    EXPECT_EQ(line.prompt(L"\nPoint: ").kind, Answer::cancel);
+    type_at(fields[1], L"", VK_RETURN);
+    EXPECT_EQ(line.prompt(L"\nNext: ").kind, Answer::return_only) << "what was cancelled is gone";
+    line.report(L"Bad.");
+    EXPECT_EQ(window_text(fields[0]), L"\r\nCommand: qxbomc\r\nPoint: *Cancel*\r\nNext: \r\nBad.");
+
+    PostMessageW(window.window(), WM_CLOSE, 0, 0);
+    EXPECT_EQ(line.prompt(L"\nCommand: ").kind, Answer::cancel);
+    EXPECT_TRUE(window.close_requested());
+}
+
+TEST(MainWindow, KeepsTheEndOfALongHistory) {
+    MainWindow window;
+    for (int number = 0; number < 3000; ++number) {
+        window.append_history(L"\nline " + std::to_wstring(number) + L" of a long history");
+    }
+    const std::wstring kept = window_text(edit_fields(window.window())[0]);
+    EXPECT_LT(kept.size(), 70000u);
+    const std::wstring last = L"\r\nline 2999 of a long history";
+    EXPECT_EQ(kept.substr(kept.size() - last.size()), last);
+}
+
+/// A window of this test's own, destroyed with the object.
+class OwnWindow {
+  public:
+    OwnWindow(const wchar_t* kind, DWORD extended_style, int width, int height)
+        : window_(CreateWindowExW(extended_style, kind, L"", WS_POPUP | WS_VISIBLE, 10, 10, width, height, nullptr,
+                                  nullptr, host_instance(), nullptr)) {}
+    ~OwnWindow() { DestroyWindow(window_); }
+    OwnWindow(const OwnWindow&) = delete;
+    OwnWindow& operator=(const OwnWindow&) = delete;
+    HWND get() const { return window_; }
+
+  private:
+    HWND window_;
+};
+
+void run_waiting_messages() {
+    MSG message;
+    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != 0) {
+        TranslateMessage(&message);
+        DispatchMessageW(&message);
+    }
+}
+
+TEST(TypedKeys, ReachAWindowWithTheirModifiers) {
+    const OwnWindow edit(L"EDIT", 0, 200, 30);
+    SetFocus(edit.get());
+    TypedKeys keys;
+    keys.add_text(L"ab CD1!");
+    keys.add_key(VK_HOME, DialogAction::shift);
+    keys.add_key(VK_DELETE, 0);
+    keys.add_text(L"x");
+    keys.add_key(VK_LEFT, 0);
+    keys.add_text(L"\x263A");  // no key gives this one
+    while (!keys.empty()) {
+        keys.post_next(edit.get());
+        run_waiting_messages();
+    }
+    keys.release_modifiers();
+    EXPECT_EQ(window_text(edit.get()), L"\x263Ax");
+    EXPECT_GE(GetKeyState(VK_SHIFT), 0) << "nothing stays pressed";
+}
+
+/// The colours of a PNG file, row by row, read back by the system.
+class Pixels {
+  public:
+    explicit Pixels(const std::filesystem::path& path) {
+        const HMODULE library = LoadLibraryW(L"gdiplus.dll");
+        const auto find = [library](const char* name) {
+            return reinterpret_cast<void*>(GetProcAddress(library, name));
+        };
+        struct {
+            UINT32 version = 1;
+            void* callback = nullptr;
+            BOOL flags[2] = {};
+        } input;
+        ULONG_PTR token = 0;
+        reinterpret_cast<int(WINAPI*)(ULONG_PTR*, void*, void*)>(find("GdiplusStartup"))(&token, &input, nullptr);
+        void* image = nullptr;
+        reinterpret_cast<int(WINAPI*)(const wchar_t*, void**)>(find("GdipCreateBitmapFromFile"))(path.c_str(), &image);
+        reinterpret_cast<int(WINAPI*)(void*, UINT*)>(find("GdipGetImageWidth"))(image, &width);
+        reinterpret_cast<int(WINAPI*)(void*, UINT*)>(find("GdipGetImageHeight"))(image, &height);
+        const auto pixel = reinterpret_cast<int(WINAPI*)(void*, int, int, DWORD*)>(find("GdipBitmapGetPixel"));
+        for (const int x : {5, static_cast<int>(width) - 6}) {
+            DWORD colour = 0;
+            pixel(image, x, 5, &colour);
+            corners.push_back(colour & 0xFFFFFF);
+        }
+        reinterpret_cast<int(WINAPI*)(void*)>(find("GdipDisposeImage"))(image);
+        reinterpret_cast<void(WINAPI*)(ULONG_PTR)>(find("GdiplusShutdown"))(token);
+    }
+    UINT width = 0;
+    UINT height = 0;
+    std::vector<DWORD> corners;  ///< upper left and upper right, as 0xRRGGBB
+};
+
+/// Red where reading begins, blue where it ends.
+LRESULT CALLBACK paint_two_colours(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
+    if (message != WM_ERASEBKGND) {
+        return DefWindowProcW(window, message, wparam, lparam);
+    }
+    RECT half;
+    GetClientRect(window, &half);
+    const LONG width = half.right;
+    half.right = width / 2;
+    const auto fill = [&](COLORREF colour) {
+        const std::unique_ptr<HBRUSH__, decltype(&DeleteObject)> brush(CreateSolidBrush(colour), DeleteObject);
+        FillRect(reinterpret_cast<HDC>(wparam), &half, brush.get());
+    };
+    fill(RGB(255, 0, 0));
+    half = {width / 2, 0, width, half.bottom};
+    fill(RGB(0, 0, 255));
+    return 1;
+}
+
+TEST(WindowPicture, ShowsAWindowAsItLooks) {
+    register_window_class(L"TwoColours", &paint_two_colours, COLOR_WINDOW);
+    const std::filesystem::path path =
+        std::filesystem::temp_directory_path() / ("window_" + std::to_string(GetCurrentProcessId()) + ".png");
+    for (const DWORD layout : {DWORD{0}, DWORD{WS_EX_LAYOUTRTL}}) {
+        const OwnWindow window(L"TwoColours", layout, 120, 40);
+        InvalidateRect(window.get(), nullptr, TRUE);
+        EXPECT_EQ(save_window_png(window.get(), path), L"");
+        const Pixels picture(path);
+        EXPECT_EQ(picture.width * 1000 + picture.height, 120040u);
+        const bool mirrored = layout != 0;
+        EXPECT_THAT(picture.corners,
+                    testing::ElementsAre(mirrored ? 0x0000FFu : 0xFF0000u, mirrored ? 0xFF0000u : 0x0000FFu));
+    }
+    const OwnWindow window(L"TwoColours", 0, 20, 20);
+    EXPECT_NE(save_window_png(window.get(), path / "under_a_file.png"), L"");
+    EXPECT_EQ(Pixels(path).width, 120u) << "the picture that was there stays";
+    EXPECT_NE(save_window_png(nullptr, path), L"");
+    std::filesystem::remove(path);
+}
+
+}  // namespace
+}  // namespace host
