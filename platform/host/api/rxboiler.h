@@ -3,6 +3,7 @@
 
 #include "rxclass.h"
 
+// NOLINTBEGIN(bugprone-macro-parentheses): classes' names stand for themselves
 #define ACRX_DEFINE_MEMBERS_WITH(CLASS_NAME, PARENT_CLASS, DXF_NAME, CONSTRUCTOR)                      \
     AcRxClass* CLASS_NAME::desc() {                                                                    \
         static AcRxClass descriptor(ACRX_T(#CLASS_NAME), PARENT_CLASS::desc(), DXF_NAME, CONSTRUCTOR); \
@@ -26,3 +27,4 @@
 #define ACRX_DXF_DEFINE_MEMBERS(CLASS_NAME, PARENT_CLASS, DWG_VERSION, MAINT_VERSION, PROXY_FLAGS, DXF_NAME, APP) \
     ACRX_DEFINE_MEMBERS_WITH(CLASS_NAME, PARENT_CLASS, ACRX_T(#DXF_NAME),                                         \
                              []() -> AcRxObject* { return new CLASS_NAME; })
+// NOLINTEND(bugprone-macro-parentheses)

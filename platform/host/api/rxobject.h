@@ -5,6 +5,7 @@
 
 class AcRxClass;
 
+// NOLINTBEGIN(bugprone-macro-parentheses): classes' names stand for themselves
 /// The class's members for run-time typing: desc(), isA(), cast() and rxInit(). desc() makes the descriptor when it is
 /// first asked for; rxInit() asks for it, so that the class is known by name from then on.
 #define ACRX_DECLARE_MEMBERS(CLASS_NAME)                                       \
@@ -16,6 +17,7 @@ class AcRxClass;
                    : nullptr;                                                  \
     }                                                                          \
     static void rxInit()
+// NOLINTEND(bugprone-macro-parentheses)
 
 class AcRxObject {
   public:

@@ -73,14 +73,13 @@ NamePattern::Token NamePattern::read_set(std::wstring_view pattern, size_t& at) 
 }
 
 bool NamePattern::Token::accepts(wchar_t character) const {
-    const auto code = static_cast<wint_t>(character);
     switch (kind) {
         case digit:
             return character >= L'0' && character <= L'9';
         case letter:
-            return std::iswalpha(code) != 0;
+            return std::iswalpha(character) != 0;
         case other:
-            return std::iswalnum(code) == 0;
+            return std::iswalnum(character) == 0;
         case any_character:
         case any_run:
             return true;

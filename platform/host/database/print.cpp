@@ -12,6 +12,7 @@ int format_into(std::wstring& buffer, const ACHAR* format, va_list arguments) {
 #if defined(_WIN32)
     return _vsnwprintf(buffer.data(), buffer.size(), format, arguments);
 #else
+    // NOLINTNEXTLINE(clang-analyzer-valist.Uninitialized): the caller started it
     return std::vswprintf(buffer.data(), buffer.size(), format, arguments);
 #endif
 }

@@ -109,10 +109,10 @@ void DatabaseStore::write_block_head(BlockNumber block, int flags, const AcGePoi
         return;
     }
     const dxf::RecordId head = drawing_->blocks()[definition].head;
-    FieldWriter fields(*this, {});
-    fields.begin(L"BLOCK", L"AcDbEntity").subclass(L"AcDbBlockBegin").text(2, blocks_.name(block));
-    fields.integer(70, flags, 0).point(10, origin);
     const dxf::RecordView record = drawing_->view(head);
+    FieldWriter fields(*this, {});
+    fields.begin(L"BLOCK", L"AcDbEntity").subclass(L"AcDbBlockBegin").text(2, record.text(2));
+    fields.integer(70, flags).point(10, origin);
     std::string bytes = merge_fields(record, fields.fields(), drawing_->manner());
     if (bytes != record.bytes()) {
         drawing_->rewrite(head, std::move(bytes));
