@@ -27,67 +27,66 @@ namespace {
 constexpr double short_least = -32768;
 constexpr double short_greatest = 32767;
 
-const std::vector<VariableDescription>& descriptions() {
-    using D = VariableDescription;
-    const double tiny = std::numeric_limits<double>::min();
-    static const std::vector<D> all = {
-        {L"ACADVER", D::session, D::read_only, std::wstring(L"18.0")},
-        {L"ANGBASE", D::drawing, D::writable, 0.0},
-        {L"ANGDIR", D::drawing, D::writable, 0, 0, 1},
-        {L"ATTDIA", D::session, D::writable, 0, 0, 1},
-        {L"ATTMODE", D::drawing, D::writable, 1, 0, 2},
-        {L"ATTREQ", D::session, D::writable, 1, 0, 1},
-        {L"AUNITS", D::drawing, D::writable, 0, 0, 4},
-        {L"AUPREC", D::drawing, D::writable, 0, 0, 8},
-        {L"CECOLOR", D::drawing, D::writable, std::wstring(L"BYLAYER")},
-        {L"CELTSCALE", D::drawing, D::writable, 1.0, tiny},
-        {L"CELTYPE", D::drawing, D::writable, std::wstring(L"ByLayer")},
-        {L"CLAYER", D::drawing, D::writable, std::wstring(L"0")},
-        {L"CMDACTIVE", D::session, D::read_only, 0},
-        {L"CMDDIA", D::session, D::writable, 1, 0, 1},
-        {L"CMDECHO", D::session, D::writable, 1, 0, 1},
-        {L"CMDNAMES", D::session, D::read_only, std::wstring()},
-        {L"CTAB", D::drawing, D::read_only, std::wstring(L"Model")},
-        {L"CVPORT", D::drawing, D::read_only, 2},
-        {L"DATE", D::session, D::read_only, 0.0},
-        {L"DBMOD", D::session, D::read_only, 0},
-        {L"DWGNAME", D::session, D::read_only, std::wstring(L"Drawing1.dxf")},
-        {L"DWGPREFIX", D::session, D::read_only, std::wstring()},
-        {L"DWGTITLED", D::session, D::read_only, 0},
-        {L"ELEVATION", D::drawing, D::writable, 0.0},
-        {L"EXPERT", D::session, D::writable, 0, 0, 5},
-        {L"EXTMAX", D::drawing, D::read_only, Point{-1e20, -1e20, -1e20}},
-        {L"EXTMIN", D::drawing, D::read_only, Point{1e20, 1e20, 1e20}},
-        {L"FILEDIA", D::session, D::writable, 1, 0, 1},
-        {L"HIGHLIGHT", D::session, D::writable, 1, 0, 1},
-        {L"INSBASE", D::drawing, D::writable, Point{}},
-        {L"INSUNITS", D::drawing, D::writable, 0, 0, 20},
-        {L"LIMMAX", D::drawing, D::writable, Point{12, 9, 0}},
-        {L"LIMMIN", D::drawing, D::writable, Point{}},
-        {L"LTSCALE", D::drawing, D::writable, 1.0, tiny},
-        {L"LUNITS", D::drawing, D::writable, 2, 1, 5},
-        {L"LUPREC", D::drawing, D::writable, 4, 0, 8},
-        {L"MIRRTEXT", D::drawing, D::writable, 1, 0, 1},
-        {L"ORTHOMODE", D::drawing, D::writable, 0, 0, 1},
-        {L"OSMODE", D::session, D::writable, 0, 0, 32767},
-        {L"PDMODE", D::drawing, D::writable, 0, short_least, short_greatest},
-        {L"PDSIZE", D::drawing, D::writable, 0.0},
-        {L"PICKFIRST", D::session, D::writable, 1, 0, 1},
-        {L"PLATFORM", D::session, D::read_only, std::wstring(L"Drawing Host")},
-        {L"SNAPMODE", D::drawing, D::writable, 0, 0, 1},
-        {L"TDCREATE", D::drawing, D::read_only, 0.0},
-        {L"TDUPDATE", D::drawing, D::read_only, 0.0},
-        {L"TEXTSIZE", D::drawing, D::writable, 2.5, tiny},
-        {L"TEXTSTYLE", D::drawing, D::writable, std::wstring(L"Standard")},
-        {L"THICKNESS", D::drawing, D::writable, 0.0},
-        {L"TILEMODE", D::drawing, D::read_only, 1},
-        {L"USERI1", D::drawing, D::writable, 0, short_least, short_greatest},
-        {L"USERR1", D::drawing, D::writable, 0.0},
-        {L"USERS1", D::session, D::writable, std::wstring()},
-        {L"WORLDUCS", D::session, D::read_only, 1},
-    };
-    return all;
-}
+using D = VariableDescription;
+
+constexpr double tiny = std::numeric_limits<double>::min();
+
+const VariableDescription descriptions[] = {
+    {L"ACADVER", D::session, D::read_only, std::wstring(L"18.0")},
+    {L"ANGBASE", D::drawing, D::writable, 0.0},
+    {L"ANGDIR", D::drawing, D::writable, 0, 0, 1},
+    {L"ATTDIA", D::session, D::writable, 0, 0, 1},
+    {L"ATTMODE", D::drawing, D::writable, 1, 0, 2},
+    {L"ATTREQ", D::session, D::writable, 1, 0, 1},
+    {L"AUNITS", D::drawing, D::writable, 0, 0, 4},
+    {L"AUPREC", D::drawing, D::writable, 0, 0, 8},
+    {L"CECOLOR", D::drawing, D::writable, std::wstring(L"BYLAYER")},
+    {L"CELTSCALE", D::drawing, D::writable, 1.0, tiny},
+    {L"CELTYPE", D::drawing, D::writable, std::wstring(L"ByLayer")},
+    {L"CLAYER", D::drawing, D::writable, std::wstring(L"0")},
+    {L"CMDACTIVE", D::session, D::read_only, 0},
+    {L"CMDDIA", D::session, D::writable, 1, 0, 1},
+    {L"CMDECHO", D::session, D::writable, 1, 0, 1},
+    {L"CMDNAMES", D::session, D::read_only, std::wstring()},
+    {L"CTAB", D::drawing, D::read_only, std::wstring(L"Model")},
+    {L"CVPORT", D::drawing, D::read_only, 2},
+    {L"DATE", D::session, D::read_only, 0.0},
+    {L"DBMOD", D::session, D::read_only, 0},
+    {L"DWGNAME", D::session, D::read_only, std::wstring(L"Drawing1.dxf")},
+    {L"DWGPREFIX", D::session, D::read_only, std::wstring()},
+    {L"DWGTITLED", D::session, D::read_only, 0},
+    {L"ELEVATION", D::drawing, D::writable, 0.0},
+    {L"EXPERT", D::session, D::writable, 0, 0, 5},
+    {L"EXTMAX", D::drawing, D::read_only, Point{-1e20, -1e20, -1e20}},
+    {L"EXTMIN", D::drawing, D::read_only, Point{1e20, 1e20, 1e20}},
+    {L"FILEDIA", D::session, D::writable, 1, 0, 1},
+    {L"HIGHLIGHT", D::session, D::writable, 1, 0, 1},
+    {L"INSBASE", D::drawing, D::writable, Point{}},
+    {L"INSUNITS", D::drawing, D::writable, 0, 0, 20},
+    {L"LIMMAX", D::drawing, D::writable, Point{12, 9, 0}},
+    {L"LIMMIN", D::drawing, D::writable, Point{}},
+    {L"LTSCALE", D::drawing, D::writable, 1.0, tiny},
+    {L"LUNITS", D::drawing, D::writable, 2, 1, 5},
+    {L"LUPREC", D::drawing, D::writable, 4, 0, 8},
+    {L"MIRRTEXT", D::drawing, D::writable, 1, 0, 1},
+    {L"ORTHOMODE", D::drawing, D::writable, 0, 0, 1},
+    {L"OSMODE", D::session, D::writable, 0, 0, 32767},
+    {L"PDMODE", D::drawing, D::writable, 0, short_least, short_greatest},
+    {L"PDSIZE", D::drawing, D::writable, 0.0},
+    {L"PICKFIRST", D::session, D::writable, 1, 0, 1},
+    {L"PLATFORM", D::session, D::read_only, std::wstring(L"Drawing Host")},
+    {L"SNAPMODE", D::drawing, D::writable, 0, 0, 1},
+    {L"TDCREATE", D::drawing, D::read_only, 0.0},
+    {L"TDUPDATE", D::drawing, D::read_only, 0.0},
+    {L"TEXTSIZE", D::drawing, D::writable, 2.5, tiny},
+    {L"TEXTSTYLE", D::drawing, D::writable, std::wstring(L"Standard")},
+    {L"THICKNESS", D::drawing, D::writable, 0.0},
+    {L"TILEMODE", D::drawing, D::read_only, 1},
+    {L"USERI1", D::drawing, D::writable, 0, short_least, short_greatest},
+    {L"USERR1", D::drawing, D::writable, 0.0},
+    {L"USERS1", D::session, D::writable, std::wstring()},
+    {L"WORLDUCS", D::session, D::read_only, 1},
+};
 
 std::optional<double> as_number(const VariableValue& value) {
     if (const int* whole = std::get_if<int>(&value)) {
@@ -114,7 +113,7 @@ std::optional<VariableValue> read_as(const VariableValue& kind, std::wstring_vie
 }  // namespace
 
 SystemVariables::SystemVariables() {
-    for (const VariableDescription& description : descriptions()) {
+    for (const VariableDescription& description : descriptions) {
         variables_[std::wstring(description.name)] = {description.initial, nullptr, &description};
     }
 }
