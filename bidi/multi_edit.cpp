@@ -49,7 +49,7 @@ CUGMultiEdit::CUGMultiEdit() : font_(static_cast<HFONT>(::GetStockObject(DEFAULT
 
 int CUGMultiEdit::OnCreate(CREATESTRUCTW* creation) {
     const int result = CEdit::OnCreate(creation);
-    if (result == 0) {
+    if (result != -1) {
         line_height_ = height_of_lines(FontContext(m_hWnd, font_).get());
         ResetText(creation->lpszName, 1);
     }
