@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <iterator>
 
 #include "dbents.h"
 #include "dbsymtb.h"
@@ -116,8 +117,10 @@ Acad::ErrorStatus AcDbBlockReference::appendAttribute(AcDbAttribute* attribute) 
 }
 
 std::vector<AcDbBlockReference::OwnedAttribute>::iterator AcDbBlockReference::owned(const AcDbAttribute& attribute) {
-    return std::find_if(attributes_.begin(), attributes_.end(),
-                        [&](const OwnedAttribute& candidate) { return candidate.open == &attribute; });
+    // The one that was appended last is the one that is usually closed next.
+    const auto found = std::find_if(attributes_.rbegin(), attributes_.rend(),
+                                    [&](const OwnedAttribute& candidate) { return candidate.open == &attribute; });
+    return std::prev(found.base());
 }
 
 void AcDbBlockReference::flush() {

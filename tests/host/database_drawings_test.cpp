@@ -1,0 +1,213 @@
+// The database on whole drawings: our samples and those that others wrote.
+#include <cmath>
+#include <map>
+
+#include "acedsel.h"
+#include "platform/host/database/insert_block.h"
+#include "tests/host/database_fixture.h"
+
+namespace {
+
+std::string file_bytes(const std::string& name) {
+    std::ifstream file(std::filesystem::path(CORVANES_SOURCE_DIR) / name, std::ios::binary);
+    EXPECT_TRUE(file) << name;
+    return std::string((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
+}
+
+void add_table_style(const OpenDrawing& drawing) {
+    AcDbTextStyleTable* styles = nullptr;
+    ASSERT_EQ(drawing->getTextStyleTable(styles, AcDb::kForWrite), Acad::eOk);
+    auto style = std::make_unique<AcDbTextStyleTableRecord>();
+    style->setName(L"KVOTABLE");
+    style->setFileName(L"simpheb.shx");
+    ASSERT_EQ(styles->add(style.get()), Acad::eOk);
+    style.release()->close();
+    styles->close();
+}
+
+void add_cell(AcDbBlockTableRecord& block, const std::wstring& text, AcDb::TextHorzMode mode, AcDbObjectId style) {
+    auto cell =
+        std::make_unique<AcDbAttributeDefinition>(AcGePoint3d(1, -3, 0), text.c_str(), L"NAME1", L"NAME1", style);
+    cell->setHeight(1.0);
+    cell->setHorizontalMode(mode);
+    if (mode != AcDb::kTextLeft) {
+        cell->setAlignmentPoint({7.5, -3, 0});
+    }
+    ASSERT_EQ(block.appendAcDbEntity(cell.get()), Acad::eOk);
+    cell.release()->close();
+}
+
+void add_table_block(const OpenDrawing& drawing) {
+    AcDbBlockTable* blocks = nullptr;
+    ASSERT_EQ(drawing->getBlockTable(blocks, AcDb::kForWrite), Acad::eOk);
+    AcDbObjectId style;
+    AcDbTextStyleTable* styles = nullptr;
+    ASSERT_EQ(drawing->getTextStyleTable(styles, AcDb::kForRead), Acad::eOk);
+    ASSERT_EQ(styles->getAt(L"KVOTABLE", style), Acad::eOk);
+    styles->close();
+    auto made = std::make_unique<AcDbBlockTableRecord>();
+    made->setName(L"KVO0001");
+    ASSERT_EQ(blocks->add(made.get()), Acad::eOk);
+    AcDbBlockTableRecord& block = *made.release();
+    blocks->close();
+    add_cell(block, L"ארון", AcDb::kTextRight, style);
+    add_cell(block, L"2.50", AcDb::kTextLeft, style);
+    block.setOrigin({0, 2, 0});
+    EXPECT_EQ(block.close(), Acad::eOk);
+}
+
+/// What a reader finds of the added table.
+std::vector<std::wstring> describe_cells(const OpenDrawing& drawing) {
+    std::vector<std::wstring> cells;
+    const AcDbObjectPointer<AcDbBlockTableRecord> block(drawing.block(L"kvo0001"), AcDb::kForRead);
+    if (block.openStatus() != Acad::eOk) {
+        return {acadErrorStatusText(block.openStatus())};
+    }
+    AcDbBlockTableRecordIterator* made = nullptr;
+    block->newIterator(made);
+    const std::unique_ptr<AcDbBlockTableRecordIterator> iterator(made);
+    for (; !iterator->done(); iterator->step()) {
+        AcDbObjectId id;
+        iterator->getEntityId(id);
+        const AcDbObjectPointer<AcDbAttributeDefinition> cell(id, AcDb::kForRead);
+        const AcDbObjectPointer<AcDbTextStyleTableRecord> style(cell->textStyle(), AcDb::kForRead);
+        cells.push_back(take(cell->tag()) + L"=" + take(cell->textString()) + L" " +
+                        std::to_wstring(cell->horizontalMode()) + L" " +
+                        std::to_wstring(std::lround(10 * cell->alignmentPoint().x)) + L" " + name_of(*style));
+    }
+    return cells;
+}
+
+class Samples : public testing::TestWithParam<const char*> {};
+
+}  // namespace
+
+/// The table in every version and encoding: written, saved, read again; taken away, the drawing is as it was.
+TEST_P(Samples, TakeATableAndGiveItBack) {
+    const std::string before = file_bytes(GetParam());
+    OpenDrawing drawing(before);
+    EXPECT_EQ(drawing.saved(), before);
+    add_table_style(drawing);
+    add_table_block(drawing);
+    AcDbObjectId inserted;
+    ASSERT_EQ(host::insert_block(*drawing, L"KVO0001", {{100, 200, 0}, AcGeScale3d(2.0), 0}, inserted), Acad::eOk);
+    EXPECT_EQ(host::open_object_report(), L"");
+
+    const std::vector<std::wstring> cells = {L"NAME1=ארון 2 75 KVOTABLE", L"NAME1=2.50 0 10 KVOTABLE"};
+    EXPECT_EQ(describe_cells(drawing), cells);
+    const size_t entities = drawing.drawing().entities().size();
+    const OpenDrawing again(drawing.saved());
+    EXPECT_EQ(describe_cells(again), cells);
+    ASSERT_EQ(again.drawing().entities().size(), entities);
+    const AcDbObjectPointer<AcDbBlockReference> reference(again.entity(entities - 1), AcDb::kForRead);
+    ASSERT_EQ(reference.openStatus(), Acad::eOk);
+    EXPECT_EQ(block_name(reference->blockTableRecord()), L"KVO0001");
+    EXPECT_EQ(reference->scaleFactors(), AcGeScale3d(2.0));
+    EXPECT_EQ(reference->ownerId(), again->currentSpaceId());
+    EXPECT_EQ(again.drawing().view(again.drawing().entities()[entities - 1]).parts().size(), 3U);
+}
+
+INSTANTIATE_TEST_SUITE_P(Database, Samples,
+                         testing::Values("samples/house_plan.dxf", "samples/house_plan_r12.dxf",
+                                         "samples/house_plan_r12_binary.dxf", "samples/house_plan_r2000.dxf",
+                                         "tests/dxf/data/no_layouts.dxf", "tests/dxf/data/binary_r12.dxf"));
+
+TEST(DatabaseDrawings, DamagedDrawingsCanBeWalked) {
+    // References in model space, and how many of them have a block.
+    const std::map<std::string, std::pair<int, int>> wanted = {
+        {"blocks_with_no_names.dxf", {0, 0}}, {"empty_handles.dxf", {0, 0}},        {"trash_beyond_eof.dxf", {0, 0}},
+        {"minsert_attribs.dxf", {1, 1}},      {"insert_colcount_zero.dxf", {1, 1}},
+    };
+    std::map<std::string, std::pair<int, int>> found;
+    for (const auto& expected : wanted) {
+        const OpenDrawing drawing(file_bytes("tests/dxf/data/" + expected.first));
+        auto& [references, defined] = found[expected.first];
+        const AcDbObjectPointer<AcDbBlockTableRecord> space(drawing->currentSpaceId(), AcDb::kForRead);
+        AcDbBlockTableRecordIterator* made = nullptr;
+        ASSERT_EQ(space->newIterator(made), Acad::eOk);
+        const std::unique_ptr<AcDbBlockTableRecordIterator> iterator(made);
+        for (; !iterator->done(); iterator->step()) {
+            AcDbEntity* entity = nullptr;
+            ASSERT_EQ(iterator->getEntity(entity), Acad::eOk);
+            if (const auto* const reference = AcDbBlockReference::cast(entity)) {
+                ++references;
+                defined += reference->blockTableRecord().isNull() ? 0 : 1;
+            }
+            entity->close();
+        }
+    }
+    EXPECT_EQ(found, wanted);
+}
+
+TEST(DatabaseDrawings, TheActiveLayoutHasItsNameInFilters) {
+    const OpenDrawing drawing(
+        section("HEADER", groups("9 $ACADVER|1 AC1015")) +
+        section("TABLES",
+                table("BLOCK_RECORD", {"5 1F|2 *Model_Space", "5 1B|2 *Paper_Space", "5 2B|2 *Paper_Space0"})) +
+        section("ENTITIES", groups("0 LINE|8 0|10 0|20 0|11 1|21 0|0 LINE|67 1|8 0|10 0|20 0|11 1|21 0")) +
+        section("OBJECTS", groups("0 LAYOUT|5 A|330 2B|100 AcDbPlotSettings|1 Page|100 AcDbLayout|1 Second|330 2B|"
+                                  "0 LAYOUT|5 B|330 1B|100 AcDbPlotSettings|1 Page|100 AcDbLayout|1 Sheet A|330 1B")) +
+        end_of_file());
+    const std::pair<const ACHAR*, long> wanted[] = {
+        {L"Model", 1}, {L"sheet a", 1}, {L"Second", 0}, {L"Page", 0}, {L"*", 2}};
+    for (const auto& [layout, count] : wanted) {
+        const std::unique_ptr<struct resbuf, decltype(&acutRelRb)> filter(acutBuildList(410, layout, RTNONE),
+                                                                          acutRelRb);
+        ads_name set;
+        long length = 0;
+        EXPECT_EQ(acedSSGet(L"X", nullptr, nullptr, filter.get(), set), count == 0 ? RTERROR : RTNORM) << layout;
+        acedSSLength(set, &length);
+        EXPECT_EQ(length, count) << layout;
+    }
+}
+
+TEST(DatabaseDrawings, AttributesTurnWithTheirReference) {
+    const OpenDrawing drawing(
+        section("HEADER", groups("9 $ACADVER|1 AC1009")) +
+        section("BLOCKS", groups("0 BLOCK|8 0|2 T|70 2|10 1.0|20 1.0|30 0.0|0 ATTDEF|8 0|62 3|10 2.0|20 1.0|40 0.5|1 v|"
+                                 "3 p|2 TAG|70 0|50 90.0|41 0.8|0 ENDBLK")) +
+        section("ENTITIES", "") + end_of_file());
+    AcDbObjectId definition_id;
+    definition_id = drawing.store().id_of_record(drawing.drawing().blocks()[0].entities[0]);
+    const AcDbObjectPointer<AcDbAttributeDefinition> definition(definition_id, AcDb::kForRead);
+    AcDbBlockReference reference({10, 10, 0}, drawing.block(L"T"));
+    reference.setScaleFactors(AcGeScale3d(2, 4, 1));
+    reference.setRotation(std::acos(-1.0));
+
+    AcDbAttribute attribute;
+    EXPECT_EQ(attribute.setAttributeFromBlock(nullptr, reference.blockTransform()), Acad::eNullObjectPointer);
+    ASSERT_EQ(attribute.setAttributeFromBlock(definition, reference.blockTransform()), Acad::eOk);
+    EXPECT_EQ(take(attribute.tag()) + take(attribute.textString()), L"TAGv");
+    EXPECT_EQ(attribute.colorIndex(), 3);
+    EXPECT_NEAR(attribute.position().x, 8, 1e-12);
+    EXPECT_NEAR(attribute.position().y, 10, 1e-12);
+    // The text stands upright in the block: along y, where the scale is 4, and half a turn more.
+    EXPECT_NEAR(attribute.rotation(), -std::acos(0.0), 1e-12);
+    EXPECT_NEAR(attribute.height(), 0.5 * 2, 1e-12);
+    EXPECT_NEAR(attribute.widthFactor(), 0.8 * 2, 1e-12);
+
+    const AcGeMatrix3d turn = AcGeMatrix3d::rotation_about_z(0.5) * AcGeMatrix3d::rotation_about_z(-0.5);
+    EXPECT_NEAR((turn * AcGePoint3d(3, 4, 5)).distanceTo({3, 4, 5}), 0, 1e-12);
+    EXPECT_NEAR((AcGeMatrix3d::translation({1, 1, 1}) * AcGeVector3d(3, 4, 0)).length(), 5, 1e-12) << "vectors stay";
+}
+
+TEST(DatabaseDrawings, ManyAddedEntitiesHaveHandlesOfTheirOwn) {
+    const OpenDrawing drawing(file_bytes("samples/house_plan_r2000.dxf"));
+    constexpr int rows = 2000;
+    AcDbBlockTableRecord* space = nullptr;
+    ASSERT_EQ(acdbOpenObject(space, drawing->currentSpaceId(), AcDb::kForWrite), Acad::eOk);
+    const size_t before = drawing.drawing().entities().size();
+    for (int row = 0; row < rows; ++row) {
+        auto line = std::make_unique<AcDbLine>(AcGePoint3d(0, row, 0), AcGePoint3d(1, row, 0));
+        ASSERT_EQ(space->appendAcDbEntity(line.get()), Acad::eOk);
+        line.release()->close();
+    }
+    space->close();
+    const OpenDrawing again(drawing.saved());
+    ASSERT_EQ(again.drawing().entities().size(), before + rows);
+    std::map<Adesk::UInt64, int> handles;
+    for (const dxf::RecordId record : again.drawing().entities()) {
+        ++handles[again.store().id_of_record(record).handle()];
+    }
+    EXPECT_EQ(handles.size(), before + rows) << "every handle is used once";
+}

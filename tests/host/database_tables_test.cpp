@@ -1,0 +1,190 @@
+#include "tests/host/database_fixture.h"
+
+namespace {
+
+using Names = std::vector<std::wstring>;
+
+std::string styled_drawing() {
+    return section("HEADER", groups("9 $ACADVER|1 AC1015|9 $CLAYER|8 Walls|9 $TEXTSTYLE|7 notes|9 $HANDSEED|5 100")) +
+           section("TABLES",
+                   table("LAYER", {"5 10|100 AcDbSymbolTableRecord|100 AcDbLayerTableRecord|2 0|70 0|62 7|6 Continuous",
+                                   "5 11|2 walls|70 4|62 -30|6 Dashed", "5 12|2 ice|70 1|62 5|6 Continuous",
+                                   "5 13|2 A$C|70 16|62 1|6 Continuous"}) +
+                       table("STYLE", {"5 20|2 Standard|70 0|40 0.0|41 1.0|50 0.0|71 0|42 2.5|3 txt|4 ",
+                                       "5 21|2 Notes|70 0|40 3.0|41 0.8|50 15.0|71 0|42 3.0|3 romans.shx|4 bigfont.shx",
+                                       "5 22|2 |70 1|40 0.0|41 1.0|50 0.0|71 0|42 2.5|3 ltypeshp.shx|4 "}) +
+                       table("BLOCK_RECORD",
+                             {"5 30|2 *MODEL_SPACE", "5 31|2 *Paper_Space", "5 32|2 Part", "5 33|2 *Paper_Space0"})) +
+           section("BLOCKS", groups("0 BLOCK|5 40|330 30|8 0|2 *MODEL_SPACE|70 0|10 0|20 0|3 *MODEL_SPACE|0 ENDBLK|"
+                                    "0 BLOCK|5 41|330 32|8 0|2 PART|70 0|10 0|20 0|0 POINT|5 42|8 0|10 1|20 1|0 POINT|"
+                                    "5 43|8 0|10 2|20 2|0 POINT|5 44|8 0|10 3|20 3|0 ENDBLK|0 BLOCK|5 45|8 0|"
+                                    "2 *Paper_Space0|70 0|0 LINE|5 46|8 0|10 0|20 0|11 1|21 1|0 ENDBLK|"
+                                    "0 BLOCK|5 47|8 0|2 part|70 0|10 9|20 9|0 ENDBLK")) +
+           section("ENTITIES", groups("0 INSERT|5 50|330 30|8 walls|2 part|10 0|20 0")) + end_of_file();
+}
+
+template <class Table, class Record, class Iterator>
+Names walk(const OpenDrawing& drawing, bool forward, bool skip_erased = true) {
+    Table* table = nullptr;
+    EXPECT_EQ(drawing->getSymbolTable(table, AcDb::kForRead), Acad::eOk);
+    Iterator* made = nullptr;
+    EXPECT_EQ(table->newIterator(made, forward, skip_erased), Acad::eOk);
+    const std::unique_ptr<Iterator> iterator(made);
+    Names names;
+    for (; !iterator->done(); iterator->step(forward, skip_erased)) {
+        Record* record = nullptr;
+        EXPECT_EQ(iterator->getRecord(record, AcDb::kForRead, true), Acad::eOk);
+        names.push_back(name_of(*record));
+        EXPECT_EQ(record->ownerId(), table->objectId());
+        record->close();
+    }
+    AcDbObjectId id;
+    EXPECT_EQ(iterator->getRecordId(id), Acad::eInvalidIndex);
+    table->close();
+    return names;
+}
+
+constexpr auto layers = walk<AcDbLayerTable, AcDbLayerTableRecord, AcDbLayerTableIterator>;
+constexpr auto styles = walk<AcDbTextStyleTable, AcDbTextStyleTableRecord, AcDbTextStyleTableIterator>;
+constexpr auto blocks = walk<AcDbBlockTable, AcDbBlockTableRecord, AcDbBlockTableIterator>;
+
+AcDbObjectId by_handle(const OpenDrawing& drawing, const ACHAR* handle) {
+    AcDbObjectId id;
+    EXPECT_EQ(drawing->getAcDbObjectId(id, false, AcDbHandle(handle)), Acad::eOk);
+    return id;
+}
+
+Acad::ErrorStatus erase(AcDbObjectId id) {
+    const AcDbObjectPointer<AcDbObject> object(id, AcDb::kForWrite);
+    return object.openStatus() == Acad::eOk ? object->erase() : object.openStatus();
+}
+
+}  // namespace
+
+TEST(DatabaseTables, IteratorsWalkBothWays) {
+    const OpenDrawing drawing(styled_drawing());
+    EXPECT_EQ(layers(drawing, true, true), (Names{L"0", L"walls", L"ice", L"A$C"}));
+    EXPECT_EQ(layers(drawing, false, true), (Names{L"A$C", L"ice", L"walls", L"0"}));
+    EXPECT_EQ(styles(drawing, true, true), (Names{L"Standard", L"Notes", L""}));
+    // The second "part" cannot be referred to; the spaces come first, wherever the file has them.
+    EXPECT_EQ(blocks(drawing, true, true), (Names{L"*MODEL_SPACE", L"*Paper_Space", L"PART", L"*Paper_Space0"}));
+    EXPECT_EQ(blocks(drawing, false, true), (Names{L"*Paper_Space0", L"PART", L"*Paper_Space", L"*MODEL_SPACE"}));
+}
+
+TEST(DatabaseTables, ErasedRecordsAreSkippedUnlessAskedFor) {
+    const OpenDrawing drawing(styled_drawing());
+    const AcDbObjectId part = drawing.block(L"part");
+    EXPECT_EQ(erase(by_handle(drawing, L"12")), Acad::eOk);
+    EXPECT_EQ(erase(by_handle(drawing, L"12")), Acad::eWasErased);
+    EXPECT_EQ(erase(part), Acad::eOk);
+    EXPECT_EQ(layers(drawing, true, true), (Names{L"0", L"walls", L"A$C"}));
+    EXPECT_EQ(layers(drawing, true, false), (Names{L"0", L"walls", L"ice", L"A$C"}));
+    EXPECT_EQ(blocks(drawing, true, true), (Names{L"*MODEL_SPACE", L"*Paper_Space", L"*Paper_Space0"}));
+
+    const AcDbObjectPointer<AcDbBlockReference> reference(drawing.entity(0), AcDb::kForRead);
+    EXPECT_EQ(reference->blockTableRecord(), part);
+    EXPECT_EQ(block_name(part), L"eWasErased");
+    EXPECT_TRUE(part.isErased());
+    EXPECT_TRUE(by_handle(drawing, L"43").isErased()) << "what stood in the block went with it";
+
+    const std::pair<const ACHAR*, Acad::ErrorStatus> needed[] = {
+        {L"10", Acad::eCannotBeErasedByCaller},
+        {L"11", Acad::eCannotBeErasedByCaller},
+        {L"30", Acad::eCannotBeErasedByCaller},
+        {L"33", Acad::eCannotBeErasedByCaller},
+    };
+    for (const auto& [handle, status] : needed) {
+        EXPECT_EQ(erase(by_handle(drawing, handle)), status);
+    }
+    EXPECT_EQ(erase(drawing->layerTableId()), Acad::eCannotBeErasedByCaller);
+}
+
+TEST(DatabaseTables, RecordsTellWhatTheFileSays) {
+    const OpenDrawing drawing(styled_drawing());
+    const AcDbObjectPointer<AcDbLayerTableRecord> walls(drawing->clayer(), AcDb::kForRead);
+    EXPECT_EQ(name_of(*walls), L"walls");
+    EXPECT_TRUE(walls->isOff() && walls->isLocked() && !walls->isFrozen() && !walls->isDependent());
+    EXPECT_EQ(walls->colorIndex(), 30);
+    const AcDbObjectPointer<AcDbLayerTableRecord> bound(by_handle(drawing, L"13"), AcDb::kForRead);
+    EXPECT_TRUE(bound->isDependent());
+
+    const AcDbObjectPointer<AcDbTextStyleTableRecord> notes(drawing->textstyle(), AcDb::kForRead);
+    ACHAR* file = nullptr;
+    ACHAR* big_font = nullptr;
+    notes->fileName(file);
+    notes->bigFontFileName(big_font);
+    EXPECT_EQ(take(file), L"romans.shx");
+    EXPECT_EQ(take(big_font), L"bigfont.shx");
+    EXPECT_EQ(notes->textSize(), 3.0);
+    EXPECT_EQ(notes->xScale(), 0.8);
+    EXPECT_FALSE(notes->isShapeFile());
+    const AcDbObjectPointer<AcDbTextStyleTableRecord> shapes(by_handle(drawing, L"22"), AcDb::kForRead);
+    EXPECT_TRUE(shapes->isShapeFile());
+}
+
+TEST(DatabaseTables, ABlockIsKnownByTheHandleOfItsRecord) {
+    const OpenDrawing drawing(styled_drawing());
+    EXPECT_EQ(by_handle(drawing, L"32"), drawing.block(L"PART"));
+    EXPECT_EQ(by_handle(drawing, L"30"), drawing.block(L"*Model_Space"));
+    EXPECT_EQ(drawing.block(L"*Paper_Space").handle(), AcDbHandle(L"31"));
+    EXPECT_STREQ(by_handle(drawing, L"32").objectClass()->name(), L"AcDbBlockTableRecord");
+    EXPECT_EQ(by_handle(drawing, L"43").database(), &*drawing);
+
+    const AcDbObjectPointer<AcDbBlockTableRecord> part(drawing.block(L"part"), AcDb::kForRead);
+    AcDbBlockTableRecordIterator* made = nullptr;
+    ASSERT_EQ(part->newIterator(made, false), Acad::eOk);
+    const std::unique_ptr<AcDbBlockTableRecordIterator> iterator(made);
+    ASSERT_EQ(erase(by_handle(drawing, L"43")), Acad::eOk);
+    std::vector<Adesk::UInt32> handles;
+    for (; !iterator->done(); iterator->step(false)) {
+        AcDbObjectId id;
+        iterator->getEntityId(id);
+        handles.push_back(id.handle().low());
+    }
+    EXPECT_EQ(handles, (std::vector<Adesk::UInt32>{0x44, 0x42}));
+
+    ACHAR text[AcDbHandle::kStrSiz];
+    EXPECT_TRUE(AcDbHandle(0x89ABCDEF, 0x1234567).getIntoAsciiBuffer(text));
+    EXPECT_STREQ(text, L"123456789ABCDEF");
+    EXPECT_EQ(AcDbHandle(L"123456789abcdef"), AcDbHandle(0x89ABCDEF, 0x1234567));
+    EXPECT_TRUE(AcDbHandle(L"12G").isNull());
+}
+
+TEST(DatabaseTables, AddedLayersCanBeUsedAtOnce) {
+    const std::string before = styled_drawing();
+    const OpenDrawing drawing(before);
+    AcDbLayerTable* table = nullptr;
+    ASSERT_EQ(drawing->getLayerTable(table, AcDb::kForRead), Acad::eOk);
+    auto layer = std::make_unique<AcDbLayerTableRecord>();
+    layer->setName(L"Added");
+    layer->setIsLocked(true);
+    EXPECT_EQ(layer->setColorIndex(0), Acad::eInvalidInput);
+    EXPECT_EQ(layer->setColorIndex(3), Acad::eOk);
+    EXPECT_EQ(table->add(layer.get()), Acad::eNotOpenForWrite);
+    EXPECT_EQ(table->upgradeOpen(), Acad::eOk);
+    AcDbObjectId id;
+    EXPECT_EQ(table->add(id, layer.get()), Acad::eOk);
+    EXPECT_EQ(layer.release()->close(), Acad::eOk);
+    auto twin = std::make_unique<AcDbLayerTableRecord>();
+    twin->setName(L"ADDED");
+    EXPECT_EQ(table->add(twin.get()), Acad::eDuplicateRecordName);
+    EXPECT_TRUE(table->has(id));
+    EXPECT_EQ(table->close(), Acad::eOk);
+
+    const AcDbObjectPointer<AcDbLine> line(AcDbObjectId(), AcDb::kForRead);
+    EXPECT_EQ(line.openStatus(), Acad::eNullObjectId);
+    const AcDbObjectPointer<AcDbBlockReference> reference(drawing.entity(0), AcDb::kForWrite);
+    EXPECT_EQ(reference->setLayer(L"missing"), Acad::eKeyNotFound);
+    EXPECT_EQ(reference->setLayer(drawing->textstyle()), Acad::eInvalidInput);
+    EXPECT_EQ(reference->setLayer(id), Acad::eOk);
+    EXPECT_EQ(reference->setColorIndex(257), Acad::eInvalidInput);
+    EXPECT_EQ(reference->setColorIndex(0), Acad::eOk);
+    EXPECT_EQ(reference->setVisibility(AcDb::kInvisible), Acad::eOk);
+    EXPECT_EQ(reference->downgradeOpen(), Acad::eOk);
+    EXPECT_EQ(take(reference->layer()), L"Added");
+    const std::string saved = plain(drawing.saved());
+    EXPECT_NE(saved.find(groups("0 LAYER|5 100|100 AcDbSymbolTableRecord|100 AcDbLayerTableRecord|2 Added|70 4|62 3|"
+                                "6 CONTINUOUS|0 ENDTAB")),
+              std::string::npos);
+    EXPECT_NE(saved.find(groups("0 INSERT|5 50|330 30|8 Added|62 0|60 1|2 part|10 0|20 0")), std::string::npos);
+}
