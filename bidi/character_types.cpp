@@ -11,7 +11,7 @@ CharacterTypes::CharacterTypes(const ByteTypes& system_types, const ByteCharacte
     : types_(std::make_unique<std::array<std::uint8_t, table_size>>()) {
     types_->fill(static_cast<std::uint8_t>(BidiType::other_neutral));
     for (unsigned byte = 0; byte < system_types.size(); ++byte) {
-        const auto code = static_cast<std::uint32_t>(characters[byte]);
+        const std::uint32_t code = code_of(characters[byte]);
         if (code < table_size) {
             const BidiType type = corrected_byte_type(static_cast<unsigned char>(byte), system_types[byte]);
             (*types_)[code] = static_cast<std::uint8_t>(type);

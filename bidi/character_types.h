@@ -55,12 +55,13 @@ class CharacterTypes {
     CharacterTypes(const ByteTypes& system_types, const ByteCharacters& characters);
     BidiType of(wchar_t character) const {
         // The last entry, of a code that is no character, also stands for what lies beyond the table.
-        const auto code = std::min(static_cast<std::uint32_t>(character), table_size - 1);
+        const auto code = std::min(code_of(character), table_size - 1);
         return static_cast<BidiType>((*types_)[code]);
     }
 
   private:
     static constexpr std::uint32_t table_size = 0x10000;
+    static std::uint32_t code_of(wchar_t character) { return static_cast<std::uint32_t>(character); }
     std::unique_ptr<std::array<std::uint8_t, table_size>> types_;
 };
 

@@ -119,6 +119,7 @@ struct FirstLevelState {
 /// The same as a table, by states and types: no branch to mispredict at each change of direction.
 class FirstLevelSteps {
   public:
+    /// A state is known by where its steps begin.
     struct Step {
         std::uint8_t state;
         std::uint8_t level;
@@ -130,16 +131,16 @@ class FirstLevelSteps {
                 const auto type = static_cast<BidiType>(i);
                 const FirstLevelState after = FirstLevelState::numbered(state).after(type);
                 const int level = base + (IsStrongType(type) && after.above ? 1 : 0);
-                steps_[state][i] = {static_cast<std::uint8_t>(after.number()),
-                                    static_cast<std::uint8_t>(IsNotApplicable(type) ? 0 : level)};
+                steps_[state * bidi_type_count + i] = {static_cast<std::uint8_t>(after.number() * bidi_type_count),
+                                                       static_cast<std::uint8_t>(IsNotApplicable(type) ? 0 : level)};
             }
         }
     }
-    Step from(size_t state, BidiType type) const { return steps_[state][index_of(type)]; }
+    Step from(size_t state, BidiType type) const { return steps_[state + index_of(type)]; }
 
   private:
     static constexpr size_t state_count = 12;
-    Step steps_[state_count][bidi_type_count];
+    Step steps_[state_count * bidi_type_count];
 };
 
 void find_next_strong_types(const LevelLine& line, BidiType* next_strong) {

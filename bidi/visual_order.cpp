@@ -42,10 +42,12 @@ void write_run(std::uint32_t* indexes, const LevelRun& run, bool backwards) {
     // One way for both directions and for most lengths: neither can be predicted.
     const std::uint32_t first = backwards ? run.start + run.length - 1 : run.start;
     const std::uint32_t step = backwards ? ~0U : 1U;
-    for (std::uint32_t i = 0; i < run.length; i += block) {
-        for (std::uint32_t k = 0; k < block; ++k) {
-            indexes[i + k] = first + (i + k) * step;
+    for (std::uint32_t done = 0; done < run.length; done += block) {
+        const std::uint32_t value = first + done * step;
+        for (size_t i = 0; i < block; ++i) {
+            indexes[i] = value + static_cast<std::uint32_t>(i) * step;
         }
+        indexes += block;
     }
 }
 
