@@ -27,13 +27,13 @@ corvanes::SettingsPaths report_settings_paths() {
 }  // namespace
 
 BEGIN_MESSAGE_MAP(CalcPriceDialog, CDialog)
-ON_BN_CLICKED(IDC_REPORT_CLOSE, &CalcPriceDialog::OnClose)
-ON_BN_CLICKED(IDC_REPORT_ATTACH, &CalcPriceDialog::OnAttachNew)
-ON_BN_CLICKED(IDC_REPORT_SAVE, &CalcPriceDialog::OnSaveToFile)
-ON_BN_CLICKED(IDC_REPORT_INSERT, &CalcPriceDialog::OnInsert)
-ON_BN_CLICKED(IDC_REPORT_SHOW_PRICE, &CalcPriceDialog::OnShowPrice)
-ON_WM_CLOSE()
-ON_WM_LBUTTONDOWN()
+    ON_BN_CLICKED(IDC_REPORT_CLOSE, &CalcPriceDialog::OnClose)
+    ON_BN_CLICKED(IDC_REPORT_ATTACH, &CalcPriceDialog::OnAttachNew)
+    ON_BN_CLICKED(IDC_REPORT_SAVE, &CalcPriceDialog::OnSaveToFile)
+    ON_BN_CLICKED(IDC_REPORT_INSERT, &CalcPriceDialog::OnInsert)
+    ON_BN_CLICKED(IDC_REPORT_SHOW_PRICE, &CalcPriceDialog::OnShowPrice)
+    ON_WM_CLOSE()
+    ON_WM_LBUTTONDOWN()
 END_MESSAGE_MAP()
 
 CalcPriceDialog::CalcPriceDialog(CWnd* parent, InsertHandler insert)

@@ -17,9 +17,9 @@ constexpr int combo_frame = 6;
 }  // namespace
 
 BEGIN_MESSAGE_MAP(DropList, CWnd)
-ON_WM_KEYDOWN()
-ON_WM_KILLFOCUS()
-ON_WM_GETDLGCODE()
+    ON_WM_KEYDOWN()
+    ON_WM_KILLFOCUS()
+    ON_WM_GETDLGCODE()
 END_MESSAGE_MAP()
 
 bool DropList::Prepare(CWnd& parent, const wchar_t* items, int height) {

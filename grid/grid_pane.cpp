@@ -7,9 +7,9 @@
 namespace corvanes {
 
 BEGIN_MESSAGE_MAP(GridPane, CWnd)
-ON_WM_PAINT()
-ON_WM_ERASEBKGND()
-ON_WM_MOUSEWHEEL()
+    ON_WM_PAINT()
+    ON_WM_ERASEBKGND()
+    ON_WM_MOUSEWHEEL()
 END_MESSAGE_MAP()
 
 bool GridPane::Create(CUGCtrl& grid, UINT id) {

@@ -14,11 +14,11 @@ constexpr int border_reach = 3;
 }  // namespace
 
 BEGIN_MESSAGE_MAP(CUGTopHdg, GridPane)
-ON_WM_LBUTTONDOWN()
-ON_WM_LBUTTONUP()
-ON_WM_MOUSEMOVE()
-ON_WM_SETCURSOR()
-ON_WM_CAPTURECHANGED()
+    ON_WM_LBUTTONDOWN()
+    ON_WM_LBUTTONUP()
+    ON_WM_MOUSEMOVE()
+    ON_WM_SETCURSOR()
+    ON_WM_CAPTURECHANGED()
 END_MESSAGE_MAP()
 
 RECT CUGTopHdg::CellRectangle(int column) const {

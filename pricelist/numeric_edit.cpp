@@ -15,7 +15,7 @@ bool number_character_allowed(wchar_t character, const wchar_t* text) {
 }  // namespace corvanes
 
 BEGIN_MESSAGE_MAP(CEditReal, CEdit)
-ON_WM_CHAR()
+    ON_WM_CHAR()
 END_MESSAGE_MAP()
 
 void CEditReal::OnChar(UINT character, UINT repeat, UINT flags) {

@@ -8,7 +8,7 @@ constexpr UINT_PTR end_timer = 1;
 }  // namespace
 
 BEGIN_MESSAGE_MAP(CStaticEx, CStatic)
-ON_WM_TIMER()
+    ON_WM_TIMER()
 END_MESSAGE_MAP()
 
 void CStaticEx::ShowMessage(int duration, int interval, const wchar_t* text) {

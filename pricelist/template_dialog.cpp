@@ -28,17 +28,17 @@ SettingsPaths template_settings_paths() {
 }  // namespace
 
 BEGIN_MESSAGE_MAP(BlockPriceDialog, CDialog)
-ON_BN_CLICKED(IDC_TEMPLATE_INSERT_ROW, &BlockPriceDialog::OnInsertRow)
-ON_BN_CLICKED(IDC_TEMPLATE_DELETE_ROW, &BlockPriceDialog::OnDeleteRow)
-ON_BN_CLICKED(IDC_TEMPLATE_NEW, &BlockPriceDialog::OnNew)
-ON_BN_CLICKED(IDC_TEMPLATE_OPEN, &BlockPriceDialog::OnOpen)
-ON_BN_CLICKED(IDC_TEMPLATE_SAVE, &BlockPriceDialog::OnSave)
-ON_BN_CLICKED(IDC_TEMPLATE_SAVE_AS, &BlockPriceDialog::OnSaveAs)
-ON_BN_CLICKED(IDC_TEMPLATE_CLOSE, &BlockPriceDialog::OnClose)
-ON_WM_CLOSE()
-ON_BN_CLICKED(IDC_TEMPLATE_MOVE_UP, &BlockPriceDialog::OnMoveUp)
-ON_BN_CLICKED(IDC_TEMPLATE_MOVE_DOWN, &BlockPriceDialog::OnMoveDown)
-ON_WM_CTLCOLOR()
+    ON_BN_CLICKED(IDC_TEMPLATE_INSERT_ROW, &BlockPriceDialog::OnInsertRow)
+    ON_BN_CLICKED(IDC_TEMPLATE_DELETE_ROW, &BlockPriceDialog::OnDeleteRow)
+    ON_BN_CLICKED(IDC_TEMPLATE_NEW, &BlockPriceDialog::OnNew)
+    ON_BN_CLICKED(IDC_TEMPLATE_OPEN, &BlockPriceDialog::OnOpen)
+    ON_BN_CLICKED(IDC_TEMPLATE_SAVE, &BlockPriceDialog::OnSave)
+    ON_BN_CLICKED(IDC_TEMPLATE_SAVE_AS, &BlockPriceDialog::OnSaveAs)
+    ON_BN_CLICKED(IDC_TEMPLATE_CLOSE, &BlockPriceDialog::OnClose)
+    ON_WM_CLOSE()
+    ON_BN_CLICKED(IDC_TEMPLATE_MOVE_UP, &BlockPriceDialog::OnMoveUp)
+    ON_BN_CLICKED(IDC_TEMPLATE_MOVE_DOWN, &BlockPriceDialog::OnMoveDown)
+    ON_WM_CTLCOLOR()
 END_MESSAGE_MAP()
 
 BlockPriceDialog::BlockPriceDialog(CWnd* parent) : CDialog(IDD_BOM_TEMPLATE, parent) {

@@ -83,7 +83,7 @@ class Nest : public CWnd {
 };
 
 BEGIN_MESSAGE_MAP(Nest, CWnd)
-ON_WM_CREATE()
+    ON_WM_CREATE()
 END_MESSAGE_MAP()
 
 TEST(Creation, NestsAndEndsWithTheParent) {

@@ -30,7 +30,7 @@ class FieldsDialog : public CDialog {
 };
 
 BEGIN_MESSAGE_MAP(FieldsDialog, CDialog)
-ON_EN_CHANGE(IDC_NUMBER, &ThisClass::OnNumberChange)
+    ON_EN_CHANGE(IDC_NUMBER, &ThisClass::OnNumberChange)
 END_MESSAGE_MAP()
 
 TEST(DataExchange, MovesValuesBothWays) {

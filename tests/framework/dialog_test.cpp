@@ -39,7 +39,7 @@ class TestDialog : public CDialog {
 };
 
 BEGIN_MESSAGE_MAP(TestDialog, CDialog)
-ON_BN_CLICKED(IDC_PRESS, &ThisClass::OnPress)
+    ON_BN_CLICKED(IDC_PRESS, &ThisClass::OnPress)
 END_MESSAGE_MAP()
 
 void press(CWnd& dialog, int id) {

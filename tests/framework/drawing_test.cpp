@@ -106,7 +106,7 @@ class Painter : public CWnd {
 };
 
 BEGIN_MESSAGE_MAP(Painter, CWnd)
-ON_WM_PAINT()
+    ON_WM_PAINT()
 END_MESSAGE_MAP()
 
 TEST(Drawing, PaintingGetsTheInvalidPart) {

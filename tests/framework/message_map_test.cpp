@@ -58,21 +58,21 @@ class Listener : public CWnd {
 };
 
 BEGIN_MESSAGE_MAP(Listener, CWnd)
-ON_WM_SIZE()
-ON_WM_KEYDOWN()
-ON_WM_CHAR()
-ON_WM_TIMER()
-ON_WM_LBUTTONDOWN()
-ON_WM_VSCROLL()
-ON_WM_MOUSEWHEEL()
-ON_WM_CTLCOLOR()
-ON_WM_GETDLGCODE()
-ON_WM_ENABLE()
-ON_MESSAGE(WM_USER + 100, &ThisClass::OnPrivate)
-ON_COMMAND(1, &ThisClass::OnOne)
-ON_COMMAND_RANGE(10, 12, &ThisClass::OnRange)
-ON_EN_CHANGE(20, &ThisClass::OnChange)
-ON_NOTIFY(NM_CLICK, 20, &ThisClass::OnClick)
+    ON_WM_SIZE()
+    ON_WM_KEYDOWN()
+    ON_WM_CHAR()
+    ON_WM_TIMER()
+    ON_WM_LBUTTONDOWN()
+    ON_WM_VSCROLL()
+    ON_WM_MOUSEWHEEL()
+    ON_WM_CTLCOLOR()
+    ON_WM_GETDLGCODE()
+    ON_WM_ENABLE()
+    ON_MESSAGE(WM_USER + 100, &ThisClass::OnPrivate)
+    ON_COMMAND(1, &ThisClass::OnOne)
+    ON_COMMAND_RANGE(10, 12, &ThisClass::OnRange)
+    ON_EN_CHANGE(20, &ThisClass::OnChange)
+    ON_NOTIFY(NM_CLICK, 20, &ThisClass::OnClick)
 END_MESSAGE_MAP()
 
 using Log = std::vector<std::wstring>;
@@ -141,9 +141,9 @@ class QuietListener : public Listener {
 };
 
 BEGIN_MESSAGE_MAP(QuietListener, Listener)
-ON_WM_TIMER()
-ON_COMMAND_EX(1, &ThisClass::OnOneToo)
-ON_COMMAND_EX(10, &ThisClass::OnOneToo)
+    ON_WM_TIMER()
+    ON_COMMAND_EX(1, &ThisClass::OnOneToo)
+    ON_COMMAND_EX(10, &ThisClass::OnOneToo)
 END_MESSAGE_MAP()
 
 TEST(MessageMap, TheDerivedClassComesFirst) {

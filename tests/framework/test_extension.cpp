@@ -25,7 +25,7 @@ class ExtensionDialog : public CDialog {
 };
 
 BEGIN_MESSAGE_MAP(ExtensionDialog, CDialog)
-ON_BN_CLICKED(IDC_PRESS, &ThisClass::OnPress)
+    ON_BN_CLICKED(IDC_PRESS, &ThisClass::OnPress)
 END_MESSAGE_MAP()
 
 }  // namespace

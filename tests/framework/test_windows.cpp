@@ -1,7 +1,7 @@
 #include "test_windows.h"
 
 BEGIN_MESSAGE_MAP(OwnerWindow, CWnd)
-ON_WM_ENTERIDLE()
+    ON_WM_ENTERIDLE()
 END_MESSAGE_MAP()
 
 OwnerWindow::OwnerWindow() {

@@ -27,7 +27,7 @@ class DoublingEdit : public CEdit {
 };
 
 BEGIN_MESSAGE_MAP(DoublingEdit, CEdit)
-ON_WM_CHAR()
+    ON_WM_CHAR()
 END_MESSAGE_MAP()
 
 CString text_of(HWND window) {

@@ -7,10 +7,10 @@
 using framework::Scoped;
 
 BEGIN_MESSAGE_MAP(CDialog, CWnd)
-ON_COMMAND(IDOK, &ThisClass::OnOK)
-ON_COMMAND(IDCANCEL, &ThisClass::OnCancel)
-ON_MESSAGE(WM_INITDIALOG, &ThisClass::HandleInitDialog)
-ON_MESSAGE(WM_SETFONT, &ThisClass::HandleSetFont)
+    ON_COMMAND(IDOK, &ThisClass::OnOK)
+    ON_COMMAND(IDCANCEL, &ThisClass::OnCancel)
+    ON_MESSAGE(WM_INITDIALOG, &ThisClass::HandleInitDialog)
+    ON_MESSAGE(WM_SETFONT, &ThisClass::HandleSetFont)
 END_MESSAGE_MAP()
 
 CDialog::CDialog(LPCWSTR name, CWnd* parent) : m_pParentWnd(parent), m_lpszTemplateName(name) {}

@@ -8,7 +8,7 @@ using framework::Scoped;
 using framework::thread_state;
 
 BEGIN_MESSAGE_MAP(CWnd, CCmdTarget)
-ON_WM_NCDESTROY()
+    ON_WM_NCDESTROY()
 END_MESSAGE_MAP()
 
 LRESULT CWnd::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
