@@ -1,92 +1,25 @@
 // The whole program, run with scripts: what it says on standard error, and its exit status.
-#include <windows.h>
-
 #include <gmock/gmock.h>
 
 #include <filesystem>
 #include <fstream>
-#include <sstream>
 
-#include "base/code_page.h"
+#include "tests/support/host_program.h"
 
 namespace {
 
+using test_support::contents;
+using test_support::Outcome;
 using testing::EndsWith;
 using testing::HasSubstr;
-
-struct Outcome {
-    DWORD status = 0;
-    std::string said;
-};
-
-class Handle {
-  public:
-    explicit Handle(HANDLE handle) : handle_(handle) {}
-    ~Handle() { CloseHandle(handle_); }
-    Handle(const Handle&) = delete;
-    Handle& operator=(const Handle&) = delete;
-    HANDLE get() const { return handle_; }
-
-  private:
-    HANDLE handle_;
-};
-
-std::filesystem::path program_folder() {
-    wchar_t path[MAX_PATH];
-    return std::filesystem::path(path, path + GetModuleFileNameW(nullptr, path, MAX_PATH)).parent_path();
-}
-
-std::string contents(const std::filesystem::path& path) {
-    std::ifstream file(path, std::ios::binary);
-    std::ostringstream bytes;
-    bytes << file.rdbuf();
-    return bytes.str();
-}
 
 constexpr char small_drawing[] =
     "  0\nSECTION\n  2\nHEADER\n  9\n$ACADVER\n  1\nAC1009\n  9\n$TEXTSIZE\n 40\n3.5\n  0\nENDSEC\n"
     "  0\nSECTION\n  2\nENTITIES\n  0\nLINE\n  8\n0\n 10\n0.0\n 20\n0.0\n 11\n1.0\n 21\n1.0\n  0\nENDSEC\n  0\nEOF\n";
 
-class Program : public testing::Test {
+class Program : public test_support::HostProgram {
   protected:
-    Program() {
-        // The window system may start its desktop with the first window; it must not be a child's child that keeps the
-        // child's files open.
-        GetDesktopWindow();
-        folder_ =
-            std::filesystem::temp_directory_path() / ("drawinghost_" + std::to_string(GetCurrentProcessId()) + "_" +
-                                                      testing::UnitTest::GetInstance()->current_test_info()->name());
-        std::filesystem::create_directories(folder_);
-        write("plan.dxf", small_drawing);
-    }
-    ~Program() override { std::filesystem::remove_all(folder_); }
-
-    void write(const char* name, const std::string& bytes) { std::ofstream(folder_ / name, std::ios::binary) << bytes; }
-
-    Outcome start(const std::string& arguments) {
-        SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
-        const std::filesystem::path errors = folder_ / "errors.txt";
-        PROCESS_INFORMATION process{};
-        {
-            const Handle output(CreateFileW(errors.c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE,
-                                            &inherited, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
-            STARTUPINFOW startup{};
-            startup.cb = sizeof startup;
-            startup.dwFlags = STARTF_USESTDHANDLES;
-            startup.hStdError = output.get();
-            std::wstring command =
-                L"\"" + (program_folder() / L"drawinghost.exe").wstring() + L"\" " + base::wide_from_utf8(arguments);
-            EXPECT_TRUE(CreateProcessW(nullptr, command.data(), nullptr, nullptr, TRUE, 0, nullptr, folder_.c_str(),
-                                       &startup, &process));
-        }
-        const Handle process_handle(process.hProcess);
-        const Handle thread_handle(process.hThread);
-        WaitForSingleObject(process.hProcess, INFINITE);
-        Outcome outcome;
-        GetExitCodeProcess(process.hProcess, &outcome.status);
-        outcome.said = contents(errors);
-        return outcome;
-    }
+    Program() { write("plan.dxf", small_drawing); }
 
     /// Runs a script on the small drawing with the test module.
     Outcome run(const std::string& script, const std::string& more = "--verbose") {
@@ -99,8 +32,6 @@ class Program : public testing::Test {
         EXPECT_EQ(outcome.status, 1u);
         return outcome.said;
     }
-
-    std::filesystem::path folder_;
 };
 
 TEST_F(Program, TellsWhatIsWrongBeforeItRuns) {
