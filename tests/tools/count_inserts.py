@@ -5,6 +5,7 @@ Prints one line for each drawing: path, version, INSERTs in model space, in pape
 or "error" and the reason. With --only-inserts it loads and counts model space alone (for timing).
 """
 
+import re
 import sys
 
 import ezdxf
@@ -20,6 +21,11 @@ def load(path):
         return ezdxf.readfile(path)
     except (ezdxf.DXFError, UnicodeDecodeError, ValueError):
         return recover.readfile(path)[0]
+
+
+def decoded(name):
+    """A name without the escapes that ezdxf leaves in names."""
+    return re.sub(r"\\U\+([0-9A-Fa-f]{4})", lambda match: chr(int(match.group(1), 16)), name)
 
 
 def counts(drawing):
