@@ -18,14 +18,19 @@ int BlockNamesContSort::Compare(blname* const* first, blname* const* second) {
 }
 
 BlockNamesCont::~BlockNamesCont() {
-    Clear();
+    DeleteElements();
+}
+
+void BlockNamesCont::DeleteElements() noexcept {
+    blname* const* const elements = names_.GetData();
+    for (INT_PTR i = 0; i < names_.GetSize(); ++i) {
+        const std::unique_ptr<blname> owner(elements[i]);
+    }
 }
 
 void BlockNamesCont::Clear() {
     constexpr INT_PTR growth = 100;
-    for (INT_PTR i = 0; i < names_.GetSize(); ++i) {
-        const std::unique_ptr<blname> owner(names_[i]);
-    }
+    DeleteElements();
     names_.SetSize(0, growth);
 }
 

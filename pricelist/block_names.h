@@ -84,5 +84,7 @@ class BlockNamesCont {
     void Clear();
 
   private:
+    void DeleteElements() noexcept;
+
     CArray<blname*, blname*> names_;
 };

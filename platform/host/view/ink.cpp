@@ -14,7 +14,8 @@ constexpr uint32_t greys[] = {0x333333, 0x5B5B5B, 0x848484, 0xADADAD, 0xD6D6D6, 
 /// Indexes 10 to 249: 24 hues, each in five shades, each shade full and half saturated.
 uint32_t hue_colour(int index) {
     constexpr double shades[] = {1.0, 165.0 / 255, 127.0 / 255, 76.0 / 255, 38.0 / 255};
-    const double hue = (index / 10 - 1) * 15 / 60.0;
+    const int turn = index / 10 - 1;
+    const double hue = turn * 15 / 60.0;
     const double value = shades[index % 10 / 2];
     const double saturation = index % 2 == 0 ? 1.0 : 0.5;
     uint32_t colour = 0;

@@ -66,7 +66,7 @@ class ParagraphParser {
     /// A code's argument: up to the semicolon, which is taken too.
     std::wstring argument() {
         const size_t end = value_.find(L';', at_);
-        const std::wstring text(value_.substr(at_, end == std::wstring_view::npos ? end : end - at_));
+        std::wstring text(value_.substr(at_, end == std::wstring_view::npos ? end : end - at_));
         at_ = end == std::wstring_view::npos ? value_.size() : end + 1;
         return text;
     }
