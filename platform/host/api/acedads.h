@@ -41,7 +41,9 @@ int acedSetVar(const ACHAR* sym, const struct resbuf* value);
 int acedInitGet(int value, const ACHAR* keywords);
 /// The keyword or text after RTKWORD. `input` holds at least 133 characters.
 int acedGetInput(ACHAR* input);
+/// With a base point, a line from there follows the pointer (of a corner: a rectangle).
 int acedGetPoint(const ads_point point, const ACHAR* prompt, ads_point result);
+int acedGetCorner(const ads_point point, const ACHAR* prompt, ads_point result);
 int acedGetString(int allowBlanks, const ACHAR* prompt, ACHAR* result);
 int acedGetReal(const ACHAR* prompt, ads_real* result);
 int acedGetInt(const ACHAR* prompt, int* result);

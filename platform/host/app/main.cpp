@@ -9,6 +9,7 @@
 #include "platform/host/app/options.h"
 #include "platform/host/editor/built_in_commands.h"
 #include "platform/host/editor/dialog_driver.h"
+#include "platform/host/editor/document.h"
 #include "platform/host/editor/editor.h"
 #include "platform/host/editor/main_window.h"
 #include "platform/host/editor/script_run.h"
@@ -16,6 +17,7 @@
 #include "platform/host/editor/transparent_command_line.h"
 #include "platform/host/editor/typed_command_line.h"
 #include "platform/host/editor/watchdog.h"
+#include "platform/host/editor/window_events.h"
 
 namespace host {
 namespace {
@@ -37,11 +39,17 @@ class WindowAttachment final : public AcApDocManagerReactor {
         main_.Attach(window.window());
         program_.m_pMainWnd = &main_;
         editor().main_window = window.window();
+        editor().view = &window.view().pane();
+        set_vector_display(&window.view());
+        set_selection_display(&window.view().pane());
         editor().history.attach(&window);
         editor().history.echo_to_standard_error(options.verbose);
     }
     ~WindowAttachment() override {
         acDocManagerPtr()->removeReactor(this);
+        set_selection_display(nullptr);
+        set_vector_display(nullptr);
+        editor().view = nullptr;
         editor().main_window = nullptr;
         editor().history.attach(nullptr);
         program_.m_pMainWnd = nullptr;
@@ -50,7 +58,10 @@ class WindowAttachment final : public AcApDocManagerReactor {
     WindowAttachment(const WindowAttachment&) = delete;
     WindowAttachment& operator=(const WindowAttachment&) = delete;
 
-    void documentActivated(AcApDocument* document) override { window_.set_title(document->docTitle()); }
+    void documentActivated(AcApDocument* document) override {
+        window_.set_title(document->docTitle());
+        window_.view().pane().drawing_opened();
+    }
     void documentTitleUpdated(AcApDocument* document) override { window_.set_title(document->docTitle()); }
 
   private:
@@ -59,8 +70,20 @@ class WindowAttachment final : public AcApDocManagerReactor {
     CWnd main_;
 };
 
+/// What the drawing view shows: the space of the open drawing that commands work in.
+PaneContent current_content() {
+    const Document* const document = editor().documents.document();
+    if (document == nullptr) {
+        return {};
+    }
+    const bool model = document->database()->tilemode();
+    return {&document->drawing(), document->drawing().edits_made(),
+            model ? DisplayList::Space::model : DisplayList::Space::paper};
+}
+
 void run_command(const std::wstring& typed) {
     editor().processor.run(typed);
+    editor().view->update();
     for (LONG count = 0; AfxGetApp()->OnIdle(count); ++count) {
     }
 }
@@ -69,6 +92,7 @@ void run_commands_of_person(MainWindow& window) {
     TypedCommandLine typed(window, editor().history);
     TransparentCommandLine line(typed, editor().processor);
     const CommandLineScope scope(line);
+    const WindowEvents events(window);
     while (!editor().quit_requested) {
         const Answer answer = line.prompt(L"\nCommand: ");
         if (answer.kind == Answer::line) {
@@ -130,7 +154,7 @@ int run_program(const Options& options) {
     if (!problem.empty()) {
         return fail(problem);
     }
-    MainWindow window;
+    MainWindow window(current_content);
     WindowAttachment attachment(window, options);
     TypedCommandLine messages(window, editor().history);
     const CommandLineScope scope(messages);

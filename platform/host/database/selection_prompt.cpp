@@ -42,6 +42,7 @@ SelectionPrompt::SelectionPrompt(EntitySelector& selector, const SelectionFilter
     : selector_(selector), filter_(filter), drawing_(drawing), line_(line), single_(single) {}
 
 bool SelectionPrompt::ask() {
+    const PointerGuideScope guide({PointerGuide::Kind::pick_box, {}});
     for (;;) {
         const Answer answer = line_.prompt(removing_ ? L"\nRemove objects: " : L"\nSelect objects: ");
         if (answer.kind == Answer::cancel) {
@@ -92,7 +93,9 @@ bool SelectionPrompt::take_point(const AcGePoint3d& point) {
     return true;
 }
 
-SelectionPrompt::Corner SelectionPrompt::ask_corner(std::wstring_view prompt, AcGePoint3d& corner) {
+SelectionPrompt::Corner SelectionPrompt::ask_corner(std::wstring_view prompt, const PointerGuide& guide,
+                                                    AcGePoint3d& corner) {
+    const PointerGuideScope scope(guide);
     const Answer answer = line_.prompt(prompt);
     if (answer.kind == Answer::cancel) {
         return Corner::cancelled;
@@ -108,13 +111,14 @@ SelectionPrompt::Corner SelectionPrompt::ask_corner(std::wstring_view prompt, Ac
 
 bool SelectionPrompt::take_rectangle(std::wstring_view kind) {
     AcGePoint3d first;
-    const Corner given = ask_corner(L"\nSpecify first corner: ", first);
+    const Corner given = ask_corner(L"\nSpecify first corner: ", {PointerGuide::Kind::crosshair, {}}, first);
     return given == Corner::given ? take_opposite(first, kind) : given == Corner::none;
 }
 
 bool SelectionPrompt::take_opposite(const AcGePoint3d& first, std::wstring_view kind) {
     AcGePoint3d second;
-    const Corner given = ask_corner(L"\nSpecify opposite corner: ", second);
+    const PointerGuide rectangle{PointerGuide::Kind::rectangle, {first.x, first.y}};
+    const Corner given = ask_corner(L"\nSpecify opposite corner: ", rectangle, second);
     if (given == Corner::given) {
         const bool window = kind == L"window" || (kind == L"box" && second.x >= first.x);
         take(window ? selector_.in_window(first, second) : selector_.crossing(first, second));
@@ -143,6 +147,7 @@ void SelectionPrompt::take(const std::vector<dxf::RecordId>& found) {
         line_.print(L"\n" + std::to_wstring(filtered) + (filtered == 1 ? L" was" : L" were") + L" filtered out.");
     }
     steps_.push_back({removing_, std::move(changed)});
+    shown_.show(selected_.records());
 }
 
 void SelectionPrompt::print_result(size_t found, size_t changed) {
@@ -170,6 +175,7 @@ void SelectionPrompt::undo() {
     } else {
         selected_.remove(step.records);
     }
+    shown_.show(selected_.records());
 }
 
 void SelectionPrompt::refuse() {

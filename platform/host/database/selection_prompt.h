@@ -7,6 +7,7 @@
 #include "platform/host/database/entity_selector.h"
 #include "platform/host/database/selection_set.h"
 #include "platform/host/editor/command_line.h"
+#include "platform/host/view/pointer_guide.h"
 
 namespace host {
 
@@ -35,7 +36,7 @@ class SelectionPrompt {
     bool take_point(const AcGePoint3d& point);
     /// Asks for what is missing of a rectangle.
     bool take_rectangle(std::wstring_view kind);
-    Corner ask_corner(std::wstring_view prompt, AcGePoint3d& corner);
+    Corner ask_corner(std::wstring_view prompt, const PointerGuide& guide, AcGePoint3d& corner);
     bool take_opposite(const AcGePoint3d& first, std::wstring_view kind);
     void take(const std::vector<dxf::RecordId>& found);
     void take_previous();
@@ -51,6 +52,7 @@ class SelectionPrompt {
     bool removing_ = false;
     SelectionSet selected_;
     std::vector<Step> steps_;
+    SelectionShown shown_;
 };
 
 }  // namespace host

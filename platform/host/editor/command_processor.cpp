@@ -24,8 +24,8 @@ std::wstring unknown_command(std::wstring_view name) {
 
 }  // namespace
 
-void CommandProcessor::add_built_in(std::wstring name, std::function<void()> body) {
-    built_in_[std::move(name)] = std::move(body);
+void CommandProcessor::add_built_in(std::wstring name, std::function<void()> body, bool transparent) {
+    built_in_[std::move(name)] = {std::move(body), transparent};
 }
 
 bool CommandProcessor::has_built_in(std::wstring_view name) const {
@@ -45,7 +45,7 @@ CommandProcessor::Command CommandProcessor::find(const CommandName& typed) const
         }
     }
     const auto own = built_in_.find(in_capitals(typed.name));
-    return own == built_in_.end() ? Command{} : Command{own->first, own->second, nullptr, false};
+    return own == built_in_.end() ? Command{} : Command{own->first, own->second.body, nullptr, own->second.transparent};
 }
 
 void CommandProcessor::run(std::wstring_view typed) {

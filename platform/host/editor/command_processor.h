@@ -22,8 +22,8 @@ class CommandProcessor {
     CommandProcessor(CommandStack& registered, DocumentManager& documents)
         : registered_(registered), documents_(documents) {}
 
-    /// Adds a command of the host. The name is in capitals.
-    void add_built_in(std::wstring name, std::function<void()> body);
+    /// Adds a command of the host. The name is in capitals. A transparent one may run while another command waits.
+    void add_built_in(std::wstring name, std::function<void()> body, bool transparent = false);
     bool has_built_in(std::wstring_view name) const;
 
     /// Runs what was typed at the "Command:" prompt. Unknown names, and commands that end with an exception, are
@@ -48,12 +48,16 @@ class CommandProcessor {
         AcRxFunctionPtr function = nullptr;  ///< of a registered command
         bool transparent = false;
     };
+    struct BuiltIn {
+        std::function<void()> body;
+        bool transparent;
+    };
     Command find(const CommandName& typed) const;
     void execute(const Command& command);
 
     CommandStack& registered_;
     DocumentManager& documents_;
-    std::map<std::wstring, std::function<void()>, std::less<>> built_in_;
+    std::map<std::wstring, BuiltIn, std::less<>> built_in_;
     std::vector<const Command*> running_;
 };
 

@@ -3,27 +3,30 @@
 
 #include <windows.h>
 
-#include <string>
+#include <optional>
+
+#include "platform/host/editor/input_events.h"
+#include "platform/host/view/drawing_pane.h"
 
 namespace host {
 
-class DrawingView {
+class DrawingView final : public VectorDisplay {
   public:
     /// A child window that fills nothing until its parent places it. The parent destroys it.
-    explicit DrawingView(HWND parent);
+    DrawingView(HWND parent, DrawingPane::Content content, DrawingPane::Listener listener);
+    ~DrawingView() override;
     DrawingView(const DrawingView&) = delete;
     DrawingView& operator=(const DrawingView&) = delete;
 
     HWND window() const { return window_; }
-    /// A text in the middle of the view; empty for none.
-    void show_message(std::wstring message);
+    DrawingPane& pane() { return *pane_; }
+    void draw_vector(const Point& from, const Point& to, int colour, bool highlight) override;
 
   private:
     static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
-    void paint() const;
 
     HWND window_ = nullptr;
-    std::wstring message_;
+    std::optional<DrawingPane> pane_;
 };
 
 }  // namespace host

@@ -15,6 +15,8 @@
 
 namespace host {
 
+class DrawingPane;
+
 class Editor {
   public:
     Editor();
@@ -29,8 +31,9 @@ class Editor {
     CommandProcessor processor{commands, documents};
     ModuleLoader modules{commands, processor, documents};
 
-    /// Null without a window.
+    /// Null without a window, as is the view of the drawing in it.
     HWND main_window = nullptr;
+    DrawingPane* view = nullptr;
     bool scripted = false;
     /// QUIT was run: no command is asked for any more.
     bool quit_requested = false;

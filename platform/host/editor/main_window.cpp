@@ -1,5 +1,6 @@
 #include "platform/host/editor/main_window.h"
 
+#include "platform/host/database/entity_selector.h"
 #include "platform/host/editor/window_class.h"
 
 namespace host {
@@ -21,22 +22,24 @@ std::wstring with_carriage_returns(std::wstring_view text) {
 
 }  // namespace
 
-MainWindow::MainWindow() {
+MainWindow::MainWindow(DrawingPane::Content content) {
     register_window_class(class_name, &MainWindow::procedure, COLOR_BTNFACE);
     window_ = CreateWindowExW(0, class_name, program_name, WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, CW_USEDEFAULT,
                               CW_USEDEFAULT, 1000, 700, nullptr, nullptr, host_instance(), nullptr);
     SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+    view_ = std::make_unique<DrawingView>(window_, std::move(content),
+                                          [this](const PaneEvent& event) { take_pane_event(event); });
     create_children();
     place_children();
 }
 
 MainWindow::~MainWindow() {
     SetWindowLongPtrW(window_, GWLP_USERDATA, 0);
+    view_.reset();
     DestroyWindow(window_);
 }
 
 void MainWindow::create_children() {
-    view_ = std::make_unique<DrawingView>(window_);
     const auto child = [this](const wchar_t* kind, DWORD extended_style, DWORD style) {
         const HWND made = CreateWindowExW(extended_style, kind, L"", WS_CHILD | WS_VISIBLE | style, 0, 0, 0, 0, window_,
                                           nullptr, host_instance(), nullptr);
@@ -86,16 +89,60 @@ Answer MainWindow::wait_for_answer(std::wstring_view prompt) {
     const std::wstring shown(last_line == std::wstring_view::npos ? prompt : prompt.substr(last_line + 1));
     SetWindowTextW(prompt_, shown.c_str());
     answer_.reset();
-    while (!answer_ && !close_requested_) {
+    run_messages([this] { return answer_.has_value(); });
+    return answer_.value_or(Answer{});
+}
+
+std::optional<InputEvent> MainWindow::wait_for_event() {
+    waiting_for_event_ = true;
+    event_cancelled_ = false;
+    event_.reset();
+    run_messages([this] { return event_.has_value() || event_cancelled_; });
+    waiting_for_event_ = false;
+    return event_cancelled_ ? std::nullopt : event_;
+}
+
+void MainWindow::run_messages(const std::function<bool()>& done) {
+    view_->pane().update();
+    while (!done() && !close_requested_) {
         MSG message;
         if (GetMessageW(&message, nullptr, 0, 0) <= 0) {
             close_requested_ = true;
-        } else if (!take_key(message)) {
+        } else if (!take_message(message)) {
             TranslateMessage(&message);
             DispatchMessageW(&message);
         }
     }
-    return answer_.value_or(Answer{});
+}
+
+bool MainWindow::take_message(const MSG& message) {
+    if (message.message == WM_MOUSEWHEEL) {
+        return redirect_wheel(message);
+    }
+    return waiting_for_event_ ? take_event_key(message) : take_key(message);
+}
+
+/// The wheel turns where the pointer is, not where the keys go.
+bool MainWindow::redirect_wheel(const MSG& message) const {
+    if (message.hwnd == view_->window() || WindowFromPoint(message.pt) != view_->window()) {
+        return false;
+    }
+    SendMessageW(view_->window(), message.message, message.wParam, message.lParam);
+    return true;
+}
+
+/// Keys are events of their own then, and reach no window.
+bool MainWindow::take_event_key(const MSG& message) {
+    if (message.message == WM_KEYDOWN) {
+        event_cancelled_ = event_cancelled_ || message.wParam == VK_ESCAPE;
+        TranslateMessage(&message);
+        return true;
+    }
+    if (message.message == WM_CHAR) {
+        event_ = InputEvent{InputEvent::key, {}, static_cast<wchar_t>(message.wParam)};
+        return true;
+    }
+    return false;
 }
 
 bool MainWindow::take_key(const MSG& message) {
@@ -104,14 +151,36 @@ bool MainWindow::take_key(const MSG& message) {
     }
     if (message.wParam == VK_ESCAPE) {
         answer_ = Answer{};
-    } else if (message.wParam == VK_RETURN) {
-        const std::wstring typed = window_text(line_);
-        answer_ = Answer{typed.empty() ? Answer::return_only : Answer::line, typed};
-    } else {
-        return false;
+        SetWindowTextW(line_, L"");
+        return true;
     }
+    if (message.wParam == VK_RETURN) {
+        take_typed_line();
+        return true;
+    }
+    return false;
+}
+
+void MainWindow::take_typed_line() {
+    const std::wstring typed = window_text(line_);
+    answer_ = Answer{typed.empty() ? Answer::return_only : Answer::line, typed};
     SetWindowTextW(line_, L"");
-    return true;
+}
+
+void MainWindow::take_pane_event(const PaneEvent& event) {
+    const Point point{event.point.x, event.point.y, 0};
+    if (waiting_for_event_) {
+        if (event.kind == PaneEvent::Kind::finish) {
+            event_ = InputEvent{InputEvent::key, {}, L'\r'};
+        } else if (!event_ || event_->kind == InputEvent::move) {
+            event_ = InputEvent{event.kind == PaneEvent::Kind::pick ? InputEvent::pick : InputEvent::move, point, 0};
+        }
+    } else if (event.kind == PaneEvent::Kind::finish) {
+        take_typed_line();
+    } else if (event.kind == PaneEvent::Kind::pick && pointer_guide().kind != PointerGuide::Kind::idle) {
+        set_pick_aperture(PointerShape::pick_box / view_->pane().view().pixels_per_unit());
+        answer_ = Answer{Answer::line, format_point(point)};
+    }
 }
 
 std::optional<LRESULT> MainWindow::handle(UINT message, WPARAM, LPARAM) {

@@ -3,6 +3,7 @@
 
 #include <windows.h>
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -15,8 +16,8 @@ namespace host {
 
 class MainWindow {
   public:
-    /// Created hidden.
-    MainWindow();
+    /// Created hidden. `content` tells what the drawing view is to show; without it, nothing.
+    explicit MainWindow(DrawingPane::Content content = [] { return PaneContent(); });
     ~MainWindow();
     MainWindow(const MainWindow&) = delete;
     MainWindow& operator=(const MainWindow&) = delete;
@@ -28,7 +29,10 @@ class MainWindow {
     void append_history(std::wstring_view text);
 
     /// Shows the prompt and runs a message loop until the person has answered. Cancel when the window is being closed.
+    /// While the question wants a point (see pointer_guide), one that is picked in the view is an answer, as if typed.
     Answer wait_for_answer(std::wstring_view prompt);
+    /// Runs a message loop until the person has done something with the mouse or a key. Nothing on a cancel.
+    std::optional<InputEvent> wait_for_event();
     /// The person asked to close the window; prompts cancel from then on.
     bool close_requested() const { return close_requested_; }
     /// Takes the request back (the person wants to keep the drawing after all).
@@ -39,8 +43,15 @@ class MainWindow {
     std::optional<LRESULT> handle(UINT message, WPARAM wparam, LPARAM lparam);
     void create_children();
     void place_children() const;
-    /// Takes Return and Escape out of the typed line's keys; true when the message is done with.
+    void run_messages(const std::function<bool()>& done);
+    /// True when the message is done with.
+    bool take_message(const MSG& message);
+    /// Takes Return and Escape out of the typed line's keys.
     bool take_key(const MSG& message);
+    bool take_event_key(const MSG& message);
+    bool redirect_wheel(const MSG& message) const;
+    void take_typed_line();
+    void take_pane_event(const PaneEvent& event);
 
     HWND window_ = nullptr;
     HWND history_ = nullptr;
@@ -48,6 +59,9 @@ class MainWindow {
     HWND line_ = nullptr;
     std::unique_ptr<DrawingView> view_;
     std::optional<Answer> answer_;
+    bool waiting_for_event_ = false;
+    bool event_cancelled_ = false;
+    std::optional<InputEvent> event_;
     bool close_requested_ = false;
 };
 

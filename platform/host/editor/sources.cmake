@@ -28,6 +28,8 @@ set(host_editor_sources
     transparent_command_line.cpp
     typed_command_line.cpp
     user_input.cpp
+    view_commands.cpp
     watchdog.cpp
     window_class.cpp
+    window_events.cpp
     window_picture.cpp)

@@ -5,6 +5,7 @@
 
 #include "acedads.h"
 #include "platform/host/editor/editor.h"
+#include "platform/host/view/pointer_guide.h"
 
 namespace host {
 namespace {
@@ -47,11 +48,29 @@ void copy_text(const std::wstring& text, ACHAR* buffer) {
     buffer[length] = 0;
 }
 
+PointerGuide guide_from(const ads_point base, PointerGuide::Kind kind) {
+    return base == nullptr ? PointerGuide{PointerGuide::Kind::crosshair, {}} : PointerGuide{kind, {base[X], base[Y]}};
+}
+
+int ask_point(const ACHAR* prompt, const PointerGuide& guide, ads_point result) {
+    const PointerGuideScope scope(guide);
+    return ask(prompt, L"A point is needed: x,y or x,y,z.", [&](const std::wstring& text) {
+        const std::optional<Point> point = parse_point(text);
+        if (point) {
+            result[X] = point->x;
+            result[Y] = point->y;
+            result[Z] = point->z;
+        }
+        return point.has_value();
+    });
+}
+
 }  // namespace
 }  // namespace host
 
 using host::ask;
 using host::editor;
+using host::PointerGuide;
 
 int acedInitGet(int value, const ACHAR* keywords) {
     editor().input_rules.set(value, keywords != nullptr ? keywords : L"");
@@ -66,16 +85,12 @@ int acedGetInput(ACHAR* input) {
     return RTNORM;
 }
 
-int acedGetPoint(const ads_point, const ACHAR* prompt, ads_point result) {
-    return ask(prompt, L"A point is needed: x,y or x,y,z.", [&](const std::wstring& text) {
-        const std::optional<host::Point> point = host::parse_point(text);
-        if (point) {
-            result[X] = point->x;
-            result[Y] = point->y;
-            result[Z] = point->z;
-        }
-        return point.has_value();
-    });
+int acedGetPoint(const ads_point point, const ACHAR* prompt, ads_point result) {
+    return host::ask_point(prompt, host::guide_from(point, PointerGuide::Kind::line), result);
+}
+
+int acedGetCorner(const ads_point point, const ACHAR* prompt, ads_point result) {
+    return host::ask_point(prompt, host::guide_from(point, PointerGuide::Kind::rectangle), result);
 }
 
 int acedGetReal(const ACHAR* prompt, ads_real* result) {

@@ -1,0 +1,98 @@
+// The window that shows a drawing: painting, zooming, panning, the pointer.
+#pragma once
+
+#include <windows.h>
+
+#include <deque>
+#include <functional>
+#include <memory>
+#include <optional>
+
+#include "platform/host/view/drawing_frame.h"
+#include "platform/host/view/pointer_guide.h"
+#include "platform/host/view/pointer_shape.h"
+#include "platform/host/view/vector_overlay.h"
+
+namespace host {
+
+/// What a person does with the mouse.
+struct PaneEvent {
+    enum class Kind {
+        move,
+        pick,    ///< the left button went down
+        finish,  ///< the right button: the same as Return
+    };
+    Kind kind;
+    Vec2 point;  ///< world coordinates
+};
+
+/// What a pane is to show. The drawing may be null.
+struct PaneContent {
+    const dxf::Drawing* drawing = nullptr;
+    uint64_t edits = 0;  ///< Drawing::edits_made()
+    DisplayList::Space space = DisplayList::Space::model;
+    bool operator==(const PaneContent& other) const {
+        return drawing == other.drawing && edits == other.edits && space == other.space;
+    }
+};
+
+/// Handles a child window's messages. The content is asked for when it is needed, so that a pane that is not seen costs
+/// nothing, and what has changed meanwhile is shown at the next look.
+class DrawingPane final : public SelectionDisplay {
+  public:
+    using Content = std::function<PaneContent()>;
+    using Listener = std::function<void(const PaneEvent&)>;
+
+    /// `window` sends its messages to handle() and outlives the pane.
+    DrawingPane(HWND window, Content content, Listener listener);
+
+    /// The result of a message, or nothing for one that is the window's own.
+    std::optional<LRESULT> handle(UINT message, WPARAM wparam, LPARAM lparam);
+
+    /// Another drawing was opened: it will be seen whole.
+    void drawing_opened();
+    /// Looks whether the content or the pointer's guide has changed. To be called before waiting for a person.
+    void update();
+    /// Removes temporary vectors and paints everything anew.
+    void redraw();
+
+    const ViewTransform& view() const { return frame_.view(); }
+    const DisplayList& list();
+    void set_view(const ViewTransform& view);
+    void zoom_extents();
+    /// Keeps the view as it is, for restore_view(); the last ten are kept.
+    void remember_view();
+    /// False when none is left.
+    bool restore_view();
+    void set_background(uint32_t colour);
+
+    /// A temporary vector, drawn at once. Colours as in VectorOverlay.
+    void draw_vector(const VectorOverlay::Vector& vector);
+    void show_selected(const std::vector<dxf::RecordId>& entities) override;
+
+  private:
+    void paint();
+    void refresh_list();
+    void resize(int width, int height);
+    std::optional<LRESULT> handle_mouse(UINT message, POINT at);
+    void move_pointer(POINT at);
+    void hide_pointer();
+    void start_panning(POINT at);
+    void tell(PaneEvent::Kind kind, POINT at) const;
+    void invalidate() const { InvalidateRect(window_, nullptr, FALSE); }
+
+    HWND window_;
+    Content content_;
+    Listener listener_;
+    DrawingFrame frame_;
+    PaneContent shown_;
+    bool fit_ = true;  ///< to be seen whole at the next painting
+    std::deque<ViewTransform> earlier_;
+    VectorOverlay vectors_;
+    std::optional<POINT> pointer_;       ///< while the mouse is over the window
+    std::optional<PointerShape> drawn_;  ///< the pointer as it stands on the screen
+    std::optional<POINT> panned_from_;   ///< while the middle button is down
+    LONG last_middle_click_ = 0;
+};
+
+}  // namespace host

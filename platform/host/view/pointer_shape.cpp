@@ -1,0 +1,44 @@
+#include "platform/host/view/pointer_shape.h"
+
+#include "platform/host/view/vector_overlay.h"
+
+namespace host {
+
+PointerShape::PointerShape(POINT at, const PointerGuide& guide, const ViewTransform& view)
+    : at_(at),
+      anchor_(gdi_point(view.to_pixel(guide.anchor))),
+      kind_(guide.kind),
+      width_(view.width()),
+      height_(view.height()) {}
+
+void PointerShape::draw(HDC context) const {
+    const bool box = kind_ == PointerGuide::Kind::idle || kind_ == PointerGuide::Kind::pick_box;
+    if (box) {
+        draw_rectangle(context, {at_.x - pick_box, at_.y - pick_box}, {at_.x + pick_box, at_.y + pick_box}, false);
+    }
+    if (kind_ != PointerGuide::Kind::pick_box) {
+        draw_cross(context);
+    }
+    if (kind_ == PointerGuide::Kind::line) {
+        draw_complementing(context, {anchor_, at_}, false);
+    } else if (kind_ == PointerGuide::Kind::rectangle) {
+        draw_rectangle(context, anchor_, at_, at_.x < anchor_.x);  // dashed where touching is enough
+    }
+}
+
+/// With a gap in the middle, where the lines would undo each other and hide what is aimed at.
+void PointerShape::draw_cross(HDC context) const {
+    const int gap = kind_ == PointerGuide::Kind::idle ? pick_box : 1;
+    draw_complementing(context, {{0, at_.y}, {at_.x - gap + 1, at_.y}}, false);
+    draw_complementing(context, {{at_.x + gap, at_.y}, {width_, at_.y}}, false);
+    draw_complementing(context, {{at_.x, 0}, {at_.x, at_.y - gap + 1}}, false);
+    draw_complementing(context, {{at_.x, at_.y + gap}, {at_.x, height_}}, false);
+}
+
+void PointerShape::draw_rectangle(HDC context, POINT from, POINT to, bool dashed) const {
+    if (from.x != to.x && from.y != to.y) {
+        draw_complementing(context, {from, {to.x, from.y}, to, {from.x, to.y}, from}, dashed);
+    }
+}
+
+}  // namespace host

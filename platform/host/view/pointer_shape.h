@@ -1,0 +1,31 @@
+// The pointer as it is drawn over a drawing.
+#pragma once
+
+#include <windows.h>
+
+#include "platform/host/view/pointer_guide.h"
+#include "platform/host/view/view_transform.h"
+
+namespace host {
+
+/// Complements the pixels under it: drawn again, it is gone.
+class PointerShape {
+  public:
+    /// Half the side of the pick box, in pixels.
+    static constexpr int pick_box = 5;
+
+    PointerShape(POINT at, const PointerGuide& guide, const ViewTransform& view);
+    void draw(HDC context) const;
+
+  private:
+    void draw_cross(HDC context) const;
+    void draw_rectangle(HDC context, POINT from, POINT to, bool dashed) const;
+
+    POINT at_;
+    POINT anchor_;
+    PointerGuide::Kind kind_;
+    int width_;
+    int height_;
+};
+
+}  // namespace host
