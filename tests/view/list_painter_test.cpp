@@ -151,6 +151,7 @@ TEST(ViewTransform, ShowsBoxesWholeAndGoesBothWays) {
     EXPECT_NEAR(17, view.to_pixel(there).x, 1e-9);
     EXPECT_NEAR(83, view.to_pixel(there).y, 1e-9);
     EXPECT_DOUBLE_EQ(60, view.visible().width());
+    EXPECT_EQ((Vec2{17.12, -3.99}), view.rounded({17.123456, -3.987654}));
     view.show({});
     view.show({{5, 5}, {5, 5}});  // a point goes to the centre
     EXPECT_DOUBLE_EQ(100 / 30.0, view.pixels_per_unit());

@@ -75,6 +75,12 @@ void MainWindow::set_title(const std::wstring& drawing_name) {
 }
 
 void MainWindow::append_history(std::wstring_view text) {
+    const size_t last_break = text.find_last_of(L'\n');
+    if (last_break == std::wstring_view::npos) {
+        last_line_ += text;
+    } else {
+        last_line_ = text.substr(last_break + 1);
+    }
     if (GetWindowTextLengthW(history_) > history_limit) {
         SendMessageW(history_, EM_SETSEL, 0, history_limit / 2);
         SendMessageW(history_, EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(L""));
@@ -97,6 +103,7 @@ std::optional<InputEvent> MainWindow::wait_for_event() {
     waiting_for_event_ = true;
     event_cancelled_ = false;
     event_.reset();
+    SetWindowTextW(prompt_, last_line_.c_str());
     run_messages([this] { return event_.has_value() || event_cancelled_; });
     waiting_for_event_ = false;
     return event_cancelled_ ? std::nullopt : event_;
@@ -108,10 +115,24 @@ void MainWindow::run_messages(const std::function<bool()>& done) {
         MSG message;
         if (GetMessageW(&message, nullptr, 0, 0) <= 0) {
             close_requested_ = true;
-        } else if (!take_message(message)) {
+            continue;
+        }
+        redirect_typing(message);
+        if (!take_message(message)) {
             TranslateMessage(&message);
             DispatchMessageW(&message);
         }
+    }
+}
+
+/// Who has clicked into the history goes on typing in the line all the same.
+void MainWindow::redirect_typing(MSG& message) const {
+    constexpr WPARAM first_printable = 0x20;
+    const bool ends = message.message == WM_KEYDOWN && (message.wParam == VK_RETURN || message.wParam == VK_ESCAPE);
+    const bool types = message.message == WM_CHAR && message.wParam >= first_printable;
+    if (message.hwnd == history_ && (ends || types)) {
+        SetFocus(line_);
+        message.hwnd = line_;
     }
 }
 
@@ -168,7 +189,8 @@ void MainWindow::take_typed_line() {
 }
 
 void MainWindow::take_pane_event(const PaneEvent& event) {
-    const Point point{event.point.x, event.point.y, 0};
+    const Vec2 at = view_->pane().view().rounded(event.point);
+    const Point point{at.x, at.y, 0};
     if (waiting_for_event_) {
         if (event.kind == PaneEvent::Kind::finish) {
             event_ = InputEvent{InputEvent::key, {}, L'\r'};

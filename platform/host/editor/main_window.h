@@ -31,7 +31,8 @@ class MainWindow {
     /// Shows the prompt and runs a message loop until the person has answered. Cancel when the window is being closed.
     /// While the question wants a point (see pointer_guide), one that is picked in the view is an answer, as if typed.
     Answer wait_for_answer(std::wstring_view prompt);
-    /// Runs a message loop until the person has done something with the mouse or a key. Nothing on a cancel.
+    /// Runs a message loop until the person has done something with the mouse or a key. Nothing on a cancel. The prompt
+    /// is what was printed last.
     std::optional<InputEvent> wait_for_event();
     /// The person asked to close the window; prompts cancel from then on.
     bool close_requested() const { return close_requested_; }
@@ -44,6 +45,7 @@ class MainWindow {
     void create_children();
     void place_children() const;
     void run_messages(const std::function<bool()>& done);
+    void redirect_typing(MSG& message) const;
     /// True when the message is done with.
     bool take_message(const MSG& message);
     /// Takes Return and Escape out of the typed line's keys.
@@ -58,6 +60,7 @@ class MainWindow {
     HWND prompt_ = nullptr;
     HWND line_ = nullptr;
     std::unique_ptr<DrawingView> view_;
+    std::wstring last_line_;  ///< of the history
     std::optional<Answer> answer_;
     bool waiting_for_event_ = false;
     bool event_cancelled_ = false;

@@ -26,13 +26,23 @@ void PointerShape::draw(HDC context) const {
     }
 }
 
-/// With a gap in the middle, where the lines would undo each other and hide what is aimed at.
+/// With a gap in the middle, where the lines would undo each other and hide what is aimed at. Arms that would lie on a
+/// rectangle's sides, and undo them, are left out.
 void PointerShape::draw_cross(HDC context) const {
     const int gap = kind_ == PointerGuide::Kind::idle ? pick_box : 1;
-    draw_complementing(context, {{0, at_.y}, {at_.x - gap + 1, at_.y}}, false);
-    draw_complementing(context, {{at_.x + gap, at_.y}, {width_, at_.y}}, false);
-    draw_complementing(context, {{at_.x, 0}, {at_.x, at_.y - gap + 1}}, false);
-    draw_complementing(context, {{at_.x, at_.y + gap}, {at_.x, height_}}, false);
+    const bool all = kind_ != PointerGuide::Kind::rectangle;
+    if (all || anchor_.x >= at_.x) {
+        draw_complementing(context, {{0, at_.y}, {at_.x - gap + 1, at_.y}}, false);
+    }
+    if (all || anchor_.x <= at_.x) {
+        draw_complementing(context, {{at_.x + gap, at_.y}, {width_, at_.y}}, false);
+    }
+    if (all || anchor_.y >= at_.y) {
+        draw_complementing(context, {{at_.x, 0}, {at_.x, at_.y - gap + 1}}, false);
+    }
+    if (all || anchor_.y <= at_.y) {
+        draw_complementing(context, {{at_.x, at_.y + gap}, {at_.x, height_}}, false);
+    }
 }
 
 void PointerShape::draw_rectangle(HDC context, POINT from, POINT to, bool dashed) const {

@@ -27,6 +27,15 @@ Vec2 ViewTransform::to_world(Vec2 pixel) const {
     return {centre_.x + (pixel.x - width_ / 2.0) / scale_, centre_.y - (pixel.y - height_ / 2.0) / scale_};
 }
 
+Vec2 ViewTransform::rounded(Vec2 world) const {
+    const double digits = std::ceil(std::log10(scale_)) + 1;  // behind the point, or before it when negative
+    const double steps = std::pow(10, std::fabs(digits));     // whole numbers, which keep decimals short
+    const auto round = [&](double value) {
+        return digits < 0 ? std::round(value / steps) * steps : std::round(value * steps) / steps;
+    };
+    return {round(world.x), round(world.y)};
+}
+
 Box2 ViewTransform::visible() const {
     return Box2::between(to_world({0, 0}), to_world({static_cast<double>(width_), static_cast<double>(height_)}));
 }

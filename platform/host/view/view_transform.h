@@ -21,6 +21,8 @@ class ViewTransform {
     double pixels_per_unit() const { return scale_; }
     Vec2 to_pixel(Vec2 world) const;
     Vec2 to_world(Vec2 pixel) const;
+    /// The nearest point with no more decimals than can be seen: a place within a twentieth of a pixel.
+    Vec2 rounded(Vec2 world) const;
     Affine2 to_pixels() const;
     Box2 visible() const;
 

@@ -1,0 +1,225 @@
+#include <windows.h>
+
+#include <gtest/gtest.h>
+
+#include "platform/host/editor/history.h"
+#include "platform/host/editor/main_window.h"
+#include "platform/host/editor/typed_command_line.h"
+#include "tests/view/described_list.h"
+
+namespace host {
+
+namespace {
+
+/// The main window with a drawing of a square of 100 and a person's mouse.
+class DrawingPaneTest : public testing::Test {
+  protected:
+    DrawingPaneTest()
+        : drawing_(drawing_of(entities("0 LWPOLYLINE|8 0|90 4|70 1|10 0|20 0|10 100|20 0|10 100|20 100|10 0|20 100|"
+                                       "0 CIRCLE|8 0|10 50|20 50|40 25"))),
+          window_([this] {
+              return PaneContent{drawing_.get(), edits_};
+          }) {
+        history_.attach(&window_);
+        window_.show();
+        run_messages();
+    }
+
+    DrawingPane& pane() { return window_.view().pane(); }
+    HWND view() { return window_.view().window(); }
+    POINT pixel(double x, double y) {
+        const Vec2 at = pane().view().to_pixel({x, y});
+        return {static_cast<LONG>(at.x), static_cast<LONG>(at.y)};
+    }
+    static LPARAM packed(POINT at) { return MAKELPARAM(at.x, at.y); }
+
+    void post(UINT message, POINT at) { PostMessageW(view(), message, 0, packed(at)); }
+    void run_messages() {
+        MSG message;
+        while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != 0) {
+            DispatchMessageW(&message);
+        }
+        UpdateWindow(view());
+    }
+
+    /// What the view shows on the screen, without the pointer.
+    std::vector<COLORREF> screen() {
+        SendMessageW(view(), WM_MOUSELEAVE, 0, 0);
+        run_messages();
+        const WindowContext context(view());
+        RECT client{};
+        GetClientRect(view(), &client);
+        FrameBitmap copy(client.right, client.bottom);
+        BitBlt(copy.context(), 0, 0, client.right, client.bottom, context.get(), 0, 0, SRCCOPY);
+        const Raster raster = copy.raster();
+        std::vector<COLORREF> pixels;
+        for (int y = 0; y < client.bottom; ++y) {
+            for (int x = 0; x < client.right; ++x) {
+                pixels.push_back(raster.at(x, y) & 0xFFFFFF);
+            }
+        }
+        width_ = client.right;
+        return pixels;
+    }
+    COLORREF shown_at(double x, double y) {
+        const POINT at = pixel(x, y);
+        return screen()[static_cast<size_t>(at.y * width_ + at.x)];
+    }
+
+    std::unique_ptr<dxf::Drawing> drawing_;
+    uint64_t edits_ = 0;
+    MainWindow window_;
+    History history_;
+    int width_ = 0;
+};
+
+}  // namespace
+
+TEST_F(DrawingPaneTest, ShowsTheWholeDrawingAndWhatIsAddedToIt) {
+    EXPECT_NEAR(50, pane().view().centre().x, 1e-9);
+    EXPECT_TRUE(pane().view().visible().contains(Box2{{0, 0}, {100, 100}}));
+    EXPECT_EQ(0xFFFFFFU, shown_at(0, 30));
+    EXPECT_EQ(0U, shown_at(50, 50));
+    dxf::RecordWriter writer(drawing_->manner());
+    writer.type(L"LINE").text(8, L"0").point(10, 40, 50, 0).point(11, 60, 50, 0);
+    drawing_->append_entity(writer.take());
+    edits_ = 1;
+    pane().update();
+    EXPECT_EQ(0xFFFFFFU, shown_at(50, 50));
+    pane().set_background(0xFFFFFF);
+    EXPECT_EQ(0U, shown_at(50, 50)) << "colour 7 goes with the background";
+}
+
+TEST_F(DrawingPaneTest, ComplementingVectorsUndoThemselves) {
+    const std::vector<COLORREF> before = screen();
+    const Point from{10, 20, 0};
+    const Point to{90, 20, 0};
+    window_.view().draw_vector(from, to, VectorOverlay::complement, false);
+    EXPECT_EQ(0xFFFFFFU, shown_at(50, 20));
+    EXPECT_EQ(0U, shown_at(40, 15));
+    InvalidateRect(view(), nullptr, FALSE);
+    EXPECT_EQ(0xFFFFFFU, shown_at(50, 20)) << "they outlast being covered";
+    // Where two cross, or one crosses the drawing, the pixel turns back.
+    window_.view().draw_vector({50, 0, 0}, {50, 40, 0}, VectorOverlay::complement, false);
+    EXPECT_EQ(0U, shown_at(50, 20));
+    window_.view().draw_vector({50, 40, 0}, {50, 0, 0}, VectorOverlay::complement, false);
+    window_.view().draw_vector(from, to, VectorOverlay::complement, false);
+    EXPECT_EQ(before, screen());
+
+    // The same with the frame of a table, dashed, while the person zooms in between.
+    const Point corners[] = {{15, 15, 0}, {80, 15, 0}, {80, 60, 0}, {15, 60, 0}};
+    const auto draw_frame = [&] {
+        for (int i = 0; i < 4; ++i) {
+            window_.view().draw_vector(corners[i], corners[(i + 1) % 4], VectorOverlay::complement, true);
+        }
+    };
+    draw_frame();
+    EXPECT_NE(before, screen());
+    const ViewTransform whole = pane().view();
+    SendMessageW(view(), WM_MOUSEWHEEL, MAKEWPARAM(0, WHEEL_DELTA), 0);
+    draw_frame();
+    pane().set_view(whole);
+    EXPECT_EQ(before, screen());
+
+    window_.view().draw_vector(from, to, 1, false);
+    EXPECT_EQ(0xFF0000U, shown_at(50, 20)) << "other colours are what they are";
+    pane().redraw();
+    EXPECT_EQ(before, screen());
+}
+
+TEST_F(DrawingPaneTest, ThePointerLeavesNoTrace) {
+    const std::vector<COLORREF> before = screen();
+    const PointerGuide::Kind kinds[] = {PointerGuide::Kind::idle, PointerGuide::Kind::crosshair,
+                                        PointerGuide::Kind::pick_box, PointerGuide::Kind::line,
+                                        PointerGuide::Kind::rectangle};
+    for (const PointerGuide::Kind kind : kinds) {
+        const PointerGuideScope scope({kind, {30, 30}});
+        for (const POINT at : {pixel(10, 70), pixel(60, 30), pixel(30, 30), pixel(80, 90)}) {
+            SendMessageW(view(), WM_MOUSEMOVE, 0, packed(at));
+        }
+        EXPECT_EQ(before, screen()) << static_cast<int>(kind);
+    }
+}
+
+TEST_F(DrawingPaneTest, ZoomsAndPansUnderThePointer) {
+    const POINT at = pixel(20, 80);
+    const auto under_pointer = [&] { return pane().view().to_world({at.x + 0.5, at.y + 0.5}); };
+    const Vec2 before = under_pointer();
+    const double scale = pane().view().pixels_per_unit();
+    POINT on_screen = at;
+    ClientToScreen(view(), &on_screen);
+    SendMessageW(view(), WM_MOUSEWHEEL, MAKEWPARAM(0, 2 * WHEEL_DELTA), packed(on_screen));
+    EXPECT_NEAR(scale * 1.44, pane().view().pixels_per_unit(), 1e-9);
+    EXPECT_NEAR(before.x, under_pointer().x, 1e-9);
+    EXPECT_NEAR(before.y, under_pointer().y, 1e-9);
+
+    SendMessageW(view(), WM_MBUTTONDOWN, 0, packed(at));
+    SendMessageW(view(), WM_MOUSEMOVE, 0, packed({at.x + 30, at.y - 12}));
+    SendMessageW(view(), WM_MBUTTONUP, 0, packed({at.x + 30, at.y - 12}));
+    EXPECT_NEAR(before.x, pane().view().to_world({at.x + 30.5, at.y - 11.5}).x, 1e-9);
+    EXPECT_NEAR(before.y, pane().view().to_world({at.x + 30.5, at.y - 11.5}).y, 1e-9);
+    const Vec2 rest = pane().view().centre();
+    SendMessageW(view(), WM_MOUSEMOVE, 0, packed(at));
+    EXPECT_EQ(rest, pane().view().centre()) << "the button is up";
+    pane().remember_view();
+    pane().zoom_extents();
+    EXPECT_NEAR(scale, pane().view().pixels_per_unit(), 1e-9);
+    EXPECT_TRUE(pane().restore_view());
+    EXPECT_EQ(rest, pane().view().centre());
+    EXPECT_FALSE(pane().restore_view());
+}
+
+TEST_F(DrawingPaneTest, AnswersQuestionsForPoints) {
+    TypedCommandLine line(window_, history_);
+    {
+        const PointerGuideScope scope({PointerGuide::Kind::crosshair, {}});
+        post(WM_LBUTTONDOWN, pixel(20, 80));
+        const std::optional<Point> picked = parse_point(line.prompt(L"\nPoint: ").text);
+        ASSERT_TRUE(picked);
+        EXPECT_NEAR(20, picked->x, 1 / pane().view().pixels_per_unit());
+        EXPECT_NEAR(80, picked->y, 1 / pane().view().pixels_per_unit());
+        post(WM_RBUTTONDOWN, pixel(20, 80));
+        EXPECT_EQ(Answer::return_only, line.prompt(L"\nPoint: ").kind);
+    }
+    post(WM_LBUTTONDOWN, pixel(20, 80));  // nobody wants a point now
+    post(WM_RBUTTONDOWN, pixel(20, 80));
+    EXPECT_EQ(Answer::return_only, line.prompt(L"\nCommand: ").kind);
+}
+
+TEST_F(DrawingPaneTest, GivesEventsToFollowThePointer) {
+    post(WM_MOUSEMOVE, pixel(20, 80));
+    std::optional<InputEvent> event = window_.wait_for_event();
+    ASSERT_TRUE(event);
+    EXPECT_EQ(InputEvent::move, event->kind);
+    EXPECT_NEAR(80, event->point.y, 1 / pane().view().pixels_per_unit());
+    post(WM_LBUTTONDOWN, pixel(30, 10));
+    event = window_.wait_for_event();
+    ASSERT_TRUE(event);
+    EXPECT_EQ(InputEvent::pick, event->kind);
+    EXPECT_NEAR(30, event->point.x, 1 / pane().view().pixels_per_unit());
+    PostMessageW(window_.window(), WM_KEYDOWN, VK_RETURN, 1);
+    event = window_.wait_for_event();
+    ASSERT_TRUE(event);
+    EXPECT_EQ(L'\r', event->character);
+    PostMessageW(window_.window(), WM_KEYDOWN, VK_ESCAPE, 1);
+    EXPECT_FALSE(window_.wait_for_event());
+}
+
+TEST_F(DrawingPaneTest, DashesTheSelectionUntilItIsDone) {
+    const std::vector<COLORREF> before = screen();
+    set_selection_display(&pane());
+    {
+        SelectionShown shown;
+        shown.show({drawing_->entities()[0]});
+        const std::vector<COLORREF> selected = screen();
+        const auto lit = [](const std::vector<COLORREF>& pixels) {
+            return std::count(pixels.begin(), pixels.end(), COLORREF{0xFFFFFF});
+        };
+        EXPECT_LT(lit(selected), lit(before) * 3 / 4);
+        EXPECT_EQ(0xFFFFFFU, shown_at(75, 50)) << "the circle is not selected";
+    }
+    set_selection_display(nullptr);
+    EXPECT_EQ(before, screen());
+}
+
+}  // namespace host
