@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/host/editor/argument_command_line.h"
+#include "platform/host/editor/editor.h"
 #include "platform/host/editor/history.h"
 #include "platform/host/editor/main_window.h"
 #include "platform/host/editor/typed_command_line.h"
@@ -203,6 +205,43 @@ TEST_F(DrawingPaneTest, GivesEventsToFollowThePointer) {
     EXPECT_EQ(L'\r', event->character);
     PostMessageW(window_.window(), WM_KEYDOWN, VK_ESCAPE, 1);
     EXPECT_FALSE(window_.wait_for_event());
+}
+
+TEST_F(DrawingPaneTest, FollowsTheCommandsForLooking) {
+    TypedCommandLine line(window_, history_);
+    editor().view = &pane();
+    /// Whether the command took all answers and refused none.
+    const auto run = [&line](const wchar_t* command, std::deque<std::wstring> answers) {
+        ArgumentCommandLine arguments(std::move(answers), line);
+        const CommandLineScope scope(arguments);
+        return editor().processor.run_built_in(command) && !arguments.ran_out() && !arguments.refused() &&
+               arguments.left_over() == 0;
+    };
+    const double whole = pane().view().pixels_per_unit();
+    const Vec2 middle = pane().view().centre();
+    EXPECT_TRUE(run(L"ZOOM", {L"10,10", L"30,20"}));
+    EXPECT_NEAR(20, pane().view().centre().x, 1e-9);
+    EXPECT_NEAR(15, pane().view().centre().y, 1e-9);
+    EXPECT_NEAR(pane().view().width() / 20.0, pane().view().pixels_per_unit(), 1e-9);
+    EXPECT_TRUE(run(L"PAN", {L"0,0", L"5,-5"}));
+    EXPECT_NEAR(15, pane().view().centre().x, 1e-9);
+    EXPECT_NEAR(20, pane().view().centre().y, 1e-9);
+    EXPECT_TRUE(run(L"ZOOM", {L"2X"}));
+    EXPECT_NEAR(pane().view().width() / 10.0, pane().view().pixels_per_unit(), 1e-9);
+    EXPECT_TRUE(run(L"ZOOM", {L"P"}));
+    EXPECT_TRUE(run(L"ZOOM", {L"Previous"}));
+    EXPECT_NEAR(20, pane().view().centre().x, 1e-9);
+    EXPECT_TRUE(run(L"ZOOM", {L"0.5"}));
+    EXPECT_NEAR(whole / 2, pane().view().pixels_per_unit(), 1e-9);
+    EXPECT_TRUE(run(L"ZOOM", {L"W", L"0,0", L"1,1"}));
+    EXPECT_TRUE(run(L"ZOOM", {L""}));
+    EXPECT_NEAR(whole, pane().view().pixels_per_unit(), 1e-9);
+    EXPECT_NEAR(middle.x, pane().view().centre().x, 1e-9);
+    EXPECT_FALSE(run(L"ZOOM", {L"nearer"}));
+    EXPECT_TRUE(run(L"BACKGROUND", {L"w"}));
+    EXPECT_EQ(0xFFFFFFU, shown_at(50, 50));
+    EXPECT_FALSE(run(L"BACKGROUND", {L"Green"}));
+    editor().view = nullptr;
 }
 
 TEST_F(DrawingPaneTest, DashesTheSelectionUntilItIsDone) {

@@ -106,6 +106,14 @@ void pan(DrawingPane& pane) {
     pane.set_view(moved);
 }
 
+void choose_background(DrawingPane& pane) {
+    acedInitGet(0, L"Black White");
+    ACHAR colour[longest_input] = {};
+    if (acedGetKword(L"\nEnter the background's colour [Black/White]: ", colour) == RTNORM) {
+        pane.set_background(std::wstring_view(colour) == L"White" ? 0xFFFFFF : 0x000000);
+    }
+}
+
 void save_picture(Editor& editor) {
     const Document* const document = editor.documents.document();
     if (document == nullptr) {
@@ -133,6 +141,7 @@ void add_view_commands(Editor& editor) {
         };
         editor.processor.add_built_in(std::move(name), look, true);
     };
+    add(L"BACKGROUND", choose_background);
     add(L"PAN", pan);
     add(L"REDRAW", [](DrawingPane& pane) { pane.redraw(); });
     add(L"REGEN", [](DrawingPane& pane) { pane.redraw(); });

@@ -5,7 +5,7 @@ namespace host {
 
 class Editor;
 
-/// PAN, PNGOUT, REDRAW, REGEN, ZOOM; all but PNGOUT are transparent.
+/// BACKGROUND, PAN, PNGOUT, REDRAW, REGEN, ZOOM; all but PNGOUT are transparent.
 void add_view_commands(Editor& editor);
 
 }  // namespace host
