@@ -53,8 +53,10 @@ TEST(BoxTree, FindsWhatASearchOfAllBoxesFinds) {
 TEST(BoxTree, ShowsOneOfEveryClusterThatIsTooSmallToTellApart) {
     std::vector<Box2> boxes;
     for (int cluster = 0; cluster < 4; ++cluster) {
-        for (int i = 0; i < 1600; ++i) {
-            boxes.push_back(Box2::around({cluster * 1000 + i % 40 * 0.01, i / 40 * 0.01}, 0.001));
+        for (int row = 0; row < 40; ++row) {
+            for (int column = 0; column < 40; ++column) {
+                boxes.push_back(Box2::around({cluster * 1000 + column * 0.01, row * 0.01}, 0.001));
+            }
         }
     }
     const BoxTree tree(boxes);

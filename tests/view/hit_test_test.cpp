@@ -90,7 +90,7 @@ TEST(HitTest, AgreesWithItselfInALargeDrawing) {
     for (int i = 0; i < 400; ++i) {
         const std::string x = std::to_string(i % 20 * 10);
         const std::string y = std::to_string(i / 20 * 10);
-        lines += (i > 0 ? "|" : "") + ("0 POINT|8 0|10 " + x) + "|20 " + y;
+        lines.append(i > 0 ? "|" : "").append("0 POINT|8 0|10 ").append(x).append("|20 ").append(y);
     }
     const Finder find(entities(lines));
     EXPECT_EQ("21 22 41 42", find.window({5, 5}, {25, 25}));
