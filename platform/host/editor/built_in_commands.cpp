@@ -3,6 +3,7 @@
 #include "platform/host/editor/document.h"
 #include "platform/host/editor/editor.h"
 #include "platform/host/editor/file_question.h"
+#include "platform/host/editor/insert_command.h"
 #include "platform/host/editor/keywords.h"
 
 namespace host {
@@ -163,6 +164,7 @@ void add_built_in_commands(Editor& editor) {
     };
     add(L"APPLOAD", load_module);
     add(L"ARX", manage_modules);
+    add(L"INSERT", insert_command);
     add(L"OPEN", open_drawing);
     add(L"QSAVE", save_drawing_quickly);
     add(L"QUIT", quit);

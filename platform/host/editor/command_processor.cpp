@@ -5,8 +5,10 @@
 
 #include "accmd.h"
 #include "base/code_page.h"
+#include "platform/host/dxf/drawing.h"
 #include "platform/host/editor/command_line.h"
 #include "platform/host/editor/command_stack.h"
+#include "platform/host/editor/document.h"
 #include "platform/host/editor/document_manager.h"
 
 namespace host {
@@ -57,6 +59,9 @@ void CommandProcessor::run(std::wstring_view typed) {
     if (!command.body) {
         command_line().report(unknown_command(name.name));
         return;
+    }
+    if (documents_.document() != nullptr) {
+        documents_.document()->drawing().begin_step();
     }
     execute(command);
 }

@@ -27,7 +27,7 @@ class CommandProcessor {
     bool has_built_in(std::wstring_view name) const;
 
     /// Runs what was typed at the "Command:" prompt. Unknown names, and commands that end with an exception, are
-    /// reported on the command line; the host goes on.
+    /// reported on the command line; the host goes on. What the command does to the drawing is one step for UNDO.
     void run(std::wstring_view typed);
     /// Runs what was typed, with "'", while another command waits. A command that is not transparent is refused.
     void run_transparent(std::wstring_view typed);

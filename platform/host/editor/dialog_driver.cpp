@@ -131,6 +131,8 @@ std::wstring DialogDriver::perform(const ModalDialog& dialog, const DialogAction
             return save_window_png(dialog.window(), action.text);
         case DialogAction::expect_text:
             return expect_text(dialog, action);
+        case DialogAction::expect_enabled:
+            return expect_enabled(dialog, action);
         case DialogAction::close:
             PostMessageW(dialog.window(), WM_SYSCOMMAND, SC_CLOSE, 0);
             return {};
@@ -187,16 +189,31 @@ std::wstring DialogDriver::expect_text(const ModalDialog& dialog, const DialogAc
     return text == action.text ? std::wstring() : L"the " + target_name(action) + L" has the text \"" + text + L"\"";
 }
 
+std::wstring DialogDriver::expect_enabled(const ModalDialog& dialog, const DialogAction& action) {
+    const HWND target = find_target(dialog, action);
+    if (target == nullptr) {
+        return L"the dialog \"" + dialog.title() + L"\" shows no " + target_name(action);
+    }
+    const bool enabled = IsWindowEnabled(target) != 0;
+    return enabled == action.on ? std::wstring()
+                                : L"the " + target_name(action) + (enabled ? L" is enabled" : L" is disabled");
+}
+
 void DialogDriver::close(const ModalDialog& dialog) {
-    close_attempts_ = dialog.window() == closing_ ? close_attempts_ + 1 : 0;
-    closing_ = dialog.window();
-    constexpr int politely = 3;
-    if (!dialog.is_message_box() && close_attempts_ < politely) {
-        PostMessageW(dialog.window(), WM_CLOSE, 0, 0);
+    // A dialog that asks before it closes would ask for ever: a few times it is asked, then its question is answered
+    // with No, and it is cancelled.
+    constexpr int politely = 4;
+    const bool patient = ++close_attempts_ <= politely;
+    if (!dialog.is_message_box()) {
+        if (patient) {
+            PostMessageW(dialog.window(), WM_CLOSE, 0, 0);
+        } else {
+            PostMessageW(dialog.window(), WM_COMMAND, IDCANCEL, 0);
+        }
         return;
     }
-    for (const int id : {IDCANCEL, IDNO, IDABORT, IDOK}) {
-        if (GetDlgItem(dialog.window(), id) != nullptr || !dialog.is_message_box()) {
+    for (const int id : {patient ? IDCANCEL : IDNO, IDCANCEL, IDNO, IDABORT, IDOK}) {
+        if (GetDlgItem(dialog.window(), id) != nullptr) {
             PostMessageW(dialog.window(), WM_COMMAND, static_cast<WPARAM>(id), 0);
             return;
         }

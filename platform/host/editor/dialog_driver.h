@@ -34,11 +34,11 @@ class DialogDriver {
     std::wstring tick(const ModalDialog& dialog, const DialogAction& action);
     std::wstring point_at_cell(const ModalDialog& dialog, const DialogAction& action);
     std::wstring expect_text(const ModalDialog& dialog, const DialogAction& action);
+    std::wstring expect_enabled(const ModalDialog& dialog, const DialogAction& action);
 
     ScriptRun& run_;
     TypedKeys keys_;
     UINT_PTR timer_ = 0;
-    HWND closing_ = nullptr;  ///< the dialog that close() has tried to close
     int close_attempts_ = 0;
 };
 

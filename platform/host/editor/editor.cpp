@@ -2,6 +2,7 @@
 
 #include "platform/host/editor/built_in_commands.h"
 #include "platform/host/editor/document.h"
+#include "platform/host/editor/undo_commands.h"
 #include "platform/host/editor/view_commands.h"
 
 namespace host {
@@ -64,6 +65,7 @@ Editor::Editor()
     registry.atPut(ACRX_COMMAND_DOCK, &commands);
     compute_variables(*this);
     add_built_in_commands(*this);
+    add_undo_commands(*this);
     add_view_commands(*this);
 }
 

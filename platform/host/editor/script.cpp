@@ -34,6 +34,10 @@ constexpr ActionForm action_forms[] = {
     {L"@key", DialogAction::key, {Argument::key}, L"@key [CTRL+][SHIFT+][ALT+]NAME"},
     {L"@picture", DialogAction::picture, {Argument::text}, L"@picture \"FILE.png\""},
     {L"@expect-text", DialogAction::expect_text, {Argument::number, Argument::text}, L"@expect-text ID \"TEXT\""},
+    {L"@expect-enabled",
+     DialogAction::expect_enabled,
+     {Argument::target, Argument::on_or_off},
+     L"@expect-enabled TARGET on|off"},
     {L"@close", DialogAction::close, {}, L"@close"},
     {L"@alert", DialogAction::alert, {Argument::text, Argument::optional_button}, L"@alert \"TEXT\" [BUTTON]"},
 };

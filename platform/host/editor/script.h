@@ -24,6 +24,7 @@ struct DialogAction {
         expect_text,        ///< @expect-text ID "text"
         close,              ///< @close: the title bar's close box
         alert,              ///< @alert "text" [BUTTON]: "*" in the text stands for anything
+        expect_enabled,     ///< @expect-enabled TARGET on|off
     };
     enum Modifier : unsigned { control = 1, shift = 2, alt = 4 };
 

@@ -16,6 +16,7 @@ set(host_editor_sources
     history.cpp
     input_events.cpp
     input_rules.cpp
+    insert_command.cpp
     interface_functions.cpp
     loaded_library.cpp
     main_window.cpp
@@ -27,6 +28,7 @@ set(host_editor_sources
     scripted_command_line.cpp
     transparent_command_line.cpp
     typed_command_line.cpp
+    undo_commands.cpp
     user_input.cpp
     view_commands.cpp
     watchdog.cpp

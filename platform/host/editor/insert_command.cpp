@@ -1,0 +1,84 @@
+#include "platform/host/editor/insert_command.h"
+
+#include <optional>
+
+#include "aced.h"
+#include "dbsymtb.h"
+#include "platform/host/database/insert_block.h"
+#include "platform/host/editor/document.h"
+#include "platform/host/editor/editor.h"
+
+namespace host {
+namespace {
+
+bool block_defined(AcDbDatabase& database, const std::wstring& name) {
+    AcDbBlockTable* table = nullptr;
+    if (database.getSymbolTable(table, AcDb::kForRead) != Acad::eOk) {
+        return false;
+    }
+    const bool defined = table->has(name.c_str());
+    table->close();
+    return defined;
+}
+
+/// A number other than 0, `by_default` for Return; nothing when the user cancelled.
+std::optional<double> ask_scale(const wchar_t* prompt, double by_default) {
+    double scale = by_default;
+    acedInitGet(RSG_NOZERO, nullptr);
+    const int answer = acedGetReal(prompt, &scale);
+    return answer == RTNORM || answer == RTNONE ? std::optional(scale) : std::nullopt;
+}
+
+/// Where and how; nothing when the user cancelled.
+std::optional<Insertion> ask_insertion() {
+    ads_point position = {0, 0, 0};
+    acedInitGet(RSG_NONULL, nullptr);
+    if (acedGetPoint(nullptr, L"\nSpecify insertion point: ", position) != RTNORM) {
+        return std::nullopt;
+    }
+    const auto x_scale = ask_scale(L"\nEnter X scale factor <1>: ", 1);
+    const auto y_scale = x_scale ? ask_scale(L"\nEnter Y scale factor <use X scale factor>: ", *x_scale) : std::nullopt;
+    if (!y_scale) {
+        return std::nullopt;
+    }
+    double degrees = 0;
+    if (acedGetReal(L"\nSpecify rotation angle <0>: ", &degrees) == RTCAN) {
+        return std::nullopt;
+    }
+    constexpr double radians_per_degree = 3.14159265358979323846 / 180;
+    Insertion insertion;
+    insertion.position.set(position[X], position[Y], position[Z]);
+    insertion.scale = AcGeScale3d(*x_scale, *y_scale, *x_scale);
+    insertion.rotation = degrees * radians_per_degree;
+    return insertion;
+}
+
+}  // namespace
+
+void insert_command(Editor& editor) {
+    const Document* const document = editor.documents.document();
+    if (document == nullptr) {
+        command_line().report(L"No drawing is open.");
+        return;
+    }
+    const Answer name = command_line().prompt(L"\nEnter block name: ");
+    if (name.kind == Answer::cancel) {
+        return;
+    }
+    if (name.text.empty()) {
+        command_line().report(L"INSERT needs a block name.");
+        return;
+    }
+    AcDbDatabase& database = *document->database();
+    if (!block_defined(database, name.text)) {
+        command_line().report(L"The drawing has no block \"" + name.text + L"\".");
+        return;
+    }
+    const auto insertion = ask_insertion();
+    AcDbObjectId reference;
+    if (insertion && insert_block(database, name.text.c_str(), *insertion, reference) != Acad::eOk) {
+        command_line().report(L"Block \"" + name.text + L"\" cannot be inserted so.");
+    }
+}
+
+}  // namespace host

@@ -1,0 +1,116 @@
+// Taking commands back, through the command, the database and the file.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "acedads.h"
+#include "dbapserv.h"
+#include "platform/host/database/insert_block.h"
+#include "platform/host/editor/document.h"
+#include "platform/host/editor/editor.h"
+
+namespace host {
+namespace {
+
+constexpr char drawing[] =
+    "  0\nSECTION\n  2\nBLOCKS\n  0\nBLOCK\n  8\n0\n  2\nDOOR\n 70\n     0\n  0\nLINE\n  8\n0\n  0\nENDBLK\n  8\n0\n"
+    "  0\nENDSEC\n  0\nSECTION\n  2\nENTITIES\n  0\nPOINT\n  8\n0\n  0\nENDSEC\n  0\nEOF\n";
+
+/// Nobody answers; what is printed is kept.
+class SilentLine final : public CommandLine {
+  public:
+    Answer prompt(std::wstring_view) override { return {}; }
+    void print(std::wstring_view text) override { printed += text; }
+    void report(std::wstring_view problem) override { printed += problem; }
+    std::wstring printed;
+};
+
+class Undo : public testing::Test {
+  protected:
+    Undo()
+        : file_(std::filesystem::temp_directory_path() / ("undo_" + std::to_string(GetCurrentProcessId()) + ".dxf")),
+          scope_(line_) {
+        std::ofstream(file_, std::ios::binary) << drawing;
+        EXPECT_EQ(editor().documents.open(file_), L"");
+        editor().processor.add_built_in(L"TSTINSERT", [] {
+            AcDbObjectId id;
+            AcDbDatabase& database = *acdbHostApplicationServices()->workingDatabase();
+            EXPECT_EQ(insert_block(database, L"door", {{1, 2, 0}, AcGeScale3d(1), 0}, id), Acad::eOk);
+        });
+        editor().processor.add_built_in(L"TSTBLOCK", [] {
+            AcDbBlockTable* table = nullptr;
+            acdbHostApplicationServices()->workingDatabase()->getBlockTable(table, AcDb::kForWrite);
+            auto* const record = new AcDbBlockTableRecord;
+            record->setName(L"KVO0001");
+            EXPECT_EQ(table->add(record), Acad::eOk);
+            record->close();
+            table->close();
+        });
+    }
+    ~Undo() override {
+        editor().documents.close();
+        std::filesystem::remove(file_);
+    }
+
+    void run(const wchar_t* command) { editor().processor.run(command); }
+    static long entities() {
+        ads_name set;
+        long count = 0;
+        if (acedSSGet(L"A", nullptr, nullptr, nullptr, set) == RTNORM) {
+            acedSSLength(set, &count);
+            acedSSFree(set);
+        }
+        return count;
+    }
+    static bool has_block(const wchar_t* name) {
+        AcDbBlockTable* table = nullptr;
+        acdbHostApplicationServices()->workingDatabase()->getBlockTable(table, AcDb::kForRead);
+        const bool found = table->has(name);
+        table->close();
+        return found;
+    }
+
+    std::filesystem::path file_;
+    SilentLine line_;
+    CommandLineScope scope_;
+};
+
+TEST_F(Undo, TakesTheLastChangingCommandBack) {
+    run(L"TSTINSERT");
+    run(L"TSTINSERT");
+    run(L"REDRAW");  // changes nothing
+    EXPECT_EQ(entities(), 3);
+    run(L"UNDO");
+    EXPECT_EQ(entities(), 2);
+    EXPECT_EQ(line_.printed, L"");
+    run(L"U");
+    EXPECT_EQ(entities(), 2);
+    EXPECT_EQ(line_.printed, L"\nNothing to undo.");
+}
+
+TEST_F(Undo, FreesTheNamesOfBlocks) {
+    run(L"TSTBLOCK");
+    EXPECT_TRUE(has_block(L"kvo0001"));
+    run(L"UNDO");
+    EXPECT_FALSE(has_block(L"kvo0001"));
+    run(L"TSTBLOCK");
+    EXPECT_TRUE(has_block(L"kvo0001"));
+}
+
+TEST_F(Undo, LeavesTheFileAsItWas) {
+    run(L"TSTINSERT");
+    run(L"UNDO");
+    EXPECT_EQ(editor().documents.save(file_), L"");
+    std::ostringstream bytes;
+    bytes << std::ifstream(file_, std::ios::binary).rdbuf();
+    EXPECT_EQ(bytes.str(), drawing);
+    run(L"TSTINSERT");
+    EXPECT_EQ(editor().documents.save(file_), L"");
+    run(L"UNDO");
+    EXPECT_EQ(line_.printed, L"\nNothing to undo.") << "what was saved stays";
+}
+
+}  // namespace
+}  // namespace host

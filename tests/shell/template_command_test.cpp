@@ -1,0 +1,122 @@
+// "QXBOMT": price lists made, edited, checked and saved in the real dialog, as a person would.
+#include <gmock/gmock.h>
+
+#include <cstdio>
+
+#include "tests/shell/small_drawing.h"
+#include "tests/support/host_program.h"
+
+namespace fs = std::filesystem;
+using test_support::Outcome;
+
+namespace {
+
+class TemplateCommand : public test_support::HostProgram {
+  protected:
+    TemplateCommand() {
+        fs::copy_file(program_folder() / "Corvanes.arx", folder_ / "Corvanes.arx");
+        write("House.dxf", test_support::drawing_of({"DOOR", "bolt", "*U3", "\xe3\xec\xfa 80"}));
+    }
+
+    void succeed(const std::string& script) const {
+        write("a.scr", script);
+        const Outcome outcome = start("House.dxf --load Corvanes.arx --script a.scr");
+        EXPECT_EQ(outcome.status, 0U) << outcome.said;
+    }
+};
+
+/// Which of Save, Save As, Insert Row, Delete Row, Move Up and Move Down are enabled: a letter each, "-" for disabled.
+std::string buttons(const std::string& state) {
+    constexpr int ids[] = {200, 204, 207, 208, 217, 218};
+    std::string lines;
+    for (size_t i = 0; i < state.size(); ++i) {
+        lines += "@expect-enabled " + std::to_string(ids[i]) + (state[i] == '-' ? " off\n" : " on\n");
+    }
+    return lines;
+}
+
+/// Types a text into a cell and ends the edit with Tab.
+std::string fill(int column, int row, const std::string& text) {
+    return "@click-cell " + std::to_string(column) + ' ' + std::to_string(row) + "\n@key CTRL+END\n@type \"" + text +
+           "\"\n@key TAB\n";
+}
+
+TEST_F(TemplateCommand, EnablesTheButtonsThatTheStateAllows) {
+    write("two.prc", "a|1|x\r\nb|2|y\r\n");
+    write("one.prc", "a|1|x\r\n");
+    succeed("QXBOMT\n" + buttons("------") +                                //
+            "@press \"New\"\nlist.prc\n" + buttons("-AID--") +              // an empty row
+            fill(2, 0, "x") + buttons("SAID--") +                           // an edit
+            fill(0, 0, "door") + "@press \"Save\"\n" + buttons("-AID--") +  //
+            "@press \"Insert Row\"\n" + buttons("-AIDU-") +                 // at the end of two
+            "@press \"Move Up\"\n" + buttons("-AID-D") +                    // first of two
+            "@press \"Move Down\"\n" + buttons("-AIDU-") +                  //
+            "@press \"Delete Row\"\n" + buttons("-AID--") +                 //
+            "@press \"Open\"\ntwo.prc\n@click-cell 0 1\n@key ESCAPE\n" + buttons("SAIDU-") + "@press \"Save\"\n" +  //
+            "@press \"Open\"\none.prc\n" + buttons("-AID--") +                                                      //
+            "@press \"Open\"\n^C\n" + buttons("-AID--") + "@press \"Close\"\nQUIT\n");
+    EXPECT_EQ(read("list.prc"), "door|0|x\r\n");
+}
+
+TEST_F(TemplateCommand, KeepsAListThatTheReportThenUses) {
+    succeed("QXBOMT\n@press \"New\"\nlist.prc\n" + fill(0, 0, "DOOR") + fill(1, 0, ".5") + fill(2, 0, "steel door") +
+            "@press \"Insert Row\"\n" + fill(0, 1, "bolt") + fill(1, 1, "7") + fill(2, 1, "\xd7\x91\xd7\xa8\xd7\x92") +
+            "@press \"Move Up\"\n@press \"Save\"\n@press \"Close\"\n"
+            "QXBOMC\n\nALL\n\n@press \"Save to file\"\nreport.txt\n@press \"Close\"\nQUIT\n");
+    EXPECT_EQ(read("list.prc"), "bolt|07|\xe1\xf8\xe2\r\nDOOR|0.5|steel door\r\n");
+    EXPECT_THAT(read("report.txt"),
+                testing::HasSubstr("  Summary:                                                  7.50\r\n"));
+}
+
+TEST_F(TemplateCommand, SortsAndKeepsWidthsAndTheLastFile) {
+    write("list.prc", "a|10|x\r\nB|9.5|\r\nc|100|y\r\n");
+    succeed(
+        "QXBOMT\n@press \"Open\"\nlist.prc\n@click-heading 1\n@press \"Save As\"\nup.prc\n"
+        "@click-heading 1\n@press \"Save As\"\ndown.prc\n"
+        "@click-heading 2\n@press \"Save As\"\nwords.prc\n"
+        "@click-heading 0\n@click-heading 0\n@press \"Save As\"\nnames.prc\n@press \"Close\"\nQUIT\n");
+    EXPECT_EQ(read("up.prc"), "B|9.5|\r\na|10|x\r\nc|100|y\r\n");
+    EXPECT_EQ(read("down.prc"), "c|100|y\r\na|10|x\r\nB|9.5|\r\n");
+    EXPECT_EQ(read("words.prc"), "a|10|x\r\nc|100|y\r\nB|9.5|\r\n") << "an empty description stays last";
+    EXPECT_EQ(read("names.prc"), "c|100|y\r\nB|9.5|\r\na|10|x\r\n");
+    int widths[3] = {};
+    EXPECT_EQ(std::sscanf(read("corvane1.set").c_str(), "%d %d %d", &widths[0], &widths[1], &widths[2]), 3);
+    EXPECT_EQ(widths[0], 3 * widths[1]);
+    EXPECT_EQ(widths[2], 4 * widths[1]);
+    EXPECT_THAT(read("filename.set"), testing::EndsWith("names.prc"));
+}
+
+TEST_F(TemplateCommand, RefusesWhatWouldSpoilTheList) {
+    write("list.prc", "DOOR|1|x\r\nb|2|y\r\n");
+    succeed("QXBOMT\n@press \"Open\"\nlist.prc\n" +
+            // A name that another row has: the edit goes on until Escape leaves it.
+            std::string("@click-cell 0 1\n@key CTRL+END\n@key BACKSPACE\n@type \"door\"\n@key RETURN\n"
+                        "@alert \"Block name door is not unique\"\n@key ESCAPE\n@press \"Save\"\n") +
+            // Neither a name nor a price may be missing.
+            "@press \"Insert Row\"\n" + fill(2, 2, "z") +
+            "@press \"Save\"\n@expect-text 1001 \"Block name is absent\"\n@click-cell 0 0\n@key ESCAPE\n" +
+            "@expect-text 1001 \"\"\n@press \"Close\"\n@alert \"Save changes to *list.prc\" YES\n"
+            "@expect-text 1001 \"Block name is absent\"\n@press \"Close\"\n@alert \"Save changes to *\" CANCEL\n"
+            "@press \"Close\"\n@alert \"Save changes to *\" NO\nQUIT\n");
+    EXPECT_EQ(read("list.prc"), "DOOR|1|x\r\nb|2|y\r\n");
+}
+
+TEST_F(TemplateCommand, LosesNothingThatWasTypedWhenAFileCannotBeWritten) {
+    write("list.prc", "a|1|x\r\n");
+    succeed("QXBOMT\n@press \"Open\"\nlist.prc\n" + fill(2, 0, "yz") +
+            "@press \"Save As\"\nno such folder\\b.prc\n@alert \"File *b.prc could  not be opened\"\n"
+            "@expect-enabled 200 on\n@press \"Save As\"\nlist2.prc\n@press \"Close\"\nQUIT\n");
+    EXPECT_EQ(read("list.prc"), "a|1|x\r\n");
+    EXPECT_EQ(read("list2.prc"), "a|1|xyz\r\n");
+}
+
+TEST_F(TemplateCommand, LeavesNoSettingsWhenNothingWasOpened) {
+    succeed(
+        "QXBOMT\n@press \"Close\"\nQXBOMT\n@press \"Open\"\nmissing.prc\n@alert \"File *missing.prc could  not be "
+        "opened\"\n"
+        "@press \"Close\"\nQXBOMT\n@close\nQUIT\n");
+    EXPECT_FALSE(fs::exists(folder_ / "corvane1.set"));
+    EXPECT_FALSE(fs::exists(folder_ / "filename.set"));
+}
+
+}  // namespace
