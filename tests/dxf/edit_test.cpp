@@ -184,6 +184,36 @@ TEST_P(DrawingEdit, KeepsIdsWhenSavedOverItself) {
     EXPECT_EQ(drawing_text(drawing), changed);
 }
 
+TEST_P(DrawingEdit, UndoesOneStepAndNoMore) {
+    const std::string before = drawing_text(*drawing_);
+    const dxf::RecordId insert = drawing_->entities()[0];
+    const dxf::RecordId point = drawing_->entities()[1];
+    EXPECT_FALSE(drawing_->undo());
+    drawing_->begin_step();
+    add_things(*drawing_);
+    ASSERT_TRUE(drawing_->replace_value(insert, 50, 45.5));
+    ASSERT_TRUE(drawing_->replace_value(insert, 50, 30.0));
+    ASSERT_TRUE(drawing_->replace_value(point, 0, std::wstring(L"LINE")));
+    drawing_->erase(point);
+    drawing_->begin_step();  // of a command that changes nothing
+    const uint64_t made = drawing_->edits_made();
+    EXPECT_TRUE(drawing_->undo());
+    EXPECT_GT(drawing_->edits_made(), made);
+    EXPECT_FALSE(drawing_->undo());
+    EXPECT_EQ(drawing_->view(insert).real(50), 90.0);
+    ASSERT_TRUE(drawing_->save(folder_ / "new.dxf"));
+    std::string undone = drawing_text(*dxf::Drawing::open(folder_ / "new.dxf").drawing);
+    const std::string empty_table = "APPID:\n";
+    undone.erase(undone.find(empty_table), empty_table.size());
+    EXPECT_EQ(undone, before);
+
+    drawing_->begin_step();
+    add_things(*drawing_);  // the names of what was undone are free
+    ASSERT_TRUE(drawing_->save(folder_ / "new.dxf"));
+    const std::string again = drawing_text(*dxf::Drawing::open(folder_ / "new.dxf").drawing);
+    EXPECT_EQ(again.substr(again.find('\n') + 1), added_text);
+}
+
 INSTANTIATE_TEST_SUITE_P(
     Encodings, DrawingEdit,
     testing::Values(Kind{"text", {dxf::Encoding::ascii, "\n", dxf::TextCodec(1252)}, L"AC1015"},

@@ -5,6 +5,7 @@
 #include <fstream>
 #include <sstream>
 
+#include "dbsymtb.h"
 #include "acedads.h"
 #include "dbapserv.h"
 #include "platform/host/database/insert_block.h"

@@ -160,6 +160,7 @@ void Drawing::rebase(const EditList::Positions& positions) {
     }
     move(index_.end_of_drawing);
     edits_.clear();
+    step_.clear();
 }
 
 }  // namespace dxf

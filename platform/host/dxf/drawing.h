@@ -3,6 +3,7 @@
 
 #include <filesystem>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -91,6 +92,13 @@ class Drawing {
     /// Leaves a record with its sub-records out of the saved drawing.
     void erase(RecordId id);
 
+    /// The edits from here on are a step of their own. A step without edits does not count.
+    void begin_step() { step_ended_ = true; }
+    /// Takes the last step back: what it changed or erased is as it was, what it added is erased. Handles that it took
+    /// stay taken, and a section or table that it needed stays, empty. False when there is no step, or none since the
+    /// drawing was saved over itself.
+    bool undo();
+
     /// Writes the drawing: the bytes as opened with the edits applied. An unedited drawing is written byte for byte.
     /// Saving to the file that is open makes the written file the open one; ids stay.
     base::WriteStatus save(const std::filesystem::path& target);
@@ -109,6 +117,10 @@ class Drawing {
     void rebase(const EditList::Positions& positions);
     /// The end of the section, which is made in its usual place when it is missing.
     Place ensure_section(std::string_view name);
+    /// Remembers what a record is before it is changed; an added one was nothing.
+    void note_change(RecordId id);
+    void note_addition(RecordId id);
+    void forget_name_of_block(RecordId head);
     Table& ensure_table(std::string_view name);
 
     std::filesystem::path path_;
@@ -116,6 +128,14 @@ class Drawing {
     std::string memory_;
     DrawingIndex index_;
     EditList edits_;
+    /// What a step has done to a record.
+    struct Change {
+        RecordId record;
+        std::optional<std::string> before;  ///< its bytes; nothing for a record that was added
+    };
+    std::vector<Change> step_;
+    bool step_ended_ = false;
+    bool undoing_ = false;
     uint64_t next_handle_ = 0;
     bool hand_seed_due_ = false;
 };

@@ -82,18 +82,21 @@ RecordId Drawing::add_record(std::string bytes, Place before) {
 RecordId Drawing::append_entity(std::string bytes) {
     const RecordId id = add_record(std::move(bytes), ensure_section("ENTITIES"));
     index_.entities.append(id);
+    note_addition(id);
     return id;
 }
 
 RecordId Drawing::append_object(std::string bytes) {
     const RecordId id = add_record(std::move(bytes), ensure_section("OBJECTS"));
     index_.objects.append(id);
+    note_addition(id);
     return id;
 }
 
 RecordId Drawing::append_to_block(BlockId block, std::string bytes) {
     const RecordId id = add_record(std::move(bytes), index_.blocks[block].end);
     index_.blocks[block].entities.append(id);
+    note_addition(id);
     return id;
 }
 
@@ -106,6 +109,8 @@ BlockId Drawing::append_block(std::string head, std::string end) {
     block.name = record(block.head).block_name;
     const auto id = static_cast<BlockId>(index_.blocks.size());
     index_.name_block(block.name, id);
+    note_addition(block.head);
+    note_addition(block.end_record);
     index_.blocks.push_back(std::move(block));
     return id;
 }
@@ -114,6 +119,7 @@ RecordId Drawing::append_entry(std::string_view table_name, std::string bytes) {
     Table& table = ensure_table(table_name);
     const RecordId id = add_record(std::move(bytes), table.end);
     table.entries.append(id);
+    note_addition(id);
     const int64_t count = view(table.head).integer(70) + 1;
     replace_value(table.head, 70, count);
     return id;
@@ -138,6 +144,7 @@ void Drawing::rewrite(RecordId id, std::string bytes) {
 }
 
 void Drawing::update_record(RecordId id, std::string bytes) {
+    note_change(id);
     const Record old = record(id);
     // A header variable is no record of its own kind: only its bytes change.
     Record changed = read_record(bytes, index_).value_or(old);
@@ -148,6 +155,7 @@ void Drawing::update_record(RecordId id, std::string bytes) {
 }
 
 void Drawing::erase(RecordId id) {
+    note_change(id);
     Record& gone = index_.records[id];
     edits_.erase(gone.place, gone.length);
     gone.flags |= Record::erased;
