@@ -28,7 +28,7 @@ xdotool key Caps_Lock $a $n1 Caps_Lock
 xdotool keydown Alt_L key Shift_L keyup Alt_L key $a                     # Hebrew again
 xdotool key 87 83 Num_Lock 87 83 Num_Lock                                # End and Left, then 1 and 4
 xdotool keydown Control_R key Shift_R keyup Control_R key Return $s Escape
-wait "$window"
+wait "$window" || { echo "typing_test.sh: the window ended with $?" >&2; cat "$folder/told" >&2; exit 1; }
 
 # Wine sends a left key before each right one, so that the direction changes twice at the end.
 cat >"$folder/expected" <<'END'
