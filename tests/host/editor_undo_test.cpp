@@ -8,7 +8,6 @@
 #include "dbsymtb.h"
 #include "acedads.h"
 #include "dbapserv.h"
-#include "dbsymtb.h"
 #include "platform/host/database/insert_block.h"
 #include "platform/host/editor/document.h"
 #include "platform/host/editor/editor.h"

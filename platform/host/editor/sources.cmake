@@ -29,7 +29,6 @@ set(host_editor_sources
     transparent_command_line.cpp
     typed_command_line.cpp
     undo_commands.cpp
-    undo_commands.cpp
     user_input.cpp
     view_commands.cpp
     watchdog.cpp
