@@ -75,9 +75,9 @@ bool LoadPriceRows(CalcPriceDialog& dialog, const wchar_t* path) {
         rows.SetSize(0, growth);
     };
     const auto add_row = [&rows](const PriceListEntry& entry) {
-        ResultString row;
-        row.Set(to_string(entry.name), number_from_text(entry.price), to_string(entry.description));
-        rows.Add(row);
+        const INT_PTR place = rows.GetSize();
+        rows.SetSize(place + 1);
+        rows[place].Set(to_string(entry.name), number_from_text(entry.price), to_string(entry.description));
     };
     if (LoadPriceList(path, L"r", empty_the_report, add_row) == 0) {
         return false;

@@ -5,6 +5,7 @@
 #include <afxtempl.h>
 
 #include <cstdint>
+#include <utility>
 
 struct ResultString {
     CString name;               ///< of the block; lower case once counting has begun
@@ -14,10 +15,10 @@ struct ResultString {
     double total = 0;           ///< the price added once for each reference
 
     /// The values of one price-list line; nothing is counted yet.
-    void Set(const CString& block_name, double item_price, const CString& item_description) {
-        name = block_name;
+    void Set(CString block_name, double item_price, CString item_description) {
+        name = std::move(block_name);
         price = item_price;
-        description = item_description;
+        description = std::move(item_description);
         quantity = 0;
         total = 0;
     }
