@@ -31,7 +31,9 @@ wchar_t to_lower(wchar_t character) {
     if (character < 0x80) {
         return character >= L'A' && character <= L'Z' ? static_cast<wchar_t>(character + 32) : character;
     }
-    return lower_beyond_ascii(character);
+    // Its lower case is i only in some languages, and the systems differ.
+    constexpr wchar_t dotted_capital_i = 0x0130;
+    return character == dotted_capital_i ? character : lower_beyond_ascii(character);
 }
 
 std::wstring lower(std::wstring_view text) {

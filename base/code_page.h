@@ -16,8 +16,9 @@ unsigned system_code_page();
 /// Whether this system can convert `code_page` at all.
 bool code_page_known(unsigned code_page);
 
-/// Bytes to wide text. A byte that the code page does not define, or that is not valid UTF-8, becomes U+FFFD.
-/// An unknown code page is read as Latin-1.
+/// Bytes to wide text. A byte that a single-byte code page does not define becomes U+F700 and its value, which goes
+/// back to that byte; what is not valid in UTF-8 or in a double-byte code page becomes U+FFFD. An unknown code page is
+/// read as Latin-1.
 std::wstring wide_from_bytes(std::string_view bytes, unsigned code_page);
 
 /// Wide text to bytes, or nothing when a character has no exact form in the code page (never a best fit).

@@ -24,6 +24,10 @@ std::string name_of(unsigned code_page) {
     return "CP" + std::to_string(code_page);
 }
 
+/// Windows reads byte 5C as a backslash in the Johab code page too; iconv has the Won sign there.
+constexpr unsigned johab = 1361;
+constexpr wchar_t won_sign = 0x20A9;
+
 /// Converts everything or nothing.
 bool convert(iconv_t converter, std::string_view from, std::string& to) {
     std::string source(from);
@@ -72,13 +76,23 @@ std::optional<std::wstring> system_decode(std::string_view bytes, unsigned code_
         };
         text.push_back(static_cast<wchar_t>(at(0) | at(1) << 8 | at(2) << 16 | at(3) << 24));
     }
+    if (code_page == johab) {
+        std::replace(text.begin(), text.end(), won_sign, L'\\');
+    }
     return text;
 }
 
 std::optional<std::string> system_encode(std::wstring_view text, unsigned code_page) {
     const Converter converter = open_converter(name_of(code_page), "UTF-8");
+    std::wstring wide(text);
+    if (code_page == johab) {
+        if (text.find(won_sign) != std::wstring_view::npos) {
+            return std::nullopt;
+        }
+        std::replace(wide.begin(), wide.end(), L'\\', won_sign);
+    }
     std::string bytes;
-    if (!converter || !convert(converter.get(), utf8_from_wide(text), bytes)) {
+    if (!converter || !convert(converter.get(), utf8_from_wide(wide), bytes)) {
         return std::nullopt;
     }
     return bytes;

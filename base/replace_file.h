@@ -16,7 +16,8 @@ struct WriteStatus {
 };
 
 /// Collects the new contents of a file in a temporary file beside it. Nothing happens to the target until commit();
-/// without a commit the destructor removes the temporary file. A link is followed: the file that it names is replaced.
+/// without a commit the destructor removes the temporary file, and the next replacement of the same target removes one
+/// whose process was killed. A link is followed: the file that it names is replaced.
 /// The permissions of an existing file are kept. Where the folder forbids new files but the target can be written, the
 /// contents are kept in memory and written directly at commit.
 class FileReplacement {

@@ -1,4 +1,5 @@
 #include <fcntl.h>
+#include <signal.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -101,6 +102,10 @@ WriteStatus move_over(const std::filesystem::path& from, const std::filesystem::
 
 unsigned long process_number() {
     return static_cast<unsigned long>(::getpid());
+}
+
+bool process_runs(unsigned long number) {
+    return ::kill(static_cast<pid_t>(number), 0) == 0 || errno != ESRCH;
 }
 
 }  // namespace base

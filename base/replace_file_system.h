@@ -30,5 +30,6 @@ void copy_permissions(const std::filesystem::path& from, const std::filesystem::
 WriteStatus move_over(const std::filesystem::path& from, const std::filesystem::path& to);
 /// A number that no other running process uses.
 unsigned long process_number();
+bool process_runs(unsigned long number);
 
 }  // namespace base

@@ -138,4 +138,10 @@ unsigned long process_number() {
     return GetCurrentProcessId();
 }
 
+bool process_runs(unsigned long number) {
+    const std::unique_ptr<void, decltype(&CloseHandle)> process(OpenProcess(SYNCHRONIZE, FALSE, number), CloseHandle);
+    return process == nullptr ? GetLastError() != ERROR_INVALID_PARAMETER
+                              : WaitForSingleObject(process.get(), 0) == WAIT_TIMEOUT;
+}
+
 }  // namespace base

@@ -55,6 +55,25 @@ TEST_F(ReplaceFile, PutsTheNewContentsInPlaceOnlyAtCommit) {
     EXPECT_EQ(names(), std::vector<std::string>{"list.prc"}) << "nothing may be left beside the file";
 }
 
+TEST_F(ReplaceFile, RemovesWhatAKilledProcessLeftBehind) {
+    const auto target = folder_ / "list.prc";
+    const std::vector<std::string> others = {"list.prc.1-.tmp",           "list.prc.tmp",
+                                             "list.prc.999999999-1.tmp2", "list.prc2.999999999-1.tmp",
+                                             "list.prc.999999999",        "my list.prc.999999999-1.tmp"};
+    for (const std::string& name : others) {
+        put(folder_ / name, "somebody else's");
+    }
+    put(folder_ / "list.prc.999999999-1.tmp", "half");
+    put(folder_ / "list.prc.999999999-22.tmp", "");
+    base::FileReplacement running(target);  // another replacement of this process keeps its file
+    EXPECT_TRUE(base::replace_file(target, "new"));
+    EXPECT_EQ(names().size(), others.size() + 2);
+    EXPECT_FALSE(fs::exists(folder_ / "list.prc.999999999-1.tmp"));
+    EXPECT_TRUE(running.write("newer"));
+    EXPECT_TRUE(running.commit());
+    EXPECT_EQ(bytes_of(target), "newer");
+}
+
 TEST_F(ReplaceFile, SaysWhyItCannotWrite) {
     const auto locked = folder_ / "locked.prc";
     put(locked, "old");

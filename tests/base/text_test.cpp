@@ -6,6 +6,7 @@
 namespace {
 
 TEST(CaseFolding, LowersBeyondAscii) {
+    EXPECT_EQ(base::lower(L"\u0130I"), L"\u0130i");
     EXPECT_EQ(base::lower(L"DOOR-80 \u00c4\u0416\u0394 \u05d3\u05dc\u05ea"),
               L"door-80 \u00e4\u0436\u03b4 \u05d3\u05dc\u05ea");
 }

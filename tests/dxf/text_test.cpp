@@ -46,6 +46,10 @@ TEST(TextCodec, ConvertsBothWays) {
         {932, "\x83\x5C", L"\u30BD", true},  // the second byte is a backslash's
         {1252, "\\U+D83D\\U+DE00", L"\U0001F600", true},
         {65001, "\xF0\x9F\x98\x80", L"\U0001F600", true},
+        {1252, "\\U+005CU+05D0 \\U+005CM+1824F \\U+5", L"\\U+05D0 \\M+1824F \\U+5", true},  // no escapes
+        {1252, "^\\U+05D0", L"\x1CU+05D0", true},
+        {65001, "\\U+D83D-", std::wstring{wchar_t{0xD83D}, L'-'}, true},
+        {1361, "\\U+05D0", L"\u05D0", true},
     };
     for (const auto& item : cases) {
         const TextCodec codec(item.code_page);

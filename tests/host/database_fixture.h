@@ -20,7 +20,7 @@
 #include "dbobjptr.h"
 #include "dbsymtb.h"
 #include "platform/host/database/database_store.h"
-#include "platform/host/editor/command_line.h"
+#include "platform/host/prompt/command_line.h"
 
 /// "0 LINE|8 walls|10 1.5" as the groups of a drawing, codes filled up with blanks to a width.
 inline std::string groups(std::string_view text, size_t code_width = 0) {

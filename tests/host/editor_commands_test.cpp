@@ -13,34 +13,12 @@
 #include "platform/host/editor/input_events.h"
 #include "platform/host/editor/transparent_command_line.h"
 #include "rxdlinkr.h"
+#include "tests/host/list_command_line.h"
 
 namespace host {
 namespace {
 
 using testing::ElementsAre;
-
-/// Answers from a list ("^C" cancels, "" is Return), and keeps everything that is said.
-class ListCommandLine final : public CommandLine {
-  public:
-    explicit ListCommandLine(std::deque<std::wstring> answers = {}) : answers_(std::move(answers)) {}
-
-    Answer prompt(std::wstring_view text) override {
-        said += L"<" + std::wstring(text) + L">";
-        if (answers_.empty() || answers_.front() == L"^C") {
-            return {};
-        }
-        Answer answer{answers_.front().empty() ? Answer::return_only : Answer::line, answers_.front()};
-        answers_.pop_front();
-        return answer;
-    }
-    void print(std::wstring_view text) override { said += text; }
-    void report(std::wstring_view problem) override { said += L"!" + std::wstring(problem); }
-
-    std::wstring said;
-
-  private:
-    std::deque<std::wstring> answers_;
-};
 
 /// The commands below say their name through this.
 std::wstring ran;

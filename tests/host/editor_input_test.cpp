@@ -3,9 +3,9 @@
 
 #include "platform/host/app/options.h"
 #include "platform/host/editor/command_name.h"
-#include "platform/host/editor/input_text.h"
 #include "platform/host/editor/keywords.h"
 #include "platform/host/editor/system_variables.h"
+#include "platform/host/prompt/input_text.h"
 
 namespace host {
 namespace {

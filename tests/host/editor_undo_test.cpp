@@ -78,17 +78,19 @@ class Undo : public testing::Test {
     CommandLineScope scope_;
 };
 
-TEST_F(Undo, TakesTheLastChangingCommandBack) {
+TEST_F(Undo, TakesChangingCommandsBackOneByOne) {
     run(L"TSTINSERT");
     run(L"TSTINSERT");
     run(L"REDRAW");  // changes nothing
     EXPECT_EQ(entities(), 3);
     run(L"UNDO");
     EXPECT_EQ(entities(), 2);
-    EXPECT_EQ(line_.printed, L"");
+    EXPECT_TRUE(editor().documents.document()->changed());
     run(L"U");
-    EXPECT_EQ(entities(), 2);
-    EXPECT_EQ(line_.printed, L"\nNothing to undo.");
+    EXPECT_EQ(entities(), 1);
+    EXPECT_FALSE(editor().documents.document()->changed()) << "all is as it was";
+    run(L"U");
+    EXPECT_EQ(line_.printed, L"\nTSTINSERT\nTSTINSERT\nNothing to undo.");
 }
 
 TEST_F(Undo, FreesTheNamesOfBlocks) {
@@ -109,8 +111,9 @@ TEST_F(Undo, LeavesTheFileAsItWas) {
     EXPECT_EQ(bytes.str(), drawing);
     run(L"TSTINSERT");
     EXPECT_EQ(editor().documents.save(file_), L"");
+    EXPECT_FALSE(editor().documents.document()->changed());
     run(L"UNDO");
-    EXPECT_EQ(line_.printed, L"\nNothing to undo.") << "what was saved stays";
+    EXPECT_TRUE(editor().documents.document()->changed()) << "the file has what was taken back";
 }
 
 }  // namespace

@@ -16,7 +16,7 @@
 #include "platform/host/editor/script.h"
 #include "platform/host/editor/typed_command_line.h"
 #include "platform/host/editor/window_class.h"
-#include "platform/host/editor/window_picture.h"
+#include "platform/host/view/window_picture.h"
 
 namespace host {
 namespace {

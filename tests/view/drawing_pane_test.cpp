@@ -131,9 +131,9 @@ TEST_F(DrawingPaneTest, ComplementingVectorsUndoThemselves) {
 
 TEST_F(DrawingPaneTest, ThePointerLeavesNoTrace) {
     const std::vector<COLORREF> before = screen();
-    const PointerGuide::Kind kinds[] = {PointerGuide::Kind::idle, PointerGuide::Kind::crosshair,
-                                        PointerGuide::Kind::pick_box, PointerGuide::Kind::line,
-                                        PointerGuide::Kind::rectangle};
+    const PointerGuide::Kind kinds[] = {PointerGuide::Kind::idle,   PointerGuide::Kind::crosshair,
+                                        PointerGuide::Kind::follow, PointerGuide::Kind::pick_box,
+                                        PointerGuide::Kind::line,   PointerGuide::Kind::rectangle};
     for (const PointerGuide::Kind kind : kinds) {
         const PointerGuideScope scope({kind, {30, 30}});
         for (const POINT at : {pixel(10, 70), pixel(60, 30), pixel(30, 30), pixel(80, 90)}) {

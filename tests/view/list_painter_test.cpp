@@ -103,6 +103,22 @@ TEST(ListPainter, DashesWhatIsHighlighted) {
         painting.paint({}, {painting.entity(1)}));
 }
 
+TEST(ListPainter, DashesByTheLineTypeWhereItCanBeSeen) {
+    Painting painting(16, 3,
+                      tables("0 TABLE|2 LTYPE|0 LTYPE|2 DASHED|73 2|40 6|49 4|49 -2|0 ENDTAB") +
+                          blocks(block("B", "0 LINE|8 0|6 DASHED|10 0.5|20 0|11 1|21 0")) +
+                          entities("0 LINE|8 0|6 DASHED|10 0.5|20 2.5|11 15.5|21 2.5|"
+                                   "0 INSERT|8 0|2 B|10 -7.5|20 0.5|41 16"));
+    EXPECT_EQ(
+        "\n"
+        "####..####..####\n"
+        "................\n"
+        "####..###.......\n",
+        painting.paint());
+    painting.view.zoom_about({8, 1.5}, 0.3);
+    EXPECT_EQ("\n................\n.....######.....\n................\n", painting.paint());
+}
+
 TEST(ListPainter, ShowsSmallThingsAsDots) {
     const std::string leaf = blocks(block("LEAF", "0 LINE|8 0|10 0|20 0|11 1|21 1|0 TEXT|8 0|10 0|20 0|40 1|1 x"));
     Painting painting(4, 2,
@@ -113,6 +129,24 @@ TEST(ListPainter, ShowsSmallThingsAsDots) {
     painting.view.zoom_about({1.5, 0.5}, 100);
     painting.paint();
     EXPECT_EQ(1U, painting.texts);
+}
+
+TEST(ListPainter, ShowsManySmallTextsAsLines) {
+    const auto drawing = drawing_of(entities("0 TEXT|8 0|10 0|20 1|40 3|1 a|0 TEXT|8 0|10 0|20 9|40 6|1 b"));
+    const DisplayList list = DisplayList::build(*drawing);
+    ViewTransform view(20, 20);
+    view.show({{0, 0}, {20, 20}});
+    std::vector<uint32_t> pixels(400);
+    Raster raster(pixels.data(), 20, 20);
+    ListPainter painter(list, view, raster);
+    painter.paint({});
+    painter.simplify_texts(2);
+    EXPECT_EQ(painter.texts().size(), 2U);
+    EXPECT_EQ(raster.at(1, 17), 0U);
+    painter.simplify_texts(1);
+    EXPECT_EQ(painter.texts().size(), 1U);
+    EXPECT_EQ(painter.texts().front().item->text, L"b");
+    EXPECT_EQ(raster.at(1, 17), 0xFFFFFFU) << "a line instead of the small one";
 }
 
 TEST(ListPainter, FillsWithHolesByTheEvenOddRule) {

@@ -15,7 +15,10 @@ class CSize : public tagSIZE {
 class CPoint : public tagPOINT {
   public:
     CPoint() : tagPOINT{0, 0} {}
-    CPoint(int left, int top) : tagPOINT{left, top} {}
+    CPoint(int left, int top) {
+        x = left;
+        y = top;
+    }
     CPoint(POINT point) : tagPOINT(point) {}
     /// The two signed halves of a mouse message's parameter.
     explicit CPoint(LPARAM packed) : tagPOINT{static_cast<short>(LOWORD(packed)), static_cast<short>(HIWORD(packed))} {}

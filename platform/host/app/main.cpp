@@ -7,10 +7,10 @@
 
 #include "base/code_page.h"
 #include "platform/host/app/options.h"
-#include "platform/host/editor/built_in_commands.h"
 #include "platform/host/editor/dialog_driver.h"
 #include "platform/host/editor/document.h"
 #include "platform/host/editor/editor.h"
+#include "platform/host/editor/file_commands.h"
 #include "platform/host/editor/main_window.h"
 #include "platform/host/editor/script_run.h"
 #include "platform/host/editor/scripted_command_line.h"
@@ -99,7 +99,7 @@ void run_commands_of_person(MainWindow& window) {
             run_command(answer.text);
         } else if (window.close_requested()) {
             window.forget_close_request();
-            editor().quit_requested = may_discard_changes(editor()) || window.close_requested();
+            editor().quit_requested = may_leave_drawing(editor()) || window.close_requested();
         }
     }
 }

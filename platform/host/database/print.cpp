@@ -3,7 +3,7 @@
 #include <string>
 
 #include "acutads.h"
-#include "platform/host/editor/command_line.h"
+#include "platform/host/prompt/command_line.h"
 
 namespace {
 

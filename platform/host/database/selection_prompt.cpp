@@ -4,7 +4,7 @@
 #include <optional>
 
 #include "base/case_folding.h"
-#include "platform/host/editor/input_text.h"
+#include "platform/host/prompt/input_text.h"
 
 namespace host {
 namespace {

@@ -6,7 +6,7 @@
 
 #include "platform/host/database/entity_selector.h"
 #include "platform/host/database/selection_set.h"
-#include "platform/host/editor/command_line.h"
+#include "platform/host/prompt/command_line.h"
 #include "platform/host/view/pointer_guide.h"
 
 namespace host {

@@ -1,7 +1,6 @@
 #include "platform/host/dxf/drawing.h"
 
 #include <algorithm>
-#include <system_error>
 #include <utility>
 
 #include "base/case_folding.h"
@@ -15,19 +14,19 @@ constexpr size_t write_size = size_t{8} << 20;
 
 }  // namespace
 
-Drawing::Drawing(std::filesystem::path path, FileMapping mapping, std::string memory)
-    : path_(std::move(path)), mapping_(std::move(mapping)), memory_(std::move(memory)) {}
+Drawing::Drawing(std::filesystem::path path, base::FileContents contents, std::string memory)
+    : path_(std::move(path)), contents_(std::move(contents)), memory_(std::move(memory)) {}
 
 OpenResult Drawing::open(const std::filesystem::path& path) {
     OpenResult result;
     std::string reason;
-    auto mapping = FileMapping::open(path, reason);
-    if (!mapping) {
+    auto contents = base::FileContents::read(path, reason);
+    if (!contents) {
         result.error.file = path;
         result.error.reason = std::move(reason);
         return result;
     }
-    return load(std::unique_ptr<Drawing>(new Drawing(path, *std::move(mapping), {})));
+    return load(std::unique_ptr<Drawing>(new Drawing(path, *std::move(contents), {})));
 }
 
 OpenResult Drawing::from_bytes(std::string bytes, const std::filesystem::path& name) {
@@ -46,7 +45,7 @@ OpenResult Drawing::load(std::unique_ptr<Drawing> drawing) {
 }
 
 std::string_view Drawing::original() const {
-    return memory_.empty() ? mapping_.bytes() : std::string_view(memory_);
+    return memory_.empty() ? contents_.bytes() : std::string_view(memory_);
 }
 
 Manner Drawing::manner() const {
@@ -112,55 +111,9 @@ base::WriteStatus Drawing::write_to(base::FileReplacement& file) const {
 
 base::WriteStatus Drawing::save(const std::filesystem::path& target) {
     settle_hand_seed();
-    std::error_code error;
-    if (memory_.empty() && std::filesystem::equivalent(target, path_, error)) {
-        return save_over_open_file(target);
-    }
     base::FileReplacement file(target);
     base::WriteStatus written = write_to(file);
     return written ? file.commit() : written;
-}
-
-/// A mapped file cannot be replaced on every system: the mapping is given up for the moment of the replacement.
-base::WriteStatus Drawing::save_over_open_file(const std::filesystem::path& target) {
-    base::FileReplacement file(target);
-    if (base::WriteStatus written = write_to(file); !written) {
-        return written;
-    }
-    mapping_.reset();
-    base::WriteStatus replaced = file.commit();
-    std::string reason;
-    auto mapping = FileMapping::open(path_, reason);
-    if (replaced) {
-        rebase(edits_.positions());
-    }
-    if (!mapping) {
-        return replaced ? base::WriteStatus{false, "saved, but cannot be opened again: " + reason} : replaced;
-    }
-    mapping_ = *std::move(mapping);
-    return replaced;
-}
-
-/// Makes every place an offset in the file that was written.
-void Drawing::rebase(const EditList::Positions& positions) {
-    const auto move = [&positions](Place& place) { place = Place::original(positions.of(place)); };
-    for (Record& record : index_.records) {
-        move(record.place);
-        record.length = record.is(Record::erased) ? 0 : record.length;
-    }
-    for (Section& section : index_.sections) {
-        move(section.begin);
-        move(section.end);
-    }
-    for (Table& table : index_.tables) {
-        move(table.end);
-    }
-    for (Block& block : index_.blocks) {
-        move(block.end);
-    }
-    move(index_.end_of_drawing);
-    edits_.clear();
-    step_.clear();
 }
 
 }  // namespace dxf

@@ -1,4 +1,4 @@
-// The lossless drawing store: a mapped DXF file, an index of its records, and edits that change nothing else.
+// The lossless drawing store: a DXF file in memory, an index of its records, and edits that change nothing else.
 #pragma once
 
 #include <filesystem>
@@ -8,14 +8,15 @@
 #include <string_view>
 #include <vector>
 
+#include "base/file_contents.h"
 #include "base/replace_file.h"
 #include "platform/host/dxf/edit_list.h"
 #include "platform/host/dxf/error.h"
-#include "platform/host/dxf/file_mapping.h"
 #include "platform/host/dxf/index.h"
 #include "platform/host/dxf/record.h"
 #include "platform/host/dxf/record_view.h"
 #include "platform/host/dxf/record_writer.h"
+#include "platform/host/dxf/undo_history.h"
 
 namespace dxf {
 
@@ -72,6 +73,7 @@ class Drawing {
     // Edits. Bytes come from a RecordWriter of manner(), one whole record with its sub-records each.
     bool edited() const { return !edits_.empty(); }
     /// How many edits were made since the drawing was opened: tells whether there are some after a certain moment.
+    /// Taking edits back makes new ones.
     uint64_t edits_made() const { return edits_.made(); }
     /// Whether new records need handles: R13 and later always, R12 where the drawing uses them.
     bool uses_handles() const;
@@ -92,19 +94,19 @@ class Drawing {
     /// Leaves a record with its sub-records out of the saved drawing.
     void erase(RecordId id);
 
-    /// The edits from here on are a step of their own. A step without edits does not count.
-    void begin_step() { step_ended_ = true; }
+    /// The steps that undo() takes back, and whether the drawing is as it was at another time (UndoHistory::state).
+    UndoHistory& history() { return history_; }
+    const UndoHistory& history() const { return history_; }
     /// Takes the last step back: what it changed or erased is as it was, what it added is erased. Handles that it took
-    /// stay taken, and a section or table that it needed stays, empty. False when there is no step, or none since the
-    /// drawing was saved over itself.
-    bool undo();
+    /// stay taken, and a section or table that it needed stays, empty. The step's name; nothing when there is no step.
+    std::optional<std::wstring> undo();
 
     /// Writes the drawing: the bytes as opened with the edits applied. An unedited drawing is written byte for byte.
-    /// Saving to the file that is open makes the written file the open one; ids stay.
+    /// The file that was opened may be the target; what others have done to it since does not matter.
     base::WriteStatus save(const std::filesystem::path& target);
 
   private:
-    Drawing(std::filesystem::path path, FileMapping mapping, std::string memory);
+    Drawing(std::filesystem::path path, base::FileContents contents, std::string memory);
 
     static OpenResult load(std::unique_ptr<Drawing> drawing);
     std::string_view original() const;
@@ -113,10 +115,9 @@ class Drawing {
     void update_record(RecordId id, std::string bytes);
     void settle_hand_seed();
     base::WriteStatus write_to(base::FileReplacement& file) const;
-    base::WriteStatus save_over_open_file(const std::filesystem::path& target);
-    void rebase(const EditList::Positions& positions);
     /// The end of the section, which is made in its usual place when it is missing.
     Place ensure_section(std::string_view name);
+    void end_last_line(Place before);
     /// Remembers what a record is before it is changed; an added one was nothing.
     void note_change(RecordId id);
     void note_addition(RecordId id);
@@ -124,18 +125,11 @@ class Drawing {
     Table& ensure_table(std::string_view name);
 
     std::filesystem::path path_;
-    FileMapping mapping_;
+    base::FileContents contents_;
     std::string memory_;
     DrawingIndex index_;
     EditList edits_;
-    /// What a step has done to a record.
-    struct Change {
-        RecordId record;
-        std::optional<std::string> before;  ///< its bytes; nothing for a record that was added
-    };
-    std::vector<Change> step_;
-    bool step_ended_ = false;
-    bool undoing_ = false;
+    UndoHistory history_;
     uint64_t next_handle_ = 0;
     bool hand_seed_due_ = false;
 };

@@ -58,6 +58,7 @@ void Drawing::settle_hand_seed() {
         return;
     }
     next_handle_ = std::max(next_handle_, index_.highest_handle + 1);
+    const UndoHistory::Pause handles_stay_taken(history_);
     const RecordId seed = header_variable(hand_seed);
     if (seed != no_record) {
         replace_value(seed, 5, Handle{next_handle_});
@@ -162,8 +163,11 @@ void Drawing::erase(RecordId id) {
 }
 
 Place Drawing::ensure_section(std::string_view name) {
-    if (const Section* const found = index_.section(name)) {
-        return found->end;
+    // Where there are several of one name, their records make one run, which goes on in the last.
+    const auto last = std::find_if(index_.sections.rbegin(), index_.sections.rend(),
+                                   [name](const Section& section) { return section.name == name; });
+    if (last != index_.sections.rend()) {
+        return last->end;
     }
     Place before = index_.end_of_drawing;
     const auto* const own = std::find(section_order.begin(), section_order.end(), name);
@@ -173,17 +177,24 @@ Place Drawing::ensure_section(std::string_view name) {
             break;
         }
     }
+    end_last_line(before);
     RecordWriter writer(manner());
-    const std::string_view bytes = original();
-    const bool needs_line_end = index_.encoding == Encoding::ascii && !before.added() &&
-                                before.number() == bytes.size() && !bytes.empty() && bytes.back() != '\n';
-    writer.raw(needs_line_end ? index_.line_end : "").type(L"SECTION").text(2, wide(name));
+    writer.type(L"SECTION").text(2, wide(name));
     Section section;
     section.name = std::string(name);
     section.begin = edits_.insert_before(before, writer.take());
     section.end = edits_.insert_before(before, writer.type(L"ENDSEC").take());
     index_.sections.push_back(section);
     return section.end;
+}
+
+/// A drawing without EOF may end within a line. What is added behind it needs a line of its own.
+void Drawing::end_last_line(Place before) {
+    const std::string_view bytes = original();
+    const bool at_end = !before.added() && before.number() == bytes.size();
+    if (at_end && index_.encoding == Encoding::ascii && bytes.back() != '\n' && !edits_.has_pieces_before(before)) {
+        edits_.insert_before(before, index_.line_end);
+    }
 }
 
 Table& Drawing::ensure_table(std::string_view name) {

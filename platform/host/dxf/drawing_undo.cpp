@@ -1,44 +1,37 @@
-// Steps of edits and taking the last one back.
-#include <utility>
-
+// Noting edits, and taking steps of them back.
 #include "platform/host/dxf/drawing.h"
 
 namespace dxf {
 
 void Drawing::note_addition(RecordId id) {
-    if (!undoing_) {
-        if (std::exchange(step_ended_, false)) {
-            step_.clear();
-        }
-        step_.push_back({id, std::nullopt});
-    }
+    history_.note({id, std::nullopt});
 }
 
 void Drawing::note_change(RecordId id) {
-    if (!undoing_) {
-        if (std::exchange(step_ended_, false)) {
-            step_.clear();
-        }
-        const std::string_view bytes = record(id).is(Record::erased) ? std::string_view() : bytes_of(record(id));
-        step_.push_back({id, std::string(bytes)});
-    }
+    const std::string_view bytes = record(id).is(Record::erased) ? std::string_view() : bytes_of(record(id));
+    history_.note({id, std::string(bytes)});
 }
 
-bool Drawing::undo() {
-    const std::vector<Change> step = std::exchange(step_, {});
-    undoing_ = true;
-    for (auto change = step.rbegin(); change != step.rend(); ++change) {
-        if (change->before && !change->before->empty()) {
-            rewrite(change->record, *change->before);
-            continue;
-        }
-        if (record(change->record).type == type_block) {
-            forget_name_of_block(change->record);
-        }
-        erase(change->record);
+std::optional<std::wstring> Drawing::undo() {
+    UndoHistory::Step step = history_.take_last();
+    if (step.changes.empty()) {
+        return std::nullopt;
     }
-    undoing_ = false;
-    return !step.empty();
+    {
+        const UndoHistory::Pause taking_back(history_);
+        for (auto change = step.changes.rbegin(); change != step.changes.rend(); ++change) {
+            if (change->before && !change->before->empty()) {
+                rewrite(change->record, *change->before);
+                continue;
+            }
+            if (record(change->record).type == type_block) {
+                forget_name_of_block(change->record);
+            }
+            erase(change->record);
+        }
+    }
+    history_.restore_state(step);
+    return std::move(step.name);
 }
 
 /// The name is free again for another block.

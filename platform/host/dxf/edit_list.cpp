@@ -26,6 +26,11 @@ Place EditList::insert_before(Place place, std::string bytes) {
     return Place::piece(added);
 }
 
+bool EditList::has_pieces_before(Place place) const {
+    const auto edit = edits_.find(place.number());
+    return edit != edits_.end() && !edit->second.before.empty();
+}
+
 Place EditList::replace(Place place, uint64_t length, std::string bytes) {
     ++made_;
     if (place.added()) {
@@ -42,7 +47,7 @@ Place EditList::replace(Place place, uint64_t length, std::string bytes) {
 void EditList::erase(Place place, uint64_t length) {
     ++made_;
     if (place.added()) {
-        pieces_[place.number()].clear();
+        std::string().swap(pieces_[place.number()]);  // clear() would keep its memory
     } else {
         edits_[place.number()].skip = length;
     }
@@ -69,48 +74,6 @@ bool EditList::apply(std::string_view original, const Emit& emit) const {
         position = anchor + edit.skip;
     }
     return position >= original.size() || emit(original.substr(position), Place::original(position));
-}
-
-EditList::Positions EditList::positions() const {
-    Positions positions;
-    positions.pieces_.resize(pieces_.size());
-    positions.originals_.push_back({0, 0});
-    uint64_t old_position = 0;
-    uint64_t new_position = 0;
-    for (const auto& [anchor, edit] : edits_) {
-        new_position += anchor - old_position;
-        for (const uint64_t number : edit.before) {
-            positions.pieces_[number] = new_position;
-            new_position += pieces_[number].size();
-        }
-        positions.originals_.push_back({anchor, new_position});
-        if (edit.replacement) {
-            positions.pieces_[*edit.replacement] = new_position;
-            new_position += pieces_[*edit.replacement].size();
-        }
-        old_position = anchor + edit.skip;
-        if (edit.skip > 0) {
-            positions.originals_.push_back({old_position, new_position});
-        }
-    }
-    return positions;
-}
-
-uint64_t EditList::Positions::of(Place place) const {
-    if (place.added()) {
-        return pieces_[place.number()];
-    }
-    const auto behind =
-        std::upper_bound(originals_.begin(), originals_.end(), place.number(),
-                         [](uint64_t offset, const Stretch& stretch) { return offset < stretch.old_begin; });
-    const Stretch& stretch = *std::prev(behind);
-    return stretch.new_begin + (place.number() - stretch.old_begin);
-}
-
-void EditList::clear() {
-    edits_.clear();
-    pieces_.clear();
-    anchors_.clear();
 }
 
 }  // namespace dxf

@@ -25,6 +25,9 @@ class EditList {
     /// before it. Returns the new piece's place.
     Place insert_before(Place place, std::string bytes);
 
+    /// Whether something was put before a place of the original.
+    bool has_pieces_before(Place place) const;
+
     /// Puts `bytes` instead of the original range [place, place + length), or instead of the whole piece at `place`.
     /// Returns the new bytes' place: a piece keeps its own.
     Place replace(Place place, uint64_t length, std::string bytes);
@@ -38,24 +41,6 @@ class EditList {
     /// Stops and returns false when `emit` does.
     using Emit = std::function<bool(std::string_view bytes, Place place)>;
     bool apply(std::string_view original, const Emit& emit) const;
-
-    /// Where the bytes of each place stand in the edited file: what rebasing a drawing on its saved file needs.
-    class Positions {
-      public:
-        uint64_t of(Place place) const;
-
-      private:
-        friend class EditList;
-        struct Stretch {
-            uint64_t old_begin;
-            uint64_t new_begin;
-        };
-        std::vector<Stretch> originals_;  ///< by old_begin
-        std::vector<uint64_t> pieces_;
-    };
-    Positions positions() const;
-
-    void clear();
 
   private:
     struct Edit {

@@ -29,6 +29,9 @@ bool RecordReader::fail_at(uint64_t position, std::string reason) {
     if (!error_) {
         Error error;
         error.reason = std::move(reason);
+        // A name out of a binary drawing may hold anything; the message is one line.
+        std::replace_if(
+            error.reason.begin(), error.reason.end(), [](char c) { return static_cast<unsigned char>(c) < 0x20; }, '?');
         const bool lines = index_.encoding == Encoding::ascii;
         error.place = lines ? Error::Place::line : Error::Place::byte;
         const auto until = bytes_.begin() + static_cast<std::ptrdiff_t>(std::min<uint64_t>(position, bytes_.size()));

@@ -103,25 +103,12 @@ std::wstring unescape(std::wstring_view text) {
     return out;
 }
 
-std::wstring escape_controls(std::wstring_view text) {
-    std::wstring out;
-    out.reserve(text.size());
-    for (const wchar_t character : text) {
-        if (character == L'^') {
-            out += L"^ ";
-        } else if (static_cast<unsigned>(character) < 0x20) {
-            out += L'^';
-            out += static_cast<wchar_t>(character + L'@');
-        } else {
-            out += character;
-        }
-    }
-    return out;
-}
-
-void append_unicode_escape(std::string& out, unsigned unit) {
+template <typename Text>
+void append_unicode_escape(Text& out, unsigned unit) {
     static const char digits[] = "0123456789ABCDEF";
-    out += "\\U+";
+    for (const char character : {'\\', 'U', '+'}) {
+        out += character;
+    }
     for (int shift = 12; shift >= 0; shift -= 4) {
         out += digits[unit >> shift & 0xF];
     }
@@ -134,6 +121,43 @@ void append_escaped(std::string& out, unsigned character) {
     } else {
         append_unicode_escape(out, character);
     }
+}
+
+bool is_surrogate(wchar_t unit) {
+    return unit >= 0xD800 && unit < 0xE000;
+}
+
+bool is_pair(std::wstring_view text, size_t at) {
+    return at + 1 < text.size() && text[at] >= 0xD800 && text[at] < 0xDC00 && text[at + 1] >= 0xDC00 &&
+           text[at + 1] < 0xE000;
+}
+
+/// Whether a backslash that belongs to the text would be read as the beginning of an escape.
+bool starts_escape(std::wstring_view text) {
+    std::wstring ignored;
+    return text[0] == L'\\' && take_escape(text, ignored) != 0;
+}
+
+/// The text with all that no raw value can hold as it is written as escapes: control characters and what begins them,
+/// what would be read as an escape, and half pairs.
+std::wstring escape(std::wstring_view text) {
+    std::wstring out;
+    out.reserve(text.size());
+    for (size_t i = 0; i < text.size(); ++i) {
+        const wchar_t character = text[i];
+        if (character == L'^') {
+            out += L"^ ";
+        } else if (static_cast<unsigned>(character) < 0x20) {
+            out += {L'^', static_cast<wchar_t>(character + L'@')};
+        } else if (is_pair(text, i)) {
+            out += text.substr(i++, 2);
+        } else if (is_surrogate(character) || starts_escape(text.substr(i))) {
+            append_unicode_escape(out, static_cast<unsigned>(character));
+        } else {
+            out += character;
+        }
+    }
+    return out;
 }
 
 /// The number of a code page by the name that drawings give it: "ANSI_1255", "dos850", "ISO8859-8", "UTF-8".
@@ -177,10 +201,7 @@ std::wstring TextCodec::decode(std::string_view raw) const {
 }
 
 std::string TextCodec::encode(std::wstring_view text) const {
-    const std::wstring safe = escape_controls(text);
-    if (code_page_ == base::code_page_utf8) {
-        return base::utf8_from_wide(safe);
-    }
+    const std::wstring safe = escape(text);
     if (auto whole = base::bytes_from_wide(safe, code_page_)) {
         return *std::move(whole);
     }

@@ -18,11 +18,13 @@ class TextCodec {
     unsigned code_page() const { return code_page_; }
 
     /// \U+XXXX and \M+nXXXX (n from 1 to 5: 932, 950, 949, 1361, 936) become characters; ^J and its kin become control
-    /// characters, "^ " a caret. Bytes that the code page does not define become U+FFFD.
+    /// characters, "^ " a caret. Bytes that the code page does not define become what base::wide_from_bytes makes of
+    /// them.
     std::wstring decode(std::string_view raw) const;
 
-    /// The inverse; characters that the code page does not hold become \U+XXXX (a pair of them beyond U+FFFF).
-    /// The result never holds a line end or a zero.
+    /// The inverse: decode() gives the text back. Characters that the code page does not hold become \U+XXXX (a pair of
+    /// them beyond U+FFFF), and so do half pairs and a backslash that would begin an escape. The result never holds a
+    /// line end or a zero.
     std::string encode(std::wstring_view text) const;
 
   private:

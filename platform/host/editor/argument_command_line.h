@@ -4,7 +4,7 @@
 #include <deque>
 #include <string>
 
-#include "platform/host/editor/command_line.h"
+#include "platform/host/prompt/command_line.h"
 
 namespace host {
 

@@ -1,6 +1,5 @@
 #include "platform/host/editor/built_in_commands.h"
 
-#include "platform/host/editor/document.h"
 #include "platform/host/editor/editor.h"
 #include "platform/host/editor/file_question.h"
 #include "platform/host/editor/insert_command.h"
@@ -75,44 +74,6 @@ void manage_modules(Editor& editor) {
     }
 }
 
-void open_drawing(Editor& editor) {
-    if (!may_discard_changes(editor)) {
-        return;
-    }
-    const std::optional<std::wstring> file = ask_file_name({L"Open drawing", L"", L"dxf", false, false});
-    if (file) {
-        report_problem(editor.documents.open(*file));
-    }
-}
-
-void save_drawing(Editor& editor, const std::filesystem::path& file) {
-    editor.modules.tell_all(AcRx::kSaveMsg);
-    editor.drawing_variables.store(editor.documents.document()->drawing());
-    report_problem(editor.documents.save(file));
-}
-
-void save_drawing_as(Editor& editor) {
-    const Document* const document = editor.documents.document();
-    if (document == nullptr) {
-        command_line().report(L"No drawing is open.");
-        return;
-    }
-    const std::optional<std::wstring> file =
-        ask_file_name({L"Save drawing as", document->fileName(), L"dxf", true, false});
-    if (file) {
-        save_drawing(editor, *file);
-    }
-}
-
-void save_drawing_quickly(Editor& editor) {
-    const Document* const document = editor.documents.document();
-    if (document == nullptr) {
-        command_line().report(L"No drawing is open.");
-        return;
-    }
-    save_drawing(editor, document->path());
-}
-
 void set_variable(Editor& editor) {
     const std::wstring name = ask_text(L"\nEnter variable name: ");
     if (name.empty()) {
@@ -142,21 +103,7 @@ void set_variable(Editor& editor) {
     }
 }
 
-void quit(Editor& editor) {
-    editor.quit_requested = may_discard_changes(editor);
-}
-
 }  // namespace
-
-bool may_discard_changes(Editor& editor) {
-    const Document* const document = editor.documents.document();
-    if (document == nullptr || !document->changed()) {
-        return true;
-    }
-    const std::wstring typed =
-        ask_text(L"\nDiscard the changes to " + std::wstring(document->docTitle()) + L"? [Yes/No] <No>: ");
-    return Keywords(L"Yes No").match(typed) == L"Yes";
-}
 
 void add_built_in_commands(Editor& editor) {
     const auto add = [&editor](std::wstring name, void (*body)(Editor&)) {
@@ -165,10 +112,6 @@ void add_built_in_commands(Editor& editor) {
     add(L"APPLOAD", load_module);
     add(L"ARX", manage_modules);
     add(L"INSERT", insert_command);
-    add(L"OPEN", open_drawing);
-    add(L"QSAVE", save_drawing_quickly);
-    add(L"QUIT", quit);
-    add(L"SAVEAS", save_drawing_as);
     add(L"SETVAR", set_variable);
 }
 

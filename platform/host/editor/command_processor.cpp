@@ -6,10 +6,10 @@
 #include "accmd.h"
 #include "base/code_page.h"
 #include "platform/host/dxf/drawing.h"
-#include "platform/host/editor/command_line.h"
 #include "platform/host/editor/command_stack.h"
 #include "platform/host/editor/document.h"
 #include "platform/host/editor/document_manager.h"
+#include "platform/host/prompt/command_line.h"
 
 namespace host {
 namespace {
@@ -61,7 +61,7 @@ void CommandProcessor::run(std::wstring_view typed) {
         return;
     }
     if (documents_.document() != nullptr) {
-        documents_.document()->drawing().begin_step();
+        documents_.document()->drawing().history().begin_step(command.name);
     }
     execute(command);
 }

@@ -6,7 +6,7 @@
 #include "platform/host/editor/cell_query.h"
 #include "platform/host/editor/wildcard.h"
 #include "platform/host/editor/window_class.h"
-#include "platform/host/editor/window_picture.h"
+#include "platform/host/view/window_picture.h"
 
 namespace host {
 namespace {

@@ -34,15 +34,20 @@ dxf::Drawing& Document::drawing() const {
 }
 
 bool Document::changed() const {
-    return drawing().edits_made() != edits_saved_;
+    return drawing().history().state() != state_saved_;
+}
+
+std::wstring Document::save_copy(const std::filesystem::path& path) const {
+    const base::WriteStatus status = drawing().save(path);
+    return status ? L"" : path.wstring() + L" could not be saved: " + base::wide_from_utf8(status.reason);
 }
 
 std::wstring Document::save(const std::filesystem::path& path) {
-    const base::WriteStatus status = drawing().save(path);
-    if (!status) {
-        return path.wstring() + L" could not be saved: " + base::wide_from_utf8(status.reason);
+    std::wstring problem = save_copy(path);
+    if (!problem.empty()) {
+        return problem;
     }
-    edits_saved_ = drawing().edits_made();
+    state_saved_ = drawing().history().state();
     set_path(path);
     return {};
 }

@@ -28,6 +28,8 @@ class Document final : public AcApDocument {
     bool changed() const;
     /// Saves to a file, which the drawing is named after from then on. The reason for a failure, or empty.
     std::wstring save(const std::filesystem::path& path);
+    /// Saves to another file, and changes nothing about this drawing. The reason for a failure, or empty.
+    std::wstring save_copy(const std::filesystem::path& path) const;
 
     /// Makes the drawing the one that commands and database functions work on.
     void make_current();
@@ -52,7 +54,7 @@ class Document final : public AcApDocument {
     std::wstring file_name_;
     std::wstring title_;
     std::vector<AcAp::DocLockMode> locks_;
-    uint64_t edits_saved_ = 0;
+    uint64_t state_saved_ = 0;
     std::unique_ptr<AcDbDatabase> database_;
 };
 

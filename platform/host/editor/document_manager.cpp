@@ -4,8 +4,8 @@
 
 #include <algorithm>
 
-#include "platform/host/editor/command_line.h"
 #include "platform/host/editor/document.h"
+#include "platform/host/prompt/command_line.h"
 
 ACRX_NO_CONS_DEFINE_MEMBERS(AcApDocument, AcRxObject)
 ACRX_NO_CONS_DEFINE_MEMBERS(AcApDocumentIterator, AcRxObject)
@@ -88,7 +88,7 @@ std::wstring DocumentManager::save(const std::filesystem::path& path) {
         return L"no drawing is open";
     }
     const std::wstring title = document_->docTitle();
-    const std::wstring reason = document_->save(path);
+    std::wstring reason = document_->save(path);
     if (title != document_->docTitle()) {
         tell_reactors([&](AcApDocManagerReactor& reactor) { reactor.documentTitleUpdated(document_.get()); });
     }

@@ -2,8 +2,10 @@
 
 #include "platform/host/editor/built_in_commands.h"
 #include "platform/host/editor/document.h"
+#include "platform/host/editor/file_commands.h"
 #include "platform/host/editor/undo_commands.h"
 #include "platform/host/editor/view_commands.h"
+#include "platform/host/view/drawing_pane.h"
 
 namespace host {
 namespace {
@@ -43,6 +45,17 @@ std::wstring current_folder(const Editor& editor) {
     return folder;
 }
 
+/// A corner of what the drawing's current space shows; beyond all points, the wrong way round, when it shows nothing.
+VariableValue extents_corner(const Editor& editor, bool upper) {
+    constexpr double beyond = 1e20;
+    const Box2 extents = editor.view != nullptr ? editor.view->list().extents() : Box2();
+    if (extents.empty()) {
+        return upper ? Point{-beyond, -beyond, -beyond} : Point{beyond, beyond, beyond};
+    }
+    const Vec2 corner = upper ? extents.high : extents.low;
+    return Point{corner.x, corner.y, 0};
+}
+
 void compute_variables(Editor& editor) {
     SystemVariables& variables = editor.variables;
     variables.compute(L"CMDACTIVE", [&editor] { return active_command_bits(editor); });
@@ -54,6 +67,8 @@ void compute_variables(Editor& editor) {
     });
     variables.compute(L"DWGNAME", [&editor] { return current_path(editor).filename().wstring(); });
     variables.compute(L"DWGPREFIX", [&editor] { return current_folder(editor); });
+    variables.compute(L"EXTMAX", [&editor] { return extents_corner(editor, true); });
+    variables.compute(L"EXTMIN", [&editor] { return extents_corner(editor, false); });
     variables.compute(L"DWGTITLED", [&editor] { return editor.documents.document() != nullptr ? 1 : 0; });
 }
 
@@ -65,6 +80,7 @@ Editor::Editor()
     registry.atPut(ACRX_COMMAND_DOCK, &commands);
     compute_variables(*this);
     add_built_in_commands(*this);
+    add_file_commands(*this);
     add_undo_commands(*this);
     add_view_commands(*this);
 }

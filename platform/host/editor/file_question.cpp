@@ -6,8 +6,8 @@
 #include <algorithm>
 
 #include "acedads.h"
+#include "base/loaded_library.h"
 #include "platform/host/editor/editor.h"
-#include "platform/host/editor/loaded_library.h"
 #include "platform/host/editor/modal_dialog.h"
 
 namespace host {
@@ -72,7 +72,7 @@ std::wstring dialog_filter(const std::wstring& extensions) {
 
 std::optional<std::wstring> ask_in_dialog(const FileQuestion& question) {
     // Loaded here because the dialog's libraries take longer to load than the rest of the host.
-    const LoadedLibrary dialogs = LoadedLibrary::load(L"comdlg32.dll");
+    const base::LoadedLibrary dialogs = base::LoadedLibrary::load(L"comdlg32.dll");
     auto* const show =
         dialogs.function<BOOL WINAPI(OPENFILENAMEW*)>(question.new_file ? "GetSaveFileNameW" : "GetOpenFileNameW");
     if (show == nullptr) {

@@ -1,7 +1,7 @@
 #include "platform/host/editor/input_events.h"
 
 #include "acedads.h"
-#include "platform/host/editor/command_line.h"
+#include "platform/host/prompt/command_line.h"
 
 namespace host {
 namespace {

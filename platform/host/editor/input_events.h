@@ -3,7 +3,7 @@
 
 #include <optional>
 
-#include "platform/host/editor/input_text.h"
+#include "platform/host/prompt/input_text.h"
 
 namespace host {
 

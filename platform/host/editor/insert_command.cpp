@@ -1,6 +1,8 @@
 #include "platform/host/editor/insert_command.h"
 
 #include <optional>
+#include <utility>
+#include <vector>
 
 #include "aced.h"
 #include "dbsymtb.h"
@@ -53,6 +55,29 @@ std::optional<Insertion> ask_insertion() {
     return insertion;
 }
 
+/// Asks for the texts that are not preset, when ATTREQ wants that; false when the user cancelled.
+bool ask_attributes(const Editor& editor, std::vector<AttributeValue>& values) {
+    if (editor.variables.get(L"ATTREQ") == VariableValue(0)) {
+        return true;
+    }
+    bool announced = false;
+    for (AttributeValue& value : values) {
+        if (value.preset) {
+            continue;
+        }
+        if (!std::exchange(announced, true)) {
+            command_line().print(L"\nEnter attribute values");
+        }
+        const std::wstring proposal = value.text.empty() ? L": " : L" <" + value.text + L">: ";
+        const Answer answer = command_line().prompt(L"\n" + value.prompt + proposal);
+        if (answer.kind == Answer::cancel) {
+            return false;
+        }
+        value.text = answer.kind == Answer::line ? answer.text : value.text;
+    }
+    return true;
+}
+
 }  // namespace
 
 void insert_command(Editor& editor) {
@@ -75,8 +100,12 @@ void insert_command(Editor& editor) {
         return;
     }
     const auto insertion = ask_insertion();
+    std::vector<AttributeValue> values = attributes_of_block(database, name.text.c_str());
+    if (!insertion || !ask_attributes(editor, values)) {
+        return;
+    }
     AcDbObjectId reference;
-    if (insertion && insert_block(database, name.text.c_str(), *insertion, reference) != Acad::eOk) {
+    if (insert_block(database, name.text.c_str(), *insertion, reference, values) != Acad::eOk) {
         command_line().report(L"Block \"" + name.text + L"\" cannot be inserted so.");
     }
 }

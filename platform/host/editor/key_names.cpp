@@ -3,8 +3,8 @@
 #include <string>
 
 #include "base/case_folding.h"
-#include "platform/host/editor/input_text.h"
 #include "platform/host/editor/script.h"
+#include "platform/host/prompt/input_text.h"
 
 namespace host {
 namespace {

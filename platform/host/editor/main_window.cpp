@@ -96,6 +96,7 @@ Answer MainWindow::wait_for_answer(std::wstring_view prompt) {
     SetWindowTextW(prompt_, shown.c_str());
     answer_.reset();
     run_messages([this] { return answer_.has_value(); });
+    SetWindowTextW(prompt_, L"");
     return answer_.value_or(Answer{});
 }
 
@@ -106,6 +107,7 @@ std::optional<InputEvent> MainWindow::wait_for_event() {
     SetWindowTextW(prompt_, last_line_.c_str());
     run_messages([this] { return event_.has_value() || event_cancelled_; });
     waiting_for_event_ = false;
+    SetWindowTextW(prompt_, L"");
     return event_cancelled_ ? std::nullopt : event_;
 }
 

@@ -9,8 +9,8 @@
 #include <string>
 #include <string_view>
 
-#include "platform/host/editor/command_line.h"
 #include "platform/host/editor/drawing_view.h"
+#include "platform/host/prompt/command_line.h"
 
 namespace host {
 

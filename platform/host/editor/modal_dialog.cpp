@@ -50,7 +50,7 @@ std::wstring ModalDialog::message() const {
         if (window_class_name(child) == L"Button") {
             continue;
         }
-        const std::wstring text = window_text(child);
+        std::wstring text = window_text(child);
         if (!text.empty()) {
             return text;
         }

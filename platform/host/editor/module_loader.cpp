@@ -5,10 +5,10 @@
 
 #include "base/case_folding.h"
 #include "base/code_page.h"
-#include "platform/host/editor/command_line.h"
 #include "platform/host/editor/command_processor.h"
 #include "platform/host/editor/command_stack.h"
 #include "platform/host/editor/document_manager.h"
+#include "platform/host/prompt/command_line.h"
 
 ACRX_NO_CONS_DEFINE_MEMBERS(AcRxDynamicLinker, AcRxService)
 
@@ -65,7 +65,7 @@ std::wstring locate(const std::wstring& file) {
 struct ModuleLoader::Module {
     std::wstring name;
     std::wstring path;
-    LoadedLibrary library;
+    base::LoadedLibrary library;
     EntryPoint* entry_point = nullptr;
     bool locked = true;
     bool mdi_aware = false;
@@ -83,9 +83,9 @@ std::wstring ModuleLoader::load(const std::wstring& file) {
     auto module = std::make_unique<Module>();
     module->name = base_name(file);
     module->path = locate(file);
-    module->library = LoadedLibrary::load(module->path);
+    module->library = base::LoadedLibrary::load(module->path);
     if (!module->library) {
-        return module->path + L" could not be loaded: " + system_message(GetLastError());
+        return module->path + L" could not be loaded: " + base::system_message(GetLastError());
     }
     module->entry_point = module->library.function<EntryPoint>("acrxEntryPoint");
     VersionQuery* const version = module->library.function<VersionQuery>("acrxGetApiVersion");

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/host/editor/loaded_library.h"
+#include "base/loaded_library.h"
 #include "rxdlinkr.h"
 
 namespace host {

@@ -3,9 +3,9 @@
 #include <array>
 
 #include "base/code_page.h"
-#include "platform/host/editor/input_text.h"
 #include "platform/host/editor/key_names.h"
 #include "platform/host/editor/script_words.h"
+#include "platform/host/prompt/input_text.h"
 
 namespace host {
 namespace {

@@ -1,7 +1,7 @@
 // The command line that a script answers.
 #pragma once
 
-#include "platform/host/editor/command_line.h"
+#include "platform/host/prompt/command_line.h"
 
 namespace host {
 

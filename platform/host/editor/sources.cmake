@@ -3,7 +3,6 @@ set(host_editor_sources
     argument_command_line.cpp
     built_in_commands.cpp
     cell_query.cpp
-    command_line.cpp
     command_processor.cpp
     command_stack.cpp
     dialog_driver.cpp
@@ -12,13 +11,13 @@ set(host_editor_sources
     drawing_variables.cpp
     drawing_view.cpp
     editor.cpp
+    file_commands.cpp
     file_question.cpp
     history.cpp
     input_events.cpp
     input_rules.cpp
     insert_command.cpp
     interface_functions.cpp
-    loaded_library.cpp
     main_window.cpp
     modal_dialog.cpp
     module_loader.cpp
@@ -33,5 +32,4 @@ set(host_editor_sources
     view_commands.cpp
     watchdog.cpp
     window_class.cpp
-    window_events.cpp
-    window_picture.cpp)
+    window_events.cpp)

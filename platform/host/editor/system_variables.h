@@ -9,7 +9,7 @@
 #include <variant>
 #include <vector>
 
-#include "platform/host/editor/input_text.h"
+#include "platform/host/prompt/input_text.h"
 
 namespace host {
 

@@ -1,7 +1,7 @@
 // Lets the person start a transparent command ("'NAME") where another command waits for an answer.
 #pragma once
 
-#include "platform/host/editor/command_line.h"
+#include "platform/host/prompt/command_line.h"
 
 namespace host {
 

@@ -1,7 +1,7 @@
 // The command line of a person at the window.
 #pragma once
 
-#include "platform/host/editor/command_line.h"
+#include "platform/host/prompt/command_line.h"
 
 namespace host {
 

@@ -9,9 +9,8 @@ namespace {
 
 void undo(Editor& editor) {
     const Document* const document = editor.documents.document();
-    if (document == nullptr || !document->drawing().undo()) {
-        command_line().print(L"\nNothing to undo.");
-    }
+    const std::optional<std::wstring> undone = document != nullptr ? document->drawing().undo() : std::nullopt;
+    command_line().print(L"\n" + undone.value_or(L"Nothing to undo."));
 }
 
 }  // namespace

@@ -14,7 +14,7 @@ WindowEvents::~WindowEvents() {
 }
 
 std::optional<InputEvent> WindowEvents::next() {
-    const PointerGuideScope scope({PointerGuide::Kind::crosshair, {}});
+    const PointerGuideScope scope({PointerGuide::Kind::follow, {}});
     return window_.wait_for_event();
 }
 

@@ -8,21 +8,29 @@
 
 namespace host {
 
-/// What inherited colours and layer 0 mean at one place of the tree of pictures.
+/// What inherited colours, linetypes and layer 0 mean at one place of the tree of pictures.
 struct Surroundings {
     Ink ink = Ink::foreground();
     Ink layer_ink = Ink::foreground();
     bool layer_zero_shown = true;
+    uint16_t pattern = LinePattern::continuous;
+    uint16_t layer_pattern = LinePattern::continuous;
 
     Ink resolve(Ink wanted) const {
         return wanted == Ink::by_block() ? ink : wanted == Ink::by_block_layer() ? layer_ink : wanted;
+    }
+    uint16_t resolve_pattern(uint16_t wanted) const {
+        return wanted == LinePattern::of_block         ? pattern
+               : wanted == LinePattern::of_block_layer ? layer_pattern
+                                                       : wanted;
     }
     bool shows(const Primitive& primitive) const { return layer_zero_shown || !primitive.on_layer_zero; }
     Surroundings inside(const Instance& instance) const {
         const bool shown = instance.layer_zero == Instance::LayerZero::inherited
                                ? layer_zero_shown
                                : instance.layer_zero == Instance::LayerZero::shown;
-        return {resolve(instance.ink), resolve(instance.layer_ink), shown};
+        return {resolve(instance.ink), resolve(instance.layer_ink), shown, resolve_pattern(instance.pattern),
+                resolve_pattern(instance.layer_pattern)};
     }
 };
 
@@ -33,7 +41,8 @@ struct DisplayList {
     std::vector<Picture> pictures;  ///< every block that is used, once; references to it are instances
     Picture top;                    ///< the space itself: its entities in order
     std::vector<FontFace> fonts;
-    Surroundings surroundings;  ///< of the top picture
+    std::vector<LinePattern> patterns;  ///< the first one is continuous
+    Surroundings surroundings;          ///< of the top picture
 
     /// Around everything that is in the space; empty for an empty one.
     const Box2& extents() const { return top.box; }

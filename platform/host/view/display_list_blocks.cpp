@@ -33,15 +33,18 @@ Vec3 DisplayListBuilder::base_of(dxf::BlockId block) const {
     return {record.real(10), record.real(20), record.real(30)};
 }
 
-/// How the block reference in `fields_` colours and shows what is inside of it.
-Instance DisplayListBuilder::look_of(dxf::NameId layer) const {
+/// How the block reference in `fields_` colours, dashes and shows what is inside of it.
+Instance DisplayListBuilder::look_of(dxf::NameId layer) {
     Instance look;
     look.ink = ink_of(layer);
+    look.pattern = pattern_of(layer);
     if (layers_.is_zero(layer)) {
         look.layer_ink = Ink::by_block_layer();
+        look.layer_pattern = LinePattern::of_block_layer;
         look.layer_zero = Instance::LayerZero::inherited;
     } else {
         look.layer_ink = layers_.of(layer).ink;
+        look.layer_pattern = line_types_.pattern(layers_.of(layer).line_type, 1);
         look.layer_zero = layers_.of(layer).shown() ? Instance::LayerZero::shown : Instance::LayerZero::hidden;
     }
     return look;
@@ -164,6 +167,8 @@ uint32_t DisplayListBuilder::repeated(uint32_t picture, Vec2 step, size_t count)
         copy.placement.origin = step * static_cast<double>(i);
         copy.ink = Ink::by_block();
         copy.layer_ink = Ink::by_block_layer();
+        copy.pattern = LinePattern::of_block;
+        copy.layer_pattern = LinePattern::of_block_layer;
         copy.layer_zero = Instance::LayerZero::inherited;
         out.instance(copy, list_.pictures[picture]);
     }

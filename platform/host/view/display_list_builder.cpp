@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "base/case_folding.h"
+
 namespace host {
 
 namespace {
@@ -40,6 +42,9 @@ constexpr NamedDraw draws[] = {
 constexpr int64_t colour_of_block = 0;
 constexpr int64_t colour_of_layer = 256;
 
+constexpr wchar_t by_layer[] = L"ByLayer";
+constexpr wchar_t by_block[] = L"ByBlock";
+
 }  // namespace
 
 DisplayList DisplayList::build(const dxf::Drawing& drawing, Space space) {
@@ -49,6 +54,7 @@ DisplayList DisplayList::build(const dxf::Drawing& drawing, Space space) {
 DisplayListBuilder::DisplayListBuilder(const dxf::Drawing& drawing)
     : drawing_(drawing),
       layers_(drawing),
+      line_types_(drawing),
       styles_(drawing),
       drawers_(drawing.type_names().size()),
       picture_of_block_(drawing.blocks().size(), no_picture),
@@ -66,7 +72,9 @@ DisplayList DisplayListBuilder::build(DisplayList::Space space) {
     list_.top = out.take();
     list_.fonts = styles_.fonts();
     list_.surroundings.layer_ink = layers_.zero_state().ink;
+    list_.surroundings.layer_pattern = line_types_.pattern(layers_.zero_state().line_type, 1);
     list_.surroundings.layer_zero_shown = layers_.zero_state().shown();
+    list_.patterns = line_types_.take_patterns();
     return std::move(list_);
 }
 
@@ -102,6 +110,20 @@ Ink DisplayListBuilder::ink_of(dxf::NameId layer) const {
     return indexed_ink(static_cast<int>(std::abs(index) % colour_of_layer));
 }
 
+/// The linetype of the entity in `fields_`.
+uint16_t DisplayListBuilder::pattern_of(dxf::NameId layer) {
+    const double scale = fields_.real(48, 1);
+    const std::wstring name = fields_.has(6) ? fields_.text(6) : by_layer;
+    if (base::compare_ignoring_case(name, by_block) == 0) {
+        return LinePattern::of_block;
+    }
+    if (base::compare_ignoring_case(name, by_layer) != 0) {
+        return line_types_.pattern(name, scale);
+    }
+    return layers_.is_zero(layer) ? LinePattern::of_block_layer
+                                  : line_types_.pattern(layers_.of(layer).line_type, scale);
+}
+
 void DisplayListBuilder::draw_record(dxf::RecordId id, const Target& target) {
     const dxf::Record& entry = drawing_.record(id);
     if (entry.is(dxf::Record::erased)) {
@@ -127,8 +149,10 @@ void DisplayListBuilder::draw_plain(dxf::RecordId id, const dxf::RecordView& rec
     if (!visible(entry.layer, target.in_block)) {
         return;
     }
-    target.out.begin_entity(id, ink_of(entry.layer), layers_.is_zero(entry.layer));
-    drawer_of(entry.type)({drawing_, record, fields_, target.space, styles_, target.out, target.in_block});
+    const Draw draw = drawer_of(entry.type);
+    const uint16_t pattern = draw == draw_hatch ? LinePattern::continuous : pattern_of(entry.layer);
+    target.out.begin_entity(id, ink_of(entry.layer), layers_.is_zero(entry.layer), pattern);
+    draw({drawing_, record, fields_, target.space, styles_, target.out, target.in_block});
 }
 
 /// The ATTRIBs that follow an INSERT, which stand in the same coordinates as the INSERT itself.

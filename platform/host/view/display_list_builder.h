@@ -7,6 +7,7 @@
 #include "platform/host/view/display_list.h"
 #include "platform/host/view/entity_scope.h"
 #include "platform/host/view/layer_states.h"
+#include "platform/host/view/line_types.h"
 
 namespace host {
 
@@ -55,7 +56,8 @@ class DisplayListBuilder {
 
     bool visible(dxf::NameId layer, bool in_block) const;
     Ink ink_of(dxf::NameId layer) const;
-    Instance look_of(dxf::NameId layer) const;
+    uint16_t pattern_of(dxf::NameId layer);
+    Instance look_of(dxf::NameId layer);
 
     static constexpr uint32_t no_picture = 0xFFFFFFFF;
     using Draw = void (*)(const EntityScope&);
@@ -63,6 +65,7 @@ class DisplayListBuilder {
 
     const dxf::Drawing& drawing_;
     LayerStates layers_;
+    LineTypes line_types_;
     TextStyles styles_;
     RecordFields fields_;
     std::vector<std::optional<Draw>> drawers_;  ///< by record type, found when one is first met

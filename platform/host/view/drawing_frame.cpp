@@ -2,7 +2,7 @@
 
 namespace host {
 
-DrawingFrame::DrawingFrame() : list_(std::make_shared<DisplayList>()) {}
+DrawingFrame::DrawingFrame(size_t most_texts) : list_(std::make_shared<DisplayList>()), most_texts_(most_texts) {}
 
 void DrawingFrame::set_list(std::shared_ptr<const DisplayList> list) {
     list_ = std::move(list);
@@ -43,6 +43,7 @@ FrameBitmap* DrawingFrame::picture() {
     Raster raster = picture_->raster();
     ListPainter painter(*list_, view_, raster);
     painter.paint(colours_, highlighted_);
+    painter.simplify_texts(most_texts_);
     texts_.draw(picture_->context(), painter.texts(), list_->fonts);
     stale_ = false;
     return picture_.get();

@@ -3,6 +3,7 @@
 
 #include <windows.h>
 
+#include <limits>
 #include <memory>
 
 #include "platform/host/view/frame_bitmap.h"
@@ -14,7 +15,11 @@ namespace host {
 /// Paints only when something has changed since the last picture.
 class DrawingFrame {
   public:
-    DrawingFrame();
+    /// As many texts as a frame has the time for that follows a person's hand: one costs ten times as much as a line.
+    static constexpr size_t texts_in_motion = 2000;
+
+    /// For more texts than `most_texts` see ListPainter::simplify_texts.
+    explicit DrawingFrame(size_t most_texts = std::numeric_limits<size_t>::max());
 
     const DisplayList& list() const { return *list_; }
     void set_list(std::shared_ptr<const DisplayList> list);
@@ -38,6 +43,7 @@ class DrawingFrame {
     EntitySet highlighted_;
     TextDrawer texts_;
     std::unique_ptr<FrameBitmap> picture_;
+    size_t most_texts_;
     bool stale_ = true;
 };
 

@@ -2,6 +2,8 @@
 
 #include <windowsx.h>
 
+#include <cstdlib>
+
 namespace host {
 
 namespace {
@@ -24,12 +26,22 @@ class WindowPainting {
     HDC context_;
 };
 
+bool within(LONG a, LONG b, int distance) {
+    return std::abs(a - b) <= distance;
+}
+
 /// The middle of a pixel.
 Vec2 pixel(POINT at) {
     return {at.x + 0.5, at.y + 0.5};
 }
 
 }  // namespace
+
+bool DrawingPane::Click::doubles(const Click& first) const {
+    return time - first.time < static_cast<LONG>(GetDoubleClickTime()) &&
+           within(at.x, first.at.x, GetSystemMetrics(SM_CXDOUBLECLK)) &&
+           within(at.y, first.at.y, GetSystemMetrics(SM_CYDOUBLECLK));
+}
 
 DrawingPane::DrawingPane(HWND window, Content content, Listener listener)
     : window_(window), content_(std::move(content)), listener_(std::move(listener)) {
@@ -256,13 +268,13 @@ void DrawingPane::hide_pointer() {
     pointer_.reset();
 }
 
-/// A second click soon after shows the whole drawing.
+/// A second click soon after, at the same place, shows the whole drawing.
 void DrawingPane::start_panning(POINT at) {
-    const LONG now = GetMessageTime();
-    if (last_middle_click_ != 0 && now - last_middle_click_ < static_cast<LONG>(GetDoubleClickTime())) {
+    const Click click{at, GetMessageTime()};
+    if (last_middle_click_ && click.doubles(*last_middle_click_)) {
         zoom_extents();
     }
-    last_middle_click_ = now;
+    last_middle_click_ = click;
     panned_from_ = at;
     SetCapture(window_);
 }

@@ -71,6 +71,11 @@ class DrawingPane final : public SelectionDisplay {
     void show_selected(const std::vector<dxf::RecordId>& entities) override;
 
   private:
+    struct Click {
+        POINT at;
+        LONG time;  ///< milliseconds, as messages have it
+        bool doubles(const Click& first) const;
+    };
     void paint();
     void refresh_list();
     void resize(int width, int height);
@@ -84,7 +89,7 @@ class DrawingPane final : public SelectionDisplay {
     HWND window_;
     Content content_;
     Listener listener_;
-    DrawingFrame frame_;
+    DrawingFrame frame_{DrawingFrame::texts_in_motion};
     PaneContent shown_;
     bool fit_ = true;  ///< to be seen whole at the next painting
     std::deque<ViewTransform> earlier_;
@@ -92,7 +97,7 @@ class DrawingPane final : public SelectionDisplay {
     std::optional<POINT> pointer_;       ///< while the mouse is over the window
     std::optional<PointerShape> drawn_;  ///< the pointer as it stands on the screen
     std::optional<POINT> panned_from_;   ///< while the middle button is down
-    LONG last_middle_click_ = 0;
+    std::optional<Click> last_middle_click_;
 };
 
 }  // namespace host

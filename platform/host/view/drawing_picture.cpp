@@ -1,7 +1,7 @@
 #include "platform/host/view/drawing_picture.h"
 
-#include "platform/host/editor/window_picture.h"
 #include "platform/host/view/drawing_frame.h"
+#include "platform/host/view/window_picture.h"
 
 namespace host {
 

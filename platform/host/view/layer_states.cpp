@@ -13,6 +13,7 @@ LayerState read_state(const dxf::RecordView& entry) {
     state.ink = true_colour ? Ink::rgb(static_cast<uint32_t>(true_colour->integer())) : indexed_ink(layer.colour);
     state.on = layer.on;
     state.frozen = layer.frozen;
+    state.line_type = entry.text(6);
     return state;
 }
 

@@ -1,6 +1,7 @@
 // Which layers show their entities, and in which colours.
 #pragma once
 
+#include <string>
 #include <vector>
 
 #include "platform/host/dxf/drawing.h"
@@ -12,6 +13,7 @@ struct LayerState {
     Ink ink = Ink::foreground();
     bool on = true;
     bool frozen = false;
+    std::wstring line_type;
     bool shown() const { return on && !frozen; }
 };
 

@@ -1,5 +1,7 @@
 #include "platform/host/view/list_painter.h"
 
+#include <algorithm>
+
 #include "platform/host/view/text_metrics.h"
 
 namespace host {
@@ -8,10 +10,12 @@ namespace {
 
 constexpr double one_pixel = 1;
 constexpr double few_pixels = 4;
-constexpr double chord_error = 0.3;        // pixels
-constexpr double readable_height = 2.5;    // pixels; smaller text is shown as a line
-constexpr double dense_points = 0.5;       // pixels; nearer points of a strip are left out
-constexpr size_t most_effort = 4'000'000;  // blocks nested like a bomb are cut off here
+constexpr double chord_error = 0.3;           // pixels
+constexpr double readable_height = 2.5;       // pixels; smaller text is shown as a line
+constexpr double easily_readable_height = 5;  // pixels
+constexpr double dense_points = 0.5;          // pixels; nearer points of a strip are left out
+constexpr double shortest_pattern = 3;        // pixels; of a shorter one no dashes can be told apart
+constexpr size_t most_effort = 4'000'000;     // blocks nested like a bomb are cut off here
 
 /// The primitives of a large picture that are to be painted, by number and then in order.
 template <typename Paint>
@@ -37,7 +41,11 @@ uint32_t PaintColours::of(Ink ink) const {
 }
 
 ListPainter::ListPainter(const DisplayList& list, const ViewTransform& view, Raster& raster)
-    : list_(list), view_(view), raster_(raster) {}
+    : list_(list), view_(view), raster_(raster) {
+    for (const LinePattern& pattern : list.patterns) {
+        patterns_.push_back(pattern.in_pixels(view.pixels_per_unit()));
+    }
+}
 
 void ListPainter::paint(const PaintColours& colours, const EntitySet& highlighted) {
     colours_ = colours;
@@ -89,13 +97,13 @@ void ListPainter::paint_primitive(const Picture& picture, const Primitive& primi
         case Primitive::Kind::arc:
             points_.clear();
             image(placing.to_pixels, picture.arcs[primitive.first]).flatten(chord_error, points_);
-            raster_.strip(points_);
+            paint_strip(placing.surroundings.resolve_pattern(primitive.pattern));
             break;
         case Primitive::Kind::text:
             paint_text(picture.texts[primitive.first], placing, colour);
             break;
         default:
-            paint_points(picture, primitive, placing.to_pixels);
+            paint_points(picture, primitive, placing);
             break;
     }
 }
@@ -114,8 +122,8 @@ void ListPainter::project(const Picture& picture, const Primitive& primitive, co
     }
 }
 
-void ListPainter::paint_points(const Picture& picture, const Primitive& primitive, const Affine2& to_pixels) {
-    project(picture, primitive, to_pixels);
+void ListPainter::paint_points(const Picture& picture, const Primitive& primitive, const Placing& placing) {
+    project(picture, primitive, placing.to_pixels);
     if (primitive.kind == Primitive::Kind::fill) {
         raster_.fill(points_);
         if (!primitive.bridged) {
@@ -125,7 +133,21 @@ void ListPainter::paint_points(const Picture& picture, const Primitive& primitiv
     } else if (primitive.kind == Primitive::Kind::dot) {
         raster_.dot(points_.front());
     } else {
+        paint_strip(placing.surroundings.resolve_pattern(primitive.pattern));
+    }
+}
+
+/// The line through `points_`. Dashes are as long inside a block as outside; where they would run together, or the
+/// selection has dashes of its own, the line is painted whole.
+void ListPainter::paint_strip(uint16_t pattern) {
+    if (pattern >= patterns_.size() || highlighting_ || patterns_[pattern].total() < shortest_pattern) {
         raster_.strip(points_);
+        return;
+    }
+    dashes_.clear();
+    cut_by_pattern(points_, patterns_[pattern], raster_.box(), dashes_);
+    for (size_t i = 0; i + 1 < dashes_.size(); i += 2) {
+        raster_.line(dashes_[i], dashes_[i + 1]);
     }
 }
 
@@ -160,8 +182,24 @@ void ListPainter::paint_text(const TextItem& item, const Placing& placing, uint3
         texts_.push_back({&item, to_pixels, colour, highlighting_});
         return;
     }
-    const Box2 area = text_area(item);
-    raster_.line(to_pixels({area.low.x, 0.5}), to_pixels({area.high.x, 0.5}));
+    paint_as_line({&item, to_pixels, colour, highlighting_});
+}
+
+void ListPainter::paint_as_line(const PlacedText& text) {
+    const Box2 area = text_area(*text.item);
+    raster_.set_pen(text.colour, text.highlighted);
+    raster_.line(text.to_pixels({area.low.x, 0.5}), text.to_pixels({area.high.x, 0.5}));
+}
+
+void ListPainter::simplify_texts(size_t most) {
+    if (texts_.size() <= most) {
+        return;
+    }
+    const auto small = std::stable_partition(texts_.begin(), texts_.end(), [](const PlacedText& text) {
+        return text.to_pixels.y.length() >= easily_readable_height;
+    });
+    std::for_each(small, texts_.end(), [this](const PlacedText& text) { paint_as_line(text); });
+    texts_.erase(small, texts_.end());
 }
 
 }  // namespace host

@@ -37,6 +37,8 @@ class ListPainter {
     void paint(const PaintColours& colours, const EntitySet& highlighted = {});
 
     const std::vector<PlacedText>& texts() const { return texts_; }
+    /// When there are more texts than `most`, shows those that can hardly be read as lines.
+    void simplify_texts(size_t most);
 
   private:
     struct Placing {
@@ -47,8 +49,10 @@ class ListPainter {
     void paint_picture(const Picture& picture, const Placing& placing);
     void paint_sample(const Picture& picture, const Placing& placing);
     void paint_primitive(const Picture& picture, const Primitive& primitive, const Placing& placing);
-    void paint_points(const Picture& picture, const Primitive& primitive, const Affine2& to_pixels);
+    void paint_points(const Picture& picture, const Primitive& primitive, const Placing& placing);
+    void paint_strip(uint16_t pattern);
     void paint_instance(const Instance& instance, const Placing& placing);
+    void paint_as_line(const PlacedText& text);
     void paint_text(const TextItem& item, const Placing& placing, uint32_t colour);
     void project(const Picture& picture, const Primitive& primitive, const Affine2& to_pixels);
 
@@ -61,6 +65,8 @@ class ListPainter {
     size_t depth_ = 0;
     size_t effort_ = 0;  ///< primitives inside of blocks painted so far
     std::vector<Vec2> points_;
+    std::vector<Vec2> dashes_;
+    std::vector<LinePattern> patterns_;  ///< the list's, in pixels
     std::vector<PlacedText> texts_;
 };
 

@@ -8,6 +8,7 @@
 #include "platform/host/view/arc.h"
 #include "platform/host/view/box_tree.h"
 #include "platform/host/view/ink.h"
+#include "platform/host/view/line_pattern.h"
 #include "platform/host/view/text_item.h"
 
 namespace host {
@@ -34,6 +35,8 @@ struct Primitive {
     bool endless = false;
     /// A fill of several contours, whose polygon has bridges between them that must not be seen.
     bool bridged = false;
+    /// Of lines and arcs: a number of DisplayList::patterns, or one that stands for another.
+    uint16_t pattern = LinePattern::continuous;
 };
 
 /// A picture placed in another one.
@@ -45,6 +48,8 @@ struct Instance {
     Ink ink;               ///< what by_block() means inside
     Ink layer_ink;         ///< what by_block_layer() means inside
     LayerZero layer_zero = LayerZero::shown;
+    uint16_t pattern = LinePattern::continuous;        ///< what LinePattern::of_block means inside
+    uint16_t layer_pattern = LinePattern::continuous;  ///< what LinePattern::of_block_layer means inside
 };
 
 struct Picture {

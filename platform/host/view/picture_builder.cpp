@@ -12,10 +12,11 @@ bool finite(const Box2& box) {
 
 }  // namespace
 
-void PictureBuilder::begin_entity(dxf::RecordId entity, Ink ink, bool on_layer_zero) {
+void PictureBuilder::begin_entity(dxf::RecordId entity, Ink ink, bool on_layer_zero, uint16_t pattern) {
     entity_ = entity;
     ink_ = ink;
     on_layer_zero_ = on_layer_zero;
+    pattern_ = pattern;
 }
 
 Primitive& PictureBuilder::add(Primitive::Kind kind, size_t first, size_t count, const Box2& box) {
@@ -27,6 +28,7 @@ Primitive& PictureBuilder::add(Primitive::Kind kind, size_t first, size_t count,
     primitive.ink = ink_;
     primitive.kind = kind;
     primitive.on_layer_zero = on_layer_zero_;
+    primitive.pattern = pattern_;
     picture_.primitives.push_back(primitive);
     return picture_.primitives.back();
 }

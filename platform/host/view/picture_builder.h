@@ -11,7 +11,7 @@ namespace host {
 class PictureBuilder {
   public:
     /// The primitives that follow belong to this entity.
-    void begin_entity(dxf::RecordId entity, Ink ink, bool on_layer_zero);
+    void begin_entity(dxf::RecordId entity, Ink ink, bool on_layer_zero, uint16_t pattern = LinePattern::continuous);
     /// Replaces the entity's colour for what follows.
     void set_ink(Ink ink) { ink_ = ink; }
 
@@ -38,6 +38,7 @@ class PictureBuilder {
     dxf::RecordId entity_ = dxf::no_record;
     Ink ink_;
     bool on_layer_zero_ = false;
+    uint16_t pattern_ = LinePattern::continuous;
 };
 
 }  // namespace host

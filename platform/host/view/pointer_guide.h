@@ -12,6 +12,7 @@ struct PointerGuide {
     enum class Kind {
         idle,       ///< no question that a point answers
         crosshair,  ///< a point
+        follow,     ///< whatever a command draws at the pointer, which a long cross would undo
         pick_box,   ///< an entity
         line,       ///< a point, with a line from the anchor to it
         rectangle,  ///< a corner, with a rectangle from the anchor to it

@@ -1,5 +1,7 @@
 #include "platform/host/view/pointer_shape.h"
 
+#include <algorithm>
+
 #include "platform/host/view/vector_overlay.h"
 
 namespace host {
@@ -31,17 +33,18 @@ void PointerShape::draw(HDC context) const {
 void PointerShape::draw_cross(HDC context) const {
     const int gap = kind_ == PointerGuide::Kind::idle ? pick_box : 1;
     const bool all = kind_ != PointerGuide::Kind::rectangle;
+    const int reach = kind_ == PointerGuide::Kind::follow ? short_arm : std::max(width_, height_);
     if (all || anchor_.x >= at_.x) {
-        draw_complementing(context, {{0, at_.y}, {at_.x - gap + 1, at_.y}}, false);
+        draw_complementing(context, {{at_.x - reach, at_.y}, {at_.x - gap + 1, at_.y}}, false);
     }
     if (all || anchor_.x <= at_.x) {
-        draw_complementing(context, {{at_.x + gap, at_.y}, {width_, at_.y}}, false);
+        draw_complementing(context, {{at_.x + gap, at_.y}, {at_.x + reach, at_.y}}, false);
     }
     if (all || anchor_.y >= at_.y) {
-        draw_complementing(context, {{at_.x, 0}, {at_.x, at_.y - gap + 1}}, false);
+        draw_complementing(context, {{at_.x, at_.y - reach}, {at_.x, at_.y - gap + 1}}, false);
     }
     if (all || anchor_.y <= at_.y) {
-        draw_complementing(context, {{at_.x, at_.y + gap}, {at_.x, height_}}, false);
+        draw_complementing(context, {{at_.x, at_.y + gap}, {at_.x, at_.y + reach}}, false);
     }
 }
 

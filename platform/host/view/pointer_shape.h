@@ -13,6 +13,8 @@ class PointerShape {
   public:
     /// Half the side of the pick box, in pixels.
     static constexpr int pick_box = 5;
+    /// The length of the arms of a cross that follows, in pixels.
+    static constexpr int short_arm = 12;
 
     PointerShape(POINT at, const PointerGuide& guide, const ViewTransform& view);
     void draw(HDC context) const;

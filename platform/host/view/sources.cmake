@@ -7,4 +7,5 @@ set(host_view_sources
     pointer_guide.cpp
     pointer_shape.cpp
     text_drawer.cpp
-    vector_overlay.cpp)
+    vector_overlay.cpp
+    window_picture.cpp)

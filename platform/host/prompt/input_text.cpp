@@ -1,4 +1,4 @@
-#include "platform/host/editor/input_text.h"
+#include "platform/host/prompt/input_text.h"
 
 #include <charconv>
 #include <cmath>

@@ -1,4 +1,4 @@
-#include "platform/host/editor/command_line.h"
+#include "platform/host/prompt/command_line.h"
 
 #include <stdexcept>
 

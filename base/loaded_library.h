@@ -6,7 +6,7 @@
 #include <memory>
 #include <string>
 
-namespace host {
+namespace base {
 
 class LoadedLibrary {
   public:
@@ -35,4 +35,4 @@ class LoadedLibrary {
 /// The system's text for an error code, without its line end.
 std::wstring system_message(DWORD error);
 
-}  // namespace host
+}  // namespace base

@@ -1,6 +1,6 @@
-#include "platform/host/editor/loaded_library.h"
+#include "base/loaded_library.h"
 
-namespace host {
+namespace base {
 
 LoadedLibrary LoadedLibrary::load(const std::wstring& file) {
     const bool has_folder = file.find_first_of(L"\\/") != std::wstring::npos;
@@ -20,4 +20,4 @@ std::wstring system_message(DWORD error) {
     return text.empty() ? L"error " + std::to_wstring(error) : text;
 }
 
-}  // namespace host
+}  // namespace base

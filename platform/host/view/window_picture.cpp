@@ -1,9 +1,9 @@
-#include "platform/host/editor/window_picture.h"
+#include "platform/host/view/window_picture.h"
 
 #include <memory>
 #include <system_error>
 
-#include "platform/host/editor/loaded_library.h"
+#include "base/loaded_library.h"
 
 namespace host {
 namespace {
@@ -11,7 +11,7 @@ namespace {
 /// GDI+ through its flat functions, loaded when the first picture is asked for: most runs take none.
 class PictureLibrary {
   public:
-    PictureLibrary() : library_(LoadedLibrary::load(L"gdiplus.dll")) {
+    PictureLibrary() : library_(base::LoadedLibrary::load(L"gdiplus.dll")) {
         if (library_) {
             struct StartupInput {
                 UINT32 version = 1;
@@ -49,7 +49,7 @@ class PictureLibrary {
     }
 
   private:
-    LoadedLibrary library_;
+    base::LoadedLibrary library_;
     ULONG_PTR token_ = 0;
     bool started_ = false;
 };
@@ -84,7 +84,7 @@ std::wstring save_bitmap_png(HBITMAP bitmap, const std::filesystem::path& path) 
         return L"the picture " + path.wstring() + L" could not be written";
     }
     if (MoveFileExW(unfinished.c_str(), path.c_str(), MOVEFILE_REPLACE_EXISTING) == 0) {
-        const std::wstring reason = system_message(GetLastError());
+        const std::wstring reason = base::system_message(GetLastError());
         std::filesystem::remove(unfinished, ignored);
         return L"the picture " + path.wstring() + L" could not be written: " + reason;
     }

@@ -1,0 +1,60 @@
+#include "base/file_contents.h"
+
+#include <new>
+
+#include "base/file_contents_system.h"
+
+namespace base {
+namespace {
+
+/// Words for the failures that people meet; the system's own for the rest.
+std::string reason_of(std::error_code error) {
+    if (error == std::errc::no_such_file_or_directory) {
+        return "no such file";
+    }
+    if (error == std::errc::permission_denied) {
+        return "permission denied";
+    }
+    return error.message();
+}
+
+/// Why a path that exists names nothing to read; empty when it does.
+std::string refusal(const std::filesystem::path& path) {
+    std::error_code error;
+    const std::filesystem::file_status status = std::filesystem::status(path, error);
+    if (!std::filesystem::exists(status) || std::filesystem::is_regular_file(status)) {
+        return {};
+    }
+    return std::filesystem::is_directory(status) ? "is a directory" : "is not a regular file";
+}
+
+}  // namespace
+
+std::optional<FileContents> FileContents::read(const std::filesystem::path& path, std::string& reason) {
+    reason = refusal(path);
+    if (!reason.empty()) {
+        return std::nullopt;
+    }
+    std::error_code error;
+    const auto source = Source::open(path, error);
+    const Source::Stamp before = source ? source->stamp(error) : Source::Stamp();
+    FileContents contents;
+    if (!error) {
+        contents.size_ = static_cast<size_t>(before.size);
+        // Not filled first: the file may be as large as half of the memory. One byte more shows that it has grown.
+        contents.data_.reset(new (std::nothrow) char[contents.size_ + 1]);
+        if (!contents.data_) {
+            reason = "is too large for the memory";
+            return std::nullopt;
+        }
+        const size_t taken = source->read(contents.data_.get(), contents.size_ + 1, error);
+        const bool whole = taken == contents.size_ && (error || source->stamp(error) == before);
+        reason = whole ? "" : "was changed while it was read";
+    }
+    if (error) {
+        reason = reason_of(error);
+    }
+    return reason.empty() ? std::optional(std::move(contents)) : std::nullopt;
+}
+
+}  // namespace base

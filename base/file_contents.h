@@ -1,0 +1,32 @@
+// Reading a whole file, safe from what others do to it meanwhile and afterwards.
+#pragma once
+
+#include <cstddef>
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace base {
+
+/// Owns a copy of a file's bytes. A mapping would be cheaper, but a mapped file that another program shortens takes its
+/// pages away from under this one, and one that is rewritten shows half of each.
+class FileContents {
+  public:
+    FileContents() = default;
+
+    /// The whole of a file; nothing and a reason in words when it cannot be read, or when it was changed meanwhile.
+    static std::optional<FileContents> read(const std::filesystem::path& path, std::string& reason);
+
+    std::string_view bytes() const { return {data_.get(), size_}; }
+
+    /// A file of the operating system that is being read.
+    class Source;
+
+  private:
+    std::unique_ptr<char[]> data_;
+    size_t size_ = 0;
+};
+
+}  // namespace base

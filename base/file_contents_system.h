@@ -1,0 +1,32 @@
+// What base/file_contents asks of the operating system.
+#pragma once
+
+#include <cstdint>
+#include <system_error>
+
+#include "base/file_contents.h"
+
+namespace base {
+
+class FileContents::Source {
+  public:
+    /// What changes when somebody writes to the file.
+    struct Stamp {
+        std::uint64_t size = 0;
+        std::int64_t written = 0;  ///< when, in the system's finest units
+
+        bool operator==(const Stamp& other) const { return size == other.size && written == other.written; }
+    };
+
+    /// Null when the file cannot be opened. Others may write, rename and delete it meanwhile.
+    static std::unique_ptr<Source> open(const std::filesystem::path& path, std::error_code& error);
+    Source() = default;
+    Source(const Source&) = delete;
+    Source& operator=(const Source&) = delete;
+    virtual ~Source() = default;
+    virtual Stamp stamp(std::error_code& error) const = 0;
+    /// As many bytes as there are from here on, at most `size`.
+    virtual size_t read(char* to, size_t size, std::error_code& error) = 0;
+};
+
+}  // namespace base

@@ -1,0 +1,123 @@
+#include "platform/host/editor/file_commands.h"
+
+#include "platform/host/editor/document.h"
+#include "platform/host/editor/editor.h"
+#include "platform/host/editor/file_question.h"
+#include "platform/host/editor/keywords.h"
+#include "platform/host/editor/modal_dialog.h"
+
+namespace host {
+namespace {
+
+/// False after a report, when there is something to report.
+bool succeeded(const std::wstring& problem) {
+    if (!problem.empty()) {
+        command_line().report(problem);
+    }
+    return problem.empty();
+}
+
+/// The open drawing; null after a report.
+Document* open_document(const Editor& editor) {
+    Document* const document = editor.documents.document();
+    if (document == nullptr) {
+        command_line().report(L"No drawing is open.");
+    }
+    return document;
+}
+
+/// To be called before any save: what is not in the drawing yet goes there.
+void settle(Editor& editor, const Document& document) {
+    editor.modules.tell_all(AcRx::kSaveMsg);
+    editor.drawing_variables.store(document.drawing());
+}
+
+bool save_drawing(Editor& editor, const std::filesystem::path& file) {
+    settle(editor, *editor.documents.document());
+    return succeeded(editor.documents.save(file));
+}
+
+std::optional<std::wstring> ask_target(const Document& document) {
+    return ask_file_name({L"Save drawing as", document.fileName(), L"dxf", true, false});
+}
+
+void open_drawing(Editor& editor) {
+    if (!may_leave_drawing(editor)) {
+        return;
+    }
+    const std::optional<std::wstring> file = ask_file_name({L"Open drawing", L"", L"dxf", false, false});
+    if (file) {
+        succeeded(editor.documents.open(*file));
+    }
+}
+
+void save_drawing_as(Editor& editor) {
+    const Document* const document = open_document(editor);
+    const auto file = document != nullptr ? ask_target(*document) : std::nullopt;
+    if (file) {
+        save_drawing(editor, *file);
+    }
+}
+
+/// Under another name this writes a copy: the drawing keeps its own name and its unsaved changes.
+void save_drawing_or_copy(Editor& editor) {
+    const Document* const document = open_document(editor);
+    const auto file = document != nullptr ? ask_target(*document) : std::nullopt;
+    if (!file) {
+        return;
+    }
+    std::error_code error;
+    if (std::filesystem::equivalent(*file, document->path(), error)) {
+        save_drawing(editor, document->path());
+        return;
+    }
+    settle(editor, *document);
+    succeeded(document->save_copy(*file));
+}
+
+void save_drawing_quickly(Editor& editor) {
+    if (const Document* const document = open_document(editor)) {
+        save_drawing(editor, document->path());
+    }
+}
+
+bool may_lose_changes(const Document& document) {
+    const Answer answer =
+        command_line().prompt(L"\nDiscard the changes to " + std::wstring(document.docTitle()) + L"? [Yes/No] <No>: ");
+    return answer.kind == Answer::line && Keywords(L"Yes No").match(answer.text) == L"Yes";
+}
+
+}  // namespace
+
+bool may_leave_drawing(Editor& editor) {
+    const Document* const document = editor.documents.document();
+    if (document == nullptr || !document->changed()) {
+        return true;
+    }
+    if (editor.scripted || editor.main_window == nullptr) {
+        return may_lose_changes(*document);
+    }
+    const std::wstring question = L"Save changes to " + document->path().wstring() + L"?";
+    switch (MessageBoxW(dialog_owner(editor.main_window), question.c_str(), L"Drawing Host",
+                        MB_YESNOCANCEL | MB_ICONWARNING)) {
+        case IDYES:
+            return save_drawing(editor, document->path());
+        case IDNO:
+            return true;
+        default:
+            return false;
+    }
+}
+
+void add_file_commands(Editor& editor) {
+    const auto add = [&editor](std::wstring name, void (*body)(Editor&)) {
+        editor.processor.add_built_in(std::move(name), [&editor, body] { body(editor); });
+    };
+    add(L"OPEN", open_drawing);
+    add(L"QSAVE", save_drawing_quickly);
+    add(L"QUIT", [](Editor& leaving) { leaving.quit_requested = may_leave_drawing(leaving); });
+    add(L"SAVE", save_drawing_or_copy);
+    add(L"SAVEAS", save_drawing_as);
+}
+
+}  // namespace host

@@ -1,0 +1,31 @@
+// The linetypes of a drawing.
+#pragma once
+
+#include <map>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "platform/host/dxf/drawing.h"
+#include "platform/host/view/line_pattern.h"
+
+namespace host {
+
+/// Hands out numbers for the patterns that entities use. Patterns have the drawing's linetype scale in them.
+class LineTypes {
+  public:
+    explicit LineTypes(const dxf::Drawing& drawing);
+
+    /// The number of the pattern of a linetype, by name without regard to case, at an entity's own scale. Continuous
+    /// for an unknown linetype.
+    uint16_t pattern(const std::wstring& name, double scale);
+    /// All patterns by number.
+    std::vector<LinePattern> take_patterns() { return std::move(patterns_); }
+
+  private:
+    std::map<std::wstring, LinePattern> types_;  ///< by names in lower case; without continuous ones
+    std::map<std::pair<std::wstring, double>, uint16_t> numbers_;
+    std::vector<LinePattern> patterns_;
+};
+
+}  // namespace host

@@ -1,0 +1,125 @@
+// The commands that put blocks into the drawing and save it, and what the host says of the drawing.
+#include <gmock/gmock.h>
+
+#include <filesystem>
+#include <fstream>
+
+#include "platform/host/dxf/drawing.h"
+#include "platform/host/editor/document.h"
+#include "platform/host/editor/editor.h"
+#include "platform/host/editor/main_window.h"
+#include "tests/host/database_fixture.h"
+#include "tests/host/list_command_line.h"
+
+namespace fs = std::filesystem;
+
+namespace host {
+namespace {
+
+using testing::HasSubstr;
+
+/// A block with an attribute of each kind, and a line from 3,4 to 10,20; the header says something else of it.
+std::string drawing_with_attributes() {
+    const auto attribute = [](const char* tag, const char* prompt, const char* text, int flags) {
+        return groups(std::string("0 ATTDEF|8 0|10 1|20 1|40 2|1 ") + text + "|3 " + prompt + "|2 " + tag + "|70 " +
+                      std::to_string(flags));
+    };
+    return groups(
+               "0 SECTION|2 HEADER|9 $ACADVER|1 AC1009|9 $EXTMIN|10 1e20|20 1e20|30 1e20|9 $EXTMAX|10 7|20 7|30 7|"
+               "0 ENDSEC|0 SECTION|2 BLOCKS|0 BLOCK|8 0|2 DOOR|70 2|10 0|20 0|3 DOOR") +
+           attribute("WOOD", "Kind of wood", "oak", 0) + attribute("FIXED", "Never asked", "constant", 2) +
+           attribute("LOCK", "", "", 0) + attribute("SET", "Not asked", "preset", 8) +
+           groups("0 ENDBLK|8 0|0 ENDSEC|0 SECTION|2 ENTITIES|0 LINE|8 0|10 3|20 4|11 10|21 20|0 ENDSEC|0 EOF");
+}
+
+class DrawingCommands : public testing::Test {
+  protected:
+    DrawingCommands() : folder_(fs::temp_directory_path() / ("drawing_" + std::to_string(GetCurrentProcessId()))) {
+        fs::create_directory(folder_);
+        std::ofstream(folder_ / "a.dxf", std::ios::binary) << drawing_with_attributes();
+        EXPECT_EQ(editor().documents.open(folder_ / "a.dxf"), L"");
+        editor().variables.put(L"FILEDIA", 0);
+    }
+    ~DrawingCommands() override {
+        editor().variables.put(L"FILEDIA", 1);
+        editor().variables.put(L"ATTREQ", 1);
+        editor().documents.close();
+        fs::remove_all(folder_);
+    }
+
+    std::wstring run(const wchar_t* command, std::deque<std::wstring> answers) {
+        ListCommandLine line(std::move(answers));
+        const CommandLineScope scope(line);
+        editor().processor.run(command);
+        return line.said;
+    }
+    /// Tags and texts of the attributes of all references, one line each.
+    static std::string attributes() {
+        const dxf::Drawing& drawing = editor().documents.document()->drawing();
+        std::string text;
+        for (const dxf::RecordId id : drawing.entities()) {
+            if (drawing.record(id).type == dxf::type_insert && !drawing.record(id).is(dxf::Record::erased)) {
+                for (const dxf::RecordView& part : drawing.view(id).parts()) {
+                    text +=
+                        part.type() == "ATTRIB" ? base::utf8_from_wide(part.text(2) + L"=" + part.text(1) + L" ") : "";
+                }
+                text += "\n";
+            }
+        }
+        return text;
+    }
+
+    fs::path folder_;
+};
+
+TEST_F(DrawingCommands, AskForTheAttributesThatAreToBeAsked) {
+    const std::wstring placing =
+        L"<\nEnter block name: ><\nSpecify insertion point: ><\nEnter X scale factor <1>: >"
+        L"<\nEnter Y scale factor <use X scale factor>: ><\nSpecify rotation angle <0>: >";
+    const std::wstring asking = L"\nEnter attribute values<\nKind of wood <oak>: >";
+    EXPECT_EQ(run(L"insert", {L"door", L"1,1", L"", L"", L"", L"ash", L"brass"}), placing + asking + L"<\nLOCK: >");
+    EXPECT_EQ(run(L"insert", {L"door", L"2,2", L"", L"", L"", L"", L""}), placing + asking + L"<\nLOCK: >");
+    EXPECT_EQ(run(L"insert", {L"door", L"3,3", L"", L"", L"", L"^C"}), placing + asking);
+    editor().variables.put(L"ATTREQ", 0);
+    EXPECT_EQ(run(L"insert", {L"door", L"4,4", L"", L"", L""}), placing);
+    EXPECT_EQ(attributes(), "WOOD=ash LOCK=brass SET=preset \nWOOD=oak LOCK= SET=preset \nWOOD=oak LOCK= SET=preset \n")
+        << "one of the four was cancelled";
+}
+
+TEST_F(DrawingCommands, SaveACopyOrTheDrawingItself) {
+    editor().variables.put(L"ATTREQ", 0);
+    run(L"insert", {L"door", L"1,1", L"", L"", L""});
+    const std::wstring own = (folder_ / "a.dxf").wstring();
+    EXPECT_THAT(run(L"save", {(folder_ / "copy.dxf").wstring()}), HasSubstr(L"<" + own + L">"));
+    EXPECT_EQ(editor().documents.document()->path(), own);
+    EXPECT_TRUE(editor().documents.document()->changed());
+    EXPECT_EQ(fs::file_size(own), drawing_with_attributes().size());
+    EXPECT_GT(fs::file_size(folder_ / "copy.dxf"), drawing_with_attributes().size());
+    EXPECT_THAT(run(L"save", {(folder_ / "none" / "b.dxf").wstring()}), HasSubstr(L"could not be saved"));
+
+    EXPECT_EQ(run(L"quit", {L"no"}), L"<\nDiscard the changes to a.dxf? [Yes/No] <No>: >");
+    EXPECT_FALSE(editor().quit_requested);
+    run(L"saveas", {(folder_ / "b.dxf").wstring()});
+    EXPECT_EQ(editor().documents.document()->path(), folder_ / "b.dxf");
+    EXPECT_FALSE(editor().documents.document()->changed());
+    EXPECT_EQ(run(L"quit", {}), L"");
+    EXPECT_TRUE(std::exchange(editor().quit_requested, false));
+}
+
+TEST_F(DrawingCommands, TellHowFarTheDrawingReaches) {
+    const VariableValue nothing = Point{1e20, 1e20, 1e20};
+    EXPECT_EQ(editor().variables.get(L"EXTMIN"), nothing) << "nobody draws";
+    MainWindow window([] {
+        const dxf::Drawing& drawing = editor().documents.document()->drawing();
+        return PaneContent{&drawing, drawing.edits_made()};
+    });
+    editor().view = &window.view().pane();
+    EXPECT_EQ(editor().variables.get(L"EXTMIN"), VariableValue(Point{3, 4, 0}));
+    EXPECT_EQ(editor().variables.get(L"EXTMAX"), VariableValue(Point{10, 20, 0}));
+    editor().view = nullptr;
+    run(L"saveas", {(folder_ / "b.dxf").wstring()});
+    EXPECT_EQ(fs::file_size(folder_ / "b.dxf"), drawing_with_attributes().size()) << "the header says what it said";
+}
+
+}  // namespace
+}  // namespace host
