@@ -8,14 +8,29 @@ BidiType corrected_byte_type(unsigned char byte, BidiType system_type) {
 }
 
 CharacterTypes::CharacterTypes(const ByteTypes& system_types, const ByteCharacters& characters)
-    : types_(std::make_unique<std::array<std::uint8_t, table_size>>()) {
-    types_->fill(static_cast<std::uint8_t>(BidiType::other_neutral));
+    : classes_(std::make_unique<std::array<std::uint8_t, table_size>>()) {
+    classes_->fill(static_cast<std::uint8_t>(BidiType::other_neutral));
     for (unsigned byte = 0; byte < system_types.size(); ++byte) {
         const std::uint32_t code = code_of(characters[byte]);
         if (code < table_size) {
             const BidiType type = corrected_byte_type(static_cast<unsigned char>(byte), system_types[byte]);
-            (*types_)[code] = static_cast<std::uint8_t>(type);
+            (*classes_)[code] = static_cast<std::uint8_t>(type);
         }
+    }
+    // All characters of a kind by itself are in ASCII.
+    for (std::uint32_t code = 0; code < 0x80; ++code) {
+        const NeutralKind kind = neutral_kind(static_cast<wchar_t>(code));
+        (*classes_)[code] |= static_cast<std::uint8_t>(static_cast<unsigned>(kind) << kind_shift);
+    }
+}
+
+void CharacterTypes::classify(std::wstring_view text, std::uint8_t* classes) const {
+    // The output is of bytes, which might lie anywhere, in the text and in this object too: these cannot.
+    const std::uint8_t* const table = classes_->data();
+    const wchar_t* const characters = text.data();
+    const size_t length = text.size();
+    for (size_t i = 0; i < length; ++i) {
+        classes[i] = table[std::min(code_of(characters[i]), table_size - 1)];
     }
 }
 

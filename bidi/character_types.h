@@ -6,6 +6,9 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <string_view>
+
+#include "bidi/special_characters.h"
 
 namespace corvanes {
 
@@ -53,16 +56,21 @@ BidiType corrected_byte_type(unsigned char byte, BidiType system_type);
 class CharacterTypes {
   public:
     CharacterTypes(const ByteTypes& system_types, const ByteCharacters& characters);
-    BidiType of(wchar_t character) const {
-        // The last entry, of a code that is no character, also stands for what lies beyond the table.
-        const auto code = std::min(code_of(character), table_size - 1);
-        return static_cast<BidiType>((*types_)[code]);
-    }
+    BidiType of(wchar_t character) const { return static_cast<BidiType>(class_of(character) & type_bits); }
+
+    /// Writes one class for each character: its type and, from bit `kind_shift` on, its NeutralKind.
+    void classify(std::wstring_view text, std::uint8_t* classes) const;
+    static constexpr unsigned kind_shift = 4;
 
   private:
+    static constexpr std::uint8_t type_bits = (1U << kind_shift) - 1;
     static constexpr std::uint32_t table_size = 0x10000;
     static std::uint32_t code_of(wchar_t character) { return static_cast<std::uint32_t>(character); }
-    std::unique_ptr<std::array<std::uint8_t, table_size>> types_;
+    std::uint8_t class_of(wchar_t character) const {
+        // The last entry, of a code that is no character, also stands for what lies beyond the table.
+        return (*classes_)[std::min(code_of(character), table_size - 1)];
+    }
+    std::unique_ptr<std::array<std::uint8_t, table_size>> classes_;
 };
 
 }  // namespace corvanes

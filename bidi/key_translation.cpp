@@ -32,7 +32,9 @@ enum Key : unsigned {
     key_keypad_divide = 111,
     key_semicolon = 186,
     key_equals = 187,
+    key_comma = 188,
     key_minus = 189,
+    key_full_stop = 190,
     key_slash = 191,
     key_grave = 192,
     key_backslash = 220,
@@ -266,6 +268,22 @@ bool is_number_key(unsigned key) {
             return true;
         default:
             return between(key, '0', '9') || between(key, key_keypad_0, key_keypad_9);
+    }
+}
+
+unsigned standard_key(unsigned key, wchar_t letter) {
+    constexpr wchar_t final_pe = 0x05E3;
+    constexpr wchar_t final_tsadi = 0x05E5;
+    constexpr wchar_t tav = 0x05EA;
+    switch (letter) {
+        case final_pe:
+            return key_semicolon;
+        case tav:
+            return key_comma;
+        case final_tsadi:
+            return key_full_stop;
+        default:
+            return key;
     }
 }
 

@@ -86,6 +86,11 @@ bool operator==(const KeyAction& left, const KeyAction& right);
 /// Whether the key belongs to a number: typing it in Hebrew switches the editor to English until another key comes.
 bool is_number_key(unsigned key);
 
+/// The key that carries a Hebrew letter on the Israeli standard keyboard, beside the keys A to Z; any other character
+/// leaves `key` as it is. Some systems give these three keys codes of their own while the Hebrew layout is on, which no
+/// key of a Windows keyboard has together with such a letter.
+unsigned standard_key(unsigned key, wchar_t letter);
+
 /// `locked`: Tab and Enter do nothing.
 KeyAction translate_key(const KeyPress& press, const KeyModifiers& modifiers, const InputLanguage& language,
                         bool locked);

@@ -1,272 +1,281 @@
 #include "bidi/level_rules.h"
 
-#include <algorithm>
-#include <array>
-
 namespace corvanes {
 namespace {
 
-/// The end of the run of units from `start` whose types are in the group.
-template <class Group>
-size_t run_end(const LevelLine& line, size_t start, Group group) {
-    size_t end = start;
-    while (end < line.length && group(line.types[end])) {
-        ++end;
-    }
-    return end;
+using Word = PositionSet::Word;
+
+/// Whether the last member of `set` is one of `subset`; `otherwise` when the set is empty.
+bool last_is_in(Word set, Word subset, bool otherwise) {
+    return set == 0 ? otherwise : (subset & highest_member(set)) != 0;
 }
 
-void set_types(const LevelLine& line, size_t start, size_t end, BidiType type) {
-    for (size_t i = start; i < end; ++i) {
-        line.types[i] = type;
-    }
+Word below(Word member) {
+    return member - 1;
 }
 
-/// A table with one entry for each type.
-template <class Value, class Rule>
-constexpr std::array<Value, bidi_type_count> for_each_type(Rule rule) {
-    std::array<Value, bidi_type_count> values{};
-    for (size_t i = 0; i < values.size(); ++i) {
-        values[i] = rule(static_cast<BidiType>(i));
-    }
-    return values;
+/// The neutrals of one word, by what decides on their directions.
+struct Neutrals {
+    Word previous_left_to_right;
+    Word previous_right_to_left;
+    Word next_left_to_right;
+    Word next_right_to_left;
+    Word bracket;
+    Word space;
+    Word separator;
+};
+
+/// Those that neutral_direction turns to the right-to-left side, at the base level.
+constexpr Word right_to_left_neutrals(const Neutrals& neutrals, bool left_to_right_line) {
+    const Neutrals& n = neutrals;
+    const Word between_right_to_left = n.previous_right_to_left & n.next_right_to_left;
+    const Word between_left_to_right = n.previous_left_to_right & n.next_left_to_right;
+    const Word between_unlike =
+        (n.previous_left_to_right & n.next_right_to_left) | (n.previous_right_to_left & n.next_left_to_right);
+    const Word follows_line = (between_unlike & (n.space | n.separator)) | n.bracket;
+    const Word has_previous = n.previous_left_to_right | n.previous_right_to_left;
+    const Word has_next = n.next_left_to_right | n.next_right_to_left;
+    const Word follows_only_neighbour =
+        n.space & ((n.previous_right_to_left & ~has_next) | (n.next_right_to_left & ~has_previous));
+    const Word by_line = left_to_right_line ? 0 : follows_line;
+    return between_right_to_left | (~between_left_to_right & (by_line | follows_only_neighbour));
 }
 
-constexpr size_t index_of(BidiType type) {
-    return static_cast<size_t>(type);
+constexpr bool follow_the_rule(StrongNeighbours neighbours, NeutralKind kind, bool left_to_right_line) {
+    const Neutrals one = {neighbours.previous == BidiType::left_to_right,
+                          neighbours.previous == BidiType::right_to_left,
+                          neighbours.next == BidiType::left_to_right,
+                          neighbours.next == BidiType::right_to_left,
+                          kind == NeutralKind::bracket,
+                          kind == NeutralKind::space,
+                          kind == NeutralKind::separator};
+    const Level base = left_to_right_line ? 0 : 1;
+    const BidiType direction = neutral_direction(neighbours, kind, base, left_to_right_line);
+    return ((right_to_left_neutrals(one, left_to_right_line) & 1) != 0) == (direction == BidiType::right_to_left);
 }
 
-constexpr BidiType settled_type(BidiType type) {
-    if (type == BidiType::european_number) {
-        return BidiType::left_to_right;
-    }
-    return IsWeakType(type) && type != BidiType::arabic_number ? BidiType::other_neutral : type;
-}
-
-constexpr Level raised_from_even(BidiType type) {
-    return type == BidiType::right_to_left ? 1 : type == BidiType::arabic_number ? 2 : 0;
-}
-
-constexpr Level raised_from_odd(BidiType type) {
-    return type == BidiType::left_to_right || type == BidiType::arabic_number ? 1 : 0;
-}
-
-/// The directions that neutrals at the base level take, for all neighbours and kinds.
-class NeutralDirections {
-  public:
-    constexpr explicit NeutralDirections(bool left_to_right) : directions_{} {
-        for (size_t previous = 0; previous < neighbour_count; ++previous) {
-            for (size_t next = 0; next < neighbour_count; ++next) {
-                for (size_t kind = 0; kind < kind_count; ++kind) {
-                    directions_[previous][next][kind] =
-                        neutral_direction({static_cast<BidiType>(previous), static_cast<BidiType>(next)},
-                                          static_cast<NeutralKind>(kind), left_to_right ? 0 : 1, left_to_right);
+constexpr bool all_follow_the_rule() {
+    constexpr BidiType neighbours[] = {BidiType::not_applicable, BidiType::left_to_right, BidiType::right_to_left};
+    constexpr NeutralKind kinds[] = {NeutralKind::other, NeutralKind::bracket, NeutralKind::space,
+                                     NeutralKind::separator};
+    for (const BidiType previous : neighbours) {
+        for (const BidiType next : neighbours) {
+            for (const NeutralKind kind : kinds) {
+                if (!follow_the_rule({previous, next}, kind, true) || !follow_the_rule({previous, next}, kind, false)) {
+                    return false;
                 }
             }
         }
     }
-    BidiType of(wchar_t neutral, BidiType previous, BidiType next) const {
-        return directions_[index_of(previous)][index_of(next)][static_cast<size_t>(kind_of(neutral))];
-    }
-
-  private:
-    static constexpr size_t neighbour_count = 3;
-    static constexpr size_t kind_count = 4;
-    static NeutralKind kind_of(wchar_t character);
-    BidiType directions_[neighbour_count][neighbour_count][kind_count];
-};
-
-constexpr std::array<NeutralKind, 0x80> ascii_kinds() {
-    std::array<NeutralKind, 0x80> kinds{};
-    for (size_t character = 0; character < kinds.size(); ++character) {
-        kinds[character] = neutral_kind(static_cast<wchar_t>(character));
-    }
-    return kinds;
+    return true;
 }
-
-NeutralKind NeutralDirections::kind_of(wchar_t character) {
-    static constexpr auto kinds = ascii_kinds();
-    // The last entry also stands for all characters beyond.
-    static_assert(kinds.back() == NeutralKind::other);
-    return kinds[std::min(static_cast<size_t>(character), kinds.size() - 1)];
-}
-
-/// What the rule of the first levels remembers. Above is the level next to the base level.
-struct FirstLevelState {
-    BidiType last_strong = BidiType::not_applicable;
-    bool above = false;
-    /// Where the next change of direction leads.
-    bool next_above = true;
-
-    constexpr size_t number() const {
-        return static_cast<size_t>(last_strong) * 4 + (above ? 2 : 0) + (next_above ? 0 : 1);
-    }
-    static constexpr FirstLevelState numbered(size_t number) {
-        return {static_cast<BidiType>(number / 4), (number & 2) != 0, (number & 1) == 0};
-    }
-    constexpr FirstLevelState after(BidiType type) const {
-        if (IsNotApplicable(type)) {
-            return {last_strong, false, next_above};
-        }
-        if (!IsStrongType(type) || type == last_strong) {
-            return *this;
-        }
-        const bool first = IsNotApplicable(last_strong);
-        return first ? FirstLevelState{type, above, next_above} : FirstLevelState{type, next_above, above};
-    }
-};
-
-/// The same as a table, by states and types: no branch to mispredict at each change of direction.
-class FirstLevelSteps {
-  public:
-    /// A state is known by where its steps begin.
-    struct Step {
-        std::uint8_t state;
-        std::uint8_t level;
-    };
-
-    constexpr explicit FirstLevelSteps(Level base) : steps_{} {
-        for (size_t state = 0; state < state_count; ++state) {
-            for (size_t i = 0; i < bidi_type_count; ++i) {
-                const auto type = static_cast<BidiType>(i);
-                const FirstLevelState after = FirstLevelState::numbered(state).after(type);
-                const int level = base + (IsStrongType(type) && after.above ? 1 : 0);
-                steps_[state * bidi_type_count + i] = {static_cast<std::uint8_t>(after.number() * bidi_type_count),
-                                                       static_cast<std::uint8_t>(IsNotApplicable(type) ? 0 : level)};
-            }
-        }
-    }
-    Step from(size_t state, BidiType type) const { return steps_[state + index_of(type)]; }
-
-  private:
-    static constexpr size_t state_count = 12;
-    Step steps_[state_count * bidi_type_count];
-};
-
-void find_next_strong_types(const LevelLine& line, BidiType* next_strong) {
-    BidiType next = BidiType::not_applicable;
-    for (size_t i = line.length; i-- > 0;) {
-        next = IsStrongType(line.types[i]) ? line.types[i] : next;
-        next_strong[i] = next;
-    }
-}
+static_assert(all_follow_the_rule());
 
 }  // namespace
 
-size_t cut_into_units(const wchar_t* text, size_t length, const CharacterTypes& character_types, std::uint32_t* starts,
-                      BidiType* types) {
-    // The type that the next character must have to continue a unit. A unit by itself is continued by nothing.
-    static constexpr auto continued_by = for_each_type<int>([](BidiType type) {
-        const bool joins_its_like = IsStrongType(type) || type == BidiType::european_number;
-        return joins_its_like ? static_cast<int>(type) : -1;
-    });
-    // Every character writes its unit, which only stays when it does not continue the one before: no branch to
-    // mispredict at the ends of words.
-    size_t count = 0;
-    int continuing = -1;
-    for (size_t i = 0; i < length; ++i) {
-        const BidiType type = character_types.of(text[i]);
-        starts[count] = static_cast<std::uint32_t>(i);
-        types[count] = type;
-        count += static_cast<int>(type) != continuing ? 1 : 0;
-        continuing = continued_by[index_of(type)];
+struct LevelRules::Passed {
+    // The run of neutrals that reaches into the next word has this direction before it.
+    Word left_to_right_before_run = 0;
+    Word right_to_left_before_run = 0;
+    /// The last character with a direction, once the neutrals have theirs.
+    BidiType last_direction = BidiType::not_applicable;
+};
+
+void LevelRules::assign_first_levels() {
+    above_.resize(classes.words);
+    size_t first = 0;
+    while (first < classes.words && strong(first) == 0) {
+        above_[first++] = 0;
     }
-    starts[count] = static_cast<std::uint32_t>(length);
-    types[count] = BidiType::not_applicable;
-    return count;
+    const bool left_to_right_first =
+        first < classes.words && (lowest_member(strong(first)) & classes.left_to_right[first]) != 0;
+    const PositionSet& other_direction = left_to_right_first ? classes.right_to_left : classes.left_to_right;
+    for (size_t w = first; w < classes.words; ++w) {
+        above_[w] = other_direction[w];
+    }
+    cut_levels_behind_untyped();
 }
 
-void assign_first_levels(const LevelLine& line) {
-    static constexpr FirstLevelSteps steps_by_line[] = {FirstLevelSteps(1), FirstLevelSteps(0)};
-    const FirstLevelSteps& steps = steps_by_line[line.left_to_right ? 1 : 0];
-    size_t state = 0;
-    for (size_t i = 0; i < line.length; ++i) {
-        const FirstLevelSteps::Step step = steps.from(state, line.types[i]);
-        line.levels[i] = step.level;
-        state = step.state;
-    }
-}
-
-void join_numbers_at_separators(const LevelLine& line) {
-    for (size_t i = 1; i + 1 < line.length; ++i) {
-        const bool common = line.types[i] == BidiType::common_separator;
-        if (!common && line.types[i] != BidiType::european_separator) {
-            continue;
-        }
-        const BidiType before = line.types[i - 1];
-        const bool number = before == BidiType::european_number || (common && before == BidiType::arabic_number);
-        if (number && before == line.types[i + 1]) {
-            line.types[i] = before;
-        }
-    }
-}
-
-void join_terminators_to_numbers(const LevelLine& line) {
-    const auto is_terminator = [](BidiType type) { return type == BidiType::european_terminator; };
-    for (size_t i = 0; i < line.length; ++i) {
-        if (is_terminator(line.types[i])) {
-            const size_t end = run_end(line, i, is_terminator);
-            const bool after_number = i > 0 && line.types[i - 1] == BidiType::european_number;
-            if (after_number || line.types[end] == BidiType::european_number) {
-                set_types(line, i, end, BidiType::european_number);
+/// Back at the base level between two toggles, a line finds the base level at both ends of the toggle from then on.
+void LevelRules::cut_levels_behind_untyped() {
+    bool last_is_above = false;
+    for (size_t w = 0; w < classes.words; ++w) {
+        for (Word rest = classes.untyped[w]; rest != 0; rest &= rest - 1) {
+            const Word passed = below(lowest_member(rest));
+            if (last_is_in(strong(w) & passed, above_[w], last_is_above)) {
+                above_[w] &= passed;
+                while (++w < classes.words) {
+                    above_[w] = 0;
+                }
+                return;
             }
-            i = end - 1;
         }
+        last_is_above = last_is_in(strong(w), above_[w], last_is_above);
     }
 }
 
-void join_numbers_over_neutrals(const LevelLine& line) {
-    for (size_t i = 1; i < line.length; ++i) {
-        if (line.types[i - 1] == BidiType::european_number && IsNeutralType(line.types[i])) {
-            const size_t end = run_end(line, i, IsNeutralType);
-            if (line.types[end] == BidiType::european_number) {
-                set_types(line, i, end, BidiType::european_number);
+void LevelRules::join_numbers_at_separators() {
+    PositionSet& european = classes.european_number;
+    PositionSet& arabic = classes.arabic_number;
+    found_.resize(classes.words);
+    found_before_.resize(classes.words);
+    for (size_t w = 0; w < classes.words; ++w) {
+        const Word separators = classes.european_separator[w] | classes.common_separator[w];
+        found_[w] = separators & european.behind(w) & european.before(w);
+        found_before_[w] = classes.common_separator[w] & arabic.behind(w) & arabic.before(w);
+    }
+    for (size_t w = 0; w < classes.words; ++w) {
+        european[w] |= found_[w];
+        arabic[w] |= found_before_[w];
+        classes.european_separator[w] &= ~found_[w];
+        classes.common_separator[w] &= ~(found_[w] | found_before_[w]);
+    }
+}
+
+void LevelRules::join_terminators_to_numbers() {
+    find_runs_behind(classes.european_terminator, classes.european_number, classes.words, found_);
+    find_runs_before(classes.european_terminator, classes.european_number, classes.words, found_before_);
+    for (size_t w = 0; w < classes.words; ++w) {
+        const Word joined = found_[w] | found_before_[w];
+        classes.european_number[w] |= joined;
+        classes.european_terminator[w] &= ~joined;
+    }
+}
+
+void LevelRules::join_numbers_over_neutrals() {
+    find_runs_behind(classes.neutral, classes.european_number, classes.words, found_);
+    find_runs_before(classes.neutral, classes.european_number, classes.words, found_before_);
+    for (size_t w = 0; w < classes.words; ++w) {
+        const Word joined = found_[w] & found_before_[w];
+        classes.european_number[w] |= joined;
+        classes.neutral[w] &= ~joined;
+    }
+}
+
+void LevelRules::settle_remaining_weak_types() {
+    for (size_t w = 0; w < classes.words; ++w) {
+        classes.left_to_right[w] |= classes.european_number[w];
+        classes.neutral[w] |=
+            classes.european_separator[w] | classes.european_terminator[w] | classes.common_separator[w];
+    }
+}
+
+void LevelRules::find_next_directions() {
+    next_left_to_right_.resize(classes.words);
+    next_right_to_left_.resize(classes.words);
+    Word carried = 0;
+    bool strong_passed = false;
+    for (size_t w = classes.words; w-- > 0;) {
+        const Word here = strong(w);
+        const Word has_next = strong_passed ? ~Word{0} : here == 0 ? 0 : below(highest_member(here));
+        next_right_to_left_[w] = runs_down_to(~here, classes.right_to_left.before(w) | carried);
+        next_left_to_right_[w] = has_next & ~next_right_to_left_[w];
+        carried = next_right_to_left_[w] << (PositionSet::word_size - 1);
+        strong_passed = strong_passed || here != 0;
+    }
+}
+
+PositionSet::Word LevelRules::resolve_word(size_t w, Passed& passed) const {
+    // All of a neutral run sees the same neighbours. Arabic numbers do not end it, nor count as one.
+    const Word runs = classes.neutral[w] | classes.arabic_number[w];
+    const Word with_direction = strong(w) | classes.neutral[w];
+    Word left_before = classes.left_to_right.behind(w) | passed.left_to_right_before_run;
+    Word right_before = classes.right_to_left.behind(w) | passed.right_to_left_before_run;
+    // What precedes a run behind characters without a type may be another run, which has its direction by then.
+    Word behind_untyped = runs & classes.untyped.behind(w);
+    Neutrals neutrals = {0,
+                         0,
+                         next_left_to_right_[w],
+                         next_right_to_left_[w],
+                         classes.bracket[w],
+                         classes.space[w],
+                         classes.separator[w]};
+    for (;;) {
+        neutrals.previous_left_to_right = runs_from(runs, left_before);
+        neutrals.previous_right_to_left = runs_from(runs, right_before);
+        const Word resolved = classes.neutral[w] & right_to_left_neutrals(neutrals, left_to_right_line);
+        const Word right_to_left = classes.right_to_left[w] | resolved;
+        const Word start = lowest_member(behind_untyped);
+        const Word before = start == 0 ? with_direction : with_direction & below(start);
+        const bool known = before != 0 || !IsNotApplicable(passed.last_direction);
+        const bool right = last_is_in(before, right_to_left, passed.last_direction == BidiType::right_to_left);
+        if (start == 0) {
+            passed.left_to_right_before_run = neutrals.previous_left_to_right >> (PositionSet::word_size - 1);
+            passed.right_to_left_before_run = neutrals.previous_right_to_left >> (PositionSet::word_size - 1);
+            if (known) {
+                passed.last_direction = right ? BidiType::right_to_left : BidiType::left_to_right;
             }
-            i = end - 1;
+            return resolved;
+        }
+        (right ? right_before : left_before) |= known ? start : 0;
+        behind_untyped &= ~start;
+    }
+}
+
+void LevelRules::resolve_neutrals() {
+    find_next_directions();
+    Passed passed;
+    for (size_t w = 0; w < classes.words; ++w) {
+        found_[w] = resolve_word(w, passed);
+    }
+    for (size_t w = 0; w < classes.words; ++w) {
+        classes.right_to_left[w] |= found_[w];
+        classes.left_to_right[w] |= classes.neutral[w] & ~found_[w];
+    }
+}
+
+void LevelRules::raise_implicit_levels() {
+    odd_.resize(classes.words);
+    two_or_three_.resize(classes.words);
+    for (size_t w = 0; w < classes.words; ++w) {
+        const Word left_to_right = classes.left_to_right[w];
+        const Word right_to_left = classes.right_to_left[w];
+        odd_[w] = right_to_left;
+        two_or_three_[w] =
+            classes.arabic_number[w] |
+            (left_to_right_line ? left_to_right & above_[w] : left_to_right | (right_to_left & above_[w]));
+    }
+}
+
+void LevelRules::resolve() {
+    assign_first_levels();
+    join_numbers_at_separators();
+    join_terminators_to_numbers();
+    join_numbers_over_neutrals();
+    settle_remaining_weak_types();
+    resolve_neutrals();
+    raise_implicit_levels();
+}
+
+PositionSet::Word LevelRules::level_changes(size_t word) const {
+    return (odd_[word] ^ odd_.behind(word)) | (two_or_three_[word] ^ two_or_three_.behind(word));
+}
+
+size_t LevelRules::find_run_starts() {
+    if (run_starts_.size() <= classes.length) {
+        run_starts_.resize(classes.length + 1);
+    }
+    std::uint32_t* start = run_starts_.data();
+    for (size_t w = 0; w < classes.words; ++w) {
+        const Word start_of_line = w == 0 ? 1 : 0;
+        for (Word rest = level_changes(w) | start_of_line; rest != 0; rest &= rest - 1) {
+            *start++ = static_cast<std::uint32_t>(w * PositionSet::word_size + lowest_position(rest));
         }
     }
+    const auto count = static_cast<size_t>(start - run_starts_.data());
+    // Behind the line all levels are 0, which may look like a change.
+    return count > 0 && start[-1] == classes.length ? count - 1 : count;
 }
 
-void settle_remaining_weak_types(const LevelLine& line) {
-    static constexpr auto settled = for_each_type<BidiType>(settled_type);
-    for (size_t i = 0; i < line.length; ++i) {
-        line.types[i] = settled[index_of(line.types[i])];
+void LevelRules::find_runs(Level level_offset, std::vector<LevelRun>& runs) {
+    const size_t count = find_run_starts();
+    run_starts_[count] = static_cast<std::uint32_t>(classes.length);
+    runs.resize(count);
+    for (size_t i = 0; i < count; ++i) {
+        const std::uint32_t start = run_starts_[i];
+        const unsigned level = (odd_.contains(start) ? 1U : 0U) + (two_or_three_.contains(start) ? 2U : 0U);
+        runs[i] = {start, run_starts_[i + 1] - start, static_cast<Level>(level + level_offset)};
     }
-}
-
-void resolve_neutrals(const LevelLine& line, BidiType* next_strong) {
-    static constexpr NeutralDirections directions_by_line[] = {NeutralDirections(false), NeutralDirections(true)};
-    const NeutralDirections& directions = directions_by_line[line.left_to_right ? 1 : 0];
-    find_next_strong_types(line, next_strong);
-    BidiType previous = BidiType::not_applicable;
-    BidiType last_resolved = BidiType::not_applicable;
-    for (size_t i = 0; i < line.length; ++i) {
-        const BidiType type = line.types[i];
-        const bool neutral = IsNeutralType(type);
-        // All of a neutral run sees the same neighbours. Arabic numbers do not end it, nor count as one.
-        previous = neutral || type == BidiType::arabic_number ? previous : IsStrongType(type) ? type : last_resolved;
-        line.types[i] = neutral ? directions.of(line.character(i), previous, next_strong[i]) : type;
-        last_resolved = IsStrongType(line.types[i]) ? line.types[i] : last_resolved;
-    }
-}
-
-void raise_implicit_levels(const LevelLine& line) {
-    static constexpr std::array<std::array<Level, bidi_type_count>, 2> raised = {for_each_type<Level>(raised_from_even),
-                                                                                 for_each_type<Level>(raised_from_odd)};
-    for (size_t i = 0; i < line.length; ++i) {
-        Level& level = line.levels[i];
-        level += raised[level & 1][index_of(line.types[i])];
-    }
-}
-
-void resolve_levels(const LevelLine& line, BidiType* next_strong) {
-    assign_first_levels(line);
-    join_numbers_at_separators(line);
-    join_terminators_to_numbers(line);
-    join_numbers_over_neutrals(line);
-    settle_remaining_weak_types(line);
-    resolve_neutrals(line, next_strong);
-    raise_implicit_levels(line);
 }
 
 }  // namespace corvanes

@@ -1,58 +1,83 @@
 // The rules that give each character of a line its embedding level. They run in the order of their declarations.
 #pragma once
 
-#include <cstddef>
-#include <cstdint>
+#include <vector>
 
-#include "bidi/character_types.h"
+#include "bidi/line_classes.h"
 #include "bidi/neutral_direction.h"
 
 namespace corvanes {
 
-/// One line on its way through the rules, cut into units: a run of letters of one direction, a run of European digits,
-/// or any other character by itself. The rules cannot tell the characters of one unit apart, so they look at each unit
-/// once. `starts` and `types` have one entry more than there are units: the text's length, and not_applicable.
-struct LevelLine {
-    const wchar_t* text;
-    const std::uint32_t* starts;
-    BidiType* types;
-    Level* levels;
-    size_t length;
-    bool left_to_right;
+/// Characters of one level: `start` to start + length - 1 of the logical text.
+struct LevelRun {
+    std::uint32_t start;
+    std::uint32_t length;
+    Level level;
 
-    Level base_level() const { return left_to_right ? 0 : 1; }
-    /// The character of a unit of one character.
-    wchar_t character(size_t unit) const { return text[starts[unit]]; }
+    bool right_to_left() const { return is_right_to_left(level); }
 };
 
-/// Cuts a text into units; `starts` and `types` have room for length + 1 entries. Returns how many units there are.
-size_t cut_into_units(const wchar_t* text, size_t length, const CharacterTypes& character_types, std::uint32_t* starts,
-                      BidiType* types);
+/// A line on its way through the rules. The buffers are kept from line to line.
+///
+/// A strong character stands one level above the base level when its direction is not that of the first strong one;
+/// everything else stands at the base level, or at 0 without a type. So the rules need no levels: they move characters
+/// from one set of `classes` to another.
+class LevelRules {
+  public:
+    LineClasses classes;
+    /// The base level is 0 in a left-to-right line, else 1.
+    bool left_to_right_line = true;
 
-/// Every change of strong direction toggles between two levels; the first strong run keeps the base level, whatever its
-/// direction. A character without a type gets level 0 and takes the line back to the base level.
-void assign_first_levels(const LevelLine& line);
+    /// Runs all rules over the line whose classes and direction are set.
+    void resolve();
 
-/// "1.5", "1+2": one separator between two numbers of a kind belongs to them.
-void join_numbers_at_separators(const LevelLine& line);
+    /// The levels that came out, each `level_offset` higher.
+    void find_runs(Level level_offset, std::vector<LevelRun>& runs);
+    /// The characters whose levels came out odd.
+    const PositionSet& odd() const { return odd_; }
 
-/// "$5", "5%": terminators beside a number belong to it.
-void join_terminators_to_numbers(const LevelLine& line);
+  private:
+    /// Every change of strong direction toggles between two levels; the first strong run keeps the base level, whatever
+    /// its direction. A character without a type gets level 0 and takes the line back to the base level.
+    void assign_first_levels();
+    /// "1.5", "1+2": one separator between two numbers of a kind belongs to them.
+    void join_numbers_at_separators();
+    /// "$5", "5%": terminators beside a number belong to it.
+    void join_terminators_to_numbers();
+    /// "12 500": neutrals between two numbers belong to them.
+    void join_numbers_over_neutrals();
+    /// Numbers become strong left-to-right; what else is weak, except Arabic numbers, becomes neutral.
+    void settle_remaining_weak_types();
+    /// Neutrals take the direction of the strong types on both sides where these agree, else one by what they are.
+    void resolve_neutrals();
+    /// Characters that run against their level go up to the next level of their direction.
+    void raise_implicit_levels();
 
-/// "12 500": neutrals between two numbers belong to them.
-void join_numbers_over_neutrals(const LevelLine& line);
+    using Word = PositionSet::Word;
+    /// What a neutral's direction depends on that lies in the words before.
+    struct Passed;
 
-/// Numbers become strong left-to-right; what else is weak, except Arabic numbers, becomes neutral.
-void settle_remaining_weak_types(const LevelLine& line);
+    Word strong(size_t word) const { return classes.left_to_right[word] | classes.right_to_left[word]; }
+    void cut_levels_behind_untyped();
+    void find_next_directions();
+    Word resolve_word(size_t word, Passed& passed) const;
+    /// The positions of a word whose level is not that of the position before.
+    Word level_changes(size_t word) const;
+    /// Fills run_starts_ and tells how many runs there are.
+    size_t find_run_starts();
 
-/// Neutrals take the direction of the strong types on both sides where these agree, else one by what they are.
-/// `next_strong` is a work buffer of line.length entries.
-void resolve_neutrals(const LevelLine& line, BidiType* next_strong);
-
-/// Characters that run against their level go up to the next level of their direction.
-void raise_implicit_levels(const LevelLine& line);
-
-/// All of the rules; the work buffer as in resolve_neutrals.
-void resolve_levels(const LevelLine& line, BidiType* next_strong);
+    /// Strong characters above the base level.
+    PositionSet above_;
+    /// Where the next strong character is of this direction.
+    PositionSet next_left_to_right_;
+    PositionSet next_right_to_left_;
+    /// Neutrals that become right-to-left; numbers that other characters join.
+    PositionSet found_;
+    PositionSet found_before_;
+    // Levels never get higher than 3: these are the two bits of them.
+    PositionSet odd_;
+    PositionSet two_or_three_;
+    std::vector<std::uint32_t> run_starts_;
+};
 
 }  // namespace corvanes

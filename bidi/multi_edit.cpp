@@ -77,11 +77,17 @@ void CUGMultiEdit::SetDirection(ParagraphDirection direction) {
 void CUGMultiEdit::Edit(const std::function<void(TextEditing&)>& change) {
     const std::wstring former = TypedText();
     const size_t former_caret = editing_.caret().index;
+    const std::vector<VisibleText> former_rows = VisibleRows();
     change(editing_);
+    const bool text_changed = TypedText() != former;
+    if (text_changed) {
+        NotifyParent(EN_UPDATE);
+    }
     UpdateScrollRanges();
     ScrollToCaret();
-    Redraw();
-    if (TypedText() != former) {
+    RedrawChangedRows(former_rows);
+    if (text_changed) {
+        NotifyParent(EN_CHANGE);
         OnTextChanged(static_cast<int>(TypedText().size()));
     }
     if (editing_.caret().index != former_caret) {
@@ -89,8 +95,13 @@ void CUGMultiEdit::Edit(const std::function<void(TextEditing&)>& change) {
     }
 }
 
-void CUGMultiEdit::TypeCharacter(wchar_t character) {
-    Edit([character](TextEditing& editing) { editing.replace_selection({&character, 1}); });
+void CUGMultiEdit::ReplaceSelection(std::wstring_view text) {
+    bool fits = true;
+    Edit([&](TextEditing& editing) { fits = editing.replace_selection(text); });
+    if (!fits) {
+        ::MessageBeep(MB_OK);
+        NotifyParent(EN_MAXTEXT);
+    }
 }
 
 void CUGMultiEdit::SelectAll() {
@@ -120,6 +131,13 @@ void CUGMultiEdit::TellOwner(UINT message, WPARAM wParam, LPARAM lParam) const {
     }
     if (owner != nullptr) {
         ::SendMessageW(owner, message, wParam, lParam);
+    }
+}
+
+void CUGMultiEdit::NotifyParent(WORD notification) const {
+    if (m_hWnd != nullptr) {
+        const WPARAM code = MAKEWPARAM(::GetDlgCtrlID(m_hWnd), notification);
+        ::SendMessageW(::GetParent(m_hWnd), WM_COMMAND, code, reinterpret_cast<LPARAM>(m_hWnd));
     }
 }
 
@@ -221,6 +239,30 @@ void CUGMultiEdit::ScrollToCaret() {
     first_visible_column_ = place.column;
     first_visible_line_ = place.line;
     UpdateScrollRanges();
+}
+
+std::vector<VisibleText> CUGMultiEdit::VisibleRows() const {
+    std::vector<VisibleText> rows;
+    if (m_hWnd != nullptr) {
+        const TextView view = View();
+        for (int row = 0; row < visible_line_count(view); ++row) {
+            rows.push_back(visible_text(editing_.model(), rows_of_view(view, row, 1), editing_.selection()));
+        }
+    }
+    return rows;
+}
+
+// Painting a character costs more than all that is computed for it.
+void CUGMultiEdit::RedrawChangedRows(const std::vector<VisibleText>& former) {
+    const std::vector<VisibleText> rows = VisibleRows();
+    for (size_t row = 0; row < rows.size(); ++row) {
+        if (row >= former.size() || !(rows[row] == former[row])) {
+            const LayoutRect place = rows_of_view(View(), static_cast<int>(row), 1).client;
+            const RECT changed{0, place.top + 1, place.right + text_margin, place.bottom + 1};
+            InvalidateRect(&changed, FALSE);
+        }
+    }
+    UpdateCaret();
 }
 
 void CUGMultiEdit::Redraw() {

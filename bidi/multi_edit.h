@@ -5,6 +5,8 @@
 
 #include <functional>
 #include <string>
+#include <string_view>
+#include <vector>
 
 #include "bidi/char_widths.h"
 #include "bidi/key_translation.h"
@@ -27,7 +29,7 @@ constexpr UINT direction_changed_message = 0x2F02;  // wParam: 1 left-to-right, 
 /// A real edit control by its class, so that programs find it, but the control itself never sees a key, a click or a
 /// text: keys become characters by the editor's own tables, the text is kept in typed and painted order, and it is
 /// painted here. The text messages of an edit control (WM_GETTEXT, EM_SETSEL, WM_PASTE and so on) are answered for the
-/// typed text, with LF between lines.
+/// typed text, with LF between lines, and its parent gets an edit control's notifications (EN_CHANGE and so on).
 class CUGMultiEdit : public CEdit {
   public:
     CUGMultiEdit();
@@ -46,8 +48,9 @@ class CUGMultiEdit : public CEdit {
     virtual void OnCaretMoved(int index);
     virtual void OnDirectionChanged(int direction);
 
-    /// Inserts in place of the selection.
-    void TypeCharacter(wchar_t character);
+    /// Inserts in place of the selection, or tells the parent that there is no room.
+    void ReplaceSelection(std::wstring_view text);
+    void TypeCharacter(wchar_t character) { ReplaceSelection({&character, 1}); }
     /// The character of a key that another window received, in place of the selection. A digit counts as typed here: in
     /// Hebrew a number has begun.
     void TypeFirstCharacter(wchar_t character);
@@ -61,6 +64,8 @@ class CUGMultiEdit : public CEdit {
     void OnLButtonUp(UINT keys, CPoint point);
     void OnMouseMove(UINT keys, CPoint point);
     void OnLButtonDblClk(UINT keys, CPoint point);
+    void OnTimer(UINT_PTR timer);
+    void OnCaptureChanged(CWnd* window);
     BOOL OnEraseBkgnd(CDC* dc);
     void OnPaint();
     UINT OnGetDlgCode();
@@ -84,6 +89,11 @@ class CUGMultiEdit : public CEdit {
     LRESULT OnGetModify(WPARAM, LPARAM);
     LRESULT OnSetModify(WPARAM modified, LPARAM);
     LRESULT OnGetLineCount(WPARAM, LPARAM);
+    LRESULT OnLineFromChar(WPARAM index, LPARAM);
+    LRESULT OnLineIndex(WPARAM line, LPARAM);
+    LRESULT OnLineLength(WPARAM index, LPARAM);
+    LRESULT OnGetLine(WPARAM line, LPARAM buffer);
+    LRESULT OnGetLimitText(WPARAM, LPARAM);
     LRESULT OnCharFromPos(WPARAM, LPARAM point);
     LRESULT OnPosFromChar(WPARAM index, LPARAM);
     LRESULT OnSetFontMessage(WPARAM font, LPARAM redraw);
@@ -107,17 +117,26 @@ class CUGMultiEdit : public CEdit {
     void LeaveToParent(UINT key, UINT repeat, UINT flags);
     void DropTranslatedCharacter(UINT flags);
 
-    void PaintText(CDC& screen);
-    void PaintSelection(CDC& screen, CDC& picture, const corvanes::VisibleText& visible);
-    void DrawVisibleText(CDC& picture, const corvanes::VisibleText& visible, COLORREF color);
+    void PaintText(CDC& screen, const RECT& part);
+    void PaintSelection(CDC& screen, CDC& picture, const corvanes::TextView& view,
+                        const corvanes::VisibleText& visible);
+    void DrawVisibleText(CDC& picture, const corvanes::TextView& view, const corvanes::VisibleText& visible,
+                         COLORREF color);
     corvanes::TextView View() const;
     corvanes::MeasureText Measure();
     size_t GapAt(CPoint point);
+    void DragTo(CPoint point);
+    UINT AskContextMenu(CPoint point);
     void UpdateCaret();
     void UpdateScrollRanges();
     void ScrollToCaret();
     void Redraw();
+    /// What each row of the window shows.
+    std::vector<corvanes::VisibleText> VisibleRows() const;
+    void RedrawChangedRows(const std::vector<corvanes::VisibleText>& former);
     void TellOwner(UINT message, WPARAM wParam, LPARAM lParam) const;
+    /// The notifications of an edit control.
+    void NotifyParent(WORD notification) const;
 
     corvanes::TextEditing editing_;
     corvanes::InputLanguage language_;

@@ -1,5 +1,6 @@
 // The editor's keys and its clipboard.
 #include <algorithm>
+#include <array>
 #include <optional>
 
 #include "base/code_page.h"
@@ -56,14 +57,12 @@ std::optional<Motion> motion_of(EditCommand command) {
     }
 }
 
+using KeyboardState = std::array<BYTE, 256>;
+
 /// What the system keyboard gives for a key, in the code page of the language in which it is asked.
-std::wstring ask_keyboard(UINT key, UINT flags, LanguageId language) {
-    BYTE state[256];
+std::wstring ask_keyboard(UINT key, UINT flags, LanguageId language, const KeyboardState& state) {
     WORD characters = 0;
-    if (!::GetKeyboardState(state)) {
-        return {};
-    }
-    const int count = ::ToAscii(key, flags & scan_code_bits, state, &characters, 0);
+    const int count = ::ToAscii(key, flags & scan_code_bits, state.data(), &characters, 0);
     if (count <= 0) {
         return {};
     }
@@ -72,6 +71,20 @@ std::wstring ask_keyboard(UINT key, UINT flags, LanguageId language) {
                      reinterpret_cast<LPWSTR>(&code_page), sizeof(code_page) / sizeof(wchar_t));
     const char bytes[] = {static_cast<char>(LOBYTE(characters)), static_cast<char>(HIBYTE(characters))};
     return base::wide_from_bytes({bytes, static_cast<size_t>(std::min(count, 2))}, code_page);
+}
+
+std::wstring ask_keyboard(UINT key, UINT flags, LanguageId language) {
+    KeyboardState state{};
+    return ::GetKeyboardState(state.data()) != 0 ? ask_keyboard(key, flags, language, state) : std::wstring();
+}
+
+/// The punctuation key that carries a Hebrew letter, whatever code the system gives it; all others are what they are.
+UINT recognised_key(UINT key, UINT flags) {
+    if (key < VK_OEM_1) {
+        return key;
+    }
+    const std::wstring letter = ask_keyboard(key, flags, hebrew_language, KeyboardState{});
+    return letter.size() == 1 ? standard_key(key, letter.front()) : key;
 }
 
 }  // namespace
@@ -115,7 +128,12 @@ void CUGMultiEdit::TypeFirstCharacter(wchar_t character) {
 }
 
 void CUGMultiEdit::HandleKey(UINT key, UINT repeat, UINT flags) {
-    Perform(translate_key({key, flags}, held_modifiers(), language_, locked_), repeat, flags);
+    const UINT recognised = recognised_key(key, flags);
+    KeyAction action = translate_key({recognised, flags}, held_modifiers(), language_, locked_);
+    if (action.command == EditCommand::insert_from_keyboard && action.key == recognised) {
+        action.key = key;
+    }
+    Perform(action, repeat, flags);
 }
 
 void CUGMultiEdit::Perform(const KeyAction& action, UINT repeat, UINT flags) {
@@ -228,11 +246,7 @@ LRESULT CUGMultiEdit::OnReplaceSel(WPARAM, LPARAM text) {
         inserted.erase(std::remove(inserted.begin(), inserted.end(), L'\r'), inserted.end());
         std::replace(inserted.begin(), inserted.end(), L'\n', L' ');
     }
-    Edit([&inserted](TextEditing& editing) {
-        if (!editing.replace_selection(inserted)) {
-            ::MessageBeep(MB_OK);
-        }
-    });
+    ReplaceSelection(inserted);
     return 0;
 }
 
@@ -247,5 +261,5 @@ LRESULT CUGMultiEdit::OnUndo(WPARAM, LPARAM) {
 }
 
 LRESULT CUGMultiEdit::OnCanUndo(WPARAM, LPARAM) {
-    return editing_.modified() ? TRUE : FALSE;
+    return editing_.can_undo() ? TRUE : FALSE;
 }

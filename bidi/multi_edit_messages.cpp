@@ -14,6 +14,8 @@ BEGIN_MESSAGE_MAP(CUGMultiEdit, CEdit)
     ON_WM_LBUTTONUP()
     ON_WM_MOUSEMOVE()
     ON_WM_LBUTTONDBLCLK()
+    ON_WM_TIMER()
+    ON_WM_CAPTURECHANGED()
     ON_WM_ERASEBKGND()
     ON_WM_PAINT()
     ON_WM_GETDLGCODE()
@@ -46,6 +48,11 @@ BEGIN_MESSAGE_MAP(CUGMultiEdit, CEdit)
     ON_MESSAGE(EM_GETMODIFY, &ThisClass::OnGetModify)
     ON_MESSAGE(EM_SETMODIFY, &ThisClass::OnSetModify)
     ON_MESSAGE(EM_GETLINECOUNT, &ThisClass::OnGetLineCount)
+    ON_MESSAGE(EM_LINEFROMCHAR, &ThisClass::OnLineFromChar)
+    ON_MESSAGE(EM_LINEINDEX, &ThisClass::OnLineIndex)
+    ON_MESSAGE(EM_LINELENGTH, &ThisClass::OnLineLength)
+    ON_MESSAGE(EM_GETLINE, &ThisClass::OnGetLine)
+    ON_MESSAGE(EM_GETLIMITTEXT, &ThisClass::OnGetLimitText)
     ON_MESSAGE(EM_CHARFROMPOS, &ThisClass::OnCharFromPos)
     ON_MESSAGE(EM_POSFROMCHAR, &ThisClass::OnPosFromChar)
 END_MESSAGE_MAP()
@@ -107,6 +114,36 @@ LRESULT CUGMultiEdit::OnSetModify(WPARAM modified, LPARAM) {
 // An empty text has one line for the edit control's users.
 LRESULT CUGMultiEdit::OnGetLineCount(WPARAM, LPARAM) {
     return std::max(1, editing_.model().line_count());
+}
+
+// An index or line of -1 is the caret's.
+LRESULT CUGMultiEdit::OnLineFromChar(WPARAM index, LPARAM) {
+    const auto given = static_cast<int>(index);
+    return given < 0 ? editing_.caret_line() : editing_.model().logical_line_at(static_cast<size_t>(given));
+}
+
+LRESULT CUGMultiEdit::OnLineIndex(WPARAM line, LPARAM) {
+    const int given = static_cast<int>(line) < 0 ? editing_.caret_line() : static_cast<int>(line);
+    const bool there = given < std::max(1, editing_.model().line_count());
+    return there ? static_cast<LRESULT>(editing_.model().logical_line(given).start) : -1;
+}
+
+LRESULT CUGMultiEdit::OnLineLength(WPARAM index, LPARAM) {
+    const auto line = static_cast<int>(OnLineFromChar(index, 0));
+    return static_cast<LRESULT>(editing_.model().logical_line(line).length());
+}
+
+// The buffer's first word holds its size; the line is not terminated.
+LRESULT CUGMultiEdit::OnGetLine(WPARAM line, LPARAM buffer) {
+    const TextRange range = editing_.model().logical_line(static_cast<int>(line));
+    auto* target = reinterpret_cast<wchar_t*>(buffer);
+    const size_t copied = std::min<size_t>(range.length(), *reinterpret_cast<WORD*>(buffer));
+    std::copy_n(editing_.model().logical().begin() + static_cast<std::ptrdiff_t>(range.start), copied, target);
+    return static_cast<LRESULT>(copied);
+}
+
+LRESULT CUGMultiEdit::OnGetLimitText(WPARAM, LPARAM) {
+    return TextEditing::max_length;
 }
 
 LRESULT CUGMultiEdit::OnCharFromPos(WPARAM, LPARAM point) {

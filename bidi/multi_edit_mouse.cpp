@@ -1,4 +1,7 @@
 // The editor's mouse, focus and context menu.
+#include <algorithm>
+#include <optional>
+
 #include "bidi/clipboard_text.h"
 #include "bidi/multi_edit.h"
 
@@ -15,6 +18,21 @@ enum MenuCommand : UINT {
     menu_select_all,
     menu_right_to_left,
 };
+
+constexpr UINT_PTR drag_timer = 0x1D0C;
+constexpr UINT drag_interval = 50;  // milliseconds
+
+/// On which side of the window a point lies, if it lies outside; above and below only count where there are other
+/// lines.
+std::optional<Motion> direction_outside(const RECT& client, const POINT& point, bool several_lines) {
+    if (several_lines && (point.y < client.top || point.y >= client.bottom)) {
+        return point.y < client.top ? Motion::up : Motion::down;
+    }
+    if (point.x < client.left || point.x >= client.right) {
+        return point.x < client.left ? Motion::left : Motion::right;
+    }
+    return std::nullopt;
+}
 
 UINT enabled_if(bool enabled) {
     return MF_STRING | (enabled ? MF_ENABLED : MF_GRAYED);
@@ -40,8 +58,36 @@ void CUGMultiEdit::OnLButtonDown(UINT keys, CPoint point) {
 
 void CUGMultiEdit::OnMouseMove(UINT keys, CPoint point) {
     if (::GetCapture() == m_hWnd && (keys & MK_LBUTTON) != 0) {
-        const size_t gap = GapAt(point);
-        Edit([gap](TextEditing& editing) { editing.place_at_gap(gap, true); });
+        DragTo(point);
+    }
+}
+
+// While the pointer is outside, what is scrolled out on that side comes in step by step, whether or not it moves.
+void CUGMultiEdit::DragTo(CPoint point) {
+    RECT client{};
+    GetClientRect(&client);
+    const std::optional<Motion> direction = direction_outside(client, point, editing_.model().line_count() > 1);
+    const size_t gap = GapAt(point);
+    Edit([gap, &direction](TextEditing& editing) {
+        direction ? editing.drag_beyond(gap, *direction) : editing.place_at_gap(gap, true);
+    });
+    if (direction) {
+        SetTimer(drag_timer, drag_interval);
+    } else {
+        KillTimer(drag_timer);
+    }
+}
+
+void CUGMultiEdit::OnTimer(UINT_PTR timer) {
+    if (timer != drag_timer) {
+        CEdit::OnTimer(timer);
+    } else if (::GetCapture() == m_hWnd) {
+        CPoint point;
+        ::GetCursorPos(&point);
+        ScreenToClient(&point);
+        DragTo(point);
+    } else {
+        KillTimer(drag_timer);
     }
 }
 
@@ -51,12 +97,21 @@ void CUGMultiEdit::OnLButtonUp(UINT, CPoint) {
     }
 }
 
+void CUGMultiEdit::OnCaptureChanged(CWnd*) {
+    KillTimer(drag_timer);
+}
+
 void CUGMultiEdit::OnLButtonDblClk(UINT, CPoint point) {
+    const TextModel& model = editing_.model();
     const size_t gap = GapAt(point);
-    Edit([gap](TextEditing& editing) {
-        editing.place_at_gap(gap, false);
-        editing.select_word(editing.caret().index);
-    });
+    const TextRange line = model.visual_line(model.visual_line_at(gap));
+    if (line.empty()) {
+        return;
+    }
+    // A gap is counted from the other side in a right-to-left line, and there the character lies before it.
+    const size_t before = gap - (model.right_to_left() && gap > line.start ? 1 : 0);
+    const size_t index = model.map()[std::min(before, line.end - 1)];
+    Edit([index](TextEditing& editing) { editing.select_word(index); });
 }
 
 BOOL CUGMultiEdit::OnSetCursor(CWnd* window, UINT hit, UINT message) {
@@ -72,6 +127,7 @@ void CUGMultiEdit::OnSetFocus(CWnd*) {
     has_caret_ = true;
     UpdateCaret();
     ShowCaret();
+    NotifyParent(EN_SETFOCUS);
 }
 
 void CUGMultiEdit::OnKillFocus(CWnd*) {
@@ -80,6 +136,7 @@ void CUGMultiEdit::OnKillFocus(CWnd*) {
     if (::GetCapture() == m_hWnd) {
         ::ReleaseCapture();
     }
+    NotifyParent(EN_KILLFOCUS);
 }
 
 void CUGMultiEdit::OnShowWindow(BOOL show, UINT status) {
@@ -100,12 +157,12 @@ UINT CUGMultiEdit::OnGetDlgCode() {
     return DLGC_WANTALLKEYS | DLGC_WANTCHARS | DLGC_WANTARROWS | DLGC_HASSETSEL;
 }
 
-void CUGMultiEdit::OnContextMenu(CWnd*, CPoint point) {
+/// What a person chooses, 0 for nothing. The keyboard asks for the menu at -1, -1: it comes up at the caret.
+UINT CUGMultiEdit::AskContextMenu(CPoint point) {
     const bool selected = !editing_.selection().empty();
-    const bool right_to_left = editing_.model().right_to_left();
     CMenu menu;
     menu.CreatePopupMenu();
-    menu.AppendMenu(enabled_if(editing_.modified()), menu_undo, L"&Undo");
+    menu.AppendMenu(enabled_if(editing_.can_undo()), menu_undo, L"&Undo");
     menu.AppendMenu(MF_SEPARATOR);
     menu.AppendMenu(enabled_if(selected), menu_cut, L"Cu&t");
     menu.AppendMenu(enabled_if(selected), menu_copy, L"&Copy");
@@ -114,12 +171,18 @@ void CUGMultiEdit::OnContextMenu(CWnd*, CPoint point) {
     menu.AppendMenu(MF_SEPARATOR);
     menu.AppendMenu(enabled_if(!TypedText().empty()), menu_select_all, L"Select &All");
     menu.AppendMenu(MF_SEPARATOR);
-    menu.AppendMenu(MF_STRING | (right_to_left ? MF_CHECKED : 0U), menu_right_to_left, L"&Right to left Reading order");
+    menu.AppendMenu(MF_STRING | (editing_.model().right_to_left() ? MF_CHECKED : 0U), menu_right_to_left,
+                    L"&Right to left Reading order");
     if (point.x == -1 && point.y == -1) {
         point = GetCaretPos();
         ClientToScreen(&point);
     }
-    switch (menu.TrackPopupMenu(TPM_LEFTALIGN | TPM_RIGHTBUTTON | TPM_RETURNCMD, point.x, point.y, this)) {
+    return static_cast<UINT>(
+        menu.TrackPopupMenu(TPM_LEFTALIGN | TPM_RIGHTBUTTON | TPM_RETURNCMD, point.x, point.y, this));
+}
+
+void CUGMultiEdit::OnContextMenu(CWnd*, CPoint point) {
+    switch (AskContextMenu(point)) {
         case menu_undo:
             SendMessage(WM_UNDO);
             break;
@@ -139,7 +202,8 @@ void CUGMultiEdit::OnContextMenu(CWnd*, CPoint point) {
             SelectAll();
             break;
         case menu_right_to_left:
-            SetDirection(right_to_left ? ParagraphDirection::left_to_right : ParagraphDirection::right_to_left);
+            SetDirection(editing_.model().right_to_left() ? ParagraphDirection::left_to_right
+                                                          : ParagraphDirection::right_to_left);
             break;
         default:
             break;

@@ -22,55 +22,57 @@ BOOL CUGMultiEdit::OnEraseBkgnd(CDC*) {
 
 void CUGMultiEdit::OnPaint() {
     CPaintDC dc(this);
-    PaintText(dc);
+    PaintText(dc, dc.m_ps.rcPaint);
 }
 
 LRESULT CUGMultiEdit::OnPrintClient(WPARAM dc, LPARAM) {
-    PaintText(*CDC::FromHandle(reinterpret_cast<HDC>(dc)));
+    RECT client{};
+    GetClientRect(&client);
+    PaintText(*CDC::FromHandle(reinterpret_cast<HDC>(dc)), client);
     return 0;
 }
 
-void CUGMultiEdit::PaintText(CDC& screen) {
+void CUGMultiEdit::PaintText(CDC& screen, const RECT& part) {
     RECT client{};
     GetClientRect(&client);
-    const VisibleText visible = visible_text(editing_.model(), View());
+    const RowRange rows = rows_between(View(), part.top, part.bottom);
+    const TextView view = rows_of_view(View(), rows.first, rows.count);
     OffScreen picture(screen, client.right, client.bottom, ::GetSysColor(COLOR_WINDOW));
-    DrawVisibleText(picture.dc(), visible, ::GetSysColor(COLOR_WINDOWTEXT));
-    if (!editing_.selection().empty()) {
-        PaintSelection(screen, picture.dc(), visible);
+    if (rows.count > 0) {
+        const VisibleText visible = visible_text(editing_.model(), view, editing_.selection());
+        DrawVisibleText(picture.dc(), view, visible, ::GetSysColor(COLOR_WINDOWTEXT));
+        if (std::find(visible.selected.begin(), visible.selected.end(), true) != visible.selected.end()) {
+            PaintSelection(screen, picture.dc(), view, visible);
+        }
     }
-    screen.BitBlt(0, 0, client.right, client.bottom, &picture.dc(), 0, 0, SRCCOPY);
+    const int width = part.right - part.left;
+    screen.BitBlt(part.left, part.top, width, part.bottom - part.top, &picture.dc(), part.left, part.top, SRCCOPY);
 }
 
-void CUGMultiEdit::DrawVisibleText(CDC& picture, const VisibleText& visible, COLORREF color) {
+void CUGMultiEdit::DrawVisibleText(CDC& picture, const TextView& view, const VisibleText& visible, COLORREF color) {
     const HGDIOBJ former = ::SelectObject(picture.m_hDC, font_);
     picture.SetBkMode(TRANSPARENT);
     picture.SetTextColor(color);
     const int left_to_right = editing_.model().right_to_left() ? 0 : 1;
-    DrawBidiText(picture.m_hDC, visible.text.c_str(), inner_rect(View()), nullptr, nullptr, alignment_, left_to_right,
-                 0);
+    DrawBidiText(picture.m_hDC, visible.text.c_str(), inner_rect(view), nullptr, nullptr, alignment_, left_to_right, 0);
     ::SelectObject(picture.m_hDC, former);
 }
 
-// The whole text is painted a second time in the highlight's colours, and of that the selected characters are taken.
-void CUGMultiEdit::PaintSelection(CDC& screen, CDC& picture, const VisibleText& visible) {
+// The text is painted a second time in the highlight's colours, and of that the selected characters are taken.
+void CUGMultiEdit::PaintSelection(CDC& screen, CDC& picture, const TextView& view, const VisibleText& visible) {
     RECT client{};
     GetClientRect(&client);
     OffScreen highlighted(screen, client.right, client.bottom, ::GetSysColor(COLOR_HIGHLIGHT));
-    DrawVisibleText(highlighted.dc(), visible, ::GetSysColor(COLOR_HIGHLIGHTTEXT));
+    DrawVisibleText(highlighted.dc(), view, visible, ::GetSysColor(COLOR_HIGHLIGHTTEXT));
 
-    const TextModel& model = editing_.model();
     const TextPositions positions = Measure()(visible.text);
-    const TextView view = View();
-    const auto layout =
-        lay_out_text(visible.text, positions, view.client, line_height_, alignment_, !model.right_to_left());
+    const bool left_to_right = !editing_.model().right_to_left();
+    const auto layout = lay_out_text(visible.text, positions, view.client, line_height_, alignment_, left_to_right);
     if (!layout) {
         return;
     }
-    const TextRange selection = editing_.selection();
     for (const PlacedCharacter& character : layout->characters) {
-        const size_t typed = model.map()[visible.indexes[character.index]];
-        if (typed >= selection.start && typed < selection.end) {
+        if (visible.selected[character.index]) {
             const int width = static_cast<int>(positions[character.index + 1] - positions[character.index]);
             picture.BitBlt(character.x, character.y, width, line_height_, &highlighted.dc(), character.x, character.y,
                            SRCCOPY);

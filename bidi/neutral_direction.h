@@ -20,16 +20,6 @@ constexpr BidiType LevelDirection(Level level, bool left_to_right) {
     return is_right_to_left(level) == left_to_right ? BidiType::right_to_left : BidiType::left_to_right;
 }
 
-/// What matters of a neutral character.
-enum class NeutralKind : std::uint8_t { other, bracket, space, separator };
-
-constexpr NeutralKind neutral_kind(wchar_t character) {
-    if (IsNeutralSeparator(character)) {
-        return IsNeutralSeparatorNoSpace(character) ? NeutralKind::separator : NeutralKind::space;
-    }
-    return IsMirrorChar(character) ? NeutralKind::bracket : NeutralKind::other;
-}
-
 /// The strong types around a run of neutrals; not_applicable at the end of the line.
 struct StrongNeighbours {
     BidiType previous;

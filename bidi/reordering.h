@@ -9,7 +9,6 @@
 #include <string_view>
 #include <vector>
 
-#include "bidi/level_rules.h"
 #include "bidi/visual_order.h"
 
 namespace corvanes {
@@ -38,15 +37,18 @@ class Reordering {
     void reorder(std::wstring_view text, wchar_t* visual, std::uint32_t* map, bool left_to_right,
                  Level level_offset = 0);
 
-    /// The level runs of the last line, in logical order.
-    const std::vector<LevelRun>& level_runs() const { return order_.logical_runs(); }
+    /// The same for a text of several lines, each of which is reordered by itself: no character leaves its line, and
+    /// the line feeds stay where they are.
+    void reorder_lines(std::wstring_view text, wchar_t* visual, std::uint32_t* map, bool left_to_right);
+
+    /// The level runs of the last line or lines, in logical order.
+    const std::vector<LevelRun>& level_runs() const { return runs_; }
 
   private:
     const CharacterTypes& character_types_;
-    std::vector<std::uint32_t> starts_;
-    std::vector<BidiType> types_;
-    std::vector<BidiType> next_strong_;
-    std::vector<Level> levels_;
+    LevelRules rules_;
+    std::vector<LevelRun> runs_;
+    std::vector<LevelRun> runs_of_lines_;
     VisualOrder order_;
 };
 
@@ -54,8 +56,11 @@ class Reordering {
 /// 1, or 0 with everything untouched when the system cannot classify characters or memory runs out.
 int LogicalToVisual(const wchar_t* text, size_t length, wchar_t* visual, std::uint32_t* map, int left_to_right);
 
-/// As LogicalToVisual, under the name by which the painter calls it.
+/// As LogicalToVisual, under its second name.
 int LogicalToVisualLine(const wchar_t* text, size_t length, wchar_t* visual, std::uint32_t* map, int left_to_right);
+
+/// As LogicalToVisual, for each line of a text by itself.
+int LinesToVisual(const wchar_t* text, size_t length, wchar_t* visual, std::uint32_t* map, int left_to_right);
 
 /// As LogicalToVisual, with every level one higher when the runs are reversed.
 int LogicalToVisualRaised(const wchar_t* text, size_t length, wchar_t* visual, std::uint32_t* map, int left_to_right);

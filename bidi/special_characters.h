@@ -1,6 +1,8 @@
 // The characters that the reordering treats by themselves: mirrored brackets, and separators that lean on a neighbour.
 #pragma once
 
+#include <cstdint>
+
 namespace corvanes {
 
 /// The bracket that closes or opens what this one opens or closes; any other character itself.
@@ -53,6 +55,16 @@ constexpr bool IsNeutralSeparatorNoSpace(wchar_t character) {
 /// The same set and the space.
 constexpr bool IsNeutralSeparator(wchar_t character) {
     return character == L' ' || IsNeutralSeparatorNoSpace(character);
+}
+
+/// What matters of a character where it is a neutral.
+enum class NeutralKind : std::uint8_t { other, bracket, space, separator };
+
+constexpr NeutralKind neutral_kind(wchar_t character) {
+    if (IsNeutralSeparator(character)) {
+        return IsNeutralSeparatorNoSpace(character) ? NeutralKind::separator : NeutralKind::space;
+    }
+    return IsMirrorChar(character) ? NeutralKind::bracket : NeutralKind::other;
 }
 
 }  // namespace corvanes

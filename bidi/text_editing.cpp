@@ -73,6 +73,7 @@ bool TextEditing::insert(std::wstring_view text) {
 }
 
 bool TextEditing::replace_selection(std::wstring_view text) {
+    remembered_column_.reset();
     const std::wstring inserted = with_line_feeds(text);
     const TextRange range = selection();
     if (model_.logical().size() - range.length() + inserted.size() > max_length) {
@@ -108,11 +109,9 @@ void TextEditing::move(Motion motion, bool extend) {
     const TextRange line = model_.logical_line(caret_line());
     switch (motion) {
         case Motion::left:
-        case Motion::right: {
+        case Motion::right:
             // In a right-to-left text painted positions are counted from the right edge.
-            const bool forward = (motion == Motion::right) != model_.right_to_left();
-            return put_caret(step_caret(model_, caret_, forward), extend);
-        }
+            return step((motion == Motion::right) != model_.right_to_left(), extend);
         case Motion::up:
             return move_by_row(-1, extend);
         case Motion::down:
@@ -128,13 +127,38 @@ void TextEditing::move(Motion motion, bool extend) {
     }
 }
 
+// Where two directions meet, a gap is at two typed places. A selection begins at the one beside the character that it
+// takes first.
+void TextEditing::step(bool forward, bool extend) {
+    const VisualCaret to = step_caret(model_, caret_, forward);
+    if (extend && selection().empty() && to.gap != caret_.gap) {
+        anchor_ = step_caret(model_, to, !forward).index;
+    }
+    put_caret(to, extend);
+}
+
 void TextEditing::place_at_gap(size_t gap, bool extend) {
     put_caret(caret_at_gap(model_, gap), extend);
 }
 
+void TextEditing::drag_beyond(size_t gap, Motion direction) {
+    place_at_gap(gap, true);
+    const VisualCaret edge = caret_;
+    move(direction, true);
+    const bool sideways = direction == Motion::left || direction == Motion::right;
+    if (sideways && model_.visual_line_at(caret_.gap) != model_.visual_line_at(edge.gap)) {
+        put_caret(edge, true);
+    }
+}
+
 void TextEditing::select(size_t anchor, size_t end) {
-    anchor_ = std::min(anchor, model_.logical().size());
-    put_caret(caret_at_index(model_, end), true);
+    const std::wstring& text = model_.logical();
+    const auto held = [&text](size_t index) {
+        index = std::min(index, text.size());
+        return splits_pair(text, index) ? index - 1 : index;
+    };
+    anchor_ = held(anchor);
+    put_caret(caret_at_index(model_, held(end)), true);
 }
 
 void TextEditing::select_word(size_t index) {

@@ -42,12 +42,17 @@ class TextEditing {
     void delete_before();
     void delete_after();
     void undo();
+    /// Whether undoing would change anything.
+    bool can_undo() const { return !undo_.empty() || model_.logical() != initial_text_; }
 
     /// With `extend` the selection follows the caret, else it is given up.
     void move(Motion motion, bool extend);
     /// The caret at a gap of the painted text.
     void place_at_gap(size_t gap, bool extend);
-    /// Both ends are held within the text; the caret goes to `end`.
+    /// The selection follows the caret to a gap, and by one step further in a direction as long as that stays on the
+    /// line, or changes to another line.
+    void drag_beyond(size_t gap, Motion direction);
+    /// Both ends are held within the text and before a surrogate pair that they would split; the caret goes to `end`.
     void select(size_t anchor, size_t end);
     /// The run of letters and digits, of separators or of blanks around a typed position.
     void select_word(size_t index);
@@ -56,6 +61,7 @@ class TextEditing {
     void erase(TextRange range);
     void replace(TextRange range, std::wstring_view text);
     void put_caret(const VisualCaret& caret, bool extend);
+    void step(bool forward, bool extend);
     void move_by_row(int rows, bool extend);
     size_t deletion_end(size_t index, bool forward) const;
 

@@ -149,23 +149,49 @@ ScrollPlace scroll_to_caret(const TextModel& model, const TextView& view, const 
     return {static_cast<int>(first), std::clamp(view.first_visible_line, lowest_first, row)};
 }
 
-VisibleText visible_text(const TextModel& model, const TextView& view) {
+bool operator==(const VisibleText& left, const VisibleText& right) {
+    return left.text == right.text && left.selected == right.selected;
+}
+
+VisibleText visible_text(const TextModel& model, const TextView& view, TextRange selection) {
     VisibleText visible;
+    if (view.first_visible_line >= model.line_count()) {
+        return visible;
+    }
+    const auto is_selected = [&](size_t painted) {
+        const size_t typed = model.map()[painted];
+        return typed >= selection.start && typed < selection.end;
+    };
     const int last_row = std::min(view.first_visible_line + visible_line_count(view), model.line_count()) - 1;
-    const int top = model.line_of_row(view.first_visible_line);
-    const int bottom = model.line_of_row(std::max(last_row, view.first_visible_line));
-    for (int line = std::max(0, std::min(top, bottom)); line <= std::max(top, bottom); ++line) {
-        if (line > std::min(top, bottom)) {
+    const auto [first, last] = std::minmax({model.line_of_row(view.first_visible_line), model.line_of_row(last_row)});
+    for (int line = first; line <= last; ++line) {
+        if (line > first) {
             visible.text.push_back(L'\n');
-            visible.indexes.push_back(model.visual_line(line).start - 1);
+            visible.selected.push_back(is_selected(model.visual_line(line).start - 1));
         }
         const ViewLine shown = view_line(model, view, line);
         visible.text += shown.text;
         for (size_t i = shown.shown.start; i < shown.shown.end; ++i) {
-            visible.indexes.push_back(i);
+            visible.selected.push_back(is_selected(i));
         }
     }
     return visible;
+}
+
+TextView rows_of_view(const TextView& view, int first, int count) {
+    TextView rows = view;
+    rows.first_visible_line += first;
+    rows.client.top += first * view.line_height;
+    rows.client.bottom = std::min(view.client.bottom, rows.client.top + count * view.line_height);
+    return rows;
+}
+
+RowRange rows_between(const TextView& view, int top, int bottom) {
+    const int text_top = block_top(view.client, 0, 0);
+    const int rows = visible_line_count(view);
+    const int first = std::clamp((top - text_top) / view.line_height, 0, rows);
+    const int end = std::clamp((bottom - text_top + view.line_height - 1) / view.line_height, first, rows);
+    return {first, end - first};
 }
 
 int visible_line_count(const TextView& view) {

@@ -91,12 +91,23 @@ struct ScrollPlace {
 ScrollPlace scroll_to_caret(const TextModel& model, const TextView& view, const MeasureText& measure, size_t gap);
 
 /// The painted lines that show, as one text, without the columns that are scrolled out; and for each of its characters,
-/// its index in the visual text.
+/// whether it is in the selected part of the typed text.
 struct VisibleText {
     std::wstring text;
-    std::vector<size_t> indexes;
+    std::vector<bool> selected;
 };
-VisibleText visible_text(const TextModel& model, const TextView& view);
+bool operator==(const VisibleText& left, const VisibleText& right);
+VisibleText visible_text(const TextModel& model, const TextView& view, TextRange selection);
+
+/// The part of a view that shows some of its rows. Only for texts that are aligned to the top.
+TextView rows_of_view(const TextView& view, int first, int count);
+
+/// The rows of a view of which some pixel lies between two heights.
+struct RowRange {
+    int first;
+    int count;
+};
+RowRange rows_between(const TextView& view, int top, int bottom);
 
 /// How many whole lines fit into the view.
 int visible_line_count(const TextView& view);

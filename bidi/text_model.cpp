@@ -101,7 +101,7 @@ int SyncText(TextModel& model, int from_logical) {
         Reordering reordering(*types);
         std::wstring result(length, L'\0');
         std::vector<std::uint32_t> map(length + 1);
-        reordering.reorder(source, result.data(), map.data(), !model.right_to_left_);
+        reordering.reorder_lines(source, result.data(), map.data(), !model.right_to_left_);
         std::vector<std::uint32_t> inverse(length);
         for (std::uint32_t v = 0; v < length; ++v) {
             inverse[map[v]] = v;
@@ -117,13 +117,16 @@ int SyncText(TextModel& model, int from_logical) {
     return 1;
 }
 
-bool splits_pair(std::wstring_view text, size_t position) {
-    if (position == 0 || position >= text.size()) {
+bool TextModel::splits_painted_pair(size_t gap) const {
+    if (gap == 0 || gap >= visual_.size()) {
         return false;
     }
-    const wchar_t before = text[position - 1];
-    const wchar_t after = text[position];
-    return (is_high_half(before) && is_low_half(after)) || (is_low_half(before) && is_high_half(after));
+    const auto [first, last] = std::minmax({map_[gap - 1], map_[gap]});
+    return last - first == 1 && splits_pair(logical_, last);
+}
+
+bool splits_pair(std::wstring_view text, size_t position) {
+    return position > 0 && position < text.size() && is_high_half(text[position - 1]) && is_low_half(text[position]);
 }
 
 }  // namespace corvanes

@@ -27,9 +27,8 @@ struct TextRange {
     bool empty() const { return start == end; }
 };
 
-/// The whole text is reordered at once, its line feeds included, and the painted lines are what stands between the line
-/// feeds of the result. In a right-to-left text each painted line runs from the right edge, and the lines are painted
-/// from the bottom: the first one is the lowest.
+/// Each line is reordered by itself, so that painted line n is typed line n in its other order. In a right-to-left text
+/// each painted line runs from the right edge, and the lines are painted from the bottom: the first one is the lowest.
 class TextModel {
   public:
     TextModel();
@@ -51,6 +50,9 @@ class TextModel {
     /// Whether a typed character runs the way the painted text is counted (from the left edge in a left-to-right text,
     /// from the right edge otherwise).
     bool runs_forward(size_t logical_index) const;
+
+    /// Whether a gap between two painted characters falls inside a surrogate pair, which may stand backwards.
+    bool splits_painted_pair(size_t gap) const;
 
     /// 0 for an empty text.
     int line_count() const { return line_count_; }
@@ -77,8 +79,7 @@ class TextModel {
 /// same operation, and in both cases the map. Returns 1, or 0 when the reordering failed.
 int SyncText(TextModel& model, int from_logical);
 
-/// Whether a position between two characters falls inside a surrogate pair, in either order of its halves (a painted
-/// pair may stand backwards).
+/// Whether a position between two characters of a typed text falls inside a surrogate pair.
 bool splits_pair(std::wstring_view text, size_t position);
 
 }  // namespace corvanes

@@ -15,6 +15,7 @@ class UndoRing {
     /// The text before, or null when nothing has been saved since the last clear.
     const std::wstring* take();
     void clear();
+    bool empty() const { return last_saved_ < 0; }
 
   private:
     static constexpr int slot_count = 10;

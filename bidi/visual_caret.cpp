@@ -42,7 +42,7 @@ VisualCaret caret_at_index(const TextModel& model, size_t index) {
 VisualCaret caret_at_gap(const TextModel& model, size_t gap) {
     const std::wstring& text = model.visual();
     gap = std::min(gap, text.size());
-    gap -= splits_pair(text, gap) ? 1 : 0;
+    gap -= model.splits_painted_pair(gap) ? 1 : 0;
     const bool character_before = gap > 0 && text[gap - 1] != L'\n';
     const bool character_after = gap < text.size() && text[gap] != L'\n';
     if (character_before || (!character_after && gap > 0)) {
@@ -59,7 +59,7 @@ VisualCaret step_caret(const TextModel& model, const VisualCaret& caret, bool fo
             return caret;
         }
         gap += forward ? 1 : -1;
-    } while (splits_pair(text, gap));
+    } while (model.splits_painted_pair(gap));
     return {forward ? index_behind(model, gap - 1) : index_before(model, gap), gap};
 }
 

@@ -216,4 +216,18 @@ TEST(KeyTranslation, Keypad) {
 }
 
 }  // namespace
+TEST(StandardKey, RecognisesThePunctuationKeysByTheirLetters) {
+    const struct {
+        unsigned key;
+        wchar_t letter;
+        unsigned standard;
+    } cases[] = {
+        {223, 0x05EA, 188}, {225, 0x05E5, 190}, {192, 0x05E3, 186}, {188, 0x05EA, 188},
+        {192, L';', 192},   {191, L'.', 191},   {222, L',', 222},   {'A', 0x05E9, 'A'},
+    };
+    for (const auto& item : cases) {
+        EXPECT_EQ(corvanes::standard_key(item.key, item.letter), item.standard) << item.key;
+    }
+}
+
 }  // namespace corvanes

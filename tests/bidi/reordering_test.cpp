@@ -8,6 +8,7 @@
 #include "bidi/code_page_1255_types.h"
 #include "bidi/system_character_types.h"
 #include "base/code_page.h"
+#include "tests/bidi/all_types.h"
 #include "tests/bidi/capital_hebrew.h"
 #include "tests/bidi/plain_reordering.h"
 
@@ -65,6 +66,11 @@ TEST(Reordering, LeftToRightLines) {
             {L"AB ", L" BA", "111: a space takes its only neighbour"},
             {L"AB\nCD", L"DC\nBA", "11111: a line feed is a neutral"},
             {L"ab\ncd", L"ab\ncd", "00000"},
+            {L"Ac\x01"
+             L"dB",
+             L"cA\x01"
+             L"dB",
+             "12001: back at the base level, d no longer turns over with the Hebrew"},
             {L"A\u05B0B", L"B\u05B0A", "111: a vowel point is a neutral"},
             {L"A\u4E2DB x\u4E2Dy", L"B\u4E2DA x\u4E2Dy", "111 0 000: so is a character that the code page lacks"},
         },
@@ -99,8 +105,127 @@ TEST(Reordering, RightToLeftLines) {
              L"AB",
              "11011: no type, level 0"},
             {L"\x01", L"\x01", "0"},
+            {L"aB\x01"
+             L"Cd",
+             L"Cd\x01"
+             L"Ba",
+             "23012: back at the base level"},
         },
         false);
+}
+
+/// Capitals are Hebrew letters, 1 a European and % an Arabic number, + and $ are separators and terminators of numbers,
+/// and ^ is a character without a type.
+std::string levels_of(std::string_view characters, bool left_to_right) {
+    static const CharacterTypes types = all_types();
+    std::wstring text;
+    for (const char character : characters) {
+        const bool letter = character >= 'A' && character <= 'Z';
+        text.push_back(character == '^' ? L'\x0E'
+                                        : static_cast<wchar_t>(letter ? 0xE0 + (character - 'A') : character));
+    }
+    Reordering reordering(types);
+    std::wstring visual(text.size(), L'?');
+    reordering.reorder(text, visual.data(), nullptr, left_to_right);
+    std::string levels;
+    for (const LevelRun& run : reordering.level_runs()) {
+        levels.append(run.length, static_cast<char>('0' + run.level));
+    }
+    return levels;
+}
+
+TEST(Reordering, LevelsByEachRule) {
+    struct Row {
+        const char* characters;
+        const char* left_to_right;
+        const char* right_to_left;
+    };
+    const Row rows[] = {
+        // The first strong run keeps the base level, the other direction stands one higher; then all go up that run
+        // against their level.
+        {"", "", ""},
+        {"a", "0", "2"},
+        {"A", "1", "1"},
+        {"aAaA", "0101", "2323"},
+        {"AaAa", "1212", "1212"},
+        // Without a type: level 0, and the base level for the direction that went on.
+        {"^", "0", "0"},
+        {"a^A", "001", "203"},
+        {"aA^Aa", "01010", "23012"},
+        {"Aa^aA", "12001", "12021"},
+        // A separator between two numbers of a kind joins them; no other does.
+        {"A1+1A", "10001", "12221"},
+        {"A1,1A", "10001", "12221"},
+        {"A%,%A", "12221", "12221"},
+        {"A1+A", "1001", "1221"},
+        {"A+1A", "1001", "1221"},
+        {"A1,A", "1001", "1211"},
+        {"A%+%A", "12121", "12121"},
+        {"A%,1A", "12001", "12121"},
+        // Terminators go with a number on either side.
+        {"A$$1A", "10001", "12221"},
+        {"A1$$A", "10001", "12221"},
+        {"$1", "00", "22"},
+        {"A$A", "111", "111"},
+        {"a$A", "001", "223"},
+        // So do neutrals with numbers on both sides.
+        {"A1 1A", "10001", "12221"},
+        {"A1 \t!1A", "1000001", "1222221"},
+        {"A1 A", "1001", "1211"},
+        {"A1!A", "1001", "1221"},
+        // Arabic numbers stand two above an even level, and are no neighbour for neutrals.
+        {"A %A", "1121", "1121"},
+        {"a %A", "0021", "2123"},
+        {"% a", "200", "222"},
+        // Between like directions.
+        {"A*A", "111", "111"},
+        {"A(A", "111", "111"},
+        {"A!A", "111", "111"},
+        {"a(a", "000", "222"},
+        // Between unlike ones.
+        {"a*A", "001", "213"},
+        {"a(A", "001", "213"},
+        {"a!A", "001", "223"},
+        {"A*a", "102", "112"},
+        {"A(a", "102", "112"},
+        {"A!a", "102", "122"},
+        // With one neighbour.
+        {" A", "11", "11"},
+        {"*A", "01", "21"},
+        {"(A", "01", "11"},
+        {"!A", "01", "21"},
+        {"A ", "11", "11"},
+        {"A*", "10", "12"},
+        {"A(", "10", "11"},
+        {"A!", "10", "12"},
+        {"a ", "00", "22"},
+        {"a(", "00", "21"},
+        // With none.
+        {" ", "0", "2"},
+        {"*", "0", "2"},
+        {"(", "0", "1"},
+        {"!", "0", "2"},
+        // What is left of a character without a type counts as resolved, what is right of it does not yet.
+        {"a^ A", "0001", "2013"},
+        {"A ^ ", "1101", "1101"},
+        {"A!^ ", "1000", "1202"},
+        {" ^ ", "000", "202"},
+        {"*^ A", "0001", "2011"},
+        {"%^ a", "2000", "2022"},
+    };
+    for (const Row& row : rows) {
+        EXPECT_EQ(levels_of(row.characters, true), row.left_to_right) << row.characters;
+        EXPECT_EQ(levels_of(row.characters, false), row.right_to_left) << row.characters;
+    }
+    for (const char separator : std::string_view(" ./;,\"*@`~")) {
+        EXPECT_EQ(levels_of(std::string{'a', separator, 'A'}, false), "213") << separator;
+    }
+    for (const char bracket : std::string_view("()[]{}<>")) {
+        EXPECT_EQ(levels_of(std::string{'a', bracket, 'A'}, false), "213") << bracket;
+    }
+    for (const char other : std::string_view("!:'+-_#$&=?\\|\n\t")) {
+        EXPECT_EQ(levels_of(std::string{'a', other, 'A'}, false), "223") << other;
+    }
 }
 
 TEST(Reordering, MapsTellWhereEachCharacterCameFrom) {
@@ -133,18 +258,6 @@ TEST(Reordering, ByGivenLevels) {
     EXPECT_EQ(visual, L")ba(");
 }
 
-/// Types that no code page of ours has all of: a letter of each kind stands for it.
-CharacterTypes all_types() {
-    ByteTypes types{};
-    ByteCharacters characters{};
-    for (unsigned byte = 0; byte < types.size(); ++byte) {
-        characters[byte] = static_cast<wchar_t>(byte);
-        types[byte] = byte < 12 ? static_cast<BidiType>(byte) : code_page_1255_types()[byte];
-    }
-    types['%'] = BidiType::arabic_number;
-    return {types, characters};
-}
-
 std::wstring random_line(std::mt19937& random, std::wstring_view alphabet, size_t length) {
     std::wstring line;
     while (line.size() < length) {
@@ -162,7 +275,9 @@ TEST(Reordering, EqualsTheRulesWrittenOutOnRandomLines) {
     for (int round = 0; round < 6000; ++round) {
         const CharacterTypes& types = round % 2 != 0 ? with_all_types : *system_character_types();
         const bool left_to_right = round % 4 < 2;
-        const size_t length = round < 5990 ? random() % 40 : 5000 - random() % 9;
+        // The rules look at 64 characters at once: runs have to cross that border, and lines to end at it.
+        const size_t lengths[] = {random() % 40, 60 + random() % 10, 120 + random() % 80};
+        const size_t length = round < 5990 ? lengths[round / 4 % 3] : 5000 - random() % 9;
         const std::wstring text = random_line(random, round % 2 != 0 ? codes : ours, length);
         const PlainLine plain = PlainReordering(types, text, left_to_right).reorder();
         Reordering reordering(types);

@@ -58,6 +58,15 @@ TEST(TextModel, KeepsBothOrders) {
     EXPECT_EQ(capitals(model.visual()), L"ba CD");
     EXPECT_TRUE(model.set_visual(hebrew(L"AB ml")));
     EXPECT_EQ(capitals(model.logical()), L"AB lm");
+    // No character of a line gets into another one, whatever they hold.
+    model.set_logical(hebrew(L"AB 1\ncd\nEF"));
+    EXPECT_EQ(capitals(model.visual()), L"AB 1\ndc\nEF");
+    EXPECT_TRUE(model.set_right_to_left(false));
+    EXPECT_EQ(capitals(model.visual()), L"BA 1\ncd\nFE");
+    EXPECT_THAT(model.map(), testing::ElementsAre(1, 0, 2, 3, 4, 5, 6, 7, 9, 8, 10));
+    EXPECT_TRUE(model.set_visual(model.visual()));
+    EXPECT_EQ(capitals(model.logical()), L"AB 1\ncd\nEF");
+    model.set_right_to_left(true);
     model.set_logical(hebrew(L"AB\n\nC"));
     EXPECT_EQ(model.line_count(), 3);
     EXPECT_EQ(model.line_of_row(0), 2);
@@ -122,6 +131,41 @@ TEST(TextEditing, DeletesSelectionsCharactersAndPairs) {
     editing.move(Motion::left, false);
     editing.delete_after();
     EXPECT_EQ(text_of(editing), L"az");
+}
+
+TEST(TextEditing, PairAfterPair) {
+    const std::wstring faces = L"\xD83D\xDE00\xD83D\xDE01";
+    for (const bool right_to_left : {false, true}) {
+        // Between Hebrew letters the pairs are painted backwards.
+        TextEditing editing = editor_with(L"A" + faces + L"B", right_to_left);
+        editing.place_at_gap(0, false);
+        std::vector<size_t> gaps;
+        for (int i = 0; i < 4; ++i) {
+            editing.move(right_to_left ? Motion::left : Motion::right, false);
+            gaps.push_back(editing.caret().gap);
+        }
+        EXPECT_THAT(gaps, testing::ElementsAre(1, 3, 5, 6));
+        editing.select(4, 2);
+        EXPECT_EQ(std::pair(editing.selection().start, editing.selection().end), std::pair(size_t{1}, size_t{3}));
+        editing.select(5, 5);
+        editing.delete_before();
+        EXPECT_EQ(text_of(editing),
+                  L"A\xD83D\xDE00"
+                  L"B");
+    }
+}
+
+TEST(TextEditing, SelectsWhatTheCaretPasses) {
+    TextEditing editing = editor_with(L"AB 12.5 CD", true);
+    // From the left end: over the two letters and the blank, then from the left side of the number on.
+    editing.move(Motion::line_end, false);
+    for (int i = 0; i < 3; ++i) {
+        editing.move(Motion::right, false);
+    }
+    for (const wchar_t* expected : {L"1", L"12", L"12."}) {
+        editing.move(Motion::right, true);
+        EXPECT_EQ(editing.selected_text(), expected);
+    }
 }
 
 TEST(TextEditing, LinesAndColumns) {

@@ -124,13 +124,30 @@ TEST(HitTesting, RightToLeft) {
 }
 
 TEST(VisibleText, IsMirroredInRightToLeftTexts) {
+    const auto text_of = [](const View& shown) { return capitals(visible_text(shown.model, shown.view, {}).text); };
     const View left(L"ab\ncd\nef", false, 1, 1);
-    EXPECT_EQ(visible_text(left.model, left.view).text, L"d\nf");
-    EXPECT_THAT(visible_text(left.model, left.view).indexes, testing::ElementsAre(4, 5, 7));
-    const View right(L"AB\nCD\nEF", true);
-    EXPECT_EQ(capitals(visible_text(right.model, right.view).text), L"CD\nEF") << "the last line is on top";
-    const View empty(L"", true);
-    EXPECT_EQ(visible_text(empty.model, empty.view).text, L"");
+    EXPECT_EQ(text_of(left), L"d\nf");
+    EXPECT_THAT(visible_text(left.model, left.view, {5, 8}).selected, testing::ElementsAre(false, true, true));
+    EXPECT_EQ(text_of(View(L"AB\nCD\nEF", true)), L"CD\nEF") << "the last line is on top";
+    EXPECT_EQ(text_of(View(L"", true)), L"");
+    EXPECT_EQ(text_of(View(L"ab", false, 0, 1)), L"") << "scrolled past the end";
+}
+
+TEST(VisibleText, OfSomeRows) {
+    const View shown(L"AB\nCD\nEF", true);
+    const TextView second = rows_of_view(shown.view, 1, 1);
+    EXPECT_EQ(capitals(visible_text(shown.model, second, {}).text), L"CD");
+    EXPECT_EQ(std::pair(second.client.top, second.client.bottom), Pair(12, 24));
+    // Two rows of twelve pixels from 1 on.
+    const Pair heights[] = {{0, 30}, {0, 1}, {13, 14}, {12, 14}, {25, 30}, {14, 100}};
+    const Pair expected[] = {{0, 2}, {0, 0}, {1, 1}, {0, 2}, {2, 0}, {1, 1}};
+    for (size_t i = 0; i < std::size(heights); ++i) {
+        const RowRange rows = rows_between(shown.view, heights[i].first, heights[i].second);
+        EXPECT_EQ(Pair(rows.first, rows.count), expected[i]) << heights[i].first;
+    }
+    View low(L"AB", true);
+    low.view.client.bottom = 11;
+    EXPECT_EQ(rows_of_view(low.view, 0, 1).client.height(), 11) << "a row that does not fit is not made to fit";
 }
 
 }  // namespace

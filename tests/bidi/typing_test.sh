@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Types into the editor through the X server, with the Hebrew keyboard, as a person does, and compares all that the editor
-# tells its owner. usage: typing_test.sh TYPING_WINDOW.exe
+# tells its owner. usage: typing_test.sh TYPING_WINDOW.exe   ($PICTURES: a folder for a picture after each step)
 set -euo pipefail
 tools=$(cd "$(dirname "$0")/../../tools" && pwd)
 if [ -z "${CORVANES_SESSION:-}" ]; then exec "$tools/session" "$0" "$@"; fi
@@ -19,15 +19,32 @@ for _ in $(seq 200); do
 done
 
 # Keycodes of the keys by their American names.
-a=38 s=39 n1=10 n2=11 n5=14 slash=61 x=53 v=55 z=52
-xdotool key $a $s $n1 $n2 $slash $n5 $a                                  # a number inside Hebrew
-xdotool keydown shift key Right Right keyup shift key ctrl+$x ctrl+$v    # the last characters out and in again
-xdotool key ctrl+$z ctrl+$z                                              # back by two texts
-xdotool keydown Control_L key Shift_L keyup Control_L key $a shift+$a    # English, at the left
-xdotool key Caps_Lock $a $n1 Caps_Lock
-xdotool keydown Alt_L key Shift_L keyup Alt_L key $a                     # Hebrew again
-xdotool key 87 83 Num_Lock 87 83 Num_Lock                                # End and Left, then 1 and 4
-xdotool keydown Control_R key Shift_R keyup Control_R key Return $s Escape
+a=38 s=39 n1=10 n2=11 n5=14 slash=61 x=53 v=55 z=52 comma=59 full_stop=60 semicolon=47
+
+# Presses keys as xdotool is told to.
+step=0
+press() {
+    xdotool key --delay 12 "$@"
+    if [ -n "${PICTURES:-}" ]; then
+        step=$((step + 1))
+        xdotool sleep 0.3
+        import -window root -crop 420x60+0+0 +repage "$PICTURES/typing_$(printf %02d $step).png"
+    fi
+}
+press $a $s $n1 $n2 $slash $n5 $a                               # a number inside Hebrew
+press --clearmodifiers shift+Right shift+Right                  # the last characters
+press ctrl+$x ctrl+$v                                           # out and in again
+press ctrl+$z ctrl+$z                                           # back by two texts
+xdotool keydown Control_L key Shift_L keyup Control_L
+press $a shift+$a                                               # English, at the left
+press Caps_Lock $a $n1 Caps_Lock
+xdotool keydown Alt_L key Shift_L keyup Alt_L
+press $a                                                        # Hebrew again
+press 87 83 Num_Lock 87 83 Num_Lock                             # End and Left, then 1 and 4
+xdotool keydown Control_R key Shift_R keyup Control_R
+press Return $s
+press $n1 $comma $full_stop $semicolon shift+$comma             # the letters of the punctuation keys, after a number
+xdotool key Escape
 wait "$window" || { echo "typing_test.sh: the window ended with $?" >&2; cat "$folder/told" >&2; exit 1; }
 
 # Wine sends a left key before each right one, so that the direction changes twice at the end.
@@ -59,6 +76,16 @@ text aAA!ששד12.14
 5
 text aAA!ששד12.14
 ד5
+text aAA!ששד12.14
+ד15
+text aAA!ששד12.14
+ד1ת5
+text aAA!ששד12.14
+ד1תץ5
+text aAA!ששד12.14
+ד1תץף5
+text aAA!ששד12.14
+ד1תץף<5
 escape
 END
 diff "$folder/expected" "$folder/told"

@@ -1,4 +1,4 @@
-// A window with the editor for someone to type into: prints what the editor tells its owner, and saves pictures.
+// A window with the editor for someone to type into: prints what the editor tells its owner.
 // usage: typing_window [ltr|rtl]; Escape ends it.
 #include <afxwin.h>
 #include <fcntl.h>
