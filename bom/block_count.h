@@ -1,16 +1,22 @@
-// Counting block references by name and joining them with the priced rows.
+// Counting block references by name, and joining what was counted with a price list.
 #pragma once
+
+#include <string_view>
 
 #include "bom/result_string.h"
 
 namespace corvanes {
 
-/// Begins a count: lowers the names of all rows in place and indexes them. Of rows with the same name the last is
-/// found.
-void index_rows(RowList& rows, NameIndex& index);
+/// Begins a count without rows.
+void begin_count(RowList& rows, NameIndex& index);
 
-/// Counts one reference of the block `lower_name`: its row gets one more piece and its price once more. A block without
-/// a row gets one, unpriced, at the end, unless a price list is attached: then it is not reported.
-void count_reference(RowList& rows, NameIndex& index, const wchar_t* lower_name, bool price_list_attached);
+/// The row of the block `lower_name`; a block without one gets it at the end, unpriced and with no reference counted.
+int row_of_block(RowList& rows, NameIndex& index, const wchar_t* lower_name);
+
+/// Turns the rows that were counted into those of the report: one for each entry of the price list, in its order. A
+/// name without regard to case is priced by its last entry, whose row gets the price once for each reference; earlier
+/// entries of the name count nothing. When the price list is attached, only rows with references are made (the others
+/// would never be shown) and blocks without an entry are left out; else these follow, unpriced. The index ends empty.
+void join_prices(RowList& rows, NameIndex& index, std::wstring_view price_list, bool price_list_attached);
 
 }  // namespace corvanes

@@ -7,12 +7,13 @@
 
 #include <memory>
 #include <string>
+#include <unordered_map>
+#include <utility>
 
 #include "base/case_folding.h"
 #include "bom/block_count.h"
 #include "bom/report_dialog.h"
 #include "pricelist/price_list_file.h"
-#include "pricelist/price_text.h"
 
 namespace corvanes {
 namespace {
@@ -41,66 +42,81 @@ bool SelectBlockReferences(CalcPriceDialog&, ads_name selection_set) {
     return acedSSGet(nullptr, nullptr, nullptr, &filter, selection_set) == RTNORM;
 }
 
-bool count_object(CalcPriceDialog& dialog, const ads_name name) {
-    AcDbObjectId id;
-    AcDbBlockReference* reference = nullptr;
-    if (acdbGetObjectId(id, name) != Acad::eOk || acdbOpenObject(reference, id, AcDb::kForRead) != Acad::eOk) {
-        acedAlert(L"\nCannot open the object INSERT");
-        return false;
-    }
-    const AcDbObjectId record_id = reference->blockTableRecord();
-    reference->close();
-    AcDbBlockTableRecord* record = nullptr;
-    if (acdbOpenObject(record, record_id, AcDb::kForRead) != Acad::eOk) {
-        acedAlert(L"\nCannot open the object BlockTableRecord");
-        return false;
-    }
-    const LowerName lower_name(*record);
-    record->close();
-    count_reference(dialog.rows(), dialog.index(), lower_name.text(), dialog.grid().price_list_attached());
-    return true;
-}
+/// Counts references on the rows of their blocks; each block's record is asked for its name once.
+class ReferenceCounter {
+  public:
+    explicit ReferenceCounter(CalcPriceDialog& dialog) : dialog_(dialog) {}
 
-CString to_string(std::wstring_view text) {
-    return CString(text.data(), static_cast<int>(text.size()));
-}
+    /// False after an alert when the reference or its block cannot be opened.
+    bool count(const ads_name name) {
+        AcDbObjectId id;
+        AcDbBlockReference* reference = nullptr;
+        if (acdbGetObjectId(id, name) != Acad::eOk || acdbOpenObject(reference, id, AcDb::kForRead) != Acad::eOk) {
+            acedAlert(L"\nCannot open the object INSERT");
+            return false;
+        }
+        const AcDbObjectId record = reference->blockTableRecord();
+        reference->close();
+        const auto known = rows_of_records_.find(record.asOldId());
+        int row = 0;
+        if (known != rows_of_records_.end()) {
+            row = known->second;
+        } else if (!find_row(record, row)) {
+            acedAlert(L"\nCannot open the object BlockTableRecord");
+            return false;
+        }
+        dialog_.rows()[row].quantity += 1;
+        return true;
+    }
+
+  private:
+    bool find_row(AcDbObjectId id, int& row) {
+        AcDbBlockTableRecord* record = nullptr;
+        if (acdbOpenObject(record, id, AcDb::kForRead) != Acad::eOk) {
+            return false;
+        }
+        const LowerName lower_name(*record);
+        record->close();
+        row = row_of_block(dialog_.rows(), dialog_.index(), lower_name.text());
+        rows_of_records_.emplace(id.asOldId(), row);
+        return true;
+    }
+
+    CalcPriceDialog& dialog_;
+    std::unordered_map<decltype(AcDbObjectId().asOldId()), int> rows_of_records_;
+};
 
 }  // namespace
 
 bool LoadPriceRows(CalcPriceDialog& dialog, const wchar_t* path) {
-    constexpr int growth = 100;
-    RowList& rows = dialog.rows();
-    const auto empty_the_report = [&] {
-        dialog.grid().DeleteAllRows();
-        rows.SetSize(0, growth);
-    };
-    const auto add_row = [&rows](const PriceListEntry& entry) {
-        const INT_PTR place = rows.GetSize();
-        rows.SetSize(place + 1);
-        rows[place].Set(to_string(entry.name), number_from_text(entry.price), to_string(entry.description));
-    };
-    if (LoadPriceList(path, L"r", empty_the_report, add_row) == 0) {
+    auto text = read_price_list(path);
+    if (!text) {
         return false;
     }
-    rows.FreeExtra();
+    dialog.grid().DeleteAllRows();
+    dialog.rows().RemoveAll();
+    dialog.price_list() = std::move(*text);
     return true;
 }
 
 bool CountSelectedBlocks(CalcPriceDialog& dialog) {
-    index_rows(dialog.rows(), dialog.index());
+    const std::wstring price_list = std::exchange(dialog.price_list(), {});
+    begin_count(dialog.rows(), dialog.index());
     ads_name selection_set;
     if (!SelectBlockReferences(dialog, selection_set)) {
         return false;
     }
     long length = 0;
     acedSSLength(selection_set, &length);
+    ReferenceCounter counter(dialog);
     for (long i = 0; i < length; ++i) {
         ads_name name;
         acedSSName(selection_set, i, name);
-        if (!count_object(dialog, name)) {
+        if (!counter.count(name)) {
             return false;
         }
     }
+    join_prices(dialog.rows(), dialog.index(), price_list, dialog.grid().price_list_attached());
     return true;
 }
 

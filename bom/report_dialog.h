@@ -28,6 +28,8 @@ class CalcPriceDialog : public CDialog {
     MyCug2& grid() { return grid_; }
     RowList& rows() { return rows_; }
     NameIndex& index() { return index_; }
+    /// The text of the price list that waits for a count; empty without one.
+    std::wstring& price_list() { return price_list_; }
 
     /// What the table builder leaves for the placement: the block's name and its size at scale 1, in drawing units.
     struct TableBlock {
@@ -55,6 +57,7 @@ class CalcPriceDialog : public CDialog {
     MyCug2 grid_;
     RowList rows_;
     NameIndex index_{10};
+    std::wstring price_list_;
     CStatic current_file_;
     int show_price_ = 1;
     TableBlock table_;

@@ -13,10 +13,6 @@ constexpr int normal_cell_type = 0;
 constexpr int arrow_when_ascending = 32;
 constexpr int arrow_when_descending = 16;
 
-bool money_column(int column) {
-    return column == price_column || column == total_column;
-}
-
 }  // namespace
 
 MyCug2::MyCug2() {
@@ -42,7 +38,7 @@ void MyCug2::OnGridSetup() {
     SetColumnCount(report_columns, FALSE);
     for (int column = 0; column < report_columns; ++column) {
         SetColumnWidth(column, widths_[static_cast<size_t>(column)]);
-        SetCellText(column, heading_row, report_headings[static_cast<size_t>(column)]);
+        SetCellText(column, heading_row, traits_of(column).heading);
     }
     sort_arrow_index_ = AddCellType(&sort_arrow_);
     show_sort_arrow();
@@ -98,8 +94,10 @@ void MyCug2::ApplyShowPrice() {
     if (!show) {
         StoreColumnWidths();
     }
-    for (const ReportColumn column : {price_column, total_column}) {
-        SetColumnWidth(column, show ? widths_[column] : 0);
+    for (int column = 0; column < report_columns; ++column) {
+        if (traits_of(column).money) {
+            SetColumnWidth(column, show ? widths_[static_cast<size_t>(column)] : 0);
+        }
     }
     RedrawAll();
 }
@@ -107,7 +105,7 @@ void MyCug2::ApplyShowPrice() {
 void MyCug2::StoreColumnWidths() {
     for (int column = 0; column < report_columns; ++column) {
         const int width = GetColumnWidth(column);
-        if (width != 0 || !money_column(column)) {
+        if (width != 0 || !traits_of(column).money) {
             widths_[static_cast<size_t>(column)] = width;
         }
     }
@@ -115,7 +113,7 @@ void MyCug2::StoreColumnWidths() {
 
 void MyCug2::OnGridColumnSizing(int column, int* width) {
     if (!report_options().show_prices) {
-        *width = money_column(column) ? 0 : widths_[static_cast<size_t>(column)];
+        *width = traits_of(column).money ? 0 : widths_[static_cast<size_t>(column)];
     }
 }
 
@@ -141,7 +139,14 @@ void MyCug2::OnGridKeyDown(UINT* key, int) {
     }
 }
 
+bool MyCug2::sorts_by_value() const {
+    return traits_of(sort_column_).number;
+}
+
 int MyCug2::OnGridSortCompare(CUGCell* first, CUGCell* second, int flags) {
-    const bool by_value = money_column(sort_column_) || sort_column_ == quantity_column;
-    return compare_empty_last(first, second, flags, by_value);
+    return compare_empty_last(first, second, flags, sorts_by_value());
+}
+
+std::unique_ptr<KeyedOrder> MyCug2::OnGridSortOrder(int flags) {
+    return std::make_unique<EmptyLastOrder>(flags, sorts_by_value());
 }

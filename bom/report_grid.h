@@ -34,10 +34,12 @@ class MyCug2 : public CUGCtrl {
     void OnGridHeadingClick(int column, long row, int updn, RECT* rect, POINT* point, int processed) override;
     void OnGridKeyDown(UINT* key, int processed) override;
     int OnGridSortCompare(CUGCell* first, CUGCell* second, int flags) override;
+    std::unique_ptr<corvanes::KeyedOrder> OnGridSortOrder(int flags) override;
 
   private:
     void set_equal_widths();
     void show_sort_arrow();
+    bool sorts_by_value() const;
 
     Widths widths_;
     int sort_column_ = 0;

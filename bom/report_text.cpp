@@ -6,24 +6,20 @@
 namespace corvanes {
 namespace {
 
-constexpr std::array<size_t, report_columns> field_widths = {10, 10, 10, 20, 10};
 constexpr size_t extension_length = 4;
 
-bool money_column(int column) {
-    return column == price_column || column == total_column;
-}
-
-template <class Cells>
-void append_line(std::wstring& text, const Cells& cells, bool show_prices) {
+/// `cell_of(column)` is the text of a column.
+template <class CellOf>
+void append_line(std::wstring& text, bool show_prices, const CellOf& cell_of) {
     for (int column = 0; column < report_columns; ++column) {
-        if (!show_prices && money_column(column)) {
+        if (!show_prices && traits_of(column).money) {
             continue;
         }
         if (column != 0) {
             text.push_back(L' ');
         }
-        const std::wstring_view cell = cells[static_cast<size_t>(column)];
-        const size_t width = field_widths[static_cast<size_t>(column)];
+        const std::wstring_view cell = cell_of(column);
+        const size_t width = traits_of(column).file_width;
         text.append(width - std::min(width, cell.size()), L' ').append(cell);
     }
     text.append(L"\r\n");
@@ -44,10 +40,11 @@ std::wstring amount_text(double amount) {
 
 std::wstring report_text(const std::vector<ReportCells>& rows, bool show_prices) {
     std::wstring text;
-    append_line(text, report_headings, show_prices);
+    append_line(text, show_prices, [](int column) { return traits_of(column).heading; });
     for (const ReportCells& row : rows) {
         if (show_prices || row[name_column] != summary_name) {
-            append_line(text, row, show_prices);
+            append_line(text, show_prices,
+                        [&row](int column) { return std::wstring_view(row[static_cast<size_t>(column)]); });
         }
     }
     return text;

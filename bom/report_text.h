@@ -1,21 +1,15 @@
 // The report as texts: the cells of a row, the lines of the report file, and the file's proposed name.
 #pragma once
 
-#include <array>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "bom/report_columns.h"
+
 namespace corvanes {
 
-constexpr int report_columns = 5;
-enum ReportColumn { name_column, price_column, quantity_column, description_column, total_column };
-constexpr std::array<const wchar_t*, report_columns> report_headings = {L"Block name", L"Item Price", L"Quantity",
-                                                                        L"Description", L"Total"};
 constexpr const wchar_t* summary_name = L"Summary:";
-
-/// The texts of one row of the report grid, by column.
-using ReportCells = std::array<std::wstring, report_columns>;
 
 /// An amount of money with two decimals and a point, correctly rounded; no thousands separator.
 std::wstring amount_text(double amount);

@@ -10,7 +10,7 @@ if(WIN32)
         UNICODE _UNICODE STRICT NOMINMAX WINVER=0x0601 _WIN32_WINNT=0x0601)
 endif()
 if(CORVANES_SANITIZE)
-    add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    add_compile_options(-fsanitize=address,undefined,fuzzer-no-link -fno-sanitize-recover=all -fno-omit-frame-pointer)
     add_link_options(-fsanitize=address,undefined)
 endif()
 
@@ -28,4 +28,20 @@ function(corvanes_test name)
     target_compile_definitions(${name} PRIVATE CORVANES_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
     add_test(NAME ${name} COMMAND ${name})
     set_tests_properties(${name} PROPERTIES TIMEOUT 300)
+endfunction()
+
+# corvanes_fuzzer(name LIBS target...): the libFuzzer program of fuzz/<name>.cpp, where sanitizers are on. Its seeds lie in
+# fuzz/seeds/<name>/; what it learns stays in the build folder. The ctest entry runs it for CORVANES_FUZZ_SECONDS from a fixed
+# seed; tools/fuzz runs it longer.
+function(corvanes_fuzzer name)
+    if(NOT CORVANES_SANITIZE)
+        return()
+    endif()
+    cmake_parse_arguments(ARG "" "" "LIBS" ${ARGN})
+    add_executable(${name} ${name}.cpp)
+    target_link_libraries(${name} PRIVATE ${ARG_LIBS} corvanes_options)
+    target_link_options(${name} PRIVATE -fsanitize=fuzzer)
+    add_test(NAME ${name}
+        COMMAND ${PROJECT_SOURCE_DIR}/tools/fuzz --build ${CMAKE_BINARY_DIR} --seconds ${CORVANES_FUZZ_SECONDS} ${name})
+    set_tests_properties(${name} PROPERTIES TIMEOUT 120 LABELS fuzz)
 endfunction()

@@ -6,8 +6,6 @@
 #include <limits>
 #include <new>
 
-#include "grid/safe_sort.h"
-
 using namespace corvanes;
 
 namespace {
@@ -18,18 +16,6 @@ constexpr std::uint32_t widest_usual_row = 64;
 constexpr std::size_t text_units(std::size_t characters) {
     return ((characters + 1) * sizeof(wchar_t) + BlockArena::unit_size - 1) / BlockArena::unit_size;
 }
-
-// Holds a flag up for a scope, also when the scope ends by an exception.
-class RaisedFlag {
-  public:
-    explicit RaisedFlag(bool& flag) : flag_(flag) { flag_ = true; }
-    RaisedFlag(const RaisedFlag&) = delete;
-    RaisedFlag& operator=(const RaisedFlag&) = delete;
-    ~RaisedFlag() { flag_ = false; }
-
-  private:
-    bool& flag_;
-};
 
 }  // namespace
 
@@ -267,27 +253,6 @@ int CUGMem::DeleteRow(int row) {
         rows_.erase(rows_.begin() + row);
     }
     --row_count_;
-    return 0;
-}
-
-int CUGMem::SortBy(int column, const Comparison& compare) {
-    if (column < 0 || column >= column_count_ || !compare || !writable()) {
-        return 1;
-    }
-    const RaisedFlag no_changes(sorting_);
-    rows_.resize(static_cast<std::size_t>(row_count_), BlockArena::none);
-    std::vector<CUGCell> records(rows_.size());
-    std::vector<SortItem> order(rows_.size());
-    for (std::size_t row = 0; row < rows_.size(); ++row) {
-        const StoredCell* stored = find(column, static_cast<int>(row));
-        if (stored != nullptr && stored->style != CellStyles::empty) {
-            borrow(*stored, records[row]);
-            order[row].cell = &records[row];
-        }
-        order[row].row = rows_[row];
-    }
-    safe_sort(order, [&compare](const SortItem& a, const SortItem& b) { return compare(a.cell, b.cell); });
-    std::transform(order.begin(), order.end(), rows_.begin(), [](const SortItem& item) { return item.row; });
     return 0;
 }
 

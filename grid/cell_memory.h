@@ -25,6 +25,7 @@ class CUGMem : public CUGDataSource {
     int AppendRow() override;
     int DeleteRow(int row) override;
     int SortBy(int column, const Comparison& compare) override;
+    int SortByKeys(int column, const corvanes::KeyedOrder& order) override;
 
     int GetRowCount() const { return row_count_; }
     // Bytes held for rows and texts.
@@ -47,8 +48,16 @@ class CUGMem : public CUGDataSource {
         CUGCell* cell = nullptr;
         Handle row = corvanes::BlockArena::none;
     };
+    struct KeyedItem : corvanes::SortKey {
+        Handle row = corvanes::BlockArena::none;
+    };
 
     bool addresses(int column, int row) const;
+    bool sortable(int column) const { return column >= 0 && column < column_count_ && writable(); }
+    // False for a cell that nothing was ever put into.
+    bool read_cell(int column, int row, CUGCell& cell) const;
+    template <class Item, class Compare>
+    void sort_rows(std::vector<Item>& items, Compare compare);
     bool writable() const { return !sorting_; }
     Handle row_at(int row) const;
     RowHeader* header(Handle row) const { return static_cast<RowHeader*>(arena_.at(row)); }

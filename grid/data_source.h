@@ -4,6 +4,7 @@
 #include <functional>
 
 #include "grid/cell.h"
+#include "grid/keyed_order.h"
 
 // Columns count from 0 with -1 for the side heading; rows count from 0 with -1 for the top heading. Operations return
 // 0, or 1 for a refused argument, and then change nothing.
@@ -36,4 +37,6 @@ class CUGDataSource {
     virtual int DeleteRow(int row) = 0;
     // Reorders all data rows; rows that compare equal keep their order. Refused while a sort is going on.
     virtual int SortBy(int column, const Comparison& compare) = 0;
+    // The same by keys, with the rows in the order that the comparison of whole cells would give.
+    virtual int SortByKeys(int column, const corvanes::KeyedOrder& order);
 };

@@ -11,18 +11,34 @@ namespace {
 // The unfolded list shows at most this many lines.
 constexpr int lines_shown = 10;
 
-// What a combo box adds to the height of its text, in pixels.
-constexpr int combo_frame = 6;
+// How far a combo box's text stands below the text of the cell under it, in pixels.
+constexpr int combo_frame = 2;
+
+// Letters that come later than this after the last one begin a new word.
+constexpr ULONGLONG typing_pause = 1000;
+
+// Keeps a window from painting, and from counting what it shows, while it is filled.
+class PaintingOff {
+  public:
+    explicit PaintingOff(CWnd& window) : window_(window) { window_.SendMessage(WM_SETREDRAW, FALSE); }
+    PaintingOff(const PaintingOff&) = delete;
+    PaintingOff& operator=(const PaintingOff&) = delete;
+    ~PaintingOff() { window_.SendMessage(WM_SETREDRAW, TRUE); }
+
+  private:
+    CWnd& window_;
+};
 
 }  // namespace
 
 BEGIN_MESSAGE_MAP(DropList, CWnd)
     ON_WM_KEYDOWN()
+    ON_WM_CHAR()
     ON_WM_KILLFOCUS()
     ON_WM_GETDLGCODE()
 END_MESSAGE_MAP()
 
-bool DropList::Prepare(CWnd& parent, const wchar_t* items, int height) {
+bool DropList::Prepare(CWnd& parent, const wchar_t* items) {
     std::wstring_view rest = items != nullptr ? items : L"";
     if (rest.empty()) {
         return false;
@@ -31,11 +47,14 @@ bool DropList::Prepare(CWnd& parent, const wchar_t* items, int height) {
     if (m_hWnd == nullptr && !CWnd::Create(L"COMBOBOX", L"", style, CRect(0, 0, 10, 100), &parent, control_id)) {
         return false;
     }
+    const PaintingOff filling(*this);
     SendMessage(CB_RESETCONTENT);
-    cell_height_ = height;
+    const auto count = static_cast<WPARAM>(std::count(rest.begin(), rest.end(), L'\n')) + 1;
+    SendMessage(CB_INITSTORAGE, count, static_cast<LPARAM>((rest.size() + count) * sizeof(wchar_t)));
+    std::wstring item;
     while (!rest.empty()) {
         const std::size_t end = std::min(rest.find(L'\n'), rest.size());
-        const std::wstring item(rest.substr(0, end));
+        item.assign(rest.substr(0, end));
         SendMessage(CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(item.c_str()));
         rest.remove_prefix(std::min(end + 1, rest.size()));
     }
@@ -48,15 +67,16 @@ void DropList::Unfold() {
 
 RECT DropList::bounds(const RECT& cell) const {
     const int line = cell.bottom - cell.top;
-    return {cell.left, cell.top, cell.right, cell.bottom + lines_shown * line};
+    return {cell.left, cell.top - combo_frame, cell.right, cell.bottom + lines_shown * line};
 }
 
 void DropList::begin(CellEditOwner& owner, const CString& text, UINT) {
     owner_ = &owner;
     former_ = text;
     chosen_ = false;
+    typed_.clear();
     // Only now: setting the font has made the box as high as the font asks for.
-    SendMessage(CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), std::max(1, cell_height_ - combo_frame));
+    SendMessage(CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), font_height() + 1);
     const LRESULT item =
         SendMessage(CB_FINDSTRINGEXACT, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(text.GetString()));
     SendMessage(CB_SETCURSEL, static_cast<WPARAM>(item));
@@ -94,6 +114,42 @@ void DropList::OnKeyDown(UINT key, UINT repeat, UINT flags) {
         return;
     }
     CWnd::OnKeyDown(key, repeat, flags);
+}
+
+int DropList::font_height() const {
+    CClientDC dc(const_cast<DropList*>(this));
+    const HGDIOBJ former = ::SelectObject(dc.m_hDC, reinterpret_cast<HFONT>(::SendMessageW(m_hWnd, WM_GETFONT, 0, 0)));
+    TEXTMETRICW metrics{};
+    ::GetTextMetricsW(dc.m_hDC, &metrics);
+    ::SelectObject(dc.m_hDC, former);
+    return metrics.tmHeight;
+}
+
+LRESULT DropList::find_item(LRESULT after, const std::wstring& beginning) const {
+    return ::SendMessageW(m_hWnd, CB_FINDSTRING, static_cast<WPARAM>(after),
+                          reinterpret_cast<LPARAM>(beginning.c_str()));
+}
+
+void DropList::OnChar(UINT character, UINT, UINT) {
+    if (character < L' ') {
+        typed_.clear();
+        return;
+    }
+    const ULONGLONG now = ::GetTickCount64();
+    if (now - typed_at_ > typing_pause) {
+        typed_.clear();
+    }
+    typed_at_ = now;
+    typed_ += static_cast<wchar_t>(character);
+    const LRESULT selected = SendMessage(CB_GETCURSEL);
+    // A search begins after the item that it is given; -1 stands before the first.
+    LRESULT found = find_item(std::max<LRESULT>(selected, 0) - 1, typed_);
+    if (typed_.find_first_not_of(typed_.front()) == std::wstring::npos && (found == CB_ERR || found == selected)) {
+        found = find_item(selected, typed_.substr(0, 1));
+    }
+    if (found != CB_ERR) {
+        SendMessage(CB_SETCURSEL, static_cast<WPARAM>(found));
+    }
 }
 
 void DropList::OnKillFocus(CWnd* next) {

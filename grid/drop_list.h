@@ -1,7 +1,11 @@
-// The list that a drop-list cell opens: a combo box laid over the cell for as long as one chooses.
+// The list that a drop-list cell opens: a combo box laid over the cell for as long as one chooses. Letters typed one
+// soon after another lead to the item that begins with them, the same letter again to the next such item;
+// Backspace begins anew.
 #pragma once
 
 #include <afxwin.h>
+
+#include <string>
 
 #include "grid/cell_editor.h"
 
@@ -12,8 +16,7 @@ class DropList : public CWnd, public CellEditor {
     static constexpr UINT control_id = 126;
 
     // Creates the window, hidden, on the first call. The items are the lines of `items`; false when there are none.
-    // `height` is that of the cell, in pixels.
-    bool Prepare(CWnd& parent, const wchar_t* items, int height);
+    bool Prepare(CWnd& parent, const wchar_t* items);
     // Unfolds the list, once the window is visible.
     void Unfold();
     // The parent hands on the combo box's notification codes.
@@ -27,15 +30,20 @@ class DropList : public CWnd, public CellEditor {
 
   protected:
     void OnKeyDown(UINT key, UINT repeat, UINT flags);
+    void OnChar(UINT character, UINT repeat, UINT flags);
     void OnKillFocus(CWnd* next);
     UINT OnGetDlgCode();
     DECLARE_MESSAGE_MAP()
 
   private:
+    int font_height() const;
+    LRESULT find_item(LRESULT after, const std::wstring& beginning) const;
+
     CellEditOwner* owner_ = nullptr;
     CString former_;
     bool chosen_ = false;
-    int cell_height_ = 0;
+    std::wstring typed_;
+    ULONGLONG typed_at_ = 0;  // in milliseconds, as GetTickCount64 counts
 };
 
 }  // namespace corvanes

@@ -2,23 +2,9 @@
 
 #include "grid/cell_movement.h"
 #include "grid/grid_control.h"
+#include "grid/raised_flag.h"
 
 namespace corvanes {
-
-namespace {
-
-class Ending {
-  public:
-    explicit Ending(bool& flag) : flag_(flag) { flag_ = true; }
-    Ending(const Ending&) = delete;
-    Ending& operator=(const Ending&) = delete;
-    ~Ending() { flag_ = false; }
-
-  private:
-    bool& flag_;
-};
-
-}  // namespace
 
 bool EditSession::start(int column, int row, CWnd& window, UINT key) {
     auto* editor = dynamic_cast<CellEditor*>(&window);
@@ -48,7 +34,7 @@ EditOutcome EditSession::end_edit(EditEnd how, UINT key) {
     if (ending_ || !active()) {
         return EditOutcome::busy;
     }
-    const Ending ending(ending_);
+    const RaisedFlag ending(ending_);
     const bool cancelled = how == EditEnd::cancel;
     CString text;
     if (cancelled) {

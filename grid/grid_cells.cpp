@@ -158,7 +158,9 @@ int CUGCtrl::SortBy(int column, int flags) {
     const auto compare = [this, flags](CUGCell* first, CUGCell* second) {
         return OnGridSortCompare(first, second, flags);
     };
-    if (const int refused = source_->SortBy(column, compare); refused != 0) {
+    const auto order = OnGridSortOrder(flags);
+    if (const int refused = order ? source_->SortByKeys(column, *order) : source_->SortBy(column, compare);
+        refused != 0) {
         return refused;
     }
     edit_.abandon();

@@ -148,8 +148,7 @@ bool CUGCtrl::FinishEdit() {
 
 void CUGCtrl::OpenDropList(int column, int row) {
     CUGCell cell;
-    if (!FinishEdit() || GetCell(column, row, &cell) != 0 ||
-        !drop_list_.Prepare(*this, cell.GetLabelText(), GetRowHeight(row))) {
+    if (!FinishEdit() || GetCell(column, row, &cell) != 0 || !drop_list_.Prepare(*this, cell.GetLabelText())) {
         return;
     }
     if (GotoCell(column, row) == 0 && edit_.start(column, row, drop_list_, 0)) {

@@ -3,8 +3,11 @@
 
 #include <afxwin.h>
 
+#include <memory>
+
 #include "grid/cell.h"
 #include "grid/cell_order.h"
+#include "grid/keyed_order.h"
 
 // A derived grid overrides what it needs; the versions here do nothing, or agree. `updn` is 1 when the left button went
 // down and 0 when it came up. Rectangles and points are in pixels of the window that was clicked. `processed` is
@@ -49,6 +52,9 @@ class CUGNotifications {
     }
     // Before the current cell moves. 0 refuses.
     virtual int OnGridCanMove(int /*oldCol*/, long /*oldRow*/, int /*newCol*/, long /*newRow*/) { return 1; }
+    // Before a sort: the order that OnGridSortCompare has for `flags`, which then is not called. Null when it must be.
+    // The grid uses the object until the sort is over.
+    virtual std::unique_ptr<corvanes::KeyedOrder> OnGridSortOrder(int /*flags*/) { return nullptr; }
 
   protected:
     virtual ~CUGNotifications() = default;

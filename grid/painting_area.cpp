@@ -53,7 +53,12 @@ void CUGGrid::CellAt(POINT point, int* column, int* row) const {
 }
 
 void CUGGrid::RedrawCell(int column, int row) {
-    RedrawPart(CellRectangle(column, row));
+    RECT with_lines = CellRectangle(column, row);
+    if (::IsRectEmpty(&with_lines) == 0) {
+        with_lines.right += line_width;
+        with_lines.bottom += line_width;
+        RedrawPart(with_lines);
+    }
 }
 
 void CUGGrid::RedrawRow(int row) {
@@ -101,6 +106,9 @@ void CUGGrid::PaintRow(CDC& dc, const RECT& dirty, int row, int top, int row_hei
             const RECT below{left, bottom - line_width, right - line_width, bottom};
             dc.FillSolidRect(&beside, line_color);
             dc.FillSolidRect(&below, line_color);
+            if (column == state().current_column && row == state().current_row) {
+                MarkCurrentCell(dc, {left, top, right, bottom});
+            }
         }
         left = right;
     }
@@ -116,20 +124,18 @@ void CUGGrid::PaintCell(CDC& dc, int column, int row, const RECT& inside) {
     const CellLook look{::GetSysColor(selected ? COLOR_HIGHLIGHTTEXT : COLOR_WINDOWTEXT),
                         ::GetSysColor(selected ? COLOR_HIGHLIGHT : COLOR_WINDOW)};
     grid().CellType(cell.GetCellType()).OnDraw(dc, inside, cell, look);
-    if (column == state().current_column && row == state().current_row) {
-        MarkCurrentCell(dc, inside);
-    }
 }
 
-// Two pixels of the highlight colour with the focus, one grey pixel without.
-void CUGGrid::MarkCurrentCell(CDC& dc, const RECT& inside) {
+// Two pixels of the highlight colour with the focus, one grey pixel without; on the grid lines below and beside, so
+// that the foot of the text stays free.
+void CUGGrid::MarkCurrentCell(CDC& dc, const RECT& cell) {
     const bool focused = ::GetFocus() == m_hWnd;
     const COLORREF color = ::GetSysColor(focused ? COLOR_HOTLIGHT : COLOR_GRAYTEXT);
     const int thick = focused ? 2 : 1;
-    const RECT sides[] = {{inside.left, inside.top, inside.right, inside.top + thick},
-                          {inside.left, inside.bottom - thick, inside.right, inside.bottom},
-                          {inside.left, inside.top, inside.left + thick, inside.bottom},
-                          {inside.right - thick, inside.top, inside.right, inside.bottom}};
+    const RECT sides[] = {{cell.left, cell.top, cell.right, cell.top + thick},
+                          {cell.left, cell.bottom - thick, cell.right, cell.bottom},
+                          {cell.left, cell.top, cell.left + thick, cell.bottom},
+                          {cell.right - thick, cell.top, cell.right, cell.bottom}};
     for (const RECT& side : sides) {
         dc.FillSolidRect(&side, color);
     }
@@ -245,6 +251,11 @@ void CUGGrid::Navigate(UINT key) {
             break;
         case VK_END:
             grid().MoveCurrentCell(last_column, control ? last : now.current_row);
+            break;
+        case VK_F3:
+            if (now.current_column >= 0) {
+                grid().GetTopHeading().ClickColumn(now.current_column);
+            }
             break;
         default:
             break;

@@ -31,7 +31,7 @@ class CUGGrid : public corvanes::GridPane {
   private:
     void PaintRow(CDC& dc, const RECT& dirty, int row, int top, int height);
     void PaintCell(CDC& dc, int column, int row, const RECT& inside);
-    void MarkCurrentCell(CDC& dc, const RECT& inside);
+    void MarkCurrentCell(CDC& dc, const RECT& cell);
     bool NotifyClick(POINT point, int updn);
     corvanes::CellPlace CurrentPlace() const;
     void Navigate(UINT key);

@@ -60,6 +60,13 @@ void CUGTopHdg::Notify(int column, int updn, POINT point) {
     grid().OnGridHeadingClick(column, -1, updn, &cell, &point, 0);
 }
 
+void CUGTopHdg::ClickColumn(int column) {
+    const RECT cell = CellRectangle(column);
+    const POINT middle{(cell.left + cell.right) / 2, (cell.top + cell.bottom) / 2};
+    Notify(column, 1, middle);
+    Notify(column, 0, middle);
+}
+
 void CUGTopHdg::OnLButtonDown(UINT, CPoint point) {
     grid().SetFocus();
     if (!grid().FinishEdit()) {

@@ -7,6 +7,8 @@ class CUGTopHdg : public corvanes::GridPane {
   public:
     // In pixels of this window; empty when the column is not visible.
     RECT CellRectangle(int column) const;
+    // As a click on the column's heading.
+    void ClickColumn(int column);
 
   protected:
     void Paint(CDC& dc, const RECT& dirty) override;

@@ -3,12 +3,26 @@
 
 #include "grid/cell.h"
 #include "grid/cell_order.h"
+#include "grid/keyed_order.h"
 
 namespace corvanes {
 
-/// Negative, 0 or positive: the order of two cells (null: no cell) of the column that is sorted. Empty texts go last in
-/// both directions; `by_value` compares the numbers at the front of the texts, otherwise numeric cells compare by their
-/// values and all others as texts without regard to case. Not a strict weak order when cells without text are mixed in.
+/// Empty texts go last in both directions; `by_value` compares the numbers at the front of the texts, otherwise numeric
+/// cells compare by their values and all others as texts without regard to case. Not a strict weak order when cells
+/// without text are mixed in.
+class EmptyLastOrder final : public KeyedOrder {
+  public:
+    EmptyLastOrder(int flags, bool by_value) : descending_((flags & sort_descending) != 0), by_value_(by_value) {}
+
+    SortKey read(const CUGCell* cell) const override;
+    int compare(const SortKey& first, const SortKey& second) const override;
+
+  private:
+    bool descending_;
+    bool by_value_;
+};
+
+/// Negative, 0 or positive: two cells (null: no cell) in that order.
 int compare_empty_last(const CUGCell* first, const CUGCell* second, int flags, bool by_value);
 
 }  // namespace corvanes

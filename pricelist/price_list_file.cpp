@@ -15,12 +15,19 @@ void alert_cannot_open(const wchar_t* path) {
     acedAlert(message);
 }
 
+std::optional<std::wstring> read_price_list(const wchar_t* path) {
+    auto text = read_text_file(path);
+    if (!text) {
+        alert_cannot_open(path);
+    }
+    return text;
+}
+
 int LoadPriceList(const wchar_t* path, [[maybe_unused]] const wchar_t* mode, const std::function<void()>& opened,
                   const std::function<void(const PriceListEntry&)>& handler) {
     ASSERT(mode[0] == L'r');
-    const auto text = read_text_file(path);
+    const auto text = read_price_list(path);
     if (!text) {
-        alert_cannot_open(path);
         return 0;
     }
     opened();

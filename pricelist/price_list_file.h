@@ -2,6 +2,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -13,6 +14,9 @@ namespace corvanes {
 /// file cannot be opened; nothing was handed on then. `opened` is called before the first entry.
 int LoadPriceList(const wchar_t* path, const wchar_t* mode, const std::function<void()>& opened,
                   const std::function<void(const PriceListEntry&)>& handler);
+
+/// The whole text of a price list, for read_entries; nothing after an alert when the file cannot be opened.
+std::optional<std::wstring> read_price_list(const wchar_t* path);
 
 /// Replaces the file by one line per row; rows whose texts are all empty are left out. Returns 1, or 0 after an alert
 /// when the file cannot be written; what was there before is there still.

@@ -85,6 +85,20 @@ PriceListCounts read_entries(std::wstring_view text, const std::function<void(co
     return counts;
 }
 
+EntryLoss loss_on_reading(const PriceListEntry& entry) {
+    size_t length = 0;
+    for (const std::wstring_view field : {entry.name, entry.price, entry.description}) {
+        if (field.find(separator) != std::wstring_view::npos) {
+            return EntryLoss::separator;
+        }
+        if (field.find(L'\n') != std::wstring_view::npos) {
+            return EntryLoss::line_end;
+        }
+        length += field.size() + 1;
+    }
+    return length > longest_line ? EntryLoss::length : EntryLoss::nothing;
+}
+
 void append_entry(std::wstring& text, const PriceListEntry& entry) {
     if (entry.name.empty() && entry.price.empty() && entry.description.empty()) {
         return;

@@ -31,8 +31,12 @@ struct PriceListCounts {
 };
 
 /// Hands on the entries of a price list in file order. CR LF and LF both end a line; a last line without a line end is
-/// dropped. An entry's views live only during the call.
+/// dropped. The entries are views into `text`.
 PriceListCounts read_entries(std::wstring_view text, const std::function<void(const PriceListEntry&)>& handler);
+
+/// What would be lost of an entry when its line is read again: the format has no way to write it.
+enum class EntryLoss { nothing, separator, line_end, length };
+EntryLoss loss_on_reading(const PriceListEntry& entry);
 
 /// Appends "name|price|description" and CR LF; an entry whose three texts are all empty is left out.
 void append_entry(std::wstring& text, const PriceListEntry& entry);

@@ -93,7 +93,8 @@ double number_from_text(std::wstring_view text) {
         const bool tiny = std::find(digits, digits + length, '-') != digits + length;
         value = tiny ? 0 : std::numeric_limits<double>::infinity();
     }
-    return minus ? -value : value;
+    // A sign without a number is no number: 0, not -0.
+    return minus && length > 0 ? -value : value;
 }
 
 bool take_integer(std::wstring_view& text, int& value) {

@@ -103,8 +103,37 @@ HBRUSH BlockPriceDialog::OnCtlColor(CDC* context, CWnd* control, UINT kind) {
 }
 
 void BlockPriceDialog::enable_moves(bool up, bool down) {
-    move_up_.EnableWindow(up);
-    move_down_.EnableWindow(down);
+    enable(move_up_, up);
+    enable(move_down_, down);
+}
+
+void BlockPriceDialog::enable(CButton& button, bool on) {
+    if (!on && ::GetFocus() == button.m_hWnd && grid_attached_) {
+        grid_.SetFocus();
+    }
+    button.EnableWindow(on);
+}
+
+bool BlockPriceDialog::edit_is_over() {
+    if (!grid_.IsEditing()) {
+        return true;
+    }
+    // A button that took the focus has tried to end the edit already; the title bar has not.
+    const HWND focus = ::GetFocus();
+    const bool focus_left = ::IsChild(m_hWnd, focus) != 0 && ::IsChild(grid_.m_hWnd, focus) == 0;
+    return !focus_left && grid_.FinishEdit();
+}
+
+void BlockPriceDialog::OnMoveUp() {
+    if (edit_is_over()) {
+        grid_.MoveRowUp();
+    }
+}
+
+void BlockPriceDialog::OnMoveDown() {
+    if (edit_is_over()) {
+        grid_.MoveRowDown();
+    }
 }
 
 bool BlockPriceDialog::may_lose_changes(bool check_first) {
@@ -114,7 +143,8 @@ bool BlockPriceDialog::may_lose_changes(bool check_first) {
     const std::wstring question = L"Save changes to " + current_file_name();
     switch (AfxMessageBox(question.c_str(), MB_YESNOCANCEL)) {
         case IDYES:
-            return (!check_first || grid_.CheckBeforeSave() == 1) && grid_.SaveToFile(current_file_name().c_str()) == 1;
+            return (!check_first || grid_.CheckBeforeSave() == 1) && grid_.may_save_losses() &&
+                   grid_.SaveToFile(current_file_name().c_str()) == 1;
         case IDNO:
             return true;
         default:
@@ -141,7 +171,7 @@ void BlockPriceDialog::mark_saved() {
 }
 
 void BlockPriceDialog::OnNew() {
-    if (!may_lose_changes(false)) {
+    if (!edit_is_over() || !may_lose_changes(false)) {
         return;
     }
     const auto chosen = ask_for_file(L"New", L"", L"prc", FileQuestion::new_file);
@@ -163,7 +193,7 @@ void BlockPriceDialog::OnNew() {
 }
 
 void BlockPriceDialog::OnOpen() {
-    if (!may_lose_changes(false)) {
+    if (!edit_is_over() || !may_lose_changes(false)) {
         return;
     }
     const auto chosen = ask_for_file(L"Open", current_file_name(), L"prc", FileQuestion::existing_file);
@@ -185,7 +215,8 @@ void BlockPriceDialog::OnOpen() {
 }
 
 void BlockPriceDialog::OnSave() {
-    if (!grid_.modified() || current_file_name().empty() || grid_.GetRowCount() < 1 || grid_.CheckBeforeSave() == 0) {
+    const bool worth_saving = grid_.modified() && !current_file_name().empty() && grid_.GetRowCount() > 0;
+    if (!edit_is_over() || !worth_saving || grid_.CheckBeforeSave() == 0 || !grid_.may_save_losses()) {
         return;
     }
     // The writer has told the user when it could not write.
@@ -195,7 +226,7 @@ void BlockPriceDialog::OnSave() {
 }
 
 void BlockPriceDialog::OnSaveAs() {
-    if (!template_active_ || grid_.CheckBeforeSave() == 0) {
+    if (!template_active_ || !edit_is_over() || grid_.CheckBeforeSave() == 0 || !grid_.may_save_losses()) {
         return;
     }
     const auto chosen = ask_for_file(L"Save as", current_file_name(), L"prc", FileQuestion::new_file);
@@ -210,14 +241,14 @@ void BlockPriceDialog::OnSaveAs() {
 }
 
 void BlockPriceDialog::OnInsertRow() {
-    if (template_active_) {
+    if (template_active_ && edit_is_over()) {
         grid_.InsertRowAfter(grid_.GetCurrentRow());
     }
 }
 
 void BlockPriceDialog::OnDeleteRow() {
     const long row = grid_.GetCurrentRow();
-    if (!template_active_ || row < 0) {
+    if (!template_active_ || row < 0 || !edit_is_over()) {
         return;
     }
     grid_.DeleteRow(row);
@@ -234,7 +265,7 @@ void BlockPriceDialog::Close() {
         EndDialog(IDCANCEL);
         return;
     }
-    if (!may_lose_changes(true)) {
+    if (!edit_is_over() || !may_lose_changes(true)) {
         return;
     }
     const SettingsPaths paths = template_settings_paths();

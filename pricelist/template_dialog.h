@@ -19,7 +19,7 @@ class BlockPriceDialog : public CDialog {
     /// Asks whether to save, stores the settings and ends the dialog; the user may keep it open.
     void Close();
 
-    void enable_save(bool enable) { save_.EnableWindow(enable); }
+    void enable_save(bool on) { enable(save_, on); }
     void enable_moves(bool up, bool down);
     CStaticEx& status() { return status_; }
 
@@ -37,11 +37,15 @@ class BlockPriceDialog : public CDialog {
     void OnSaveAs();
     void OnInsertRow();
     void OnDeleteRow();
-    void OnMoveUp() { grid_.MoveRowUp(); }
-    void OnMoveDown() { grid_.MoveRowDown(); }
+    void OnMoveUp();
+    void OnMoveDown();
     void OnClose() { Close(); }
     HBRUSH OnCtlColor(CDC* context, CWnd* control, UINT kind);
 
+    /// A button that is disabled hands the focus on to the grid: keys would go nowhere.
+    void enable(CButton& button, bool on);
+    /// Ends an open edit, so that what was typed counts. False when that is refused: then the edit goes on.
+    bool edit_is_over();
     /// Asks about unsaved work. False when the user cancelled or saving failed.
     bool may_lose_changes(bool check_first);
     void attach_grid();

@@ -6,6 +6,7 @@
 
 #include "grid/grid_control.h"
 #include "pricelist/block_names.h"
+#include "pricelist/price_list_lines.h"
 
 class BlockPriceDialog;
 
@@ -31,6 +32,9 @@ class MyCug : public CUGCtrl {
 
     /// 1 when every row that has a name or a price has both; otherwise shows why, goes there and returns 0.
     int CheckBeforeSave();
+    /// True when reading the list again gives every row back whole, or the user saves it all the same; otherwise the
+    /// row in question is current.
+    bool may_save_losses();
     /// 1 when no row but `except_row` has this name, whatever its case.
     int IsNameUnique(const wchar_t* name, long except_row);
 
@@ -55,14 +59,22 @@ class MyCug : public CUGCtrl {
     int OnGridEditStart(int column, long row, CWnd** edit) override;
     int OnGridEditFinish(int column, long row, CWnd* edit, LPCWSTR text, BOOL cancelled) override;
     int OnGridSortCompare(CUGCell* first, CUGCell* second, int flags) override;
+    std::unique_ptr<corvanes::KeyedOrder> OnGridSortOrder(int flags) override;
 
   private:
+    enum Column { name_column, price_column, description_column };
+
+    static BlockPriceDialog& dialog();
     void set_default_widths();
     void show_sort_arrow();
     void InitRow(long row);
     void RefreshNameList();
     int SwapRows(long row_a, long row_b);
     std::wstring text(int column, long row);
+    corvanes::PriceListEntry entry(long row);
+    void warn_of_loss(int column, long row, const wchar_t* new_text);
+    /// Blinks and beeps until the next click into the grid.
+    void show_status(const wchar_t* message);
     int complain(const wchar_t* message, int column, long row);
 
     Widths widths_;

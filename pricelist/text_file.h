@@ -8,7 +8,8 @@
 
 namespace corvanes {
 
-/// The text of a file, decoded; nothing when it cannot be opened and read to its end (a folder cannot).
+/// The text of a file, decoded; nothing when it cannot be read whole (a folder cannot, nor a file
+/// that is changed meanwhile).
 std::optional<std::wstring> read_text_file(const std::filesystem::path& path);
 
 /// Puts the text in the file's place, encoded whole beforehand; line ends stand in the text as they are to be written.

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "bom/report_text.h"
 #include "table/merge_table.h"
 
 namespace corvanes {
@@ -11,13 +12,6 @@ constexpr double width_factor = 1.0;
 constexpr double character_spacing = 1.2;
 /// The distance of a text from its column's edges, in drawing units whatever the text height.
 constexpr double cell_margin = 1.0;
-
-constexpr std::array<const wchar_t*, report_columns> tags = {L"BLOCKNAME", L"PRICE", L"QUANTITY", L"DESCRIPTION",
-                                                             L"TOTAL"};
-
-bool money_column(int column) {
-    return column == price_column || column == total_column;
-}
 
 class TableComposer {
   public:
@@ -54,7 +48,7 @@ class TableComposer {
         layout_.texts.push_back(std::move(item));
     }
 
-    bool shown(int column) const { return show_prices_ || !money_column(column); }
+    bool shown(int column) const { return show_prices_ || !traits_of(column).money; }
 
     TableLayout finish(double bottom) {
         const double top = 2 * table_.text_height();
@@ -95,11 +89,11 @@ CellAlignment alignment_of(int column, bool right_to_left) {
 ColumnWidths column_widths(const std::vector<ReportCells>& rows, bool show_prices) {
     ColumnWidths widths{};
     for (size_t column = 0; column < widths.size(); ++column) {
-        size_t longest = std::wstring_view(report_headings[column]).size();
+        size_t longest = std::wstring_view(report_column_traits[column].heading).size();
         for (const ReportCells& row : rows) {
             longest = std::max(longest, row[column].size());
         }
-        const bool hidden = !show_prices && money_column(static_cast<int>(column));
+        const bool hidden = !show_prices && report_column_traits[column].money;
         widths[column] = hidden ? 0 : static_cast<int>(longest + 1);
     }
     return widths;
@@ -116,8 +110,8 @@ TableLayout lay_out_table(const std::vector<ReportCells>& rows, bool show_prices
     composer.add_horizontal_rule(2 * h);
     for (int column = 0; column < report_columns; ++column) {
         if (composer.shown(column)) {
-            const std::wstring title = report_headings[static_cast<size_t>(column)];
-            composer.add_text(tags[static_cast<size_t>(column)], title, column, CellAlignment::centre,
+            const std::wstring title = traits_of(column).heading;
+            composer.add_text(traits_of(column).tag, title, column, CellAlignment::centre,
                               {table.centredTextX(title.size(), column), 0});
         }
     }
@@ -133,9 +127,8 @@ TableLayout lay_out_table(const std::vector<ReportCells>& rows, bool show_prices
         const bool right_to_left = has_hebrew_letter(cells[description_column], character_code);
         for (int column = 0; column < report_columns; ++column) {
             if (composer.shown(column)) {
-                const auto place = static_cast<size_t>(column);
-                composer.add_text(tags[place] + std::to_wstring(row + 1), cells[place], column,
-                                  alignment_of(column, right_to_left), {0, y});
+                composer.add_text(traits_of(column).tag + std::to_wstring(row + 1), cells[static_cast<size_t>(column)],
+                                  column, alignment_of(column, right_to_left), {0, y});
             }
         }
         y -= h;

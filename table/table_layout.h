@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "bom/report_text.h"
+#include "bom/report_columns.h"
 
 namespace corvanes {
 

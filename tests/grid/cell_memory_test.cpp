@@ -44,6 +44,19 @@ int by_text(CUGCell* a, CUGCell* b) {
     return std::wcscmp(a->GetText(), b->GetText());
 }
 
+// by_text with keys.
+class TextOrder final : public corvanes::KeyedOrder {
+  public:
+    corvanes::SortKey read(const CUGCell* cell) const override {
+        corvanes::SortKey key;
+        key.text = cell != nullptr ? cell->GetText() : nullptr;
+        return key;
+    }
+    int compare(const corvanes::SortKey& first, const corvanes::SortKey& second) const override {
+        return std::wcscmp(first.text != nullptr ? first.text : L"", second.text != nullptr ? second.text : L"");
+    }
+};
+
 TEST(Cell, PropertiesFollowWhatIsSet) {
     CUGCell cell;
     EXPECT_EQ(cell.GetPropertyFlags(), 0u);
@@ -123,6 +136,7 @@ TEST(CellMemory, RefusesWhatItDoesNotHave) {
         store.SortBy(2, by_text),
         store.SortBy(-1, by_text),
         store.SortBy(0, CUGDataSource::Comparison()),
+        store.SortByKeys(2, TextOrder()),
     };
     EXPECT_EQ(results, std::vector<int>(results.size(), 1));
     EXPECT_EQ(store.GetCellText(0, 5), nullptr);
@@ -169,7 +183,7 @@ TEST(CellMemory, BehavesAsATableOfStrings) {
             ASSERT_EQ(store.DeleteRow(row), 0);
             table.erase(table.begin() + row);
         } else if (what == 2 && step % 50 == 0) {
-            ASSERT_EQ(store.SortBy(1, by_text), 0);
+            ASSERT_EQ(step % 100 == 0 ? store.SortBy(1, by_text) : store.SortByKeys(1, TextOrder()), 0);
             std::stable_sort(table.begin(), table.end(), [](const auto& a, const auto& b) { return a[1] < b[1]; });
         } else {
             const int column = below(columns);

@@ -165,6 +165,75 @@ TEST_F(Editing, ADropListOffersTheLinesOfTheLabel) {
     EXPECT_STREQ(grid.GetCellText(0, 1), L"window");
 }
 
+TEST_F(Editing, ADropListFindsItsWayThroughHundredsOfNames) {
+    std::wstring names = L"Bolt\nbolt 8\nborder\n\x05D3\x05DC\x05EA\n";
+    for (int number = 100; number < 700; ++number) {
+        names += L"Part " + std::to_wstring(number) + L"\n";
+    }
+    grid.SetCellTypeIndex(0, 5, corvanes::type_drop_list);
+    grid.SetCellLabel(0, 5, names.c_str());
+    grid.GotoCell(0, 5);
+    key(VK_F4);
+    const HWND list = ::GetFocus();
+    const auto chosen = [list] { return static_cast<int>(::SendMessageW(list, CB_GETCURSEL, 0, 0)); };
+    const auto unfolded = [list] { return ::SendMessageW(list, CB_GETDROPPEDSTATE, 0, 0) != 0; };
+    EXPECT_EQ(chosen(), -1);
+    type(L"b");
+    EXPECT_EQ(chosen(), 0);
+    type(L"b");
+    EXPECT_EQ(chosen(), 1) << "the same letter again: the next one";
+    type(L"\bbor");
+    EXPECT_EQ(chosen(), 2);
+    type(L"x");
+    EXPECT_EQ(chosen(), 2) << "no such name";
+    type(L"\bPART 35");
+    EXPECT_EQ(chosen(), 4 + 250);
+    EXPECT_TRUE(unfolded()) << "letters do not close the list";
+    key(VK_NEXT);
+    EXPECT_GT(chosen(), 4 + 250);
+    key(VK_PRIOR);
+    EXPECT_EQ(chosen(), 4 + 250);
+    key(VK_END);
+    EXPECT_EQ(chosen(), 603);
+    key(VK_UP);
+    key(VK_RETURN);
+    EXPECT_STREQ(grid.GetCellText(0, 5), L"Part 698");
+    // The focus that leaves closes it, and nothing is chosen.
+    key(VK_F4);
+    ASSERT_TRUE(unfolded());
+    EXPECT_EQ(chosen(), 602);
+    key(VK_HOME);
+    frame.SetFocus();
+    pump();
+    EXPECT_FALSE(grid.IsEditing());
+    EXPECT_FALSE(::IsWindowVisible(list));
+    EXPECT_STREQ(grid.GetCellText(0, 5), L"Part 698");
+}
+
+TEST_F(Editing, ADropListUnfoldsUpwardsWhereThereIsNoRoomBelow) {
+    CRect place;
+    frame.GetWindowRect(&place);
+    const int bottom = ::GetSystemMetrics(SM_CYSCREEN);
+    frame.SetWindowPos(nullptr, place.left, bottom - place.Height(), 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+    grid.SetCellTypeIndex(0, 9, corvanes::type_drop_list);
+    grid.SetCellLabel(0, 9, L"a\nb\nc\nd\ne\nf\ng\nh\n");
+    grid.GotoCell(0, 9);
+    hold({VK_MENU});
+    ::SendMessageW(::GetFocus(), WM_SYSKEYDOWN, VK_DOWN, 1);
+    release_keys();
+    pump();
+    COMBOBOXINFO list{};
+    list.cbSize = sizeof list;
+    ASSERT_TRUE(::GetComboBoxInfo(::GetFocus(), &list)) << "Alt and the arrow open it too";
+    RECT unfolded;
+    RECT field;
+    ::GetWindowRect(list.hwndList, &unfolded);
+    ::GetWindowRect(list.hwndCombo, &field);
+    EXPECT_LE(unfolded.bottom, field.top + 1);
+    key(VK_ESCAPE);
+    frame.SetWindowPos(nullptr, place.left, place.top, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+}
+
 TEST_F(Editing, ACheckBoxTogglesUnlessItsOwnerRefuses) {
     grid.SetCellTypeIndex(2, 0, corvanes::type_check_box);
     grid.SetCellText(2, 0, L"1");

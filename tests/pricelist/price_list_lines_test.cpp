@@ -77,4 +77,21 @@ TEST(PriceListLines, WritesEveryRowThatHoldsAnything) {
     EXPECT_EQ(text, L"Door|12.5|\u05d3\u05dc\u05ea\r\n|0|\r\nx|y|| z \r\n");
 }
 
+TEST(PriceListLines, KnowsWhatReadingWouldLose) {
+    const std::wstring fits(993, L'x');
+    for (const wchar_t* name : {L"ab", L"a|b", L"a\nb", L"a\rb"}) {
+        for (const wchar_t* price : {L"1", L"1|", L"|", L"1\n"}) {
+            for (const std::wstring& description : {std::wstring(), L"x" + fits.substr(1), L"x" + fits, L"xx" + fits,
+                                                    std::wstring(L"x\r"), std::wstring(L"\n"), std::wstring(L"x|y")}) {
+                const corvanes::PriceListEntry entry{name, price, description};
+                std::wstring line;
+                corvanes::append_entry(line, entry);
+                const Lines whole{L'[' + std::wstring(name) + L"][" + price + L"][" + description + L']'};
+                EXPECT_EQ(corvanes::loss_on_reading(entry) == corvanes::EntryLoss::nothing, entries_of(line) == whole)
+                    << testing::PrintToString(line);
+            }
+        }
+    }
+}
+
 }  // namespace

@@ -35,6 +35,8 @@ TEST(PriceText, ReadsTheNumberAtTheFront) {
         {L"2.5E-1x", 0.25},
         {L"- 5", 0},
         {L"--5", 0},
+        {L"-x", 0},
+        {L"-0", -0.0},
         {L"0x10", 0},
         {L"inf", 0},
         {L"nan", 0},
@@ -46,6 +48,8 @@ TEST(PriceText, ReadsTheNumberAtTheFront) {
     };
     for (const auto& c : cases) {
         EXPECT_EQ(number_from_text(c.text), c.number) << c.text;
+        const bool minus = std::signbit(number_from_text(c.text));
+        EXPECT_EQ(minus, std::signbit(c.number)) << c.text << ": a report would show -0.00";
     }
     EXPECT_EQ(number_from_text(L"0." + std::wstring(200, L'0') + L"1"), 1e-201) << "longer than the small buffer";
 }

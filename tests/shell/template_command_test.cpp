@@ -25,37 +25,10 @@ class TemplateCommand : public test_support::HostProgram {
     }
 };
 
-/// Which of Save, Save As, Insert Row, Delete Row, Move Up and Move Down are enabled: a letter each, "-" for disabled.
-std::string buttons(const std::string& state) {
-    constexpr int ids[] = {200, 204, 207, 208, 217, 218};
-    std::string lines;
-    for (size_t i = 0; i < state.size(); ++i) {
-        lines += "@expect-enabled " + std::to_string(ids[i]) + (state[i] == '-' ? " off\n" : " on\n");
-    }
-    return lines;
-}
-
 /// Types a text into a cell and ends the edit with Tab.
 std::string fill(int column, int row, const std::string& text) {
     return "@click-cell " + std::to_string(column) + ' ' + std::to_string(row) + "\n@key CTRL+END\n@type \"" + text +
            "\"\n@key TAB\n";
-}
-
-TEST_F(TemplateCommand, EnablesTheButtonsThatTheStateAllows) {
-    write("two.prc", "a|1|x\r\nb|2|y\r\n");
-    write("one.prc", "a|1|x\r\n");
-    succeed("QXBOMT\n" + buttons("------") +                                //
-            "@press \"New\"\nlist.prc\n" + buttons("-AID--") +              // an empty row
-            fill(2, 0, "x") + buttons("SAID--") +                           // an edit
-            fill(0, 0, "door") + "@press \"Save\"\n" + buttons("-AID--") +  //
-            "@press \"Insert Row\"\n" + buttons("-AIDU-") +                 // at the end of two
-            "@press \"Move Up\"\n" + buttons("-AID-D") +                    // first of two
-            "@press \"Move Down\"\n" + buttons("-AIDU-") +                  //
-            "@press \"Delete Row\"\n" + buttons("-AID--") +                 //
-            "@press \"Open\"\ntwo.prc\n@click-cell 0 1\n@key ESCAPE\n" + buttons("SAIDU-") + "@press \"Save\"\n" +  //
-            "@press \"Open\"\none.prc\n" + buttons("-AID--") +                                                      //
-            "@press \"Open\"\n^C\n" + buttons("-AID--") + "@press \"Close\"\nQUIT\n");
-    EXPECT_EQ(read("list.prc"), "door|0|x\r\n");
 }
 
 TEST_F(TemplateCommand, KeepsAListThatTheReportThenUses) {

@@ -1,0 +1,37 @@
+// The columns of the report, in the grid, the report file and the table of the drawing.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <string>
+
+namespace corvanes {
+
+constexpr int report_columns = 5;
+enum ReportColumn { name_column, price_column, quantity_column, description_column, total_column };
+
+/// What each place makes of a column.
+struct ReportColumnTraits {
+    const wchar_t* heading;
+    size_t file_width;   ///< of its field in the report file, in characters, at least
+    const wchar_t* tag;  ///< of the heading's attribute in the table; those of the rows append their number
+    bool money;          ///< left out without prices
+    bool number;         ///< sorted by value
+};
+
+constexpr std::array<ReportColumnTraits, report_columns> report_column_traits = {{
+    {L"Block name", 10, L"BLOCKNAME", false, false},
+    {L"Item Price", 10, L"PRICE", true, true},
+    {L"Quantity", 10, L"QUANTITY", false, true},
+    {L"Description", 20, L"DESCRIPTION", false, false},
+    {L"Total", 10, L"TOTAL", true, true},
+}};
+
+constexpr const ReportColumnTraits& traits_of(int column) {
+    return report_column_traits[static_cast<size_t>(column)];
+}
+
+/// The texts of one row of the report grid, by column.
+using ReportCells = std::array<std::wstring, report_columns>;
+
+}  // namespace corvanes

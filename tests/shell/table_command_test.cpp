@@ -1,0 +1,94 @@
+// "QXBOMC" on to the table in the drawing, through the module as it is built: the blocks' names, what a cancelled
+// placement leaves, and the system variables.
+#include <gmock/gmock.h>
+
+#include "platform/host/dxf/drawing.h"
+#include "tests/shell/small_drawing.h"
+#include "tests/support/host_program.h"
+
+namespace fs = std::filesystem;
+using test_support::Outcome;
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+namespace {
+
+class TableCommand : public test_support::HostProgram {
+  protected:
+    TableCommand() {
+        fs::copy_file(program_folder() / "Corvanes.arx", folder_ / "Corvanes.arx");
+        write("list.prc", "DOOR|1250|oak\r\n");
+        write("House.dxf", test_support::drawing_of({"DOOR", "door"}));
+    }
+
+    Outcome run(const std::string& script) const {
+        write("a.scr", script);
+        return start("House.dxf --load Corvanes.arx --script a.scr --verbose");
+    }
+    /// A run that must succeed; what was said.
+    std::string succeed(const std::string& script) const {
+        const Outcome outcome = run(script);
+        EXPECT_EQ(outcome.status, 0U) << outcome.said;
+        return outcome.said;
+    }
+
+    /// The table blocks of a drawing, each followed by the x scales of its references.
+    std::vector<std::string> tables(const char* name) const {
+        const dxf::OpenResult opened = dxf::Drawing::open(folder_ / name);
+        std::vector<std::string> found;
+        for (const dxf::Block& block : opened.drawing->blocks()) {
+            const std::wstring& wide = opened.drawing->block_names().name(block.name);
+            std::string line(wide.begin(), wide.end());
+            if (line.substr(0, 3) != "KVO") {
+                continue;
+            }
+            for (const dxf::RecordId id : opened.drawing->entities()) {
+                if (opened.drawing->record(id).block_name == block.name) {
+                    line += " " + std::to_string(opened.drawing->view(id).real(41, 1)).substr(0, 4);
+                }
+            }
+            found.push_back(line);
+        }
+        return found;
+    }
+};
+
+const std::string report = "QXBOMC\nlist.prc\nALL\n\n@press \"Insert\"\n";
+
+TEST_F(TableCommand, CountsItsBlocksOn) {
+    succeed(report + "0,0\nreturn\n" + report +
+            "0,-50\nmove 10,-50\nmove 153,-51\npick 500,-500\nSAVEAS\ntwo.dxf\nQUIT\n");
+    EXPECT_THAT(tables("two.dxf"), ElementsAre("KVO0001 1.00", "KVO0002 2.50"));
+    // The references count each other from then on: a table is a block like any other.
+    succeed("OPEN\ntwo.dxf\n" + report + "^C\nU\n" + report + "9,9\n^C\nSAVEAS\nthree.dxf\nQUIT\n");
+    EXPECT_THAT(tables("three.dxf"), ElementsAre("KVO0001 1.00", "KVO0002 2.50", "KVO0003 1.00"))
+        << "what was taken back is free again, and Escape while dragging takes the natural size";
+}
+
+TEST_F(TableCommand, LeavesTheBlockOfACancelledPlacement) {
+    succeed(report + "^C\n" + report + "0,0\nreturn\nSAVEAS\nlater.dxf\nQUIT\n");
+    EXPECT_THAT(tables("later.dxf"), ElementsAre("KVO0001", "KVO0002 1.00"));
+}
+
+TEST_F(TableCommand, RefusesTheTenThousandthTable) {
+    write("House.dxf", test_support::drawing_of({"DOOR", "kvo9998"}));
+    succeed(report + "0,0\nreturn\nSAVEAS\nHouse9999.dxf\n" + report +
+            "@alert \"Too large number for name of table price\"\nSAVEAS\nrefused.dxf\nQUIT\n");
+    EXPECT_THAT(tables("refused.dxf"), ElementsAre("KVO9999 1.00"));
+}
+
+TEST_F(TableCommand, RestoresTheVariablesCrossed) {
+    const auto set = [](const std::string& name, const std::string& value) {
+        return "SETVAR\n" + name + "\n" + value + "\n";
+    };
+    const auto values = set("ATTREQ", "") + set("CMDECHO", "") + set("SNAPMODE", "") + set("OSMODE", "");
+    for (const char* placement : {"0,0\nreturn\n", "^C\n"}) {
+        const std::string said = succeed(set("SNAPMODE", "1") + set("OSMODE", "35") + set("CMDECHO", "0") + report +
+                                         placement + values + "QUIT\nYes\n");
+        for (const char* shown : {"for ATTREQ <1>", "for CMDECHO <0>", "for SNAPMODE <1>", "for OSMODE <1>"}) {
+            EXPECT_THAT(said, HasSubstr(shown)) << placement;
+        }
+    }
+}
+
+}  // namespace

@@ -1,0 +1,220 @@
+#!/usr/bin/python3
+"""Makes a price list in the BOM Template dialog and a report with it, once with the keyboard and once with the mouse, as
+a new user does, and compares the bytes of both files.
+
+usage: template_by_hand_test.py DRAWINGHOST.exe MODULE.arx [TEST...]   ($PICTURES: a folder for pictures of every step)
+"""
+
+import os
+import pathlib
+import re
+import shutil
+import subprocess
+import sys
+
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[1] / "desktop"))
+from desktop import ROOT, DesktopTest, main, wait_until, windows_path, xdotool
+
+TEMPLATE, REPORT = "^BOM Template$", "^BOM Report$"
+
+# The keys that carry the Hebrew letters, by what they carry on the American keyboard, and the keycodes of all keys.
+HEBREW = dict(zip("אבגדהוזחטיכךלמםנןסעפףצץקרשת/", "tcdsvuzjyhflknobixgp;m.era,/"))
+KEYCODES = {character: first + place for first, row in ((24, "qwertyuiop"), (38, "asdfghjkl;"), (52, "zxcvbnm,./"), (10, "1234567890"))
+            for place, character in enumerate(row)} | {" ": 65}
+
+# The middles of the buttons, in the units of the dialogs' layouts.
+BUTTONS = {"Insert Row": (357, 37), "Move Up": (357, 77), "New": (357, 139), "Save": (357, 179), "Close": (357, 219),
+           "Close the report": (35, 257), "Save the report": (155, 257)}
+
+# What leads to the name in the drop list, the price, the description.
+ROWS = [("DOOR", "590", "דגם פנים"), ("W", "320/5", "כיור רחצה"), ("SOF", "2100", "ספה 3 מושבים"),
+        ("WIN", "1280", "חלון גדול"), ("נ", "45", "נורה חמה")]
+# The lines that they make; on the Hebrew keyboard the slash key within a number is the point.
+LINES = ["DOOR_80|590|דגם פנים", "WASH_BASIN|320.5|כיור רחצה", "SOFA 3 SEATS|2100|ספה 3 מושבים",
+         "WINDOW_160|1280|חלון גדול", "נברשת|45|נורה חמה"]
+# Where the drop list shows the names, as long as the rows above have theirs: turns of the wheel, then the line.
+LISTED = [(3, 2), (20, 5), (20, 1), (20, 7), (20, 10)]
+REPORTED = {"door_80": ("590.00", 2), "wash_basin": ("320.50", 3), "sofa 3 seats": ("2100.00", 1),
+            "window_160": ("1280.00", 10), "נברשת": ("45.00", 2)}
+
+
+def list_of(*rows):
+    return "".join(LINES[row] + "\r\n" for row in rows)
+
+
+class TemplateByHand(DesktopTest):
+    def setUp(self):
+        super().setUp()
+        shutil.copy(ROOT / "samples" / "house_plan.dxf", self.folder)
+        self.addCleanup(subprocess.run, ["setxkbmap", "us,il"], check=False)
+        subprocess.run(["setxkbmap", "us"], check=True)
+        self.open("house_plan.dxf")
+        self.pictures = 0
+
+    def look(self, title=TEMPLATE):
+        """A picture for a person to judge by."""
+        if folder := os.environ.get("PICTURES"):
+            self.pictures += 1
+            window = xdotool("search", "--onlyvisible", "--name", title)
+            subprocess.run(["xdotool", "sleep", "0.4"], check=False)
+            subprocess.run(["import", "-window", "root", f"{folder}/{self._testMethodName}_{self.pictures:02}.png"], check=bool(window))
+
+    def hebrew(self, text):
+        """On the Hebrew keyboard, by the keys that a person presses; capitals with Shift."""
+        for character in text:
+            code = KEYCODES[HEBREW.get(character, character.lower())]
+            if character.isupper():
+                xdotool("keydown", "Shift_L", "key", code, "keyup", "Shift_L")
+            else:
+                xdotool("key", code)
+
+    def read(self, name):
+        path = self.folder / name
+        return path.read_bytes().decode("cp1255") if path.exists() else ""
+
+    def expect_list(self, *rows):
+        expected = list_of(*rows)
+        wait_until(lambda: self.read("list.prc") == expected, f"the list {expected!r}")
+
+    def new_list(self):
+        self.desktop.type(windows_path(self.folder / "list.prc"), title="^New$")
+        self.desktop.face(TEMPLATE)
+        subprocess.run(["setxkbmap", "il"], check=True)
+
+    def expect_report(self):
+        """The five prices, quantities and totals, and their sum."""
+        wait_until(lambda: (self.folder / "report.txt").exists(), "the report")
+        lines = [re.split(r"\s{2,}", line.strip()) for line in self.read("report.txt").splitlines()]
+        found = {line[0]: line[1:] for line in lines if line[0] in REPORTED}
+        total = 0
+        for name, (price, count) in REPORTED.items():
+            total += float(price) * count
+            self.assertEqual(found[name][:2] + found[name][-1:], [price, str(count), f"{float(price) * count:.2f}"])
+        self.assertEqual(lines[-1], ["Summary:", f"{total:.2f}"])
+
+    # The keyboard.
+
+    def press(self, _button, steps):
+        """From the grid to a button, and back."""
+        xdotool("key", *["Tab"] * steps, "space", *["shift+Tab"] * steps)
+        self.look()
+
+    def test_with_the_keyboard(self):
+        desktop = self.desktop
+        desktop.type("qxbomt")
+        self.look()
+        desktop.key("alt+n", title=TEMPLATE)
+        self.new_list()
+        xdotool("key", "shift+Tab", "shift+Tab", "shift+Tab")
+        for name, price, description in ROWS:
+            if name != ROWS[0][0]:
+                self.press("Insert Row", 1)
+            xdotool("key", "F4")
+            self.hebrew(name)
+            self.look()
+            xdotool("key", "Return", "Right", "F2")
+            self.hebrew(price)
+            xdotool("key", "Tab", "F2")
+            self.hebrew(description)
+            self.look()
+            xdotool("key", "Return")
+        xdotool("key", "Home", "Right", "F3")  # sorts by the price
+        self.look()
+        self.press("Move Up", 3)
+        self.press("Move Up", 3)
+        xdotool("key", *["Tab"] * 7, "space")  # a button that goes grey leaves the focus to the grid
+        self.expect_list(4, 1, 2, 0, 3)
+        xdotool("key", "Escape")
+        desktop.hear("\nCommand: ")
+
+        subprocess.run(["setxkbmap", "us"], check=True)
+        desktop.type("qxbomc")
+        desktop.key("Return", title="^Open$")
+        desktop.hear("Select objects: ")
+        desktop.type("all")
+        desktop.hear("Select objects: ")
+        desktop.key("Return")
+        desktop.face(REPORT)
+        self.look()
+        desktop.key("alt+s", title=REPORT)
+        desktop.type(windows_path(self.folder / "report.txt"), title="^Save as$")
+        self.expect_report()
+        desktop.key("alt+c", title=REPORT)
+        desktop.hear("\nCommand: ")
+
+    # The mouse.
+
+    def point_at(self, x, y, *button):
+        """To pixels from the dialog's corner, and a click."""
+        xdotool("mousemove", self.left + x, self.top + y, *button)
+
+    def click(self, button):
+        """A button, by its place in the layout; its unit is 7/4 pixels across and 13/8 down, beside a frame of 3 and 22."""
+        x, y = BUTTONS[button]
+        self.point_at(3 + x * 7 // 4, 22 + y * 13 // 8, "click", 1)
+
+    def click_cell(self, column, row, from_right=30):
+        self.point_at((212, 277, 537)[column] - from_right, 86 + 16 * row, "click", 1)
+
+    def face_dialog(self, title=TEMPLATE):
+        self.desktop.face(title)
+        window = xdotool("search", "--onlyvisible", "--name", title)
+        shape = dict(re.findall(r"(\w+)=(-?\d+)", xdotool("getwindowgeometry", "--shell", window)))
+        self.left, self.top = int(shape["X"]), int(shape["Y"])
+
+    def accept_file(self, title, name=""):
+        """Types a name, or takes the one that is proposed, and clicks the file dialog's own button."""
+        self.face_dialog(title)
+        if name:
+            xdotool("type", windows_path(self.folder / name))
+        self.point_at(62, 324, "click", 1)
+
+    def test_with_the_mouse(self):
+        desktop = self.desktop
+        desktop.type("qxbomt")
+        self.face_dialog()
+        self.click("New")
+        self.accept_file("^New$", "list.prc")
+        self.face_dialog()
+        subprocess.run(["setxkbmap", "il"], check=True)
+        for row, (_, price, description) in enumerate(ROWS):
+            if row > 0:
+                self.click("Insert Row")
+            self.click_cell(0, row, from_right=6)
+            notches, line = LISTED[row]
+            self.point_at(80, 106 + 16 * row + 13 * line, "click", "--repeat", notches, 5)
+            self.look()
+            xdotool("click", 1)
+            self.click_cell(1, row)
+            self.hebrew(price)
+            self.click_cell(2, row)
+            self.look()
+            self.hebrew(description)
+        self.point_at(240, 68, "click", 1)  # the heading of the prices
+        self.look()
+        self.click_cell(2, 4)
+        self.click("Move Up")
+        self.click("Save")
+        self.look()
+        self.expect_list(4, 1, 0, 2, 3)
+        self.click("Close")
+        desktop.hear("\nCommand: ")
+
+        subprocess.run(["setxkbmap", "us"], check=True)
+        desktop.type("qxbomc")
+        self.accept_file("^Open$")
+        desktop.hear("Select objects: ")
+        desktop.type("all")
+        desktop.hear("Select objects: ")
+        desktop.click((400, 300), button=3)
+        self.face_dialog(REPORT)
+        self.click("Save the report")
+        self.accept_file("^Save as$", "report.txt")
+        self.expect_report()
+        self.face_dialog(REPORT)
+        self.click("Close the report")
+        desktop.hear("\nCommand: ")
+
+
+if __name__ == "__main__":
+    main()
