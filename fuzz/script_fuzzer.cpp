@@ -1,0 +1,34 @@
+// Any bytes as a host script: it is read whole, or refused with the number of a line that it has.
+#include <algorithm>
+
+#include "base/code_page.h"
+#include "fuzz/fuzz_input.h"
+#include "platform/host/editor/script.h"
+#include "platform/host/editor/script_words.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
+    const std::string_view bytes = fuzz::bytes_of(data, size);
+    const auto lines = static_cast<size_t>(std::count(bytes.begin(), bytes.end(), '\n')) + 1;
+    std::optional<host::ScriptFault> fault;
+    const host::Script script = host::read_script(bytes, L"fuzz.scr", fault);
+    if (fault) {
+        fuzz::require(script.lines.empty(), "a refused script is empty");
+        fuzz::require(fault->line >= 1 && fault->line <= lines && !fault->reason.empty(),
+                      "a refusal has place and reason");
+    }
+    size_t before = 0;
+    for (const host::ScriptLine& line : script.lines) {
+        fuzz::require(line.number > before && line.number <= lines, "lines keep their numbers");
+        fuzz::require(line.action.has_value() == (!line.text.empty() && line.text.front() == L'@'),
+                      "a line that begins with @ is an action");
+        before = line.number;
+    }
+    const std::wstring text = base::wide_from_utf8(bytes);
+    host::plain_caption(text);
+    if (const auto words = host::split_script_words(text, host::Escapes::none)) {
+        for (const host::ScriptWord& word : *words) {
+            fuzz::require(word.quoted || !word.text.empty(), "a bare word has characters");
+        }
+    }
+    return 0;
+}
