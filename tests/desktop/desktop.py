@@ -1,0 +1,197 @@
+"""The host's window on an X display, as a person has it: hands on the mouse and the keyboard, eyes on what is shown."""
+
+import os
+import pathlib
+import re
+import shutil
+import struct
+import subprocess
+import sys
+import tempfile
+import time
+import unittest
+
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+PATIENCE = 20  # seconds, for anything that is to appear
+
+
+def windows_path(path):
+    return "Z:" + str(pathlib.Path(path).resolve()).replace("/", "\\")
+
+
+def xdotool(*words):
+    done = subprocess.run(["xdotool", *map(str, words)], capture_output=True, text=True, check=False)
+    return done.stdout.strip()
+
+
+def wait_until(there, what):
+    """The first true value that `there` gives."""
+    end = time.monotonic() + PATIENCE
+    while time.monotonic() < end:
+        if value := there():
+            return value
+        time.sleep(0.02)
+    raise AssertionError(f"{what}: it never came")
+
+
+class Picture:
+    """The pixels of a window, row by row, from a dump in the format of xwd."""
+
+    def __init__(self, dump):
+        header = struct.unpack(">25I", dump[:100])
+        size, self.width, self.height, stride, colours = header[0], header[4], header[5], header[12], header[19]
+        data = dump[size + 12 * colours:]
+        self.rows = [data[stride * y:stride * y + 4 * self.width] for y in range(self.height)]
+
+    def part(self, left, top, right, bottom):
+        return [row[4 * left:4 * right] for row in self.rows[top:bottom]]
+
+
+class Desktop:
+    """A running host. What it says at its command line is followed through the standard error of --verbose."""
+
+    caption_height, frame_width, command_line_height = 23, 4, 118  # of the main window, in pixels
+
+    def __init__(self, host, module, drawing, folder):
+        xdotool("mousemove", 4000, 4000)  # into the far corner, where no window comes up under the pointer
+        self.heard = folder / "said"
+        self.read_to = 0
+        with open(self.heard, "wb") as said:
+            self.process = subprocess.Popen(
+                [ROOT / "tools" / "wine", host, windows_path(drawing), "--load", windows_path(module), "--verbose"],
+                stderr=said, cwd=folder)
+        self.hear("Command: ")
+        self.window = wait_until(lambda: xdotool("search", "--onlyvisible", "--name", " - Drawing Host$"), "the window")
+        self.look_at_window()
+
+    def look_at_window(self):
+        shape = dict(re.findall(r"(\w+)=(-?\d+)", xdotool("getwindowgeometry", "--shell", self.window)))
+        self.left, self.top, self.width, self.height = (int(shape[name]) for name in ("X", "Y", "WIDTH", "HEIGHT"))
+
+    def end(self):
+        if self.process.poll() is None:
+            self.process.terminate()
+        self.process.wait()
+
+    # Ears.
+
+    def hear(self, words):
+        """Waits for words at the command line; all that was said since the last time up to their end."""
+
+        def found():
+            text = self.heard.read_bytes().decode("utf-8", errors="replace").replace("\r", "")
+            place = text.find(words, self.read_to)
+            return None if place < 0 else (text, place + len(words))
+
+        text, end = wait_until(found, f"{words!r} after {self.last_words()!r}")
+        said = text[self.read_to:end]
+        self.read_to = end
+        return said
+
+    def last_words(self):
+        return self.heard.read_bytes().decode("utf-8", errors="replace")[-200:]
+
+    # Hands.
+
+    def face(self, title):
+        """Waits for a window that keys are to go to, and gives it the keyboard's focus, as the manager of windows does
+        that a virtual display has not."""
+
+        def ready():
+            window = xdotool("search", "--onlyvisible", "--name", title)
+            if window and xdotool("getwindowfocus") != window:
+                xdotool("windowfocus", window)
+                return False
+            return window
+
+        wait_until(ready, f"the window {title!r}")
+
+    def key(self, *names, title=" - Drawing Host$"):
+        self.face(title)
+        xdotool("key", *names)
+
+    def type(self, text, title=" - Drawing Host$"):
+        """Types a line and Return."""
+        self.face(title)
+        xdotool("type", "--delay", "1", text)
+        xdotool("key", "Return")
+
+    def run(self, *lines):
+        """A command and the answers that it asks for; what was said until the next command may be typed."""
+        for line in lines:
+            self.type(line)
+        return self.hear("\nCommand: ")
+
+    def screen(self, at):
+        return self.left + self.frame_width + at[0], self.top + self.caption_height + at[1]
+
+    def move(self, at):
+        """To a pixel of the drawing view."""
+        xdotool("mousemove", *self.screen(at))
+
+    def click(self, at, button=1):
+        self.move(at)
+        xdotool("click", button)
+
+    def drag(self, start, end, button):
+        xdotool("mousemove", *self.screen(start), "mousedown", button, "mousemove", *self.screen(end), "mouseup", button)
+
+    def rest(self):
+        """Takes the pointer off the drawing."""
+        xdotool("mousemove", self.left + self.width // 2, self.top + self.height - 60)
+
+    # Eyes.
+
+    def picture(self):
+        """The drawing as the window shows it."""
+        dump = subprocess.run(["xwd", "-silent", "-id", self.window], capture_output=True, check=True).stdout
+        return Picture(dump).part(self.frame_width, self.caption_height, self.width - self.frame_width,
+                                  self.height - self.frame_width - self.command_line_height)
+
+    def settled_picture(self):
+        """The drawing, once it has been painted: two looks that agree."""
+        last = None
+
+        def settled():
+            nonlocal last
+            before, last = last, self.picture()
+            return last if last == before else None
+
+        return wait_until(settled, "a picture that stays")
+
+    def points(self, *pixels):
+        """The places in the drawing under pixels of the view, as the command line gives picked points."""
+        found = []
+        for pixel in pixels:
+            self.type("zoom")
+            self.hear("<Extents>: ")
+            self.click(pixel)
+            said = self.hear("opposite corner: ")
+            self.key("Escape")
+            self.hear("\nCommand: ")
+            found.append(tuple(map(float, said.split("\n")[0].split(",")[:2])))
+        return found
+
+
+class DesktopTest(unittest.TestCase):
+    """Tests with a folder of their own, where the drawing, the module and its settings are."""
+
+    host = module = None
+
+    def setUp(self):
+        self.folder = pathlib.Path(tempfile.mkdtemp())
+        self.addCleanup(shutil.rmtree, self.folder)
+
+    def open(self, drawing):
+        """Starts the host with a drawing of the folder."""
+        self.desktop = Desktop(self.host, shutil.copy(self.module, self.folder), self.folder / drawing, self.folder)
+        self.addCleanup(self.desktop.end)
+        return self.desktop
+
+
+def main():
+    """Runs the tests of the program: PROGRAM DRAWINGHOST.exe MODULE.arx [TEST...]."""
+    if "CORVANES_SESSION" not in os.environ:
+        os.execv(ROOT / "tools" / "session", [str(ROOT / "tools" / "session"), *sys.argv])
+    DesktopTest.host, DesktopTest.module = map(pathlib.Path, sys.argv[1:3])
+    unittest.main(argv=sys.argv[:1] + sys.argv[3:], verbosity=2)

@@ -1,0 +1,61 @@
+"""The drawing host as a process of a test: run with a script, held at a line of it, limited, killed."""
+
+import os
+import pathlib
+import shutil
+import subprocess
+
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+
+
+def windows_path(path):
+    return "Z:" + str(pathlib.Path(path).resolve()).replace("/", "\\")
+
+
+class Host:
+    """One run. The modules are copied into `folder`, since the report module keeps its settings beside itself."""
+
+    def __init__(self, program, modules, folder, lines, drawing=None, before_start=None):
+        self.folder = pathlib.Path(folder)
+        script, self.said = self.folder / "test.scr", self.folder / "said"
+        script.write_text("\n".join(lines + ["QUIT"]) + "\n", encoding="utf-8")
+        command = [ROOT / "tools" / "wine", program] + ([windows_path(drawing)] if drawing else [])
+        for module in modules:
+            own = self.folder / pathlib.Path(module).name
+            if not own.exists():
+                shutil.copy(module, own)
+            command += ["--load", windows_path(own)]
+        with open(self.said, "wb") as said:
+            # A host that crashes ends at once instead of waiting for a debugger.
+            surroundings = dict(os.environ, WINEDLLOVERRIDES=os.environ.get("WINEDLLOVERRIDES", "") + ";winedbg.exe=d")
+            self.process = subprocess.Popen(command + ["--script", windows_path(script)], stdin=subprocess.PIPE,
+                                            stdout=subprocess.PIPE, stderr=said, preexec_fn=before_start,
+                                            env=surroundings)
+
+    def wait_until_held(self):
+        """Until the script has come to a HOLD."""
+        line = self.process.stdout.readline().strip()
+        if line != b"held":
+            raise AssertionError(f"the host was not held: {line!r} {self.words()}")
+
+    def release(self):
+        self.process.stdin.write(b"\n")
+        self.process.stdin.flush()
+
+    def kill(self):
+        self.process.kill()
+        self.process.communicate()
+
+    def finish(self):
+        """The exit status and what was written to standard output meanwhile."""
+        output = self.process.communicate()[0].decode()
+        return self.process.returncode, output
+
+    def words(self):
+        return self.said.read_text(encoding="utf-8", errors="replace").strip()
+
+    def succeed(self):
+        status, output = self.finish()
+        if status != 0:
+            raise AssertionError(f"status {status}: {self.words()}")
+        return output
