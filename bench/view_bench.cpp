@@ -109,7 +109,7 @@ int main() {
         std::fprintf(stderr, "%s\n", opened.error.message().c_str());
         return 1;
     }
-    DrawingFrame frame;
+    DrawingFrame frame(DrawingFrame::texts_in_motion);
     const auto start = std::chrono::steady_clock::now();
     frame.set_list(std::make_shared<const DisplayList>(DisplayList::build(*opened.drawing)));
     std::printf("%d entities, %dx%d pixels; made ready in %.1f ms\n", entity_count, width, height, milliseconds(start));
