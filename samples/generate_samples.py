@@ -10,7 +10,7 @@ from dxf_output import Block, Drawing, Format
 FROZEN, LOCKED = 1, 4
 LAYERS = [("0", 7, 0, True), ("WALLS", 7, 0, True), ("WALL_FILL", 9, 0, True), ("DOORS", 32, 0, True),
           ("WINDOWS", 150, 0, True), ("ריהוט", 8, 0, True), ("SANITARY", 142, 0, True), ("KITCHEN", 106, 0, True),
-          ("LIGHTING", 30, 0, True), ("ELECTRICAL", 1, LOCKED, True), ("ROOM_NAMES", 176, 0, True),
+          ("LIGHTING", 30, 0, True), ("ELECTRICAL", 1, LOCKED, True), ("ROOM_NAMES", 200, 0, True),
           ("DIMENSIONS", 8, 0, True), ("VARIANT", 6, FROZEN, True), ("CONSTRUCTION", 3, 0, False),
           ("SHEET", 7, 0, True)]
 
