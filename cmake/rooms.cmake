@@ -30,18 +30,17 @@ function(corvanes_test name)
     set_tests_properties(${name} PROPERTIES TIMEOUT 300)
 endfunction()
 
-# corvanes_fuzzer(name LIBS target...): the libFuzzer program of fuzz/<name>.cpp, where sanitizers are on. Its seeds lie in
-# fuzz/seeds/<name>/; what it learns stays in the build folder. The ctest entry runs it for CORVANES_FUZZ_SECONDS from a fixed
-# seed; tools/fuzz runs it longer.
+# corvanes_fuzzer(name RUNS count LIBS target...): the libFuzzer program of fuzz/<name>.cpp, where sanitizers are on. The ctest
+# entry gives it that many inputs, the same ones each time; tools/fuzz tells where its seeds lie, and runs it longer.
 function(corvanes_fuzzer name)
     if(NOT CORVANES_SANITIZE)
         return()
     endif()
-    cmake_parse_arguments(ARG "" "" "LIBS" ${ARGN})
+    cmake_parse_arguments(ARG "" "RUNS" "LIBS" ${ARGN})
     add_executable(${name} ${name}.cpp)
     target_link_libraries(${name} PRIVATE ${ARG_LIBS} corvanes_options)
     target_link_options(${name} PRIVATE -fsanitize=fuzzer)
     add_test(NAME ${name}
-        COMMAND ${PROJECT_SOURCE_DIR}/tools/fuzz --build ${CMAKE_BINARY_DIR} --seconds ${CORVANES_FUZZ_SECONDS} ${name})
+        COMMAND ${PROJECT_SOURCE_DIR}/tools/fuzz --build ${CMAKE_BINARY_DIR} --runs ${ARG_RUNS} ${name})
     set_tests_properties(${name} PROPERTIES TIMEOUT 120 LABELS fuzz)
 endfunction()

@@ -237,11 +237,31 @@ TEST(DrawingEditAtEdges, MakesWhatIsMissing) {
               "  0\nSECTION\n  2\nBLOCKS\n0\nBLOCK\n2\nB\n0\nENDBLK\n  0\nENDSEC\n"
               "  0\nSECTION\n  2\nENTITIES\n0\nPOINT\n  0\nENDSEC\n0\nSECTION\n2\nOBJECTS\n0\nENDSEC");
     const auto last = dxf_test::read("0\nSECTION\n2\nTABLES\n0\nENDSEC");
+    last->append_object("0\nDICTIONARY\n");
     last->append_entity("0\nPOINT\n");
     ASSERT_TRUE(last->save(folder / "last.dxf"));
     EXPECT_EQ(contents(folder / "last.dxf"),
-              "0\nSECTION\n2\nTABLES\n0\nENDSEC\n  0\nSECTION\n  2\nENTITIES\n0\nPOINT\n  0\nENDSEC\n");
+              "0\nSECTION\n2\nTABLES\n0\nENDSEC\n  0\nSECTION\n  2\nENTITIES\n0\nPOINT\n  0\nENDSEC\n"
+              "  0\nSECTION\n  2\nOBJECTS\n0\nDICTIONARY\n  0\nENDSEC\n");
     EXPECT_FALSE(last->save(folder / "no" / "such.dxf"));
+}
+
+TEST(DrawingEditAtEdges, AddsToTablesAndBlocksThatAreNotClosed) {
+    const std::string tables = "0\nSECTION\n2\nTABLES\n0\nTABLE\n2\nLAYER\n70\n0\n";
+    const std::string blocks = "0\nSECTION\n2\nBLOCKS\n0\nBLOCK\n2\nA\n";
+    const auto drawing = dxf_test::read(tables + "0\nENDSEC\n" + blocks + "0\nENDSEC\n0\nEOF\n");
+    ASSERT_TRUE(drawing);
+    drawing->append_to_block(0, "0\nLINE\n");
+    drawing->append_entry("STYLE", "0\nSTYLE\n2\nS\n");
+    drawing->append_entry("LAYER", "0\nLAYER\n2\nL\n");
+    drawing->append_block("0\nBLOCK\n2\nB\n", "0\nENDBLK\n");
+    drawing->append_to_block(0, "0\nARC\n");
+    const dxf_test::TemporaryFolder folder("corvanes_dxf_open");
+    ASSERT_TRUE(drawing->save(folder / "new.dxf"));
+    EXPECT_EQ(contents(folder / "new.dxf"),
+              "0\nSECTION\n2\nTABLES\n0\nTABLE\n2\nLAYER\n70\n1\n0\nLAYER\n2\nL\n"
+              "  0\nTABLE\n  2\nSTYLE\n 70\n1\n0\nSTYLE\n2\nS\n  0\nENDTAB\n0\nENDSEC\n" +
+                  blocks + "0\nLINE\n0\nARC\n0\nBLOCK\n2\nB\n0\nENDBLK\n0\nENDSEC\n0\nEOF\n");
 }
 
 }  // namespace

@@ -118,6 +118,7 @@ class Drawing {
     /// The end of the section, which is made in its usual place when it is missing.
     Place ensure_section(std::string_view name);
     void end_last_line(Place before);
+    void keep_end_before(Place& end, Place section_end);
     /// Remembers what a record is before it is changed; an added one was nothing.
     void note_change(RecordId id);
     void note_addition(RecordId id);

@@ -103,6 +103,9 @@ RecordId Drawing::append_to_block(BlockId block, std::string bytes) {
 
 BlockId Drawing::append_block(std::string head, std::string end) {
     const Place where = ensure_section("BLOCKS");
+    if (!index_.blocks.empty()) {
+        keep_end_before(index_.blocks.back().end, where);
+    }
     Block block;
     block.head = add_record(std::move(head), where);
     block.end_record = add_record(std::move(end), where);
@@ -197,6 +200,14 @@ void Drawing::end_last_line(Place before) {
     }
 }
 
+/// The last block or table of a section may lack its end record, and end where the section does. Once another follows
+/// it there, what is added to it must still go before that one.
+void Drawing::keep_end_before(Place& end, Place section_end) {
+    if (end == section_end) {
+        end = edits_.insert_before(section_end, {});
+    }
+}
+
 Table& Drawing::ensure_table(std::string_view name) {
     const auto found = std::find_if(index_.tables.begin(), index_.tables.end(),
                                     [name](const Table& table) { return table.name == name; });
@@ -204,6 +215,9 @@ Table& Drawing::ensure_table(std::string_view name) {
         return *found;
     }
     const Place before = ensure_section("TABLES");
+    if (!index_.tables.empty()) {
+        keep_end_before(index_.tables.back().end, before);
+    }
     RecordWriter writer(manner());
     writer.type(L"TABLE").text(2, wide(name));
     if (since_r13(index_.version)) {
