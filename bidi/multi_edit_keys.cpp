@@ -133,6 +133,9 @@ void CUGMultiEdit::HandleKey(UINT key, UINT repeat, UINT flags) {
     if (action.command == EditCommand::insert_from_keyboard && action.key == recognised) {
         action.key = key;
     }
+    if (recognised == VK_TAB || recognised == VK_ESCAPE) {
+        editing_.forget_column();  // also where the key does nothing else here
+    }
     Perform(action, repeat, flags);
 }
 

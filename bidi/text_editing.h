@@ -56,6 +56,8 @@ class TextEditing {
     void select(size_t anchor, size_t end);
     /// The run of letters and digits, of separators or of blanks around a typed position.
     void select_word(size_t index);
+    /// A caret that goes from line to line next keeps to the column where it stands then.
+    void forget_column() { remembered_column_.reset(); }
 
   private:
     void erase(TextRange range);

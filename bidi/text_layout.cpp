@@ -36,7 +36,7 @@ int line_left(const LayoutRect& rect, int line_width, unsigned alignment, bool l
 
 int block_top(const LayoutRect& rect, int block_height, unsigned alignment) {
     if ((alignment & align_middle) != 0) {
-        return rect.top + (rect.height() - block_height) / 2;
+        return rect.top + std::max(0, (rect.height() - block_height) / 2);
     }
     return (alignment & align_bottom) != 0 ? rect.bottom - block_height - 1 : rect.top + 1;
 }

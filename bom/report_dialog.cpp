@@ -37,14 +37,10 @@ BEGIN_MESSAGE_MAP(CalcPriceDialog, CDialog)
 END_MESSAGE_MAP()
 
 CalcPriceDialog::CalcPriceDialog(CWnd* parent, InsertHandler insert)
-    : CDialog(IDD_BOM_REPORT, parent), insert_(std::move(insert)) {
-    the_open_dialog = this;
-}
+    : CDialog(IDD_BOM_REPORT, parent), insert_(std::move(insert)), outer_(std::exchange(the_open_dialog, this)) {}
 
 CalcPriceDialog::~CalcPriceDialog() {
-    if (the_open_dialog == this) {
-        the_open_dialog = nullptr;
-    }
+    the_open_dialog = outer_;
 }
 
 CalcPriceDialog* CalcPriceDialog::open_dialog() {

@@ -54,6 +54,7 @@ class CalcPriceDialog : public CDialog {
     void OnLButtonDown(UINT flags, CPoint point);
 
     InsertHandler insert_;
+    CalcPriceDialog* outer_;  ///< open while this one is: the command runs within the prompts of another
     MyCug2 grid_;
     RowList rows_;
     NameIndex index_{10};

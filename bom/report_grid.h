@@ -33,6 +33,8 @@ class MyCug2 : public CUGCtrl {
     void OnGridColumnSizing(int column, int* width) override;
     void OnGridHeadingClick(int column, long row, int updn, RECT* rect, POINT* point, int processed) override;
     void OnGridKeyDown(UINT* key, int processed) override;
+    /// Return in a cell is not the dialog's, where it would start placing a table that nobody has built.
+    bool TakesReturn() const override { return true; }
     int OnGridSortCompare(CUGCell* first, CUGCell* second, int flags) override;
     std::unique_ptr<corvanes::KeyedOrder> OnGridSortOrder(int flags) override;
 

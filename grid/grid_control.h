@@ -100,6 +100,10 @@ class CUGCtrl : public CWnd, public CUGNotifications {
     bool IsEditing() const { return edit_.active(); }
     // Ends an open edit as if the focus had left it. False when that is refused and the edit goes on.
     bool FinishEdit();
+    // Gives the focus to a part of the grid that was clicked, which ends an open edit. False when that is refused.
+    bool TakeFocus(CWnd& part);
+    // Whether Return in a cell moves to the next row, instead of pressing the dialog's default button.
+    virtual bool TakesReturn() const { return false; }
 
     // Redrawing and scrolling.
     int RedrawCell(int column, int row);

@@ -146,6 +146,13 @@ bool CUGCtrl::FinishEdit() {
     return !edit_.active() || edit_.end_edit(EditEnd::commit, 0) == EditOutcome::ended;
 }
 
+bool CUGCtrl::TakeFocus(CWnd& part) {
+    // An editor that loses the focus asks to end by itself. Who refuses that has said so, and is not asked again.
+    const bool asks_itself = edit_.is_editor(::GetFocus());
+    part.SetFocus();
+    return asks_itself ? !edit_.active() : FinishEdit();
+}
+
 void CUGCtrl::OpenDropList(int column, int row) {
     CUGCell cell;
     if (!FinishEdit() || GetCell(column, row, &cell) != 0 || !drop_list_.Prepare(*this, cell.GetLabelText())) {

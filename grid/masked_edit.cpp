@@ -24,9 +24,11 @@ END_MESSAGE_MAP()
 
 void CUGMaskedEdit::begin(CellEditOwner& owner, const CString& text, UINT key) {
     owner_ = &owner;
+    given_ = text;
     SetLocked(true);
     SetDirection(direction_of(text.GetString(), key));
     ResetText(text, 1);
+    begun_ = TypedText();
     SelectAll();
     if (key != 0) {
         TypeFirstCharacter(static_cast<wchar_t>(key));
@@ -34,7 +36,8 @@ void CUGMaskedEdit::begin(CellEditOwner& owner, const CString& text, UINT key) {
 }
 
 CString CUGMaskedEdit::text() const {
-    return TypedText().c_str();
+    const std::wstring typed = TypedText();
+    return typed == begun_ ? given_ : CString(typed.c_str());
 }
 
 void CUGMaskedEdit::end() {

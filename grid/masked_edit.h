@@ -1,6 +1,8 @@
 // CUGMaskedEdit, the one-line editor that the grid opens over a cell.
 #pragma once
 
+#include <string>
+
 #include "bidi/multi_edit.h"
 #include "grid/cell_editor.h"
 
@@ -18,6 +20,9 @@ class CUGMaskedEdit : public CUGMultiEdit, public corvanes::CellEditor {
     DECLARE_MESSAGE_MAP()
 
   private:
+    // The text given, and how the editor has it, which knows fewer kinds of line ends. Untouched it goes back as it came.
+    CString given_;
+    std::wstring begun_;
     // Null while no edit is going on.
     corvanes::CellEditOwner* owner_ = nullptr;
 };

@@ -141,43 +141,44 @@ void CUGGrid::MarkCurrentCell(CDC& dc, const RECT& cell) {
     }
 }
 
-bool CUGGrid::NotifyClick(POINT point, int updn) {
+CellPlace CUGGrid::PlaceAt(POINT point) const {
     CellPlace place{};
     CellAt(point, &place.column, &place.row);
-    bool processed = false;
-    if (place.column >= 0 && place.row >= 0) {
-        place.rect = CellRectangle(place.column, place.row);
-        processed = grid().CellTypeAt(place.column, place.row).OnLeftClick(grid(), place, updn, point);
-    }
-    grid().OnGridLeftClick(place.column, place.row, updn, &place.rect, &point, processed ? 1 : 0);
-    return processed;
+    place.rect = CellRectangle(place.column, place.row);
+    return place;
+}
+
+void CUGGrid::NotifyClick(const CellPlace& place, int updn, POINT point, bool in_cell) {
+    const bool processed =
+        in_cell && grid().CellTypeAt(place.column, place.row).OnLeftClick(grid(), place, updn, point);
+    RECT cell = place.rect;
+    grid().OnGridLeftClick(place.column, place.row, updn, &cell, &point, processed ? 1 : 0);
 }
 
 void CUGGrid::OnLButtonDown(UINT keys, CPoint point) {
-    // Taking the focus ends an open edit. When that is refused the click has gone into a message box already.
-    SetFocus();
-    if (!grid().FinishEdit()) {
+    if (!grid().TakeFocus(*this)) {
         return;
     }
     grid().UpdateLayout();
-    int column = -1;
-    int row = -1;
-    CellAt(point, &column, &row);
-    if (column >= 0 && row >= 0) {
-        grid().ClickCell(column, row, (keys & MK_SHIFT) != 0, (keys & MK_CONTROL) != 0);
+    const CellPlace place = PlaceAt(point);
+    const bool in_cell = place.column >= 0 && place.row >= 0;
+    if (in_cell) {
+        grid().ClickCell(place.column, place.row, (keys & MK_SHIFT) != 0, (keys & MK_CONTROL) != 0);
     }
     // Captured before the notification, which may open an editor under the pointer: the release still comes here.
-    pressed_ = true;
     SetCapture();
-    NotifyClick(point, 1);
+    pressed_ = place;
+    NotifyClick(place, 1, point, in_cell);
 }
 
 void CUGGrid::OnLButtonUp(UINT, CPoint point) {
     if (!pressed_) {
         return;
     }
+    const CellPlace pressed = *pressed_;
     ::ReleaseCapture();
-    NotifyClick(point, 0);
+    const bool stayed = ::PtInRect(&pressed.rect, point) != 0 && pressed.row < state().rows.count();
+    NotifyClick(stayed ? pressed : PlaceAt(point), 0, point, stayed);
 }
 
 void CUGGrid::OnMouseMove(UINT keys, CPoint point) {
@@ -232,6 +233,7 @@ void CUGGrid::Navigate(UINT key) {
             grid().MoveCurrentRow(row_up);
             break;
         case VK_DOWN:
+        case VK_RETURN:
             grid().MoveCurrentRow(row_down);
             break;
         case VK_PRIOR:
@@ -282,13 +284,14 @@ void CUGGrid::OnKillFocus(CWnd*) {
 }
 
 void CUGGrid::OnCaptureChanged(CWnd*) {
-    pressed_ = false;
+    pressed_.reset();
 }
 
-// The dialog keeps Tab and Enter; arrows, characters and Escape are the grid's.
+// The dialog keeps Tab, and Return as a rule; arrows, characters and Escape are the grid's.
 UINT CUGGrid::OnGetDlgCode() {
     const MSG* asking = GetCurrentMessage();
     const auto* pending = reinterpret_cast<const MSG*>(asking->lParam);
-    const bool escape = pending != nullptr && pending->message == WM_KEYDOWN && pending->wParam == VK_ESCAPE;
-    return DLGC_WANTARROWS | DLGC_WANTCHARS | (escape ? DLGC_WANTMESSAGE : 0);
+    const WPARAM key = pending != nullptr && pending->message == WM_KEYDOWN ? pending->wParam : 0;
+    const bool wanted = key == VK_ESCAPE || (key == VK_RETURN && grid().TakesReturn());
+    return DLGC_WANTARROWS | DLGC_WANTCHARS | (wanted ? DLGC_WANTMESSAGE : 0);
 }

@@ -1,6 +1,8 @@
 // CUGGrid, the part of the grid window that shows the data cells and takes the keyboard.
 #pragma once
 
+#include <optional>
+
 #include "grid/grid_pane.h"
 
 class CUGGrid : public corvanes::GridPane {
@@ -32,10 +34,13 @@ class CUGGrid : public corvanes::GridPane {
     void PaintRow(CDC& dc, const RECT& dirty, int row, int top, int height);
     void PaintCell(CDC& dc, int column, int row, const RECT& inside);
     void MarkCurrentCell(CDC& dc, const RECT& cell);
-    bool NotifyClick(POINT point, int updn);
+    // The cell at a point, with an empty rectangle where there is none.
+    corvanes::CellPlace PlaceAt(POINT point) const;
+    // `in_cell`: the button went down in that cell too, whose type may act on it.
+    void NotifyClick(const corvanes::CellPlace& place, int updn, POINT point, bool in_cell);
     corvanes::CellPlace CurrentPlace() const;
     void Navigate(UINT key);
 
-    // The left button went down here and is still held.
-    bool pressed_ = false;
+    // Where the left button went down, while it is held. Showing that cell whole may have moved another one there.
+    std::optional<corvanes::CellPlace> pressed_;
 };

@@ -68,8 +68,7 @@ void CUGTopHdg::ClickColumn(int column) {
 }
 
 void CUGTopHdg::OnLButtonDown(UINT, CPoint point) {
-    grid().SetFocus();
-    if (!grid().FinishEdit()) {
+    if (!grid().TakeFocus(grid())) {
         return;
     }
     grid().UpdateLayout();

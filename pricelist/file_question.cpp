@@ -12,7 +12,9 @@ std::optional<std::wstring> ask_for_file(const wchar_t* title, const std::wstrin
     if (acedGetFileD(title, proposal.c_str(), extension, static_cast<int>(question), &result) == RTERROR) {
         return std::nullopt;
     }
-    const std::unique_ptr<wchar_t, decltype(&acad_free)> path(result.resval.rstring, acad_free);
+    // An answer of another kind holds no pointer.
+    wchar_t* const chosen = result.restype == RTSTR ? result.resval.rstring : nullptr;
+    const std::unique_ptr<wchar_t, decltype(&acad_free)> path(chosen, acad_free);
     return std::wstring(path ? path.get() : L"");
 }
 

@@ -71,6 +71,25 @@ size_t number_length(std::wstring_view text) {
     return digits == 0 ? end : exponent + digits;
 }
 
+/// Whether a number that no double can hold is too small, not too large: where its first digit but 0 stands.
+bool is_tiny(std::string_view number) {
+    const size_t exponent_at = std::min(number.find_first_of("eE"), number.size());
+    const std::string_view digits = number.substr(0, exponent_at);
+    const size_t point = std::min(digits.find('.'), digits.size());
+    const size_t first = std::min(digits.find_first_of("123456789"), digits.size());
+    int64_t exponent = 0;
+    if (exponent_at < number.size()) {
+        std::string_view text = number.substr(exponent_at + 1);
+        const bool minus = text.front() == '-';
+        text.remove_prefix(minus || text.front() == '+' ? 1 : 0);
+        if (std::from_chars(text.data(), text.data() + text.size(), exponent).ec != std::errc()) {
+            return minus;
+        }
+        exponent = minus ? -exponent : exponent;
+    }
+    return static_cast<int64_t>(point) - static_cast<int64_t>(first) < -exponent;
+}
+
 }  // namespace
 
 double number_from_text(std::wstring_view text) {
@@ -90,8 +109,7 @@ double number_from_text(std::wstring_view text) {
     double value = 0;
     const auto result = std::from_chars(digits, digits + length, value);
     if (result.ec == std::errc::result_out_of_range) {
-        const bool tiny = std::find(digits, digits + length, '-') != digits + length;
-        value = tiny ? 0 : std::numeric_limits<double>::infinity();
+        value = is_tiny({digits, length}) ? 0 : std::numeric_limits<double>::infinity();
     }
     // A sign without a number is no number: 0, not -0.
     return minus && length > 0 ? -value : value;

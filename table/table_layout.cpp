@@ -72,8 +72,10 @@ bool has_hebrew_letter(const std::wstring& text, const std::function<int(wchar_t
     constexpr int alef = 224;
     constexpr int tav = 250;
     return std::any_of(text.begin(), text.end(), [&](wchar_t character) {
+        // A code page without Hebrew has no code for its letters.
+        const bool letter = character >= L'\u05D0' && character <= L'\u05EA';
         const int code = character_code(character);
-        return code >= alef && code <= tav;
+        return letter || (code >= alef && code <= tav);
     });
 }
 

@@ -72,7 +72,7 @@ TEST(Reordering, LeftToRightLines) {
              L"dB",
              "12001: back at the base level, d no longer turns over with the Hebrew"},
             {L"A\u05B0B", L"B\u05B0A", "111: a vowel point is a neutral"},
-            {L"A\u4E2DB x\u4E2Dy", L"B\u4E2DA x\u4E2Dy", "111 0 000: so is a character that the code page lacks"},
+            {L"A\u4E2DB x\u4E2Dy", L"B\u4E2DA x\u4E2Dy", "1110202: so is a character that the code page lacks"},
         },
         true);
 }

@@ -51,7 +51,13 @@ TEST(PriceText, ReadsTheNumberAtTheFront) {
         const bool minus = std::signbit(number_from_text(c.text));
         EXPECT_EQ(minus, std::signbit(c.number)) << c.text << ": a report would show -0.00";
     }
-    EXPECT_EQ(number_from_text(L"0." + std::wstring(200, L'0') + L"1"), 1e-201) << "longer than the small buffer";
+    const std::wstring zeros(400, L'0');
+    EXPECT_EQ(number_from_text(L"0." + zeros.substr(0, 200) + L"1"), 1e-201) << "longer than the small buffer";
+    EXPECT_EQ(number_from_text(L"0." + zeros + L"1"), 0);
+    EXPECT_EQ(number_from_text(L"0." + zeros + L"1e800"), infinity);
+    EXPECT_EQ(number_from_text(L"1" + zeros + L"e-20"), infinity);
+    EXPECT_EQ(number_from_text(L"1" + zeros + L".5e-800"), 0);
+    EXPECT_EQ(number_from_text(L"1e-99999999999999999999"), 0);
 }
 
 TEST(PriceText, TakesIntegersOneAfterAnother) {
