@@ -18,8 +18,9 @@ struct WriteStatus {
 /// Collects the new contents of a file in a temporary file beside it. Nothing happens to the target until commit();
 /// without a commit the destructor removes the temporary file, and the next replacement of the same target removes one
 /// whose process was killed. A link is followed: the file that it names is replaced.
-/// The permissions of an existing file are kept. Where the folder forbids new files but the target can be written, the
-/// contents are kept in memory and written directly at commit.
+/// The permissions of an existing file are kept. Where no new file can be made beside the target, or another program
+/// has it open in a way that allows writing but not replacing, it is written directly at commit: first what makes it
+/// longer, so that a full disk is met before anything of the old contents is gone.
 class FileReplacement {
   public:
     explicit FileReplacement(const std::filesystem::path& target);
@@ -36,7 +37,7 @@ class FileReplacement {
     class File;
 
   private:
-    WriteStatus write_directly();
+    WriteStatus replace();
 
     std::filesystem::path target_;
     std::filesystem::path temporary_;

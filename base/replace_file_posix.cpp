@@ -47,25 +47,16 @@ class PosixFile final : public FileReplacement::File {
     int descriptor_;
 };
 
-std::unique_ptr<FileReplacement::File> open_file(const std::filesystem::path& path, int flags, WriteStatus& status) {
-    const int descriptor = ::open(path.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC | flags, 0666);
+}  // namespace
+
+std::unique_ptr<FileReplacement::File> FileReplacement::File::create(const std::filesystem::path& path,
+                                                                     WriteStatus& status) {
+    const int descriptor = ::open(path.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC | O_EXCL, 0666);
     if (descriptor < 0) {
         status = failure();
         return nullptr;
     }
     return std::make_unique<PosixFile>(descriptor);
-}
-
-}  // namespace
-
-std::unique_ptr<FileReplacement::File> FileReplacement::File::create(const std::filesystem::path& path,
-                                                                     WriteStatus& status) {
-    return open_file(path, O_EXCL, status);
-}
-
-std::unique_ptr<FileReplacement::File> FileReplacement::File::overwrite(const std::filesystem::path& path,
-                                                                        WriteStatus& status) {
-    return open_file(path, O_TRUNC, status);
 }
 
 std::filesystem::path resolve_links(const std::filesystem::path& path) {

@@ -9,8 +9,6 @@ class FileReplacement::File {
   public:
     /// A new file that nobody else has; null when it cannot be made, with the reason in `status`.
     static std::unique_ptr<File> create(const std::filesystem::path& path, WriteStatus& status);
-    /// An existing file or a new one, emptied.
-    static std::unique_ptr<File> overwrite(const std::filesystem::path& path, WriteStatus& status);
     File() = default;
     File(const File&) = delete;
     File& operator=(const File&) = delete;

@@ -60,16 +60,6 @@ class WindowsFile final : public FileReplacement::File {
     HANDLE handle_;
 };
 
-std::unique_ptr<FileReplacement::File> open(const std::filesystem::path& path, DWORD disposition, WriteStatus& status) {
-    const HANDLE handle =
-        CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, disposition, FILE_ATTRIBUTE_NORMAL, nullptr);
-    if (handle == INVALID_HANDLE_VALUE) {
-        status = failure();
-        return nullptr;
-    }
-    return std::make_unique<WindowsFile>(handle);
-}
-
 std::vector<char> access_list(const std::filesystem::path& path) {
     DWORD needed = 0;
     GetFileSecurityW(path.c_str(), DACL_SECURITY_INFORMATION, nullptr, 0, &needed);
@@ -84,12 +74,13 @@ std::vector<char> access_list(const std::filesystem::path& path) {
 
 std::unique_ptr<FileReplacement::File> FileReplacement::File::create(const std::filesystem::path& path,
                                                                      WriteStatus& status) {
-    return open(path, CREATE_NEW, status);
-}
-
-std::unique_ptr<FileReplacement::File> FileReplacement::File::overwrite(const std::filesystem::path& path,
-                                                                        WriteStatus& status) {
-    return open(path, CREATE_ALWAYS, status);
+    const HANDLE handle =
+        CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (handle == INVALID_HANDLE_VALUE) {
+        status = failure();
+        return nullptr;
+    }
+    return std::make_unique<WindowsFile>(handle);
 }
 
 std::filesystem::path resolve_links(const std::filesystem::path& path) {

@@ -93,7 +93,27 @@ TEST_F(ReplaceFile, SaysWhyItCannotWrite) {
     EXPECT_EQ(names(), std::vector<std::string>{"locked.prc"});
 }
 
-#ifndef _WIN32
+TEST_F(ReplaceFile, TakesTheLongestNames) {
+    const auto target = folder_ / (std::string(251, 'n') + ".prc");
+    EXPECT_TRUE(base::replace_file(target, "old"));
+    EXPECT_TRUE(base::replace_file(target, "new"));
+    EXPECT_EQ(bytes_of(target), "new");
+    EXPECT_EQ(names().size(), 1U);
+}
+
+#ifdef _WIN32
+TEST_F(ReplaceFile, WritesIntoAFileThatAReaderHasOpen) {
+    const auto target = folder_ / "list.prc";
+    put(target, "old");
+    std::ifstream reader(target, std::ios::binary);  // others may write then, but neither delete nor replace it
+    for (const std::string text : {"longer than before", "short", ""}) {
+        const auto status = base::replace_file(target, text);
+        EXPECT_TRUE(status.ok) << status.reason;
+        EXPECT_EQ(bytes_of(target), text);
+    }
+    EXPECT_EQ(names(), std::vector<std::string>{"list.prc"});
+}
+#else
 TEST_F(ReplaceFile, FollowsLinksAndKeepsPermissions) {
     put(folder_ / "real", "old");
     fs::permissions(folder_ / "real", fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read);

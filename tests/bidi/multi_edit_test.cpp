@@ -44,6 +44,19 @@ TEST_F(MultiEdit, AnswersTheTextMessagesFromItsModel) {
     EXPECT_TRUE(editor.CanUndo()) << "back to the text that was set";
 }
 
+TEST_F(MultiEdit, EscapeEndsTheMemoryOfAColumn) {
+    set(L"abcdef\nx\nabcdef");
+    editor.SetSel(6, 6);
+    key(VK_DOWN);
+    key(VK_DOWN);
+    EXPECT_EQ(selection(), std::pair(15, 15));
+    editor.SetSel(6, 6);
+    key(VK_DOWN);
+    key(VK_ESCAPE);
+    key(VK_DOWN);
+    EXPECT_EQ(selection(), std::pair(10, 10));
+}
+
 TEST_F(MultiEdit, KeysBecomeCharacters) {
     for (const UINT code : {UINT{'A'}, UINT{'1'}, 190U, UINT{VK_SPACE}, UINT{VK_NUMPAD7}}) {
         hold({}, {VK_NUMLOCK});

@@ -229,6 +229,12 @@ TEST_F(TemplateDialog, KeepsWhatIsTypedWhenTheRowsChange) {
         EXPECT_EQ(run.boxes(), Boxes{L"Block name C is not unique"}) << button;
         EXPECT_TRUE(run.grid().IsEditing());
     }
+    for (int column = 0; column < MyCug::column_count; ++column) {
+        run.click(column, 0);
+        EXPECT_EQ(run.boxes(), Boxes{L"Block name C is not unique"});
+        run.click_heading(column);
+        EXPECT_EQ(run.boxes(), Boxes{L"Block name C is not unique"});
+    }
     run.type(L"c");
     run.key(VK_RETURN);
     EXPECT_EQ(run.boxes(), Boxes());

@@ -86,9 +86,11 @@ TEST_F(ReportCommand, RemembersWidthsAndThePriceList) {
     EXPECT_THAT(read("filename.set"), testing::EndsWith("list.prc"));
     // Return takes the remembered list; Escape in the grid stores the settings too.
     write("corvane2.set", "60 50 40 30 20 ");
-    succeed("QXBOMC\n\nALL\n\n@click-cell 0 0\n@press \"Save to file\"\nagain.txt\n@key ESCAPE\nQUIT\n");
+    succeed("QXBOMC\n\nALL\n\n@click-cell 0 0\n@key RETURN\n@press \"Save to file\"\nagain.txt\n@key ESCAPE\nQUIT\n");
     EXPECT_THAT(read("again.txt"), HasSubstr("2500.31"));
     EXPECT_EQ(read("corvane2.set"), "60 50 40 30 20 ");
+    // So does the report in whose selection another report was looked at.
+    succeed("QXBOMC\nlist.prc\n'QXBOMC\n\nALL\n\n@press \"Close\"\nALL\n\n@click-cell 0 0\n@key ESCAPE\nQUIT\n");
     for (const char* garbage : {"abc", "", "\xff\xfe", "99999999999999999999 -5 0 7 8 9"}) {
         write("corvane2.set", garbage);
         write("filename.set", garbage);

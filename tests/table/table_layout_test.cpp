@@ -78,6 +78,12 @@ TEST(TableLayout, LeavesOutMoneyAndSummaryWithoutPrices) {
               "origin 0,2 size 42x9");
 }
 
+TEST(TableLayout, KnowsHebrewWithoutItsCodePage) {
+    const auto no_hebrew = [](wchar_t character) { return character < 0x80 ? character : -1; };
+    EXPECT_EQ(printed(corvanes::lay_out_table(rows, true, 1.0, no_hebrew)),
+              printed(corvanes::lay_out_table(rows, true, 1.0, hebrew_code)));
+}
+
 TEST(TableLayout, MarginsDoNotFollowTheTextHeight) {
     const auto layout = corvanes::lay_out_table({}, true, 2.0, hebrew_code);
     EXPECT_EQ(layout.texts.front().position.x, 1.0);
