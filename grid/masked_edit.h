@@ -20,7 +20,7 @@ class CUGMaskedEdit : public CUGMultiEdit, public corvanes::CellEditor {
     DECLARE_MESSAGE_MAP()
 
   private:
-    // The text given, and how the editor has it, which knows fewer kinds of line ends. Untouched it goes back as it came.
+    // The text given, and how the editor has it: it knows fewer kinds of line ends. Untouched it goes back as it came.
     CString given_;
     std::wstring begun_;
     // Null while no edit is going on.
