@@ -103,7 +103,7 @@ WriteStatus write_directly(const std::filesystem::path& target, std::string_view
         return stream_failure();
     }
     if (bytes.size() > old_size && !write_range(file, bytes, old_size)) {
-        const WriteStatus status = stream_failure();
+        WriteStatus status = stream_failure();
         file.close();
         existed ? std::filesystem::resize_file(target, old_size, error)
                 : static_cast<void>(std::filesystem::remove(target, error));
