@@ -72,6 +72,13 @@ Acad::ErrorStatus insert_block(AcDbDatabase& database, const ACHAR* block, const
     if (block_id.isNull()) {
         return Acad::eKeyNotFound;
     }
+    const AcDbObjectPointer<AcDbBlockTableRecord> definition(block_id, AcDb::kForRead);
+    if (definition.openStatus() != Acad::eOk) {
+        return definition.openStatus();
+    }
+    if (definition->isLayout()) {
+        return Acad::eInvalidInput;
+    }
     auto inserted = std::make_unique<AcDbBlockReference>(insertion.position, block_id);
     Acad::ErrorStatus status = inserted->setScaleFactors(insertion.scale);
     if (status != Acad::eOk) {
@@ -87,9 +94,11 @@ Acad::ErrorStatus insert_block(AcDbDatabase& database, const ACHAR* block, const
         return status;
     }
     AcDbBlockReference& added = *inserted.release();
-    const AcDbObjectPointer<AcDbBlockTableRecord> definition(block_id, AcDb::kForRead);
-    status =
-        definition.openStatus() == Acad::eOk ? add_attributes(added, *definition, values) : definition.openStatus();
+    status = add_attributes(added, *definition, values);
+    if (status != Acad::eOk) {
+        added.erase();
+        reference.setNull();
+    }
     const Acad::ErrorStatus closed = added.close();
     return status == Acad::eOk ? closed : status;
 }

@@ -27,8 +27,8 @@ struct AttributeValue {
 std::vector<AttributeValue> attributes_of_block(AcDbDatabase& database, const ACHAR* block);
 
 /// Adds a reference to the current space, with its attributes. Their texts are `values`, as attributes_of_block()
-/// counts them, and the definitions' defaults where that ends. eKeyNotFound for an unknown block, eInvalidInput for a
-/// scale of 0.
+/// counts them, and the definitions' defaults where that ends. eKeyNotFound for an unknown block, eInvalidInput for the
+/// block of a layout and for a scale of 0. On any failure the drawing is as it was.
 Acad::ErrorStatus insert_block(AcDbDatabase& database, const ACHAR* block, const Insertion& insertion,
                                AcDbObjectId& reference, const std::vector<AttributeValue>& values = {});
 

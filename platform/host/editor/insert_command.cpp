@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "aced.h"
-#include "dbsymtb.h"
+#include "platform/host/database/database_store.h"
 #include "platform/host/database/insert_block.h"
 #include "platform/host/editor/document.h"
 #include "platform/host/editor/editor.h"
@@ -13,14 +13,16 @@
 namespace host {
 namespace {
 
-bool block_defined(AcDbDatabase& database, const std::wstring& name) {
-    AcDbBlockTable* table = nullptr;
-    if (database.getSymbolTable(table, AcDb::kForRead) != Acad::eOk) {
-        return false;
+/// Why there can be no reference to a block of that name; empty when there can.
+std::wstring reason_against(const AcDbDatabase& database, const std::wstring& name) {
+    const DatabaseStore& store = database.store();
+    const AcDbObjectId block = store.table_entry_named(TableKind::blocks, name);
+    if (block.isNull()) {
+        return L"The drawing has no block \"" + name + L"\".";
     }
-    const bool defined = table->has(name.c_str());
-    table->close();
-    return defined;
+    return store.blocks().is_layout(address_of(block).number)
+               ? L"\"" + name + L"\" is a layout, which cannot be inserted."
+               : std::wstring();
 }
 
 /// A number other than 0, `by_default` for Return; nothing when the user cancelled.
@@ -95,8 +97,8 @@ void insert_command(Editor& editor) {
         return;
     }
     AcDbDatabase& database = *document->database();
-    if (!block_defined(database, name.text)) {
-        command_line().report(L"The drawing has no block \"" + name.text + L"\".");
+    if (const std::wstring reason = reason_against(database, name.text); !reason.empty()) {
+        command_line().report(reason);
         return;
     }
     const auto insertion = ask_insertion();
