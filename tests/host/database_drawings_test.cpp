@@ -191,6 +191,26 @@ TEST(DatabaseDrawings, AttributesTurnWithTheirReference) {
     EXPECT_NEAR((AcGeMatrix3d::translation({1, 1, 1}) * AcGeVector3d(3, 4, 0)).length(), 5, 1e-12) << "vectors stay";
 }
 
+TEST(DatabaseDrawings, AttributesAreMirroredWithTheirReference) {
+    const OpenDrawing drawing(section("HEADER", groups("9 $ACADVER|1 AC1009")) +
+                              section("BLOCKS", groups("0 BLOCK|8 0|2 T|70 2|10 0|20 0|0 ATTDEF|8 0|10 5|20 5|40 2|1 v|"
+                                                       "3 p|2 TAG|70 0|0 ENDBLK")) +
+                              section("ENTITIES", "") + end_of_file());
+    const std::pair<AcGeScale3d, const char*> mirrorings[] = {
+        {AcGeScale3d(-1, 1, 1), "10 95.0|20 105.0|30 0.0|40 2.0|1 v|71 2|2 TAG|70 0"},
+        {AcGeScale3d(1, -1, 1), "10 105.0|20 95.0|30 0.0|40 2.0|1 v|50 -180.0|71 2|2 TAG|70 0"},
+        {AcGeScale3d(-1, -1, 1), "10 95.0|20 95.0|30 0.0|40 2.0|1 v|50 180.0|2 TAG|70 0"},
+    };
+    for (const auto& [scale, attribute] : mirrorings) {
+        AcDbObjectId id;
+        ASSERT_EQ(host::insert_block(*drawing, L"t", {{100, 100, 0}, scale, 0}, id), Acad::eOk);
+        const std::string saved = plain(drawing.saved());
+        EXPECT_NE(saved.find(groups(std::string("0 ATTRIB|8 0|") + attribute + "|0 SEQEND")), std::string::npos)
+            << attribute << "\n"
+            << saved;
+    }
+}
+
 TEST(DatabaseDrawings, ManyAddedEntitiesHaveHandlesOfTheirOwn) {
     const OpenDrawing drawing(file_bytes("samples/house_plan_r2000.dxf"));
     constexpr int rows = 2000;

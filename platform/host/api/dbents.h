@@ -69,7 +69,7 @@ class AcDbText : public AcDbEntity {
     void write_text_fields(host::FieldWriter& to) const;
     void read_vertical_mode(const host::FieldReader& from, int code);
     void copy_text(const AcDbText& other);
-    /// Moves, turns and stretches the text in its plane.
+    /// Moves, turns, stretches and mirrors the text in its plane.
     void transform_text(const AcGeMatrix3d& transform);
 
   private:
@@ -83,6 +83,7 @@ class AcDbText : public AcDbEntity {
     double oblique_ = 0.0;
     std::wstring text_;
     std::wstring style_ = L"Standard";
+    int mirroring_ = 0;      ///< as group 71 has it: 2 backward, 4 upside down
     AcDbObjectId style_id_;  ///< while the text is in no drawing
     AcDb::TextHorzMode horizontal_ = AcDb::kTextLeft;
     AcDb::TextVertMode vertical_ = AcDb::kTextBase;

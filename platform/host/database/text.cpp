@@ -8,6 +8,12 @@
 
 ACRX_DXF_DEFINE_MEMBERS(AcDbText, AcDbEntity, 0, 0, 0, TEXT, 0)
 
+namespace {
+
+constexpr int backward_bit = 2;
+
+}  // namespace
+
 AcDbText::AcDbText(const AcGePoint3d& position, const ACHAR* text, AcDbObjectId style, double height, double rotation)
     : position_(position), rotation_(rotation), text_(text == nullptr ? ACRX_T("") : text) {
     if (height > 0) {
@@ -171,6 +177,7 @@ void AcDbText::read_fields(const host::FieldReader& from) {
     oblique_ = from.angle(51);
     text_ = from.text(1);
     style_ = from.text(7, L"Standard");
+    mirroring_ = from.integer(71);
     horizontal_ = static_cast<AcDb::TextHorzMode>(from.integer(72));
     read_vertical_mode(from, 73);
 }
@@ -184,7 +191,8 @@ void AcDbText::write_text_fields(host::FieldWriter& to) const {
     const bool justified = horizontal_ != AcDb::kTextLeft || vertical_ != AcDb::kTextBase;
     to.subclass(L"AcDbText").point(10, position_).real(40, height_).text(1, text_);
     to.angle(50, rotation_, 0.0).real(41, width_factor_, 1.0).angle(51, oblique_, 0.0).text(7, style_, L"Standard");
-    to.integer(72, horizontal_, AcDb::kTextLeft).point_if(justified, 11, justified ? alignment_ : position_);
+    to.integer(71, mirroring_, 0).integer(72, horizontal_, AcDb::kTextLeft);
+    to.point_if(justified, 11, justified ? alignment_ : position_);
 }
 
 void AcDbText::write_fields(host::FieldWriter& to) const {
@@ -202,6 +210,7 @@ void AcDbText::copy_text(const AcDbText& other) {
     text_ = other.text_;
     style_ = other.style_;
     style_id_ = other.style_id_;
+    mirroring_ = other.mirroring_;
     horizontal_ = other.horizontal_;
     vertical_ = other.vertical_;
 }
@@ -211,7 +220,13 @@ void AcDbText::transform_text(const AcGeMatrix3d& transform) {
     const AcGeVector3d up = transform * AcGeVector3d(-std::sin(rotation_), std::cos(rotation_), 0.0);
     position_ = transform * position_;
     alignment_ = transform * alignment_;
-    rotation_ = std::atan2(along.y, along.x);
+    if (along.x * up.y < along.y * up.x) {
+        // What was mirrored in any way is what was mirrored from left to right, turned until it stands as it should.
+        mirroring_ ^= backward_bit;
+        rotation_ = std::atan2(-up.x, up.y);
+    } else {
+        rotation_ = std::atan2(along.y, along.x);
+    }
     height_ *= up.length();
     if (up.length() > 0) {
         width_factor_ *= along.length() / up.length();
