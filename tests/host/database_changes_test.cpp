@@ -118,6 +118,8 @@ TEST(DatabaseChanges, RecordsOfLaterVersionsHaveHandlesOwnersAndMarkers) {
                        "330 0|100 AcDbSymbolTable|70 0|0 ENDTAB")) +
         section("BLOCKS", "") + section("ENTITIES", "") + end_of_file();
     const OpenDrawing drawing(before);
+    AcDbObjectId found;
+    EXPECT_EQ(drawing->getAcDbObjectId(found, false, AcDbHandle(L"41")), Acad::eUnknownHandle);
     AcDbTextStyleTable* styles = nullptr;
     ASSERT_EQ(drawing->getTextStyleTable(styles, AcDb::kForWrite), Acad::eOk);
     auto style = std::make_unique<AcDbTextStyleTableRecord>();
@@ -131,6 +133,10 @@ TEST(DatabaseChanges, RecordsOfLaterVersionsHaveHandlesOwnersAndMarkers) {
     style.release()->close();
     styles->close();
     ASSERT_EQ(build_block(drawing, L"B"), Acad::eOk);
+    EXPECT_EQ(drawing->getAcDbObjectId(found, false, AcDbHandle(L"40")), Acad::eOk);
+    EXPECT_EQ(found, id);
+    EXPECT_EQ(drawing->getAcDbObjectId(found, false, AcDbHandle(L"41")), Acad::eOk);
+    EXPECT_EQ(found, drawing.block(L"B"));
     EXPECT_EQ(
         plain(drawing.saved()),
         section("HEADER", groups("9 $ACADVER|1 AC1015|9 $HANDSEED|5 46")) +
@@ -189,6 +195,11 @@ TEST(DatabaseChanges, InsertingABlockMakesItsAttributes) {
     AcDbObjectId id;
     EXPECT_EQ(host::insert_block(*drawing, L"none", {}, id), Acad::eKeyNotFound);
     EXPECT_EQ(host::insert_block(*drawing, L"tag", {{10, 20, 0}, AcGeScale3d(0, 1, 1), 0}, id), Acad::eInvalidInput);
+    EXPECT_EQ(host::insert_block(*drawing, ACDB_MODEL_SPACE, {}, id), Acad::eInvalidInput);
+    {
+        const AcDbObjectPointer<AcDbBlockTableRecord> being_written(drawing.block(L"TAG"), AcDb::kForWrite);
+        EXPECT_EQ(host::insert_block(*drawing, L"tag", {}, id), Acad::eWasOpenForWrite);
+    }
     EXPECT_EQ(drawing.drawing().edited(), false);
     ASSERT_EQ(host::insert_block(*drawing, L"tag", {{10, 20, 0}, AcGeScale3d(2, 4, 1), 0}, id), Acad::eOk);
     EXPECT_EQ(difference(before, plain(drawing.saved())),

@@ -154,6 +154,7 @@ TEST(DatabaseTables, AddedLayersCanBeUsedAtOnce) {
     const std::string before = styled_drawing();
     const OpenDrawing drawing(before);
     AcDbLayerTable* table = nullptr;
+    EXPECT_EQ(by_handle(drawing, L"50"), drawing.entity(0));
     ASSERT_EQ(drawing->getLayerTable(table, AcDb::kForRead), Acad::eOk);
     auto layer = std::make_unique<AcDbLayerTableRecord>();
     layer->setName(L"Added");
@@ -170,6 +171,7 @@ TEST(DatabaseTables, AddedLayersCanBeUsedAtOnce) {
     EXPECT_EQ(table->add(twin.get()), Acad::eDuplicateRecordName);
     EXPECT_TRUE(table->has(id));
     EXPECT_EQ(table->close(), Acad::eOk);
+    EXPECT_EQ(by_handle(drawing, L"100"), id);
 
     const AcDbObjectPointer<AcDbLine> line(AcDbObjectId(), AcDb::kForRead);
     EXPECT_EQ(line.openStatus(), Acad::eNullObjectId);

@@ -86,6 +86,22 @@ TEST_F(DrawingCommands, AskForTheAttributesThatAreToBeAsked) {
         << "one of the four was cancelled";
 }
 
+TEST_F(DrawingCommands, InsertNoLayouts) {
+    EXPECT_EQ(run(L"insert", {L"*model_space", L"1,1", L"", L"", L""}),
+              L"<\nEnter block name: >!\"*model_space\" is a layout, which cannot be inserted.");
+    EXPECT_EQ(run(L"insert", {L"gone"}), L"<\nEnter block name: >!The drawing has no block \"gone\".");
+    EXPECT_FALSE(editor().documents.document()->changed());
+}
+
+TEST_F(DrawingCommands, OpenFilesThatHaveNoExtension) {
+    fs::copy_file(folder_ / "a.dxf", folder_ / "bare");
+    run(L"open", {(folder_ / "bare").wstring()});
+    EXPECT_EQ(editor().documents.document()->path(), folder_ / "bare");
+    fs::create_directory(folder_ / "a");
+    run(L"open", {(folder_ / "a").wstring()});
+    EXPECT_EQ(editor().documents.document()->path(), folder_ / "a.dxf") << "a folder is no drawing";
+}
+
 TEST_F(DrawingCommands, SaveACopyOrTheDrawingItself) {
     editor().variables.put(L"ATTREQ", 0);
     run(L"insert", {L"door", L"1,1", L"", L"", L""});
@@ -102,6 +118,13 @@ TEST_F(DrawingCommands, SaveACopyOrTheDrawingItself) {
     run(L"saveas", {(folder_ / "b.dxf").wstring()});
     EXPECT_EQ(editor().documents.document()->path(), folder_ / "b.dxf");
     EXPECT_FALSE(editor().documents.document()->changed());
+    const ACHAR* file_name = nullptr;
+    EXPECT_EQ(editor().documents.document()->database()->getFilename(file_name), Acad::eOk);
+    EXPECT_EQ(fs::path(file_name), folder_ / "b.dxf");
+    run(L"insert", {L"door", L"2,2", L"", L"", L""});
+    fs::remove(folder_ / "b.dxf");
+    run(L"save", {(folder_ / "none" / ".." / "B.dxf").wstring()});
+    EXPECT_FALSE(editor().documents.document()->changed()) << "its own file, which was gone";
     EXPECT_EQ(run(L"quit", {}), L"");
     EXPECT_TRUE(std::exchange(editor().quit_requested, false));
 }

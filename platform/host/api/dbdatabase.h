@@ -46,7 +46,7 @@ class AcDbDatabase {
     AcDbObjectId clayer() const;
     AcDbObjectId textstyle() const;
 
-    /// The drawing's file.
+    /// The drawing's file. Valid until the drawing is saved under another name.
     Acad::ErrorStatus getFilename(const ACHAR*& path) const;
 
     /// For the host's own parts.
@@ -54,5 +54,4 @@ class AcDbDatabase {
 
   private:
     std::unique_ptr<host::DatabaseStore> store_;
-    mutable std::unique_ptr<ACHAR[]> filename_;
 };

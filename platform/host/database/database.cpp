@@ -1,6 +1,5 @@
 #include "dbdatabase.h"
 
-#include <algorithm>
 #include <iostream>
 
 #include "dbsymtb.h"
@@ -109,12 +108,7 @@ AcDbObjectId AcDbDatabase::textstyle() const {
 }
 
 Acad::ErrorStatus AcDbDatabase::getFilename(const ACHAR*& path) const {
-    if (!filename_) {
-        const std::wstring name = store_->drawing().path().wstring();
-        filename_ = std::make_unique<ACHAR[]>(name.size() + 1);
-        std::copy(name.begin(), name.end(), filename_.get());
-    }
-    path = filename_.get();
+    path = store_->file_name().c_str();
     return Acad::eOk;
 }
 

@@ -69,6 +69,13 @@ void DatabaseStore::index_handles() const {
     handles_indexed_ = true;
 }
 
+void DatabaseStore::index_handle(AcDbObjectId added) {
+    const uint64_t own = handles_indexed_ ? handle(address_of(added)) : 0;
+    if (own != 0) {
+        by_handle_[own] = added;
+    }
+}
+
 AcDbObjectId DatabaseStore::with_handle(uint64_t handle) const {
     if (!handles_indexed_) {
         index_handles();

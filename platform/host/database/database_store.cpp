@@ -48,6 +48,7 @@ AcRxClass* table_class(uint32_t kind) {
 
 DatabaseStore::DatabaseStore(std::unique_ptr<dxf::Drawing> drawing)
     : drawing_(std::move(drawing)),
+      file_name_(drawing_->path().wstring()),
       has_subclasses_(drawing_->version() >= "AC1012"),
       blocks_(*drawing_),
       serial_(register_store(*this)) {

@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "dbents.h"
@@ -31,6 +32,9 @@ class DatabaseStore {
 
     dxf::Drawing& drawing() { return *drawing_; }
     const dxf::Drawing& drawing() const { return *drawing_; }
+    /// The drawing's file. Valid until it is saved under another name.
+    const std::wstring& file_name() const { return file_name_; }
+    void set_file_name(std::wstring name) { file_name_ = std::move(name); }
     const BlockCatalogue& blocks() const { return blocks_; }
     const OpenObjects& open_objects() const { return open_; }
     SelectionSets& selections() { return selections_; }
@@ -102,9 +106,12 @@ class DatabaseStore {
     std::wstring header_text(std::string_view variable, int code, std::wstring_view fallback) const;
     void read_block_handles() const;
     void index_handles() const;
+    /// Keeps the index of handles, once there is one, in step with an addition.
+    void index_handle(AcDbObjectId added);
     void erase_block(BlockNumber block);
 
     std::unique_ptr<dxf::Drawing> drawing_;
+    std::wstring file_name_;
     AcDbDatabase* database_ = nullptr;
     bool has_subclasses_;
     bool implied_[2] = {};

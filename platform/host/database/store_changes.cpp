@@ -30,9 +30,7 @@ Acad::ErrorStatus DatabaseStore::add_entity(BlockNumber block, AcDbEntity& entit
     const AcDbObjectId id = id_of_record(record);
     ObjectGate::attach_added(entity, id);
     open_.put(address_of(id), entity);
-    if (handles_indexed_) {
-        by_handle_[drawing_->record(record).handle] = id;
-    }
+    index_handle(id);
     return Acad::eOk;
 }
 
@@ -61,6 +59,7 @@ Acad::ErrorStatus DatabaseStore::add_block(AcDbBlockTableRecord& record) {
     }
     const AcDbObjectId id = id_of_block(blocks_.add(definition));
     block_handles_.clear();
+    index_handle(id);
     ObjectGate::attach_added(record, id);
     open_.put(address_of(id), record);
     return Acad::eOk;
@@ -71,6 +70,7 @@ Acad::ErrorStatus DatabaseStore::add_entry(TableKind kind, AcDbSymbolTableRecord
     ObjectGate::write(record, fields);
     const dxf::RecordId entry = drawing_->append_entry(kind == TableKind::layers ? "LAYER" : "STYLE", fields.encode());
     const AcDbObjectId id = id_of_record(entry);
+    index_handle(id);
     ObjectGate::attach_added(record, id);
     open_.put(address_of(id), record);
     return Acad::eOk;

@@ -76,6 +76,7 @@ void Document::set_path(const std::filesystem::path& path) {
     path_ = std::filesystem::absolute(path);
     file_name_ = path_.wstring();
     title_ = path_.filename().wstring();
+    database_->store().set_file_name(file_name_);
 }
 
 }  // namespace host

@@ -1,5 +1,6 @@
 #include "platform/host/editor/file_commands.h"
 
+#include "base/case_folding.h"
 #include "platform/host/editor/document.h"
 #include "platform/host/editor/editor.h"
 #include "platform/host/editor/file_question.h"
@@ -59,6 +60,14 @@ void save_drawing_as(Editor& editor) {
     }
 }
 
+/// The file itself need not be there any more.
+bool is_file_of(const Document& document, const std::filesystem::path& file) {
+    std::error_code error;
+    return std::filesystem::equivalent(file, document.path(), error) ||
+           base::compare_ignoring_case(std::filesystem::absolute(file).lexically_normal().wstring(),
+                                       document.path().lexically_normal().wstring()) == 0;
+}
+
 /// Under another name this writes a copy: the drawing keeps its own name and its unsaved changes.
 void save_drawing_or_copy(Editor& editor) {
     const Document* const document = open_document(editor);
@@ -66,8 +75,7 @@ void save_drawing_or_copy(Editor& editor) {
     if (!file) {
         return;
     }
-    std::error_code error;
-    if (std::filesystem::equivalent(*file, document->path(), error)) {
+    if (is_file_of(*document, *file)) {
         save_drawing(editor, document->path());
         return;
     }

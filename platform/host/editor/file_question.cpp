@@ -25,7 +25,16 @@ std::wstring first_extension(const std::wstring& extensions) {
     return extensions.substr(0, extensions.find(L';'));
 }
 
-std::wstring with_extension(const std::wstring& path, const FileQuestion& question) {
+bool is_file(const std::wstring& path) {
+    const DWORD attributes = GetFileAttributesW(path.c_str());
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
+}
+
+/// The path that a typed one stands for: a file that is there may do without an extension.
+std::wstring completed(const std::wstring& path, const FileQuestion& question) {
+    if (!question.new_file && is_file(path)) {
+        return path;
+    }
     const size_t name = path.find_last_of(L"\\/") + 1;
     const bool has_one = path.find(L'.', name) != std::wstring::npos;
     const std::wstring extension = first_extension(question.extensions);
@@ -49,7 +58,7 @@ std::optional<std::wstring> ask_at_command_line(const FileQuestion& question) {
         if (answer.kind == Answer::cancel || typed.empty()) {
             return std::nullopt;
         }
-        const std::wstring path = with_extension(full_path(typed), question);
+        const std::wstring path = completed(full_path(typed), question);
         if (!question.new_file || may_replace(path)) {
             return path;
         }
