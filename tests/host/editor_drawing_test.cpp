@@ -4,9 +4,11 @@
 #include <filesystem>
 #include <fstream>
 
+#include "acedads.h"
 #include "platform/host/dxf/drawing.h"
 #include "platform/host/editor/document.h"
 #include "platform/host/editor/editor.h"
+#include "platform/host/editor/file_commands.h"
 #include "platform/host/editor/main_window.h"
 #include "tests/host/database_fixture.h"
 #include "tests/host/list_command_line.h"
@@ -84,6 +86,115 @@ TEST_F(DrawingCommands, AskForTheAttributesThatAreToBeAsked) {
     EXPECT_EQ(run(L"insert", {L"door", L"4,4", L"", L"", L""}), placing);
     EXPECT_EQ(attributes(), "WOOD=ash LOCK=brass SET=preset \nWOOD=oak LOCK= SET=preset \nWOOD=oak LOCK= SET=preset \n")
         << "one of the four was cancelled";
+}
+
+/// A drawing that has variables of several kinds in its header.
+class HeaderVariables : public DrawingCommands {
+  protected:
+    HeaderVariables() {
+        std::ofstream(folder_ / "v.dxf", std::ios::binary) << unchanged;
+        EXPECT_EQ(editor().documents.open(folder_ / "v.dxf"), L"");
+        editor().processor.add_built_in(L"TSTHOLD", [] {
+            resbuf snap{};
+            acedGetVar(L"SNAPMODE", &snap);
+            resbuf off = snap;
+            off.resval.rint = 0;
+            acedSetVar(L"SNAPMODE", &off);
+            acedSetVar(L"SNAPMODE", &snap);
+        });
+        editor().processor.add_built_in(L"TSTLAYER", [] {
+            std::wstring name = L"walls";
+            resbuf layer{};
+            layer.restype = RTSTR;
+            layer.resval.rstring = name.data();
+            EXPECT_EQ(acedSetVar(L"CLAYER", &layer), RTNORM);
+            EXPECT_EQ(acedCommand(RTSTR, L"INSERT", RTSTR, L"door", RTSTR, L"1,1", RTSTR, L"", RTSTR, L"", RTSTR, L"",
+                                  RTNONE),
+                      RTNORM);
+        });
+    }
+
+    static std::string drawing(const std::string& variables) {
+        return groups("0 SECTION|2 HEADER|9 $ACADVER|1 AC1009|" + variables + "|0 ENDSEC|0 SECTION|2 TABLES") +
+               table("LAYER", {"2 Walls|70 0"}) +
+               groups(
+                   "0 ENDSEC|0 SECTION|2 BLOCKS|0 BLOCK|8 0|2 DOOR|70 0|10 0|20 0|0 ENDBLK|8 0|0 ENDSEC|"
+                   "0 SECTION|2 ENTITIES|0 ENDSEC|0 EOF");
+    }
+    static std::wstring shown(const wchar_t* name) { return format_variable(*editor().variables.get(name)); }
+    static bool changed() { return editor().documents.document()->changed(); }
+    std::string saved() const {
+        EXPECT_EQ(editor().documents.document()->save_copy(folder_ / "saved.dxf"), L"");
+        std::ifstream file(folder_ / "saved.dxf", std::ios::binary);
+        return {std::istreambuf_iterator<char>(file), {}};
+    }
+    std::wstring set(const wchar_t* name, const wchar_t* value) { return run(L"setvar", {name, value}); }
+
+    const std::string unchanged = drawing("9 $LTSCALE|40 2.0|9 $CLAYER|8 0|9 $CECOLOR|62    256|9 $SNAPMODE|70      1");
+};
+
+TEST_F(HeaderVariables, StayAsTheyAreWhenNothingElseIsSet) {
+    EXPECT_EQ(shown(L"CECOLOR"), L"BYLAYER");
+    set(L"LTSCALE", L"2");
+    set(L"CECOLOR", L"bylayer");
+    set(L"INSUNITS", L"4");  // this version has no place for it
+    EXPECT_THAT(set(L"CLAYER", L"roof"), HasSubstr(L"!\"roof\" is no value for CLAYER."));
+    EXPECT_THAT(set(L"TEXTSTYLE", L"roof"), HasSubstr(L"!\"roof\" is no value for TEXTSTYLE."));
+    EXPECT_THAT(set(L"CECOLOR", L"300"), HasSubstr(L"!\"300\" is no value for CECOLOR."));
+    run(L"tsthold", {});
+    EXPECT_FALSE(changed());
+    EXPECT_EQ(saved(), unchanged);
+}
+
+TEST_F(HeaderVariables, ChangeWithTheirCommand) {
+    set(L"LTSCALE", L"10");
+    EXPECT_EQ(run(L"quit", {L"no"}), L"<\nDiscard the changes to v.dxf? [Yes/No] <No>: >");
+    set(L"CECOLOR", L"ByBlock");
+    set(L"TEXTSIZE", L"3.5");
+    const std::string three =
+        drawing("9 $LTSCALE|40 10.0|9 $CLAYER|8 0|9 $CECOLOR|62 0|9 $SNAPMODE|70      1|9 $TEXTSIZE|40 3.5");
+    EXPECT_EQ(plain(saved()), three);
+    run(L"tstlayer", {});
+    EXPECT_THAT(saved(), HasSubstr(groups("0 INSERT|8 Walls|2 DOOR", 3)));
+    run(L"u", {});
+    EXPECT_EQ(plain(saved()), three);
+    EXPECT_EQ(shown(L"CLAYER"), L"0");
+    run(L"qsave", {});
+    run(L"u", {});
+    EXPECT_EQ(shown(L"TEXTSIZE"), L"2.5") << "the header is silent again";
+    run(L"u", {});
+    run(L"u", {});
+    EXPECT_EQ(shown(L"CECOLOR") + shown(L"LTSCALE"), L"BYLAYER2");
+    EXPECT_TRUE(changed()) << "the file has what was taken back";
+    run(L"qsave", {});
+    EXPECT_EQ(saved(), unchanged);
+}
+
+TEST_F(DrawingCommands, AskBeforeTheWindowsSessionEnds) {
+    MainWindow window;
+    editor().main_window = window.window();
+    editor().scripted = true;
+    bool while_running = true;
+    editor().processor.add_built_in(L"TSTEND", [&] { while_running = may_end_session(editor()); });
+    const auto asked = [](const wchar_t* answer) {
+        ListCommandLine line({answer});
+        const CommandLineScope scope(line);
+        return std::to_wstring(may_end_session(editor()) ? 1 : 0) + line.said;
+    };
+    EXPECT_EQ(asked(L"no"), L"1");
+    run(L"tstend", {});
+    EXPECT_TRUE(while_running);
+    editor().variables.put(L"ATTREQ", 0);
+    run(L"insert", {L"door", L"1,1", L"", L"", L""});
+    run(L"tstend", {});
+    EXPECT_FALSE(while_running);
+    EnableWindow(window.window(), FALSE);
+    EXPECT_EQ(asked(L"yes"), L"0") << "a dialog is up";
+    EnableWindow(window.window(), TRUE);
+    EXPECT_EQ(asked(L"no"), L"0<\nDiscard the changes to a.dxf? [Yes/No] <No>: >");
+    EXPECT_EQ(asked(L"yes"), L"1<\nDiscard the changes to a.dxf? [Yes/No] <No>: >");
+    editor().scripted = false;
+    editor().main_window = nullptr;
 }
 
 TEST_F(DrawingCommands, InsertNoLayouts) {

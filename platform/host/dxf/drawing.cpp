@@ -90,7 +90,7 @@ RecordId Drawing::table_entry(std::string_view table_name, std::wstring_view ent
 
 RecordId Drawing::header_variable(std::string_view name) const {
     for (const RecordId id : index_.header) {
-        if (view(id).type() == name) {
+        if (!record(id).is(Record::erased) && view(id).type() == name) {
             return id;
         }
     }

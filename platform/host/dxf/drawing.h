@@ -67,7 +67,7 @@ class Drawing {
     const Table* table(std::string_view name) const;
     /// The entry of a table by name (group 2) without regard to case, or no_record. Erased entries are passed over.
     RecordId table_entry(std::string_view table_name, std::wstring_view entry) const;
-    /// A header variable ("$HANDSEED"), or no_record. Its view's first group has code 9.
+    /// A header variable ("$HANDSEED"), or no_record. Its view's first group has code 9. Erased ones are passed over.
     RecordId header_variable(std::string_view name) const;
 
     // Edits. Bytes come from a RecordWriter of manner(), one whole record with its sub-records each.
@@ -87,6 +87,8 @@ class Drawing {
     /// Appends to a table and raises its count (group 70); makes the table when it is missing.
     RecordId append_entry(std::string_view table_name, std::string bytes);
     RecordId append_object(std::string bytes);
+    /// Appends to the HEADER section; the first group names the variable, with code 9.
+    RecordId append_header_variable(std::string bytes);
     /// Replaces the value of the nth own group with this code, keeping all else; false when there is no such group.
     bool replace_value(RecordId id, int code, const Value& value, size_t nth = 0);
     /// Replaces a record's bytes.

@@ -62,11 +62,8 @@ void Drawing::settle_hand_seed() {
     const RecordId seed = header_variable(hand_seed);
     if (seed != no_record) {
         replace_value(seed, 5, Handle{next_handle_});
-    } else if (const Section* const header = index_.section("HEADER")) {
-        RecordWriter writer(manner());
-        const RecordId added = add_record(writer.text(9, wide(hand_seed)).handle(5, next_handle_).take(), header->end);
-        index_.records[added].type = static_cast<uint16_t>(index_.types.intern(hand_seed, index_.codec));
-        index_.header.append(added);
+    } else if (index_.section("HEADER") != nullptr) {
+        append_header_variable(RecordWriter(manner()).text(9, wide(hand_seed)).handle(5, next_handle_).take());
     }
 }
 
@@ -90,6 +87,14 @@ RecordId Drawing::append_entity(std::string bytes) {
 RecordId Drawing::append_object(std::string bytes) {
     const RecordId id = add_record(std::move(bytes), ensure_section("OBJECTS"));
     index_.objects.append(id);
+    note_addition(id);
+    return id;
+}
+
+RecordId Drawing::append_header_variable(std::string bytes) {
+    const RecordId id = add_record(std::move(bytes), ensure_section("HEADER"));
+    index_.records[id].type = static_cast<uint16_t>(index_.types.intern(view(id).type(), index_.codec));
+    index_.header.append(id);
     note_addition(id);
     return id;
 }

@@ -98,6 +98,8 @@ void set_variable(Editor& editor) {
             command_line().report(L"\"" + answer.text + L"\" is no value for " + name + L".");
             break;
         case VariableFault::none:
+            editor.variable_was_set();
+            break;
         case VariableFault::unknown:
             break;
     }

@@ -107,6 +107,9 @@ void CommandProcessor::execute(const Command& command) {
     if (!documents_.restore_resource_depth(resource_depth)) {
         command_line().report(command.name + L" left the resource handles unbalanced.");
     }
+    if (running_.empty() && ending_) {
+        ending_();
+    }
 }
 
 std::wstring CommandProcessor::running_names() const {

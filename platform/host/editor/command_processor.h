@@ -7,6 +7,7 @@
 #include <map>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "platform/host/editor/command_name.h"
@@ -25,6 +26,8 @@ class CommandProcessor {
     /// Adds a command of the host. The name is in capitals. A transparent one may run while another command waits.
     void add_built_in(std::wstring name, std::function<void()> body, bool transparent = false);
     bool has_built_in(std::wstring_view name) const;
+    /// What is to be done whenever a command that ran inside no other has ended, as the last part of it.
+    void after_each(std::function<void()> ending) { ending_ = std::move(ending); }
 
     /// Runs what was typed at the "Command:" prompt. Unknown names, and commands that end with an exception, are
     /// reported on the command line; the host goes on. What the command does to the drawing is one step for UNDO.
@@ -59,6 +62,7 @@ class CommandProcessor {
     DocumentManager& documents_;
     std::map<std::wstring, BuiltIn, std::less<>> built_in_;
     std::vector<const Command*> running_;
+    std::function<void()> ending_;
 };
 
 }  // namespace host

@@ -1,20 +1,59 @@
 #include "platform/host/editor/drawing_variables.h"
 
+#include <algorithm>
+
+#include "base/case_folding.h"
 #include "platform/host/dxf/drawing.h"
 
 namespace host {
 namespace {
 
 constexpr int point_code = 10;
+constexpr int colour_code = 62;
+constexpr int by_block = 0;
+constexpr int by_layer = 256;
 
-dxf::RecordId header_record(const dxf::Drawing& drawing, std::wstring_view name) {
-    return drawing.header_variable("$" + std::string(name.begin(), name.end()));
+/// Where a variable's place in a header differs from what its type says.
+struct Place {
+    std::wstring_view name;
+    int code = 0;  ///< 0: the usual one
+    std::string_view first_version = "";
+    std::string_view last_version = "AC9999";
+};
+
+constexpr Place places[] = {
+    {L"ANGBASE", 50},
+    {L"CECOLOR", colour_code},
+    {L"CELTSCALE", 0, "AC1012"},
+    {L"CELTYPE", 6},
+    {L"CLAYER", 8},
+    {L"INSUNITS", 0, "AC1015"},
+    {L"TEXTSTYLE", 7},
+    {L"SNAPMODE", 0, "", "AC1014"},  // of each viewport, later
+};
+
+Place place_of(std::wstring_view name) {
+    const Place* const found =
+        std::find_if(std::begin(places), std::end(places), [name](const Place& place) { return place.name == name; });
+    return found == std::end(places) ? Place{name} : *found;
+}
+
+std::string header_name(std::wstring_view name) {
+    return "$" + std::string(name.begin(), name.end());
 }
 
 /// The group that holds the value: the one after the variable's name.
 std::optional<dxf::Group> value_group(const dxf::RecordView& view) {
     const std::vector<dxf::Group> groups = view.own_groups();
     return groups.size() > 1 ? std::optional<dxf::Group>(groups[1]) : std::nullopt;
+}
+
+std::wstring colour_text(int64_t number) {
+    return number == by_layer ? L"BYLAYER" : number == by_block ? L"BYBLOCK" : std::to_wstring(number);
+}
+
+int64_t colour_number(const std::wstring& text) {
+    return text == L"BYLAYER" ? by_layer : text == L"BYBLOCK" ? by_block : parse_integer(text).value_or(by_layer);
 }
 
 VariableValue read_value(const dxf::RecordView& view, const dxf::Group& group, const VariableValue& kind) {
@@ -27,21 +66,60 @@ VariableValue read_value(const dxf::RecordView& view, const dxf::Group& group, c
     if (std::holds_alternative<Point>(kind)) {
         return Point{view.real(point_code), view.real(point_code + 10), view.real(point_code + 20)};
     }
-    return view.decode(group.value);
+    return group.code == colour_code ? colour_text(group.integer()) : view.decode(group.value);
+}
+
+dxf::Value encoded(int code, const VariableValue& value) {
+    if (const int* whole = std::get_if<int>(&value)) {
+        return static_cast<int64_t>(*whole);
+    }
+    if (const double* real = std::get_if<double>(&value)) {
+        return *real;
+    }
+    const auto& text = std::get<std::wstring>(value);
+    return code == colour_code ? dxf::Value(colour_number(text)) : dxf::Value(text);
 }
 
 void write_value(dxf::Drawing& drawing, dxf::RecordId record, int code, const VariableValue& value) {
-    if (const int* whole = std::get_if<int>(&value)) {
-        drawing.replace_value(record, code, static_cast<int64_t>(*whole));
-    } else if (const double* real = std::get_if<double>(&value)) {
-        drawing.replace_value(record, code, *real);
-    } else if (const Point* point = std::get_if<Point>(&value)) {
+    if (const Point* point = std::get_if<Point>(&value)) {
         drawing.replace_value(record, point_code, point->x);
         drawing.replace_value(record, point_code + 10, point->y);
         drawing.replace_value(record, point_code + 20, point->z);
     } else {
-        drawing.replace_value(record, code, std::get<std::wstring>(value));
+        drawing.replace_value(record, code, encoded(code, value));
     }
+}
+
+void add_variable(dxf::Drawing& drawing, const Place& place, const VariableValue& value) {
+    dxf::RecordWriter writer(drawing.manner());
+    writer.text(9, L"$" + std::wstring(place.name));
+    if (const int* whole = std::get_if<int>(&value)) {
+        writer.integer(place.code == 0 ? 70 : place.code, *whole);
+    } else if (const double* real = std::get_if<double>(&value)) {
+        writer.real(place.code == 0 ? 40 : place.code, *real);
+    } else if (const Point* point = std::get_if<Point>(&value)) {
+        writer.real(point_code, point->x).real(point_code + 10, point->y);
+        if (place.name.substr(0, 3) != L"LIM") {  // limits lie in the plane
+            writer.real(point_code + 20, point->z);
+        }
+    } else if (const auto& text = std::get<std::wstring>(value); place.code == colour_code) {
+        writer.integer(colour_code, colour_number(text));
+    } else {
+        writer.text(place.code, text);
+    }
+    drawing.append_header_variable(writer.take());
+}
+
+/// What the header says; nothing where it is silent.
+std::optional<VariableValue> header_value(const dxf::Drawing& drawing, std::wstring_view name,
+                                          const VariableValue& kind) {
+    const dxf::RecordId record = drawing.header_variable(header_name(name));
+    if (record == dxf::no_record) {
+        return std::nullopt;
+    }
+    const dxf::RecordView view = drawing.view(record);
+    const std::optional<dxf::Group> group = value_group(view);
+    return group ? std::optional<VariableValue>(read_value(view, *group, kind)) : std::nullopt;
 }
 
 }  // namespace
@@ -50,31 +128,62 @@ void DrawingVariables::load(const dxf::Drawing& drawing) {
     variables_.reset_drawing_values();
     loaded_.clear();
     for (const std::wstring_view name : variables_.drawing_names()) {
-        const dxf::RecordId record = header_record(drawing, name);
-        if (record == dxf::no_record) {
-            continue;
-        }
-        const dxf::RecordView view = drawing.view(record);
-        if (const std::optional<dxf::Group> group = value_group(view)) {
-            const VariableValue value = read_value(view, *group, *variables_.get(name));
+        loaded_.emplace(name, *variables_.get(name));
+    }
+    follow(drawing);
+}
+
+void DrawingVariables::follow(const dxf::Drawing& drawing) {
+    for (auto& [name, loaded] : loaded_) {
+        VariableValue value = header_value(drawing, name, loaded).value_or(variables_.initial(name));
+        if (value != loaded) {
             variables_.put(name, value);
-            loaded_[std::wstring(name)] = value;
+            loaded = std::move(value);
         }
     }
 }
 
 void DrawingVariables::store(dxf::Drawing& drawing) {
-    for (auto& [name, loaded] : loaded_) {
-        const VariableValue value = *variables_.get(name);
-        const dxf::RecordId record = header_record(drawing, name);
-        if (value == loaded || record == dxf::no_record) {
-            continue;
+    for (const auto& known : loaded_) {
+        store(drawing, known.first);
+    }
+}
+
+void DrawingVariables::store_current_names(dxf::Drawing& drawing) {
+    store(drawing, L"CLAYER");
+    store(drawing, L"TEXTSTYLE");
+}
+
+void DrawingVariables::store(dxf::Drawing& drawing, std::wstring_view name) {
+    const auto known = loaded_.find(name);
+    if (known == loaded_.end()) {
+        return;
+    }
+    const VariableValue value = *variables_.get(name);
+    if (value == known->second) {
+        return;
+    }
+    const Place place = place_of(name);
+    const dxf::RecordId record = drawing.header_variable(header_name(name));
+    if (record == dxf::no_record) {
+        if (drawing.version() < place.first_version || drawing.version() > place.last_version) {
+            return;
         }
-        if (const std::optional<dxf::Group> group = value_group(drawing.view(record))) {
-            write_value(drawing, record, group->code, value);
-            loaded = value;
+        add_variable(drawing, place, value);
+    } else if (const std::optional<dxf::Group> group = value_group(drawing.view(record))) {
+        write_value(drawing, record, group->code, value);
+    }
+    known->second = value;
+}
+
+std::optional<std::wstring> current_colour_from_text(std::wstring_view text) {
+    for (const wchar_t* const word : {L"BYLAYER", L"BYBLOCK"}) {
+        if (base::compare_ignoring_case(text, word) == 0) {
+            return word;
         }
     }
+    const std::optional<int> number = parse_integer(text);
+    return number && *number > by_block && *number < by_layer ? std::optional(std::to_wstring(*number)) : std::nullopt;
 }
 
 }  // namespace host

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <map>
+#include <optional>
 #include <string>
 
 #include "platform/host/editor/system_variables.h"
@@ -18,13 +19,22 @@ class DrawingVariables {
 
     /// The drawing's values, where its header has them, and the initial values otherwise.
     void load(const dxf::Drawing& drawing);
-    /// Writes the values that were changed since load() into the header, where it has them: a value that was changed
-    /// and changed back leaves the drawing as it is.
+    /// Takes over what has changed in the header since, by an undo.
+    void follow(const dxf::Drawing& drawing);
+    /// Writes the values that were changed since load() into the header: a value that was changed and changed back
+    /// leaves the drawing as it is. Nothing is written of what a drawing of this version has no place for.
     void store(dxf::Drawing& drawing);
+    /// The same for the current layer and text style alone, which the database takes from the header.
+    void store_current_names(dxf::Drawing& drawing);
 
   private:
+    void store(dxf::Drawing& drawing, std::wstring_view name);
+
     SystemVariables& variables_;
-    std::map<std::wstring, VariableValue> loaded_;
+    std::map<std::wstring, VariableValue, std::less<>> loaded_;  ///< what the header says, or leaves out
 };
+
+/// A colour as CECOLOR has it: "BYLAYER", "BYBLOCK", or a number from 1 to 255. Nothing for another text.
+std::optional<std::wstring> current_colour_from_text(std::wstring_view text);
 
 }  // namespace host

@@ -1,5 +1,7 @@
 #include "platform/host/editor/editor.h"
 
+#include "base/case_folding.h"
+#include "platform/host/dxf/drawing.h"
 #include "platform/host/editor/built_in_commands.h"
 #include "platform/host/editor/document.h"
 #include "platform/host/editor/file_commands.h"
@@ -72,6 +74,27 @@ void compute_variables(Editor& editor) {
     variables.compute(L"DWGTITLED", [&editor] { return editor.documents.document() != nullptr ? 1 : 0; });
 }
 
+/// The entry of a symbol table that a name stands for, as it is spelt there. Without a table there is the usual one.
+SystemVariables::TextForm entry_of(const Editor& editor, std::string_view table, std::wstring_view usual) {
+    return [&editor, table, usual](const std::wstring& name) -> std::optional<std::wstring> {
+        const Document* const document = editor.documents.document();
+        if (document == nullptr) {
+            return name;
+        }
+        const dxf::Drawing& drawing = document->drawing();
+        if (const dxf::RecordId entry = drawing.table_entry(table, name); entry != dxf::no_record) {
+            return drawing.view(entry).text(2);
+        }
+        return base::compare_ignoring_case(name, usual) == 0 ? std::optional<std::wstring>(usual) : std::nullopt;
+    };
+}
+
+void restrict_variables(Editor& editor) {
+    editor.variables.restrict(L"CECOLOR", current_colour_from_text);
+    editor.variables.restrict(L"CLAYER", entry_of(editor, "LAYER", L"0"));
+    editor.variables.restrict(L"TEXTSTYLE", entry_of(editor, "STYLE", L"Standard"));
+}
+
 }  // namespace
 
 Editor::Editor()
@@ -79,6 +102,8 @@ Editor::Editor()
     registry.atPut(ACRX_DYNAMIC_LINKER, &modules);
     registry.atPut(ACRX_COMMAND_DOCK, &commands);
     compute_variables(*this);
+    restrict_variables(*this);
+    processor.after_each([this] { store_variables(); });
     add_built_in_commands(*this);
     add_file_commands(*this);
     add_undo_commands(*this);
@@ -88,6 +113,20 @@ Editor::Editor()
 void Editor::opened(Document& document) {
     drawing_variables.load(document.drawing());
     modules.tell_all(AcRx::kLoadDwgMsg);
+}
+
+void Editor::variable_was_set() {
+    if (!processor.is_busy()) {
+        store_variables();
+    } else if (const Document* const document = documents.document()) {
+        drawing_variables.store_current_names(document->drawing());
+    }
+}
+
+void Editor::store_variables() {
+    if (const Document* const document = documents.document()) {
+        drawing_variables.store(document->drawing());
+    }
 }
 
 Editor& editor() {

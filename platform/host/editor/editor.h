@@ -38,6 +38,12 @@ class Editor {
     /// QUIT was run: no command is asked for any more.
     bool quit_requested = false;
 
+    /// To be called when a user or a module has set a variable. Those of the drawing reach it when the command that is
+    /// running ends, so that one that is held at a value meanwhile is no change; what the database needs does at once.
+    void variable_was_set();
+    /// To be called before the drawing is saved or left: all variables are in it then.
+    void store_variables();
+
   private:
     void opened(Document& document);
 };

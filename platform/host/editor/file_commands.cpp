@@ -28,13 +28,13 @@ Document* open_document(const Editor& editor) {
 }
 
 /// To be called before any save: what is not in the drawing yet goes there.
-void settle(Editor& editor, const Document& document) {
+void settle(Editor& editor) {
     editor.modules.tell_all(AcRx::kSaveMsg);
-    editor.drawing_variables.store(document.drawing());
+    editor.store_variables();
 }
 
 bool save_drawing(Editor& editor, const std::filesystem::path& file) {
-    settle(editor, *editor.documents.document());
+    settle(editor);
     return succeeded(editor.documents.save(file));
 }
 
@@ -79,7 +79,7 @@ void save_drawing_or_copy(Editor& editor) {
         save_drawing(editor, document->path());
         return;
     }
-    settle(editor, *document);
+    settle(editor);
     succeeded(document->save_copy(*file));
 }
 
@@ -98,6 +98,7 @@ bool may_lose_changes(const Document& document) {
 }  // namespace
 
 bool may_leave_drawing(Editor& editor) {
+    editor.store_variables();
     const Document* const document = editor.documents.document();
     if (document == nullptr || !document->changed()) {
         return true;
@@ -115,6 +116,14 @@ bool may_leave_drawing(Editor& editor) {
         default:
             return false;
     }
+}
+
+bool may_end_session(Editor& editor) {
+    if (!editor.processor.is_busy() && IsWindowEnabled(editor.main_window) != 0) {
+        return may_leave_drawing(editor);
+    }
+    const Document* const document = editor.documents.document();
+    return document == nullptr || !document->changed();
 }
 
 void add_file_commands(Editor& editor) {

@@ -102,5 +102,9 @@ std::optional<host::VariableValue> value_of(const struct resbuf& buffer) {
 int acedSetVar(const ACHAR* sym, const struct resbuf* value) {
     const std::optional<host::VariableValue> wanted =
         sym != nullptr && value != nullptr ? value_of(*value) : std::nullopt;
-    return wanted && editor().variables.set(sym, *wanted) == host::VariableFault::none ? RTNORM : RTERROR;
+    if (!wanted || editor().variables.set(sym, *wanted) != host::VariableFault::none) {
+        return RTERROR;
+    }
+    editor().variable_was_set();
+    return RTNORM;
 }

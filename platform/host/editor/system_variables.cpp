@@ -114,7 +114,7 @@ std::optional<VariableValue> read_as(const VariableValue& kind, std::wstring_vie
 
 SystemVariables::SystemVariables() {
     for (const VariableDescription& description : descriptions) {
-        variables_[std::wstring(description.name)] = {description.initial, nullptr, &description};
+        variables_[std::wstring(description.name)] = {description.initial, nullptr, nullptr, &description};
     }
 }
 
@@ -156,6 +156,14 @@ VariableFault SystemVariables::set(std::wstring_view name, const VariableValue& 
     if (number && !(*number >= description.least && *number <= description.greatest)) {
         return VariableFault::out_of_range;
     }
+    if (variable->form) {
+        std::optional<std::wstring> kept = variable->form(std::get<std::wstring>(value));
+        if (!kept) {
+            return VariableFault::out_of_range;
+        }
+        variable->value = *std::move(kept);
+        return VariableFault::none;
+    }
     variable->value = widened ? VariableValue(*number) : value;
     return VariableFault::none;
 }
@@ -183,6 +191,22 @@ void SystemVariables::compute(std::wstring_view name, std::function<VariableValu
         throw std::logic_error("no such computed system variable");
     }
     variable->source = std::move(source);
+}
+
+void SystemVariables::restrict(std::wstring_view name, TextForm form) {
+    Variable* variable = find(name);
+    if (variable == nullptr || !std::holds_alternative<std::wstring>(variable->value)) {
+        throw std::logic_error("no such system variable that is a text");
+    }
+    variable->form = std::move(form);
+}
+
+const VariableValue& SystemVariables::initial(std::wstring_view name) const {
+    const Variable* variable = find(name);
+    if (variable == nullptr) {
+        throw std::logic_error("no such system variable");
+    }
+    return variable->description->initial;
 }
 
 void SystemVariables::reset_drawing_values() {

@@ -35,7 +35,13 @@ class SystemVariables {
     void put(std::wstring_view name, VariableValue value);
     /// From now on the value is asked from `source`. The variable must exist and be read-only.
     void compute(std::wstring_view name, std::function<VariableValue()> source);
+    /// From now on a text that is set is kept in the form that `form` gives it, or is out of range where it gives none.
+    /// The variable must exist and be a text.
+    using TextForm = std::function<std::optional<std::wstring>(const std::wstring&)>;
+    void restrict(std::wstring_view name, TextForm form);
 
+    /// What a drawing that does not say means. The variable must exist.
+    const VariableValue& initial(std::wstring_view name) const;
     /// Back to the initial values for all that belong to one drawing (what its header may then override).
     void reset_drawing_values();
     /// The names of the writable variables that belong to one drawing, upper case without "$".
@@ -45,6 +51,7 @@ class SystemVariables {
     struct Variable {
         VariableValue value;
         std::function<VariableValue()> source;
+        TextForm form;
         const VariableDescription* description = nullptr;
     };
     Variable* find(std::wstring_view name);

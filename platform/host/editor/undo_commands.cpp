@@ -9,7 +9,11 @@ namespace {
 
 void undo(Editor& editor) {
     const Document* const document = editor.documents.document();
-    const std::optional<std::wstring> undone = document != nullptr ? document->drawing().undo() : std::nullopt;
+    std::optional<std::wstring> undone;
+    if (document != nullptr) {
+        undone = document->drawing().undo();
+        editor.drawing_variables.follow(document->drawing());
+    }
     command_line().print(L"\n" + undone.value_or(L"Nothing to undo."));
 }
 
