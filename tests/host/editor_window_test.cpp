@@ -62,6 +62,26 @@ TEST(MainWindow, TakesAnswersThatAPersonTypes) {
     EXPECT_TRUE(window.close_requested());
 }
 
+TEST(MainWindow, GivesEachKeyToOneWait) {
+    MainWindow window;
+    PostMessageW(window.window(), WM_KEYDOWN, VK_ESCAPE, 1);
+    EXPECT_FALSE(window.wait_for_event().has_value());
+    PostMessageW(window.window(), WM_CHAR, L'x', 1);
+    const std::optional<InputEvent> next = window.wait_for_event();
+    ASSERT_TRUE(next.has_value());
+    EXPECT_EQ(next->character, L'x') << "not the Escape that has cancelled";
+}
+
+TEST(MainWindow, TellsWindowsWhetherItsSessionMayEnd) {
+    MainWindow window;
+    EXPECT_EQ(SendMessageW(window.window(), WM_QUERYENDSESSION, 0, 0), TRUE);
+    for (const bool may : {false, true}) {
+        window.ask_before_session_ends([may] { return may; });
+        EXPECT_EQ(SendMessageW(window.window(), WM_QUERYENDSESSION, 0, 0), may ? TRUE : FALSE);
+    }
+    EXPECT_FALSE(window.close_requested());
+}
+
 TEST(MainWindow, KeepsTheEndOfALongHistory) {
     MainWindow window;
     for (int number = 0; number < 3000; ++number) {

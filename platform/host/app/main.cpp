@@ -88,7 +88,18 @@ void run_command(const std::wstring& typed) {
     }
 }
 
+/// For the window's procedure, which no exception may leave.
+bool may_end_session_now() {
+    try {
+        return may_end_session(editor());
+    } catch (const std::exception& exception) {
+        command_line().report(base::wide_from_utf8(exception.what()));
+        return false;
+    }
+}
+
 void run_commands_of_person(MainWindow& window) {
+    window.ask_before_session_ends(may_end_session_now);
     TypedCommandLine typed(window, editor().history);
     TransparentCommandLine line(typed, editor().processor);
     const CommandLineScope scope(line);

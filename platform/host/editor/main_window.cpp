@@ -157,8 +157,11 @@ bool MainWindow::redirect_wheel(const MSG& message) const {
 /// Keys are events of their own then, and reach no window.
 bool MainWindow::take_event_key(const MSG& message) {
     if (message.message == WM_KEYDOWN) {
-        event_cancelled_ = event_cancelled_ || message.wParam == VK_ESCAPE;
-        TranslateMessage(&message);
+        if (message.wParam == VK_ESCAPE) {
+            event_cancelled_ = true;  // and no character, which the next to wait would take for a key
+        } else {
+            TranslateMessage(&message);
+        }
         return true;
     }
     if (message.message == WM_CHAR) {
@@ -215,6 +218,8 @@ std::optional<LRESULT> MainWindow::handle(UINT message, WPARAM, LPARAM) {
         case WM_SETFOCUS:
             SetFocus(line_);
             return 0;
+        case WM_QUERYENDSESSION:
+            return !may_end_session_ || may_end_session_() ? TRUE : FALSE;
         case WM_CLOSE:
             close_requested_ = true;
             return 0;

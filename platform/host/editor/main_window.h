@@ -8,6 +8,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "platform/host/editor/drawing_view.h"
 #include "platform/host/prompt/command_line.h"
@@ -34,6 +35,8 @@ class MainWindow {
     /// Runs a message loop until the person has done something with the mouse or a key. Nothing on a cancel. The prompt
     /// is what was printed last.
     std::optional<InputEvent> wait_for_event();
+    /// Asked when Windows is about to end its session; without one, it may.
+    void ask_before_session_ends(std::function<bool()> may_end) { may_end_session_ = std::move(may_end); }
     /// The person asked to close the window; prompts cancel from then on.
     bool close_requested() const { return close_requested_; }
     /// Takes the request back (the person wants to keep the drawing after all).
@@ -66,6 +69,7 @@ class MainWindow {
     bool event_cancelled_ = false;
     std::optional<InputEvent> event_;
     bool close_requested_ = false;
+    std::function<bool()> may_end_session_;
 };
 
 }  // namespace host
