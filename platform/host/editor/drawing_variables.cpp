@@ -16,8 +16,8 @@ constexpr int by_layer = 256;
 /// Where a variable's place in a header differs from what its type says.
 struct Place {
     std::wstring_view name;
-    int code = 0;  ///< 0: the usual one
-    std::string_view first_version = "";
+    int code = 0;  ///< 0: the usual one of the type
+    std::string_view first_version = "AC";
     std::string_view last_version = "AC9999";
 };
 
@@ -29,7 +29,7 @@ constexpr Place places[] = {
     {L"CLAYER", 8},
     {L"INSUNITS", 0, "AC1015"},
     {L"TEXTSTYLE", 7},
-    {L"SNAPMODE", 0, "", "AC1014"},  // of each viewport, later
+    {L"SNAPMODE", 0, "AC", "AC1014"},  // of each viewport, later
 };
 
 Place place_of(std::wstring_view name) {
@@ -93,19 +93,21 @@ void write_value(dxf::Drawing& drawing, dxf::RecordId record, int code, const Va
 void add_variable(dxf::Drawing& drawing, const Place& place, const VariableValue& value) {
     dxf::RecordWriter writer(drawing.manner());
     writer.text(9, L"$" + std::wstring(place.name));
-    if (const int* whole = std::get_if<int>(&value)) {
-        writer.integer(place.code == 0 ? 70 : place.code, *whole);
-    } else if (const double* real = std::get_if<double>(&value)) {
-        writer.real(place.code == 0 ? 40 : place.code, *real);
-    } else if (const Point* point = std::get_if<Point>(&value)) {
+    if (const Point* point = std::get_if<Point>(&value)) {
         writer.real(point_code, point->x).real(point_code + 10, point->y);
         if (place.name.substr(0, 3) != L"LIM") {  // limits lie in the plane
             writer.real(point_code + 20, point->z);
         }
-    } else if (const auto& text = std::get<std::wstring>(value); place.code == colour_code) {
-        writer.integer(colour_code, colour_number(text));
+        drawing.append_header_variable(writer.take());
+        return;
+    }
+    const dxf::Value coded = encoded(place.code, value);
+    if (const int64_t* whole = std::get_if<int64_t>(&coded)) {
+        writer.integer(place.code == 0 ? 70 : place.code, *whole);
+    } else if (const double* real = std::get_if<double>(&coded)) {
+        writer.real(place.code == 0 ? 40 : place.code, *real);
     } else {
-        writer.text(place.code, text);
+        writer.text(place.code, std::get<std::wstring>(coded));
     }
     drawing.append_header_variable(writer.take());
 }
