@@ -64,12 +64,17 @@ TEST(Arc, KeepsWithinTheToleranceAndTheBox) {
     expect_near(Box2{{-5, -5}, {5, 5}}, Arc{{0, 0}, {5, 0}, {0, 5}, pi / 2, -2 * pi}.box());
 }
 
-TEST(Arc, TakesEqualAnglesForAFullTurn) {
+TEST(Arc, TakesEqualAnglesAndARoundedTurnForAFullTurn) {
     EXPECT_DOUBLE_EQ(pi / 2, positive_sweep(1.5 * pi, 2 * pi));
     EXPECT_DOUBLE_EQ(pi, positive_sweep(1.5 * pi, pi / 2));
     EXPECT_DOUBLE_EQ(2 * pi, positive_sweep(1, 1));
     EXPECT_DOUBLE_EQ(2 * pi, positive_sweep(0, 2 * pi));
     EXPECT_DOUBLE_EQ(0.5, positive_sweep(0, 4 * pi + 0.5));
+    for (const double rounded_up : {6.2831853072, 6.28318531, 6.28319}) {
+        EXPECT_DOUBLE_EQ(2 * pi, positive_sweep(0, rounded_up));
+        EXPECT_DOUBLE_EQ(2 * pi, positive_sweep(-1, rounded_up - 1));
+    }
+    EXPECT_NEAR(0.001, positive_sweep(0, 2 * pi + 0.001), 1e-9);
 }
 
 TEST(Spline, WithWeightsIsAnExactCircle) {

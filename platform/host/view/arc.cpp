@@ -55,6 +55,10 @@ Arc image(const Affine2& map, const Arc& arc) {
 
 double positive_sweep(double start, double end) {
     const double turn = 2 * pi;
+    constexpr double rounding = 1e-4;  // of angles written with few digits
+    if (end - start >= turn && end - start < turn + rounding) {
+        return turn;
+    }
     const double sweep = std::fmod(end - start, turn);
     constexpr double same = 1e-12;
     return sweep > same ? sweep : sweep + turn;

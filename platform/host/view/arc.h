@@ -29,7 +29,7 @@ struct Arc {
 Arc image(const Affine2& map, const Arc& arc);
 
 /// Brings the end of an arc given by two angles into one turn after the start: the sweep is in (0, 2π]. Equal angles
-/// are a full turn.
+/// are a full turn, and so is what exceeds one only by rounding.
 double positive_sweep(double start, double end);
 
 /// The arc of a polyline's segment. The bulge is the tangent of a quarter of the included angle, positive
