@@ -29,15 +29,18 @@ TEST(TextEntities, OfOneLineAreJustified) {
                                     text + "72 5|50 33|" + text + "73 3|50 90")));
 }
 
-TEST(TextEntities, TakeWidthSlantAndMirroringFromTheStyle) {
+TEST(TextEntities, OfOneLineLeaveWidthSlantAndMirroringOfTheStyleToNewText) {
+    const std::string text = "|8 0|10 1|20 1|40 2|1 A|7 narrow|";
     EXPECT_EQ(
-        // Backward by the style; upside down by the text itself, which then is not backward.
-        "------ text \"A\" left 1,1 x -1,0 y 2,2\n"
+        "------ text \"A\" left 1,1 x 2,0 y 0,2\n"
+        // Slanted and backward, and upside down with its own width.
+        "------ text \"A\" left 1,1 x -2,0 y 2,2\n"
         "------ text \"A\" left 1,1 x 6,0 y 0,-2\n"
-        "------ text \"A\" left -1,1 x -2,0 y 0,2\n",
-        described(styles + entities("0 TEXT|8 0|10 1|20 1|40 2|1 A|7 narrow|"
-                                    "0 TEXT|8 0|10 1|20 1|40 2|1 A|7 NARROW|41 3|51 0|71 4|"
-                                    "0 TEXT|8 0|10 1|20 1|40 2|1 A|210 0|220 0|230 -1")));
+        "------ text \"A\" left -1,1 x -2,0 y 0,2\n"
+        // Paragraphs have the style's.
+        "------ text \"A\" left -1,-1 x 1,0 y 2,2\n",
+        described(styles + entities("0 TEXT" + text + "0 TEXT" + text + "51 45|71 2|0 TEXT" + text + "41 3|71 4|" +
+                                    "0 TEXT" + text + "210 0|220 0|230 -1|0 MTEXT" + text.substr(0, text.size() - 1))));
 }
 
 TEST(TextEntities, OfParagraphsStackTheirLines) {

@@ -55,7 +55,7 @@ void draw_line_text(const EntityScope& scope, const LineTextGroups& where) {
     const Vec3 second = fields.point(11, first);
     const double height = fields.real(40, 1);
     double rotation = fields.angle(50);
-    double width_factor = fields.real(41, style.width_factor);
+    double width_factor = fields.real(41, 1);
     TextItem item;
     item.text = plain_text(fields.text(where.value));
     item.font = style.font;
@@ -74,8 +74,8 @@ void draw_line_text(const EntityScope& scope, const LineTextGroups& where) {
                       : justification == left ? TextItem::Anchor::left
                                               : TextItem::Anchor::centre;
     }
-    const int64_t generation = fields.integer(71, (style.backward ? 2 : 0) | (style.upside_down ? 4 : 0));
-    Transform3 frame = text_frame(height, width_factor, fields.angle(51, style.slant), rotation);
+    const int64_t generation = fields.integer(71);
+    Transform3 frame = text_frame(height, width_factor, fields.angle(51), rotation);
     frame = frame * Transform3::scaling({(generation & 2) != 0 ? -1.0 : 1.0, (generation & 4) != 0 ? -1.0 : 1.0, 1});
     frame = frame * Transform3::translation({0, base_line_above(vertical), 0});
     frame.origin = frame.origin + anchor;

@@ -57,8 +57,6 @@ TextStyles::TextStyles(const dxf::Drawing& drawing) {
         TextStyle style;
         style.width_factor = entry.real(41, 1);
         style.slant = entry.real(50) * pi / 180;
-        style.backward = (entry.integer(71) & 2) != 0;
-        style.upside_down = (entry.integer(71) & 4) != 0;
         style.font = font_number(read_face(entry));
         styles_.emplace(base::lower(entry.text(2)), style);
     }

@@ -13,8 +13,6 @@ namespace host {
 struct TextStyle {
     double width_factor = 1;
     double slant = 0;  ///< radians
-    bool backward = false;
-    bool upside_down = false;
     uint16_t font = 0;
 };
 
