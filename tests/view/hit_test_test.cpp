@@ -48,6 +48,7 @@ TEST(HitTest, FindsPlainEntitiesByTheirShape) {
     EXPECT_EQ("1", find.pick(20, 10));
     EXPECT_EQ("", find.pick(20, 5)) << "a circle is not hit in its middle";
     EXPECT_EQ("2", find.pick(35, 5)) << "but an area is";
+    EXPECT_EQ("2", find.pick(29.95, 5)) << "from outside too, at the edge that closes it";
     EXPECT_EQ("3", find.pick(49, 4)) << "and a text, between its letters";
     EXPECT_EQ("", find.pick(54, 1));
 

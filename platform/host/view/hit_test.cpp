@@ -69,6 +69,9 @@ std::vector<Vec2> outline(const Picture& picture, const Primitive& primitive, co
         for (uint32_t i = 0; i < primitive.count; ++i) {
             points.push_back(to_world(picture.points[primitive.first + i]));
         }
+        if (primitive.kind == Primitive::Kind::fill) {
+            points.push_back(points.front());
+        }
     }
     return points;
 }
