@@ -86,6 +86,26 @@ TEST(HitTest, FindsBlockReferencesByWhatIsSeenOfThem) {
     EXPECT_EQ("3", find.crossing({39, 19}, {41, 22}));
 }
 
+TEST(HitTest, ComesToAnEndWithBlocksNestedLikeABomb) {
+    std::string bomb = block("B0", "0 CIRCLE|8 0|10 0|20 0|40 5");
+    for (int level = 1; level < 20; ++level) {
+        std::string inner;
+        for (int copy = 0; copy < 10; ++copy) {
+            inner += (copy > 0 ? "|" : "") + ("0 INSERT|8 0|2 B" + std::to_string(level - 1) + "|10 0|20 0");
+        }
+        bomb.append("|").append(block("B" + std::to_string(level), inner));
+    }
+    // Turned, so that its box is larger than what is seen of it.
+    const Finder find(blocks(bomb) + entities("0 INSERT|8 0|2 B19|10 0|20 0|50 45|"
+                                              "0 CIRCLE|8 0|10 0|20 0|40 4|"
+                                              "0 LINE|8 0|10 -1|20 0|11 1|21 0"));
+    EXPECT_EQ("2", find.pick(0.5, 0));
+    EXPECT_EQ("0", find.pick(0, 2)) << "by its box, where its shape is not looked at to the end";
+    EXPECT_EQ("0 2", find.crossing({-1.5, -1.5}, {1.5, 1.5}));
+    EXPECT_EQ("1 2", find.window({-6, -6}, {6, 6}));
+    EXPECT_EQ("0 1 2", find.window({-8, -8}, {8, 8}));
+}
+
 TEST(HitTest, AgreesWithItselfInALargeDrawing) {
     std::string lines;
     for (int i = 0; i < 400; ++i) {

@@ -8,6 +8,8 @@ namespace host {
 
 namespace {
 
+constexpr size_t points_at_once = 32;  // which take as long as one more primitive
+
 bool between(double value, double a, double b) {
     return std::min(a, b) <= value && value <= std::max(a, b);
 }
@@ -80,6 +82,102 @@ bool has_area(const Primitive& primitive) {
     return primitive.kind == Primitive::Kind::fill || primitive.kind == Primitive::Kind::text;
 }
 
+/// How many primitives inside of blocks are looked at before blocks nested like a bomb are cut off: several times what
+/// the drawing holds.
+size_t effort_worth(const DisplayList& list) {
+    size_t primitives = list.top.primitives.size();
+    for (const Picture& picture : list.pictures) {
+        primitives += picture.primitives.size();
+    }
+    return 500'000 + 4 * primitives;
+}
+
+/// One box held against the top picture's primitives. When what is inside of blocks has taken too much effort,
+/// references count by their boxes alone.
+class BoxProbe {
+  public:
+    BoxProbe(const DisplayList& list, const Box2& box) : list_(list), box_(box), most_effort_(effort_worth(list)) {}
+
+    bool touches(const Primitive& primitive) { return touches(list_.top, primitive, {{}, list_.surroundings}); }
+    bool encloses_all(const Primitive& primitive) { return inside(list_.top, primitive, {{}, list_.surroundings}); }
+
+  private:
+    struct Placing {
+        Affine2 to_world;
+        Surroundings surroundings;
+        bool in_block = false;
+    };
+    Placing within(const Instance& instance, const Placing& placing) const {
+        return {placing.to_world * instance.placement, placing.surroundings.inside(instance), true};
+    }
+
+    bool touches(const Picture& picture, const Primitive& primitive, const Placing& placing);
+    bool any_touches(const Instance& instance, const Placing& placing);
+    bool inside(const Picture& picture, const Primitive& primitive, const Placing& placing);
+    bool all_inside(const Instance& instance, const Placing& placing);
+
+    const DisplayList& list_;
+    const Box2 box_;
+    const size_t most_effort_;
+    // Apart, so that a window never gives up looking for what touches it before a crossing box would.
+    size_t effort_touching_ = 0;
+    size_t effort_inside_ = 0;
+};
+
+bool BoxProbe::touches(const Picture& picture, const Primitive& primitive, const Placing& placing) {
+    if (!placing.surroundings.shows(primitive)) {
+        return false;
+    }
+    if (primitive.kind == Primitive::Kind::instance) {
+        return effort_touching_ < most_effort_ ? any_touches(picture.instances[primitive.first], placing)
+                                               : image(placing.to_world, primitive.box).intersects(box_);
+    }
+    const std::vector<Vec2> points = outline(picture, primitive, placing.to_world, box_);
+    effort_touching_ += placing.in_block ? points.size() / points_at_once : 0;
+    return strip_touches(points, box_) || (has_area(primitive) && encloses(points, box_.centre()));
+}
+
+bool BoxProbe::any_touches(const Instance& instance, const Placing& placing) {
+    const Picture& picture = list_.pictures[instance.picture];
+    const Placing inner = within(instance, placing);
+    const std::optional<Affine2> to_picture = inverse(inner.to_world);
+    if (!to_picture) {
+        return false;
+    }
+    bool found = false;
+    picture.visit(image(*to_picture, box_), 0, [&](uint32_t number) {
+        effort_touching_ += found ? 0 : 1;
+        found = found || touches(picture, picture.primitives[number], inner);
+    });
+    return found;
+}
+
+bool BoxProbe::inside(const Picture& picture, const Primitive& primitive, const Placing& placing) {
+    if (!placing.surroundings.shows(primitive) || box_.contains(image(placing.to_world, primitive.box))) {
+        return true;
+    }
+    switch (primitive.kind) {
+        case Primitive::Kind::instance:
+            return effort_inside_ < most_effort_ && all_inside(picture.instances[primitive.first], placing);
+        case Primitive::Kind::arc:
+            return box_.contains(image(placing.to_world, picture.arcs[primitive.first]).box());
+        default: {
+            const std::vector<Vec2> points = outline(picture, primitive, placing.to_world, box_);
+            effort_inside_ += placing.in_block ? points.size() / points_at_once : 0;
+            return std::all_of(points.begin(), points.end(), [this](Vec2 point) { return box_.contains(point); });
+        }
+    }
+}
+
+bool BoxProbe::all_inside(const Instance& instance, const Placing& placing) {
+    const Picture& picture = list_.pictures[instance.picture];
+    const Placing inner = within(instance, placing);
+    return std::all_of(picture.primitives.begin(), picture.primitives.end(), [&](const Primitive& primitive) {
+        ++effort_inside_;
+        return inside(picture, primitive, inner);
+    });
+}
+
 }  // namespace
 
 /// The numbers of the top picture's primitives near the box, in drawing order.
@@ -91,10 +189,11 @@ std::vector<uint32_t> HitTest::candidates(const Box2& box) const {
 }
 
 dxf::RecordId HitTest::pick(const Box2& pick_box) const {
+    BoxProbe probe(list_, pick_box);
     const std::vector<uint32_t> numbers = candidates(pick_box);
     for (auto number = numbers.rbegin(); number != numbers.rend(); ++number) {
         const Primitive& primitive = list_.top.primitives[*number];
-        if (touches(list_.top, primitive, {{}, list_.surroundings}, pick_box)) {
+        if (probe.touches(primitive)) {
             return primitive.entity;
         }
     }
@@ -102,11 +201,11 @@ dxf::RecordId HitTest::pick(const Box2& pick_box) const {
 }
 
 std::vector<dxf::RecordId> HitTest::crossing(const Box2& box) const {
+    BoxProbe probe(list_, box);
     std::vector<dxf::RecordId> found;
     for (const uint32_t number : candidates(box)) {
         const Primitive& primitive = list_.top.primitives[number];
-        if ((found.empty() || found.back() != primitive.entity) &&
-            touches(list_.top, primitive, {{}, list_.surroundings}, box)) {
+        if ((found.empty() || found.back() != primitive.entity) && probe.touches(primitive)) {
             found.push_back(primitive.entity);
         }
     }
@@ -115,7 +214,7 @@ std::vector<dxf::RecordId> HitTest::crossing(const Box2& box) const {
 
 std::vector<dxf::RecordId> HitTest::window(const Box2& box) const {
     const std::vector<Primitive>& all = list_.top.primitives;
-    const Placing placing{{}, list_.surroundings};
+    BoxProbe probe(list_, box);
     std::vector<dxf::RecordId> found;
     size_t next = 0;
     for (const uint32_t number : candidates(box)) {
@@ -127,65 +226,18 @@ std::vector<dxf::RecordId> HitTest::window(const Box2& box) const {
             --first;
         }
         bool whole = true;
-        bool seen = false;
         for (next = first; next < all.size() && all[next].entity == all[number].entity; ++next) {
-            whole = whole && inside(list_.top, all[next], placing, box);
-            seen = seen || touches(list_.top, all[next], placing, box);
+            whole = whole && probe.encloses_all(all[next]);
         }
-        if (whole && seen) {
+        bool seen = false;
+        for (size_t i = first; i < next && whole && !seen; ++i) {
+            seen = all[i].box.intersects(box) && probe.touches(all[i]);
+        }
+        if (seen) {
             found.push_back(all[number].entity);
         }
     }
     return found;
-}
-
-bool HitTest::touches(const Picture& picture, const Primitive& primitive, const Placing& placing,
-                      const Box2& box) const {
-    if (!placing.surroundings.shows(primitive)) {
-        return false;
-    }
-    if (primitive.kind == Primitive::Kind::instance) {
-        return any_touches(picture.instances[primitive.first], placing, box);
-    }
-    const std::vector<Vec2> points = outline(picture, primitive, placing.to_world, box);
-    return strip_touches(points, box) || (has_area(primitive) && encloses(points, box.centre()));
-}
-
-bool HitTest::any_touches(const Instance& instance, const Placing& placing, const Box2& box) const {
-    const Picture& picture = list_.pictures[instance.picture];
-    const Placing inner{placing.to_world * instance.placement, placing.surroundings.inside(instance)};
-    const std::optional<Affine2> to_picture = inverse(inner.to_world);
-    if (!to_picture) {
-        return false;
-    }
-    bool found = false;
-    picture.visit(image(*to_picture, box), 0,
-                  [&](uint32_t number) { found = found || touches(picture, picture.primitives[number], inner, box); });
-    return found;
-}
-
-bool HitTest::inside(const Picture& picture, const Primitive& primitive, const Placing& placing,
-                     const Box2& box) const {
-    if (!placing.surroundings.shows(primitive) || box.contains(image(placing.to_world, primitive.box))) {
-        return true;
-    }
-    switch (primitive.kind) {
-        case Primitive::Kind::instance:
-            return all_inside(picture.instances[primitive.first], placing, box);
-        case Primitive::Kind::arc:
-            return box.contains(image(placing.to_world, picture.arcs[primitive.first]).box());
-        default: {
-            const std::vector<Vec2> points = outline(picture, primitive, placing.to_world, box);
-            return std::all_of(points.begin(), points.end(), [&box](Vec2 point) { return box.contains(point); });
-        }
-    }
-}
-
-bool HitTest::all_inside(const Instance& instance, const Placing& placing, const Box2& box) const {
-    const Picture& picture = list_.pictures[instance.picture];
-    const Placing inner{placing.to_world * instance.placement, placing.surroundings.inside(instance)};
-    return std::all_of(picture.primitives.begin(), picture.primitives.end(),
-                       [&](const Primitive& primitive) { return inside(picture, primitive, inner, box); });
 }
 
 }  // namespace host

@@ -8,7 +8,8 @@
 namespace host {
 
 /// Looks at what a display list shows: entities on layers that are off or frozen are never found. Boxes are in world
-/// coordinates; entities come in drawing order, each once.
+/// coordinates; entities come in drawing order, each once. A box takes bounded effort: beyond it, block references are
+/// taken by the boxes around them.
 class HitTest {
   public:
     explicit HitTest(const DisplayList& list) : list_(list) {}
@@ -21,15 +22,7 @@ class HitTest {
     std::vector<dxf::RecordId> window(const Box2& box) const;
 
   private:
-    struct Placing {
-        Affine2 to_world;
-        Surroundings surroundings;
-    };
     std::vector<uint32_t> candidates(const Box2& box) const;
-    bool touches(const Picture& picture, const Primitive& primitive, const Placing& placing, const Box2& box) const;
-    bool any_touches(const Instance& instance, const Placing& placing, const Box2& box) const;
-    bool inside(const Picture& picture, const Primitive& primitive, const Placing& placing, const Box2& box) const;
-    bool all_inside(const Instance& instance, const Placing& placing, const Box2& box) const;
 
     const DisplayList& list_;
 };
