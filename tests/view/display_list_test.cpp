@@ -101,6 +101,13 @@ TEST(DisplayList, OfHatchesWithCurvedEdges) {
     EXPECT_NEAR(5, box.high.x, 0.01);
     EXPECT_NEAR(0, box.low.y, 0.01);
     EXPECT_NEAR(5, box.high.y, 0.01);
+    EXPECT_EQ("------ fill 0,0 4,0 4,0 9,0 9,0 9,7 9,7 0,0 0,0\n",
+              described(entities("0 HATCH|8 0|10 0|20 0|30 0|2 SOLID|70 1|91 1|92 1|93 4|"
+                                 "72 4|94 1|73 0|74 0|95 4|96 2|40 0|40 0|40 1|40 1|10 0|20 0|10 4|20 0|"
+                                 "97 2|11 0|21 0|11 4|21 0|12 1|22 0|13 1|23 0|"
+                                 "72 1|10 4|20 0|11 9|21 0|72 1|10 9|20 0|11 9|21 7|72 1|10 9|20 7|11 0|21 0|"
+                                 "97 0|75 0|76 1|98 0")))
+        << "a spline's fit points and directions, and the edges after it";
 }
 
 TEST(DisplayList, PlacesBlocks) {

@@ -154,6 +154,8 @@ class BoundaryReader {
             const Vec2 point = take_point(11);
             fit.push_back({point.x, point.y, 0});
         }
+        take_point(12);  // the directions at both ends
+        take_point(13);
         for (const Vec3& point : spline.valid() ? spline.flatten() : curve_through(fit, false)) {
             points_.push_back(point.plan());
         }
