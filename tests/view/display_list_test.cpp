@@ -165,6 +165,15 @@ TEST(DisplayList, ResolvesColoursOfLayersAndBlocks) {
                                     "0 POINT|8 BLUE|10 3|20 0|"       // its own layer's
                                     "0 POINT|8 BLUE|62 3|10 4|20 0|"  // its own
                                     "0 POINT|8 0|420 1193046|10 5|20 0");
+    // What follows a reference is coloured as what is inside of it.
+    const std::string attributes =
+        "0 ATTRIB|8 0|10 0|20 2|40 1|1 a|2 A|70 0|0 ATTRIB|8 0|62 0|10 0|20 2|40 1|1 b|2 B|70 0|"
+        "0 ATTRIB|8 BLUE|10 0|20 2|40 1|1 c|2 C|70 0|0 SEQEND|8 0";
+    const std::string titled = block("TITLED", "0 INSERT|8 0|66 1|62 0|2 NOWHERE|10 0|20 0|" + attributes);
+    const auto titles = [](const std::string& x) {
+        const std::string place = " left " + x + ",2 x 1,0 y 0,1\n";
+        return "ff0000 text \"a\"" + place + "00ff00 text \"b\"" + place + "0000ff text \"c\"" + place;
+    };
     const std::string nested =
         block("NESTED", "0 INSERT|8 0|62 0|2 PARTS|10 0|20 0|0 INSERT|8 BLUE|2 PARTS|10 10|20 0");
     const std::string layers = tables("0 TABLE|2 LAYER|70 3|" + layer("0", 2) + "|" + layer("RED", 1) + "|" +
@@ -173,11 +182,15 @@ TEST(DisplayList, ResolvesColoursOfLayersAndBlocks) {
         "ff0000 dot 1,0\nff00ff dot 2,0\n0000ff dot 3,0\n00ff00 dot 4,0\n123456 dot 5,0\n"
         "0000ff dot 11,0\n0000ff dot 12,0\n0000ff dot 13,0\n00ff00 dot 14,0\n123456 dot 15,0\n"
         // At the top: colour of layer 0, of no block, the 12th of the palette and one that there is not.
-        "ffff00 dot 1,1\n------ dot 2,1\na50000 dot 3,1\n5b5b5b dot 4,1\n------ dot 5,1\n",
-        described(layers + blocks(parts + "|" + nested) +
+        "ffff00 dot 1,1\n------ dot 2,1\na50000 dot 3,1\n5b5b5b dot 4,1\n------ dot 5,1\n" +
+            titles("0") + titles("0") + titles("9") + titles("0"),
+        described(layers + blocks(parts + "|" + nested + "|" + titled) +
                   entities("0 INSERT|8 RED|62 6|2 NESTED|10 0|20 0|"
                            "0 POINT|8 0|10 1|20 1|0 POINT|8 0|62 0|10 2|20 1|0 POINT|8 0|62 12|10 3|20 1|"
-                           "0 POINT|8 0|62 251|10 4|20 1|0 POINT|8 NEW|10 5|20 1")));
+                           "0 POINT|8 0|62 251|10 4|20 1|0 POINT|8 NEW|10 5|20 1|"
+                           "0 INSERT|8 RED|66 1|62 3|2 NOWHERE|10 0|20 0|" +
+                           attributes + "|0 INSERT|8 RED|66 1|62 3|2 NOWHERE|10 0|20 0|70 2|44 9|" + attributes +
+                           "|0 INSERT|8 RED|62 3|2 TITLED|10 0|20 0")));
 }
 
 TEST(DisplayList, LeavesOutWhatIsNotShown) {
@@ -208,9 +221,12 @@ TEST(DisplayList, LeavesOutWhatIsNotShown) {
 TEST(DisplayList, LayerZeroThatIsOffHidesOnlyWhatStandsOnIt) {
     const std::string layers = tables("0 TABLE|2 LAYER|70 2|" + layer("0", -7) + "|" + layer("ON", 3) + "|0 ENDTAB");
     const std::string one = blocks(block("ONE", "0 POINT|8 0|10 0|20 0"));
-    EXPECT_EQ("00ff00 dot 1,0\n", described(layers + one +
-                                            entities("0 POINT|8 0|10 9|20 9|0 INSERT|8 ON|2 ONE|10 1|20 0|"
-                                                     "0 INSERT|8 0|2 ONE|10 2|20 0")));
+    const std::string title = "2 NOWHERE|10 0|20 0|0 ATTRIB|8 0|10 0|20 0|40 1|1 a|2 A|70 0|0 SEQEND|8 0";
+    EXPECT_EQ("00ff00 dot 1,0\n00ff00 text \"a\" left 0,0 x 1,0 y 0,1\n",
+              described(layers + one +
+                        entities("0 POINT|8 0|10 9|20 9|0 INSERT|8 ON|2 ONE|10 1|20 0|"
+                                 "0 INSERT|8 0|2 ONE|10 2|20 0|0 INSERT|8 ON|66 1|" +
+                                 title + "|0 INSERT|8 0|66 1|" + title)));
 }
 
 TEST(DisplayList, SurvivesBlocksThatContainThemselves) {

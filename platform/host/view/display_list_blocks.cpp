@@ -106,7 +106,7 @@ void DisplayListBuilder::place_block(dxf::RecordId id, dxf::BlockId block, const
     if (block != dxf::no_block && (!placement.flat() || !target.space.flat())) {
         target.out.begin_entity(id, look.ink, false);
         place_tilted(block, copies, look, target);
-        draw_attributes(id, record, target);
+        draw_attributes(id, record, look, target);
         return;
     }
     const uint32_t picture = block == dxf::no_block ? no_picture : picture_of(block);
@@ -119,7 +119,7 @@ void DisplayListBuilder::place_block(dxf::RecordId id, dxf::BlockId block, const
         placed.placement = placement.plan();
         out.instance(placed, list_.pictures[picture]);
     }
-    draw_attributes(id, record, {out, target.space, target.in_block});
+    draw_attributes(id, record, look, {out, target.space, target.in_block});
     if (!single) {
         Copies seen = copies;
         seen.column_step = target.space.vector(copies.column_step);

@@ -155,19 +155,25 @@ void DisplayListBuilder::draw_plain(dxf::RecordId id, const dxf::RecordView& rec
     draw({drawing_, record, fields_, target.space, styles_, target.out, target.in_block});
 }
 
-/// The ATTRIBs that follow an INSERT, which stand in the same coordinates as the INSERT itself.
-void DisplayListBuilder::draw_attributes(dxf::RecordId id, const dxf::RecordView& record, const Target& target) {
+/// The ATTRIBs that follow an INSERT, which stand in the same coordinates as the INSERT itself but look like a part of
+/// its block.
+void DisplayListBuilder::draw_attributes(dxf::RecordId id, const dxf::RecordView& record, const Instance& look,
+                                         const Target& target) {
     if (!drawing_.record(id).is(dxf::Record::has_parts)) {
         return;
     }
+    const Surroundings inside{look.ink, look.layer_ink};
     for (const dxf::RecordView& part : record.parts()) {
         if (part.type() != "ATTRIB") {
             continue;
         }
         fields_.read(part);
         const dxf::NameId layer = drawing_.layer_names().find(fields_.text(8));
-        if (fields_.integer(60) == 0 && visible(layer, target.in_block)) {
-            target.out.begin_entity(id, ink_of(layer), layers_.is_zero(layer));
+        const bool like_reference = layers_.is_zero(layer);
+        const bool shown = like_reference ? look.layer_zero != Instance::LayerZero::hidden : layers_.of(layer).shown();
+        if (fields_.integer(60) == 0 && shown) {
+            target.out.begin_entity(id, inside.resolve(ink_of(layer)),
+                                    like_reference && look.layer_zero == Instance::LayerZero::inherited);
             draw_attribute({drawing_, part, fields_, target.space, styles_, target.out, target.in_block});
         }
     }

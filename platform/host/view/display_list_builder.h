@@ -36,7 +36,7 @@ class DisplayListBuilder {
     void draw_record(dxf::RecordId id, const Target& target);
     void draw_plain(dxf::RecordId id, const dxf::RecordView& record, const Target& target);
     void draw_insert(dxf::RecordId id, const dxf::RecordView& record, dxf::NameId layer, const Target& target);
-    void draw_attributes(dxf::RecordId id, const dxf::RecordView& record, const Target& target);
+    void draw_attributes(dxf::RecordId id, const dxf::RecordView& record, const Instance& look, const Target& target);
     void draw_referenced(dxf::RecordId id, dxf::NameId layer, const Target& target);
 
     Copies read_copies(const Vec3& base) const;
