@@ -229,6 +229,21 @@ TEST(DisplayList, LayerZeroThatIsOffHidesOnlyWhatStandsOnIt) {
                                  title + "|0 INSERT|8 0|66 1|" + title)));
 }
 
+TEST(DisplayList, PlacesBlocksOfEndlessLines) {
+    const auto drawing =
+        drawing_of(blocks(block("AXIS", "0 XLINE|8 0|10 0|20 0|11 1|21 0") + "|" +
+                          block("AXES", "0 INSERT|8 0|2 AXIS|10 0|20 5|0 INSERT|8 0|2 AXIS|10 0|20 6")) +
+                   entities("0 INSERT|8 0|2 AXES|10 0|20 1|0 POINT|8 0|10 3|20 4"));
+    const DisplayList list = DisplayList::build(*drawing);
+    EXPECT_EQ(
+        "------ endless -10000000000,6 10000000000,6\n"
+        "------ endless -10000000000,7 10000000000,7\n"
+        "------ dot 3,4\n",
+        described(list));
+    EXPECT_EQ((Vec2{3, 4}), list.extents().low);
+    EXPECT_EQ((Vec2{3, 4}), list.extents().high);
+}
+
 TEST(DisplayList, SurvivesBlocksThatContainThemselves) {
     EXPECT_EQ("------ dot 1,0\n------ dot 1,0\n",
               described(blocks(block("A", "0 POINT|8 0|10 1|20 0|0 INSERT|8 0|2 B|10 0|20 0") + "|" +

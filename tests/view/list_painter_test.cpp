@@ -77,8 +77,9 @@ TEST(ListPainter, PaintsLinesAreasAndDots) {
 
 TEST(ListPainter, CutsOffAtTheEdgesAndZoomsAboutAPoint) {
     Painting painting(8, 4,
-                      entities("0 LINE|8 0|10 -1000000|20 2.5|11 1000000|21 2.5|"
-                               "0 LINE|8 0|10 4.5|20 1000000000|11 4.5|21 -1000000000"));
+                      blocks(block("AXIS", "0 XLINE|8 0|10 0|20 0|11 1|21 0")) +
+                          entities("0 INSERT|8 0|2 AXIS|10 0|20 2.5|"
+                                   "0 LINE|8 0|10 4.5|20 1000000000|11 4.5|21 -1000000000"));
     EXPECT_EQ(
         "\n"
         "....#...\n"

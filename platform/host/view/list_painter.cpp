@@ -154,7 +154,7 @@ void ListPainter::paint_strip(uint16_t pattern) {
 void ListPainter::paint_instance(const Instance& instance, const Placing& placing) {
     const Picture& picture = list_.pictures[instance.picture];
     const Placing inner{placing.to_pixels * instance.placement, placing.surroundings.inside(instance)};
-    const double size = std::max(picture.box.width(), picture.box.height()) * inner.scale;
+    const double size = std::max(picture.reach.width(), picture.reach.height()) * inner.scale;
     ++depth_;
     if (size < few_pixels) {
         paint_sample(picture, inner);

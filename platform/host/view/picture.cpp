@@ -5,7 +5,9 @@ namespace host {
 void Picture::finish() {
     constexpr size_t few = 64;
     box = Box2();
+    reach = Box2();
     for (const Primitive& primitive : primitives) {
+        reach.add(primitive.box);
         if (!primitive.endless) {
             box.add(primitive.box);
         }

@@ -31,7 +31,7 @@ struct Primitive {
     Kind kind = Kind::strip;
     /// On layer 0: inside a block it is seen exactly where the block reference's layer is.
     bool on_layer_zero = false;
-    /// A construction line, which says nothing about how large the drawing is.
+    /// A construction line, or a block of nothing else: it says nothing about how large the drawing is.
     bool endless = false;
     /// A fill of several contours, whose polygon has bridges between them that must not be seen.
     bool bridged = false;
@@ -59,9 +59,12 @@ struct Picture {
     std::vector<TextItem> texts;
     std::vector<Instance> instances;
     Box2 box;      ///< around all primitives that are not endless
+    Box2 reach;    ///< around all primitives
     BoxTree tree;  ///< over the primitives; empty where they are few
 
-    /// Computes `box` and `tree` once all primitives are there.
+    /// Nothing in it says how large it is.
+    bool endless() const { return box.empty() && !reach.empty(); }
+    /// Computes the boxes and `tree` once all primitives are there.
     void finish();
 
     /// Calls visit(number) for primitives that touch `area`, in no order. See BoxTree::visit.

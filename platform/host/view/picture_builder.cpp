@@ -90,13 +90,14 @@ void PictureBuilder::text(TextItem item) {
 }
 
 void PictureBuilder::instance(const Instance& instance, const Picture& placed) {
-    const Box2 box = image(instance.placement, placed.box);
+    const Box2 box = image(instance.placement, placed.endless() ? placed.reach : placed.box);
     if (box.empty() || !finite(box)) {
         return;
     }
     const Ink first = placed.primitives.front().ink;
     Primitive& primitive = add(Primitive::Kind::instance, picture_.instances.size(), 1, box);
     primitive.on_layer_zero = false;
+    primitive.endless = placed.endless();
     primitive.ink = first == Ink::by_block()         ? instance.ink
                     : first == Ink::by_block_layer() ? instance.layer_ink
                                                      : first;
