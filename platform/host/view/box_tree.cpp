@@ -34,18 +34,18 @@ struct Placed {
     uint32_t number;
 };
 
-std::vector<Placed> places_on_curve(const std::vector<Box2>& boxes) {
+std::vector<Placed> places_on_curve(uint32_t count, const BoxTree::BoxOf& box_of) {
     Box2 centres;
-    for (const Box2& box : boxes) {
-        if (!box.empty()) {
-            centres.add(box.centre());
+    for (uint32_t number = 0; number < count; ++number) {
+        if (!box_of(number).empty()) {
+            centres.add(box_of(number).centre());
         }
     }
     std::vector<Placed> placed;
-    placed.reserve(boxes.size());
-    for (uint32_t number = 0; number < boxes.size(); ++number) {
-        if (!boxes[number].empty()) {
-            const Vec2 centre = boxes[number].centre();
+    placed.reserve(count);
+    for (uint32_t number = 0; number < count; ++number) {
+        if (!box_of(number).empty()) {
+            const Vec2 centre = box_of(number).centre();
             placed.push_back({hilbert_place(cell(centre.x, centres.low.x, centres.width()),
                                             cell(centre.y, centres.low.y, centres.height())),
                               number});
@@ -56,23 +56,23 @@ std::vector<Placed> places_on_curve(const std::vector<Box2>& boxes) {
 
 }  // namespace
 
-BoxTree::BoxTree(const std::vector<Box2>& boxes) {
-    std::vector<Placed> placed = places_on_curve(boxes);
+BoxTree::BoxTree(size_t count, const BoxOf& box_of) {
+    std::vector<Placed> placed = places_on_curve(static_cast<uint32_t>(count), box_of);
     std::sort(placed.begin(), placed.end(), [](const Placed& a, const Placed& b) { return a.place < b.place; });
     if (placed.empty()) {
         return;
     }
-    std::vector<Box2> leaves;
+    const auto nodes_over = [](size_t children) { return (children + fan_out - 1) / fan_out; };
     order_.reserve(placed.size());
-    leaves.reserve(placed.size());
+    std::vector<Box2> lowest(nodes_over(placed.size()));
     for (const Placed& leaf : placed) {
+        lowest[order_.size() / fan_out].add(box_of(leaf.number));
         order_.push_back(leaf.number);
-        leaves.push_back(boxes[leaf.number]);
     }
-    levels_.push_back(std::move(leaves));
+    levels_.push_back(std::move(lowest));
     while (levels_.back().size() > 1) {
         const std::vector<Box2>& below = levels_.back();
-        std::vector<Box2> level((below.size() + fan_out - 1) / fan_out);
+        std::vector<Box2> level(nodes_over(below.size()));
         for (size_t i = 0; i < below.size(); ++i) {
             level[i / fan_out].add(below[i]);
         }

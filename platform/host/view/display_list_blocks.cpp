@@ -24,13 +24,17 @@ dxf::BlockId DisplayListBuilder::block_named(const std::wstring& name) const {
     return found == dxf::no_name ? dxf::no_block : drawing_.block_named(found);
 }
 
-Vec3 DisplayListBuilder::base_of(dxf::BlockId block) const {
-    const dxf::RecordId head = drawing_.blocks()[block].head;
-    if (head == dxf::no_record) {
-        return {};
+const Vec3& DisplayListBuilder::base_of(dxf::BlockId block) {
+    std::optional<Vec3>& base = base_of_block_[block];
+    if (!base) {
+        base.emplace();
+        const dxf::RecordId head = drawing_.blocks()[block].head;
+        if (head != dxf::no_record) {
+            const dxf::RecordView record = drawing_.view(head);
+            base = Vec3{record.real(10), record.real(20), record.real(30)};
+        }
     }
-    const dxf::RecordView record = drawing_.view(head);
-    return {record.real(10), record.real(20), record.real(30)};
+    return *base;
 }
 
 /// How the block reference in `fields_` colours, dashes and shows what is inside of it.

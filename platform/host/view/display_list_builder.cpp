@@ -58,14 +58,25 @@ DisplayListBuilder::DisplayListBuilder(const dxf::Drawing& drawing)
       styles_(drawing),
       drawers_(drawing.type_names().size()),
       picture_of_block_(drawing.blocks().size(), no_picture),
+      base_of_block_(drawing.blocks().size()),
       being_drawn_(drawing.blocks().size(), false) {}
 
 DisplayList DisplayListBuilder::build(DisplayList::Space space) {
     const bool paper = space == DisplayList::Space::paper;
     PictureBuilder out;
     const Target target{out, {}, false};
+    const auto stands_here = [&](dxf::RecordId id) {
+        return drawing_.record(id).is(dxf::Record::paper_space) == paper;
+    };
+    size_t entities = 0;
+    size_t references = 0;
     for (const dxf::RecordId id : drawing_.entities()) {
-        if (drawing_.record(id).is(dxf::Record::paper_space) == paper) {
+        entities += stands_here(id) ? 1 : 0;
+        references += stands_here(id) && drawing_.record(id).type == dxf::type_insert ? 1 : 0;
+    }
+    out.reserve(entities, references);
+    for (const dxf::RecordId id : drawing_.entities()) {
+        if (stands_here(id)) {
             draw_record(id, target);
         }
     }

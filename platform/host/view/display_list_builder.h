@@ -51,7 +51,7 @@ class DisplayListBuilder {
     /// The block's picture; no_picture for a block that is being drawn, for it contains itself.
     uint32_t picture_of(dxf::BlockId block);
     Picture draw_block(dxf::BlockId block, const Transform3& space);
-    Vec3 base_of(dxf::BlockId block) const;
+    const Vec3& base_of(dxf::BlockId block);
     dxf::BlockId block_named(const std::wstring& name) const;
 
     bool visible(dxf::NameId layer, bool in_block) const;
@@ -68,9 +68,10 @@ class DisplayListBuilder {
     LineTypes line_types_;
     TextStyles styles_;
     RecordFields fields_;
-    std::vector<std::optional<Draw>> drawers_;  ///< by record type, found when one is first met
-    std::vector<uint32_t> picture_of_block_;    ///< by BlockId
-    std::vector<bool> being_drawn_;             ///< by BlockId
+    std::vector<std::optional<Draw>> drawers_;        ///< by record type, found when one is first met
+    std::vector<uint32_t> picture_of_block_;          ///< by BlockId
+    std::vector<std::optional<Vec3>> base_of_block_;  ///< by BlockId, read when one is first met
+    std::vector<bool> being_drawn_;                   ///< by BlockId
     size_t depth_ = 0;
     size_t tilted_copies_ = 0;
     DisplayList list_;

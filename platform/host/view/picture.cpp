@@ -14,12 +14,7 @@ void Picture::finish() {
     }
     tree = BoxTree();
     if (primitives.size() > few) {
-        std::vector<Box2> boxes;
-        boxes.reserve(primitives.size());
-        for (const Primitive& primitive : primitives) {
-            boxes.push_back(primitive.box);
-        }
-        tree = BoxTree(boxes);
+        tree = BoxTree(primitives.size(), [this](uint32_t number) -> const Box2& { return primitives[number].box; });
     }
 }
 

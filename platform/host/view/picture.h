@@ -71,7 +71,8 @@ struct Picture {
     template <typename Visit>
     void visit(const Box2& area, double detail, Visit visit) const {
         if (!tree.empty()) {
-            tree.visit(area, detail, visit);
+            const auto box_of = [this](uint32_t number) -> const Box2& { return primitives[number].box; };
+            tree.visit(area, detail, box_of, visit);
             return;
         }
         for (uint32_t number = 0; number < primitives.size(); ++number) {

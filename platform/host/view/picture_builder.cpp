@@ -12,6 +12,11 @@ bool finite(const Box2& box) {
 
 }  // namespace
 
+void PictureBuilder::reserve(size_t primitives, size_t instances) {
+    picture_.primitives.reserve(primitives);
+    picture_.instances.reserve(instances);
+}
+
 void PictureBuilder::begin_entity(dxf::RecordId entity, Ink ink, bool on_layer_zero, uint16_t pattern) {
     entity_ = entity;
     ink_ = ink;

@@ -10,6 +10,8 @@ namespace host {
 /// Coordinates are the picture's. What is not finite is left out.
 class PictureBuilder {
   public:
+    /// Makes room for this many primitives, of which some are instances.
+    void reserve(size_t primitives, size_t instances);
     /// The primitives that follow belong to this entity.
     void begin_entity(dxf::RecordId entity, Ink ink, bool on_layer_zero, uint16_t pattern = LinePattern::continuous);
     /// Replaces the entity's colour for what follows.
