@@ -13,6 +13,7 @@ import unittest
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 PATIENCE = 20  # seconds, for anything that is to appear
+COMMA_KEY = 59  # of a standard keyboard
 
 
 def windows_path(path):
@@ -113,7 +114,12 @@ class Desktop:
     def type(self, text, title=" - Drawing Host$"):
         """Types a line and Return."""
         self.face(title)
-        xdotool("type", "--delay", "1", text)
+        # The Hebrew layout has a comma too, on another key, which xdotool would find first and type by changing layouts.
+        for place, part in enumerate(text.split(",")):
+            if place > 0:
+                xdotool("key", COMMA_KEY)
+            if part:
+                xdotool("type", "--delay", "1", part)
         xdotool("key", "Return")
 
     def run(self, *lines):
