@@ -106,6 +106,22 @@ TEST(Dialog, KeysEndItAsTheSystemSays) {
     EXPECT_EQ(dialog.DoModal(), IDCANCEL);
 }
 
+TEST(Dialog, ReturnPressesTheFirstButtonWhereNoneIsTheDefault) {
+    OwnerWindow owner;
+    // Without a default button of its own, and with nothing before its one button.
+    struct OneButton {
+        DLGTEMPLATE head{WS_POPUP | WS_CAPTION, 0, 1, 0, 0, 80, 30};
+        WORD menu_class_title[3] = {0, 0, 0};
+        alignas(DWORD) DLGITEMTEMPLATE button{WS_CHILD | WS_VISIBLE | WS_TABSTOP, 0, 2, 2, 40, 14, IDC_PRESS};
+        WORD class_text_data[5] = {0xFFFF, 0x0080, 0, 0, 0};
+    } only_button;
+    TestDialog dialog(&owner);
+    dialog.InitModalIndirect(&only_button.head, &owner);
+    dialog.on_press = [&] { dialog.EndDialog(7); };
+    owner.on_idle = [](CWnd&) { ::PostMessageW(::GetFocus(), WM_KEYDOWN, VK_RETURN, 1); };
+    EXPECT_EQ(dialog.DoModal(), 7);
+}
+
 TEST(Dialog, Nests) {
     OwnerWindow owner;
     TestDialog outer(&owner), inner(&outer);

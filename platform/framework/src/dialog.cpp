@@ -6,6 +6,27 @@
 
 using framework::Scoped;
 
+namespace {
+
+/// Windows makes the button that gets the focus at first the default one; Wine only gives it the focus, so that Return
+/// would end the dialog instead. A dialog with a default button of its own keeps that one.
+void make_first_button_default(HWND dialog) {
+    const auto is = [](HWND control, LRESULT kind) {
+        return (::SendMessageW(control, WM_GETDLGCODE, 0, 0) & kind) != 0;
+    };
+    for (HWND control = ::GetWindow(dialog, GW_CHILD); control; control = ::GetWindow(control, GW_HWNDNEXT)) {
+        if (is(control, DLGC_DEFPUSHBUTTON)) {
+            return;
+        }
+    }
+    const HWND first = ::GetNextDlgTabItem(dialog, nullptr, FALSE);
+    if (first && is(first, DLGC_UNDEFPUSHBUTTON)) {
+        ::SendMessageW(first, BM_SETSTYLE, BS_DEFPUSHBUTTON, TRUE);
+    }
+}
+
+}  // namespace
+
 BEGIN_MESSAGE_MAP(CDialog, CWnd)
     ON_COMMAND(IDOK, &ThisClass::OnOK)
     ON_COMMAND(IDCANCEL, &ThisClass::OnCancel)
@@ -89,7 +110,11 @@ INT_PTR CALLBACK CDialog::dialog_procedure(HWND window, UINT message, WPARAM, LP
         return TRUE;
     }
     try {
-        return dialog->OnInitDialog();
+        const BOOL default_focus = dialog->OnInitDialog();
+        if (default_focus) {
+            make_first_button_default(window);
+        }
+        return default_focus;
     } catch (...) {
         // The system's code is between here and the window procedure.
         AfxReportCurrentException();
