@@ -17,6 +17,9 @@ CharacterTypes::CharacterTypes(const ByteTypes& system_types, const ByteCharacte
             (*classes_)[code] = static_cast<std::uint8_t>(type);
         }
     }
+    for (std::uint32_t letter = first_hebrew_letter; letter <= last_hebrew_letter; ++letter) {
+        (*classes_)[letter] = static_cast<std::uint8_t>(BidiType::right_to_left);
+    }
     // All characters of a kind by itself are in ASCII.
     for (std::uint32_t code = 0; code < 0x80; ++code) {
         const NeutralKind kind = neutral_kind(static_cast<wchar_t>(code));

@@ -52,7 +52,7 @@ using ByteCharacters = std::array<wchar_t, 256>;
 BidiType corrected_byte_type(unsigned char byte, BidiType system_type);
 
 /// The types by which wide text is reordered: those of the characters' bytes in a code page, corrected. A character
-/// that the code page lacks is a neutral.
+/// that the code page lacks is a neutral, but for the Hebrew letters: they go from right to left in any code page.
 class CharacterTypes {
   public:
     CharacterTypes(const ByteTypes& system_types, const ByteCharacters& characters);

@@ -108,6 +108,10 @@ void CUGMultiEdit::SelectAll() {
     Edit([](TextEditing& editing) { editing.select(0, editing.model().logical().size()); });
 }
 
+void CUGMultiEdit::CaretToEnd() {
+    Edit([](TextEditing& editing) { editing.move(Motion::text_end, false); });
+}
+
 void CUGMultiEdit::OnLanguageChanged(LANGID language, WORD second_word) {
     TellOwner(language_changed_message, language, second_word);
 }

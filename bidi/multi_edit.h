@@ -38,7 +38,8 @@ class CUGMultiEdit : public CEdit {
     void ResetText(const wchar_t* text, int from_logical);
     std::wstring TypedText() const { return editing_.model().logical(); }
     void SetDirection(corvanes::ParagraphDirection direction);
-    /// Tab and Enter do nothing then, and pasted lines become one.
+    bool RightToLeft() const { return editing_.model().right_to_left(); }
+    /// Tab and Enter do nothing then, and what is pasted becomes one line (see single_line).
     void SetLocked(bool locked) { locked_ = locked; }
 
   protected:
@@ -55,6 +56,9 @@ class CUGMultiEdit : public CEdit {
     /// Hebrew a number has begun.
     void TypeFirstCharacter(wchar_t character);
     void SelectAll();
+    /// The caret at the end of the typed text, or beside the character at a point of this window; nothing is selected.
+    void CaretToEnd();
+    void CaretTo(CPoint point);
 
     int OnCreate(CREATESTRUCTW* creation);
     void OnKeyDown(UINT key, UINT repeat, UINT flags);
@@ -125,6 +129,7 @@ class CUGMultiEdit : public CEdit {
     corvanes::TextView View() const;
     corvanes::MeasureText Measure();
     size_t GapAt(CPoint point);
+    void PlaceCaret(CPoint point, bool extend);
     void DragTo(CPoint point);
     UINT AskContextMenu(CPoint point);
     void UpdateCaret();

@@ -244,12 +244,8 @@ LRESULT CUGMultiEdit::OnPaste(WPARAM, LPARAM) {
 }
 
 LRESULT CUGMultiEdit::OnReplaceSel(WPARAM, LPARAM text) {
-    std::wstring inserted = reinterpret_cast<const wchar_t*>(text);
-    if (locked_) {
-        inserted.erase(std::remove(inserted.begin(), inserted.end(), L'\r'), inserted.end());
-        std::replace(inserted.begin(), inserted.end(), L'\n', L' ');
-    }
-    ReplaceSelection(inserted);
+    const std::wstring_view inserted = reinterpret_cast<const wchar_t*>(text);
+    ReplaceSelection(locked_ ? single_line(inserted) : std::wstring(inserted));
     return 0;
 }
 

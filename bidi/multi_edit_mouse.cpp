@@ -51,8 +51,15 @@ void CUGMultiEdit::OnLButtonDown(UINT keys, CPoint point) {
         SetFocus();
     }
     SetCapture();
+    PlaceCaret(point, (keys & MK_SHIFT) != 0);
+}
+
+void CUGMultiEdit::CaretTo(CPoint point) {
+    PlaceCaret(point, false);
+}
+
+void CUGMultiEdit::PlaceCaret(CPoint point, bool extend) {
     const size_t gap = GapAt(point);
-    const bool extend = (keys & MK_SHIFT) != 0;
     Edit([gap, extend](TextEditing& editing) { editing.place_at_gap(gap, extend); });
 }
 

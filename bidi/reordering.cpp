@@ -76,10 +76,7 @@ int ReorderLevels(const wchar_t* logical, size_t length, wchar_t* visual, const 
 }
 
 bool contains_right_to_left(std::wstring_view text) {
-    const CharacterTypes* types = system_character_types();
-    return types != nullptr && std::any_of(text.begin(), text.end(), [types](wchar_t character) {
-               return types->of(character) == BidiType::right_to_left;
-           });
+    return std::any_of(text.begin(), text.end(), is_hebrew_letter);
 }
 
 void Reordering::reorder(std::wstring_view text, wchar_t* visual, std::uint32_t* map, bool left_to_right,

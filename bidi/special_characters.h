@@ -5,6 +5,14 @@
 
 namespace corvanes {
 
+/// Alef and tav; final forms lie between them. In code page 1255 they are the bytes 224 to 250.
+constexpr wchar_t first_hebrew_letter = 0x05D0;
+constexpr wchar_t last_hebrew_letter = 0x05EA;
+
+constexpr bool is_hebrew_letter(wchar_t character) {
+    return character >= first_hebrew_letter && character <= last_hebrew_letter;
+}
+
 /// The bracket that closes or opens what this one opens or closes; any other character itself.
 constexpr wchar_t GetMirrorChar(wchar_t character) {
     switch (character) {

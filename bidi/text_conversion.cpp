@@ -28,9 +28,4 @@ std::wstring text_from_file_bytes(std::string_view bytes) {
     return base::wide_from_bytes(bytes, base::system_code_page());
 }
 
-int code_of_character(wchar_t character) {
-    const auto bytes = base::bytes_from_wide({&character, 1}, base::system_code_page());
-    return bytes && bytes->size() == 1 ? static_cast<unsigned char>(bytes->front()) : -1;
-}
-
 }  // namespace corvanes

@@ -13,8 +13,4 @@ std::string file_bytes_from_text(std::wstring_view text);
 /// The text of a file: UTF-8 when the bytes begin with the byte-order mark, else the system's ANSI code page.
 std::wstring text_from_file_bytes(std::string_view bytes);
 
-/// A character's code in the system's ANSI code page (U+05D0 is 224 in code page 1255); -1 when it has none of one
-/// byte.
-int code_of_character(wchar_t character);
-
 }  // namespace corvanes

@@ -176,6 +176,7 @@ void TextEditing::select_word(size_t index) {
 
 void TextEditing::erase(TextRange range) {
     if (!range.empty()) {
+        undo_.save(model_.logical());
         replace(range, {});
     }
 }
@@ -214,6 +215,20 @@ size_t TextEditing::deletion_end(size_t index, bool forward) const {
     }
     const size_t next = forward ? index + 1 : index - 1;
     return splits_pair(text, next) ? (forward ? next + 1 : next - 1) : next;
+}
+
+std::wstring single_line(std::wstring_view text) {
+    constexpr std::wstring_view breaks = L"\r\n\t";
+    std::wstring line;
+    for (size_t start = text.find_first_not_of(breaks); start != std::wstring_view::npos;) {
+        const size_t end = std::min(text.find_first_of(breaks, start), text.size());
+        if (!line.empty()) {
+            line += L' ';
+        }
+        line += text.substr(start, end - start);
+        start = text.find_first_not_of(breaks, end);
+    }
+    return line;
 }
 
 int tab_blanks(int column, int tab_width) {

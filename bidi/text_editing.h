@@ -77,6 +77,10 @@ class TextEditing {
     bool modified_ = false;
 };
 
+/// A text from elsewhere for an editor of one line: line ends and tabs at its ends go, a run of them within becomes one
+/// blank.
+std::wstring single_line(std::wstring_view text);
+
 /// How many blanks Tab inserts at a column: up to the next multiple of the tab width, at least one.
 int tab_blanks(int column, int tab_width);
 

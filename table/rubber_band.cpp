@@ -5,7 +5,7 @@
 namespace corvanes {
 
 double RubberBand::picked_scale() const {
-    return width_ == 0 ? 1 : drawn_width_ / width_;
+    return width_ == 0 || drawn_width_ == 0 ? 1 : drawn_width_ / width_;
 }
 
 RubberBand::RubberBand(TablePoint upper_left, double width, double height)

@@ -27,7 +27,7 @@ class RubberBand {
     /// nothing on the first movement.
     std::optional<Frame> move(TablePoint pointer);
 
-    /// The scale of the frame that was drawn last; 1 when none was.
+    /// The scale of the frame that was drawn last; 1 when none was, or one without width.
     double picked_scale() const;
 
   private:

@@ -8,7 +8,6 @@
 
 #include <memory>
 
-#include "bidi/text_conversion.h"
 #include "bom/report_dialog.h"
 #include "bom/report_options.h"
 #include "bom/report_rows.h"
@@ -64,9 +63,10 @@ AcDbBlockTableRecord* open_table_block(const std::wstring& block_name) {
     if (status == Acad::eOk) {
         status = table->getAt(block_name.c_str(), record, AcDb::kForWrite);
         if (status == Acad::eKeyNotFound) {
-            record = new AcDbBlockTableRecord;
-            record->setName(block_name.c_str());
-            status = table->add(record);
+            auto made = std::make_unique<AcDbBlockTableRecord>();
+            made->setName(block_name.c_str());
+            status = table->add(made.get());
+            record = status == Acad::eOk ? made.release() : nullptr;
         }
         table->close();
     }
@@ -96,17 +96,22 @@ AcDbObjectId text_style_id(const wchar_t* style_name) {
     return id;
 }
 
-void append_line(AcDbBlockTableRecord& block, const TableRule& rule) {
-    auto* const line = new AcDbLine(point_of(rule.start), point_of(rule.end));
+/// The entity is the block's from then on; one that the block refuses goes.
+void append(AcDbBlockTableRecord& block, std::unique_ptr<AcDbEntity> entity) {
     AcDbObjectId id;
-    block.appendAcDbEntity(id, line);
-    line->close();
+    if (block.appendAcDbEntity(id, entity.get()) == Acad::eOk) {
+        entity.release()->close();
+    }
+}
+
+void append_line(AcDbBlockTableRecord& block, const TableRule& rule) {
+    append(block, std::make_unique<AcDbLine>(point_of(rule.start), point_of(rule.end)));
 }
 
 void append_attribute_definition(AcDbBlockTableRecord& block, const TableText& text, double height,
                                  AcDbObjectId style) {
-    auto* const definition = new AcDbAttributeDefinition(point_of(text.position), text.text.c_str(), text.tag.c_str(),
-                                                         text.tag.c_str(), style);
+    auto definition = std::make_unique<AcDbAttributeDefinition>(point_of(text.position), text.text.c_str(),
+                                                                text.tag.c_str(), text.tag.c_str(), style);
     definition->setHeight(height);
     definition->setWidthFactor(text_width_factor);
     definition->setInvisible(false);
@@ -127,9 +132,7 @@ void append_attribute_definition(AcDbBlockTableRecord& block, const TableText& t
             definition->setAlignmentPoint(point_of(text.alignment_point));
             break;
     }
-    AcDbObjectId id;
-    block.appendAcDbEntity(id, definition);
-    definition->close();
+    append(block, std::move(definition));
 }
 
 }  // namespace
@@ -141,11 +144,12 @@ bool ensure_table_text_style() {
     }
     const bool there = table->has(table_style);
     if (!there) {
-        auto* const style = new AcDbTextStyleTableRecord;
+        auto style = std::make_unique<AcDbTextStyleTableRecord>();
         style->setName(table_style);
         style->setFileName(table_style_font);
-        table->add(style);
-        style->close();
+        if (table->add(style.get()) == Acad::eOk) {
+            style.release()->close();
+        }
     }
     table->close();
     return there;
@@ -183,7 +187,7 @@ void insert_table_requested(CalcPriceDialog& dialog) {
         return;
     }
     const TableLayout layout =
-        lay_out_table(shown_rows(dialog.grid()), report_options().show_prices, table_text_height, code_of_character);
+        lay_out_table(shown_rows(dialog.grid()), report_options().show_prices, table_text_height);
     const bool built = build_table_block(layout, *name, table_style);
     dialog.table() = {*name, layout.width, layout.height};
     dialog.EndDialog(built ? IDOK : IDCANCEL);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "bidi/reordering.h"
 #include "bom/report_text.h"
 #include "table/merge_table.h"
 
@@ -68,17 +69,6 @@ class TableComposer {
     TableLayout layout_;
 };
 
-bool has_hebrew_letter(const std::wstring& text, const std::function<int(wchar_t)>& character_code) {
-    constexpr int alef = 224;
-    constexpr int tav = 250;
-    return std::any_of(text.begin(), text.end(), [&](wchar_t character) {
-        // A code page without Hebrew has no code for its letters.
-        const bool letter = character >= L'\u05D0' && character <= L'\u05EA';
-        const int code = character_code(character);
-        return letter || (code >= alef && code <= tav);
-    });
-}
-
 CellAlignment alignment_of(int column, bool right_to_left) {
     if (column == name_column || (column == description_column && !right_to_left)) {
         return CellAlignment::left;
@@ -101,8 +91,7 @@ ColumnWidths column_widths(const std::vector<ReportCells>& rows, bool show_price
     return widths;
 }
 
-TableLayout lay_out_table(const std::vector<ReportCells>& rows, bool show_prices, double text_height,
-                          const std::function<int(wchar_t)>& character_code) {
+TableLayout lay_out_table(const std::vector<ReportCells>& rows, bool show_prices, double text_height) {
     const ColumnWidths widths = column_widths(rows, show_prices);
     const double h = text_height;
     const MergeTable table(h, h * width_factor * character_spacing, widths.data(), report_columns,
@@ -126,7 +115,7 @@ TableLayout lay_out_table(const std::vector<ReportCells>& rows, bool show_prices
         if (!show_prices && cells[name_column] == summary_name) {
             continue;
         }
-        const bool right_to_left = has_hebrew_letter(cells[description_column], character_code);
+        const bool right_to_left = contains_right_to_left(cells[description_column]);
         for (int column = 0; column < report_columns; ++column) {
             if (composer.shown(column)) {
                 composer.add_text(traits_of(column).tag + std::to_wstring(row + 1), cells[static_cast<size_t>(column)],

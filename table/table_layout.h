@@ -2,7 +2,6 @@
 #pragma once
 
 #include <array>
-#include <functional>
 #include <string>
 #include <vector>
 
@@ -53,10 +52,8 @@ using ColumnWidths = std::array<int, report_columns>;
 /// are 0 wide without prices.
 ColumnWidths column_widths(const std::vector<ReportCells>& rows, bool show_prices);
 
-/// Lays out the rows of the report (the summary row among them) in rows 3 text heights apart. `character_code` gives a
-/// character's code in the module's code page, below 0 when it has none: descriptions with Hebrew letters (224 to 250)
-/// are aligned right.
-TableLayout lay_out_table(const std::vector<ReportCells>& rows, bool show_prices, double text_height,
-                          const std::function<int(wchar_t)>& character_code);
+/// Lays out the rows of the report (the summary row among them) in rows 3 text heights apart. Descriptions with Hebrew
+/// letters are aligned right, whatever the system's code page is.
+TableLayout lay_out_table(const std::vector<ReportCells>& rows, bool show_prices, double text_height);
 
 }  // namespace corvanes

@@ -81,8 +81,8 @@ double rubber_band_scale(TablePoint upper_left, double width, double height) {
             draw_frame(band.frame());
             return band.picked_scale();
         }
-        if (kind == keyboard) {
-            continue;
+        if (event.restype != RT3DPOINT && event.restype != RTPOINT) {
+            continue;  // only the pointer brings a place
         }
         if (const auto erased = band.move({event.resval.rpoint[0], event.resval.rpoint[1]})) {
             draw_frame(*erased);
@@ -103,6 +103,9 @@ void place_table(const std::wstring& block_name, double width, double height) {
     }
     acutPrintf(L"\nLower right corner (or RETURN): ");
     const double scale = rubber_band_scale({corner[0], corner[1]}, width, height);
+    if (block_name.empty()) {
+        return;  // Return in the dialog brings one here without a table
+    }
     acedCommand(RTSTR, L".INSERT", RTSTR, block_name.c_str(), RT3DPOINT, corner, RTREAL, scale, RTREAL, scale, RTSTR,
                 L"0", 0);
 }

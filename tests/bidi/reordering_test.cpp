@@ -363,6 +363,12 @@ TEST(CharacterTypes, SystemAndTableAgreeOnCodePage1255) {
         EXPECT_EQ(corrected_byte_type(character, GetCharBidiType(character, system_default_locale)), corrected) << byte;
         EXPECT_EQ(system_character_types()->of(characters[byte]), corrected) << byte;
     }
+    ByteCharacters western{};
+    std::iota(western.begin(), western.end(), wchar_t{0});  // as code page 1252 has its letters
+    const CharacterTypes elsewhere(code_page_1255_types(), western);
+    for (wchar_t letter = alef; letter <= alef + 26; ++letter) {
+        EXPECT_EQ(elsewhere.of(letter), BidiType::right_to_left) << "whatever the code page";
+    }
     EXPECT_EQ(system_character_types()->of(alef + 26), BidiType::right_to_left);
     EXPECT_EQ(system_character_types()->of(0x5F0), BidiType::other_neutral) << "a ligature, byte 0xD4";
     EXPECT_EQ(system_character_types()->of(0x623), BidiType::other_neutral) << "Arabic is not in the code page";

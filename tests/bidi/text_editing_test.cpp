@@ -93,6 +93,18 @@ TEST(TextEditing, TypingUndoAndTheLimit) {
     editing.delete_before();
     editing.undo();
     EXPECT_EQ(text_of(editing), L"given");
+    editing.reset(L"alpha ");
+    editing.move(Motion::text_end, false);
+    editing.insert(L"beta");
+    editing.delete_before();
+    editing.select(0, 6);
+    editing.delete_selection();
+    editing.insert(L"x");
+    EXPECT_EQ(text_of(editing), L"xbet");
+    for (const wchar_t* expected : {L"bet", L"alpha bet", L"alpha beta", L"alpha "}) {
+        editing.undo();
+        EXPECT_EQ(text_of(editing), expected);
+    }
 
     editing.reset(std::wstring(1023, L'x'));
     EXPECT_FALSE(editing.insert(L"ab"));
@@ -105,6 +117,17 @@ TEST(TextEditing, TypingUndoAndTheLimit) {
     editing.reset(std::wstring(3000, L'y'));
     EXPECT_EQ(editing.model().logical().size(), 3000u) << "a longer text is kept, only not made longer";
     EXPECT_FALSE(editing.insert(L"b"));
+}
+
+TEST(TextEditing, PastedTextsBecomeOneLine) {
+    const std::pair<const wchar_t*, const wchar_t*> cases[] = {
+        {L"NAME\r\n", L"NAME"},     {L"NAME\t\r\n\n", L"NAME"},
+        {L"\r\n NAME ", L" NAME "}, {L"one\ttwo\r\n\r\nthree", L"one two three"},
+        {L"a\rb", L"a b"},          {L"\t\n", L""},
+    };
+    for (const auto& [pasted, line] : cases) {
+        EXPECT_EQ(single_line(pasted), line);
+    }
 }
 
 TEST(TextEditing, DeletesSelectionsCharactersAndPairs) {

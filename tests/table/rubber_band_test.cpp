@@ -30,7 +30,7 @@ TEST(RubberBand, FollowsThePointerInTheTablesProportions) {
         {{30, 0}, "10,20 30,16", 1.0 / 3},  // equal distances count as horizontal
         {{-20, 25}, "10,20 -20,14", 0.5},   // to the left: the frame's corner stays at the pointer
         {{11, 50}, "10,20 160,50", 2.5},    // upwards
-        {{10, 20}, "10,20 10,20", 0},
+        {{10, 20}, "10,20 10,20", 1},       // back in its corner: as if it had not moved
     };
     for (const auto& c : cases) {
         const std::string before = printed(band.frame());
