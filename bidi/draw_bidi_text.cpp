@@ -107,15 +107,11 @@ int DrawBidiText(HDC dc, const wchar_t* text, const RECT& rect, int* line_count,
     }
 }
 
-bool DrawRightToLeftCell(HDC dc, const wchar_t* text, const RECT& rect) {
-    if (!contains_right_to_left(text)) {
-        return false;
-    }
+void DrawRightToLeftLine(HDC dc, std::wstring_view line, const RECT& rect, const RECT& clip) {
     const SavedContext saved(dc);
-    ::IntersectClipRect(dc, rect.left, rect.top, rect.right, rect.bottom);
+    ::IntersectClipRect(dc, clip.left, clip.top, clip.right, clip.bottom);
     ::SetBkMode(dc, TRANSPARENT);
-    DrawBidiText(dc, text, rect, nullptr, nullptr, align_right | align_middle, 0, 1);
-    return true;
+    DrawBidiText(dc, std::wstring(line).c_str(), rect, nullptr, nullptr, align_right | align_middle, 0, 1);
 }
 
 }  // namespace corvanes

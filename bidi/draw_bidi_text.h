@@ -26,8 +26,7 @@ void paint_characters(HDC dc, std::wstring_view text, const TextLayout& layout);
 int DrawBidiText(HDC dc, const wchar_t* text, const RECT& rect, int* line_count, int* longest_line, unsigned alignment,
                  int left_to_right, int reorder);
 
-/// Paints a typed text into a cell: one that holds Hebrew from the right edge and centred upright, cut off at the
-/// rectangle. False, with nothing painted, for a text without Hebrew, which any other painter does as well.
-bool DrawRightToLeftCell(HDC dc, const wchar_t* text, const RECT& rect);
+/// Paints a typed line from right to left, from the right edge of `rect` on and centred upright, cut off at `clip`.
+void DrawRightToLeftLine(HDC dc, std::wstring_view line, const RECT& rect, const RECT& clip);
 
 }  // namespace corvanes

@@ -3,6 +3,7 @@
 #include "bom/report_dialog.h"
 #include "bom/report_options.h"
 #include "pricelist/cell_comparison.h"
+#include "pricelist/price_text.h"
 
 using namespace corvanes;
 
@@ -31,13 +32,13 @@ void MyCug2::OnGridSetup() {
     }
     SetDefaultRowHeight(metrics.tmHeight + leading);
     SetSideHeadingWidth(0);
+    KeepVerticalBar();
     SetDisplayFlag(1);
-    if (widths_[0] == -1) {
-        set_equal_widths();
-    }
+    take_widths();
     SetColumnCount(report_columns, FALSE);
     for (int column = 0; column < report_columns; ++column) {
         SetColumnWidth(column, widths_[static_cast<size_t>(column)]);
+        AlignColumnRight(column, traits_of(column).number);
         SetCellText(column, heading_row, traits_of(column).heading);
     }
     sort_arrow_index_ = AddCellType(&sort_arrow_);
@@ -45,10 +46,15 @@ void MyCug2::OnGridSetup() {
     ApplyShowPrice();
 }
 
-void MyCug2::set_equal_widths() {
+void MyCug2::take_widths() {
     CRect client;
     GetClientRect(&client);
-    widths_.fill(4 * ((client.Width() - GetSideHeadingWidth()) / 20));
+    Widths equal;
+    equal.fill(4 * ((client.Width() - GetSideHeadingWidth()) / 20));
+    if (widths_[0] == -1) {
+        widths_ = equal;
+    }
+    mend_widths(widths_.data(), equal.data(), report_columns);
 }
 
 void MyCug2::show_sort_arrow() {
@@ -121,6 +127,7 @@ void MyCug2::OnGridHeadingClick(int column, long, int updn, RECT*, POINT*, int) 
     if (updn == 0) {
         return;
     }
+    const bool on_summary = GetRowCount() > 1 && GetCurrentRow() == GetRowCount() - 1;
     if (GetRowCount() > 1) {
         DeleteRow(GetRowCount() - 1);
     }
@@ -130,6 +137,9 @@ void MyCug2::OnGridHeadingClick(int column, long, int updn, RECT*, POINT*, int) 
     SortBy(column, ascending_ ? sort_ascending : sort_descending);
     show_sort_arrow();
     AddReportRow(summary_, true);
+    if (on_summary) {
+        GotoCell(GetCurrentColumn(), GetRowCount() - 1);
+    }
     RedrawAll();
 }
 

@@ -39,7 +39,8 @@ class MyCug2 : public CUGCtrl {
     std::unique_ptr<corvanes::KeyedOrder> OnGridSortOrder(int flags) override;
 
   private:
-    void set_equal_widths();
+    /// Equal widths where none are stored, or none that can be.
+    void take_widths();
     void show_sort_arrow();
     bool sorts_by_value() const;
 

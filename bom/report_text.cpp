@@ -1,7 +1,6 @@
 #include "bom/report_text.h"
 
 #include <algorithm>
-#include <charconv>
 
 namespace corvanes {
 namespace {
@@ -30,13 +29,6 @@ std::wstring_view without_extension(std::wstring_view name) {
 }
 
 }  // namespace
-
-std::wstring amount_text(double amount) {
-    // The largest finite number has 309 digits before the point.
-    char digits[320];
-    const auto end = std::to_chars(digits, digits + sizeof digits, amount, std::chars_format::fixed, 2).ptr;
-    return {digits, end};
-}
 
 std::wstring report_text(const std::vector<ReportCells>& rows, bool show_prices) {
     std::wstring text;

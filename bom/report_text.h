@@ -11,9 +11,6 @@ namespace corvanes {
 
 constexpr const wchar_t* summary_name = L"Summary:";
 
-/// An amount of money with two decimals and a point, correctly rounded; no thousands separator.
-std::wstring amount_text(double amount);
-
 /// The report file: a heading line, then a line a row in the order given, right-aligned in fields of at least 10, 10,
 /// 10, 20 and 10 characters with a blank between them, each ending in CR LF. Without prices there are only the name,
 /// the quantity and the description, and the summary row is left out.

@@ -34,6 +34,8 @@ class CellEditor {
     // `owner` stays valid until end. `key` is the character that started the edit, as if it were typed into the open
     // editor in place of `text`; 0 when there was none.
     virtual void begin(CellEditOwner& owner, const CString& text, UINT key) = 0;
+    // The click that began the edit was at this point, in pixels of the window.
+    virtual void point_at(POINT /*point*/) {}
     // The text as it would be stored now.
     virtual CString text() const = 0;
     // After this the editor must not call its owner any more.

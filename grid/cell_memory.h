@@ -24,8 +24,8 @@ class CUGMem : public CUGDataSource {
     int InsertRow(int row) override;
     int AppendRow() override;
     int DeleteRow(int row) override;
-    int SortBy(int column, const Comparison& compare) override;
-    int SortByKeys(int column, const corvanes::KeyedOrder& order) override;
+    int SortBy(int column, const Comparison& compare, int* followed = nullptr) override;
+    int SortByKeys(int column, const corvanes::KeyedOrder& order, int* followed = nullptr) override;
 
     int GetRowCount() const { return row_count_; }
     // Bytes held for rows and texts.
@@ -57,7 +57,7 @@ class CUGMem : public CUGDataSource {
     // False for a cell that nothing was ever put into.
     bool read_cell(int column, int row, CUGCell& cell) const;
     template <class Item, class Compare>
-    void sort_rows(std::vector<Item>& items, Compare compare);
+    void sort_rows(std::vector<Item>& items, Compare compare, int* followed);
     bool writable() const { return !sorting_; }
     Handle row_at(int row) const;
     RowHeader* header(Handle row) const { return static_cast<RowHeader*>(arena_.at(row)); }

@@ -3,14 +3,30 @@
 
 #include <afxwin.h>
 
+#include <string_view>
+
 namespace corvanes {
 
 // Pixels between a cell's edge and its text.
 constexpr int cell_text_margin = 3;
 
-// Fills `rect` with the background colour and draws the text over it in the font that `dc` has selected: from the left
-// (one that holds Hebrew from the right), centred upright (several lines from the top), cut off at the rectangle's
-// edges. The one place where the grid's texts, headings included, are drawn.
-void DrawCellText(CDC& dc, const RECT& rect, const wchar_t* text, COLORREF text_color, COLORREF background);
+// A text that holds Hebrew goes from the right, one that does not from the left, unless it is to be aligned right.
+struct CellLook {
+    COLORREF text;
+    COLORREF background;
+    bool align_right = false;
+};
+
+// Fills `rect` with the background colour and draws the text over it in the font that `dc` has selected, centred
+// upright (several lines from the top). A line that does not fit ends in an ellipsis; a number becomes number signs.
+// The one place where the grid's texts, headings included, are drawn.
+void DrawCellText(CDC& dc, const RECT& rect, const wchar_t* text, const CellLook& look);
+
+// In pixels: of one line, and of a text of any number of lines.
+int text_width(CDC& dc, std::wstring_view line);
+SIZE text_size(CDC& dc, std::wstring_view text);
+
+// Whether DrawCellText would show every line of the text whole.
+bool CellTextFits(CDC& dc, const RECT& rect, const wchar_t* text);
 
 }  // namespace corvanes

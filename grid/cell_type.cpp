@@ -1,9 +1,11 @@
 #include "grid/cell_type.h"
 
-#include "grid/cell_text.h"
-
 void CUGCellType::OnDraw(CDC& dc, const RECT& rect, const CUGCell& cell, const corvanes::CellLook& look) {
-    corvanes::DrawCellText(dc, rect, cell.GetText(), look.text, look.background);
+    corvanes::DrawCellText(dc, rect, cell.GetText(), look);
+}
+
+bool CUGCellType::CutsText(CDC& dc, const RECT& rect, const CUGCell& cell) const {
+    return !corvanes::CellTextFits(dc, rect, cell.GetText());
 }
 
 bool CUGCellType::OnLeftClick(CUGCtrl&, const corvanes::CellPlace&, int, POINT) {

@@ -4,15 +4,11 @@
 #include <afxwin.h>
 
 #include "grid/cell.h"
+#include "grid/cell_text.h"
 
 class CUGCtrl;
 
 namespace corvanes {
-
-struct CellLook {
-    COLORREF text;
-    COLORREF background;
-};
 
 struct CellPlace {
     int column;
@@ -37,6 +33,8 @@ class CUGCellType {
     virtual const wchar_t* GetName() const { return L"Normal Cell Type (default)"; }
     // Paints the whole of `rect`.
     virtual void OnDraw(CDC& dc, const RECT& rect, const CUGCell& cell, const corvanes::CellLook& look);
+    // Whether a cell of this size does not show its text whole, so that a hint has to.
+    virtual bool CutsText(CDC& dc, const RECT& rect, const CUGCell& cell) const;
     // True when the type acted on the event. `updn` is 1 for the button going down and 0 for its coming up.
     virtual bool OnLeftClick(CUGCtrl& grid, const corvanes::CellPlace& place, int updn, POINT point);
     virtual bool OnKeyDown(CUGCtrl& grid, const corvanes::CellPlace& place, UINT key);

@@ -18,6 +18,7 @@ bool ColumnLayout::set_count(int count) {
         return false;
     }
     widths_.resize(static_cast<std::size_t>(count), default_width);
+    aligned_right_.resize(widths_.size());
     stale_ = true;
     return true;
 }
@@ -51,6 +52,23 @@ int ColumnLayout::at(int x) const {
         return -1;
     }
     return static_cast<int>(std::upper_bound(edges_.begin(), edges_.end(), x) - edges_.begin()) - 1;
+}
+
+int ColumnLayout::nearest_shown(int column) const {
+    if (!contains(column) || shows(column)) {
+        return column;
+    }
+    // A hidden column ends where it begins: the one shown there stands to its right.
+    const int right = at(left(column));
+    return right >= 0 ? right : last_shown() >= 0 ? last_shown() : column;
+}
+
+void mend_widths(int* widths, const int* defaults, int count) {
+    for (int column = 0; column < count; ++column) {
+        if (widths[column] < ColumnLayout::narrowest_column || widths[column] > ColumnLayout::widest_column) {
+            widths[column] = defaults[column];
+        }
+    }
 }
 
 int ColumnLayout::border_at(int x, int reach) const {

@@ -10,6 +10,9 @@ class ColumnLayout {
   public:
     static constexpr int most_columns = 32000;
     static constexpr int default_width = 75;
+    // The narrowest that a border is dragged, so that it can be taken hold of again; the widest that any screen shows.
+    static constexpr int narrowest_column = 8;
+    static constexpr int widest_column = 8192;
 
     int count() const { return static_cast<int>(widths_.size()); }
     // False, and nothing changed, for a count below 0 or above most_columns. Columns that stay keep their widths.
@@ -17,10 +20,20 @@ class ColumnLayout {
     bool contains(int column) const { return column >= 0 && column < count(); }
     int width(int column) const { return widths_[column]; }
     void set_width(int column, int width);
+    // Whether the cells' texts stand at the right edge; at first they do not.
+    bool aligned_right(int column) const { return aligned_right_[column]; }
+    void align_right(int column, bool right) { aligned_right_[column] = right; }
 
     // The column's left edge; `column` may be the count, which gives the total width.
     int left(int column) const;
     int shown_width(int column) const { return left(column + 1) - left(column); }
+    // Whether there is such a column and it is not hidden by a width of 0.
+    bool shows(int column) const { return contains(column) && shown_width(column) > 0; }
+    // -1 when all are hidden.
+    int first_shown() const { return at(0); }
+    int last_shown() const { return at(total_width() - 1); }
+    // `column` itself unless it is hidden, else the nearest shown one to its right, or to its left.
+    int nearest_shown(int column) const;
     int total_width() const { return left(count()); }
     // The column at `x`, or -1 outside of all of them.
     int at(int x) const;
@@ -32,9 +45,14 @@ class ColumnLayout {
     void update() const;
 
     std::vector<int> widths_;
+    std::vector<bool> aligned_right_;
     // Left edges, one more than columns; brought up to date when asked for.
     mutable std::vector<int> edges_;
     mutable bool stale_ = true;
 };
+
+// Gives each width that came from elsewhere and that nobody could have dragged (less than the narrowest, more than the
+// widest) its default.
+void mend_widths(int* widths, const int* defaults, int count);
 
 }  // namespace corvanes

@@ -35,8 +35,9 @@ class CUGDataSource {
     virtual int InsertRow(int row) = 0;
     virtual int AppendRow() = 0;
     virtual int DeleteRow(int row) = 0;
-    // Reorders all data rows; rows that compare equal keep their order. Refused while a sort is going on.
-    virtual int SortBy(int column, const Comparison& compare) = 0;
+    // Reorders all data rows; rows that compare equal keep their order. `followed`, unless null, holds a row and
+    // becomes where that row stands afterwards. Refused while a sort is going on.
+    virtual int SortBy(int column, const Comparison& compare, int* followed = nullptr) = 0;
     // The same by keys, with the rows in the order that the comparison of whole cells would give.
-    virtual int SortByKeys(int column, const corvanes::KeyedOrder& order);
+    virtual int SortByKeys(int column, const corvanes::KeyedOrder& order, int* followed = nullptr);
 };

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "grid/cell_text.h"
 #include "grid/grid_control.h"
 
 using namespace corvanes;
@@ -13,15 +12,22 @@ RECT strip_of(const RECT& cell) {
     return {std::max(cell.left, cell.right - CUGDropListType::button_strip), cell.top, cell.right, cell.bottom};
 }
 
+RECT beside_strip(const RECT& cell) {
+    return {cell.left, cell.top, strip_of(cell).left, cell.bottom};
+}
+
 }  // namespace
 
 void CUGDropListType::OnDraw(CDC& dc, const RECT& rect, const CUGCell& cell, const CellLook& look) {
     RECT button = strip_of(rect);
-    const RECT text{rect.left, rect.top, button.left, rect.bottom};
-    DrawCellText(dc, text, cell.GetText(), look.text, look.background);
+    DrawCellText(dc, beside_strip(rect), cell.GetText(), look);
     dc.FillSolidRect(&button, look.background);
     ::InflateRect(&button, -1, -1);
     ::DrawFrameControl(dc.m_hDC, &button, DFC_SCROLL, DFCS_SCROLLCOMBOBOX);
+}
+
+bool CUGDropListType::CutsText(CDC& dc, const RECT& rect, const CUGCell& cell) const {
+    return CUGCellType::CutsText(dc, beside_strip(rect), cell);
 }
 
 bool CUGDropListType::OnLeftClick(CUGCtrl& grid, const CellPlace& place, int updn, POINT point) {

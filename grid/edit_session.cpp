@@ -1,6 +1,5 @@
 #include "grid/edit_session.h"
 
-#include "grid/cell_movement.h"
 #include "grid/grid_control.h"
 #include "grid/raised_flag.h"
 
@@ -56,10 +55,8 @@ EditOutcome EditSession::end_edit(EditEnd how, UINT key) {
     }
     close();
     grid_.RedrawCell(column_, row_);
-    if (!cancelled && key == VK_RETURN) {
-        grid_.MoveCurrentRow(row_down);
-    } else if (!cancelled && key == VK_TAB) {
-        grid_.MoveCurrentColumn(::GetKeyState(VK_SHIFT) < 0 ? -1 : 1);
+    if (!cancelled) {
+        grid_.GoOnFromEdit(key);
     }
     return EditOutcome::ended;
 }
@@ -77,6 +74,13 @@ void EditSession::close() {
         grid_.SetFocus();
     }
     window->ShowWindow(SW_HIDE);
+}
+
+void EditSession::point_at(POINT point) {
+    if (active() && window_->m_hWnd != nullptr) {
+        ::MapWindowPoints(grid_.GetGrid().m_hWnd, window_->m_hWnd, &point, 1);
+        editor_->point_at(point);
+    }
 }
 
 void EditSession::abandon() {

@@ -21,6 +21,8 @@ class EditSession final : public CellEditOwner {
     void abandon();
     // Gives the focus to the open editor, if there is one.
     void focus();
+    // A click at a point of the painting area opened the editor.
+    void point_at(POINT point);
     bool is_editor(HWND window) const { return active() && window_->m_hWnd == window; }
 
   private:

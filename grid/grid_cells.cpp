@@ -68,7 +68,17 @@ int CUGCtrl::SetColumnWidth(int column, int width) {
         state_.columns.set_width(column, width);
         LayoutChanged();
         RedrawAll();
+        KeepCurrentCellInside();
     }
+    return 0;
+}
+
+int CUGCtrl::AlignColumnRight(int column, BOOL right) {
+    if (!state_.columns.contains(column)) {
+        return 1;
+    }
+    state_.columns.align_right(column, right != FALSE);
+    RedrawAll();
     return 0;
 }
 
@@ -126,7 +136,13 @@ int CUGCtrl::InsertRow(int row) {
     }
     edit_.abandon();
     state_.rows.insert(row);
-    return ChangeRowCount(GetRowCount() + 1, TRUE);
+    state_.selection.insert_row(row);
+    const int current = state_.current_row;
+    const int refused = ChangeRowCount(GetRowCount() + 1, TRUE);
+    if (row <= current) {
+        MakeCurrent(state_.current_column, current + 1);
+    }
+    return refused;
 }
 
 int CUGCtrl::AppendRow() {
@@ -148,7 +164,15 @@ int CUGCtrl::DeleteRow(int row) {
     }
     edit_.abandon();
     state_.rows.remove(row);
-    return ChangeRowCount(GetRowCount() - 1, TRUE);
+    state_.selection.remove_row(row);
+    const int current = state_.current_row;
+    const int refused = ChangeRowCount(GetRowCount() - 1, TRUE);
+    if (row < current && current == state_.current_row) {
+        MakeCurrent(state_.current_column, current - 1);
+    } else if (row == current) {
+        state_.selection.set_anchor(state_.current_column, state_.current_row);
+    }
+    return refused;
 }
 
 int CUGCtrl::SortBy(int column, int flags) {
@@ -159,13 +183,20 @@ int CUGCtrl::SortBy(int column, int flags) {
         return OnGridSortCompare(first, second, flags);
     };
     const auto order = OnGridSortOrder(flags);
-    if (const int refused = order ? source_->SortByKeys(column, *order) : source_->SortBy(column, compare);
+    int row = state_.current_row;
+    int* const followed = row >= 0 ? &row : nullptr;
+    if (const int refused =
+            order ? source_->SortByKeys(column, *order, followed) : source_->SortBy(column, compare, followed);
         refused != 0) {
         return refused;
     }
     edit_.abandon();
     ClearSelection();
     RedrawAll();
+    if (row != state_.current_row) {
+        MakeCurrent(state_.current_column, row);
+    }
+    state_.selection.set_anchor(state_.current_column, row);
     return 0;
 }
 

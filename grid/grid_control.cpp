@@ -4,7 +4,6 @@
 #include <algorithm>
 
 #include "grid/cell_query.h"
-#include "grid/scroll_bars.h"
 
 using namespace corvanes;
 
@@ -33,6 +32,7 @@ BEGIN_MESSAGE_MAP(CUGCtrl, CWnd)
     ON_WM_HSCROLL()
     ON_WM_VSCROLL()
     ON_WM_MOUSEWHEEL()
+    ON_MESSAGE(WM_MOUSEHWHEEL, &CUGCtrl::OnMouseSidewaysWheel)
     ON_WM_KEYDOWN()
     ON_WM_DESTROY()
     ON_MESSAGE(WM_SETFONT, &CUGCtrl::OnSetFontMessage)
@@ -181,9 +181,14 @@ void CUGCtrl::OnVScroll(UINT code, UINT, CScrollBar*) {
     }
 }
 
-BOOL CUGCtrl::OnMouseWheel(UINT, short turn, CPoint) {
-    ScrollByWheel(turn);
+BOOL CUGCtrl::OnMouseWheel(UINT keys, short turn, CPoint) {
+    (keys & MK_SHIFT) != 0 ? ScrollSidewaysByWheel(-turn) : ScrollByWheel(turn);
     return TRUE;
+}
+
+LRESULT CUGCtrl::OnMouseSidewaysWheel(WPARAM turn, LPARAM) {
+    ScrollSidewaysByWheel(GET_WHEEL_DELTA_WPARAM(turn));
+    return 0;
 }
 
 // Keys come here from an editor that passes them on to its parent.

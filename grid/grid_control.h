@@ -15,6 +15,7 @@
 #include "grid/grid_state.h"
 #include "grid/masked_edit.h"
 #include "grid/painting_area.h"
+#include "grid/scroll_bars.h"
 #include "grid/side_heading.h"
 #include "grid/sort_arrow_type.h"
 #include "grid/top_heading.h"
@@ -23,8 +24,9 @@
 // 1 for a refused argument, and then change nothing. Nothing is painted at once: redrawing and the scroll bars are
 // brought up to date together when messages are next processed, so filling row by row costs no painting.
 //
-// While there are cells one of them is the current one; when rows or columns go away under it, or the first ones come,
-// the nearest takes its place and the change is notified.
+// While there are cells one of them is the current one; when rows or columns go away under it or are hidden, or the
+// first ones come, the nearest takes its place and the change is notified. When rows come or go above it, it and the
+// selection stay with their rows.
 class CUGCtrl : public CWnd, public CUGNotifications {
   public:
     CUGCtrl();
@@ -43,6 +45,8 @@ class CUGCtrl : public CWnd, public CUGNotifications {
     int GetRowCount() const { return state_.rows.count(); }
     int SetColumnWidth(int column, int width);
     int GetColumnWidth(int column) const;
+    // Whether the column's texts stand at the right edges of its cells; the heading's stays where it is.
+    int AlignColumnRight(int column, BOOL right);
     int SetDefaultRowHeight(int height);
     int GetDefaultRowHeight() const { return state_.rows.default_height(); }
     // Single heights are kept up to 64000 rows only.
@@ -56,8 +60,8 @@ class CUGCtrl : public CWnd, public CUGNotifications {
     int InsertRow(int row);
     int AppendRow();
     int DeleteRow(int row);
-    // Sorts by OnGridSortCompare with corvanes::SortFlag flags; equal rows keep their order. Changes of cells and rows
-    // are refused meanwhile.
+    // Sorts by OnGridSortCompare with corvanes::SortFlag flags; equal rows keep their order. The current cell goes with
+    // its row, out of sight perhaps; the selection is given up. Changes of cells and rows are refused meanwhile.
     int SortBy(int column, int flags);
 
     // Cells.
@@ -102,6 +106,8 @@ class CUGCtrl : public CWnd, public CUGNotifications {
     bool FinishEdit();
     // Gives the focus to a part of the grid that was clicked, which ends an open edit. False when that is refused.
     bool TakeFocus(CWnd& part);
+    // Goes on from an edit that Tab or Return ended: to the next column or row, with Shift to the one before.
+    void GoOnFromEdit(UINT key);
     // Whether Return in a cell moves to the next row, instead of pressing the dialog's default button.
     virtual bool TakesReturn() const { return false; }
 
@@ -115,7 +121,12 @@ class CUGCtrl : public CWnd, public CUGNotifications {
     int GetTopRow() const { return state_.top_row; }
     void SetTopRow(int row);
     void SetScrollX(int x);
+    // By the turn of a wheel, down or to the right for one below or above 0 as the system counts; parts of a notch add
+    // up.
     void ScrollByWheel(int turn);
+    void ScrollSidewaysByWheel(int turn);
+    // Keeps the place of the vertical scroll bar from the start, so that the cells' width does not depend on the rows.
+    void KeepVerticalBar();
     int EnsureVisible(int column, int row);
     // The font of all cells; the dialog's font after AttachGrid. Also set by WM_SETFONT.
     HFONT GetGridFont() const { return font_; }
@@ -132,6 +143,8 @@ class CUGCtrl : public CWnd, public CUGNotifications {
     // Stores a text that the user chose without an editor; the verification and finish notifications may refuse it.
     bool OfferCellText(int column, int row, LPCWSTR text);
     void RefocusEditor();
+    // Where a click of the painting area opened an editor: its caret goes there.
+    void PointInEditor(POINT point) { edit_.point_at(point); }
 
   protected:
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
@@ -143,6 +156,7 @@ class CUGCtrl : public CWnd, public CUGNotifications {
     void OnHScroll(UINT code, UINT position, CScrollBar* bar);
     void OnVScroll(UINT code, UINT position, CScrollBar* bar);
     BOOL OnMouseWheel(UINT keys, short turn, CPoint point);
+    LRESULT OnMouseSidewaysWheel(WPARAM turn, LPARAM point);
     void OnKeyDown(UINT key, UINT repeat, UINT flags);
     void OnDestroy();
     LRESULT OnSetFontMessage(WPARAM font, LPARAM redraw);
@@ -161,6 +175,7 @@ class CUGCtrl : public CWnd, public CUGNotifications {
     LRESULT AnswerCellQuery(LPARAM query);
     void KeepCurrentCellInside();
     void MakeCurrent(int column, int row);
+    int ColumnAfter(int steps) const;
 
     corvanes::GridState state_;
     CUGMem memory_;
@@ -176,6 +191,8 @@ class CUGCtrl : public CWnd, public CUGNotifications {
     corvanes::DropList drop_list_;
     corvanes::EditSession edit_;
     HFONT font_ = nullptr;  // someone else's
+    corvanes::WheelSum wheel_rows_;
+    corvanes::WheelSum wheel_columns_;
     bool layout_due_ = false;
     bool laying_out_ = false;
 };

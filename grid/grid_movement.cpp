@@ -9,7 +9,7 @@ using namespace corvanes;
 
 void CUGCtrl::KeepCurrentCellInside() {
     const auto inside = [](int place, int count) { return count == 0 ? -1 : std::clamp(place, 0, count - 1); };
-    const int column = inside(state_.current_column, GetColumnCount());
+    const int column = state_.columns.nearest_shown(inside(state_.current_column, GetColumnCount()));
     const int row = inside(state_.current_row, GetRowCount());
     if (column != state_.current_column || row != state_.current_row) {
         MakeCurrent(column, row);
@@ -31,7 +31,7 @@ void CUGCtrl::MakeCurrent(int column, int row) {
 }
 
 int CUGCtrl::GotoCell(int column, int row) {
-    if (column < 0 || row < 0 || !Addresses(column, row)) {
+    if (!state_.columns.shows(column) || row < 0 || row >= GetRowCount()) {
         return 1;
     }
     if (column != state_.current_column || row != state_.current_row) {
@@ -56,13 +56,26 @@ int CUGCtrl::MoveCurrentRow(int direction) {
 }
 
 int CUGCtrl::MoveCurrentColumn(int steps) {
-    const auto shown = [this](int column) { return state_.columns.shown_width(column) > 0; };
-    const int column = column_after(steps, state_.current_column, GetColumnCount(), shown);
-    return MoveCurrentCell(column, state_.current_row);
+    return MoveCurrentCell(ColumnAfter(steps), state_.current_row);
+}
+
+int CUGCtrl::ColumnAfter(int steps) const {
+    const auto shown = [this](int column) { return state_.columns.shows(column); };
+    return column_after(steps, state_.current_column, GetColumnCount(), shown);
+}
+
+// Shift means the way back here; it must not stretch a selection.
+void CUGCtrl::GoOnFromEdit(UINT key) {
+    const int step = ::GetKeyState(VK_SHIFT) < 0 ? -1 : 1;
+    if (key == VK_TAB) {
+        GotoCell(ColumnAfter(step), state_.current_row);
+    } else if (key == VK_RETURN) {
+        GotoCell(state_.current_column, state_.current_row + step);
+    }
 }
 
 int CUGCtrl::MoveCurrentCell(int column, int row) {
-    if (column < 0 || row < 0 || !Addresses(column, row)) {
+    if (!state_.columns.shows(column) || row < 0 || row >= GetRowCount()) {
         return 1;
     }
     if (column == state_.current_column && row == state_.current_row) {
@@ -133,6 +146,8 @@ int CUGCtrl::StartEdit(int column, int row, UINT key) {
     if (const int refused = GotoCell(column, row); refused != 0) {
         return refused;
     }
+    ClearSelection();
+    state_.selection.set_anchor(column, row);
     UpdateLayout();
     CWnd* window = &default_editor_;
     if (OnGridEditStart(column, row, &window) == 0 || window == nullptr) {
@@ -230,6 +245,7 @@ void CUGCtrl::SetTopRow(int row) {
         return;
     }
     state_.top_row = row;
+    cells_.HideHint();
     ::SetScrollPos(m_hWnd, SB_VERT, row, TRUE);
     cells_.Redraw();
     side_heading_.Redraw();
@@ -244,6 +260,7 @@ void CUGCtrl::SetScrollX(int x) {
         return;
     }
     state_.scroll_x = x;
+    cells_.HideHint();
     ::SetScrollPos(m_hWnd, SB_HORZ, x, TRUE);
     cells_.Redraw();
     top_heading_.Redraw();
@@ -257,9 +274,25 @@ void CUGCtrl::ScrollByWheel(int turn) {
     if (lines == WHEEL_PAGESCROLL) {
         lines = static_cast<UINT>(state_.rows.fitting(state_.top_row, cells_.height()));
     }
-    if (FinishEdit()) {
-        SetTopRow(state_.top_row - turn * static_cast<int>(lines) / WHEEL_DELTA);
+    const int rows = wheel_rows_.add(turn, static_cast<int>(lines));
+    if (rows != 0 && FinishEdit()) {
+        SetTopRow(state_.top_row - rows);
     }
+}
+
+void CUGCtrl::ScrollSidewaysByWheel(int turn) {
+    constexpr int lines_a_notch = 3;
+    const int lines = wheel_columns_.add(turn, lines_a_notch);
+    if (lines != 0 && FinishEdit()) {
+        SetScrollX(state_.scroll_x + lines * horizontal_line);
+    }
+}
+
+void CUGCtrl::KeepVerticalBar() {
+    state_.keeps_vertical_bar = true;
+    ::ShowScrollBar(m_hWnd, SB_VERT, TRUE);
+    LayoutChanged();
+    UpdateLayout();
 }
 
 int CUGCtrl::EnsureVisible(int column, int row) {

@@ -17,7 +17,8 @@ class CUGNotifications {
   public:
     // Once, right after the grid window was created or attached.
     virtual void OnGridSetup() {}
-    // While a column border is dragged, before `*width` (0 or more) becomes the column's width.
+    // While a column border is dragged, before `*width` becomes the column's width: as wide as its border asks for, or
+    // what is left in it, 0 hides the column.
     virtual void OnGridColumnSizing(int /*col*/, int* /*width*/) {}
     // After the current row changed. A row of -1 stands for none.
     virtual void OnGridRowChange(long /*oldRow*/, long /*newRow*/) {}

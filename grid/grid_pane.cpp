@@ -9,7 +9,8 @@ namespace corvanes {
 BEGIN_MESSAGE_MAP(GridPane, CWnd)
     ON_WM_PAINT()
     ON_WM_ERASEBKGND()
-    ON_WM_MOUSEWHEEL()
+    ON_MESSAGE(WM_MOUSEWHEEL, &GridPane::OnWheel)
+    ON_MESSAGE(WM_MOUSEHWHEEL, &GridPane::OnWheel)
 END_MESSAGE_MAP()
 
 bool GridPane::Create(CUGCtrl& grid, UINT id) {
@@ -88,9 +89,8 @@ BOOL GridPane::OnEraseBkgnd(CDC*) {
     return TRUE;
 }
 
-BOOL GridPane::OnMouseWheel(UINT, short turn, CPoint) {
-    grid_->ScrollByWheel(turn);
-    return TRUE;
+LRESULT GridPane::OnWheel(WPARAM turn, LPARAM point) {
+    return grid_->SendMessage(GetCurrentMessage()->message, turn, point);
 }
 
 void GridPane::PaintHeadingCell(CDC& dc, const RECT& cell, int column, int row, const wchar_t* text_if_none,

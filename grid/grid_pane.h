@@ -31,7 +31,8 @@ class GridPane : public CWnd {
 
     void OnPaint();
     BOOL OnEraseBkgnd(CDC* dc);
-    BOOL OnMouseWheel(UINT keys, short turn, CPoint point);
+    // The grid's, in whatever part of it the pointer is.
+    LRESULT OnWheel(WPARAM turn, LPARAM point);
     DECLARE_MESSAGE_MAP()
 
   private:

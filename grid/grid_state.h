@@ -25,6 +25,7 @@ struct GridState {
     int scroll_x = 0;
 
     int display_flag = 1;
+    bool keeps_vertical_bar = false;
 };
 
 }  // namespace corvanes

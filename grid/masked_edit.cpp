@@ -1,21 +1,9 @@
 #include "grid/masked_edit.h"
 
 #include "bidi/reordering.h"
+#include "grid/raised_flag.h"
 
 using namespace corvanes;
-
-namespace {
-
-ParagraphDirection direction_of(const std::wstring& text, UINT key) {
-    const bool hebrew_keyboard = LOWORD(reinterpret_cast<ULONG_PTR>(::GetKeyboardLayout(0))) == hebrew_language;
-    const auto first = static_cast<wchar_t>(key);
-    const bool right_to_left = key != 0       ? contains_right_to_left({&first, 1})
-                               : text.empty() ? hebrew_keyboard
-                                              : contains_right_to_left(text);
-    return right_to_left ? ParagraphDirection::right_to_left : ParagraphDirection::left_to_right;
-}
-
-}  // namespace
 
 BEGIN_MESSAGE_MAP(CUGMaskedEdit, CUGMultiEdit)
     ON_WM_KEYDOWN()
@@ -25,14 +13,49 @@ END_MESSAGE_MAP()
 void CUGMaskedEdit::begin(CellEditOwner& owner, const CString& text, UINT key) {
     owner_ = &owner;
     given_ = text;
+    direction_chosen_ = false;
     SetLocked(true);
-    SetDirection(direction_of(text.GetString(), key));
+    TakeDirection(first_direction(text.GetString(), key));
     ResetText(text, 1);
     begun_ = TypedText();
-    SelectAll();
+    CaretToEnd();
     if (key != 0) {
+        SelectAll();
         TypeFirstCharacter(static_cast<wchar_t>(key));
     }
+}
+
+ParagraphDirection CUGMaskedEdit::first_direction(std::wstring_view text, UINT key) const {
+    const auto first = static_cast<wchar_t>(key);
+    const std::wstring_view shown = key != 0 ? std::wstring_view(&first, 1) : text;
+    if (!shown.empty()) {
+        return contains_right_to_left(shown) ? ParagraphDirection::right_to_left : ParagraphDirection::left_to_right;
+    }
+    const bool hebrew_keyboard = LOWORD(reinterpret_cast<ULONG_PTR>(::GetKeyboardLayout(0))) == hebrew_language;
+    return direction_when_empty_.value_or(hebrew_keyboard ? ParagraphDirection::right_to_left
+                                                          : ParagraphDirection::left_to_right);
+}
+
+void CUGMaskedEdit::TakeDirection(ParagraphDirection direction) {
+    const RaisedFlag own(taking_direction_);
+    SetDirection(direction);
+}
+
+void CUGMaskedEdit::OnDirectionChanged(int direction) {
+    CUGMultiEdit::OnDirectionChanged(direction);
+    direction_chosen_ = direction_chosen_ || !taking_direction_;
+}
+
+// The grid will show a text with Hebrew from the right, so that is how it goes on being typed.
+void CUGMaskedEdit::OnTextChanged(int length) {
+    CUGMultiEdit::OnTextChanged(length);
+    if (!direction_chosen_ && !RightToLeft() && contains_right_to_left(TypedText())) {
+        TakeDirection(ParagraphDirection::right_to_left);
+    }
+}
+
+void CUGMaskedEdit::point_at(POINT point) {
+    CaretTo(point);
 }
 
 CString CUGMaskedEdit::text() const {

@@ -1,25 +1,43 @@
 // CUGMaskedEdit, the one-line editor that the grid opens over a cell.
 #pragma once
 
+#include <optional>
 #include <string>
+#include <string_view>
 
 #include "bidi/multi_edit.h"
 #include "grid/cell_editor.h"
 
-// Enter and Tab commit, Escape cancels, losing the focus commits. No mask can be set: any text is accepted. A cell that
-// holds Hebrew, or that Hebrew is typed into, is edited from right to left.
+// Enter and Tab commit, Escape cancels, losing the focus commits. No mask can be set: any text is accepted. A text with
+// Hebrew is edited from right to left, from its first Hebrew letter on, unless the person chooses otherwise. The caret
+// begins at the end, or where the click was that opened the editor.
 class CUGMaskedEdit : public CUGMultiEdit, public corvanes::CellEditor {
   public:
+    // How an empty cell is begun; when nothing is said, as the keyboard's language goes.
+    void SetDirectionWhenEmpty(std::optional<corvanes::ParagraphDirection> direction) {
+        direction_when_empty_ = direction;
+    }
+
     void begin(corvanes::CellEditOwner& owner, const CString& text, UINT key) override;
+    void point_at(POINT point) override;
     CString text() const override;
     void end() override;
 
   protected:
     void OnKeyDown(UINT key, UINT repeat, UINT flags);
     void OnKillFocus(CWnd* next);
+    void OnDirectionChanged(int direction) override;
+    void OnTextChanged(int length) override;
     DECLARE_MESSAGE_MAP()
 
   private:
+    corvanes::ParagraphDirection first_direction(std::wstring_view text, UINT key) const;
+    // A direction that the person did not choose.
+    void TakeDirection(corvanes::ParagraphDirection direction);
+
+    std::optional<corvanes::ParagraphDirection> direction_when_empty_;
+    bool taking_direction_ = false;
+    bool direction_chosen_ = false;  // by the person, in this edit
     // The text given, and how the editor has it: it knows fewer kinds of line ends. Untouched it goes back as it came.
     CString given_;
     std::wstring begun_;

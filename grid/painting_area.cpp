@@ -30,6 +30,9 @@ BEGIN_MESSAGE_MAP(CUGGrid, GridPane)
     ON_WM_KILLFOCUS()
     ON_WM_CAPTURECHANGED()
     ON_WM_GETDLGCODE()
+    ON_WM_DESTROY()
+    ON_MESSAGE(WM_MOUSEHOVER, &CUGGrid::OnMouseHover)
+    ON_MESSAGE(WM_MOUSELEAVE, &CUGGrid::OnMouseLeave)
 END_MESSAGE_MAP()
 
 RECT CUGGrid::CellRectangle(int column, int row) const {
@@ -43,7 +46,8 @@ RECT CUGGrid::CellRectangle(int column, int row) const {
     if (top >= height() || right - left <= line_width || right <= 0 || left >= width()) {
         return {0, 0, 0, 0};
     }
-    return {left, top, right - line_width, top + grid_state.rows.height(row) - line_width};
+    return {std::max(left, 0), top, std::min(right - line_width, width()),
+            top + grid_state.rows.height(row) - line_width};
 }
 
 void CUGGrid::CellAt(POINT point, int* column, int* row) const {
@@ -101,13 +105,14 @@ void CUGGrid::PaintRow(CDC& dc, const RECT& dirty, int row, int top, int row_hei
         const int right = left + columns.shown_width(column);
         if (right > left) {
             const int bottom = top + row_height;
-            PaintCell(dc, column, row, {left, top, right - line_width, bottom - line_width});
+            const int visible_left = std::max(left, 0);
+            PaintCell(dc, column, row, {visible_left, top, std::min(right - line_width, width()), bottom - line_width});
             const RECT beside{right - line_width, top, right, bottom};
             const RECT below{left, bottom - line_width, right - line_width, bottom};
             dc.FillSolidRect(&beside, line_color);
             dc.FillSolidRect(&below, line_color);
             if (column == state().current_column && row == state().current_row) {
-                MarkCurrentCell(dc, {left, top, right, bottom});
+                MarkCurrentCell(dc, {visible_left, top, std::min(right, width()), bottom});
             }
         }
         left = right;
@@ -122,7 +127,8 @@ void CUGGrid::PaintCell(CDC& dc, int column, int row, const RECT& inside) {
     grid().GetCell(column, row, &cell);
     const bool selected = state().selection.contains(column, row);
     const CellLook look{::GetSysColor(selected ? COLOR_HIGHLIGHTTEXT : COLOR_WINDOWTEXT),
-                        ::GetSysColor(selected ? COLOR_HIGHLIGHT : COLOR_WINDOW)};
+                        ::GetSysColor(selected ? COLOR_HIGHLIGHT : COLOR_WINDOW),
+                        state().columns.aligned_right(column)};
     grid().CellType(cell.GetCellType()).OnDraw(dc, inside, cell, look);
 }
 
@@ -130,7 +136,7 @@ void CUGGrid::PaintCell(CDC& dc, int column, int row, const RECT& inside) {
 // that the foot of the text stays free.
 void CUGGrid::MarkCurrentCell(CDC& dc, const RECT& cell) {
     const bool focused = ::GetFocus() == m_hWnd;
-    const COLORREF color = ::GetSysColor(focused ? COLOR_HOTLIGHT : COLOR_GRAYTEXT);
+    const COLORREF color = ::GetSysColor(focused ? COLOR_HIGHLIGHT : COLOR_GRAYTEXT);
     const int thick = focused ? 2 : 1;
     const RECT sides[] = {{cell.left, cell.top, cell.right, cell.top + thick},
                           {cell.left, cell.bottom - thick, cell.right, cell.bottom},
@@ -156,6 +162,7 @@ void CUGGrid::NotifyClick(const CellPlace& place, int updn, POINT point, bool in
 }
 
 void CUGGrid::OnLButtonDown(UINT keys, CPoint point) {
+    HideHint();
     if (!grid().TakeFocus(*this)) {
         return;
     }
@@ -169,6 +176,7 @@ void CUGGrid::OnLButtonDown(UINT keys, CPoint point) {
     SetCapture();
     pressed_ = place;
     NotifyClick(place, 1, point, in_cell);
+    grid().PointInEditor(point);
 }
 
 void CUGGrid::OnLButtonUp(UINT, CPoint point) {
@@ -182,6 +190,7 @@ void CUGGrid::OnLButtonUp(UINT, CPoint point) {
 }
 
 void CUGGrid::OnMouseMove(UINT keys, CPoint point) {
+    WaitForHint(point);
     if (!pressed_ || (keys & MK_LBUTTON) == 0 || grid().IsEditing()) {
         return;
     }
@@ -199,6 +208,50 @@ void CUGGrid::OnMouseMove(UINT keys, CPoint point) {
     }
 }
 
+// A hint stays while the pointer is over its cell; over another one it waits until the pointer rests.
+void CUGGrid::WaitForHint(POINT point) {
+    int column = -1;
+    int row = -1;
+    CellAt(point, &column, &row);
+    if (hint_.shown() && column == hinted_column_ && row == hinted_row_) {
+        return;
+    }
+    hint_.Hide();
+    TRACKMOUSEEVENT tracking{sizeof tracking, TME_HOVER | TME_LEAVE, m_hWnd, HOVER_DEFAULT};
+    ::TrackMouseEvent(&tracking);
+}
+
+LRESULT CUGGrid::OnMouseHover(WPARAM, LPARAM point) {
+    const CellPlace place = PlaceAt(CPoint(point));
+    if (pressed_ || grid().IsEditing() || ::IsRectEmpty(&place.rect) != 0) {
+        return 0;
+    }
+    CUGCell cell;
+    grid().GetCell(place.column, place.row, &cell);
+    CClientDC dc(this);
+    const HGDIOBJ former = ::SelectObject(dc.m_hDC, grid().GetGridFont());
+    const bool cut = grid().CellType(cell.GetCellType()).CutsText(dc, place.rect, cell);
+    ::SelectObject(dc.m_hDC, former);
+    if (cut) {
+        hinted_column_ = place.column;
+        hinted_row_ = place.row;
+        RECT on_screen = place.rect;
+        ::MapWindowPoints(m_hWnd, nullptr, reinterpret_cast<POINT*>(&on_screen), 2);
+        hint_.Show(grid(), on_screen, cell.GetText(), grid().GetGridFont());
+    }
+    return 0;
+}
+
+LRESULT CUGGrid::OnMouseLeave(WPARAM, LPARAM) {
+    HideHint();
+    return 0;
+}
+
+void CUGGrid::OnDestroy() {
+    hint_.DestroyWindow();
+    GridPane::OnDestroy();
+}
+
 CellPlace CUGGrid::CurrentPlace() const {
     const GridState& grid_state = state();
     return {grid_state.current_column, grid_state.current_row,
@@ -206,6 +259,7 @@ CellPlace CUGGrid::CurrentPlace() const {
 }
 
 void CUGGrid::OnKeyDown(UINT key, UINT, UINT) {
+    HideHint();
     const CellPlace place = CurrentPlace();
     const bool has_cell = place.column >= 0 && place.row >= 0;
     const bool processed = has_cell && grid().CellTypeAt(place.column, place.row).OnKeyDown(grid(), place, key);
@@ -226,7 +280,6 @@ void CUGGrid::OnSysKeyDown(UINT key, UINT repeat, UINT flags) {
 void CUGGrid::Navigate(UINT key) {
     const GridState& now = state();
     const bool control = key_held(VK_CONTROL);
-    const int last_column = now.columns.count() - 1;
     const int last = now.rows.count() - 1;
     switch (key) {
         case VK_UP:
@@ -249,13 +302,13 @@ void CUGGrid::Navigate(UINT key) {
             grid().MoveCurrentColumn(1);
             break;
         case VK_HOME:
-            grid().MoveCurrentCell(0, control ? std::min(0, last) : now.current_row);
+            grid().MoveCurrentCell(now.columns.first_shown(), control ? std::min(0, last) : now.current_row);
             break;
         case VK_END:
-            grid().MoveCurrentCell(last_column, control ? last : now.current_row);
+            grid().MoveCurrentCell(now.columns.last_shown(), control ? last : now.current_row);
             break;
         case VK_F3:
-            if (now.current_column >= 0) {
+            if (now.columns.shows(now.current_column)) {
                 grid().GetTopHeading().ClickColumn(now.current_column);
             }
             break;

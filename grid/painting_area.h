@@ -4,16 +4,18 @@
 #include <optional>
 
 #include "grid/grid_pane.h"
+#include "grid/hint_window.h"
 
 class CUGGrid : public corvanes::GridPane {
   public:
-    // In pixels of this window, without the grid lines, also beyond the window's edges; empty when nothing of the cell
-    // is visible.
+    // In pixels of this window, without the grid lines: from left to right only what is visible, so that texts and
+    // editors keep to that, downwards also beyond the window's edge. Empty when nothing of the cell is visible.
     RECT CellRectangle(int column, int row) const;
     // The cell at a point; -1 for each of the two that the point misses.
     void CellAt(POINT point, int* column, int* row) const;
     void RedrawCell(int column, int row);
     void RedrawRow(int row);
+    void HideHint() { hint_.Hide(); }
 
   protected:
     void Paint(CDC& dc, const RECT& dirty) override;
@@ -28,6 +30,9 @@ class CUGGrid : public corvanes::GridPane {
     void OnKillFocus(CWnd* next);
     void OnCaptureChanged(CWnd* taker);
     UINT OnGetDlgCode();
+    void OnDestroy();
+    LRESULT OnMouseHover(WPARAM keys, LPARAM point);
+    LRESULT OnMouseLeave(WPARAM unused, LPARAM unused_too);
     DECLARE_MESSAGE_MAP()
 
   private:
@@ -40,7 +45,11 @@ class CUGGrid : public corvanes::GridPane {
     void NotifyClick(const corvanes::CellPlace& place, int updn, POINT point, bool in_cell);
     corvanes::CellPlace CurrentPlace() const;
     void Navigate(UINT key);
+    void WaitForHint(POINT point);
 
     // Where the left button went down, while it is held. Showing that cell whole may have moved another one there.
     std::optional<corvanes::CellPlace> pressed_;
+    corvanes::HintWindow hint_;
+    int hinted_column_ = -1;
+    int hinted_row_ = -1;
 };

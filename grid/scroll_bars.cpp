@@ -8,9 +8,6 @@ namespace corvanes {
 
 namespace {
 
-// Pixels that one click on a horizontal arrow scrolls.
-constexpr int horizontal_line = 16;
-
 // Programs move the thumb of a million rows by its 32-bit position; the message itself carries only 16 bits.
 int thumb_position(HWND window, int bar) {
     SCROLLINFO info{};
@@ -20,10 +17,10 @@ int thumb_position(HWND window, int bar) {
     return info.nTrackPos;
 }
 
-void set_bar(HWND window, int bar, int range, int page, int position) {
+void set_bar(HWND window, int bar, int range, int page, int position, bool kept) {
     SCROLLINFO info{};
     info.cbSize = sizeof info;
-    info.fMask = SIF_RANGE | SIF_PAGE | SIF_POS;
+    info.fMask = SIF_RANGE | SIF_PAGE | SIF_POS | (kept ? SIF_DISABLENOSCROLL : 0);
     info.nMax = std::max(0, range - 1);
     info.nPage = static_cast<UINT>(std::max(0, page));
     info.nPos = position;
@@ -54,6 +51,14 @@ int scrolled(HWND window, int bar, UINT code, int now, int line, int page, int e
 
 }  // namespace
 
+int WheelSum::add(int turn, int steps_a_notch) {
+    const bool turned_back = (turn < 0) != (rest_ < 0);
+    rest_ = (turned_back ? 0 : rest_) + turn * steps_a_notch;
+    const int steps = rest_ / WHEEL_DELTA;
+    rest_ -= steps * WHEEL_DELTA;
+    return steps;
+}
+
 CellSpace fit_scroll_bars(HWND window, GridState& state) {
     RECT client;
     ::GetClientRect(window, &client);
@@ -69,21 +74,22 @@ CellSpace fit_scroll_bars(HWND window, GridState& state) {
         return rows.count() == 0 || (rows.last_top(space) == 0 && rows.distance(0, rows.count(), space + 1) <= space);
     };
     bool vertical = !rows_fit(height);
-    const bool horizontal = all_columns > width - (vertical ? bar_width : 0);
+    const bool horizontal = all_columns > width - (vertical || state.keeps_vertical_bar ? bar_width : 0);
     if (horizontal) {
         height -= bar_height;
         vertical = !rows_fit(height);
     }
-    if (vertical) {
+    if (vertical || state.keeps_vertical_bar) {
         width -= bar_width;
     }
 
     const int last_top = vertical ? rows.last_top(height) : 0;
     state.top_row = std::clamp(state.top_row, 0, last_top);
     state.scroll_x = std::clamp(state.scroll_x, 0, std::max(0, all_columns - std::max(0, width)));
-    // A bar whose page covers its range is hidden by the system.
-    set_bar(window, SB_VERT, vertical ? rows.count() : 0, rows.count() - last_top, state.top_row);
-    set_bar(window, SB_HORZ, horizontal ? all_columns : 0, std::max(1, width), state.scroll_x);
+    // A bar whose page covers its range is hidden by the system, or greyed where it is kept.
+    set_bar(window, SB_VERT, vertical ? rows.count() : 0, rows.count() - last_top, state.top_row,
+            state.keeps_vertical_bar);
+    set_bar(window, SB_HORZ, horizontal ? all_columns : 0, std::max(1, width), state.scroll_x, false);
     return {std::max(0, width), std::max(0, height)};
 }
 

@@ -38,6 +38,32 @@ void Selection::stretch_to(int column, int row) {
     ranges_.back() = {left, top, right, bottom};
 }
 
+void Selection::insert_row(int row) {
+    anchor_row_ += anchor_row_ >= row ? 1 : 0;
+    std::vector<CellRange> followed;
+    for (CellRange range : ranges_) {
+        if (range.top < row && row <= range.bottom) {
+            followed.push_back({range.left, range.top, range.right, row - 1});
+            range.top = row;
+        }
+        const int down = range.top >= row ? 1 : 0;
+        followed.push_back({range.left, range.top + down, range.right, range.bottom + down});
+    }
+    ranges_ = std::move(followed);
+    stretching_ = false;
+}
+
+void Selection::remove_row(int row) {
+    anchor_row_ -= anchor_row_ > row ? 1 : 0;
+    for (CellRange& range : ranges_) {
+        range.top -= range.top > row ? 1 : 0;
+        range.bottom -= range.bottom >= row ? 1 : 0;
+    }
+    const auto gone = [](const CellRange& range) { return range.bottom < range.top; };
+    ranges_.erase(std::remove_if(ranges_.begin(), ranges_.end(), gone), ranges_.end());
+    stretching_ = false;
+}
+
 void Selection::clip(int columns, int rows) {
     const auto outside = [columns, rows](const CellRange& range) { return range.left >= columns || range.top >= rows; };
     ranges_.erase(std::remove_if(ranges_.begin(), ranges_.end(), outside), ranges_.end());

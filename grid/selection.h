@@ -25,6 +25,9 @@ class Selection {
     void set_anchor(int column, int row);
     // Makes the last rectangle reach from the anchor to this cell; begins it when there is none.
     void stretch_to(int column, int row);
+    // The cells follow their rows; those of a removed row are no longer selected.
+    void insert_row(int row);
+    void remove_row(int row);
     // Drops what lies outside of these counts.
     void clip(int columns, int rows);
     const std::vector<CellRange>& ranges() const { return ranges_; }

@@ -2,8 +2,6 @@
 
 #include <algorithm>
 
-#include "grid/cell_text.h"
-
 using namespace corvanes;
 
 namespace {
@@ -31,7 +29,7 @@ void CUGSortArrowType::OnDraw(CDC& dc, const RECT& rect, const CUGCell& cell, co
     constexpr int strip = 2 * arrow_margin + 2 * arrow_height - 1;
     RECT text = rect;
     text.right = std::max(rect.left, rect.right - strip);
-    DrawCellText(dc, text, cell.GetText(), look.text, look.background);
+    DrawCellText(dc, text, cell.GetText(), look);
 
     const RECT arrow{text.right, rect.top, rect.right, rect.bottom};
     dc.FillSolidRect(&arrow, look.background);

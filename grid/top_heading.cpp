@@ -105,7 +105,8 @@ void CUGTopHdg::OnMouseMove(UINT keys, CPoint point) {
         return;
     }
     const int edge = point.x + state().scroll_x - grip_;
-    int dragged = std::max(0, edge - state().columns.left(sizing_));
+    int dragged =
+        std::clamp(edge - state().columns.left(sizing_), ColumnLayout::narrowest_column, ColumnLayout::widest_column);
     grid().OnGridColumnSizing(sizing_, &dragged);
     if (dragged != state().columns.width(sizing_)) {
         grid().SetColumnWidth(sizing_, std::max(0, dragged));

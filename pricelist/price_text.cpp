@@ -92,10 +92,11 @@ bool is_tiny(std::string_view number) {
 
 }  // namespace
 
-double number_from_text(std::wstring_view text) {
-    skip_space(text);
-    const bool minus = take_sign(text);
-    const size_t length = number_length(text);
+double take_number(std::wstring_view& text) {
+    std::wstring_view rest = text;
+    skip_space(rest);
+    const bool minus = take_sign(rest);
+    const size_t length = number_length(rest);
     char small[64] = {};
     std::string large;
     char* digits = small;
@@ -104,15 +105,35 @@ double number_from_text(std::wstring_view text) {
         digits = large.data();
     }
     for (size_t i = 0; i < length; ++i) {
-        digits[i] = static_cast<char>(text[i]);
+        digits[i] = static_cast<char>(rest[i]);
     }
     double value = 0;
     const auto result = std::from_chars(digits, digits + length, value);
     if (result.ec == std::errc::result_out_of_range) {
         value = is_tiny({digits, length}) ? 0 : std::numeric_limits<double>::infinity();
     }
-    // A sign without a number is no number: 0, not -0.
-    return minus && length > 0 ? -value : value;
+    if (length == 0) {
+        return 0;  // a sign without a number is no number, not -0
+    }
+    text = rest.substr(length);
+    return minus ? -value : value;
+}
+
+double number_from_text(std::wstring_view text) {
+    return take_number(text);
+}
+
+std::optional<double> partly_read_number(std::wstring_view text) {
+    const double value = take_number(text);
+    const bool rest = !std::all_of(text.begin(), text.end(), is_space);
+    return rest ? std::optional(value) : std::nullopt;
+}
+
+std::wstring amount_text(double amount) {
+    // The largest finite number has 309 digits before the point.
+    char digits[320];
+    const auto end = std::to_chars(digits, digits + sizeof digits, amount, std::chars_format::fixed, 2).ptr;
+    return {digits, end};
 }
 
 bool take_integer(std::wstring_view& text, int& value) {

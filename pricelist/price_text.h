@@ -2,6 +2,8 @@
 // of the same purpose in the "C" locale, whatever locale the process has.
 #pragma once
 
+#include <optional>
+#include <string>
 #include <string_view>
 
 namespace corvanes {
@@ -9,6 +11,16 @@ namespace corvanes {
 /// The number at the front of a text: leading white space, an optional sign, decimal digits with an optional "." and
 /// exponent; whatever follows is ignored, and a text without a number is 0. Too large a number is infinite.
 double number_from_text(std::wstring_view text);
+
+/// The same, and `text` moves past the number; where there is none it stays as it is.
+double take_number(std::wstring_view& text);
+
+/// What a text is read as whose number ends before the text does (blanks aside), or that has none, so that a person
+/// may have meant another: 12 for "12,50", 0 for "abc". Nothing for a text that is read whole.
+std::optional<double> partly_read_number(std::wstring_view text);
+
+/// An amount of money with two decimals and a point, correctly rounded; no thousands separator.
+std::wstring amount_text(double amount);
 
 /// Takes one integer from the front of `text`, which moves past it: leading white space, an optional sign, and digits
 /// that are hexadecimal after 0x, octal after 0, decimal otherwise. False, with nothing taken but white space, when no

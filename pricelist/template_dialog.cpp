@@ -2,6 +2,7 @@
 
 #include <cwchar>
 
+#include "grid/raised_flag.h"
 #include "pricelist/file_question.h"
 #include "pricelist/price_list_file.h"
 #include "pricelist/settings_files.h"
@@ -96,10 +97,22 @@ void BlockPriceDialog::OnSetFont(CFont* font) {
 
 HBRUSH BlockPriceDialog::OnCtlColor(CDC* context, CWnd* control, UINT kind) {
     const HBRUSH brush = CDialog::OnCtlColor(context, control, kind);
-    if (control->GetDlgCtrlID() == IDC_TEMPLATE_STATUS) {
-        context->SetTextColor(RGB(255, 0, 0));
+    if (control->GetDlgCtrlID() != IDC_TEMPLATE_STATUS) {
+        return brush;
     }
-    return brush;
+    context->SetTextColor(RGB(255, 0, 0));
+    // Without a message the label must not cover the file's name, which it overlaps.
+    return control->GetWindowTextLength() > 0 ? brush : static_cast<HBRUSH>(::GetStockObject(NULL_BRUSH));
+}
+
+void BlockPriceDialog::clear_status() {
+    if (status_.GetWindowTextLength() > 0) {
+        CRect below;
+        status_.GetWindowRect(&below);
+        ScreenToClient(&below);
+        InvalidateRect(&below);
+    }
+    status_.Clear();
 }
 
 void BlockPriceDialog::enable_moves(bool up, bool down) {
@@ -137,6 +150,11 @@ void BlockPriceDialog::OnMoveDown() {
 }
 
 bool BlockPriceDialog::may_lose_changes(bool check_first) {
+    // The title bar may be clicked while the question is there.
+    if (asking_) {
+        return false;
+    }
+    const RaisedFlag asking(asking_);
     if (!grid_.modified() || current_file_name().empty() || grid_.GetRowCount() < 1) {
         return true;
     }
@@ -158,6 +176,12 @@ void BlockPriceDialog::attach_grid() {
         grid_attached_ = true;
         insert_row_.EnableWindow(TRUE);
         delete_row_.EnableWindow(TRUE);
+    }
+}
+
+void BlockPriceDialog::go_on_in_grid() {
+    if (grid_attached_) {
+        grid_.SetFocus();
     }
 }
 
@@ -190,6 +214,7 @@ void BlockPriceDialog::OnNew() {
     mark_saved();
     save_as_.EnableWindow(TRUE);
     enable_moves(false, false);
+    go_on_in_grid();
 }
 
 void BlockPriceDialog::OnOpen() {
@@ -209,9 +234,11 @@ void BlockPriceDialog::OnOpen() {
     show_current_file();
     save_as_.EnableWindow(TRUE);
     mark_saved();
+    grid_.GotoCell(0, 0);
     if (grid_.GetRowCount() < 2) {
         enable_moves(false, false);
     }
+    go_on_in_grid();
 }
 
 void BlockPriceDialog::OnSave() {
@@ -219,6 +246,7 @@ void BlockPriceDialog::OnSave() {
     if (!edit_is_over() || !worth_saving || grid_.CheckBeforeSave() == 0 || !grid_.may_save_losses()) {
         return;
     }
+    grid_.tell_misread_prices();
     // The writer has told the user when it could not write.
     grid_.SaveToFile(current_file_name().c_str());
     show_current_file();
@@ -234,15 +262,18 @@ void BlockPriceDialog::OnSaveAs() {
         return;
     }
     current_file_name() = *chosen;
+    grid_.tell_misread_prices();
     if (grid_.SaveToFile(chosen->c_str()) == 1) {
         show_current_file();
         mark_saved();
     }
+    go_on_in_grid();
 }
 
 void BlockPriceDialog::OnInsertRow() {
     if (template_active_ && edit_is_over()) {
         grid_.InsertRowAfter(grid_.GetCurrentRow());
+        go_on_in_grid();
     }
 }
 
@@ -251,6 +282,7 @@ void BlockPriceDialog::OnDeleteRow() {
     if (!template_active_ || row < 0 || !edit_is_over()) {
         return;
     }
+    grid_.clear_status();
     grid_.DeleteRow(row);
     if (grid_.GetCurrentRow() >= 0) {
         grid_.GotoCell(0, grid_.GetCurrentRow());
@@ -258,6 +290,7 @@ void BlockPriceDialog::OnDeleteRow() {
     if (grid_.GetRowCount() < 2) {
         enable_moves(false, false);
     }
+    go_on_in_grid();
 }
 
 void BlockPriceDialog::Close() {

@@ -22,6 +22,8 @@ class BlockPriceDialog : public CDialog {
     void enable_save(bool on) { enable(save_, on); }
     void enable_moves(bool up, bool down);
     CStaticEx& status() { return status_; }
+    /// The message goes, and what it covered is drawn again.
+    void clear_status();
 
   protected:
     void DoDataExchange(CDataExchange* exchange) override;
@@ -49,6 +51,8 @@ class BlockPriceDialog : public CDialog {
     /// Asks about unsaved work. False when the user cancelled or saving failed.
     bool may_lose_changes(bool check_first);
     void attach_grid();
+    /// The keyboard is the grid's again: on a button, letters would press others.
+    void go_on_in_grid();
     void show_current_file();
     void mark_saved();
 
@@ -64,4 +68,5 @@ class BlockPriceDialog : public CDialog {
     CFont font_;
     bool grid_attached_ = false;
     bool template_active_ = false;
+    bool asking_ = false;
 };

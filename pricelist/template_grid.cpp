@@ -1,5 +1,6 @@
 #include "pricelist/template_grid.h"
 
+#include "bidi/reordering.h"
 #include "pricelist/cell_comparison.h"
 #include "pricelist/template_dialog.h"
 
@@ -35,9 +36,7 @@ void MyCug::OnGridSetup() {
     }
     SetSideHeadingWidth(0);
     SetDefaultRowHeight(metrics.tmHeight + leading);
-    if (widths_[0] == -1) {
-        set_default_widths();
-    }
+    take_widths();
     editor_.Create(WS_CHILD | WS_VISIBLE, CRect(0, 0, 0, 0), this, editor_id);
     SetDisplayFlag(1);
     SetColumnCount(column_count, FALSE);
@@ -45,6 +44,7 @@ void MyCug::OnGridSetup() {
         SetColumnWidth(column, widths_[static_cast<size_t>(column)]);
         SetCellText(column, heading_row, headings[static_cast<size_t>(column)]);
     }
+    AlignColumnRight(price_column, TRUE);
     sort_arrow_index_ = AddCellType(&sort_arrow_);
     show_sort_arrow();
     block_names_.Fill();
@@ -52,11 +52,15 @@ void MyCug::OnGridSetup() {
     block_names_.GetList(drop_list_);
 }
 
-void MyCug::set_default_widths() {
+void MyCug::take_widths() {
     CRect client;
     GetClientRect(&client);
     const int unit = (client.Width() - GetSystemMetrics(SM_CXVSCROLL)) / 8;
-    widths_ = {3 * unit, unit, 4 * unit};
+    const Widths computed = {3 * unit, unit, 4 * unit};
+    if (widths_[0] == -1) {
+        widths_ = computed;
+    }
+    mend_widths(widths_.data(), computed.data(), column_count);
 }
 
 void MyCug::show_sort_arrow() {
@@ -73,7 +77,7 @@ void MyCug::OnGridCellChange(int, int, long, long) {
 }
 
 void MyCug::OnGridLeftClick(int column, long row, int updn, RECT* rect, POINT* point, int) {
-    dialog().status().Clear();
+    clear_status();
     if (column == -1 || row == -1 || updn == 0 || (column == name_column && name_column_locked_)) {
         return;
     }
@@ -89,6 +93,7 @@ void MyCug::OnGridHeadingClick(int column, long, int updn, RECT*, POINT*, int) {
     if (!sorting_allowed_ || updn == 0) {
         return;
     }
+    clear_status();
     SetCellTypeIndex(sort_column_, heading_row, type_normal);
     ascending_ = column == sort_column_ ? !ascending_ : true;
     sort_column_ = column;
@@ -111,9 +116,23 @@ void MyCug::OnGridCharDown(UINT* character, BOOL) {
     }
 }
 
-int MyCug::OnGridEditStart(int, long, CWnd** edit) {
+int MyCug::OnGridEditStart(int column, long row, CWnd** edit) {
+    editor_.SetDirectionWhenEmpty(column == description_column ? direction_of_descriptions(row) : std::nullopt);
     *edit = &editor_;
     return 1;
+}
+
+std::optional<ParagraphDirection> MyCug::direction_of_descriptions(long row) {
+    for (long away = 1; away < GetRowCount(); ++away) {
+        for (const long other : {row - away, row + away}) {
+            const wchar_t* const text = other >= 0 ? GetCellText(description_column, other) : nullptr;
+            if (text != nullptr && text[0] != L'\0') {
+                return contains_right_to_left(text) ? ParagraphDirection::right_to_left
+                                                    : ParagraphDirection::left_to_right;
+            }
+        }
+    }
+    return std::nullopt;
 }
 
 int MyCug::OnGridEditFinish(int column, long row, CWnd*, LPCWSTR new_text, BOOL cancelled) {
@@ -123,6 +142,9 @@ int MyCug::OnGridEditFinish(int column, long row, CWnd*, LPCWSTR new_text, BOOL 
     // A cancelled edit brings no new name: a list that was read with a name twice can be left as it is.
     const bool may_be_twice = column != name_column || new_text[0] == L'\0' || cancelled != 0;
     if (may_be_twice || IsNameUnique(new_text, row) == 1) {
+        if (status_cell_ == std::pair(column, row)) {
+            clear_status();
+        }
         warn_of_loss(column, row, new_text);
         return 1;
     }

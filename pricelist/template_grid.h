@@ -2,7 +2,9 @@
 #pragma once
 
 #include <array>
+#include <optional>
 #include <string>
+#include <utility>
 
 #include "grid/grid_control.h"
 #include "pricelist/block_names.h"
@@ -35,6 +37,10 @@ class MyCug : public CUGCtrl {
     /// True when reading the list again gives every row back whole, or the user saves it all the same; otherwise the
     /// row in question is current.
     bool may_save_losses();
+    /// Tells in the status label of the first price of which only a part is read; nothing is refused.
+    void tell_misread_prices();
+    /// The message goes, and the selection that came with it.
+    void clear_status();
     /// 1 when no row but `except_row` has this name, whatever its case.
     int IsNameUnique(const wchar_t* name, long except_row);
 
@@ -65,7 +71,10 @@ class MyCug : public CUGCtrl {
     enum Column { name_column, price_column, description_column };
 
     static BlockPriceDialog& dialog();
-    void set_default_widths();
+    /// The computed widths where none are stored, or none that can be.
+    void take_widths();
+    /// Of the nearest row that has a description; nothing when none has.
+    std::optional<corvanes::ParagraphDirection> direction_of_descriptions(long row);
     void show_sort_arrow();
     void InitRow(long row);
     void RefreshNameList();
@@ -73,11 +82,12 @@ class MyCug : public CUGCtrl {
     std::wstring text(int column, long row);
     corvanes::PriceListEntry entry(long row);
     void warn_of_loss(int column, long row, const wchar_t* new_text);
-    /// Blinks and beeps until the next click into the grid.
-    void show_status(const wchar_t* message);
+    /// Blinks and beeps about a cell until clear_status.
+    void show_status(const std::wstring& message, int column, long row);
     int complain(const wchar_t* message, int column, long row);
 
     Widths widths_;
+    std::optional<std::pair<int, long>> status_cell_;  ///< the column and row that the message is about
     BlockNamesCont block_names_;
     CString drop_list_;
     bool sorting_allowed_ = true;

@@ -3,6 +3,7 @@
 
 #include "base/case_folding.h"
 #include "pricelist/price_list_file.h"
+#include "pricelist/price_text.h"
 #include "pricelist/template_dialog.h"
 #include "pricelist/template_grid.h"
 
@@ -11,11 +12,27 @@ using namespace corvanes;
 namespace {
 
 /// Rows count from 1 here, as a person counts them.
+std::wstring row_words(long row) {
+    return L"Row " + std::to_wstring(row + 1) + L": ";
+}
+
+/// How a price will be read, where only a part of it will; empty for any other.
+std::wstring words_of_price(std::wstring_view price, long row) {
+    constexpr size_t longest_shown = 20;
+    const auto read = price.empty() ? std::nullopt : partly_read_number(price);
+    if (!read) {
+        return {};
+    }
+    const std::wstring shown =
+        price.size() <= longest_shown ? std::wstring(price) : std::wstring(price.substr(0, longest_shown)) + L"\x2026";
+    return row_words(row) + L"the price \"" + shown + L"\" is read as " + amount_text(*read);
+}
+
 std::wstring words_of(EntryLoss loss, long row) {
     const wchar_t* const what = loss == EntryLoss::separator  ? L"a vertical bar ends a field"
                                 : loss == EntryLoss::line_end ? L"a line break ends the row"
                                                               : L"the text is too long and is cut";
-    return L"Row " + std::to_wstring(row + 1) + L": " + what;
+    return row_words(row) + what;
 }
 
 }  // namespace
@@ -28,6 +45,7 @@ std::wstring MyCug::text(int column, long row) {
 void MyCug::ClearAll() {
     modified_ = false;
     dialog().enable_save(false);
+    clear_status();
     SetRowCount(0, TRUE);
 }
 
@@ -39,6 +57,7 @@ void MyCug::AddNewRow() {
 }
 
 void MyCug::InsertRowAfter(long row) {
+    clear_status();
     if (row != -1 && row != GetRowCount() - 1) {
         InsertRow(row + 1);
         InitRow(row + 1);
@@ -112,7 +131,16 @@ int MyCug::CheckBeforeSave() {
         return named ? complain(L"Price is absent", price_column, row)
                      : complain(L"Block name is absent", name_column, row);
     }
+    clear_status();
     return 1;
+}
+
+void MyCug::tell_misread_prices() {
+    for (long row = 0; row < GetRowCount(); ++row) {
+        if (const std::wstring words = words_of_price(entry(row).price, row); !words.empty()) {
+            return show_status(words, price_column, row);
+        }
+    }
 }
 
 bool MyCug::may_save_losses() {
@@ -132,21 +160,35 @@ void MyCug::warn_of_loss(int column, long row, const wchar_t* new_text) {
     PriceListEntry changed = entry(row);
     (column == name_column ? changed.name : column == price_column ? changed.price : changed.description) = new_text;
     if (const EntryLoss loss = loss_on_reading(changed); loss != EntryLoss::nothing) {
-        show_status(words_of(loss, row).c_str());
+        show_status(words_of(loss, row), column, row);
+    } else if (const std::wstring words = words_of_price(changed.price, row);
+               column == price_column && !words.empty()) {
+        show_status(words, column, row);
     }
 }
 
-void MyCug::show_status(const wchar_t* message) {
+void MyCug::show_status(const std::wstring& message, int column, long row) {
     constexpr int without_end = 0;
     constexpr int blink_milliseconds = 200;
-    dialog().status().ShowMessage(without_end, blink_milliseconds, message);
+    status_cell_ = {column, row};
+    dialog().status().ShowMessage(without_end, blink_milliseconds, message.c_str());
     Beep(1000, 50);
 }
 
+void MyCug::clear_status() {
+    dialog().clear_status();
+    if (status_cell_ && IsSelected(status_cell_->first, static_cast<int>(status_cell_->second))) {
+        ClearSelection();
+    }
+    status_cell_.reset();
+}
+
 int MyCug::complain(const wchar_t* message, int column, long row) {
-    show_status(message);
+    show_status(message, column, row);
+    ClearSelection();
     SelectCell(column, row);
     GotoCell(column, row);
+    SetFocus();
     return 0;
 }
 
@@ -171,6 +213,7 @@ int MyCug::SwapRows(long row_a, long row_b) {
     if (row_a < 0 || row_b < 0 || row_a >= rows || row_b >= rows) {
         return 0;
     }
+    clear_status();
     for (int column = 0; column < column_count; ++column) {
         const std::wstring kept = text(column, row_a);
         SetCellText(column, row_a, text(column, row_b).c_str());

@@ -150,8 +150,6 @@ TEST_F(MultiEdit, PaintsBlocksOfText) {
     EXPECT_EQ(std::pair(lines, longest), std::pair(0, 0));
     EXPECT_EQ(DrawBidiText(context, hebrew(L"AB\nabc").c_str(), rect, &lines, &longest, 0, 1, 1), 2);
     EXPECT_EQ(std::pair(lines, longest), std::pair(2, 3));
-    EXPECT_FALSE(DrawRightToLeftCell(context, L"abc", rect));
-    EXPECT_TRUE(DrawRightToLeftCell(context, hebrew(L"A").c_str(), rect));
 
     EXPECT_EQ(GetCharPositions(context, L"ab", 2, nullptr), -1);
     std::uint32_t positions[5];

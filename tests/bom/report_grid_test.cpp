@@ -130,6 +130,13 @@ TEST_F(ReportGrid, SortsByAHeadingWithTheSummaryLast) {
     POINT point{};
     grid_.OnGridHeadingClick(2, -1, 0, &rect, &point, 0);
     EXPECT_EQ(arrow(), "4:32") << "the button coming up sorts nothing";
+    // The current cell stays on its row, the last one on the summary.
+    grid_.GotoCell(0, 1);
+    click_heading(1);
+    EXPECT_STREQ(grid_.GetCellText(0, grid_.GetCurrentRow()), L"door");
+    grid_.GotoCell(4, 3);
+    click_heading(1);
+    EXPECT_EQ(grid_.GetCurrentRow(), 3);
 }
 
 TEST_F(ReportGrid, HidesMoneyAndHoldsTheOtherWidths) {
@@ -138,12 +145,22 @@ TEST_F(ReportGrid, HidesMoneyAndHoldsTheOtherWidths) {
     grid_.GetClientRect(&client);
     const std::string equal = std::to_string(4 * (client.Width() / 20)) + ' ';
     EXPECT_EQ(widths(), equal + equal + equal + equal + equal);
+    for (int row = 0; row < 100; ++row) {
+        grid_.AppendRow();
+    }
+    CRect filled;
+    grid_.UpdateLayout();
+    grid_.GetClientRect(&filled);
+    EXPECT_TRUE(filled == client) << "the vertical bar takes nothing from the columns, nor brings the other bar";
 
     grid_.SetColumnWidth(corvanes::price_column, 77);
     grid_.SetColumnWidth(corvanes::quantity_column, 55);
     corvanes::report_options().show_prices = false;
     grid_.ApplyShowPrice();
     EXPECT_EQ(widths(), equal + "0 55 " + equal + "0 ");
+    grid_.GotoCell(corvanes::description_column, 0);
+    grid_.MoveCurrentColumn(1);
+    EXPECT_EQ(grid_.GetCurrentColumn(), corvanes::description_column);
     for (int column = 0; column < corvanes::report_columns; ++column) {
         int dragged = 33;
         grid_.OnGridColumnSizing(column, &dragged);

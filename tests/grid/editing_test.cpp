@@ -18,9 +18,16 @@ class Editing : public GridTest {
 };
 
 TEST_F(Editing, EnterStoresAndGoesDown) {
+    grid.SelectCell(0, 0);
     ASSERT_EQ(grid.StartEdit(1, 2, 0), 0);
     ASSERT_TRUE(in_editor());
     EXPECT_EQ(editor_text(), "2b");
+    EXPECT_EQ(::SendMessageW(::GetFocus(), EM_GETSEL, 0, 0), MAKELONG(2, 2))
+        << "the caret at the end, nothing selected";
+    EXPECT_FALSE(grid.IsSelected(0, 0));
+    key(VK_NEXT);
+    EXPECT_EQ(editor_text(), "2b");
+    ::SendMessageW(::GetFocus(), EM_SETSEL, 0, -1);
     type(L"new");
     key(VK_RETURN);
     EXPECT_EQ(grid.take(), (Log{"can move 0 0 1 2", "row 0 2", "cell 0 1 0 2", "start 1 2", "verify new 1 2",
@@ -41,6 +48,10 @@ TEST_F(Editing, TheTypedKeyReplacesTheTextAndTabGoesRight) {
     hold({VK_SHIFT});
     key(VK_TAB);
     EXPECT_EQ(current(), "0,0");
+    EXPECT_FALSE(grid.IsSelected(0, 0) || grid.IsSelected(1, 0)) << "Shift is the way back here";
+    grid.StartEdit(1, 3, 0);
+    key(VK_RETURN);
+    EXPECT_EQ(current(), "1,2");
 }
 
 TEST_F(Editing, EscapeGivesTheFormerTextBack) {
@@ -82,9 +93,10 @@ TEST_F(Editing, AClickElsewhereStoresFirst) {
     release(grid.GetGrid(), 10, 10);
     EXPECT_TRUE(in_editor());
     type(L"x");
+    EXPECT_EQ(editor_text(), "0xa") << "the caret is where the click was";
     grid.take();
     press(grid.GetGrid(), 110, 25);
-    EXPECT_EQ(grid.take(), (Log{"verify x 0 0", "finish x 0 0 0", "can move 0 0 1 1", "row 0 1", "cell 0 1 0 1",
+    EXPECT_EQ(grid.take(), (Log{"verify 0xa 0 0", "finish 0xa 0 0 0", "can move 0 0 1 1", "row 0 1", "cell 0 1 0 1",
                                 "click 1 1 1 100 20 199 39 110 25 0", "start 1 1"}));
     EXPECT_EQ(editor_text(), "1b");
     release(grid.GetGrid(), 110, 25);
@@ -120,6 +132,29 @@ TEST_F(Editing, AnUntouchedTextComesBackAsItWas) {
     EXPECT_STREQ(grid.GetCellText(0, 0), L"a\rb\r\n");
 }
 
+TEST_F(Editing, TurnsToTheRightWithTheFirstHebrewLetter) {
+    CUGMaskedEdit own;
+    ASSERT_TRUE(own.Create(WS_CHILD, CRect(0, 0, 0, 0), &grid, 125));
+    grid.editor = &own;
+    grid.StartEdit(0, 0, '8');
+    EXPECT_FALSE(own.RightToLeft());
+    type(L"0 \x5D3\x5DC\x5EA");
+    EXPECT_TRUE(own.RightToLeft());
+    own.SetDirection(corvanes::ParagraphDirection::left_to_right);
+    type(L"\x5D0");
+    EXPECT_FALSE(own.RightToLeft()) << "what a person chooses stays";
+    key(VK_RETURN);
+    EXPECT_STREQ(grid.GetCellText(0, 0), L"80 \x5D3\x5DC\x5EA\x5D0");
+    grid.SetCellText(0, 0, L"");
+    for (const auto direction :
+         {corvanes::ParagraphDirection::left_to_right, corvanes::ParagraphDirection::right_to_left}) {
+        own.SetDirectionWhenEmpty(direction);
+        grid.StartEdit(0, 0, 0);
+        EXPECT_EQ(own.RightToLeft(), direction == corvanes::ParagraphDirection::right_to_left);
+        grid.FinishEdit();
+    }
+}
+
 TEST_F(Editing, TheOwnersEditorIsUsedAndOthersAreRefused) {
     CUGMaskedEdit own;
     ASSERT_TRUE(own.Create(WS_CHILD | WS_VISIBLE, CRect(0, 0, 0, 0), &grid, 125));
@@ -147,7 +182,7 @@ TEST_F(Editing, RowsThatGoTakeTheirEditorAlong) {
     grid.take();
     grid.DeleteRow(1);
     pump();
-    EXPECT_EQ(grid.take(), (Log())) << "the edit of a row that moved must not be stored elsewhere";
+    EXPECT_EQ(grid.take(), (Log{"row 3 2", "cell 0 0 3 2"})) << "what was typed must not be stored elsewhere";
     EXPECT_FALSE(grid.IsEditing());
     EXPECT_STREQ(grid.GetCellText(0, 3), L"4a");
     grid.StartEdit(0, 3, 'q');

@@ -80,9 +80,17 @@ TEST_F(Grid, RowsComeAndGoWithTheCurrentCell) {
     EXPECT_EQ(grid.GotoCell(1, 2), 0);
     EXPECT_EQ(grid.SelectCell(2, 2), 0);
     EXPECT_EQ(grid.DeleteRow(0), 0);
-    EXPECT_EQ(picture(), "|second|\n||third\n");
+    EXPECT_EQ(picture(), "|second|\n||third*\n") << "the selection goes with its row";
     EXPECT_EQ(grid.take(), (Log{"can move 0 0 1 2", "row 0 2", "cell 0 1 0 2", "row 2 1", "cell 1 1 2 1"}));
     EXPECT_EQ(grid.GetPreviousRow(), 2);
+    grid.InsertRow(0);
+    EXPECT_EQ(picture(), "||\n|second|\n||third*\n");
+    EXPECT_EQ(current(), "1,2");
+    grid.ClearSelection();
+    grid.DeleteRow(2);
+    hold({VK_SHIFT});
+    key(VK_UP);
+    EXPECT_EQ(picture(), "|*|\n|second*|\n") << "the anchor is the cell that took the place";
 }
 
 TEST_F(Grid, SortsByItsOwnOrderAndTheOwnersFlags) {
@@ -96,8 +104,10 @@ TEST_F(Grid, SortsByItsOwnOrderAndTheOwnersFlags) {
         }
     }
     grid.SelectCell(0, 0);
+    grid.GotoCell(1, 3);
     EXPECT_EQ(grid.SortBy(0, 1), 0);
     EXPECT_EQ(picture(), "|1|\n|4|\n10|0|\n100|3|\n9|2|\n");
+    EXPECT_EQ(current(), "1,3");
     for (int row = 0; row < 5; ++row) {
         CUGCell cell;
         grid.GetCell(0, row, &cell);
@@ -108,6 +118,48 @@ TEST_F(Grid, SortsByItsOwnOrderAndTheOwnersFlags) {
     EXPECT_EQ(picture(), "|1|\n|4|\n9|2|\n10|0|\n100|3|\n");
     EXPECT_EQ(grid.SortBy(0, 2), 0);
     EXPECT_EQ(picture(), "100|3|\n10|0|\n9|2|\n|4|\n|1|\n");
+    EXPECT_EQ(current(), "1,0") << "the current cell goes with its row";
+    grid.GotoCell(1, 3);
+    grid.SortBy(0, 1);
+    hold({VK_SHIFT});
+    key(VK_UP);
+    EXPECT_EQ(picture(), "|1*|\n|4*|\n9|2|\n10|0|\n100|3|\n") << "and so does the anchor";
+}
+
+TEST_F(Grid, NeverStandsInAHiddenColumn) {
+    grid.SetColumnWidth(2, 0);
+    hold({VK_CONTROL});
+    key(VK_END);
+    EXPECT_EQ(current(), "1,19");
+    hold({});
+    grid.SetColumnWidth(1, 0);
+    EXPECT_EQ(current(), "0,19");
+    grid.SetColumnWidth(1, 50);
+    grid.SetColumnWidth(0, 0);
+    EXPECT_EQ(current(), "1,19");
+    key(VK_HOME);
+    EXPECT_EQ(current(), "1,19");
+    EXPECT_EQ(grid.GotoCell(0, 0), 1);
+    grid.SetColumnWidth(1, 0);
+    grid.take();
+    key(VK_F3);
+    EXPECT_EQ(grid.take(), (Log{"key 114 0"})) << "no heading is clicked that nobody sees";
+}
+
+TEST_F(Grid, AddsUpTheTurnsOfAWheel) {
+    const auto wheel = [this](UINT message, int turn, WPARAM keys = 0) {
+        grid.GetGrid().SendMessage(message, MAKEWPARAM(keys, turn));
+        return grid.GetTopRow() * 1000 + grid.state().scroll_x;
+    };
+    EXPECT_EQ(wheel(WM_MOUSEWHEEL, -20), 0);
+    EXPECT_EQ(wheel(WM_MOUSEWHEEL, -20), 1000) << "a third of a notch";
+    EXPECT_EQ(wheel(WM_MOUSEWHEEL, -39), 1000);
+    EXPECT_EQ(wheel(WM_MOUSEWHEEL, 39), 1000) << "turned back";
+    EXPECT_EQ(wheel(WM_MOUSEWHEEL, 1), 0);
+    grid.SetColumnWidth(1, 2000);
+    EXPECT_EQ(wheel(WM_MOUSEHWHEEL, 60), 16);
+    EXPECT_EQ(wheel(WM_MOUSEHWHEEL, 60), 48);
+    EXPECT_EQ(wheel(WM_MOUSEWHEEL, 40, MK_SHIFT), 32);
 }
 
 TEST_F(Grid, ClicksMoveFirstAndNotifyThen) {
@@ -205,7 +257,7 @@ TEST_F(Grid, HeadingClicksAndBorderDrags) {
     drag(heading, 250, 5);
     release(heading, 250, 5);
     drag(heading, 260, 5);
-    EXPECT_EQ(grid.take(), (Log{"sizing 1 120", "sizing 1 0", "sizing 1 151"}));
+    EXPECT_EQ(grid.take(), (Log{"sizing 1 120", "sizing 1 8", "sizing 1 151"}));
     EXPECT_EQ(grid.GetColumnWidth(1), 70);
     grid.SetColumnWidth(1, 0);
     grid.sizing_result = -1;
@@ -303,8 +355,76 @@ TEST_F(Grid, PaintsWhatItShould) {
     CClientDC dc(&grid.GetGrid());
     const std::vector<COLORREF> found{dc.GetPixel(190, 21), dc.GetPixel(290, 45), dc.GetPixel(90, 5),
                                       dc.GetPixel(350, 5)};
-    EXPECT_EQ(found, (std::vector<COLORREF>{::GetSysColor(COLOR_HOTLIGHT), ::GetSysColor(COLOR_HIGHLIGHT),
+    EXPECT_EQ(found, (std::vector<COLORREF>{::GetSysColor(COLOR_HIGHLIGHT), ::GetSysColor(COLOR_HIGHLIGHT),
                                             ::GetSysColor(COLOR_WINDOW), ::GetSysColor(COLOR_WINDOW)}));
+}
+
+TEST_F(Grid, ShowsThatATextDoesNotFit) {
+    grid.GotoCell(2, 5);
+    // The cells of row 0 and 1 as pixels, without the lines.
+    const auto pixels = [this](int column, int row, int from_right = 0) {
+        pump();
+        CClientDC dc(&grid.GetGrid());
+        const RECT cell = grid.GetGrid().CellRectangle(column, row);
+        std::vector<COLORREF> found;
+        for (int y = cell.top; y < cell.bottom; ++y) {
+            for (int x = cell.left; x < cell.right - from_right; ++x) {
+                found.push_back(dc.GetPixel(x, y));
+            }
+        }
+        return found;
+    };
+    const auto same = [&](const wchar_t* text, const wchar_t* shown) {
+        grid.SetCellText(0, 0, text);
+        grid.SetCellText(0, 1, shown);
+        grid.RedrawAll();
+        return pixels(0, 0) == pixels(0, 1);
+    };
+    grid.SetColumnWidth(0, 38);
+    EXPECT_FALSE(same(L"13", L"14")) << "a number that fits is shown";
+    EXPECT_TRUE(same(L"2100345.50", L"###"));
+    EXPECT_TRUE(same(L"alphabet", L"alphorn") && !same(L"alphabet", L"a")) << "only the beginning, and a mark";
+    EXPECT_TRUE(same(L"\x5D0\x5D1\x5D2\x5D3\x5D4\x5D5 abc", L"\x5D0\x5D1\x5D2\x5D3\x5D4\x5D5 xyz"))
+        << "of Hebrew the beginning stays";
+    EXPECT_EQ(grid.AlignColumnRight(0, TRUE), 0);
+    EXPECT_EQ(grid.AlignColumnRight(3, TRUE), 1);
+    EXPECT_FALSE(same(L"1", L"2"));
+    EXPECT_EQ(pixels(0, 0, 19), pixels(0, 1, 19)) << "the digits stand at the right edge";
+
+    // Of a column wider than the window, only the visible part counts.
+    grid.SetColumnWidth(1, 2000);
+    grid.SetScrollX(500);
+    const RECT wide = grid.GetGrid().CellRectangle(1, 0);
+    EXPECT_EQ(std::pair(wide.left, wide.right), std::pair(LONG{0}, LONG{400 - ::GetSystemMetrics(SM_CXVSCROLL)}));
+}
+
+TEST_F(Grid, HintsAtATextThatDoesNotFit) {
+    const auto hint = [] {
+        HWND found = nullptr;
+        const auto look = [](HWND window, LPARAM into) -> BOOL {
+            const bool tool = (::GetWindowLongPtrW(window, GWL_EXSTYLE) & WS_EX_TOOLWINDOW) != 0;
+            if (tool && ::IsWindowVisible(window) != 0) {
+                *reinterpret_cast<HWND*>(into) = window;
+            }
+            return TRUE;
+        };
+        ::EnumThreadWindows(::GetCurrentThreadId(), look, reinterpret_cast<LPARAM>(&found));
+        CRect place(0, 0, 0, 0);
+        if (found != nullptr) {
+            ::GetWindowRect(found, place);
+        }
+        return place;
+    };
+    grid.SetCellText(0, 1, (std::wstring(30, L'w') + L" " + std::wstring(60, L'v')).c_str());
+    send(grid.GetGrid(), WM_MOUSEHOVER, 0, 10, 5);
+    EXPECT_EQ(hint(), CRect(0, 0, 0, 0)) << "the text fits";
+    send(grid.GetGrid(), WM_MOUSEHOVER, 0, 10, 25);
+    EXPECT_EQ(hint().TopLeft(), CPoint(50, 50 + 20 + 39 + 2)) << "below the cell";
+    EXPECT_GT(hint().Height(), 2 * grid.GetFontHeight()) << "broken at the blank";
+    send(grid.GetGrid(), WM_MOUSEMOVE, 0, 20, 30);
+    EXPECT_GT(hint().Width(), 0);
+    send(grid.GetGrid(), WM_MOUSEMOVE, 0, 20, 50);
+    EXPECT_EQ(hint().Width(), 0);
 }
 
 }  // namespace

@@ -50,8 +50,15 @@ TEST(Selection, StretchesAddsAndClips) {
     EXPECT_EQ(selection.ranges(), (std::vector<CellRange>{{1, 0, 2, 2}, {6, 6, 7, 9}}));
     EXPECT_TRUE(selection.contains(7, 8));
     EXPECT_FALSE(selection.contains(3, 2));
-    selection.clip(7, 2);
-    EXPECT_EQ(selection.ranges(), (std::vector<CellRange>{{1, 0, 2, 1}}));
+    selection.insert_row(1);
+    selection.insert_row(0);
+    EXPECT_EQ(selection.ranges(), (std::vector<CellRange>{{1, 1, 2, 1}, {1, 3, 2, 4}, {6, 8, 7, 11}}));
+    for (const int row : {2, 9, 1, 3}) {
+        selection.remove_row(row);
+    }
+    EXPECT_EQ(selection.ranges(), (std::vector<CellRange>{{1, 1, 2, 2}, {6, 5, 7, 7}}));
+    selection.clip(7, 6);
+    EXPECT_EQ(selection.ranges(), (std::vector<CellRange>{{1, 1, 2, 2}, {6, 5, 6, 5}}));
 }
 
 }  // namespace

@@ -78,4 +78,37 @@ TEST(PriceText, TakesIntegersOneAfterAnother) {
     EXPECT_EQ(corvanes::take_word(rest = L" \r\n"), L"");
 }
 
+TEST(PriceText, RoundsAmountsCorrectly) {
+    const struct {
+        double amount;
+        const wchar_t* text;
+    } cases[] = {{0, L"0.00"},       {2.5, L"2.50"},
+                 {7.5, L"7.50"},     {1.005, L"1.00"},
+                 {0.125, L"0.12"},   {0.375, L"0.38"},
+                 {-3.456, L"-3.46"}, {1234567.891, L"1234567.89"},
+                 {-0.001, L"-0.00"}, {1e15, L"1000000000000000.00"}};
+    for (const auto& c : cases) {
+        EXPECT_EQ(corvanes::amount_text(c.amount), c.text);
+    }
+    EXPECT_EQ(corvanes::amount_text(1.7976931348623157e308).size(), 312U);
+}
+
+TEST(PriceText, KnowsWhatIsReadOnlyInPart) {
+    for (const wchar_t* whole : {L"12.5", L" 12 ", L"-1e3", L".5"}) {
+        EXPECT_EQ(corvanes::partly_read_number(whole), std::nullopt) << whole;
+    }
+    const std::pair<const wchar_t*, double> cases[] = {{L"12,50", 12},
+                                                       {L"1,000", 1},
+                                                       {L"abc", 0},
+                                                       {L"3 for 2", 3},
+                                                       {L"12.5.1", 12.5},
+                                                       {L"-", 0},
+                                                       {L"\x20AA"
+                                                        L"5",
+                                                        0}};
+    for (const auto& [text, value] : cases) {
+        EXPECT_EQ(corvanes::partly_read_number(text), value) << text;
+    }
+}
+
 }  // namespace

@@ -366,10 +366,100 @@ TEST_F(TemplateDialog, OffersTheNamesThatNoRowUses) {
     EXPECT_EQ(run.rows(), L"DOOR|0|\n\x05D3\x05DC\x05EA 80|0|\n");
     run.key(VK_RIGHT);
     run.key(VK_F2);
-    run.type(L"7");
+    run.type(L".7");
     run.key(VK_TAB);
     run.type(L"z");
-    EXPECT_EQ(run.rows(), L"DOOR|0|\n\x05D3\x05DC\x05EA 80|7|\n") << "typing begins an edit of a name only";
+    EXPECT_EQ(run.rows(), L"DOOR|0|\n\x05D3\x05DC\x05EA 80|0.7|\n") << "typing begins an edit of a name only";
+}
+
+TEST_F(TemplateDialog, GoesOnInTheGridAfterAButton) {
+    run.press(IDC_TEMPLATE_NEW, path(L"list.prc"));
+    run.type(L"dd");
+    run.key(VK_RETURN);
+    run.press(IDC_TEMPLATE_INSERT_ROW);
+    run.type(L"i d");
+    run.key(VK_RETURN);
+    run.press(IDC_TEMPLATE_INSERT_ROW);
+    run.press(IDC_TEMPLATE_DELETE_ROW);
+    run.key(VK_F2);
+    run.type(L"!");
+    run.key(VK_RETURN);
+    EXPECT_EQ(run.rows(), L"dd|0|\ni d!|0|\n") << "letters press no buttons";
+    run.press(IDC_TEMPLATE_SAVE_AS, path(L"as.prc"));
+    run.click(2, 1);
+    run.key(VK_ESCAPE);
+    run.answer_boxes({IDNO});
+    run.open(L"as.prc");
+    run.type(L"d");
+    run.key(VK_RETURN);
+    EXPECT_EQ(run.rows(), L"d|0|\ni d!|0|\n") << "the first name is ready";
+}
+
+TEST_F(TemplateDialog, TakesTheMessageBackWithItsCause) {
+    const auto empty_price = [this] {
+        run.write(L"list.prc", "a|1|x\r\nb|2|y\r\n");
+        run.answer_boxes({IDNO});
+        run.open(L"list.prc");
+        run.click(1, 1);
+        run.key(VK_BACK);
+        run.key(VK_TAB);
+        run.press(IDC_TEMPLATE_SAVE);
+        EXPECT_EQ(status() + (run.grid().IsSelected(1, 1) ? L"*" : L""), L"Price is absent*");
+    };
+    const std::pair<const char*, std::function<void()>> mendings[] = {
+        {"an edit of the cell", [this] { run.key(VK_F2), run.type(L"5"), run.key(VK_RETURN); }},
+        {"the row deleted", [this] { run.press(IDC_TEMPLATE_DELETE_ROW); }},
+        {"the row moved", [this] { run.press(IDC_TEMPLATE_MOVE_UP); }},
+        {"sorted", [this] { run.key(VK_F3); }},
+        {"New", [this] { run.answer_boxes({IDNO}), run.press(IDC_TEMPLATE_NEW, path(L"other.prc")); }},
+        {"a check that passes",
+         [this] {
+             run.grid().SetCellText(1, 1, L"5");
+             run.press(IDC_TEMPLATE_SAVE);
+         }},
+    };
+    for (const auto& [what, mend] : mendings) {
+        empty_price();
+        mend();
+        EXPECT_EQ(status(), L"") << what;
+        for (int row = 0; row < 2; ++row) {
+            EXPECT_FALSE(run.grid().IsSelected(1, row)) << what;
+        }
+    }
+    empty_price();
+    run.key(VK_UP);
+    run.key(VK_F2);
+    run.key(VK_RETURN);
+    EXPECT_EQ(status(), L"Price is absent") << "the edit was of another cell";
+}
+
+TEST_F(TemplateDialog, TellsHowAPriceIsRead) {
+    run.press(IDC_TEMPLATE_NEW, path(L"list.prc"));
+    fill(0, 0, L"door");
+    fill(1, 0, L"1,000");
+    EXPECT_EQ(status(), L"Row 1: the price \"1,000\" is read as 1.00");
+    fill(1, 0, L"1000");
+    EXPECT_EQ(status(), L"");
+    fill(1, 0, L"12,5");
+    run.click(2, 0);
+    run.key(VK_ESCAPE);
+    EXPECT_EQ(status(), L"");
+    run.press(IDC_TEMPLATE_SAVE);
+    EXPECT_EQ(status(), L"Row 1: the price \"12,5\" is read as 12.00");
+    EXPECT_EQ(run.read(L"list.prc"), "door|12,5|\r\n") << "nothing is refused";
+    EXPECT_EQ(run.boxes(), Boxes());
+}
+
+TEST_F(TemplateDialog, BeginsAnEmptyDescriptionAsTheOthersGo) {
+    run.write(L"list.prc", "a|1|\r\nb|2|\xe3\xec\xfa\r\nc|3|\r\nd|4|wood\r\n");
+    run.open(L"list.prc");
+    std::string directions;
+    for (int row = 0; row < 4; ++row) {
+        run.click(2, row);
+        directions += dynamic_cast<CUGMaskedEdit&>(*CWnd::FromHandle(::GetFocus())).RightToLeft() ? 'R' : 'L';
+        run.key(VK_ESCAPE);
+    }
+    EXPECT_EQ(directions, "RRRL");
 }
 
 }  // namespace

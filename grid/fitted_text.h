@@ -1,0 +1,38 @@
+// What a line of a cell shows when the cell is too narrow for it. Pure.
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace corvanes {
+
+// Whether a text is nothing but a number: digits with signs, points and commas. With its end cut off it would read as
+// another number.
+bool is_number_text(std::wstring_view text);
+
+// Widths in pixels: of the place for the line, of an ellipsis and of a number sign.
+struct LineSpace {
+    int width;
+    int ellipsis;
+    int number_sign;
+};
+
+// The whole line; its beginning, with an ellipsis to follow; or number signs in place of a number.
+struct FittedLine {
+    enum class Shown { whole, beginning, number_signs } shown;
+    std::size_t length;  // characters of the line, or number signs
+
+    bool operator==(const FittedLine& other) const { return shown == other.shown && length == other.length; }
+};
+
+// The text with its lines broken at blanks (a word by itself where it must be) so that none is wider than `width` as
+// `width_of` measures it.
+std::wstring wrapped_text(std::wstring_view text, int width, const std::function<int(std::wstring_view)>& width_of);
+
+// `ends` holds, for each character, the pixels from the line's start to the character's end.
+FittedLine fit_line(std::wstring_view line, const std::vector<int>& ends, const LineSpace& space);
+
+}  // namespace corvanes
