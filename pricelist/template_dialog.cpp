@@ -121,8 +121,8 @@ void BlockPriceDialog::enable_moves(bool up, bool down) {
 }
 
 void BlockPriceDialog::enable(CButton& button, bool on) {
-    if (!on && ::GetFocus() == button.m_hWnd && grid_attached_) {
-        grid_.SetFocus();
+    if (!on && ::GetFocus() == button.m_hWnd) {
+        go_on_in_grid();
     }
     button.EnableWindow(on);
 }
@@ -181,7 +181,8 @@ void BlockPriceDialog::attach_grid() {
 
 void BlockPriceDialog::go_on_in_grid() {
     if (grid_attached_) {
-        grid_.SetFocus();
+        // As Tab does: Return is the default button's again.
+        GotoDlgCtrl(&grid_);
     }
 }
 

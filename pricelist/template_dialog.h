@@ -21,6 +21,8 @@ class BlockPriceDialog : public CDialog {
 
     void enable_save(bool on) { enable(save_, on); }
     void enable_moves(bool up, bool down);
+    /// The keyboard is the grid's again: on a button, letters would press others.
+    void go_on_in_grid();
     CStaticEx& status() { return status_; }
     /// The message goes, and what it covered is drawn again.
     void clear_status();
@@ -51,8 +53,6 @@ class BlockPriceDialog : public CDialog {
     /// Asks about unsaved work. False when the user cancelled or saving failed.
     bool may_lose_changes(bool check_first);
     void attach_grid();
-    /// The keyboard is the grid's again: on a button, letters would press others.
-    void go_on_in_grid();
     void show_current_file();
     void mark_saved();
 

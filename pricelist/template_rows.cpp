@@ -188,7 +188,7 @@ int MyCug::complain(const wchar_t* message, int column, long row) {
     ClearSelection();
     SelectCell(column, row);
     GotoCell(column, row);
-    SetFocus();
+    dialog().go_on_in_grid();
     return 0;
 }
 
