@@ -180,6 +180,10 @@ TEST_F(TemplateDialog, AsksBeforeChangesAreLost) {
         EXPECT_EQ(run.boxes(), question);
         EXPECT_TRUE(run.is_open());
     }
+    // A second press while the question is there.
+    ::PostMessageW(run.dialog().m_hWnd, WM_CLOSE, 0, 0);
+    run.press(IDC_TEMPLATE_CLOSE);
+    EXPECT_EQ(run.boxes(), question);
     EXPECT_FALSE(std::filesystem::exists(run.path(L"corvane1.set")));
     run.grid().SetFocus();
     run.answer_boxes({IDYES});
