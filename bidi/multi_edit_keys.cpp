@@ -1,6 +1,7 @@
 // The editor's keys and its clipboard.
 #include <algorithm>
 #include <array>
+#include <iterator>
 #include <optional>
 
 #include "base/code_page.h"
@@ -61,14 +62,20 @@ using KeyboardState = std::array<BYTE, 256>;
 
 /// What the system keyboard gives for a key, in the code page of the language in which it is asked.
 std::wstring ask_keyboard(UINT key, UINT flags, LanguageId language, const KeyboardState& state) {
+    DWORD code_page = 0;
+    ::GetLocaleInfoW(MAKELCID(language, SORT_DEFAULT), LOCALE_IDEFAULTANSICODEPAGE | LOCALE_RETURN_NUMBER,
+                     reinterpret_cast<LPWSTR>(&code_page), sizeof(code_page) / sizeof(wchar_t));
+    if (code_page != ::GetACP()) {
+        // ToAscii may answer in the system's code page, which lacks the letters of this keyboard.
+        wchar_t letters[4];
+        const int length = ::ToUnicode(key, flags & scan_code_bits, state.data(), letters, std::size(letters), 0);
+        return {letters, static_cast<size_t>(std::max(length, 0))};
+    }
     WORD characters = 0;
     const int count = ::ToAscii(key, flags & scan_code_bits, state.data(), &characters, 0);
     if (count <= 0) {
         return {};
     }
-    DWORD code_page = 0;
-    ::GetLocaleInfoW(MAKELCID(language, SORT_DEFAULT), LOCALE_IDEFAULTANSICODEPAGE | LOCALE_RETURN_NUMBER,
-                     reinterpret_cast<LPWSTR>(&code_page), sizeof(code_page) / sizeof(wchar_t));
     const char bytes[] = {static_cast<char>(LOBYTE(characters)), static_cast<char>(HIBYTE(characters))};
     return base::wide_from_bytes({bytes, static_cast<size_t>(std::min(count, 2))}, code_page);
 }
