@@ -126,7 +126,8 @@ TEST(RecordWriter, WritesRealsThatReadBackTheSame) {
 TEST(RecordView, LooksAmongTheRecordsOwnGroups) {
     const std::string bytes =
         "0\nINSERT\n5\n2A\n102\n{ACAD_REACTORS\n330\n99\n102\n}\n330\n1F\n8\nWalls\n2\nD\\U+05D3\n10\n1.5\n66\n1\n"
-        "1001\nAPP\n0\nATTRIB\n2\nTAG\n1\nvalue\n0\nSEQEND\n8\n0\n";
+        "101\nEmbedded Object\n66\n9\n70\n9\n1\nx\n1001\nAPP\n1000\nnote\n0\nATTRIB\n2\nTAG\n1\nvalue\n"
+        "0\nSEQEND\n8\n0\n";
     const dxf::RecordView view(bytes, Encoding::ascii, TextCodec(1252));
     EXPECT_EQ(view.type(), "INSERT");
     EXPECT_EQ(view.handle(5), 0x2AU);
@@ -136,8 +137,10 @@ TEST(RecordView, LooksAmongTheRecordsOwnGroups) {
     EXPECT_EQ(view.integer(66), 1);
     EXPECT_EQ(view.integer(70, 4), 4);
     EXPECT_FALSE(view.has(1)) << "an attribute's value is not the reference's";
-    EXPECT_EQ(view.group(330, 1)->value, "1F");
-    EXPECT_EQ(view.own_groups().size(), 11U);
+    EXPECT_FALSE(view.group(330, 1)) << "a reactor's handle is not the record's";
+    EXPECT_EQ(view.own_groups().size(), 7U);
+    EXPECT_EQ(view.extended_group(1000)->value, "note");
+    EXPECT_FALSE(view.extended_group(70));
     const auto parts = view.parts();
     ASSERT_EQ(parts.size(), 2U);
     EXPECT_EQ(parts[0].text(1), L"value");

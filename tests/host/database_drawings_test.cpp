@@ -231,3 +231,25 @@ TEST(DatabaseDrawings, ManyAddedEntitiesHaveHandlesOfTheirOwn) {
     }
     EXPECT_EQ(handles.size(), before + rows) << "every handle is used once";
 }
+
+/// An embedded object has groups of the same codes as the attribute whose it is.
+TEST(DatabaseDrawings, AttributesOfSeveralLinesAreReadAndWrittenByTheirOwnGroups) {
+    const std::string before = file_bytes("tests/dxf/data/attribute_of_lines.dxf");
+    OpenDrawing drawing(before);
+    const dxf::RecordId record = drawing.drawing().blocks()[0].entities[0];
+    {
+        const AcDbObjectPointer<AcDbAttributeDefinition> note(drawing.store().id_of_record(record), AcDb::kForWrite);
+        ASSERT_EQ(note.openStatus(), Acad::eOk);
+        EXPECT_EQ(note->widthFactor(), 1.0);
+        EXPECT_TRUE(note->isDefaultAlignment());
+        EXPECT_EQ(take(note->tag()), L"NOTE");
+        const AcDbObjectPointer<AcDbTextStyleTableRecord> style(note->textStyle(), AcDb::kForRead);
+        EXPECT_EQ(name_of(*style), L"Standard");
+        EXPECT_EQ(note->setHeight(0.75), Acad::eOk);
+        EXPECT_EQ(note->setWidthFactor(2.0), Acad::eOk);
+    }
+    std::string expected = before;
+    const std::string height = " 40\n0.5\n  1\nof two lines\n";
+    expected.replace(expected.find(height), height.size(), " 40\n0.75\n  1\nof two lines\n 41\n2.0\n");
+    EXPECT_EQ(drawing.saved(), expected);
+}

@@ -55,11 +55,11 @@ TEST(RecordMerge, ChangesWhatDiffersAndNothingElse) {
           text(100, L"AcDbLine"),
           text(1, L"y")},
          groups("0 TEXT|5 1A|330 2B|100 AcDbText") + groups("1 y", 3)},
-        {"lists, extended data and parts are left alone",
-         groups("0 INSERT|102 {APP|2 inner|102 }|2 B|1001 APP|2 outer|0 ATTRIB|2 T|0 SEQEND"),
-         {text(2, L"C")},
-         groups("0 INSERT|102 {APP|2 inner|102 }") + groups("2 C", 3) +
-             groups("1001 APP|2 outer|0 ATTRIB|2 T|0 SEQEND")},
+        {"lists, embedded objects, extended data and parts are left alone",
+         groups("0 INSERT|102 {APP|2 inner|102 }|2 B|101 Embedded Object|2 D|41 5|1001 APP|2 outer|0 ATTRIB|2 T"),
+         {text(2, L"C"), real(41, 2)},
+         groups("0 INSERT|102 {APP|2 inner|102 }") + groups("2 C|41 2.0", 3) +
+             groups("101 Embedded Object|2 D|41 5|1001 APP|2 outer|0 ATTRIB|2 T")},
         {"a code of two classes is met in each",
          groups("0 DIM|100 A|70 1|100 B|70 2"),
          {text(100, L"A"), integer(70, 1), text(100, L"B"), integer(70, 3)},

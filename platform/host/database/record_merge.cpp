@@ -11,28 +11,9 @@ constexpr int type_code = 0;
 constexpr int handle_code = 5;
 constexpr int owner_code = 330;
 constexpr int subclass_code = 100;
-constexpr int list_code = 102;
-constexpr int first_extended_code = 1000;
 
 bool identifies(int code) {
     return code == type_code || code == handle_code || code == owner_code || code == subclass_code;
-}
-
-/// The groups that fields can stand for: outside of lists and before extended data.
-std::vector<dxf::Group> changeable_groups(const dxf::RecordView& record) {
-    std::vector<dxf::Group> groups;
-    bool in_list = false;
-    for (const dxf::Group& group : record.own_groups()) {
-        if (group.code >= first_extended_code) {
-            break;
-        }
-        if (group.code == list_code) {
-            in_list = !group.value.empty() && group.word()[0] == '{';
-        } else if (!in_list) {
-            groups.push_back(group);
-        }
-    }
-    return groups;
 }
 
 bool same_value(const dxf::RecordView& record, const dxf::Group& group, const dxf::Value& value) {
@@ -65,7 +46,7 @@ std::string group_bytes(const Field& field, const dxf::Manner& manner) {
 class Merge {
   public:
     Merge(const dxf::RecordView& record, const dxf::Manner& manner)
-        : record_(record), manner_(manner), groups_(changeable_groups(record)) {}
+        : record_(record), manner_(manner), groups_(record.own_groups()) {}
 
     void take(const Field& field) {
         const auto found = std::find_if(groups_.begin() + static_cast<std::ptrdiff_t>(next_), groups_.end(),

@@ -4,6 +4,8 @@
 #include <limits>
 #include <utility>
 
+#include "platform/host/dxf/own_groups.h"
+
 namespace dxf {
 
 namespace {
@@ -111,12 +113,15 @@ inline void RecordReader::take_field(Record& record) {
 
 /// Reads groups up to the next type.
 inline bool RecordReader::take_fields(Record& record) {
+    OwnGroups own;
     while (advance()) {
         if (group_.code == code_type) {
             note_handle(record.handle);
             return true;
         }
-        take_field(record);
+        if (own.owns(group_)) {
+            take_field(record);
+        }
     }
     return false;
 }

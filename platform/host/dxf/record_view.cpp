@@ -1,10 +1,12 @@
 #include "platform/host/dxf/record_view.h"
 
+#include "platform/host/dxf/own_groups.h"
+
 namespace dxf {
 
 namespace {
 
-constexpr int control_string = 102;
+constexpr int owner_code = 330;
 constexpr int first_extended_code = 1000;
 
 }  // namespace
@@ -14,9 +16,9 @@ RecordView::RecordView(std::string_view bytes, Encoding encoding, TextCodec code
 
 std::vector<Group> RecordView::own_groups() const {
     std::vector<Group> own;
-    GroupCursor cursor = groups();
+    OwnGroupCursor cursor(groups());
     Group group;
-    while (cursor.next(group) && (own.empty() || group.code != 0)) {
+    while (cursor.next(group)) {
         own.push_back(group);
     }
     return own;
@@ -46,10 +48,23 @@ std::string_view RecordView::type() const {
 }
 
 std::optional<Group> RecordView::group(int code, size_t nth) const {
+    OwnGroupCursor cursor(groups());
+    Group group;
+    while (cursor.next(group)) {
+        if (group.code == code && nth-- == 0) {
+            return group;
+        }
+    }
+    return std::nullopt;
+}
+
+std::optional<Group> RecordView::extended_group(int code) const {
     GroupCursor cursor = groups();
     Group group;
+    bool in_data = false;
     for (bool own_type = true; cursor.next(group) && (own_type || group.code != 0); own_type = false) {
-        if (group.code == code && nth-- == 0) {
+        in_data = in_data || group.code >= first_extended_code;
+        if (in_data && group.code == code) {
             return group;
         }
     }
@@ -77,20 +92,7 @@ uint64_t RecordView::handle(int code) const {
 }
 
 uint64_t RecordView::owner() const {
-    bool in_list = false;
-    GroupCursor cursor = groups();
-    Group group;
-    for (bool own_type = true; cursor.next(group) && (own_type || group.code != 0); own_type = false) {
-        if (group.code >= first_extended_code) {
-            break;
-        }
-        if (group.code == control_string) {
-            in_list = group.word().substr(0, 1) == "{";
-        } else if (group.code == 330 && !in_list) {
-            return group.handle();
-        }
-    }
-    return 0;
+    return handle(owner_code);
 }
 
 }  // namespace dxf

@@ -14,7 +14,7 @@
 namespace dxf {
 
 /// A cheap look at one record's bytes. Valid until the record is edited or the drawing is saved or closed.
-/// Values are searched among the record's own groups, not those of its sub-records.
+/// Values are searched among the record's own groups (own_groups.h), not those of its sub-records.
 class RecordView {
   public:
     RecordView(std::string_view bytes, Encoding encoding, TextCodec codec);
@@ -31,13 +31,15 @@ class RecordView {
     std::string_view type() const;
     /// The nth group (from 0) with this code.
     std::optional<Group> group(int code, size_t nth = 0) const;
+    /// The first group with this code in the record's extended data.
+    std::optional<Group> extended_group(int code) const;
     bool has(int code) const { return group(code).has_value(); }
     std::wstring text(int code) const;
     int64_t integer(int code, int64_t fallback = 0) const;
     double real(int code, double fallback = 0.0) const;
     /// A handle (hexadecimal); 0 when absent.
     uint64_t handle(int code) const;
-    /// The owner: the first 330 that stands outside of a { } list (102) and before any extended data; 0 when absent.
+    /// The owner (the first own 330); 0 when absent.
     uint64_t owner() const;
 
     std::wstring decode(std::string_view raw) const { return codec_.decode(raw); }

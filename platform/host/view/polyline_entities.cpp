@@ -1,4 +1,5 @@
 // LWPOLYLINE and POLYLINE, meshes included.
+#include "platform/host/dxf/own_groups.h"
 #include "platform/host/view/entity_scope.h"
 #include "platform/host/view/polyline_path.h"
 
@@ -64,14 +65,16 @@ std::vector<Vertex> read_vertices(const EntityScope& scope) {
     std::vector<Vertex> vertices;
     dxf::GroupCursor cursor = scope.record.groups();
     dxf::Group group;
+    dxf::OwnGroups own;
     bool in_vertex = false;
     while (cursor.next(group)) {
         if (group.code == 0) {
+            own = {};
             in_vertex = group.word() == "VERTEX";
             if (in_vertex) {
                 vertices.push_back(usual);
             }
-        } else if (in_vertex) {
+        } else if (in_vertex && own.owns(group)) {
             read_vertex_group(group, vertices.back());
         }
     }

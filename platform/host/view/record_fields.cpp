@@ -1,30 +1,16 @@
 #include "platform/host/view/record_fields.h"
 
+#include "platform/host/dxf/own_groups.h"
+
 namespace host {
-
-namespace {
-
-constexpr int control_string = 102;
-constexpr int embedded_object = 101;
-constexpr int first_extended_code = 1000;
-
-}  // namespace
 
 void RecordFields::read(const dxf::RecordView& record) {
     groups_.clear();
     record_ = record;
-    bool in_list = false;
-    dxf::GroupCursor cursor = record.groups();
+    dxf::OwnGroupCursor cursor(record.groups());
     dxf::Group group;
-    for (bool own_type = true; cursor.next(group); own_type = false) {
-        if ((group.code == 0 && !own_type) || group.code == embedded_object || group.code >= first_extended_code) {
-            return;
-        }
-        if (group.code == control_string) {
-            in_list = group.word().substr(0, 1) == "{";
-        } else if (!in_list) {
-            groups_.push_back(group);
-        }
+    while (cursor.next(group)) {
+        groups_.push_back(group);
     }
 }
 

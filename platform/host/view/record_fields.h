@@ -9,8 +9,7 @@
 
 namespace host {
 
-/// An entity's own groups without application lists ("{" to "}"), embedded objects and extended data. Meant to be used
-/// again and again: reading a record reuses the memory of the one before.
+/// An entity's own groups. Meant to be used again and again: reading a record reuses the memory of the one before.
 class RecordFields {
   public:
     void read(const dxf::RecordView& record);

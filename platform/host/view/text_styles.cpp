@@ -31,11 +31,12 @@ FontFace face_of_file(const std::wstring& file) {
 
 /// A TrueType style names its family in its extended data, with bold and italic as flags.
 FontFace read_face(const dxf::RecordView& entry) {
-    const auto family = entry.group(extended_string);
+    const auto family = entry.extended_group(extended_string);
     if (!family || family->word().empty()) {
         return face_of_file(entry.text(3));
     }
-    const int64_t flags = entry.integer(extended_integer);
+    const auto look = entry.extended_group(extended_integer);
+    const int64_t flags = look ? look->integer() : 0;
     constexpr int64_t italic = 0x1000000;
     constexpr int64_t bold = 0x2000000;
     return {entry.decode(family->word()), (flags & bold) != 0, (flags & italic) != 0};
