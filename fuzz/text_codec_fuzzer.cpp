@@ -25,6 +25,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     const unsigned code_page = code_pages[(size == 0 ? 0U : data[size - 1]) % std::size(code_pages)];
     if (base::code_page_known(code_page)) {
         check_codec(dxf::TextCodec(code_page), raw);
+        check_codec(dxf::TextCodec(base::code_page_utf8, code_page), raw);
     }
     const std::wstring wide = base::wide_from_utf8(raw);
     fuzz::require(base::wide_from_utf8(base::utf8_from_wide(wide)) == wide, "UTF-8 comes back");

@@ -60,6 +60,15 @@ TEST(TextCodec, ConvertsBothWays) {
     }
 }
 
+TEST(TextCodec, ReadsByTheCodePageWhatIsNoUtf8) {
+    const TextCodec korean = TextCodec::for_drawing("AC1021", "ANSI_949");
+    EXPECT_EQ(korean.decode("\xB0\xA1 \\U+05D0"), L"\uAC00 \u05D0");
+    EXPECT_EQ(korean.decode("\xEA\xB0\x80"), L"\uAC00");
+    EXPECT_EQ(korean.encode(L"\uAC00"), "\xEA\xB0\x80");
+    EXPECT_EQ(TextCodec::for_drawing("AC1027", "").decode("\xE9t\xE9"), L"\u00E9t\u00E9");
+    EXPECT_EQ(TextCodec::for_drawing("AC1032", "UTF-8").decode("\xB0-"), L"\uFFFD-");
+}
+
 TEST(NameTable, HoldsNamesEqualButForCaseAsOne) {
     const TextCodec hebrew(1255);
     const TextCodec utf8(65001);

@@ -212,6 +212,26 @@ TEST(DatabaseChanges, InsertingABlockMakesItsAttributes) {
     EXPECT_EQ(drawing.drawing().view(drawing.drawing().entities()[0]).parts().size(), 2U);
 }
 
+TEST(DatabaseChanges, ValuesThatAreNoUtf8KeepTheirBytes) {
+    const std::string ga = "\xB0\xA1";
+    const std::string before =
+        section("HEADER", groups("9 $ACADVER|1 AC1021|9 $DWGCODEPAGE|3 ANSI_949")) +
+        section("TABLES", table("LAYER", {"2 " + ga + "|70 0|62 3|6 CONTINUOUS"})) +
+        section("BLOCKS", groups("0 BLOCK|8 0|2 " + ga + "|70 0|10 0.0|20 0.0|30 0.0|0 ENDBLK|8 0")) +
+        section("ENTITIES", groups("0 TEXT|8 " + ga + "|10 0.0|20 0.0|40 1.0|1 " + ga + "|0 INSERT|8 0|2 " + ga)) +
+        end_of_file();
+    const OpenDrawing drawing(before);
+    {
+        const AcDbObjectPointer<AcDbText> text(drawing.entity(0), AcDb::kForWrite);
+        EXPECT_EQ(take(text->textString()), L"\uAC00");
+        EXPECT_EQ(text->layerId(), drawing.store().table_entry_named(host::TableKind::layers, L"\uAC00"));
+        text->setHeight(2.0);
+        const AcDbObjectPointer<AcDbBlockReference> reference(drawing.entity(1), AcDb::kForRead);
+        EXPECT_EQ(block_name(reference->blockTableRecord()), L"\uAC00");
+    }
+    EXPECT_EQ(difference(before, plain(drawing.saved())), groups("40 2.0"));
+}
+
 TEST(DatabaseChanges, AttributesMayOutliveTheirReference) {
     const OpenDrawing drawing(drawing_r12(""));
     AcDbBlockTableRecord* space = nullptr;

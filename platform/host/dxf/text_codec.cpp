@@ -188,7 +188,8 @@ unsigned code_page_number(std::string_view name) {
 
 TextCodec TextCodec::for_drawing(std::string_view version, std::string_view code_page_name) {
     const bool utf8 = version.size() >= 6 && version.substr(0, 2) == "AC" && version >= "AC1021";
-    return TextCodec(utf8 ? base::code_page_utf8 : code_page_number(code_page_name));
+    const unsigned named = code_page_number(code_page_name);
+    return TextCodec(utf8 ? base::code_page_utf8 : named, named);
 }
 
 std::wstring TextCodec::decode(std::string_view raw) const {
@@ -196,7 +197,8 @@ std::wstring TextCodec::decode(std::string_view raw) const {
         return {raw.begin(), raw.end()};
     }
     // Escapes are looked for in the decoded text: in some code pages a backslash's byte is half of a character.
-    std::wstring text = base::wide_from_bytes(raw, code_page_);
+    const bool by_rule = code_page_ != base::code_page_utf8 || base::valid_utf8(raw);
+    std::wstring text = base::wide_from_bytes(raw, by_rule ? code_page_ : instead_);
     return text.find_first_of(L"\\^") == std::wstring::npos ? text : unescape(text);
 }
 

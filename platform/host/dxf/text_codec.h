@@ -9,10 +9,13 @@ namespace dxf {
 /// Converts between raw text values and wide text.
 class TextCodec {
   public:
-    explicit TextCodec(unsigned code_page) : code_page_(code_page) {}
+    explicit TextCodec(unsigned code_page) : TextCodec(code_page, code_page) {}
+    /// Values that are not valid in UTF-8, where that is the code page, are read by `instead`.
+    TextCodec(unsigned code_page, unsigned instead) : code_page_(code_page), instead_(instead) {}
 
-    /// The codec of a version ("AC1015") and a $DWGCODEPAGE name ("ANSI_1255"): UTF-8 from AC1021 on, else the
-    /// named code page; 1252 when the name is unknown or missing.
+    /// The codec of a version ("AC1015") and a $DWGCODEPAGE name ("ANSI_1255"): UTF-8 from AC1021 on, with the named
+    /// code page instead for values that are none (some converters write so); else the named code page. 1252 when the
+    /// name is unknown or missing.
     static TextCodec for_drawing(std::string_view version, std::string_view code_page_name);
 
     unsigned code_page() const { return code_page_; }
@@ -29,6 +32,7 @@ class TextCodec {
 
   private:
     unsigned code_page_;
+    unsigned instead_;
 };
 
 }  // namespace dxf
