@@ -90,6 +90,17 @@ void edit(Drawing& drawing, fuzz::Decisions& decisions) {
     }
 }
 
+/// To be called after the edits: the handle stays taken.
+void check_new_handle(Drawing& drawing) {
+    const uint64_t handle = drawing.allocate_handle();
+    for (RecordId id = 0; id < drawing.record_count(); ++id) {
+        require(handle == 0 || drawing.record(id).handle != handle, "a new handle is nobody's");
+        for (const dxf::RecordView& part : drawing.view(id).parts()) {
+            require(handle == 0 || part.handle(5) != handle, "a new handle is nobody's");
+        }
+    }
+}
+
 void save_and_compare(Drawing& drawing, const fuzz::ScratchFile& file) {
     require(static_cast<bool>(drawing.save(file.path())), "a drawing can be written");
     const dxf::OpenResult again = Drawing::open(file.path());
@@ -130,6 +141,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
         require(drawing.undo().has_value(), "a step can be taken back");
         require(records_of(drawing) == before, "undo leaves no trace");
     }
+    check_new_handle(drawing);
     save_and_compare(drawing, file);
     return 0;
 }

@@ -223,6 +223,45 @@ INSTANTIATE_TEST_SUITE_P(
                     Kind{"binary", {dxf::Encoding::binary, "\n", dxf::TextCodec(1252)}, L"AC1018"}),
     [](const testing::TestParamInfo<Kind>& param) { return param.param.name; });
 
+/// Whatever $HANDSEED says, and however high the drawing's handles are (one of them is an attribute's).
+TEST(DrawingEditAtEdges, GivesHandlesThatNobodyHas) {
+    const struct {
+        const char* seed;
+        const char* others;
+        uint64_t first;
+        uint64_t next_seed;
+    } cases[] = {
+        {"100", "20", 0x100, 0x103},
+        {"1", "20", 0x51, 0x54},
+        {"", "20", 0x51, 0x54},
+        {"00000000000000000100", "20", 0x51, 0x54},
+        {"234567890ABCDEF0", "20", 0x234567890ABCDEF0, 0x234567890ABCDEF3},
+        {"FFFFFFFFFFFFFFFF", "20", 0x51, 0x54},
+        {"FFFFFFFFFFFFFFFE", "4000000000000000", 0x51, 0x4000000000000001},
+        {"4000000000000001", "4000000000000001", 0x51, 0x4000000000000002},
+        {"60", "FFFFFFFFFFFFFFFF", 0x60, 0x63},
+        {"60", "3FFFFFFFFFFFFFFF", 0x4000000000000000, 0x4000000000000003},
+        {"60", "3FFFFFFFFFFFFFFF, 0 POINT, 5 A000000000000000", 0x4000000000000000, 0xA000000000000001},
+        {"60",
+         "3FFFFFFFFFFFFFFF, 0 POINT, 5 7FFFFFFFFFFFFFFF, 0 POINT, 5 BFFFFFFFFFFFFFFF, 0 POINT, 5 FFFFFFFFFFFFFFF0",
+         0x4000000000000000, 0xFFFFFFFFFFFFFFF1},
+    };
+    const dxf_test::TemporaryFolder folder("corvanes_dxf_handles");
+    for (const auto& item : cases) {
+        const auto drawing = dxf_test::read(dxf_test::lines(
+            std::string("0 SECTION, 2 HEADER, 9 $ACADVER, 1 AC1015, 9 $HANDSEED, 5 ") + item.seed +
+            ", 0 ENDSEC, 0 SECTION, 2 ENTITIES, 0 INSERT, 5 10, 66 1, 0 ATTRIB, 5 50, 0 SEQEND, 0 POINT, 5 " +
+            item.others + ", 0 ENDSEC, 0 EOF"));
+        ASSERT_TRUE(drawing);
+        for (uint64_t i = 0; i < 3; ++i) {
+            EXPECT_EQ(drawing->allocate_handle(), item.first + i) << item.seed << " " << item.others;
+        }
+        ASSERT_TRUE(drawing->save(folder / "new.dxf"));
+        const auto again = dxf_test::read(contents(folder / "new.dxf"));
+        EXPECT_EQ(again->view(again->header_variable("$HANDSEED")).handle(5), item.next_seed) << item.seed;
+    }
+}
+
 TEST(DrawingEditAtEdges, MakesWhatIsMissing) {
     const auto drawing = dxf_test::read("0\nSECTION\n2\nOBJECTS\n0\nENDSEC");
     ASSERT_TRUE(drawing);

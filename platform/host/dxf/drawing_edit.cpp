@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "platform/host/dxf/drawing.h"
+#include "platform/host/dxf/new_handles.h"
 
 namespace dxf {
 
@@ -46,9 +47,10 @@ uint64_t Drawing::allocate_handle() {
     if (!uses_handles()) {
         return 0;
     }
-    const RecordId seed = header_variable(hand_seed);
-    const uint64_t seeded = next_handle_ != 0 || seed == no_record ? 0 : view(seed).handle(5);
-    next_handle_ = std::max({next_handle_, seeded, index_.highest_handle + 1});
+    if (next_handle_ == 0) {
+        const RecordId seed = header_variable(hand_seed);
+        next_handle_ = first_new_handle(seed == no_record ? 0 : view(seed).handle(5), index_, original());
+    }
     hand_seed_due_ = true;
     return next_handle_++;
 }
@@ -57,13 +59,14 @@ void Drawing::settle_hand_seed() {
     if (!std::exchange(hand_seed_due_, false)) {
         return;
     }
-    next_handle_ = std::max(next_handle_, index_.highest_handle + 1);
+    // Behind all handles; where there is nothing behind them, where the next ones will be.
+    const uint64_t next_seed = std::max(next_handle_, index_.highest_handle + 1);
     const UndoHistory::Pause handles_stay_taken(history_);
     const RecordId seed = header_variable(hand_seed);
     if (seed != no_record) {
-        replace_value(seed, 5, Handle{next_handle_});
+        replace_value(seed, 5, Handle{next_seed});
     } else if (index_.section("HEADER") != nullptr) {
-        append_header_variable(RecordWriter(manner()).text(9, wide(hand_seed)).handle(5, next_handle_).take());
+        append_header_variable(RecordWriter(manner()).text(9, wide(hand_seed)).handle(5, next_seed).take());
     }
 }
 

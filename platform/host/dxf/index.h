@@ -40,6 +40,9 @@ struct Block {
 };
 
 struct DrawingIndex {
+    /// Handles from here on are nonsense, behind which there is no room for new ones.
+    static constexpr uint64_t first_unusual_handle = uint64_t{1} << 62;
+
     Encoding encoding = Encoding::ascii;
     std::string line_end = "\n";  ///< the first line's
     std::string version = "AC1009";
@@ -57,7 +60,9 @@ struct DrawingIndex {
     RecordRun objects;
     Place end_of_drawing;  ///< of the EOF group; where it would stand when it is missing
     bool has_eof = false;
-    uint64_t highest_handle = 0;
+    uint64_t highest_handle = 0;        ///< of all records, sub-records and what stands between them included
+    uint64_t highest_usual_handle = 0;  ///< below first_unusual_handle
+    std::vector<uint64_t>* all_handles = nullptr;  ///< where a reader notes every handle; null: nowhere
 
     DrawingIndex();
     /// The first section of that name, or nullptr.

@@ -12,9 +12,7 @@ namespace dxf {
 class OwnGroups {
   public:
     /// To be asked about each group behind the record's type, in order.
-    bool owns(const Group& group) {
-        return group.code <= last_usual_code ? !ended_ && !in_list_ : owns_unusual(group);
-    }
+    bool owns(const Group& group) { return group.code <= last_usual_code ? !ended_ && !in_list_ : owns_unusual(group); }
     /// Whether none of the groups that follow will be the record's own.
     bool ended() const { return ended_; }
 

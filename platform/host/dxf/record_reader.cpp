@@ -10,9 +10,6 @@ namespace dxf {
 
 namespace {
 
-/// Handles beyond are nonsense that would leave no room for new ones.
-constexpr uint64_t highest_sane_handle = uint64_t{1} << 62;
-
 enum Code {
     code_type = 0,
     code_name = 2,
@@ -83,8 +80,12 @@ void RecordReader::note_layer(Record& record) {
 }
 
 void RecordReader::note_handle(uint64_t handle) {
-    if (handle < highest_sane_handle) {
-        index_.highest_handle = std::max(index_.highest_handle, handle);
+    index_.highest_handle = std::max(index_.highest_handle, handle);
+    if (handle < DrawingIndex::first_unusual_handle) {
+        index_.highest_usual_handle = std::max(index_.highest_usual_handle, handle);
+    }
+    if (index_.all_handles != nullptr) {
+        index_.all_handles->push_back(handle);
     }
 }
 
