@@ -1,3 +1,5 @@
+#include <cmath>
+
 #include "platform/host/database/record_merge.h"
 #include "tests/host/database_fixture.h"
 
@@ -39,6 +41,10 @@ TEST(RecordMerge, ChangesWhatDiffersAndNothingElse) {
          groups("0 TEXT|50 30.0"),
          {real(50, 30.0 + 1e-14)},
          groups("0 TEXT|50 30.0")},
+        {"what is no number keeps its spelling",
+         groups("0 TEXT|40 -nan(ind)|41 inf|50 NaN"),
+         {real(40, std::nan("")), real(41, HUGE_VAL), real(50, 1)},
+         groups("0 TEXT|40 -nan(ind)|41 inf") + groups("50 1.0", 3)},
         {"a missing group comes behind the one before it",
          groups("0 TEXT|8 a|10 1|1 x"),
          {text(8, L"a"), integer(62, 3), real(10, 1), real(41, 2), text(1, L"x")},

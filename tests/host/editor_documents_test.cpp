@@ -18,7 +18,8 @@ using testing::ElementsAre;
 
 constexpr char drawing[] =
     "  0\nSECTION\n  2\nHEADER\n  9\n$ACADVER\n  1\nAC1009\n  9\n$SNAPMODE\n 70\n     1\n  9\n$CLAYER\n  8\nWalls\n"
-    "  9\n$INSBASE\n 10\n1.0\n 20\n2.0\n 30\n3.0\n  0\nENDSEC\n  0\nSECTION\n  2\nENTITIES\n  0\nENDSEC\n  0\nEOF\n";
+    "  9\n$INSBASE\n 10\n1.0\n 20\n2.0\n 30\n3.0\n  9\n$TEXTSIZE\n 40\nnan\n  9\n$LIMMIN\n 10\n-nan(ind)\n 20\n8.0\n"
+    "  0\nENDSEC\n  0\nSECTION\n  2\nENTITIES\n  0\nENDSEC\n  0\nEOF\n";
 
 /// Writes down what it hears.
 class Listener final : public AcApDocManagerReactor {
@@ -98,7 +99,10 @@ TEST_F(Documents, BringTheirVariables) {
     editor().variables.set(L"SNAPMODE", 0);
     editor().variables.set(L"SNAPMODE", 1);
     editor().drawing_variables.store(store);
-    EXPECT_EQ(shown(L"DBMOD"), L"0") << "changed back";
+    EXPECT_EQ(shown(L"DBMOD"), L"0") << "changed back, and what is no number is as it was";
+    auto limit = std::get<Point>(*editor().variables.get(L"LIMMIN"));
+    limit.y = 7;
+    editor().variables.set(L"LIMMIN", limit);
     editor().variables.set(L"INSBASE", Point{1, 2.5, 3});
     editor().variables.set(L"CLAYER", std::wstring(L"0"));
     editor().drawing_variables.store(store);
@@ -109,6 +113,7 @@ TEST_F(Documents, BringTheirVariables) {
     EXPECT_EQ(shown(L"DBMOD"), L"0");
     std::string expected = drawing;
     expected.replace(expected.find("2.0"), 3, "2.5");
+    expected.replace(expected.find("8.0"), 3, "7.0");
     expected.replace(expected.find("Walls"), 5, "0");
     EXPECT_EQ(contents("c.dxf"), expected);
     EXPECT_EQ(contents("a.dxf"), drawing);

@@ -22,7 +22,8 @@ bool same_value(const dxf::RecordView& record, const dxf::Group& group, const dx
     }
     if (const auto* const real = std::get_if<double>(&value)) {
         const double stored = group.real();
-        return std::abs(stored - *real) <= 1e-12 * std::max({1.0, std::abs(stored), std::abs(*real)});
+        const bool as_bad = stored == *real || (std::isnan(stored) && std::isnan(*real));
+        return as_bad || std::abs(stored - *real) <= 1e-12 * std::max({1.0, std::abs(stored), std::abs(*real)});
     }
     if (const auto* const integer = std::get_if<int64_t>(&value)) {
         return group.integer() == *integer;

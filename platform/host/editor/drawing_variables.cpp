@@ -1,6 +1,7 @@
 #include "platform/host/editor/drawing_variables.h"
 
 #include <algorithm>
+#include <cstring>
 
 #include "base/case_folding.h"
 #include "platform/host/dxf/drawing.h"
@@ -80,14 +81,39 @@ dxf::Value encoded(int code, const VariableValue& value) {
     return code == colour_code ? dxf::Value(colour_number(text)) : dxf::Value(text);
 }
 
-void write_value(dxf::Drawing& drawing, dxf::RecordId record, int code, const VariableValue& value) {
-    if (const Point* point = std::get_if<Point>(&value)) {
-        drawing.replace_value(record, point_code, point->x);
-        drawing.replace_value(record, point_code + 10, point->y);
-        drawing.replace_value(record, point_code + 20, point->z);
-    } else {
-        drawing.replace_value(record, code, encoded(code, value));
+/// Some programs leave NaN in a header, which is not equal to itself.
+bool same(double left, double right) {
+    return std::memcmp(&left, &right, sizeof left) == 0;
+}
+
+bool same(const VariableValue& left, const VariableValue& right) {
+    if (const double* real = std::get_if<double>(&left)) {
+        return left.index() == right.index() && same(*real, std::get<double>(right));
     }
+    if (const Point* point = std::get_if<Point>(&left); point != nullptr && left.index() == right.index()) {
+        const Point& other = std::get<Point>(right);
+        return same(point->x, other.x) && same(point->y, other.y) && same(point->z, other.z);
+    }
+    return left == right;
+}
+
+/// Writes what of the value differs from `known`, which stands there.
+void write_value(dxf::Drawing& drawing, dxf::RecordId record, int code, const VariableValue& value,
+                 const VariableValue& known) {
+    const Point* point = std::get_if<Point>(&value);
+    if (point == nullptr) {
+        drawing.replace_value(record, code, encoded(code, value));
+        return;
+    }
+    const Point& before = std::get<Point>(known);
+    const auto write = [&](int axis_code, double now, double then) {
+        if (!same(now, then)) {
+            drawing.replace_value(record, axis_code, now);
+        }
+    };
+    write(point_code, point->x, before.x);
+    write(point_code + 10, point->y, before.y);
+    write(point_code + 20, point->z, before.z);
 }
 
 void add_variable(dxf::Drawing& drawing, const Place& place, const VariableValue& value) {
@@ -138,7 +164,7 @@ void DrawingVariables::load(const dxf::Drawing& drawing) {
 void DrawingVariables::follow(const dxf::Drawing& drawing) {
     for (auto& [name, loaded] : loaded_) {
         VariableValue value = header_value(drawing, name, loaded).value_or(variables_.initial(name));
-        if (value != loaded) {
+        if (!same(value, loaded)) {
             variables_.put(name, value);
             loaded = std::move(value);
         }
@@ -162,7 +188,7 @@ void DrawingVariables::store(dxf::Drawing& drawing, std::wstring_view name) {
         return;
     }
     const VariableValue value = *variables_.get(name);
-    if (value == known->second) {
+    if (same(value, known->second)) {
         return;
     }
     const Place place = place_of(name);
@@ -173,7 +199,7 @@ void DrawingVariables::store(dxf::Drawing& drawing, std::wstring_view name) {
         }
         add_variable(drawing, place, value);
     } else if (const std::optional<dxf::Group> group = value_group(drawing.view(record))) {
-        write_value(drawing, record, group->code, value);
+        write_value(drawing, record, group->code, value, known->second);
     }
     known->second = value;
 }
