@@ -1,21 +1,23 @@
 #include "base/replace_file.h"
 
 #include <algorithm>
-#include <atomic>
-#include <cerrno>
-#include <fstream>
+#include <chrono>
 #include <optional>
-#include <system_error>
+#include <random>
+#include <thread>
 #include <utility>
 #include <vector>
 
-#include "base/file_contents.h"
 #include "base/replace_file_system.h"
 
 namespace base {
 namespace {
 
 using PathText = std::basic_string_view<std::filesystem::path::value_type>;
+
+constexpr std::string_view temporary_ending = ".tmp";
+constexpr std::string_view hexadecimal = "0123456789abcdef";
+constexpr size_t random_digits = 16;
 
 /// What the names of a target's temporary files begin with: its own name, but not so much of it that theirs would be
 /// longer than a file system takes.
@@ -24,123 +26,115 @@ PathText stem_of(const std::filesystem::path& name) {
     return PathText(name.native()).substr(0, longest);
 }
 
-std::filesystem::path temporary_beside(const std::filesystem::path& target) {
-    static std::atomic<unsigned> count{0};
-    auto path = target.parent_path() / stem_of(target.filename());
-    path += "." + std::to_string(process_number()) + "-" + std::to_string(++count) + ".tmp";
+/// A name beside the target that nobody else comes upon.
+std::filesystem::path random_name_beside(const std::filesystem::path& target, std::string_view ending) {
+    static thread_local std::random_device source;
+    std::uniform_int_distribution<size_t> digit(0, hexadecimal.size() - 1);
+    std::string random = ".";
+    for (size_t i = 0; i < random_digits; ++i) {
+        random.push_back(hexadecimal[digit(source)]);
+    }
+    const std::filesystem::path name = target.filename();
+    auto path = target.parent_path() / stem_of(name);
+    path += random.append(ending);
     return path;
 }
 
-/// Takes the decimal number at the front away.
-std::optional<unsigned long> take_number(PathText& text) {
-    unsigned long number = 0;
-    size_t digits = 0;
-    for (; digits < text.size() && text[digits] >= '0' && text[digits] <= '9'; ++digits) {
-        number = number * 10 + static_cast<unsigned long>(text[digits] - '0');
+/// Whether it is the name of a temporary file for targets with this stem.
+bool is_temporary_name(PathText name, PathText stem) {
+    if (name.size() != stem.size() + 1 + random_digits + temporary_ending.size() ||
+        name.substr(0, stem.size()) != stem || name[stem.size()] != '.') {
+        return false;
     }
-    text.remove_prefix(digits);
-    return digits == 0 ? std::nullopt : std::optional(number);
+    const PathText random = name.substr(stem.size() + 1, random_digits);
+    const PathText ending = name.substr(stem.size() + 1 + random_digits);
+    return std::all_of(random.begin(), random.end(),
+                       [](auto character) {
+                           return character < 0x80 &&
+                                  hexadecimal.find(static_cast<char>(character)) != hexadecimal.npos;
+                       }) &&
+           std::equal(ending.begin(), ending.end(), temporary_ending.begin(), temporary_ending.end());
 }
 
-bool take_character(PathText& text, char character) {
-    const bool there = !text.empty() && text.front() == character;
-    text.remove_prefix(there ? 1 : 0);
-    return there;
-}
-
-/// The process whose temporary file for targets with this stem it is; nothing for any other file.
-std::optional<unsigned long> process_writing(PathText name, PathText stem) {
-    if (name.substr(0, stem.size()) != stem) {
-        return std::nullopt;
-    }
-    name.remove_prefix(stem.size());
-    if (!take_character(name, '.')) {
-        return std::nullopt;
-    }
-    const std::optional<unsigned long> process = take_number(name);
-    const bool counted = take_character(name, '-') && take_number(name);
-    const std::string_view ending = ".tmp";
-    return counted && std::equal(name.begin(), name.end(), ending.begin(), ending.end()) ? process : std::nullopt;
-}
-
-/// Removes what processes have left behind that ended while they wrote this target. What another machine's process has
-/// open cannot be removed.
+/// Removes what writers of this target have left behind that were killed: temporary files that nobody has locked.
 void remove_abandoned(const std::filesystem::path& target) {
     std::error_code error;
-    std::vector<std::filesystem::path> abandoned;
+    std::vector<std::filesystem::path> candidates;
     const std::filesystem::path name = target.filename();
     for (std::filesystem::directory_iterator entry(target.parent_path(), error), end; !error && entry != end;
          entry.increment(error)) {
-        const std::filesystem::path other = entry->path().filename();
-        const auto process = process_writing(other.native(), stem_of(name));
-        if (process && !process_runs(*process)) {
-            abandoned.push_back(entry->path());
+        if (is_temporary_name(entry->path().filename().native(), stem_of(name))) {
+            candidates.push_back(entry->path());
         }
     }
-    for (const std::filesystem::path& path : abandoned) {
-        std::filesystem::remove(path, error);
+    for (const std::filesystem::path& path : candidates) {
+        const auto file = FileReplacement::File::open(path, error);
+        if (file && file->lock()) {
+            file->remove();
+        }
     }
 }
 
-WriteStatus stream_failure() {
-    return {false, std::generic_category().message(errno)};
+std::unique_ptr<FileReplacement::File> create_beside(const std::filesystem::path& target, std::error_code& error) {
+    constexpr int tries = 100;
+    for (int i = 0; i < tries; ++i) {
+        auto file = FileReplacement::File::create(random_name_beside(target, temporary_ending), error);
+        // Between its making and its locking another may have taken it for an abandoned one.
+        if (file && file->lock() && file->is_named()) {
+            return file;
+        }
+        if (!file && error != std::errc::file_exists) {
+            return nullptr;
+        }
+    }
+    return nullptr;
 }
 
-/// Writes the bytes into the file itself, from `begin` on.
-bool write_range(std::fstream& file, std::string_view bytes, size_t begin) {
-    file.seekp(static_cast<std::streamoff>(begin));
-    file.write(bytes.data() + begin, static_cast<std::streamsize>(bytes.size() - begin));
-    return static_cast<bool>(file.flush());
+bool is_denial(std::error_code error) {
+    return error == std::errc::permission_denied || error == std::errc::operation_not_permitted;
 }
 
-WriteStatus write_directly(const std::filesystem::path& target, std::string_view bytes) {
-    std::error_code error;
-    const bool existed = std::filesystem::exists(target, error);
-    const size_t old_size = existed ? static_cast<size_t>(std::filesystem::file_size(target, error)) : 0;
-    errno = 0;
-    std::fstream file(target, std::ios::binary | std::ios::out | (existed ? std::ios::in : std::ios::trunc));
-    if (!file || error) {
-        return stream_failure();
+/// Who writes in place waits for the one before him.
+bool lock_patiently(FileReplacement::File& file) {
+    constexpr std::chrono::milliseconds pause(10);
+    constexpr int tries = 1000;
+    for (int i = 0; i < tries; ++i) {
+        if (file.lock()) {
+            return true;
+        }
+        std::this_thread::sleep_for(pause);
     }
-    if (bytes.size() > old_size && !write_range(file, bytes, old_size)) {
-        WriteStatus status = stream_failure();
-        file.close();
-        existed ? std::filesystem::resize_file(target, old_size, error)
-                : static_cast<void>(std::filesystem::remove(target, error));
-        return status;
-    }
-    if (!write_range(file, bytes.substr(0, old_size), 0)) {
-        return stream_failure();
-    }
-    file.close();
-    std::filesystem::resize_file(target, bytes.size(), error);
-    return {!error, error ? error.message() : ""};
+    return false;
 }
 
 }  // namespace
 
 FileReplacement::FileReplacement(const std::filesystem::path& target) : target_(resolve_links(target)) {
-    if (refuses_writing(target_, status_)) {
+    if (auto refusal = refusal_of(target_)) {
+        status_ = std::move(*refusal);
         return;
     }
     remove_abandoned(target_);
-    temporary_ = temporary_beside(target_);
-    WriteStatus created;
-    file_ = File::create(temporary_, created);
-    if (!file_) {
-        temporary_.clear();
-        std::error_code error;
-        if (!std::filesystem::is_directory(target_.parent_path(), error)) {
-            status_ = std::move(created);
+    std::error_code error;
+    temporary_ = create_beside(target_, error);
+    if (temporary_) {
+        const Takeover taken = temporary_->take_over_from(target_);
+        may_replace_ = taken == Takeover::whole;
+        if (taken == Takeover::target_is_broken_link) {
+            status_ = {false, "It is a link to a file that does not exist"};
         }
+        return;
+    }
+    // Only who may not make a file here can do without; any other failure is one.
+    std::error_code ignored;
+    if (!is_denial(error) || !std::filesystem::exists(target_, ignored)) {
+        status_ = failure(error);
     }
 }
 
 FileReplacement::~FileReplacement() {
-    if (!temporary_.empty()) {
-        file_.reset();
-        std::error_code error;
-        std::filesystem::remove(temporary_, error);
+    if (temporary_) {
+        temporary_->remove();
     }
 }
 
@@ -148,11 +142,12 @@ WriteStatus FileReplacement::write(std::string_view bytes) {
     if (!status_) {
         return status_;
     }
-    if (file_) {
-        status_ = file_->write(bytes);
-    } else {
+    if (!temporary_) {
         contents_.append(bytes);
+    } else if (const std::error_code error = temporary_->write(bytes)) {
+        status_ = failure(error);
     }
+    size_ += bytes.size();
     return status_;
 }
 
@@ -160,24 +155,78 @@ WriteStatus FileReplacement::commit() {
     if (!status_) {
         return status_;
     }
-    if (!file_) {
-        return status_ = write_directly(target_, contents_);
+    if (temporary_) {
+        if (const std::error_code error = temporary_->flush()) {
+            return status_ = failure(error);
+        }
     }
-    status_ = file_->finish();
-    file_.reset();
-    return status_ ? status_ = replace() : status_;
+    if (may_replace_) {
+        const std::error_code error = temporary_->rename(target_);
+        if (!error) {
+            temporary_.reset();
+            return {};
+        }
+        if (!is_denial(error) && error != std::errc::device_or_resource_busy) {
+            return status_ = failure(error);
+        }
+    }
+    return status_ = write_in_place();
 }
 
-WriteStatus FileReplacement::replace() {
-    copy_permissions(target_, temporary_);
-    WriteStatus moved = move_over(temporary_, target_);
-    if (moved) {
-        temporary_.clear();
-        return moved;
+WriteStatus FileReplacement::write_in_place() {
+    std::error_code error;
+    const auto target = File::open(target_, error);
+    if (!target) {
+        return failure(error);
     }
-    std::string reason;
-    const auto written = FileContents::read(temporary_, reason);
-    return written && write_directly(target_, written->bytes()) ? WriteStatus() : moved;
+    if (!lock_patiently(*target)) {
+        return {false, "Another program is writing it"};
+    }
+    const std::uint64_t old_size = target->size(error);
+    if (!error && size_ > old_size) {
+        error = copy(*target, old_size, size_);
+        if (error) {
+            target->resize(old_size);
+        }
+    }
+    if (error) {
+        return failure(error);
+    }
+    error = copy(*target, 0, std::min(old_size, size_));
+    if (!error) {
+        error = target->resize(size_);
+    }
+    if (!error) {
+        error = target->flush();
+    }
+    return error ? keep_for_rescue(error) : WriteStatus();
+}
+
+/// Copies a range of the new contents to its place in the target, to the disk itself.
+std::error_code FileReplacement::copy(File& target, std::uint64_t begin, std::uint64_t end) {
+    constexpr std::uint64_t piece = 1U << 20;
+    std::error_code error = target.seek(begin);
+    while (!error && begin < end) {
+        const auto count = static_cast<size_t>(std::min(piece, end - begin));
+        const std::string bytes = temporary_ ? temporary_->read(begin, count, error) : contents_.substr(begin, count);
+        if (!error) {
+            error = bytes.empty() ? std::make_error_code(std::errc::io_error) : target.write(bytes);
+        }
+        begin += bytes.size();
+    }
+    return error ? error : target.flush();
+}
+
+/// The target is damaged: the new contents must not go with this object, nor with the next one for the target.
+WriteStatus FileReplacement::keep_for_rescue(std::error_code error) {
+    WriteStatus status = failure(error);
+    if (temporary_) {
+        const auto rescue = random_name_beside(target_, ".rescued");
+        const auto& name = temporary_->rename(rescue) ? temporary_->path() : rescue;
+        status.reason += "; the whole new contents are in " + name.filename().u8string();
+        temporary_.reset();
+    }
+    return status;
 }
 
 WriteStatus replace_file(const std::filesystem::path& target, std::string_view bytes) {

@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <system_error>
 
 namespace base {
 
@@ -17,10 +18,15 @@ struct WriteStatus {
 
 /// Collects the new contents of a file in a temporary file beside it. Nothing happens to the target until commit();
 /// without a commit the destructor removes the temporary file, and the next replacement of the same target removes one
-/// whose process was killed. A link is followed: the file that it names is replaced.
-/// The permissions of an existing file are kept. Where no new file can be made beside the target, or another program
-/// has it open in a way that allows writing but not replacing, it is written directly at commit: first what makes it
-/// longer, so that a full disk is met before anything of the old contents is gone.
+/// whose writer was killed. Any number of processes, Wine prefixes and machines may replace one file at once: each puts
+/// its own contents there whole, and the last one's stay.
+///
+/// A link is followed: the file that it names is replaced; a link to nothing is refused. Mode, owner and group of an
+/// existing file are kept. The file is written in place at commit where it cannot be otherwise: they cannot be kept
+/// (the file is another user's), no file may be made beside it, or it may be written but not replaced (another program
+/// has it open, it is a mount point). Then what makes it longer is written first, so that a full disk is met before
+/// anything of the old contents is gone; and when writing over the old contents fails, the temporary file stays under
+/// a name of its own, which the reason tells.
 class FileReplacement {
   public:
     explicit FileReplacement(const std::filesystem::path& target);
@@ -37,12 +43,15 @@ class FileReplacement {
     class File;
 
   private:
-    WriteStatus replace();
+    WriteStatus write_in_place();
+    std::error_code copy(File& target, std::uint64_t begin, std::uint64_t end);
+    WriteStatus keep_for_rescue(std::error_code error);
 
     std::filesystem::path target_;
-    std::filesystem::path temporary_;
-    std::unique_ptr<File> file_;
+    std::unique_ptr<File> temporary_;  ///< null where none may be made; then contents_ holds what is written
+    bool may_replace_ = false;
     std::string contents_;
+    std::uint64_t size_ = 0;
     WriteStatus status_;
 };
 

@@ -1,10 +1,8 @@
 #include <fcntl.h>
-#include <signal.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
-#include <system_error>
 #include <utility>
 
 #include "base/replace_file_system.h"
@@ -12,51 +10,116 @@
 namespace base {
 namespace {
 
-WriteStatus failure(int error = errno) {
-    return {false, std::generic_category().message(error)};
+std::error_code last_error() {
+    return {errno, std::generic_category()};
+}
+
+std::error_code error_unless(bool succeeded) {
+    return succeeded ? std::error_code() : last_error();
+}
+
+bool same_permissions(const struct stat& left, const struct stat& right) {
+    return left.st_uid == right.st_uid && left.st_gid == right.st_gid && left.st_mode == right.st_mode;
 }
 
 class PosixFile final : public FileReplacement::File {
   public:
-    explicit PosixFile(int descriptor) : descriptor_(descriptor) {}
-    ~PosixFile() override {
-        if (descriptor_ >= 0) {
-            ::close(descriptor_);
-        }
+    PosixFile(const std::filesystem::path& path, int descriptor) : File(path), descriptor_(descriptor) {}
+    ~PosixFile() override { ::close(descriptor_); }
+
+    bool lock() override {
+        struct flock range {};
+        range.l_type = F_WRLCK;
+        range.l_start = static_cast<off_t>(lock_offset);
+        range.l_len = 1;
+        // A file system without locks has no other machines that write either, or none that could be told from us.
+        return ::fcntl(descriptor_, F_OFD_SETLK, &range) == 0 || (errno != EAGAIN && errno != EACCES);
     }
 
-    WriteStatus write(std::string_view bytes) override {
+    bool is_named() const override { return status().st_nlink > 0; }
+
+    std::uint64_t size(std::error_code& error) const override {
+        struct stat info {};
+        error = error_unless(::fstat(descriptor_, &info) == 0);
+        return static_cast<std::uint64_t>(info.st_size);
+    }
+
+    std::error_code write(std::string_view bytes) override {
         while (!bytes.empty()) {
             const ssize_t written = ::write(descriptor_, bytes.data(), bytes.size());
             if (written < 0 && errno != EINTR) {
-                return failure();
+                return last_error();
             }
             bytes.remove_prefix(written > 0 ? static_cast<size_t>(written) : 0);
         }
         return {};
     }
 
-    WriteStatus finish() override {
-        if (::fsync(descriptor_) != 0 && errno != EINVAL && errno != EROFS) {
-            return failure();
-        }
-        return ::close(std::exchange(descriptor_, -1)) == 0 ? WriteStatus{} : failure();
+    std::string read(std::uint64_t offset, size_t count, std::error_code& error) override {
+        std::string bytes(count, '\0');
+        const ssize_t taken = ::pread(descriptor_, bytes.data(), count, static_cast<off_t>(offset));
+        error = error_unless(taken >= 0);
+        bytes.resize(taken > 0 ? static_cast<size_t>(taken) : 0);
+        return bytes;
     }
 
+    std::error_code seek(std::uint64_t offset) override {
+        return error_unless(::lseek(descriptor_, static_cast<off_t>(offset), SEEK_SET) >= 0);
+    }
+
+    std::error_code resize(std::uint64_t size) override {
+        return error_unless(::ftruncate(descriptor_, static_cast<off_t>(size)) == 0);
+    }
+
+    std::error_code flush() override {
+        return error_unless(::fsync(descriptor_) == 0 || errno == EINVAL || errno == EROFS);
+    }
+
+    Takeover take_over_from(const std::filesystem::path& target) override {
+        struct stat old {};
+        if (::stat(target.c_str(), &old) != 0) {
+            return Takeover::whole;
+        }
+        // Who may not give the file away may still give it to a group of his own.
+        if (::fchown(descriptor_, old.st_uid, old.st_gid) != 0) {
+            [[maybe_unused]] const int group_kept = ::fchown(descriptor_, static_cast<uid_t>(-1), old.st_gid);
+        }
+        const bool mode_kept = ::fchmod(descriptor_, old.st_mode & 07777) == 0;
+        return mode_kept && same_permissions(status(), old) ? Takeover::whole : Takeover::incomplete;
+    }
+
+    std::error_code rename(const std::filesystem::path& target) override {
+        return error_unless(::rename(path_.c_str(), target.c_str()) == 0);
+    }
+
+    void remove() override { ::unlink(path_.c_str()); }
+
   private:
+    struct stat status() const {
+        struct stat info {};
+        ::fstat(descriptor_, &info);
+        return info;
+    }
+
     int descriptor_;
 };
+
+std::unique_ptr<FileReplacement::File> open_file(const std::filesystem::path& path, int flags, std::error_code& error) {
+    const int descriptor = ::open(path.c_str(), O_RDWR | O_CLOEXEC | O_NOCTTY | flags, 0666);
+    error = error_unless(descriptor >= 0);
+    return error ? nullptr : std::make_unique<PosixFile>(path, descriptor);
+}
 
 }  // namespace
 
 std::unique_ptr<FileReplacement::File> FileReplacement::File::create(const std::filesystem::path& path,
-                                                                     WriteStatus& status) {
-    const int descriptor = ::open(path.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC | O_EXCL, 0666);
-    if (descriptor < 0) {
-        status = failure();
-        return nullptr;
-    }
-    return std::make_unique<PosixFile>(descriptor);
+                                                                     std::error_code& error) {
+    return open_file(path, O_CREAT | O_EXCL, error);
+}
+
+std::unique_ptr<FileReplacement::File> FileReplacement::File::open(const std::filesystem::path& path,
+                                                                   std::error_code& error) {
+    return open_file(path, 0, error);
 }
 
 std::filesystem::path resolve_links(const std::filesystem::path& path) {
@@ -65,38 +128,24 @@ std::filesystem::path resolve_links(const std::filesystem::path& path) {
     return error ? path : resolved;
 }
 
-bool refuses_writing(const std::filesystem::path& path, WriteStatus& status) {
+std::optional<WriteStatus> refusal_of(const std::filesystem::path& path) {
     struct stat info {};
     if (::stat(path.c_str(), &info) != 0) {
-        return false;
+        const bool broken_link = ::lstat(path.c_str(), &info) == 0;
+        return broken_link ? std::optional(WriteStatus{false, "It is a link to a file that does not exist"})
+                           : std::nullopt;
     }
     if (S_ISDIR(info.st_mode)) {
-        status = failure(EISDIR);
-    } else if (::access(path.c_str(), W_OK) != 0) {
-        status = failure();
+        return failure(std::make_error_code(std::errc::is_a_directory));
     }
-    return !status.ok;
-}
-
-void copy_permissions(const std::filesystem::path& from, const std::filesystem::path& to) {
-    struct stat info {};
-    if (::stat(from.c_str(), &info) == 0) {
-        // The owner can be kept only by a privileged process; the mode is kept in any case.
-        [[maybe_unused]] const int owner_kept = ::chown(to.c_str(), info.st_uid, info.st_gid);
-        ::chmod(to.c_str(), info.st_mode & 07777);
+    if (!S_ISREG(info.st_mode)) {
+        return WriteStatus{false, "It is not a regular file"};
     }
+    return ::access(path.c_str(), W_OK) == 0 ? std::nullopt : std::optional(failure(last_error()));
 }
 
-WriteStatus move_over(const std::filesystem::path& from, const std::filesystem::path& to) {
-    return ::rename(from.c_str(), to.c_str()) == 0 ? WriteStatus{} : failure();
-}
-
-unsigned long process_number() {
-    return static_cast<unsigned long>(::getpid());
-}
-
-bool process_runs(unsigned long number) {
-    return ::kill(static_cast<pid_t>(number), 0) == 0 || errno != ESRCH;
+WriteStatus failure(std::error_code error) {
+    return {false, error.message()};
 }
 
 }  // namespace base

@@ -1,33 +1,63 @@
 // What base/replace_file asks of the operating system.
 #pragma once
 
+#include <cstdint>
+#include <optional>
+#include <system_error>
+
 #include "base/replace_file.h"
 
 namespace base {
 
+/// What a new file could take over from the one that it is to replace.
+enum class Takeover { whole, incomplete, target_is_broken_link };
+
+/// Where a lock stands in a file: far behind all contents, since some systems let nobody read what is locked.
+constexpr std::uint64_t lock_offset = std::uint64_t{1} << 62;
+
 class FileReplacement::File {
   public:
-    /// A new file that nobody else has; null when it cannot be made, with the reason in `status`.
-    static std::unique_ptr<File> create(const std::filesystem::path& path, WriteStatus& status);
-    File() = default;
+    /// A new file under a name that was free; others can neither read nor write it. Null with the reason.
+    static std::unique_ptr<File> create(const std::filesystem::path& path, std::error_code& error);
+    /// A file that is there, for reading and writing. Null with the reason.
+    static std::unique_ptr<File> open(const std::filesystem::path& path, std::error_code& error);
+
+    explicit File(std::filesystem::path path) : path_(std::move(path)) {}
     File(const File&) = delete;
     File& operator=(const File&) = delete;
     virtual ~File() = default;
-    virtual WriteStatus write(std::string_view bytes) = 0;
-    /// To the disk itself, then closed.
-    virtual WriteStatus finish() = 0;
+
+    const std::filesystem::path& path() const { return path_; }
+    /// Locks the file for as long as this object lives. False while another has it, be it in this process, under
+    /// another Wine prefix or on another machine.
+    virtual bool lock() = 0;
+    /// Whether the file has a name still: nobody has removed it.
+    virtual bool is_named() const = 0;
+    virtual std::uint64_t size(std::error_code& error) const = 0;
+    virtual std::error_code write(std::string_view bytes) = 0;
+    /// At most `count` bytes from `offset` on.
+    virtual std::string read(std::uint64_t offset, size_t count, std::error_code& error) = 0;
+    /// Where the next write begins.
+    virtual std::error_code seek(std::uint64_t offset) = 0;
+    virtual std::error_code resize(std::uint64_t size) = 0;
+    /// To the disk itself.
+    virtual std::error_code flush() = 0;
+    /// Gives this new file the mode, owner and group of the target, or what the umask asks when there is no target.
+    virtual Takeover take_over_from(const std::filesystem::path& target) = 0;
+    /// Atomically puts this file, still open and locked, in the place of `target`.
+    virtual std::error_code rename(const std::filesystem::path& target) = 0;
+    /// Removes the file, which is still open and locked.
+    virtual void remove() = 0;
+
+  protected:
+    std::filesystem::path path_;
 };
 
 /// The file that a path names after all links; the path itself when there is no such file.
 std::filesystem::path resolve_links(const std::filesystem::path& path);
-/// Whether the file is there and may not be written, or is no file at all; the reason goes to `status`.
-bool refuses_writing(const std::filesystem::path& path, WriteStatus& status);
-/// Gives `to` the permissions of `from`, as far as the system lets us.
-void copy_permissions(const std::filesystem::path& from, const std::filesystem::path& to);
-/// Atomically puts `from` in the place of `to`.
-WriteStatus move_over(const std::filesystem::path& from, const std::filesystem::path& to);
-/// A number that no other running process uses.
-unsigned long process_number();
-bool process_runs(unsigned long number);
+/// Why a path that is there may not be written or is no file; nothing when it is not there, or all is well.
+std::optional<WriteStatus> refusal_of(const std::filesystem::path& path);
+/// The reason in English words.
+WriteStatus failure(std::error_code error);
 
 }  // namespace base

@@ -1,64 +1,26 @@
 #include <windows.h>
 
 #include <algorithm>
-#include <utility>
 #include <vector>
 
 #include "base/code_page.h"
 #include "base/replace_file_system.h"
+#include "base/wine_permissions.h"
 
 namespace base {
 namespace {
 
-WriteStatus failure(DWORD error = GetLastError()) {
-    wchar_t* text = nullptr;
-    const DWORD length = FormatMessageW(
-        FORMAT_MESSAGE_ALLOCATE_BUFFER | FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr, error,
-        MAKELANGID(LANG_ENGLISH, SUBLANG_ENGLISH_US), reinterpret_cast<LPWSTR>(&text), 0, nullptr);
-    const std::unique_ptr<wchar_t, decltype(&LocalFree)> owner(text, LocalFree);
-    std::wstring reason(text == nullptr ? L"" : text, length);
-    while (!reason.empty() && (reason.back() <= L' ' || reason.back() == L'.')) {
-        reason.pop_back();
-    }
-    return {false, reason.empty() ? "error " + std::to_string(error) : utf8_from_wide(reason)};
+std::error_code error_of(DWORD code) {
+    return {static_cast<int>(code), std::system_category()};
 }
 
-class WindowsFile final : public FileReplacement::File {
-  public:
-    explicit WindowsFile(HANDLE handle) : handle_(handle) {}
-    ~WindowsFile() override { close(); }
+std::error_code last_error() {
+    return error_of(GetLastError());
+}
 
-    WriteStatus write(std::string_view bytes) override {
-        while (!bytes.empty()) {
-            constexpr size_t largest = 1U << 28;
-            DWORD written = 0;
-            if (!WriteFile(handle_, bytes.data(), static_cast<DWORD>(std::min(bytes.size(), largest)), &written,
-                           nullptr)) {
-                return failure();
-            }
-            if (written == 0) {
-                return failure(ERROR_DISK_FULL);
-            }
-            bytes.remove_prefix(written);
-        }
-        return {};
-    }
-
-    WriteStatus finish() override {
-        if (!FlushFileBuffers(handle_)) {
-            return failure();
-        }
-        return close() ? WriteStatus{} : failure();
-    }
-
-  private:
-    bool close() {
-        const HANDLE handle = std::exchange(handle_, INVALID_HANDLE_VALUE);
-        return handle == INVALID_HANDLE_VALUE || CloseHandle(handle);
-    }
-
-    HANDLE handle_;
-};
+std::error_code error_unless(BOOL succeeded) {
+    return succeeded ? std::error_code() : last_error();
+}
 
 std::vector<char> access_list(const std::filesystem::path& path) {
     DWORD needed = 0;
@@ -70,20 +32,131 @@ std::vector<char> access_list(const std::filesystem::path& path) {
     return list;
 }
 
+/// Tries again for a while what another program keeps from us that has the file open only just now.
+template <class Action>
+std::error_code patiently(const Action& action) {
+    constexpr DWORD pause_milliseconds = 20;
+    constexpr int tries = 25;
+    std::error_code error = error_unless(action());
+    for (int i = 1; i < tries && error == std::errc::permission_denied; ++i) {
+        Sleep(pause_milliseconds);
+        error = error_unless(action());
+    }
+    return error;
+}
+
+class WindowsFile final : public FileReplacement::File {
+  public:
+    WindowsFile(const std::filesystem::path& path, HANDLE handle) : File(path), handle_(handle) {}
+    ~WindowsFile() override { CloseHandle(handle_); }
+
+    bool lock() override {
+        OVERLAPPED place{};
+        place.Offset = static_cast<DWORD>(lock_offset);
+        place.OffsetHigh = static_cast<DWORD>(lock_offset >> 32);
+        return LockFileEx(handle_, LOCKFILE_EXCLUSIVE_LOCK | LOCKFILE_FAIL_IMMEDIATELY, 0, 1, 0, &place) != 0;
+    }
+
+    bool is_named() const override {
+        FILE_STANDARD_INFO info{};
+        return GetFileInformationByHandleEx(handle_, FileStandardInfo, &info, sizeof info) != 0 &&
+               info.NumberOfLinks > 0 && info.DeletePending == 0;
+    }
+
+    std::uint64_t size(std::error_code& error) const override {
+        LARGE_INTEGER size{};
+        error = error_unless(GetFileSizeEx(handle_, &size));
+        return static_cast<std::uint64_t>(size.QuadPart);
+    }
+
+    std::error_code write(std::string_view bytes) override {
+        while (!bytes.empty()) {
+            constexpr size_t largest = 1U << 28;
+            DWORD written = 0;
+            if (!WriteFile(handle_, bytes.data(), static_cast<DWORD>(std::min(bytes.size(), largest)), &written,
+                           nullptr)) {
+                return last_error();
+            }
+            if (written == 0) {
+                return error_of(ERROR_DISK_FULL);
+            }
+            bytes.remove_prefix(written);
+        }
+        return {};
+    }
+
+    std::string read(std::uint64_t offset, size_t count, std::error_code& error) override {
+        std::string bytes(count, '\0');
+        DWORD taken = 0;
+        error = seek(offset);
+        if (!error) {
+            error = error_unless(ReadFile(handle_, bytes.data(), static_cast<DWORD>(count), &taken, nullptr));
+        }
+        bytes.resize(taken);
+        return bytes;
+    }
+
+    std::error_code seek(std::uint64_t offset) override {
+        LARGE_INTEGER place{};
+        place.QuadPart = static_cast<LONGLONG>(offset);
+        return error_unless(SetFilePointerEx(handle_, place, nullptr, FILE_BEGIN));
+    }
+
+    std::error_code resize(std::uint64_t size) override {
+        const std::error_code error = seek(size);
+        return error ? error : error_unless(SetEndOfFile(handle_));
+    }
+
+    std::error_code flush() override { return error_unless(FlushFileBuffers(handle_)); }
+
+    Takeover take_over_from(const std::filesystem::path& target) override {
+        if (const auto taken = take_over_under_wine(target, path_)) {
+            return *taken;
+        }
+        auto wanted = access_list(target);
+        const bool has_it = wanted.empty() || wanted == access_list(path_) ||
+                            SetFileSecurityW(path_.c_str(), DACL_SECURITY_INFORMATION, wanted.data()) != 0;
+        return has_it ? Takeover::whole : Takeover::incomplete;
+    }
+
+    std::error_code rename(const std::filesystem::path& target) override {
+        return patiently([&] {
+            return MoveFileExW(path_.c_str(), target.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH);
+        });
+    }
+
+    void remove() override { DeleteFileW(path_.c_str()); }
+
+  private:
+    HANDLE handle_;
+};
+
+std::unique_ptr<FileReplacement::File> open_file(const std::filesystem::path& path, DWORD shared, DWORD disposition,
+                                                 std::error_code& error) {
+    const HANDLE handle = CreateFileW(path.c_str(), GENERIC_READ | GENERIC_WRITE, shared, nullptr, disposition,
+                                      FILE_ATTRIBUTE_NORMAL, nullptr);
+    error = error_unless(handle != INVALID_HANDLE_VALUE);
+    return error ? nullptr : std::make_unique<WindowsFile>(path, handle);
+}
+
 }  // namespace
 
 std::unique_ptr<FileReplacement::File> FileReplacement::File::create(const std::filesystem::path& path,
-                                                                     WriteStatus& status) {
-    const HANDLE handle =
-        CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr);
-    if (handle == INVALID_HANDLE_VALUE) {
-        status = failure();
-        return nullptr;
-    }
-    return std::make_unique<WindowsFile>(handle);
+                                                                     std::error_code& error) {
+    // It is renamed and deleted by name while it is open.
+    return open_file(path, FILE_SHARE_DELETE, CREATE_NEW, error);
+}
+
+std::unique_ptr<FileReplacement::File> FileReplacement::File::open(const std::filesystem::path& path,
+                                                                   std::error_code& error) {
+    return open_file(path, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, OPEN_EXISTING, error);
 }
 
 std::filesystem::path resolve_links(const std::filesystem::path& path) {
+    // What is no file (a named pipe) has no attributes under Wine, and must not be opened.
+    if (GetFileAttributesW(path.c_str()) == INVALID_FILE_ATTRIBUTES) {
+        return path;
+    }
     const HANDLE handle =
         CreateFileW(path.c_str(), FILE_READ_ATTRIBUTES, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
                     OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
@@ -100,39 +173,37 @@ std::filesystem::path resolve_links(const std::filesystem::path& path) {
     return resolved;
 }
 
-bool refuses_writing(const std::filesystem::path& path, WriteStatus& status) {
+std::optional<WriteStatus> refusal_of(const std::filesystem::path& path) {
     const DWORD attributes = GetFileAttributesW(path.c_str());
     if (attributes == INVALID_FILE_ATTRIBUTES) {
-        return false;
+        return GetLastError() == ERROR_INVALID_PARAMETER ? std::optional(WriteStatus{false, "It is not a regular file"})
+                                                         : std::nullopt;
     }
     if ((attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) {
-        status = {false, "It is a folder"};
-    } else if ((attributes & FILE_ATTRIBUTE_READONLY) != 0) {
-        status = failure(ERROR_ACCESS_DENIED);
+        return WriteStatus{false, "It is a folder"};
     }
-    return !status.ok;
+    std::error_code error;
+    const auto file = FileReplacement::File::open(path, error);
+    const bool denied = !file && error == error_of(ERROR_ACCESS_DENIED);
+    return denied || (attributes & FILE_ATTRIBUTE_READONLY) != 0 ? std::optional(failure(error_of(ERROR_ACCESS_DENIED)))
+                                                                 : std::nullopt;
 }
 
-void copy_permissions(const std::filesystem::path& from, const std::filesystem::path& to) {
-    auto wanted = access_list(from);
-    if (!wanted.empty() && wanted != access_list(to)) {
-        SetFileSecurityW(to.c_str(), DACL_SECURITY_INFORMATION, wanted.data());
+WriteStatus failure(std::error_code error) {
+    if (error.category() != std::system_category()) {
+        return {false, error.message()};
     }
-}
-
-WriteStatus move_over(const std::filesystem::path& from, const std::filesystem::path& to) {
-    const bool moved = MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH);
-    return moved ? WriteStatus{} : failure();
-}
-
-unsigned long process_number() {
-    return GetCurrentProcessId();
-}
-
-bool process_runs(unsigned long number) {
-    const std::unique_ptr<void, decltype(&CloseHandle)> process(OpenProcess(SYNCHRONIZE, FALSE, number), CloseHandle);
-    return process == nullptr ? GetLastError() != ERROR_INVALID_PARAMETER
-                              : WaitForSingleObject(process.get(), 0) == WAIT_TIMEOUT;
+    wchar_t* text = nullptr;
+    const DWORD length =
+        FormatMessageW(FORMAT_MESSAGE_ALLOCATE_BUFFER | FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS,
+                       nullptr, static_cast<DWORD>(error.value()), MAKELANGID(LANG_ENGLISH, SUBLANG_ENGLISH_US),
+                       reinterpret_cast<LPWSTR>(&text), 0, nullptr);
+    const std::unique_ptr<wchar_t, decltype(&LocalFree)> owner(text, LocalFree);
+    std::wstring reason(text == nullptr ? L"" : text, length);
+    while (!reason.empty() && (reason.back() <= L' ' || reason.back() == L'.')) {
+        reason.pop_back();
+    }
+    return {false, reason.empty() ? "error " + std::to_string(error.value()) : utf8_from_wide(reason)};
 }
 
 }  // namespace base

@@ -1,10 +1,18 @@
 #include <gtest/gtest.h>
 
+#include <array>
 #include <fstream>
 #include <iterator>
 #include <vector>
 
 #include "base/replace_file.h"
+
+#ifndef _WIN32
+#include <grp.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+#endif
 
 namespace fs = std::filesystem;
 
@@ -55,23 +63,25 @@ TEST_F(ReplaceFile, PutsTheNewContentsInPlaceOnlyAtCommit) {
     EXPECT_EQ(names(), std::vector<std::string>{"list.prc"}) << "nothing may be left beside the file";
 }
 
-TEST_F(ReplaceFile, RemovesWhatAKilledProcessLeftBehind) {
+TEST_F(ReplaceFile, RemovesWhatAKilledWriterLeftBehind) {
     const auto target = folder_ / "list.prc";
-    const std::vector<std::string> others = {"list.prc.1-.tmp",           "list.prc.tmp",
-                                             "list.prc.999999999-1.tmp2", "list.prc2.999999999-1.tmp",
-                                             "list.prc.999999999",        "my list.prc.999999999-1.tmp"};
+    const std::vector<std::string> others = {"list.prc.0123456789abcde.tmp",   "list.prc.tmp",
+                                             "list.prc.0123456789abcdeg.tmp",  "list.prc.0123456789abcdef.tmp2",
+                                             "list.prc2.0123456789abcdef.tmp", "my list.prc.0123456789abcdef.tmp",
+                                             "list.prc.0123456789abcdef",      "list.prc.32-1.tmp"};
     for (const std::string& name : others) {
         put(folder_ / name, "somebody else's");
     }
-    put(folder_ / "list.prc.999999999-1.tmp", "half");
-    put(folder_ / "list.prc.999999999-22.tmp", "");
-    base::FileReplacement running(target);  // another replacement of this process keeps its file
+    put(folder_ / "list.prc.0123456789abcdef.tmp", "half");
+    put(folder_ / "list.prc.fedcba9876543210.tmp", "");
+    base::FileReplacement running(target);  // another writer keeps its file, since it has it locked
     EXPECT_TRUE(base::replace_file(target, "new"));
     EXPECT_EQ(names().size(), others.size() + 2);
-    EXPECT_FALSE(fs::exists(folder_ / "list.prc.999999999-1.tmp"));
+    EXPECT_FALSE(fs::exists(folder_ / "list.prc.0123456789abcdef.tmp"));
     EXPECT_TRUE(running.write("newer"));
     EXPECT_TRUE(running.commit());
     EXPECT_EQ(bytes_of(target), "newer");
+    EXPECT_EQ(names().size(), others.size() + 1);
 }
 
 TEST_F(ReplaceFile, SaysWhyItCannotWrite) {
@@ -114,15 +124,74 @@ TEST_F(ReplaceFile, WritesIntoAFileThatAReaderHasOpen) {
     EXPECT_EQ(names(), std::vector<std::string>{"list.prc"});
 }
 #else
-TEST_F(ReplaceFile, FollowsLinksAndKeepsPermissions) {
+TEST_F(ReplaceFile, FollowsLinksAndRefusesWhatIsNoFile) {
     put(folder_ / "real", "old");
-    fs::permissions(folder_ / "real", fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read);
     fs::create_symlink("real", folder_ / "link");
     EXPECT_TRUE(base::replace_file(folder_ / "link", "new"));
     EXPECT_TRUE(fs::is_symlink(folder_ / "link"));
     EXPECT_EQ(bytes_of(folder_ / "real"), "new");
-    EXPECT_EQ(fs::status(folder_ / "real").permissions(),
-              fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read);
+    fs::create_symlink("nowhere", folder_ / "broken");
+    EXPECT_EQ(base::replace_file(folder_ / "broken", "new").reason, "It is a link to a file that does not exist");
+    EXPECT_TRUE(fs::is_symlink(folder_ / "broken"));
+    ASSERT_EQ(::mkfifo((folder_ / "pipe").c_str(), 0666), 0);
+    EXPECT_EQ(base::replace_file(folder_ / "pipe", "new").reason, "It is not a regular file");
+    EXPECT_EQ(names().size(), 4U);
+}
+
+/// Who a file belongs to and who may do what with it.
+std::array<unsigned, 3> permissions_of(const fs::path& path) {
+    struct stat info {};
+    EXPECT_EQ(::stat(path.c_str(), &info), 0);
+    return {info.st_uid, info.st_gid, info.st_mode & 07777};
+}
+
+/// Saves as another user, in a process of its own.
+bool replaced_by(uid_t user, gid_t group, const fs::path& target) {
+    const pid_t child = ::fork();
+    if (child == 0) {
+        const bool changed = ::setgroups(0, nullptr) == 0 && ::setgid(group) == 0 && ::setuid(user) == 0;
+        ::_exit(changed && base::replace_file(target, "new").ok ? 0 : 1);
+    }
+    int status = 0;
+    return ::waitpid(child, &status, 0) == child && status == 0;
+}
+
+TEST_F(ReplaceFile, KeepsModeOwnerAndGroup) {
+    const auto target = folder_ / "list.prc";
+    for (const mode_t mode : {0600U, 0640U, 0644U, 0664U}) {
+        put(target, "old");
+        ASSERT_EQ(::chmod(target.c_str(), mode), 0);
+        const auto before = permissions_of(target);
+        EXPECT_TRUE(base::replace_file(target, "new"));
+        EXPECT_EQ(permissions_of(target), before);
+    }
+    const mode_t umask_before = ::umask(027);
+    EXPECT_TRUE(base::replace_file(folder_ / "made.prc", "new"));
+    ::umask(umask_before);
+    EXPECT_EQ(permissions_of(folder_ / "made.prc")[2], 0640U);
+    if (::geteuid() != 0) {
+        return;
+    }
+    constexpr uid_t owner = 12345;
+    constexpr gid_t group = 54321;
+    ASSERT_EQ(::chmod(folder_.c_str(), 0777), 0);
+    const struct {
+        const char* who;
+        uid_t user;
+        mode_t mode;
+        bool saves;
+    } cases[] = {{"root", 0, 0600, true},
+                 {"the owner", owner, 0640, true},
+                 {"a member of the group", 777, 0660, true},
+                 {"a reader", 777, 0640, false}};
+    for (const auto& c : cases) {
+        put(target, "older");
+        ASSERT_TRUE(::chown(target.c_str(), owner, group) == 0 && ::chmod(target.c_str(), c.mode) == 0);
+        EXPECT_EQ(replaced_by(c.user, group, target), c.saves) << c.who;
+        EXPECT_EQ(bytes_of(target), c.saves ? "new" : "older") << c.who;
+        EXPECT_EQ(permissions_of(target), (std::array<unsigned, 3>{owner, group, c.mode})) << c.who;
+        EXPECT_EQ(names().size(), 2U) << c.who;
+    }
 }
 #endif
 
