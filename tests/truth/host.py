@@ -3,6 +3,7 @@
 import os
 import pathlib
 import shutil
+import signal
 import subprocess
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
@@ -12,14 +13,23 @@ def windows_path(path):
     return "Z:" + str(pathlib.Path(path).resolve()).replace("/", "\\")
 
 
-class Host:
-    """One run. The modules are copied into `folder`, since the report module keeps its settings beside itself."""
+def fresh_session(prefix, *runner):
+    """What runs a command in a session of its own, with a Wine prefix of its own, by way of `runner`."""
+    return ["env", "-u", "CORVANES_SESSION", f"CORVANES_PREFIX={prefix}", *runner, ROOT / "tools" / "session"]
 
-    def __init__(self, program, modules, folder, lines, drawing=None, before_start=None):
+
+class Host:
+    """One run. The modules are copied into `folder`, since the report module keeps its settings beside itself. `session`
+    is the command to run it by, the test's own session when there is none."""
+
+    def __init__(self, program, modules, folder, lines, drawing=None, before_start=None, session=()):
         self.folder = pathlib.Path(folder)
+        self.number = self.folder / "process" if session else None
         script, self.said = self.folder / "test.scr", self.folder / "said"
         script.write_text("\n".join(lines + ["QUIT"]) + "\n", encoding="utf-8")
         command = [ROOT / "tools" / "wine", program] + ([windows_path(drawing)] if drawing else [])
+        if session:  # the shell tells its number, which becomes the host's
+            command = [*session, "sh", "-c", 'echo $$ >"$0"; exec "$@"', self.number, *command]
         for module in modules:
             own = self.folder / pathlib.Path(module).name
             if not own.exists():
@@ -43,7 +53,11 @@ class Host:
         self.process.stdin.flush()
 
     def kill(self):
-        self.process.kill()
+        """Kills the host, not the session around it, and waits for the end of both."""
+        if self.number:
+            os.kill(int(self.number.read_text(encoding="ascii")), signal.SIGKILL)
+        else:
+            self.process.kill()
         self.process.communicate()
 
     def finish(self):
