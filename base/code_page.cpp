@@ -1,6 +1,8 @@
 #include "base/code_page.h"
 
 #include <array>
+#include <cstdint>
+#include <cstring>
 #include <map>
 #include <memory>
 #include <mutex>
@@ -133,6 +135,34 @@ Sequence next_sequence(std::string_view bytes) {
     return code < least[length] || code > 0x10FFFF || surrogate ? Sequence{} : Sequence{length, code};
 }
 
+/// The code point at `i` of UTF-16 or UTF-32 text, which `i` is moved past; U+FFFD for what is none.
+char32_t next_code(std::wstring_view text, size_t& i) {
+    const auto code = static_cast<char32_t>(text[i++]);
+    const bool high = code >= 0xD800 && code <= 0xDBFF;
+    const char32_t next = i < text.size() ? static_cast<char32_t>(text[i]) : 0;
+    if (high && next >= 0xDC00 && next <= 0xDFFF) {
+        ++i;
+        return 0x10000 + ((code - 0xD800) << 10) + (next - 0xDC00);
+    }
+    return (code >= 0xD800 && code <= 0xDFFF) || code > 0x10FFFF ? replacement : code;
+}
+
+/// How many bytes at the front are ASCII; eight at a time, since most texts are throughout.
+size_t ascii_prefix(std::string_view bytes) {
+    constexpr std::uint64_t high_bits = 0x8080808080808080U;
+    size_t i = 0;
+    for (std::uint64_t eight = 0; i + sizeof eight <= bytes.size(); i += sizeof eight) {
+        std::memcpy(&eight, bytes.data() + i, sizeof eight);
+        if ((eight & high_bits) != 0) {
+            break;
+        }
+    }
+    while (i < bytes.size() && static_cast<unsigned char>(bytes[i]) < 0x80) {
+        ++i;
+    }
+    return i;
+}
+
 }  // namespace
 
 bool code_page_known(unsigned code_page) {
@@ -194,23 +224,61 @@ std::wstring wide_from_utf8(std::string_view bytes) {
 std::string utf8_from_wide(std::wstring_view text) {
     std::string bytes;
     bytes.reserve(text.size());
-    for (size_t i = 0; i < text.size(); ++i) {
-        char32_t code = static_cast<char32_t>(text[i]);
-        const bool high = code >= 0xD800 && code <= 0xDBFF;
-        const char32_t next = i + 1 < text.size() ? static_cast<char32_t>(text[i + 1]) : 0;
-        if (high && next >= 0xDC00 && next <= 0xDFFF) {
-            code = 0x10000 + ((code - 0xD800) << 10) + (next - 0xDC00);
-            ++i;
-        } else if ((code >= 0xD800 && code <= 0xDFFF) || code > 0x10FFFF) {
-            code = replacement;
-        }
-        append_utf8(bytes, code);
+    for (size_t i = 0; i < text.size();) {
+        append_utf8(bytes, next_code(text, i));
     }
     return bytes;
 }
 
+std::wstring wide_from_utf16(std::string_view bytes, ByteOrder order) {
+    const auto unit_at = [&](size_t i) {
+        const auto byte = [&](size_t k) { return static_cast<unsigned>(static_cast<unsigned char>(bytes[i + k])); };
+        return static_cast<wchar_t>(order == ByteOrder::little_endian ? byte(0) | byte(1) << 8
+                                                                      : byte(1) | byte(0) << 8);
+    };
+    std::wstring units;
+    units.reserve(bytes.size() / 2);
+    for (size_t i = 0; i + 1 < bytes.size(); i += 2) {
+        units.push_back(unit_at(i));
+    }
+    std::wstring text;
+    text.reserve(units.size());
+    for (size_t i = 0; i < units.size();) {
+        append_wide(text, next_code(units, i));
+    }
+    if (bytes.size() % 2 != 0) {
+        text.push_back(replacement);
+    }
+    return text;
+}
+
+std::string utf16_from_wide(std::wstring_view text, ByteOrder order) {
+    std::string bytes;
+    bytes.reserve(text.size() * 2);
+    const auto put = [&](char32_t unit) {
+        const auto low = static_cast<char>(unit & 0xFF);
+        const auto high = static_cast<char>(unit >> 8);
+        bytes.push_back(order == ByteOrder::little_endian ? low : high);
+        bytes.push_back(order == ByteOrder::little_endian ? high : low);
+    };
+    for (size_t i = 0; i < text.size();) {
+        const char32_t code = next_code(text, i);
+        if (code >= 0x10000) {
+            put(0xD800 + ((code - 0x10000) >> 10));
+            put(0xDC00 + ((code - 0x10000) & 0x3FF));
+        } else {
+            put(code);
+        }
+    }
+    return bytes;
+}
+
+bool is_ascii(std::string_view bytes) {
+    return ascii_prefix(bytes) == bytes.size();
+}
+
 bool valid_utf8(std::string_view bytes) {
-    while (!bytes.empty()) {
+    for (bytes.remove_prefix(ascii_prefix(bytes)); !bytes.empty(); bytes.remove_prefix(ascii_prefix(bytes))) {
         const Sequence sequence = next_sequence(bytes);
         if (sequence.length == 0) {
             return false;

@@ -28,5 +28,13 @@ std::wstring wide_from_utf8(std::string_view bytes);
 /// Unpaired surrogates become U+FFFD.
 std::string utf8_from_wide(std::wstring_view text);
 bool valid_utf8(std::string_view bytes);
+bool is_ascii(std::string_view bytes);
+
+enum class ByteOrder { little_endian, big_endian };
+
+/// UTF-16 without a mark. Surrogates without their partners become U+FFFD both ways, and so does half a unit at the
+/// end.
+std::wstring wide_from_utf16(std::string_view bytes, ByteOrder order);
+std::string utf16_from_wide(std::wstring_view text, ByteOrder order);
 
 }  // namespace base

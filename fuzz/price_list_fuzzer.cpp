@@ -33,9 +33,11 @@ Fields fields_of(std::wstring_view text, std::wstring& written, corvanes::PriceL
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
-    const std::wstring text = corvanes::text_from_file_bytes(fuzz::bytes_of(data, size));
+    const auto [text, encoding] = corvanes::decoded_text(fuzz::bytes_of(data, size));
     require(corvanes::text_from_file_bytes(corvanes::file_bytes_from_text(text)) == text,
             "a text file reads as it was written");
+    require(corvanes::text_from_file_bytes(corvanes::file_bytes_from_text(text, encoding)) == text,
+            "a text file reads as it was written in its own encoding");
 
     std::wstring written;
     corvanes::PriceListCounts counts;

@@ -6,21 +6,25 @@
 #include <string>
 #include <vector>
 
+#include "bidi/text_conversion.h"
 #include "pricelist/price_list_lines.h"
 
 namespace corvanes {
 
 /// Calls back once per accepted line, in file order. Only the mode "r" exists. Returns 1, or 0 after an alert when the
-/// file cannot be opened; nothing was handed on then. `opened` is called before the first entry.
-int LoadPriceList(const wchar_t* path, const wchar_t* mode, const std::function<void()>& opened,
+/// file cannot be opened or is of another kind; nothing was handed on then. `opened` is called before the first entry,
+/// with the encoding in which the list is to be saved again.
+int LoadPriceList(const wchar_t* path, const wchar_t* mode, const std::function<void(TextEncoding)>& opened,
                   const std::function<void(const PriceListEntry&)>& handler);
 
-/// The whole text of a price list, for read_entries; nothing after an alert when the file cannot be opened.
+/// The whole text of a price list, for read_entries; nothing after an alert when the file cannot be opened or is of
+/// another kind.
 std::optional<std::wstring> read_price_list(const wchar_t* path);
 
 /// Replaces the file by one line per row; rows whose texts are all empty are left out. Returns 1, or 0 after an alert
 /// when the file cannot be written; what was there before is there still.
-int SavePriceList(const wchar_t* path, const std::vector<PriceListEntry>& rows);
+int SavePriceList(const wchar_t* path, const std::vector<PriceListEntry>& rows,
+                  TextEncoding encoding = TextEncoding::system_code_page);
 
 /// Shows that a file cannot be opened, in the words that every reader and writer of the module uses.
 void alert_cannot_open(const wchar_t* path);

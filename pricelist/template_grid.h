@@ -6,6 +6,7 @@
 #include <string>
 #include <utility>
 
+#include "bidi/text_conversion.h"
 #include "grid/grid_control.h"
 #include "pricelist/block_names.h"
 #include "pricelist/price_list_lines.h"
@@ -93,6 +94,7 @@ class MyCug : public CUGCtrl {
     bool sorting_allowed_ = true;
     bool name_column_locked_ = false;
     bool modified_ = false;
+    corvanes::TextEncoding encoding_{};  ///< of the list that was read; it is saved in the same
     CUGMaskedEdit editor_;
     COLORREF background_ = 0;
     CUGSortArrowType sort_arrow_;

@@ -44,6 +44,7 @@ std::wstring MyCug::text(int column, long row) {
 
 void MyCug::ClearAll() {
     modified_ = false;
+    encoding_ = {};
     dialog().enable_save(false);
     clear_status();
     SetRowCount(0, TRUE);
@@ -109,12 +110,16 @@ int MyCug::SaveToFile(const wchar_t* path) {
     for (size_t row = 0; row < rows.size(); ++row) {
         rows[row] = entry(static_cast<long>(row));
     }
-    return SavePriceList(path, rows);
+    return SavePriceList(path, rows, encoding_);
 }
 
 int MyCug::LoadFromFile(const wchar_t* path) {
     return LoadPriceList(
-        path, L"r", [this] { ClearAll(); },
+        path, L"r",
+        [this](TextEncoding encoding) {
+            ClearAll();
+            encoding_ = encoding;
+        },
         [this](const PriceListEntry& entry) {
             AddRowWithData(std::wstring(entry.name).c_str(), std::wstring(entry.price).c_str(),
                            std::wstring(entry.description).c_str());

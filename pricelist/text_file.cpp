@@ -2,7 +2,6 @@
 
 #include "base/file_contents.h"
 #include "base/replace_file.h"
-#include "bidi/text_conversion.h"
 
 namespace corvanes {
 
@@ -12,8 +11,8 @@ std::optional<std::wstring> read_text_file(const std::filesystem::path& path) {
     return contents ? std::optional(text_from_file_bytes(contents->bytes())) : std::nullopt;
 }
 
-bool write_text_file(const std::filesystem::path& path, std::wstring_view text) {
-    return base::replace_file(path, file_bytes_from_text(text)).ok;
+bool write_text_file(const std::filesystem::path& path, std::wstring_view text, TextEncoding encoding) {
+    return base::replace_file(path, file_bytes_from_text(text, encoding)).ok;
 }
 
 }  // namespace corvanes

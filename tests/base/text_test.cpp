@@ -59,6 +59,24 @@ TEST(Utf8, RoundTripsAndRefusesMalformedSequences) {
         EXPECT_EQ(base::wide_from_utf8(bad).front(), L'\xfffd');
     }
     EXPECT_EQ(base::utf8_from_wide(std::wstring(1, static_cast<wchar_t>(0xD800))), "\xef\xbf\xbd");
+    // Bytes are looked at eight at a time.
+    for (size_t place = 0; place < 20; ++place) {
+        std::string bytes(20, 'a');
+        EXPECT_TRUE(base::is_ascii(bytes));
+        bytes[place] = '\x80';
+        EXPECT_FALSE(base::is_ascii(bytes) || base::valid_utf8(bytes)) << place;
+    }
+}
+
+TEST(Utf16, RoundTripsInBothOrders) {
+    const std::wstring text = base::wide_from_utf8("A\xd7\x90\xf0\x9f\x9a\xaa");
+    const std::string little("A\0\xd0\x05\x3d\xd8\xaa\xde", 8);
+    const std::string big("\0A\x05\xd0\xd8\x3d\xde\xaa", 8);
+    EXPECT_EQ(base::utf16_from_wide(text, base::ByteOrder::little_endian), little);
+    EXPECT_EQ(base::utf16_from_wide(text, base::ByteOrder::big_endian), big);
+    EXPECT_EQ(base::wide_from_utf16(little, base::ByteOrder::little_endian), text);
+    EXPECT_EQ(base::wide_from_utf16(big, base::ByteOrder::big_endian), text);
+    EXPECT_EQ(base::wide_from_utf16(big.substr(0, 7), base::ByteOrder::big_endian), L"A\u05d0\ufffd\ufffd");
 }
 
 }  // namespace

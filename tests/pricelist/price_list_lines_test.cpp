@@ -5,6 +5,9 @@
 #include <string>
 #include <vector>
 
+#include "bidi/text_conversion.h"
+#include "pricelist/foreign_file.h"
+
 namespace {
 
 using Lines = std::vector<std::wstring>;
@@ -91,6 +94,59 @@ TEST(PriceListLines, KnowsWhatReadingWouldLose) {
                     << testing::PrintToString(line);
             }
         }
+    }
+}
+
+TEST(PriceListEncoding, IsToldFromTheBytesAndKept) {
+    using corvanes::TextEncoding;
+    const std::string hebrew = "\xd7\x93\xd7\x9c\xd7\xaa|1|x\r\n";
+    const struct {
+        std::string bytes;
+        TextEncoding encoding;
+        std::wstring text;
+    } cases[] = {
+        {"Door|1|x\r\n", TextEncoding::system_code_page, L"Door|1|x\r\n"},
+        {"\xe3\xec\xfa|1|x\r\n", TextEncoding::system_code_page, L"\u05d3\u05dc\u05ea|1|x\r\n"},
+        {hebrew, TextEncoding::utf8, L"\u05d3\u05dc\u05ea|1|x\r\n"},
+        {"\xef\xbb\xbf" + hebrew, TextEncoding::utf8_behind_mark, L"\u05d3\u05dc\u05ea|1|x\r\n"},
+        {std::string("\xff\xfe\xd3\x05|\0\r\0\n\0", 10), TextEncoding::utf16_little_endian, L"\u05d3|\r\n"},
+        {std::string("\xfe\xff\x05\xd3\0|\0\r\0\n", 10), TextEncoding::utf16_big_endian, L"\u05d3|\r\n"},
+        {"\xd7\x93|1|x\r\n\xe0", TextEncoding::system_code_page, L"\u05f3\u201c|1|x\r\n\u05d0"},
+    };
+    for (const auto& c : cases) {
+        const auto decoded = corvanes::decoded_text(c.bytes);
+        EXPECT_EQ(decoded.encoding, c.encoding) << testing::PrintToString(c.bytes);
+        EXPECT_EQ(decoded.text, c.text);
+        EXPECT_EQ(corvanes::file_bytes_from_text(c.text, c.encoding), c.bytes);
+        EXPECT_EQ(corvanes::foreign_kind(c.bytes), L"");
+        // Whatever is typed into the list later: it comes back.
+        for (const std::wstring added : {L"", L"\u05d0", L"\ubb38", L"\u05f3\u201d"}) {
+            const auto bytes = corvanes::file_bytes_from_text(added + c.text, c.encoding);
+            EXPECT_EQ(corvanes::text_from_file_bytes(bytes), added + c.text);
+        }
+    }
+}
+
+TEST(PriceListEncoding, AFileOfAnotherKindIsNamed) {
+    const struct {
+        std::string bytes;
+        std::wstring kind;
+    } cases[] = {
+        {"", L""},
+        {"no list at all", L""},
+        {std::string("A|1|x\0y\r\n", 9) + std::string(4, '\0') + "\n", L""},
+        {"A|1|x\rB|2|y\r\n", L""},
+        {"0|1|x\r\nSECTION|2|y\r\n", L""},
+        {"A|1|x\rB|2|y\r", L"its lines end in carriage returns alone"},
+        {"  0\r\nSECTION\r\n  2\r\n", L"it is a drawing"},
+        {"999\nby hand\n0\nSECTION\n", L"it is a drawing"},
+        {"AutoCAD Binary DXF\r\n\x1a", L"it is a drawing"},
+        {std::string("AC1032\0\0\0\0\0\x01\n\0\0\0\0", 17), L"it is not a text"},
+        {"MZ\x90" + std::string(9, '\0') + "\n", L"it is not a text"},
+        {std::string("A\0|\x001\0|\0x\0y\0z\0\r\0\n\0", 18), L"it is not a text"},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(corvanes::foreign_kind(c.bytes), c.kind) << testing::PrintToString(c.bytes);
     }
 }
 

@@ -11,22 +11,23 @@ NUMBER = re.compile(r"[ \t-\r]*([-+]?)(\d+\.?\d*(?:[eE][-+]?\d+)?|\.\d+(?:[eE][-
 
 
 def list_bytes(random, drawing_names):
-    """A price list for some of the names, in the system's code page or in UTF-8 behind its mark."""
-    marked = random.random() < 0.4
+    """A price list for some of the names, in the system's code page or as an editor of today saves it."""
+    encoding = random.choice(["cp1255", "cp1255", "utf-8", "utf-8", "utf-8-sig", "utf-16-le", "utf-16-be"])
     out = []
     for _ in range(random.choice([0, 3, 10, 10, 30])):
         line = entry(random, drawing_names) if random.random() < 0.85 else broken_line(random)
+        end = random.choice(["\r\n", "\r\n", "\r\n", "\n"])
         try:
-            data = line.encode("utf-8" if marked else "cp1255")
+            data = line.encode("utf-8" if encoding == "utf-8-sig" else encoding)
         except UnicodeEncodeError:
             continue
-        if not marked and random.random() < 0.03:
+        if encoding == "cp1255" and random.random() < 0.03:
             data += b"|\xd9\xff"[:random.randrange(4)]
-        out.append(data + random.choice([b"\r\n", b"\r\n", b"\r\n", b"\n"]))
-    data = b"".join(out)
-    if random.random() < 0.1:
-        data = data.rstrip(b"\r\n") + random.choice([b"", b"\r"])
-    return (b"\xef\xbb\xbf" if marked else b"") + data
+        out.append(data + end.encode(encoding if encoding.startswith("utf-16") else "ascii"))
+    if len(out) > 1 and random.random() < 0.1 and not encoding.startswith("utf-16"):
+        out[-1] = out[-1].rstrip(b"\r\n") + random.choice([b"", b"\r"])
+    marks = {"utf-8-sig": b"\xef\xbb\xbf", "utf-16-le": b"\xff\xfe", "utf-16-be": b"\xfe\xff"}
+    return marks.get(encoding, b"") + b"".join(out)
 
 
 def entry(random, drawing_names):
@@ -48,9 +49,20 @@ def broken_line(random):
 
 def file_text(data):
     """The units of a file's text. A byte that the code page lacks passes through as a unit of its own."""
-    if data.startswith(b"\xef\xbb\xbf"):
-        return names.units(data[3:].decode("utf-8", "replace"))
+    for mark, encoding in ((b"\xef\xbb\xbf", "utf-8"), (b"\xff\xfe", "utf-16-le"), (b"\xfe\xff", "utf-16-be")):
+        if data.startswith(mark):
+            return names.units(data[len(mark):].decode(encoding, "replace"))
+    if is_utf8(data):
+        return names.units(data.decode("utf-8"))
     return "".join(from_byte(byte) for byte in data)
+
+
+def is_utf8(data):
+    """Whether bytes beyond ASCII are UTF-8 throughout."""
+    try:
+        return len(data.decode("utf-8")) < len(data)
+    except UnicodeDecodeError:
+        return False
 
 
 def from_byte(byte):

@@ -62,9 +62,12 @@ def report_bytes(texts, show_prices):
     columns = [column for column in range(5) if show_prices or column not in MONEY]
     text = "".join(" ".join(line[c].rjust(WIDTHS[c]) for c in columns) + "\r\n" for line in lines)
     try:
-        return b"".join(to_byte(unit) for unit in text)
+        data = b"".join(to_byte(unit) for unit in text)
     except UnicodeEncodeError:
-        return b"\xef\xbb\xbf" + names.joined(text).encode("utf-8")
+        data = None
+    if data is None or prices.is_utf8(data):
+        data = b"\xef\xbb\xbf" + names.joined(text).encode("utf-8")
+    return data
 
 
 def to_byte(unit):
