@@ -1,0 +1,85 @@
+"""The drawing host: its scripts, its runs, and what its words mean."""
+
+import os
+import re
+import signal
+import subprocess
+
+from failure import DRAWING, INTERNAL, NOTHING, OUTPUT, PRICES, Failure
+from names import own_paths, windows_path
+from references import why_none
+
+EXTENTS_SCRIPT = ["SETVAR", "EXTMIN", "", "SETVAR", "EXTMAX", "", "QUIT"]
+POINT = re.compile(r"<([-+0-9.e]*),([-+0-9.e]*),.*>:")
+
+
+def table_place(words):
+    """Script lines that place the table: to the right of the drawing's extents, half as wide; at the origin in its own
+    size without them. `words` are the host's answers to the script of the extents."""
+    numbers = [float(number) for pair in POINT.findall(words) for number in pair]
+    if len(numbers) != 4 or numbers[2] <= numbers[0] or numbers[2] - numbers[0] > 1e15:
+        return ["0,0", "return"]
+    width = numbers[2] - numbers[0]
+    corner, top = numbers[2] + width / 20, numbers[3]
+    other = f"{corner + width / 2:.9g},{top:.9g}"
+    return [f"{corner:.9g},{top:.9g}", f"move {other}", f"pick {other}"]
+
+
+def price_script(work, prices, hide_prices, place):
+    return ["QXBOMC", windows_path(prices) if prices else "^C", "ALL", "",
+            f'@tick "Show Price" {"off" if hide_prices else "on"}', f'@picture "{windows_path(work.file("dialog.png"))}"',
+            '@press "Save to file"', windows_path(work.file("report.txt")), '@press "Insert"', *place,
+            "SAVEAS", windows_path(work.file("drawing.dxf")), "PNGOUT", windows_path(work.file("drawing.png")), "QUIT"]
+
+
+class Host:
+    """Runs of the host on one drawing."""
+
+    def __init__(self, root, session, work, drawing):
+        folder = os.path.join(root, "build", "windows", "bin")
+        self.command = [os.path.join(root, "tools", "wine"), os.path.join(folder, "drawinghost.exe"),
+                        windows_path(drawing), "--load", windows_path(os.path.join(folder, "Corvanes.arx"))]
+        self.session, self.work, self.drawing = session, work, drawing
+
+    def run(self, lines, *options):
+        """The exit status, and what the host said on standard error."""
+        script = self.work.file("host.scr")
+        with open(script, "w", encoding="utf-8") as file:
+            file.write("\n".join(lines) + "\n")
+        process = subprocess.Popen([*self.command, "--script", windows_path(script), *options], stdin=subprocess.DEVNULL,
+                                   stdout=subprocess.DEVNULL, stderr=subprocess.PIPE, env=self.session.environment,
+                                   start_new_session=True)
+        try:
+            words = process.communicate()[1].decode("utf-8", "replace").replace("\r", "")
+        finally:
+            if process.poll() is None:  # Ctrl-C: Wine's programs do not hear it
+                os.kill(process.pid, signal.SIGKILL)
+                process.wait()
+        return process.returncode, words
+
+    def price(self, prices, hide_prices):
+        """Makes the results in the work folder."""
+        status, words = self.run(EXTENTS_SCRIPT, "--verbose")
+        if status == 0:
+            lines = price_script(self.work, prices, hide_prices, table_place(words))
+            status, words = self.run(lines)
+        if status != 0:
+            raise self.failure(words, prices)
+
+    def failure(self, words, prices):
+        """What the host's last words mean."""
+        if not self.work.is_there():
+            return Failure(OUTPUT, f"{self.work.out}: the folder is gone")
+        lines = [line for line in words.split("\n") if line]
+        reason = own_paths(lines[-1]) if lines else "the drawing host ended with an error"
+        if "no dialog is open" in reason:
+            return Failure(NOTHING, f"{self.drawing}: {why_none(self.drawing)}")
+        alert = re.search(r'(?:an alert waits for an answer|this line does not drive): "(.*)"$', reason)
+        if alert:
+            reason = alert.group(1)
+        if reason.startswith("drawinghost: "):
+            reason = reason.partition(" ")[2]
+            return Failure(DRAWING if reason.startswith(os.path.realpath(self.drawing)) else INTERNAL, reason)
+        if prices and reason.startswith("File " + os.path.realpath(prices)):
+            return Failure(PRICES, reason)
+        return Failure(OUTPUT if os.path.realpath(self.work.path) in reason else INTERNAL, reason)

@@ -1,0 +1,31 @@
+"""Names of files as the Windows programs see them: the machine's files are under the drive Z:."""
+
+import os
+import re
+
+FORBIDDEN = re.compile(r'[\x00-\x1f"*:<>?\\|]')
+DEVICES = re.compile(r"(con|prn|aux|nul|com[1-9]|lpt[1-9])( *\..*)?", re.IGNORECASE)
+
+
+def objection(path):
+    """Why a Windows program cannot name this file, in words; empty when it can."""
+    for name in os.path.realpath(path).split("/"):
+        found = FORBIDDEN.search(name)
+        if found:
+            return f"Windows forbids {found.group()} in a name"
+        if name[-1:] in (".", " "):
+            return "Windows forbids a dot or blank at the end of a name"
+        if DEVICES.fullmatch(name):
+            return f"{name} names a device of Windows"
+        if not name.isprintable() and any("\ud800" <= c <= "\udfff" for c in name):
+            return "the name is not in UTF-8"
+    return ""
+
+
+def windows_path(path):
+    return "Z:" + os.path.realpath(path).replace("/", "\\")
+
+
+def own_paths(words):
+    """Words of a Windows program, with the machine's own paths."""
+    return words.replace("Z:\\", "/").replace("\\", "/")

@@ -1,0 +1,42 @@
+"""A Windows session (tools/session) for as long as this program needs it."""
+
+import contextlib
+import os
+import subprocess
+
+from failure import INTERNAL, Failure
+
+# The session's command tells its environment and then waits for the end of its input: the end of this program, whatever
+# way it comes, ends the session.
+HOLD = ["sh", "-c", "printenv -0; printf '\\0'; exec >&-; read -r _ || :"]
+
+
+class Session:
+    """The environment of a session; the one around this program when there is one."""
+
+    def __init__(self, root):
+        self.root = root
+        self.process = None
+        self.environment = dict(os.environ)
+
+    def start(self):
+        if os.environ.get("CORVANES_SESSION"):
+            return
+        # A session of processes of its own: Ctrl-C reaches this program only, which then takes all down in order.
+        self.process = subprocess.Popen([os.path.join(self.root, "tools", "session"), *HOLD], stdin=subprocess.PIPE,
+                                        stdout=subprocess.PIPE, stderr=subprocess.PIPE, start_new_session=True)
+        told = b""
+        while not told.endswith(b"\0\0"):
+            more = os.read(self.process.stdout.fileno(), 65536)
+            if not more:
+                said = self.process.stderr.readline().decode("utf-8", "replace").strip()
+                raise Failure(INTERNAL, said or "there is no Windows session")
+            told += more
+        self.environment = dict(os.fsdecode(pair).split("=", 1) for pair in told[:-2].split(b"\0"))
+
+    def end(self):
+        """Ends the session. One that is not made yet, which takes a while, ends by itself as soon as it is."""
+        if self.process:
+            self.process.stdin.close()
+            with contextlib.suppress(subprocess.TimeoutExpired):
+                self.process.wait(timeout=2)

@@ -1,0 +1,138 @@
+"""The hidden folder within the output folder where a run makes its results, and their delivery: all or none.
+
+A run holds a lock on its folder. A folder that nobody has locked is a killed run's: the next run removes it, or, when the
+kill fell into the delivery, completes that first."""
+
+import contextlib
+import fcntl
+import os
+import shutil
+
+from failure import OUTPUT, Failure
+
+PREFIX = ".run."
+READY = "ready"  # what is in this folder within the work folder is complete, and on its way
+
+
+def locked(path):
+    """A descriptor with the folder's lock; None while a run has it, or when it is gone."""
+    try:
+        folder = os.open(path, os.O_RDONLY | os.O_DIRECTORY)
+    except OSError:
+        return None
+    try:
+        fcntl.flock(folder, fcntl.LOCK_EX | fcntl.LOCK_NB)
+        if os.path.samestat(os.fstat(folder), os.stat(path)):
+            return folder
+    except OSError:
+        pass
+    os.close(folder)
+    return None
+
+
+class WorkFolder:
+    def __init__(self, out):
+        self.out = out
+        try:
+            os.makedirs(out, exist_ok=True)
+            self.clear_abandoned()
+            self.lock = None
+            while self.lock is None:  # between its making and its locking another may take it for abandoned
+                self.path = os.path.join(os.path.realpath(out), PREFIX + os.urandom(4).hex())
+                os.mkdir(self.path, 0o700)
+                self.lock = locked(self.path)
+        except OSError as error:
+            raise Failure(OUTPUT, f"{out}: the folder cannot be written ({error.strerror})") from None
+
+    def file(self, name):
+        return os.path.join(self.path, name)
+
+    def is_there(self):
+        return os.path.isdir(self.path)
+
+    def clear_abandoned(self):
+        for name in os.listdir(self.out):
+            path = os.path.join(self.out, name)
+            lock = locked(path) if name.startswith(PREFIX) else None
+            if lock is not None:
+                with contextlib.suppress(OSError):
+                    self.put_in_place(os.path.join(path, READY))
+                shutil.rmtree(path, ignore_errors=True)
+                os.close(lock)
+
+    def put_in_place(self, ready):
+        """Puts what is ready over the targets, while no other run does."""
+        folder = os.open(self.out, os.O_RDONLY | os.O_DIRECTORY)
+        overwritten = []
+        try:
+            fcntl.flock(folder, fcntl.LOCK_EX)
+            pairs = [(os.path.join(ready, name), os.path.realpath(os.path.join(self.out, name)))
+                     for name in sorted(os.listdir(ready))]
+            for staged, target in pairs:  # what can fail comes first
+                if not may_replace(staged, target):
+                    overwritten.append((target, overwrite(target, contents(staged))))
+            for staged, target in pairs:
+                if may_replace(staged, target):
+                    os.rename(staged, target)
+        except OSError:
+            for target, old in overwritten:
+                overwrite(target, old)
+            raise
+        finally:
+            os.close(folder)
+
+    def deliver(self, names):
+        """Puts the results in place, with mode, owner and group of what they replace."""
+        try:
+            staging = self.file("staging")
+            os.mkdir(staging)
+            for name in names:
+                stage(self.file(name), os.path.join(staging, name), os.path.realpath(os.path.join(self.out, name)))
+            os.rename(staging, self.file(READY))  # from here on the delivery is completed, by the next run if need be
+            self.put_in_place(self.file(READY))
+        except OSError as error:
+            where = os.path.join(self.out, os.path.basename(error.filename2 or error.filename or ""))
+            raise Failure(OUTPUT, f"{where}: it cannot be written ({error.strerror})") from None
+
+    def remove(self):
+        shutil.rmtree(self.path, ignore_errors=True)
+        os.close(self.lock)
+
+
+def stage(made, staged, target):
+    """Makes a file ready to be put in the target's place, with the target's permissions, or what the umask asks."""
+    if not os.path.exists(target):
+        mask = os.umask(0)
+        os.umask(mask)
+        os.chmod(made, 0o666 & ~mask)
+    else:
+        old = os.stat(target)
+        with contextlib.suppress(PermissionError):
+            os.chown(made, -1, old.st_gid)
+            os.chown(made, old.st_uid, -1)
+        os.chmod(made, old.st_mode & 0o7777)
+    os.rename(made, staged)
+
+
+def may_replace(staged, target):
+    """Whether a file can take the target's place; it cannot where the target is another's, or on another disk."""
+    new, folder = os.stat(staged), os.stat(os.path.dirname(target))
+    old = os.stat(target) if os.path.exists(target) else new
+    return (old.st_uid, old.st_gid, folder.st_dev) == (new.st_uid, new.st_gid, new.st_dev) and not os.path.ismount(target)
+
+
+def contents(path):
+    with open(path, "rb") as file:
+        return file.read()
+
+
+def overwrite(path, data):
+    """Writes into the file itself, and returns what was there."""
+    with open(path, "r+b") as file:
+        old = file.read()
+        file.seek(0)
+        file.write(data)
+        file.truncate()
+        file.flush()
+        os.fsync(file.fileno())
+    return old
