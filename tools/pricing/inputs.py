@@ -4,7 +4,7 @@ import os
 import stat
 
 from failure import DRAWING, OUTPUT, PRICES, Failure
-from names import objection
+from windows_names import objection
 
 
 def check_input(path, status):

@@ -9,11 +9,11 @@ import sys
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 
 from arguments import HELP, parse  # noqa: E402
+from drawing_host import Host  # noqa: E402
 from failure import DRAWING, INTERNAL, OUTPUT, USAGE, Failure  # noqa: E402
-from host import Host  # noqa: E402
 from inputs import check, check_input, check_name  # noqa: E402
-from names import windows_path  # noqa: E402
 from session import Session  # noqa: E402
+from windows_names import windows_path  # noqa: E402
 from work_folder import WorkFolder  # noqa: E402
 
 ROOT = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__))))

@@ -6,8 +6,8 @@ import signal
 import subprocess
 
 from failure import DRAWING, INTERNAL, NOTHING, OUTPUT, PRICES, Failure
-from names import own_paths, windows_path
 from references import why_none
+from windows_names import own_paths, windows_path
 
 EXTENTS_SCRIPT = ["SETVAR", "EXTMIN", "", "SETVAR", "EXTMAX", "", "QUIT"]
 POINT = re.compile(r"<([-+0-9.e]*),([-+0-9.e]*),.*>:")
