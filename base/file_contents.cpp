@@ -15,6 +15,9 @@ std::string reason_of(std::error_code error) {
     if (error == std::errc::permission_denied) {
         return "permission denied";
     }
+    if (error == std::errc::invalid_argument) {
+        return "is not a regular file";  // Wine says so of a pipe
+    }
     return error.message();
 }
 

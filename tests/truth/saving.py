@@ -31,6 +31,7 @@ class LargeDrawing:
     def __init__(self, bench):
         self.bench = bench
         self.folder = bench.folder / "large"
+        shutil.rmtree(self.folder, ignore_errors=True)
         self.folder.mkdir()
         self.drawing, self.old = self.folder / "big.dxf", self.folder / "old"
         write_large_drawing(self.old)
@@ -95,7 +96,6 @@ def killed_in_fresh_sessions(bench):
     run.succeed()
     assert large.which() == "new 1" and not large.leftovers(), "the save after the kills"
     assert within, "no kill fell into a save"
-    shutil.rmtree(large.folder)
     return times, survived
 
 
@@ -113,7 +113,6 @@ def saved_by_two(bench):
                 run.release()
         ends = [run.finish()[0] for run in runs]
         survived += ends == [0, 0] and large.which() in ("new 1", "new 2") and not large.leftovers()
-    shutil.rmtree(large.folder)
     return times, survived
 
 

@@ -35,20 +35,16 @@ def price_script(work, prices, hide_prices, place):
 class Host:
     """Runs of the host on one drawing."""
 
-    def __init__(self, root, session, work, drawing):
+    def __init__(self, root, session, drawing):
         folder = os.path.join(root, "build", "windows", "bin")
         self.command = [os.path.join(root, "tools", "wine"), os.path.join(folder, "drawinghost.exe"),
                         windows_path(drawing), "--load", windows_path(os.path.join(folder, "Corvanes.arx"))]
-        self.session, self.work, self.drawing = session, work, drawing
+        self.session, self.drawing = session, drawing
 
-    def run(self, lines, *options):
+    def run(self, *options):
         """The exit status, and what the host said on standard error."""
-        script = self.work.file("host.scr")
-        with open(script, "w", encoding="utf-8") as file:
-            file.write("\n".join(lines) + "\n")
-        process = subprocess.Popen([*self.command, "--script", windows_path(script), *options], stdin=subprocess.DEVNULL,
-                                   stdout=subprocess.DEVNULL, stderr=subprocess.PIPE, env=self.session.environment,
-                                   start_new_session=True)
+        process = subprocess.Popen([*self.command, *options], stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
+                                   stderr=subprocess.PIPE, env=self.session.environment, start_new_session=True)
         try:
             words = process.communicate()[1].decode("utf-8", "replace").replace("\r", "")
         finally:
@@ -57,29 +53,50 @@ class Host:
                 process.wait()
         return process.returncode, words
 
-    def price(self, prices, hide_prices):
-        """Makes the results in the work folder."""
-        status, words = self.run(EXTENTS_SCRIPT, "--verbose")
-        if status == 0:
-            lines = price_script(self.work, prices, hide_prices, table_place(words))
-            status, words = self.run(lines)
-        if status != 0:
-            raise self.failure(words, prices)
+    def run_script(self, work, lines, *options):
+        script = work.file("host.scr")
+        with open(script, "w", encoding="utf-8") as file:
+            file.write("\n".join(lines) + "\n")
+        return self.run("--script", windows_path(script), *options)
 
-    def failure(self, words, prices):
-        """What the host's last words mean."""
-        if not self.work.is_there():
-            return Failure(OUTPUT, f"{self.work.out}: the folder is gone")
-        lines = [line for line in words.split("\n") if line]
-        reason = own_paths(lines[-1]) if lines else "the drawing host ended with an error"
-        if "no dialog is open" in reason:
-            return Failure(NOTHING, f"{self.drawing}: {why_none(self.drawing)}")
-        alert = re.search(r'(?:an alert waits for an answer|this line does not drive): "(.*)"$', reason)
-        if alert:
-            reason = alert.group(1)
+    def show(self):
+        """The host's window, until the person closes it."""
+        status, words = self.run()
+        if status != 0:
+            raise self.failure(last_line(words))
+
+    def price(self, work, prices, hide_prices):
+        """Makes the results in the work folder."""
+        status, words = self.run_script(work, EXTENTS_SCRIPT, "--verbose")
+        if status == 0:
+            lines = price_script(work, prices, hide_prices, table_place(words))
+            status, words = self.run_script(work, lines)
+        if status != 0:
+            raise self.pricing_failure(last_line(words), work, prices)
+
+    def failure(self, reason):
+        """What the host's last words mean wherever they were said."""
         if reason.startswith("drawinghost: "):
             reason = reason.partition(" ")[2]
             return Failure(DRAWING if reason.startswith(os.path.realpath(self.drawing)) else INTERNAL, reason)
-        if prices and reason.startswith("File " + os.path.realpath(prices)):
-            return Failure(PRICES, reason)
-        return Failure(OUTPUT if os.path.realpath(self.work.path) in reason else INTERNAL, reason)
+        return Failure(INTERNAL, reason)
+
+    def pricing_failure(self, reason, work, prices):
+        if not work.is_there():
+            return Failure(OUTPUT, f"{work.out}: the folder is gone")
+        if "no dialog is open" in reason:
+            return Failure(NOTHING, f"{self.drawing}: {why_none(self.drawing)}")
+        alert = re.search(r'(?:an alert waits for an answer|this line does not drive): "(File .*)"$', reason)
+        if alert and prices and alert.group(1).startswith("File " + os.path.realpath(prices)):
+            return Failure(PRICES, alert.group(1))
+        what = alert.group(1) if alert else reason.partition(": ")[2]
+        if work.path in what:
+            # The person knows the output folder only, and not the script.
+            return Failure(OUTPUT, what.replace(work.path, work.out))
+        return self.failure(reason)
+
+
+def last_line(words):
+    """The last line that the host said, with the machine's own paths."""
+    lines = [line for line in words.split("\n") if line]
+    return own_paths(lines[-1]) if lines else "the drawing host ended with an error"

@@ -13,7 +13,6 @@ from drawing_host import Host  # noqa: E402
 from failure import DRAWING, INTERNAL, OUTPUT, USAGE, Failure  # noqa: E402
 from inputs import check, check_input, check_name  # noqa: E402
 from session import Session  # noqa: E402
-from windows_names import windows_path  # noqa: E402
 from work_folder import WorkFolder  # noqa: E402
 
 ROOT = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
@@ -44,14 +43,12 @@ def build():
 
 
 def show_desktop(drawing):
-    """Becomes the host with its window."""
-    if not os.environ.get("DISPLAY"):
-        raise Failure(USAGE, "--desktop needs a display")
-    folder = os.path.join(ROOT, "build", "windows", "bin")
-    command = [os.path.join(ROOT, "tools", "session"), "--display", os.path.join(ROOT, "tools", "wine"),
-               os.path.join(folder, "drawinghost.exe"), windows_path(drawing), "--load",
-               windows_path(os.path.join(folder, "Corvanes.arx"))]
-    os.execv(command[0], command)
+    session = Session(ROOT, "--display")
+    try:
+        session.start()
+        Host(ROOT, session, drawing).show()
+    finally:
+        session.end()
 
 
 def price(drawing, prices, out, hide_prices):
@@ -61,7 +58,7 @@ def price(drawing, prices, out, hide_prices):
     session = Session(ROOT)
     try:
         session.start()
-        Host(ROOT, session, work, drawing).price(prices, hide_prices)
+        Host(ROOT, session, drawing).price(work, prices, hide_prices)
         for name in RESULTS:
             if not os.path.isfile(work.file(name)) or os.path.getsize(work.file(name)) == 0:
                 raise Failure(OUTPUT, f"{os.path.join(out, name)} was not written")
@@ -90,6 +87,8 @@ def run(words):
         drawing = os.path.join(ROOT, "samples", "house_plan.dxf")
         prices = None if arguments.desktop else os.path.join(ROOT, "samples", "house_prices.prc")
     if arguments.desktop:
+        if not os.environ.get("DISPLAY"):
+            raise Failure(USAGE, "--desktop needs a display")
         check_input(drawing, DRAWING)
     else:
         check(drawing, prices, arguments.out, RESULTS)
@@ -97,6 +96,7 @@ def run(words):
         build()
     if arguments.desktop:
         show_desktop(drawing)
+        return
     report = price(drawing, prices, arguments.out, arguments.hide_prices)
     sys.stdout.write(shown(report))
     sys.stdout.flush()

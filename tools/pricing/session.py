@@ -14,16 +14,17 @@ HOLD = ["sh", "-c", "printenv -0; printf '\\0'; exec >&-; read -r _ || :"]
 class Session:
     """The environment of a session; the one around this program when there is one."""
 
-    def __init__(self, root):
+    def __init__(self, root, *options):
+        self.options = options
         self.root = root
         self.process = None
         self.environment = dict(os.environ)
 
     def start(self):
-        if os.environ.get("CORVANES_SESSION"):
+        if os.environ.get("CORVANES_SESSION") and not self.options:
             return
         # A session of processes of its own: Ctrl-C reaches this program only, which then takes all down in order.
-        self.process = subprocess.Popen([os.path.join(self.root, "tools", "session"), *HOLD], stdin=subprocess.PIPE,
+        self.process = subprocess.Popen([os.path.join(self.root, "tools", "session"), *self.options, *HOLD], stdin=subprocess.PIPE,
                                         stdout=subprocess.PIPE, stderr=subprocess.PIPE, start_new_session=True)
         told = b""
         while not told.endswith(b"\0\0"):

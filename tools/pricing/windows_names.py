@@ -17,7 +17,7 @@ def objection(path):
             return "Windows forbids a dot or blank at the end of a name"
         if DEVICES.fullmatch(name):
             return f"{name} names a device of Windows"
-        if not name.isprintable() and any("\ud800" <= c <= "\udfff" for c in name):
+        if any("\ud800" <= c <= "\udfff" for c in name):
             return "the name is not in UTF-8"
     return ""
 
