@@ -109,7 +109,8 @@ bool lock_patiently(FileReplacement::File& file) {
 
 }  // namespace
 
-FileReplacement::FileReplacement(const std::filesystem::path& target) : target_(resolve_links(std::filesystem::absolute(target))) {
+FileReplacement::FileReplacement(const std::filesystem::path& target)
+    : target_(resolve_links(std::filesystem::absolute(target))) {
     if (auto refusal = refusal_of(target_)) {
         status_ = std::move(*refusal);
         return;
