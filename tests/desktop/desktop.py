@@ -26,13 +26,21 @@ def xdotool(*words):
 
 
 def wait_until(there, what):
-    """The first true value that `there` gives."""
+    """The first true value that `there` gives. When it does not come, a picture of the display tells what came instead."""
     end = time.monotonic() + PATIENCE
     while time.monotonic() < end:
         if value := there():
             return value
         time.sleep(0.02)
-    raise AssertionError(f"{what}: it never came")
+    handle, picture = tempfile.mkstemp(prefix="never_came_", suffix=".xwd")
+    os.write(handle, dump("-root"))
+    os.close(handle)
+    raise AssertionError(f"{what}: it never came ({picture} shows the display)")
+
+
+def dump(*of):
+    """The picture of a window (-id WINDOW, or -root) in the format of xwd; empty when the window is gone."""
+    return subprocess.run(["xwd", "-silent", *map(str, of)], capture_output=True, check=False).stdout
 
 
 class Picture:
@@ -44,6 +52,11 @@ class Picture:
         data = dump[size + 12 * colours:]
         self.rows = [data[stride * y:stride * y + 4 * self.width] for y in range(self.height)]
 
+    def share(self, colour, y):
+        """How much of a row has a colour, from 0 to 1."""
+        row = self.rows[y]
+        return sum(row[4 * x:4 * x + 3] == colour for x in range(self.width)) / self.width
+
     def part(self, left, top, right, bottom):
         return [row[4 * left:4 * right] for row in self.rows[top:bottom]]
 
@@ -52,6 +65,7 @@ class Desktop:
     """A running host. What it says at its command line is followed through the standard error of --verbose."""
 
     caption_height, frame_width, command_line_height = 23, 4, 118  # of the main window, in pixels
+    caption_row, active_caption = 6, bytes((0xFA, 0x96, 0x32))  # of any window: above its title; blue, green, red
 
     def __init__(self, host, module, drawing, folder):
         xdotool("mousemove", 4000, 4000)  # into the far corner, where no window comes up under the pointer
@@ -95,17 +109,31 @@ class Desktop:
     # Hands.
 
     def face(self, title):
-        """Waits for a window that keys are to go to, and gives it the keyboard's focus, as the manager of windows does
-        that a virtual display has not."""
+        """Waits for a window that keys are to go to. X must send them there, and Wine must hold the window active, which
+        its caption shows; the one can be true without the other. A click on the caption brings both."""
 
         def ready():
             window = xdotool("search", "--onlyvisible", "--name", title)
-            if window and xdotool("getwindowfocus") != window:
+            seen = dump("-id", window) if window else b""
+            if not seen:
+                return None
+            active = Picture(seen).share(self.active_caption, self.caption_row) > 0.5
+            if active and xdotool("getwindowfocus") == window:
+                return window
+            if active:
                 xdotool("windowfocus", window)
-                return False
-            return window
+            else:
+                self.click_caption(window)
+            return None
 
         wait_until(ready, f"the window {title!r}")
+
+    def click_caption(self, window):
+        """The pointer comes back to where it was."""
+        before = dict(re.findall(r"([XY])=(\d+)", xdotool("getmouselocation", "--shell")))
+        shape = dict(re.findall(r"(\w+)=(-?\d+)", xdotool("getwindowgeometry", "--shell", window)))
+        xdotool("mousemove", int(shape["X"]) + int(shape["WIDTH"]) // 2, int(shape["Y"]) + self.caption_row, "click", 1,
+                "mousemove", before["X"], before["Y"])
 
     def key(self, *names, title=" - Drawing Host$"):
         self.face(title)
@@ -150,18 +178,21 @@ class Desktop:
 
     def picture(self):
         """The drawing as the window shows it."""
-        dump = subprocess.run(["xwd", "-silent", "-id", self.window], capture_output=True, check=True).stdout
-        return Picture(dump).part(self.frame_width, self.caption_height, self.width - self.frame_width,
-                                  self.height - self.frame_width - self.command_line_height)
+        return Picture(dump("-id", self.window)).part(
+            self.frame_width, self.caption_height, self.width - self.frame_width,
+            self.height - self.frame_width - self.command_line_height)
 
-    def settled_picture(self):
-        """The drawing, once it has been painted: two looks that agree."""
+    def settled_picture(self, unlike=None):
+        """The drawing at the prompt for commands, without the pointer, once it has been painted: two looks that agree, and
+        show something that is not `unlike`."""
+        self.rest()
+        self.run("")  # all that was done before has been seen to then
         last = None
 
         def settled():
             nonlocal last
             before, last = last, self.picture()
-            return last if last == before else None
+            return last if last == before and len(set(last)) > 1 and last != unlike else None
 
         return wait_until(settled, "a picture that stays")
 

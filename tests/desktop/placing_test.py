@@ -95,7 +95,6 @@ class Placing(DesktopTest):
         self.assertEqual(self.saved_tables()[1], [("KVO0001", corner, (1, 1))])
         # The frame that was never drawn was "erased": it stands there until the next redrawing.
         self.desktop.run("u")
-        self.desktop.rest()
         self.assertNotEqual(self.desktop.settled_picture(), before)
         self.desktop.run("redraw")
         self.desktop.rest()

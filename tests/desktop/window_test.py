@@ -68,12 +68,10 @@ class Window(DesktopTest):
 
     def test_wheel_and_middle_button_come_back_to_the_same_picture(self):
         desktop = self.desktop
-        whole = desktop.settled_picture()
-        desktop.click((300, 200), button=4)
-        desktop.click((300, 200), button=4)
-        desktop.rest()
-        closer = desktop.settled_picture()
-        self.assertNotEqual(closer, whole)
+        closer = whole = desktop.settled_picture()
+        for _ in range(2):
+            desktop.click((300, 200), button=4)
+            closer = desktop.settled_picture(unlike=closer)
         desktop.drag((300, 200), (420, 260), 2)
         desktop.rest()
         wait_until(lambda: desktop.picture() != closer, "the panned drawing")

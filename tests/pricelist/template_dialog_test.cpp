@@ -93,18 +93,18 @@ TEST_F(TemplateDialog, EnablesTheButtonsThatTheStateAllows) {
     EXPECT_EQ(run.read(L"other.prc"), "a|1|x\r\n") << "the new file has the rows that were shown";
 }
 
-/// When the label was greyed or enabled from now on, in milliseconds.
-std::vector<std::pair<long long, bool>> blinks(HWND label, size_t count) {
-    const auto start = std::chrono::steady_clock::now();
-    std::vector<std::pair<long long, bool>> changes;
+/// The ticks of the label's timer at which it was greyed or enabled, from now on until `count` of them or its end.
+std::vector<int> blinks(HWND label, size_t count) {
+    std::vector<int> changes;
+    int ticks = 0;
     bool enabled = ::IsWindowEnabled(label) != 0;
     MSG message;
     while (changes.size() < count && ::GetWindowTextLengthW(label) > 0 && ::GetMessageW(&message, nullptr, 0, 0) > 0) {
+        ticks += message.hwnd == label && message.message == WM_TIMER && message.wParam == 0 ? 1 : 0;
         ::DispatchMessageW(&message);
         if ((::IsWindowEnabled(label) != 0) != enabled) {
             enabled = !enabled;
-            const auto passed = std::chrono::steady_clock::now() - start;
-            changes.emplace_back(std::chrono::duration_cast<std::chrono::milliseconds>(passed).count(), enabled);
+            changes.push_back(ticks);
         }
     }
     return changes;
@@ -117,17 +117,16 @@ TEST_F(TemplateDialog, BlinksUntilTheGridIsClicked) {
     ::SendMessageW(::GetFocus(), EM_SETSEL, 0, -1);
     run.key(VK_BACK);
     run.key(VK_TAB);
+    const auto start = std::chrono::steady_clock::now();
     run.press(IDC_TEMPLATE_SAVE);
     EXPECT_EQ(status(), L"Price is absent");
     EXPECT_TRUE(run.grid().IsSelected(1, 1));
     const HWND label = run.control(IDC_TEMPLATE_STATUS);
-    // Enabled by the first tick of 200 ms, greyed by the second, and so on.
-    const auto changes = blinks(label, 6);
-    ASSERT_EQ(changes.size(), 6u);
-    for (size_t i = 0; i < changes.size(); ++i) {
-        EXPECT_EQ(changes[i].second, i % 2 == 1) << i;
-        EXPECT_NEAR(changes[i].first, 200 * (static_cast<int>(i) + 2), 90) << i;
-    }
+    EXPECT_TRUE(::IsWindowEnabled(label));
+    // Enabled by the first tick of 200 ms, greyed by the second, and so on. No tick comes before its time; how late it
+    // comes is the machine's affair.
+    EXPECT_EQ(blinks(label, 6), (std::vector<int>{2, 3, 4, 5, 6, 7}));
+    EXPECT_GT(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(1350));
     HDC context = ::GetDC(label);
     ::SendMessageW(run.dialog().m_hWnd, WM_CTLCOLORSTATIC, reinterpret_cast<WPARAM>(context),
                    reinterpret_cast<LPARAM>(label));
@@ -141,9 +140,9 @@ TEST_F(TemplateDialog, BlinksUntilTheGridIsClicked) {
     EXPECT_EQ(run.read(L"list.prc"), "a|1|x\r\nb|2|y\r\n");
 
     run.dialog().status().ShowMessage(1000, 200, L"for a second");
-    const auto start = std::chrono::steady_clock::now();
-    EXPECT_EQ(blinks(label, 100).size(), 4u);
-    EXPECT_NEAR(std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count(), 1.0, 0.15);
+    const auto second = std::chrono::steady_clock::now();
+    EXPECT_THAT(blinks(label, 100).size(), testing::AllOf(testing::Ge(1u), testing::Le(4u))) << "ticks may fall out";
+    EXPECT_GT(std::chrono::steady_clock::now() - second, std::chrono::milliseconds(950));
     EXPECT_TRUE(::IsWindowEnabled(label));
 }
 
