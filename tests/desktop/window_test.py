@@ -63,6 +63,12 @@ class Window(DesktopTest):
                 desktop.hear("Specify opposite corner: ")
                 desktop.click(self.pixel(*second))
             self.assertEqual(desktop.hear("\nSelect objects: ").split("\n")[1], found)
+        xdotool("keydown", "Shift_L")
+        desktop.drag(self.pixel(-1, -1), self.pixel(35, 15), 1)
+        self.assertIn("\n1 found, 1 removed, 3 total", desktop.hear("\nSelect objects: "))
+        xdotool("keyup", "Shift_L")
+        desktop.drag(self.pixel(35, 15), self.pixel(-1, -1), 1)
+        self.assertIn("\n2 found (1 duplicate), 4 total", desktop.hear("\nSelect objects: "))
         desktop.key("Escape")
         desktop.hear("\nCommand: ")
 

@@ -124,7 +124,8 @@ inline std::wstring block_name(AcDbObjectId id) {
     return record.openStatus() == Acad::eOk ? name_of(*record) : acadErrorStatusText(record.openStatus());
 }
 
-/// Answers prompts from a list (an empty answer is Return; behind the list, cancel) and keeps what is shown.
+/// Answers prompts from a list (an empty answer is Return, "shift+" begins one that is picked with that key; behind the
+/// list, cancel) and keeps what is shown.
 class ListedAnswers : public host::CommandLine {
   public:
     explicit ListedAnswers(std::vector<std::wstring> answers) : answers_(std::move(answers)), scope_(*this) {}
@@ -134,8 +135,11 @@ class ListedAnswers : public host::CommandLine {
         if (next_ == answers_.size()) {
             return {};
         }
+        constexpr std::wstring_view shift = L"shift+";
         const std::wstring& answer = answers_[next_++];
-        return {answer.empty() ? host::Answer::return_only : host::Answer::line, answer};
+        const bool shifted = answer.compare(0, shift.size(), shift) == 0;
+        return {answer.empty() ? host::Answer::return_only : host::Answer::line,
+                answer.substr(shifted ? shift.size() : 0), shifted};
     }
     void print(std::wstring_view text) override { shown += text; }
     void report(std::wstring_view problem) override {

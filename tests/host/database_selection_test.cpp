@@ -202,6 +202,24 @@ TEST(Selection, TheQuestionTakesTheUsersAnswers) {
     EXPECT_EQ(ask({L"15,20", L"35,-5", L""}).selected, "2");
     EXPECT_EQ(ask({L"22,20", L"35,-5", L""}).selected, "nothing");
     EXPECT_EQ(ask({L"35,20", L"22,-5", L""}).selected, "2");
+
+    // An option in place of a corner is what it says.
+    const Question instead = ask({L"15,20", L"all", L"w", L"r", L"10,1", L""}, inserts.get());
+    EXPECT_EQ(instead.selected, "0 4 5");
+    EXPECT_EQ(instead.shown,
+              L"\nSelect objects: \nSpecify opposite corner: \n4 found\n3 were filtered out."
+              L"\nSelect objects: \nSpecify first corner: \nRemove objects: \n1 found, 1 removed, 3 total"
+              L"\nRemove objects: ");
+
+    // Shift takes out, at either corner, and only what is picked with it.
+    const Question without =
+        ask({L"all", L"shift+10,1", L"shift+15,20", L"35,-5", L"10,1", L"5,5", L"shift+15,-1", L""});
+    EXPECT_EQ(without.selected, "0 4 5 6 9");
+    EXPECT_EQ(without.shown,
+              L"\nSelect objects: \n7 found\nSelect objects: \n1 found, 1 removed, 6 total"
+              L"\nSelect objects: \nSpecify opposite corner: \n1 found, 1 removed, 5 total"
+              L"\nSelect objects: \n1 found, 6 total"
+              L"\nSelect objects: \nSpecify opposite corner: \n1 found, 1 removed, 5 total\nSelect objects: ");
     EXPECT_EQ(ask({L"65,0"}, nullptr, L":S").selected, "6");
 
     const Question refused = ask({L"everything", L"w", L"here", L""});
@@ -209,10 +227,10 @@ TEST(Selection, TheQuestionTakesTheUsersAnswers) {
     EXPECT_EQ(refused.shown,
               L"\nSelect objects: \n!*Invalid selection*\nExpects a point or "
               L"Window/Last/Crossing/BOX/ALL/Add/Remove/Previous/Undo"
-              L"\nSelect objects: \nSpecify first corner: \n!Invalid point.\nSelect objects: ");
+              L"\nSelect objects: \nSpecify first corner: \n!Invalid point.\nSelect objects: \nNothing selected.");
     EXPECT_EQ(ask({L"ALL"}).selected, "cancelled");
     EXPECT_EQ(ask({L"w", L"0,0"}).selected, "cancelled");
-    EXPECT_EQ(ask({L""}).selected, "nothing");
+    EXPECT_EQ(ask({L""}).shown, L"\nSelect objects: \nNothing selected.");
     EXPECT_EQ(ask({L"p", L""}).selected, "6") << "a cancelled or empty question leaves the previous selection";
 }
 

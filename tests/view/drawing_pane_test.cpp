@@ -133,13 +133,37 @@ TEST_F(DrawingPaneTest, ThePointerLeavesNoTrace) {
     const std::vector<COLORREF> before = screen();
     const PointerGuide::Kind kinds[] = {PointerGuide::Kind::idle,   PointerGuide::Kind::crosshair,
                                         PointerGuide::Kind::follow, PointerGuide::Kind::pick_box,
-                                        PointerGuide::Kind::line,   PointerGuide::Kind::rectangle};
+                                        PointerGuide::Kind::line,   PointerGuide::Kind::rectangle,
+                                        PointerGuide::Kind::window, PointerGuide::Kind::crossing};
     for (const PointerGuide::Kind kind : kinds) {
         const PointerGuideScope scope({kind, {30, 30}});
         for (const POINT at : {pixel(10, 70), pixel(60, 30), pixel(30, 30), pixel(80, 90)}) {
             SendMessageW(view(), WM_MOUSEMOVE, 0, packed(at));
         }
         EXPECT_EQ(before, screen()) << static_cast<int>(kind);
+    }
+}
+
+TEST_F(DrawingPaneTest, DashesTheRectangleThatSelectsWhatItTouches) {
+    const auto top_side = [this](PointerGuide::Kind kind, double x) {
+        const PointerGuideScope scope({kind, {30, 95}});
+        SendMessageW(view(), WM_MOUSEMOVE, 0, packed(pixel(x, 90)));
+        const WindowContext context(view());
+        const POINT start = pixel(30, 95);
+        const int step = x > 30 ? 1 : -1;
+        int lit = 0;
+        for (int along = 2; along < 42; ++along) {
+            lit += GetPixel(context.get(), start.x + step * along, start.y) == 0xFFFFFF ? 1 : 0;
+        }
+        return lit == 40 ? "solid" : lit > 20 ? "dashed" : "nothing";
+    };
+    const std::tuple<PointerGuide::Kind, double, const char*> cases[] = {
+        {PointerGuide::Kind::window, 10, "solid"},    {PointerGuide::Kind::window, 50, "solid"},
+        {PointerGuide::Kind::crossing, 10, "dashed"}, {PointerGuide::Kind::crossing, 50, "dashed"},
+        {PointerGuide::Kind::box, 10, "dashed"},      {PointerGuide::Kind::box, 50, "solid"},
+        {PointerGuide::Kind::rectangle, 10, "solid"}, {PointerGuide::Kind::rectangle, 50, "solid"}};
+    for (const auto& [kind, x, side] : cases) {
+        EXPECT_STREQ(side, top_side(kind, x)) << static_cast<int>(kind) << " to " << x;
     }
 }
 
@@ -186,6 +210,32 @@ TEST_F(DrawingPaneTest, AnswersQuestionsForPoints) {
     post(WM_LBUTTONDOWN, pixel(20, 80));  // nobody wants a point now
     post(WM_RBUTTONDOWN, pixel(20, 80));
     EXPECT_EQ(Answer::return_only, line.prompt(L"\nCommand: ").kind);
+}
+
+TEST_F(DrawingPaneTest, EndsASelectionWhereTheButtonIsLetGo) {
+    TypedCommandLine line(window_, history_);
+    const auto answer = [&](PointerGuide::Kind kind) {
+        const PointerGuideScope scope({kind, {20, 80}});
+        const Answer given = line.prompt(L"\nCorner: ");
+        const std::optional<Point> point = parse_point(given.text);
+        return (point ? std::to_string(std::lround(point->x)) : "none") + (given.with_shift ? " shift" : "");
+    };
+    const auto drag = [this](POINT to, WPARAM keys) {
+        post(WM_LBUTTONDOWN, pixel(20, 80));
+        PostMessageW(view(), WM_LBUTTONUP, keys, packed(to));
+        post(WM_RBUTTONDOWN, to);
+    };
+    drag(pixel(40, 60), MK_SHIFT);
+    EXPECT_EQ("20", answer(PointerGuide::Kind::pick_box));
+    EXPECT_EQ("40 shift", answer(PointerGuide::Kind::box));
+    EXPECT_EQ("none", answer(PointerGuide::Kind::pick_box));
+    // Not where the button goes up at once, nor at other questions.
+    drag(pixel(20, 80), 0);
+    EXPECT_EQ("20", answer(PointerGuide::Kind::pick_box));
+    EXPECT_EQ("none", answer(PointerGuide::Kind::window));
+    drag(pixel(40, 60), 0);
+    EXPECT_EQ("20", answer(PointerGuide::Kind::crosshair));
+    EXPECT_EQ("none", answer(PointerGuide::Kind::rectangle));
 }
 
 TEST_F(DrawingPaneTest, GivesEventsToFollowThePointer) {

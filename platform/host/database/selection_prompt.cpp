@@ -1,7 +1,7 @@
 #include "platform/host/database/selection_prompt.h"
 
 #include <algorithm>
-#include <optional>
+#include <utility>
 
 #include "base/case_folding.h"
 #include "platform/host/prompt/input_text.h"
@@ -30,6 +30,13 @@ std::wstring_view recognise(std::wstring_view answer) {
     return {};
 }
 
+PointerGuide::Kind guide_of(std::wstring_view rectangle) {
+    if (rectangle == L"box") {
+        return PointerGuide::Kind::box;
+    }
+    return rectangle == L"window" ? PointerGuide::Kind::window : PointerGuide::Kind::crossing;
+}
+
 std::optional<AcGePoint3d> read_point(std::wstring_view text) {
     const std::optional<Point> point = parse_point(text);
     return point ? std::optional(AcGePoint3d(point->x, point->y, point->z)) : std::nullopt;
@@ -44,13 +51,17 @@ SelectionPrompt::SelectionPrompt(EntitySelector& selector, const SelectionFilter
 bool SelectionPrompt::ask() {
     const PointerGuideScope guide({PointerGuide::Kind::pick_box, {}});
     for (;;) {
-        const Answer answer = line_.prompt(removing_ ? L"\nRemove objects: " : L"\nSelect objects: ");
+        const Answer answer = next_answer();
         if (answer.kind == Answer::cancel) {
             return false;
         }
         if (answer.kind == Answer::return_only) {
+            if (selected_.empty()) {
+                line_.print(L"\nNothing selected.");
+            }
             return true;
         }
+        taking_out_ = removing_ || answer.with_shift;
         if (!take_answer(answer.text)) {
             return false;
         }
@@ -58,6 +69,13 @@ bool SelectionPrompt::ask() {
             return true;
         }
     }
+}
+
+Answer SelectionPrompt::next_answer() {
+    if (option_) {
+        return *std::exchange(option_, std::nullopt);
+    }
+    return line_.prompt(removing_ ? L"\nRemove objects: " : L"\nSelect objects: ");
 }
 
 bool SelectionPrompt::take_answer(std::wstring_view answer) {
@@ -100,12 +118,17 @@ SelectionPrompt::Corner SelectionPrompt::ask_corner(std::wstring_view prompt, co
     if (answer.kind == Answer::cancel) {
         return Corner::cancelled;
     }
+    if (!recognise(answer.text).empty()) {
+        option_ = answer;
+        return Corner::none;
+    }
     const auto point = answer.kind == Answer::line ? read_point(answer.text) : std::nullopt;
     if (!point) {
         line_.report(L"Invalid point.");
         return Corner::none;
     }
     corner = *point;
+    taking_out_ = taking_out_ || answer.with_shift;
     return Corner::given;
 }
 
@@ -117,7 +140,7 @@ bool SelectionPrompt::take_rectangle(std::wstring_view kind) {
 
 bool SelectionPrompt::take_opposite(const AcGePoint3d& first, std::wstring_view kind) {
     AcGePoint3d second;
-    const PointerGuide rectangle{PointerGuide::Kind::rectangle, {first.x, first.y}};
+    const PointerGuide rectangle{guide_of(kind), {first.x, first.y}};
     const Corner given = ask_corner(L"\nSpecify opposite corner: ", rectangle, second);
     if (given == Corner::given) {
         const bool window = kind == L"window" || (kind == L"box" && second.x >= first.x);
@@ -140,19 +163,19 @@ void SelectionPrompt::take(const std::vector<dxf::RecordId>& found) {
     accepted.reserve(found.size());
     std::copy_if(found.begin(), found.end(), std::back_inserter(accepted),
                  [this](dxf::RecordId record) { return filter_.accepts(drawing_, record); });
-    std::vector<dxf::RecordId> changed = removing_ ? selected_.remove(accepted) : selected_.add(accepted);
+    std::vector<dxf::RecordId> changed = taking_out_ ? selected_.remove(accepted) : selected_.add(accepted);
     print_result(accepted.size(), changed.size());
     const size_t filtered = found.size() - accepted.size();
     if (filtered != 0) {
         line_.print(L"\n" + std::to_wstring(filtered) + (filtered == 1 ? L" was" : L" were") + L" filtered out.");
     }
-    steps_.push_back({removing_, std::move(changed)});
+    steps_.push_back({taking_out_, std::move(changed)});
     shown_.show(selected_.records());
 }
 
 void SelectionPrompt::print_result(size_t found, size_t changed) {
     std::wstring text = L"\n" + std::to_wstring(found) + L" found";
-    if (removing_) {
+    if (taking_out_) {
         text += L", " + std::to_wstring(changed) + L" removed";
     } else if (changed != found) {
         text += L" (" + std::to_wstring(found - changed) + (found - changed == 1 ? L" duplicate)" : L" duplicates)");

@@ -1,6 +1,7 @@
 // The question "Select objects:".
 #pragma once
 
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -13,7 +14,7 @@ namespace host {
 
 /// Asks until the user is done. Answers: a point picks the entity there, or begins a rectangle (to the right a window,
 /// to the left a crossing); Window, Crossing, BOX, ALL, Last, Previous, Remove, Add, Undo, each by its name or its
-/// capitals; Return ends.
+/// capitals; Return ends. What is picked with Shift is taken out. An option is one at the questions for corners too.
 class SelectionPrompt {
   public:
     /// `single`: one answer that finds something is enough.
@@ -31,6 +32,7 @@ class SelectionPrompt {
     };
     enum class Corner { given, none, cancelled };
 
+    Answer next_answer();
     /// False when the user cancelled.
     bool take_answer(std::wstring_view answer);
     bool take_point(const AcGePoint3d& point);
@@ -50,6 +52,8 @@ class SelectionPrompt {
     CommandLine& line_;
     bool single_;
     bool removing_ = false;
+    bool taking_out_ = false;       ///< by the answer that is being seen to: removing_, or with Shift
+    std::optional<Answer> option_;  ///< given in place of a corner
     SelectionSet selected_;
     std::vector<Step> steps_;
     SelectionShown shown_;

@@ -206,7 +206,7 @@ void MainWindow::take_pane_event(const PaneEvent& event) {
         take_typed_line();
     } else if (event.kind == PaneEvent::Kind::pick && pointer_guide().kind != PointerGuide::Kind::idle) {
         set_pick_aperture(PointerShape::pick_box / view_->pane().view().pixels_per_unit());
-        answer_ = Answer{Answer::line, format_point(point)};
+        answer_ = Answer{Answer::line, format_point(point), event.with_shift};
     }
 }
 

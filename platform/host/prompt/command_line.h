@@ -15,6 +15,7 @@ struct Answer {
     };
     Kind kind = cancel;
     std::wstring text;
+    bool with_shift = false;  ///< a point that was picked while the Shift key was down
 };
 
 class CommandLine {

@@ -3,6 +3,7 @@
 #include <windowsx.h>
 
 #include <cstdlib>
+#include <utility>
 
 namespace host {
 
@@ -80,19 +81,22 @@ std::optional<LRESULT> DrawingPane::handle(UINT message, WPARAM wparam, LPARAM l
             return 0;
         }
         default:
-            return handle_mouse(message, at);
+            return handle_mouse(message, wparam, at);
     }
 }
 
-std::optional<LRESULT> DrawingPane::handle_mouse(UINT message, POINT at) {
+std::optional<LRESULT> DrawingPane::handle_mouse(UINT message, WPARAM keys, POINT at) {
+    const bool with_shift = (keys & MK_SHIFT) != 0;
     switch (message) {
         case WM_MOUSEMOVE:
             move_pointer(at);
             return 0;
         case WM_LBUTTONDOWN:
         case WM_LBUTTONDBLCLK:
-            move_pointer(at);
-            tell(PaneEvent::Kind::pick, at);
+            press(at, with_shift);
+            return 0;
+        case WM_LBUTTONUP:
+            let_go(at, with_shift);
             return 0;
         case WM_RBUTTONDOWN:
             tell(PaneEvent::Kind::finish, at);
@@ -106,6 +110,7 @@ std::optional<LRESULT> DrawingPane::handle_mouse(UINT message, POINT at) {
             ReleaseCapture();
             return 0;
         case WM_CAPTURECHANGED:
+            pressed_at_.reset();
             panned_from_.reset();
             return 0;
         default:
@@ -113,9 +118,9 @@ std::optional<LRESULT> DrawingPane::handle_mouse(UINT message, POINT at) {
     }
 }
 
-void DrawingPane::tell(PaneEvent::Kind kind, POINT at) const {
+void DrawingPane::tell(PaneEvent::Kind kind, POINT at, bool with_shift) const {
     if (listener_) {
-        listener_({kind, view().to_world(pixel(at))});
+        listener_({kind, view().to_world(pixel(at)), with_shift});
     }
 }
 
@@ -266,6 +271,27 @@ void DrawingPane::hide_pointer() {
     }
     drawn_.reset();
     pointer_.reset();
+}
+
+void DrawingPane::press(POINT at, bool with_shift) {
+    move_pointer(at);
+    pressed_at_ = at;
+    SetCapture(window_);
+    tell(PaneEvent::Kind::pick, at, with_shift);
+}
+
+/// Who has pressed the button at one corner of a selection and lets it go at another place means that as the other.
+void DrawingPane::let_go(POINT at, bool with_shift) {
+    const std::optional<POINT> from = std::exchange(pressed_at_, std::nullopt);
+    if (!panned_from_) {
+        ReleaseCapture();
+    }
+    const bool dragged = from && !(within(at.x, from->x, GetSystemMetrics(SM_CXDRAG)) &&
+                                   within(at.y, from->y, GetSystemMetrics(SM_CYDRAG)));
+    if (dragged && selects(pointer_guide().kind)) {
+        move_pointer(at);
+        tell(PaneEvent::Kind::pick, at, with_shift);
+    }
 }
 
 /// A second click soon after, at the same place, shows the whole drawing.

@@ -19,11 +19,12 @@ namespace host {
 struct PaneEvent {
     enum class Kind {
         move,
-        pick,    ///< the left button went down
+        pick,    ///< the left button went down, or up at the other corner of a selection that it began
         finish,  ///< the right button: the same as Return
     };
     Kind kind;
     Vec2 point;  ///< world coordinates
+    bool with_shift = false;
 };
 
 /// What a pane is to show. The drawing may be null.
@@ -79,11 +80,13 @@ class DrawingPane final : public SelectionDisplay {
     void paint();
     void refresh_list();
     void resize(int width, int height);
-    std::optional<LRESULT> handle_mouse(UINT message, POINT at);
+    std::optional<LRESULT> handle_mouse(UINT message, WPARAM keys, POINT at);
     void move_pointer(POINT at);
     void hide_pointer();
+    void press(POINT at, bool with_shift);
+    void let_go(POINT at, bool with_shift);
     void start_panning(POINT at);
-    void tell(PaneEvent::Kind kind, POINT at) const;
+    void tell(PaneEvent::Kind kind, POINT at, bool with_shift = false) const;
     void invalidate() const { InvalidateRect(window_, nullptr, FALSE); }
 
     HWND window_;
@@ -96,6 +99,7 @@ class DrawingPane final : public SelectionDisplay {
     VectorOverlay vectors_;
     std::optional<POINT> pointer_;       ///< while the mouse is over the window
     std::optional<PointerShape> drawn_;  ///< the pointer as it stands on the screen
+    std::optional<POINT> pressed_at_;    ///< while the left button is down
     std::optional<POINT> panned_from_;   ///< while the middle button is down
     std::optional<Click> last_middle_click_;
 };

@@ -16,10 +16,19 @@ struct PointerGuide {
         pick_box,   ///< an entity
         line,       ///< a point, with a line from the anchor to it
         rectangle,  ///< a corner, with a rectangle from the anchor to it
+        window,     ///< the same, to select what is inside
+        crossing,   ///< the same, to select what it touches too
+        box,        ///< to the right of the anchor a window, to the left a crossing
     };
     Kind kind = Kind::idle;
     Vec2 anchor;  ///< in world coordinates
 };
+
+/// The rectangle from the anchor selects what is there.
+inline bool selects(PointerGuide::Kind kind) {
+    return kind == PointerGuide::Kind::window || kind == PointerGuide::Kind::crossing ||
+           kind == PointerGuide::Kind::box;
+}
 
 /// The guide of the innermost question.
 const PointerGuide& pointer_guide();

@@ -23,16 +23,25 @@ void PointerShape::draw(HDC context) const {
     }
     if (kind_ == PointerGuide::Kind::line) {
         draw_complementing(context, {anchor_, at_}, false);
-    } else if (kind_ == PointerGuide::Kind::rectangle) {
-        draw_rectangle(context, anchor_, at_, at_.x < anchor_.x);  // dashed where touching is enough
+    } else if (has_rectangle()) {
+        draw_rectangle(context, anchor_, at_, is_dashed());
     }
+}
+
+bool PointerShape::has_rectangle() const {
+    return kind_ == PointerGuide::Kind::rectangle || selects(kind_);
+}
+
+/// Where touching is enough to be selected.
+bool PointerShape::is_dashed() const {
+    return kind_ == PointerGuide::Kind::crossing || (kind_ == PointerGuide::Kind::box && at_.x < anchor_.x);
 }
 
 /// With a gap in the middle, where the lines would undo each other and hide what is aimed at. Arms that would lie on a
 /// rectangle's sides, and undo them, are left out.
 void PointerShape::draw_cross(HDC context) const {
     const int gap = kind_ == PointerGuide::Kind::idle ? pick_box : 1;
-    const bool all = kind_ != PointerGuide::Kind::rectangle;
+    const bool all = !has_rectangle();
     const int reach = kind_ == PointerGuide::Kind::follow ? short_arm : std::max(width_, height_);
     if (all || anchor_.x >= at_.x) {
         draw_complementing(context, {{at_.x - reach, at_.y}, {at_.x - gap + 1, at_.y}}, false);

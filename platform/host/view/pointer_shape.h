@@ -20,6 +20,8 @@ class PointerShape {
     void draw(HDC context) const;
 
   private:
+    bool has_rectangle() const;
+    bool is_dashed() const;
     void draw_cross(HDC context) const;
     void draw_rectangle(HDC context, POINT from, POINT to, bool dashed) const;
 
