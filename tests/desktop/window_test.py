@@ -4,7 +4,7 @@
 usage: window_test.py DRAWINGHOST.exe MODULE.arx
 """
 
-from desktop import DesktopTest, main, wait_until, xdotool
+from desktop import DesktopTest, main, wait_until, windows_path, xdotool
 
 LEFT_TOP, RIGHT_BOTTOM = (200, 100), (800, 450)  # pixels of the drawing view
 
@@ -98,10 +98,28 @@ class Window(DesktopTest):
         desktop.rest()
         wait_until(lambda: desktop.picture() == whole, "the view before")
 
+    def test_file_dialogs_open_whatever_is_proposed(self):
+        desktop = self.desktop
+        (self.folder / "plans").mkdir()
+        (self.folder / "plans" / "prices.prc").write_text("box|2|\n", encoding="ascii")
+        desktop.type("saveas")
+        desktop.type(windows_path(self.folder / "plans" / "copy.dxf"), title="^Save drawing as$")
+        desktop.hear("copy.dxf saved.\nCommand: ")
+        for damaged in ("a|b?.prc", 400 * "long", "Z:\\gone\\prices.prc", "Z:\\" + 80 * "deep\\" + "prices.prc"):
+            (self.folder / "filename.set").write_text(damaged, encoding="ascii")
+            desktop.type("qxbomc")
+            desktop.face("^Open$")
+            xdotool("key", "ctrl+a")
+            desktop.type("prices.prc", title="^Open$")  # of the drawing's folder
+            desktop.hear("\nSelect objects: ")
+            desktop.key("Escape")
+            desktop.hear("\nCommand: ")
+
     def test_quitting_asks_whether_to_save(self):
         before = self.file.read_bytes()
         desktop = self.desktop
         self.insert()
+        desktop.face(r"^\*boxes.dxf - Drawing Host$")
         desktop.type("quit")
         desktop.key("Escape", title="^Drawing Host$")
         self.assertEqual(desktop.hear("\nCommand: "), "quit\nCommand: ")
@@ -116,6 +134,7 @@ class Window(DesktopTest):
         desktop.key("Escape", title="^Drawing Host$")
         desktop.hear("\nCommand: ")
         desktop.run("u")
+        desktop.face("^boxes.dxf - Drawing Host$")
         desktop.type("quit")  # all is as it was
         self.assertEqual(desktop.process.wait(timeout=20), 0)
 

@@ -223,7 +223,9 @@ TEST(Questions, ReportPointerEvents) {
     EXPECT_EQ(acedGrRead(8, &type, &result), RTNORM) << "the movement is not asked for";
     EXPECT_EQ(type, ACED_GR_KEYBOARD);
     EXPECT_EQ(result.resval.rint, 13);
+    EXPECT_EQ(result.restype, RTSHORT) << "a key carries no point";
     EXPECT_EQ(acedGrRead(9, &type, &result), RTCAN);
+    EXPECT_EQ(type * 100 + result.resval.rint, 213) << "as they were";
     EXPECT_EQ(line.said, L"<><>!A pointer event is needed: move x,y, pick x,y or return.<><><><>")
         << "no message on a cancel with bit 8";
 }

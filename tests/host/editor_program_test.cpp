@@ -178,8 +178,11 @@ TEST_F(Program, SavesOnlyWhatChanged) {
     EXPECT_EQ(outcome.status, 0u) << outcome.said;
     const Outcome next =
         run("SETVAR\nTEXTSIZE\n8\nQSAVE\nSETVAR\nTEXTSIZE\n7\nQSAVE\n"
-            "SETVAR\nTEXTSIZE\n3.5\nSAVEAS\nsame.dxf\n");
+            "SETVAR\nTEXTSIZE\n3.5\nSAVEAS\nsame.dxf\nSAVE\ncopy.dxf\nPNGOUT\nsame.png\n");
     EXPECT_EQ(next.status, 0u) << next.said;
+    for (const char* file : {"plan.dxf", "same.dxf", "copy.dxf", "same.png"}) {
+        EXPECT_THAT(next.said, HasSubstr("\n" + (folder_ / file).string() + " saved.")) << file;
+    }
     std::string bigger = small_drawing;
     bigger.replace(bigger.find("3.5"), 3, "9.25");
     EXPECT_EQ(contents(folder_ / "bigger.dxf"), bigger);

@@ -39,19 +39,22 @@ void type_at(HWND window, const wchar_t* text, int end_key) {
 }
 
 TEST(MainWindow, TakesAnswersThatAPersonTypes) {
-    MainWindow window;
+    std::wstring name = L"plan.dxf";
+    MainWindow window([] { return PaneContent(); }, [&name] { return name; });
     History history;
     history.attach(&window);
     TypedCommandLine line(window, history);
     const std::vector<HWND> fields = edit_fields(window.window());
     ASSERT_EQ(fields.size(), 2u) << "the history and the line";
-    window.set_title(L"plan.dxf");
+    window.update_title();
     EXPECT_EQ(window_text(window.window()), L"plan.dxf - Drawing Host");
 
     type_at(fields[1], L"qxbomc", VK_RETURN);
     EXPECT_EQ(line.prompt(L"\nCommand: ").text, L"qxbomc");
+    name = L"*plan.dxf";
     type_at(fields[1], L"half", VK_ESCAPE);
     EXPECT_EQ(line.prompt(L"\nPoint: ").kind, Answer::cancel);
+    EXPECT_EQ(window_text(window.window()), L"*plan.dxf - Drawing Host") << "the command has changed it";
     type_at(fields[1], L"", VK_RETURN);
     EXPECT_EQ(line.prompt(L"\nNext: ").kind, Answer::return_only) << "what was cancelled is gone";
     line.report(L"Bad.");
@@ -60,6 +63,14 @@ TEST(MainWindow, TakesAnswersThatAPersonTypes) {
     PostMessageW(window.window(), WM_CLOSE, 0, 0);
     EXPECT_EQ(line.prompt(L"\nCommand: ").kind, Answer::cancel);
     EXPECT_TRUE(window.close_requested());
+}
+
+TEST(MainWindow, IsNeverTooSmallForItsParts) {
+    const MainWindow window;
+    MoveWindow(window.window(), 0, 0, 10, 10, FALSE);
+    RECT place{};
+    GetWindowRect(window.window(), &place);
+    EXPECT_EQ(place.right * 1000 + place.bottom, 400300);
 }
 
 TEST(MainWindow, GivesEachKeyToOneWait) {

@@ -54,8 +54,9 @@ int acedGetKword(const ACHAR* prompt, ACHAR* result);
 #define ACED_GR_PICK 3
 #define ACED_GR_MOVE 5
 
-/// Waits for one input event. Bit 1 of `track` reports pointer movement (kind 5, result->resval.rpoint), bit 8 keeps
-/// the message on a cancel away. A key comes in result->resval.rint with restype RTSHORT.
+/// Waits for one input event. Bit 1 of `track` reports pointer movement, bit 8 keeps the message on a cancel away. Only
+/// a movement and a pick carry a point: result->resval.rpoint, with restype RT3DPOINT. A key comes in resval.rint, with
+/// RTSHORT; what else `result` holds is no point then. A cancel leaves `result` as it was.
 int acedGrRead(int track, int* type, struct resbuf* result);
 /// A temporary vector in the drawing view; colour -1 complements what is there, so that drawing it again erases it.
 int acedGrDraw(const ads_point from, const ads_point to, int colour, int highlight);

@@ -12,6 +12,7 @@
 #include "platform/host/editor/editor.h"
 #include "platform/host/editor/file_commands.h"
 #include "platform/host/editor/main_window.h"
+#include "platform/host/editor/program_name.h"
 #include "platform/host/editor/script_run.h"
 #include "platform/host/editor/scripted_command_line.h"
 #include "platform/host/editor/transparent_command_line.h"
@@ -58,15 +59,15 @@ class WindowAttachment final : public AcApDocManagerReactor {
     WindowAttachment(const WindowAttachment&) = delete;
     WindowAttachment& operator=(const WindowAttachment&) = delete;
 
-    void documentActivated(AcApDocument* document) override {
-        window_.set_title(document->docTitle());
+    void documentActivated(AcApDocument*) override {
+        window_.update_title();
         window_.view().pane().drawing_opened();
     }
-    void documentTitleUpdated(AcApDocument* document) override { window_.set_title(document->docTitle()); }
+    void documentTitleUpdated(AcApDocument*) override { window_.update_title(); }
 
   private:
     MainWindow& window_;
-    CWinApp program_;
+    CWinApp program_{program_name};
     CWnd main_;
 };
 
@@ -79,6 +80,11 @@ PaneContent current_content() {
     const bool model = document->database()->tilemode();
     return {&document->drawing(), document->drawing().edits_made(),
             model ? DisplayList::Space::model : DisplayList::Space::paper};
+}
+
+std::wstring current_name() {
+    const Document* const document = editor().documents.document();
+    return document == nullptr ? L"" : (document->changed() ? L"*" : L"") + std::wstring(document->docTitle());
 }
 
 void run_command(const std::wstring& typed) {
@@ -165,7 +171,7 @@ int run_program(const Options& options) {
     if (!problem.empty()) {
         return fail(problem);
     }
-    MainWindow window(current_content);
+    MainWindow window(current_content, current_name);
     WindowAttachment attachment(window, options);
     TypedCommandLine messages(window, editor().history);
     const CommandLineScope scope(messages);

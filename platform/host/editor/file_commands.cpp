@@ -6,6 +6,7 @@
 #include "platform/host/editor/file_question.h"
 #include "platform/host/editor/keywords.h"
 #include "platform/host/editor/modal_dialog.h"
+#include "platform/host/editor/program_name.h"
 
 namespace host {
 namespace {
@@ -33,9 +34,18 @@ void settle(Editor& editor) {
     editor.store_variables();
 }
 
+/// Tells what was saved, or why it could not be: `problem`, which is empty after a success.
+bool report_saved(const std::filesystem::path& file, const std::wstring& problem) {
+    if (!succeeded(problem)) {
+        return false;
+    }
+    command_line().print(L"\n" + std::filesystem::absolute(file).wstring() + L" saved.");
+    return true;
+}
+
 bool save_drawing(Editor& editor, const std::filesystem::path& file) {
     settle(editor);
-    return succeeded(editor.documents.save(file));
+    return report_saved(file, editor.documents.save(file));
 }
 
 std::optional<std::wstring> ask_target(const Document& document) {
@@ -80,7 +90,7 @@ void save_drawing_or_copy(Editor& editor) {
         return;
     }
     settle(editor);
-    succeeded(document->save_copy(*file));
+    report_saved(*file, document->save_copy(*file));
 }
 
 void save_drawing_quickly(Editor& editor) {
@@ -107,7 +117,7 @@ bool may_leave_drawing(Editor& editor) {
         return may_lose_changes(*document);
     }
     const std::wstring question = L"Save changes to " + document->path().wstring() + L"?";
-    switch (MessageBoxW(dialog_owner(editor.main_window), question.c_str(), L"Drawing Host",
+    switch (MessageBoxW(dialog_owner(editor.main_window), question.c_str(), program_name,
                         MB_YESNOCANCEL | MB_ICONWARNING)) {
         case IDYES:
             return save_drawing(editor, document->path());

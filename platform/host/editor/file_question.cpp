@@ -4,11 +4,14 @@
 #include <commdlg.h>
 
 #include <algorithm>
+#include <cwchar>
 
 #include "acedads.h"
 #include "base/loaded_library.h"
+#include "platform/host/editor/document.h"
 #include "platform/host/editor/editor.h"
 #include "platform/host/editor/modal_dialog.h"
+#include "platform/host/editor/program_name.h"
 
 namespace host {
 namespace {
@@ -46,7 +49,7 @@ bool may_replace(const std::wstring& path) {
         return true;
     }
     const std::wstring text = path + L" already exists.\nDo you want to replace it?";
-    return MessageBoxW(dialog_owner(editor().main_window), text.c_str(), L"Drawing Host",
+    return MessageBoxW(dialog_owner(editor().main_window), text.c_str(), program_name,
                        MB_YESNO | MB_ICONWARNING | MB_DEFBUTTON2) == IDYES;
 }
 
@@ -79,6 +82,46 @@ std::wstring dialog_filter(const std::wstring& extensions) {
                : first_extension(extensions) + L" files (" + patterns + L")" + L'\0' + patterns + L'\0' + all;
 }
 
+/// What the system takes for a file's name.
+bool can_be_name(const std::wstring& name) {
+    constexpr size_t longest_name = 255;
+    constexpr wchar_t first_printable = 0x20;
+    return name.size() <= longest_name && std::all_of(name.begin(), name.end(), [](wchar_t character) {
+               return character >= first_printable && std::wcschr(L"<>:\"/\\|?*", character) == nullptr;
+           });
+}
+
+std::wstring drawing_folder() {
+    const Document* const document = editor().documents.document();
+    return document != nullptr ? document->path().parent_path().wstring() : std::wstring();
+}
+
+bool is_folder(const std::wstring& path) {
+    const DWORD attributes = GetFileAttributesW(path.c_str());
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+}
+
+struct DialogStart {
+    std::wstring folder;
+    std::wstring path;  ///< shorter than MAX_PATH; empty for none
+};
+
+/// The system's dialogs do not open at all with a name that no file can have.
+DialogStart dialog_start(const std::wstring& proposal) {
+    const size_t name_begin = proposal.find_last_of(L"\\/") + 1;
+    const std::wstring folder = proposal.substr(0, name_begin);
+    const std::wstring name = proposal.substr(name_begin);
+    const bool folder_is_there = is_folder(folder);
+    DialogStart start{folder_is_there ? folder : drawing_folder(), L""};
+    if (can_be_name(name)) {
+        start.path = folder_is_there && !name.empty() ? folder + name : name;
+    }
+    if (start.path.size() >= MAX_PATH) {
+        start.path.clear();
+    }
+    return start;
+}
+
 std::optional<std::wstring> ask_in_dialog(const FileQuestion& question) {
     // Loaded here because the dialog's libraries take longer to load than the rest of the host.
     const base::LoadedLibrary dialogs = base::LoadedLibrary::load(L"comdlg32.dll");
@@ -88,8 +131,9 @@ std::optional<std::wstring> ask_in_dialog(const FileQuestion& question) {
         command_line().report(L"The system has no file dialogs.");
         return std::nullopt;
     }
+    const DialogStart start = dialog_start(question.proposal);
     wchar_t path[longest_path] = {};
-    std::copy_n(question.proposal.begin(), std::min(question.proposal.size(), longest_path - 1), path);
+    std::copy(start.path.begin(), start.path.end(), path);
     const std::wstring filter = dialog_filter(question.extensions);
     const std::wstring extension = first_extension(question.extensions);
     OPENFILENAMEW dialog{};
@@ -98,6 +142,7 @@ std::optional<std::wstring> ask_in_dialog(const FileQuestion& question) {
     dialog.lpstrFilter = filter.c_str();
     dialog.lpstrFile = path;
     dialog.nMaxFile = longest_path;
+    dialog.lpstrInitialDir = start.folder.empty() ? nullptr : start.folder.c_str();
     dialog.lpstrTitle = question.title.c_str();
     dialog.lpstrDefExt = extension.empty() || question.any_extension ? nullptr : extension.c_str();
     dialog.Flags = OFN_EXPLORER | OFN_NOCHANGEDIR | OFN_HIDEREADONLY | OFN_PATHMUSTEXIST |

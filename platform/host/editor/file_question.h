@@ -14,8 +14,9 @@ struct FileQuestion {
     bool any_extension = false;
 };
 
-/// The full path, or nothing when the user gave up. FILEDIA 0 (as in scripts) asks at the command line; there Return
-/// takes the proposal.
+/// The full path, or nothing when the user gave up. The dialog begins in the proposal's folder, else in the drawing's;
+/// a proposal that no file can have is left out. FILEDIA 0 (as in scripts) asks at the command line; there Return takes
+/// the proposal.
 std::optional<std::wstring> ask_file_name(const FileQuestion& question);
 
 }  // namespace host

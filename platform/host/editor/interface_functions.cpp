@@ -4,6 +4,7 @@
 #include "acui.h"
 #include "platform/host/editor/editor.h"
 #include "platform/host/editor/modal_dialog.h"
+#include "platform/host/editor/program_name.h"
 #include "rxregsvc.h"
 
 using host::editor;
@@ -36,7 +37,7 @@ HWND adsw_acadMainWnd() {
 void InitAcUiDLL() {}
 
 int acedAlert(const ACHAR* message) {
-    MessageBoxW(host::dialog_owner(editor().main_window), message != nullptr ? message : L"", L"Drawing Host",
+    MessageBoxW(host::dialog_owner(editor().main_window), message != nullptr ? message : L"", host::program_name,
                 MB_OK | MB_ICONWARNING);
     return RTNORM;
 }

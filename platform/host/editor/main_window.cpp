@@ -1,15 +1,16 @@
 #include "platform/host/editor/main_window.h"
 
 #include "platform/host/database/entity_selector.h"
+#include "platform/host/editor/program_name.h"
 #include "platform/host/editor/window_class.h"
 
 namespace host {
 namespace {
 
 constexpr wchar_t class_name[] = L"DrawingHost";
-constexpr wchar_t program_name[] = L"Drawing Host";
 constexpr int history_height = 96;
 constexpr int line_height = 22;
+constexpr POINT smallest_size{400, 300};
 constexpr int history_limit = 60000;  ///< characters; the older half goes when there are more
 
 std::wstring with_carriage_returns(std::wstring_view text) {
@@ -22,7 +23,8 @@ std::wstring with_carriage_returns(std::wstring_view text) {
 
 }  // namespace
 
-MainWindow::MainWindow(DrawingPane::Content content) {
+MainWindow::MainWindow(DrawingPane::Content content, DrawingName drawing_name)
+    : drawing_name_(std::move(drawing_name)) {
     register_window_class(class_name, &MainWindow::procedure, COLOR_BTNFACE);
     window_ = CreateWindowExW(0, class_name, program_name, WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, CW_USEDEFAULT,
                               CW_USEDEFAULT, 1000, 700, nullptr, nullptr, host_instance(), nullptr);
@@ -70,8 +72,12 @@ void MainWindow::show() {
     UpdateWindow(window_);
 }
 
-void MainWindow::set_title(const std::wstring& drawing_name) {
-    SetWindowTextW(window_, drawing_name.empty() ? program_name : (drawing_name + L" - " + program_name).c_str());
+void MainWindow::update_title() {
+    const std::wstring name = drawing_name_();
+    const std::wstring title = name.empty() ? program_name : name + L" - " + program_name;
+    if (title != window_text(window_)) {
+        SetWindowTextW(window_, title.c_str());
+    }
 }
 
 void MainWindow::append_history(std::wstring_view text) {
@@ -112,6 +118,7 @@ std::optional<InputEvent> MainWindow::wait_for_event() {
 }
 
 void MainWindow::run_messages(const std::function<bool()>& done) {
+    update_title();
     view_->pane().update();
     while (!done() && !close_requested_) {
         MSG message;
@@ -210,8 +217,11 @@ void MainWindow::take_pane_event(const PaneEvent& event) {
     }
 }
 
-std::optional<LRESULT> MainWindow::handle(UINT message, WPARAM, LPARAM) {
+std::optional<LRESULT> MainWindow::handle(UINT message, LPARAM lparam) {
     switch (message) {
+        case WM_GETMINMAXINFO:
+            reinterpret_cast<MINMAXINFO*>(lparam)->ptMinTrackSize = smallest_size;
+            return 0;
         case WM_SIZE:
             place_children();
             return 0;
@@ -230,7 +240,7 @@ std::optional<LRESULT> MainWindow::handle(UINT message, WPARAM, LPARAM) {
 
 LRESULT CALLBACK MainWindow::procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
     auto* self = reinterpret_cast<MainWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
-    const std::optional<LRESULT> handled = self != nullptr ? self->handle(message, wparam, lparam) : std::nullopt;
+    const std::optional<LRESULT> handled = self != nullptr ? self->handle(message, lparam) : std::nullopt;
     return handled ? *handled : DefWindowProcW(window, message, wparam, lparam);
 }
 

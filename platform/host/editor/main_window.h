@@ -17,8 +17,13 @@ namespace host {
 
 class MainWindow {
   public:
+    /// The drawing's name for the title, marked when there are unsaved changes.
+    using DrawingName = std::function<std::wstring()>;
+
     /// Created hidden. `content` tells what the drawing view is to show; without it, nothing.
-    explicit MainWindow(DrawingPane::Content content = [] { return PaneContent(); });
+    explicit MainWindow(
+        DrawingPane::Content content = [] { return PaneContent(); },
+        DrawingName drawing_name = [] { return std::wstring(); });
     ~MainWindow();
     MainWindow(const MainWindow&) = delete;
     MainWindow& operator=(const MainWindow&) = delete;
@@ -26,7 +31,8 @@ class MainWindow {
     HWND window() const { return window_; }
     DrawingView& view() { return *view_; }
     void show();
-    void set_title(const std::wstring& drawing_name);
+    /// Done before each wait too.
+    void update_title();
     void append_history(std::wstring_view text);
 
     /// Shows the prompt and runs a message loop until the person has answered. Cancel when the window is being closed.
@@ -44,7 +50,7 @@ class MainWindow {
 
   private:
     static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
-    std::optional<LRESULT> handle(UINT message, WPARAM wparam, LPARAM lparam);
+    std::optional<LRESULT> handle(UINT message, LPARAM lparam);
     void create_children();
     void place_children() const;
     void run_messages(const std::function<bool()>& done);
@@ -58,6 +64,7 @@ class MainWindow {
     void take_typed_line();
     void take_pane_event(const PaneEvent& event);
 
+    DrawingName drawing_name_;
     HWND window_ = nullptr;
     HWND history_ = nullptr;
     HWND prompt_ = nullptr;

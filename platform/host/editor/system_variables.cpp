@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "base/case_folding.h"
+#include "platform/host/editor/program_name.h"
 
 namespace host {
 
@@ -74,7 +75,7 @@ const VariableDescription descriptions[] = {
     {L"PDMODE", D::drawing, D::writable, 0, short_least, short_greatest},
     {L"PDSIZE", D::drawing, D::writable, 0.0},
     {L"PICKFIRST", D::session, D::writable, 1, 0, 1},
-    {L"PLATFORM", D::session, D::read_only, std::wstring(L"Drawing Host")},
+    {L"PLATFORM", D::session, D::read_only, std::wstring(program_name)},
     {L"SNAPMODE", D::drawing, D::writable, 0, 0, 1},
     {L"TDCREATE", D::drawing, D::read_only, 0.0},
     {L"TDUPDATE", D::drawing, D::read_only, 0.0},

@@ -124,8 +124,13 @@ void save_picture(Editor& editor) {
     proposal.replace_extension(L".png");
     const std::optional<std::wstring> file =
         ask_file_name({L"Save picture as", proposal.wstring(), L"png", true, false});
-    const std::wstring problem = file ? save_drawing_png(document->drawing(), *file) : std::wstring();
-    if (!problem.empty()) {
+    if (!file) {
+        return;
+    }
+    const std::wstring problem = save_drawing_png(document->drawing(), *file);
+    if (problem.empty()) {
+        command_line().print(L"\n" + *file + L" saved.");
+    } else {
         command_line().report(problem);
     }
 }
