@@ -12,8 +12,10 @@ import time
 import unittest
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
-PATIENCE = 20  # seconds, for anything that is to appear
-COMMA_KEY = 59  # of a standard keyboard
+PATIENCE = 60  # seconds, for anything that is to appear
+# The keys of a standard keyboard that carry characters which the Hebrew layout has on others: xdotool would find those
+# first, and type by changing layouts, which the program may see too late.
+OWN_KEYS = {",": 59, "'": 48, "/": 61, ";": 47}
 
 
 def windows_path(path):
@@ -98,7 +100,10 @@ class Desktop:
             place = text.find(words, self.read_to)
             return None if place < 0 else (text, place + len(words))
 
-        text, end = wait_until(found, f"{words!r} after {self.last_words()!r}")
+        try:
+            text, end = wait_until(found, repr(words))
+        except AssertionError as silence:
+            raise AssertionError(f"{silence} after {self.last_words()!r}; exit status {self.process.poll()}") from None
         said = text[self.read_to:end]
         self.read_to = end
         return said
@@ -142,12 +147,8 @@ class Desktop:
     def type(self, text, title=" - Drawing Host$"):
         """Types a line and Return."""
         self.face(title)
-        # The Hebrew layout has a comma too, on another key, which xdotool would find first and type by changing layouts.
-        for place, part in enumerate(text.split(",")):
-            if place > 0:
-                xdotool("key", COMMA_KEY)
-            if part:
-                xdotool("type", "--delay", "1", part)
+        for part in filter(None, re.split("([,'/;])", text)):
+            xdotool("key", OWN_KEYS[part]) if part in OWN_KEYS else xdotool("type", "--delay", "1", part)
         xdotool("key", "Return")
 
     def run(self, *lines):
