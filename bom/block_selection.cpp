@@ -6,12 +6,15 @@
 #include <dbsymtb.h>
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <unordered_map>
 #include <utility>
 
 #include "base/case_folding.h"
 #include "bom/block_count.h"
+#include "bom/drawing_objects.h"
+#include "bom/drawing_survey.h"
 #include "bom/report_dialog.h"
 #include "pricelist/price_list_file.h"
 
@@ -45,7 +48,8 @@ bool SelectBlockReferences(CalcPriceDialog&, ads_name selection_set) {
 /// Counts references on the rows of their blocks; each block's record is asked for its name once.
 class ReferenceCounter {
   public:
-    explicit ReferenceCounter(CalcPriceDialog& dialog) : dialog_(dialog) {}
+    /// `survey`, which may be null, is told of every reference.
+    ReferenceCounter(CalcPriceDialog& dialog, DrawingSurvey* survey) : dialog_(dialog), survey_(survey) {}
 
     /// False after an alert when the reference or its block cannot be opened.
     bool count(const ads_name name) {
@@ -61,28 +65,35 @@ class ReferenceCounter {
         int row = 0;
         if (known != rows_of_records_.end()) {
             row = known->second;
-        } else if (!find_row(record, row)) {
+        } else if (!find_row(record, id, row)) {
             acedAlert(L"\nCannot open the object BlockTableRecord");
             return false;
         }
         dialog_.rows()[row].quantity += 1;
+        if (survey_ != nullptr) {
+            survey_->add(id, record);
+        }
         return true;
     }
 
   private:
-    bool find_row(AcDbObjectId id, int& row) {
+    bool find_row(AcDbObjectId id, AcDbObjectId reference, int& row) {
         AcDbBlockTableRecord* record = nullptr;
         if (acdbOpenObject(record, id, AcDb::kForRead) != Acad::eOk) {
             return false;
         }
         const LowerName lower_name(*record);
         record->close();
-        row = row_of_block(dialog_.rows(), dialog_.index(), lower_name.text());
+        const auto true_name =
+            dialog_.wishes().dynamic_names ? dynamic_block_name(id, reference) : std::optional<std::wstring>();
+        row = row_of_block(dialog_.rows(), dialog_.index(),
+                           true_name ? base::lower(*true_name).c_str() : lower_name.text());
         rows_of_records_.emplace(id.asOldId(), row);
         return true;
     }
 
     CalcPriceDialog& dialog_;
+    DrawingSurvey* survey_;
     std::unordered_map<decltype(AcDbObjectId().asOldId()), int> rows_of_records_;
 };
 
@@ -108,7 +119,11 @@ bool CountSelectedBlocks(CalcPriceDialog& dialog) {
     }
     long length = 0;
     acedSSLength(selection_set, &length);
-    ReferenceCounter counter(dialog);
+    std::optional<DrawingSurvey> survey;
+    if (dialog.wishes().any_notes()) {
+        survey.emplace();
+    }
+    ReferenceCounter counter(dialog, survey ? &*survey : nullptr);
     for (long i = 0; i < length; ++i) {
         ads_name name;
         acedSSName(selection_set, i, name);
@@ -116,7 +131,13 @@ bool CountSelectedBlocks(CalcPriceDialog& dialog) {
             return false;
         }
     }
-    join_prices(dialog.rows(), dialog.index(), price_list, dialog.grid().price_list_attached());
+    const bool attached = dialog.grid().price_list_attached();
+    join_prices(dialog.rows(), dialog.index(), price_list, attached);
+    if (survey) {
+        BillSurvey found = survey->finish(selection_set, dialog.wishes().dynamic_names);
+        dialog.notes() = bill_notes(found, price_list, attached);
+        dialog.counted() = std::move(found.counted);
+    }
     return true;
 }
 

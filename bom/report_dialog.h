@@ -6,7 +6,9 @@
 #include <functional>
 #include <string>
 
+#include "bom/bill_notes.h"
 #include "bom/report_grid.h"
+#include "bom/report_wishes.h"
 #include "bom/result_string.h"
 
 class CalcPriceDialog : public CDialog {
@@ -30,6 +32,11 @@ class CalcPriceDialog : public CDialog {
     NameIndex& index() { return index_; }
     /// The text of the price list that waits for a count; empty without one.
     std::wstring& price_list() { return price_list_; }
+
+    /// What is wanted beside the dialog, and what counting found for it.
+    corvanes::ReportWishes& wishes() { return wishes_; }
+    std::vector<corvanes::Note>& notes() { return notes_; }
+    std::vector<corvanes::BlockReferences>& counted() { return counted_; }
 
     /// What the table builder leaves for the placement: the block's name and its size at scale 1, in drawing units.
     struct TableBlock {
@@ -59,6 +66,9 @@ class CalcPriceDialog : public CDialog {
     RowList rows_;
     NameIndex index_{10};
     std::wstring price_list_;
+    corvanes::ReportWishes wishes_;
+    std::vector<corvanes::Note> notes_;
+    std::vector<corvanes::BlockReferences> counted_;
     CStatic current_file_;
     int show_price_ = 1;
     TableBlock table_;

@@ -30,15 +30,24 @@ class LineReader {
     }
 
     bool at_end() const { return at_end_; }
+    /// The line of the text, from 1, that the last piece stands in, and whether the piece begins it.
+    size_t number() const { return number_; }
+    bool begins_line() const { return begins_line_; }
 
   private:
     std::wstring_view take(size_t count) {
         const std::wstring_view taken = rest_.substr(0, count);
         rest_.remove_prefix(count);
+        begins_line_ = line_ended_;
+        number_ += line_ended_ ? 1 : 0;
+        line_ended_ = !taken.empty() && taken.back() == L'\n';
         return taken;
     }
 
     std::wstring_view rest_;
+    size_t number_ = 0;
+    bool line_ended_ = true;
+    bool begins_line_ = true;
     bool at_end_ = false;
 };
 
@@ -83,6 +92,26 @@ PriceListCounts read_entries(std::wstring_view text, const std::function<void(co
     }
     counts.dropped += line.empty() ? 0 : 1;
     return counts;
+}
+
+void read_lines(std::wstring_view text, const std::function<void(const PriceListLine&)>& handler) {
+    LineReader reader(text);
+    for (std::wstring_view line = reader.next(); !reader.at_end(); line = reader.next()) {
+        line.remove_suffix(1);
+        PriceListLine read{reader.number(), {}, LineFate::entry};
+        const bool entry = split_line(line, read.entry);
+        const bool separated = line.find(separator) != std::wstring_view::npos;
+        read.fate = !reader.begins_line()     ? LineFate::too_long
+                    : entry                   ? LineFate::entry
+                    : line.empty()            ? LineFate::blank
+                    : !separated              ? LineFate::no_separator
+                    : read.entry.name.empty() ? LineFate::no_name
+                                              : LineFate::no_price;
+        handler(read);
+    }
+    if (const size_t last = text.rfind(L'\n') + 1; last < text.size()) {
+        handler({reader.number(), {}, LineFate::no_line_end});
+    }
 }
 
 EntryLoss loss_on_reading(const PriceListEntry& entry) {

@@ -34,6 +34,18 @@ struct PriceListCounts {
 /// dropped. The entries are views into `text`.
 PriceListCounts read_entries(std::wstring_view text, const std::function<void(const PriceListEntry&)>& handler);
 
+/// What becomes of a line: an entry, or why it is none. A piece of a line that was too long may hold an entry too.
+enum class LineFate { entry, blank, no_separator, no_name, no_price, too_long, no_line_end };
+
+struct PriceListLine {
+    size_t number;         ///< from 1, as an editor counts
+    PriceListEntry entry;  ///< empty of a last line without a line end, which is not read
+    LineFate fate;
+};
+
+/// Tells of every line, as read_entries takes it, in file order. The texts are views into `text`.
+void read_lines(std::wstring_view text, const std::function<void(const PriceListLine&)>& handler);
+
 /// What would be lost of an entry when its line is read again: the format has no way to write it.
 enum class EntryLoss { nothing, separator, line_end, length };
 EntryLoss loss_on_reading(const PriceListEntry& entry);

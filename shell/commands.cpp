@@ -6,6 +6,7 @@
 #include "bom/block_selection.h"
 #include "bom/report_dialog.h"
 #include "bom/report_options.h"
+#include "bom/report_wishes.h"
 #include "pricelist/file_question.h"
 #include "pricelist/template_dialog.h"
 #include "shell/resource_scope.h"
@@ -41,15 +42,19 @@ void template_command() {
 void report_command() {
     const ResourceScope resources;
     CalcPriceDialog dialog(CWnd::FromHandle(adsw_acadMainWnd()), insert_table_requested);
+    dialog.wishes() = report_wishes();
     dialog.LoadReportSettings();
     dialog.grid().set_price_list_attached(false);
     if (!attach_price_list(dialog) || !CountSelectedBlocks(dialog)) {
         return;
     }
-    if (dialog.DoModal() == IDOK) {
+    print_notes(dialog);
+    const bool insert = dialog.DoModal() == IDOK;
+    if (insert) {
         const CalcPriceDialog::TableBlock& table = dialog.table();
         place_table(table.name, table.width, table.height);
     }
+    write_bill_json(dialog);
 }
 
 }  // namespace corvanes

@@ -2,6 +2,8 @@
 #include <map>
 #include <sstream>
 
+#include "acdbads.h"
+#include "platform/host/database/result_buffer.h"
 #include "tests/host/database_fixture.h"
 
 namespace {
@@ -284,4 +286,62 @@ TEST(DatabaseObjects, SamplesHoldTheirBlocks) {
         EXPECT_EQ(here, counts) << file;
     }
     EXPECT_EQ(host::open_object_count(), 0U);
+}
+
+TEST(DatabaseObjects, ListTheirGroups) {
+    const OpenDrawing drawing(
+        section("HEADER", groups("9 $ACADVER|1 AC1015")) +
+        section("TABLES", table("BLOCK_RECORD", {"5 20|2 *Model_Space", "5 21|2 Bolt|1001 OURS|1005 1A|1070 7"})) +
+        section("BLOCKS", groups("0 BLOCK|2 *Model_Space|0 ENDBLK|0 BLOCK|2 Bolt|0 ENDBLK")) +
+        section("ENTITIES",
+                groups("0 INSERT|5 1A|102 {ACAD_XDICTIONARY|360 30|102 }|8 0|2 Bolt|10 1.5|20 2|30 3|70 4|50 90|101 "
+                       "Embedded Object|40 9|1001 OTHERS|1040 5|1001 OURS|1010 7|1020 8|1030 9")) +
+        section("OBJECTS", groups("0 DICTIONARY|5 30|3 name|360 1A")) + end_of_file());
+    const auto listed = [](AcDbObjectId id, const wchar_t* application) {
+        ads_name name;
+        EXPECT_EQ(acdbGetAdsName(name, id), Acad::eOk);
+        resbuf* const apps = application != nullptr ? acutBuildList(RTSTR, application, RTNONE) : nullptr;
+        resbuf* const list = acdbEntGetX(name, apps);
+        acutRelRb(apps);
+        std::ostringstream out;
+        for (const resbuf* group = list; group != nullptr; group = group->rbnext) {
+            const ads_u_val& value = group->resval;
+            out << group->restype << ' ';
+            switch (host::kind_of_result(group->restype)) {
+                case host::ResultKind::text:
+                    out << base::utf8_from_wide(value.rstring);
+                    break;
+                case host::ResultKind::real:
+                    out << value.rreal;
+                    break;
+                case host::ResultKind::point:
+                    out << value.rpoint[X] << ',' << value.rpoint[Y] << ',' << value.rpoint[Z];
+                    break;
+                case host::ResultKind::short_integer:
+                    out << value.rint;
+                    break;
+                case host::ResultKind::name: {
+                    AcDbObjectId named;
+                    EXPECT_EQ(acdbGetObjectId(named, value.rlname), Acad::eOk);
+                    out << std::hex << named.handle() << std::dec;
+                    break;
+                }
+                default:
+                    break;
+            }
+            out << '|';
+        }
+        acutRelRb(list);
+        return out.str();
+    };
+    const std::string reference =
+        "-1 1a|0 INSERT|5 1A|102 {ACAD_XDICTIONARY|360 30|102 }|8 0|2 Bolt|10 1.5,2,3|70 4|50 90|";
+    EXPECT_EQ(listed(drawing.entity(0), nullptr), reference);
+    EXPECT_EQ(listed(drawing.entity(0), L"OURS"), reference + "-3 |1001 OURS|1010 7,8,9|");
+    EXPECT_EQ(listed(drawing.entity(0), L"*"), reference + "-3 |1001 OTHERS|1040 5|1001 OURS|1010 7,8,9|");
+    EXPECT_EQ(listed(drawing.block(L"bolt"), L"OURS"),
+              "-1 21|0 BLOCK_RECORD|5 21|2 Bolt|-3 |1001 OURS|1005 1A|1070 7|");
+    EXPECT_EQ(listed(drawing.store().with_handle(0x30), nullptr), "-1 30|0 DICTIONARY|5 30|3 name|360 1a|");
+    const ads_name nothing = {12345, 0};
+    EXPECT_EQ(acdbEntGetX(nothing, nullptr), nullptr);
 }

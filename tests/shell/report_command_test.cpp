@@ -1,5 +1,6 @@
 // "QXBOMC" from the drawing to the saved report, through the module as it is built and the host's own windows.
 #include <gmock/gmock.h>
+#include <windows.h>
 
 #include <algorithm>
 #include <sstream>
@@ -152,6 +153,100 @@ TEST_F(ReportCommand, ComesBackAfterUnloading) {
         "QXBOMC\nlist.prc\nALL\n\n@press \"Close\"\nARX\nUnload\nCorvanes\nQUIT\n");
     const Outcome outcome = run("ARX\nUnload\nCorvanes\nQXBOMC\nQUIT\n");
     EXPECT_NE(outcome.status, 0U) << "an unloaded command is unknown";
+}
+
+/// Two forms of the dynamic block WINDOW: *U3 says so itself, of *U4 its reference does. DOOR stands on a frozen layer,
+/// and twice in one place; two of it are inside *U3.
+std::string dynamic_drawing() {
+    std::string groups;
+    const auto add = [&groups](std::initializer_list<std::pair<int, const char*>> more) {
+        for (const auto& [code, value] : more) {
+            groups += std::to_string(code) + "\n" + value + "\n";
+        }
+    };
+    const auto record = [&add](const char* handle, const char* name) {
+        add({{0, "BLOCK_RECORD"},
+             {5, handle},
+             {100, "AcDbSymbolTableRecord"},
+             {100, "AcDbBlockTableRecord"},
+             {2, name}});
+    };
+    const auto block = [&add](const char* name, int doors) {
+        add({{0, "BLOCK"}, {100, "AcDbEntity"}, {8, "0"}, {100, "AcDbBlockBegin"}, {2, name}});
+        for (int i = 0; i < doors; ++i) {
+            add({{0, "INSERT"}, {100, "AcDbEntity"}, {8, "0"}, {2, "DOOR"}});
+        }
+        add({{0, "ENDBLK"}, {100, "AcDbEntity"}, {8, "0"}});
+    };
+    const auto insert = [&add](const char* handle, const char* name, const char* layer, const char* x) {
+        add({{0, "INSERT"}, {5, handle}});
+        if (*handle == '4') {
+            add({{102, "{ACAD_XDICTIONARY"}, {360, "50"}, {102, "}"}});
+        }
+        add({{100, "AcDbEntity"}, {8, layer}, {100, "AcDbBlockReference"}, {2, name}, {10, x}, {20, "0"}});
+    };
+    add({{0, "SECTION"}, {2, "HEADER"}, {9, "$ACADVER"}, {1, "AC1015"}, {0, "ENDSEC"}, {0, "SECTION"}, {2, "TABLES"}});
+    add({{0, "TABLE"}, {2, "LAYER"}, {0, "LAYER"}, {5, "10"}, {2, "0"}, {70, "0"}});
+    add({{0, "LAYER"}, {5, "11"}, {2, "COLD"}, {70, "1"}, {0, "ENDTAB"}, {0, "TABLE"}, {2, "BLOCK_RECORD"}});
+    record("20", "*Model_Space");
+    record("21", "*U3");
+    add({{1001, "AcDbBlockRepBTag"}, {1070, "1"}, {1005, "23"}});
+    record("22", "*U4");
+    record("23", "WINDOW");
+    record("24", "DOOR");
+    add({{0, "ENDTAB"}, {0, "ENDSEC"}, {0, "SECTION"}, {2, "BLOCKS"}});
+    block("*Model_Space", 0);
+    block("*U3", 2);
+    block("*U4", 0);
+    block("WINDOW", 0);
+    block("DOOR", 0);
+    add({{0, "ENDSEC"}, {0, "SECTION"}, {2, "ENTITIES"}});
+    insert("30", "*U3", "0", "0");
+    insert("40", "*U4", "0", "0");
+    insert("31", "DOOR", "0", "5");
+    insert("32", "DOOR", "0", "5");
+    insert("33", "DOOR", "COLD", "6");
+    add({{0, "ENDSEC"}, {0, "SECTION"}, {2, "OBJECTS"}, {0, "DICTIONARY"}, {5, "50"}, {3, "AcDbBlockRepresentation"}});
+    add({{360, "51"}, {0, "DICTIONARY"}, {5, "51"}, {3, "AcDbRepData"}, {360, "52"}});
+    add({{0, "ACDB_BLOCKREPRESENTATION_DATA"}, {5, "52"}, {340, "23"}, {0, "ENDSEC"}, {0, "EOF"}});
+    return groups;
+}
+
+TEST_F(ReportCommand, SaysWhatItLeavesOutWhenAskedTo) {
+    write("House.dxf", dynamic_drawing());
+    write("list.prc", "window|100|\r\n");
+    const std::string script = "QXBOMC\nlist.prc\nALL\n\n@press \"Save to file\"\nreport.txt\n@press \"Close\"\nQUIT\n";
+    const auto said_with = [&](std::initializer_list<const wchar_t*> names) {
+        fs::remove(folder_ / "report.txt");
+        fs::remove(folder_ / "bill.json");
+        for (const wchar_t* name : names) {
+            ::SetEnvironmentVariableW(name, name == std::wstring_view(L"CORVANES_JSON") ? L"bill.json" : L"1");
+        }
+        write("a.scr", script);
+        const Outcome outcome = start("House.dxf --load Corvanes.arx --script a.scr --verbose");
+        for (const wchar_t* name : names) {
+            ::SetEnvironmentVariableW(name, nullptr);
+        }
+        EXPECT_EQ(outcome.status, 0U) << outcome.said;
+        return outcome.said;
+    };
+    EXPECT_THAT(said_with({}), testing::Not(HasSubstr("No price")));
+    EXPECT_FALSE(fs::exists(folder_ / "bill.json"));
+    const std::string silent = read("report.txt");
+    const std::string said = said_with({L"CORVANES_NOTES", L"CORVANES_JSON"});
+    EXPECT_EQ(read("report.txt"), silent);
+    for (const char* line : {"No price for 4 references of 3 blocks: DOOR 2, *U3 1, *U4 1",
+                             "Not counted, on frozen layers (1 reference): DOOR 1",
+                             "Not counted, inside other blocks (2 references): DOOR 2",
+                             "In the place of another of their block (1 reference): DOOR 1",
+                             "Dynamic blocks under anonymous names (2 references): *U3 is WINDOW 1, *U4 is WINDOW 1"}) {
+        EXPECT_THAT(said, HasSubstr(line));
+    }
+    EXPECT_THAT(read("bill.json"), HasSubstr("{\"code\": \"stacked\", \"text\": \"DOOR 1\", \"block\": \"DOOR\", "
+                                             "\"handles\": [\"32\"], \"number\": 1}"));
+    said_with({L"CORVANES_DYNAMIC_NAMES", L"CORVANES_JSON"});
+    EXPECT_THAT(read("report.txt"), HasSubstr("    window     100.00          2                          200.00\r\n"));
+    EXPECT_THAT(read("bill.json"), HasSubstr("\"handles\": [\"30\", \"40\"]}]"));
 }
 
 }  // namespace

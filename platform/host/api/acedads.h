@@ -28,6 +28,11 @@ int acedPrompt(const ACHAR* message);
 int acedGetVar(const ACHAR* sym, struct resbuf* result);
 int acedSetVar(const ACHAR* sym, const struct resbuf* value);
 
+#define ACED_ENV_LENGTH 512  ///< characters of a value, its terminator included
+/// The value that the user set in the program's environment, into a buffer of ACED_ENV_LENGTH characters. RTERROR when
+/// there is none or a longer one.
+int acedGetEnv(const ACHAR* sym, ACHAR* var);
+
 #define RSG_NONULL 1  ///< Return alone is not accepted
 #define RSG_NOZERO 2  ///< zero is not accepted
 #define RSG_NONEG 4   ///< negative numbers are not accepted

@@ -84,6 +84,22 @@ AcDbObjectId DatabaseStore::with_handle(uint64_t handle) const {
     return found == by_handle_.end() ? AcDbObjectId() : found->second;
 }
 
+dxf::RecordId DatabaseStore::record_of(ObjectAddress at) const {
+    switch (at.space) {
+        case ObjectSpace::record:
+            return at.number;
+        case ObjectSpace::block:
+            return block_record(at.number);
+        case ObjectSpace::table: {
+            const dxf::Table* const entries = table(static_cast<TableKind>(at.number));
+            return entries == nullptr ? dxf::no_record : entries->head;
+        }
+        case ObjectSpace::implied:
+            break;
+    }
+    return dxf::no_record;
+}
+
 AcDbObjectId DatabaseStore::owner(ObjectAddress at) const {
     switch (at.space) {
         case ObjectSpace::record: {

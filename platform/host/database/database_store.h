@@ -56,6 +56,8 @@ class DatabaseStore {
     /// 0 without one.
     uint64_t handle(ObjectAddress at) const;
     AcDbObjectId with_handle(uint64_t handle) const;
+    /// Where an object's data stands: of a block the entry in the table of blocks. dxf::no_record without one.
+    dxf::RecordId record_of(ObjectAddress at) const;
     AcDbObjectId owner(ObjectAddress at) const;
     AcRxClass* class_of(ObjectAddress at) const;
 

@@ -10,6 +10,7 @@ set(host_database_sources
     database_handles.cpp
     database_store.cpp
     entity.cpp
+    entity_data.cpp
     entity_selector.cpp
     error_status_text.cpp
     field_writer.cpp

@@ -73,6 +73,11 @@ int acedGetVar(const ACHAR* sym, struct resbuf* result) {
     return RTNORM;
 }
 
+int acedGetEnv(const ACHAR* sym, ACHAR* var) {
+    const DWORD length = sym != nullptr ? ::GetEnvironmentVariableW(sym, var, ACED_ENV_LENGTH) : 0;
+    return length > 0 && length < ACED_ENV_LENGTH ? RTNORM : RTERROR;
+}
+
 namespace {
 
 std::optional<host::VariableValue> value_of(const struct resbuf& buffer) {

@@ -1,0 +1,32 @@
+// The bill of materials as JSON, for programs; docs/report-json.md describes it. Pure.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "bom/bill_notes.h"
+#include "bom/report_columns.h"
+
+namespace corvanes {
+
+/// A file that the bill was made from.
+struct BillSource {
+    std::wstring name;  ///< without its folder
+    std::uint64_t size = 0;
+    std::string sha256;  ///< hexadecimal; size and sum are of no use when it is empty: the file could not be read
+};
+
+struct Bill {
+    BillSource drawing;
+    std::optional<BillSource> price_list;
+    std::vector<ReportCells> rows;  ///< as the report showed them, the summary row last
+    bool with_prices = true;
+    std::vector<BlockReferences> counted;
+    std::vector<Note> notes;
+};
+
+/// UTF-8. Names of blocks join rows and references without regard to case.
+std::string bill_json(const Bill& bill);
+
+}  // namespace corvanes

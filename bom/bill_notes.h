@@ -1,0 +1,76 @@
+// What a bill of materials leaves out, or counts in a way that may surprise, told as notes. Pure.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace corvanes {
+
+/// References of one block. A handle is 0 where the drawing has none.
+struct BlockReferences {
+    std::wstring name;  ///< of the block, as the drawing spells it
+    std::vector<std::uint64_t> handles;
+};
+
+/// What was found in the drawing around a count. The order of each list is that of the selection or of the drawing.
+struct BillSurvey {
+    struct Array {
+        std::wstring name;
+        std::uint64_t handle;
+        int columns;
+        int rows;
+    };
+    struct Nested {
+        std::wstring name;
+        std::uint64_t number;  ///< through all levels; stops at its largest value
+    };
+    struct Dynamic {
+        BlockReferences counted;  ///< under their anonymous name
+        std::wstring true_name;
+    };
+    std::vector<BlockReferences> counted;
+    std::vector<Array> arrays;             ///< among the counted ones, with more than one place
+    std::vector<BlockReferences> frozen;   ///< in the current space, on frozen layers
+    std::vector<Nested> nested;            ///< in the blocks that were counted
+    std::vector<BlockReferences> stacked;  ///< for each place, the references beyond its first
+    std::vector<Dynamic> dynamic;
+};
+
+/// In the order in which they are told.
+enum class NoteCode {
+    unpriced,
+    almost_named,
+    array,
+    frozen,
+    nested,
+    stacked,
+    dynamic,
+    no_entry,
+    no_line_end,
+    partly_read_price,
+    named_twice,
+};
+
+struct Note {
+    NoteCode code;
+    std::wstring text;                   ///< for people: the block or the line, and what is to be said of it
+    std::wstring block;                  ///< empty where the note is of none
+    std::vector<std::uint64_t> handles;  ///< of the references it is about
+    std::size_t line = 0;                ///< of the price list, from 1; 0 where the note is of none
+    std::uint64_t number = 1;            ///< references or places
+};
+
+/// The notes on a bill, by code. `price_list` is the text of the list; with `attached` false there is none, and nothing
+/// is without a price.
+std::vector<Note> bill_notes(const BillSurvey& survey, std::wstring_view price_list, bool attached);
+
+/// The notes for a person: a line for each code, with five examples at most and "and N more".
+std::vector<std::wstring> note_lines(const std::vector<Note>& notes);
+
+/// How a code is called in files: "unpriced", "almost-named" and so on.
+const wchar_t* name_of(NoteCode code);
+
+}  // namespace corvanes

@@ -1,0 +1,77 @@
+#include "bom/report_wishes.h"
+
+#include <afxwin.h>
+#include <aced.h>
+#include <acutads.h>
+#include <dbapserv.h>
+#include <dbdatabase.h>
+
+#include <filesystem>
+
+#include "base/file_digest.h"
+#include "base/replace_file.h"
+#include "bom/bill_json.h"
+#include "bom/report_dialog.h"
+#include "bom/report_options.h"
+#include "bom/report_rows.h"
+#include "pricelist/price_list_file.h"
+
+namespace corvanes {
+
+namespace {
+
+std::wstring environment_value(const wchar_t* name) {
+    wchar_t value[ACED_ENV_LENGTH];
+    return acedGetEnv(name, value) == RTNORM ? value : L"";
+}
+
+BillSource source_of(const std::filesystem::path& path) {
+    BillSource source{path.filename().wstring(), 0, {}};
+    if (const auto digest = base::file_digest(path)) {
+        source.size = digest->size;
+        source.sha256 = digest->sha256;
+    }
+    return source;
+}
+
+std::filesystem::path drawing_path() {
+    const AcDbDatabase* const database = acdbHostApplicationServices()->workingDatabase();
+    const wchar_t* path = nullptr;
+    return database != nullptr && database->getFilename(path) == Acad::eOk && path != nullptr ? path : L"";
+}
+
+}  // namespace
+
+ReportWishes report_wishes() {
+    return {environment_value(L"CORVANES_NOTES") == L"1", environment_value(L"CORVANES_DYNAMIC_NAMES") == L"1",
+            environment_value(L"CORVANES_JSON")};
+}
+
+void print_notes(CalcPriceDialog& dialog) {
+    if (dialog.wishes().print_notes) {
+        for (const std::wstring& line : note_lines(dialog.notes())) {
+            acutPrintf(L"\n%s", line.c_str());
+        }
+    }
+}
+
+void write_bill_json(CalcPriceDialog& dialog) {
+    const std::wstring& path = dialog.wishes().json_file;
+    if (path.empty()) {
+        return;
+    }
+    Bill bill;
+    bill.drawing = source_of(drawing_path());
+    if (dialog.grid().price_list_attached()) {
+        bill.price_list = source_of(report_options().price_list_path);
+    }
+    bill.rows = shown_rows(dialog.grid());
+    bill.with_prices = report_options().show_prices;
+    bill.counted = dialog.counted();
+    bill.notes = dialog.notes();
+    if (!base::replace_file(path, bill_json(bill))) {
+        alert_cannot_open(path.c_str());
+    }
+}
+
+}  // namespace corvanes
