@@ -28,18 +28,25 @@ def build():
     """Brings the programs up to date; one run at a time."""
     check_name(ROOT, INTERNAL)
     folder = os.path.join(ROOT, "build")
-    os.makedirs(folder, exist_ok=True)
-    with open(os.path.join(folder, "run.lock"), "w") as lock, open(os.path.join(folder, "run.log"), "wb") as log:
-        fcntl.flock(lock, fcntl.LOCK_EX)
-        if subprocess.run([os.path.join(ROOT, "tools", "setup"), "run"]).returncode != 0:
-            raise Failure(INTERNAL, "what building needs cannot be installed")
-        progress("Building...")
-        steps = [["cmake", "--build", os.path.join(folder, "windows"), "--target", "drawinghost", "corvanes"]]
-        if not os.path.exists(os.path.join(folder, "windows", "build.ninja")):
-            steps.insert(0, ["cmake", "--preset", "windows"])
-        for step in steps:
-            if subprocess.run(step, cwd=ROOT, stdin=subprocess.DEVNULL, stdout=log, stderr=log).returncode != 0:
-                raise Failure(INTERNAL, f"the build failed; {log.name} tells why")
+    try:
+        os.makedirs(folder, exist_ok=True)
+        with open(os.path.join(folder, "run.lock"), "w") as lock, open(os.path.join(folder, "run.log"), "wb") as log:
+            fcntl.flock(lock, fcntl.LOCK_EX)
+            build_locked(folder, log)
+    except OSError as error:
+        raise Failure(INTERNAL, f"{error.filename}: {error.strerror}") from None
+
+
+def build_locked(folder, log):
+    if subprocess.run([os.path.join(ROOT, "tools", "setup"), "run"]).returncode != 0:
+        raise Failure(INTERNAL, "what building needs cannot be installed")
+    progress("Building...")
+    steps = [["cmake", "--build", os.path.join(folder, "windows"), "--target", "drawinghost", "corvanes"]]
+    if not os.path.exists(os.path.join(folder, "windows", "build.ninja")):
+        steps.insert(0, ["cmake", "--preset", "windows"])
+    for step in steps:
+        if subprocess.run(step, cwd=ROOT, stdin=subprocess.DEVNULL, stdout=log, stderr=log).returncode != 0:
+            raise Failure(INTERNAL, f"the build failed; {log.name} tells why")
 
 
 def show_desktop(drawing):
