@@ -24,6 +24,7 @@ def table(results):
 
 def rows_of(command):
     lines = subprocess.run(command, stdout=subprocess.PIPE, text=True, check=False).stdout.splitlines()
+    print(*(line for line in lines if not line.startswith("| ")), sep="\n", file=sys.stderr)
     return [tuple(cell.strip() for cell in line.strip("|").split("|")) for line in lines if line.startswith("| ")][2:]
 
 

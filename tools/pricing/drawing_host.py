@@ -6,6 +6,7 @@ import signal
 import subprocess
 
 from failure import DRAWING, INTERNAL, NOTHING, OUTPUT, PRICES, Failure
+from interruption import waiting
 from references import why_none
 from windows_names import own_paths, windows_path
 
@@ -46,7 +47,8 @@ class Host:
         process = subprocess.Popen([*self.command, *options], stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
                                    stderr=subprocess.PIPE, env=self.session.environment, start_new_session=True)
         try:
-            words = process.communicate()[1].decode("utf-8", "replace").replace("\r", "")
+            with waiting():
+                words = process.communicate()[1].decode("utf-8", "replace").replace("\r", "")
         finally:
             if process.poll() is None:  # Ctrl-C: Wine's programs do not hear it
                 os.kill(process.pid, signal.SIGKILL)

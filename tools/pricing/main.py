@@ -12,6 +12,7 @@ from arguments import HELP, parse  # noqa: E402
 from drawing_host import Host  # noqa: E402
 from failure import DRAWING, INTERNAL, OUTPUT, USAGE, Failure  # noqa: E402
 from inputs import check, check_input, check_name  # noqa: E402
+from interruption import Stopped, catch, waiting  # noqa: E402
 from session import Session  # noqa: E402
 from work_folder import WorkFolder  # noqa: E402
 
@@ -31,8 +32,9 @@ def build():
     try:
         os.makedirs(folder, exist_ok=True)
         with open(os.path.join(folder, "run.lock"), "w") as lock, open(os.path.join(folder, "run.log"), "wb") as log:
-            fcntl.flock(lock, fcntl.LOCK_EX)
-            build_locked(folder, log)
+            with waiting():
+                fcntl.flock(lock, fcntl.LOCK_EX)
+                build_locked(folder, log)
     except OSError as error:
         raise Failure(INTERNAL, f"{error.filename}: {error.strerror}") from None
 
@@ -109,24 +111,8 @@ def run(words):
     sys.stdout.flush()
 
 
-class Stopped(BaseException):
-    """A signal asked this program to end."""
-
-    def __init__(self, number):
-        super().__init__(number)
-        self.number = number
-
-
-def stop(number, _frame):
-    for caught in (signal.SIGINT, signal.SIGTERM, signal.SIGHUP):
-        signal.signal(caught, signal.SIG_IGN)  # what is taken down now is not to be interrupted
-    raise Stopped(number)
-
-
 def main():
-    # Also when it was started with the signal ignored, as a shell does with what runs in the background.
-    for number in (signal.SIGINT, signal.SIGTERM, signal.SIGHUP):
-        signal.signal(number, stop)
+    catch()
     try:
         run(sys.argv[1:])
         return 0

@@ -5,6 +5,7 @@ import os
 import subprocess
 
 from failure import INTERNAL, Failure
+from interruption import waiting
 
 # The session's command tells its environment and then waits for the end of its input: the end of this program, whatever
 # way it comes, ends the session.
@@ -28,7 +29,8 @@ class Session:
                                         stdout=subprocess.PIPE, stderr=subprocess.PIPE, start_new_session=True)
         told = b""
         while not told.endswith(b"\0\0"):
-            more = os.read(self.process.stdout.fileno(), 65536)
+            with waiting():
+                more = os.read(self.process.stdout.fileno(), 65536)
             if not more:
                 said = self.process.stderr.readline().decode("utf-8", "replace").strip()
                 raise Failure(INTERNAL, said or "there is no Windows session")
