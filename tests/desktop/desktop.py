@@ -27,13 +27,20 @@ def xdotool(*words):
     return done.stdout.strip()
 
 
-def wait_until(there, what):
-    """The first true value that `there` gives. When it does not come, a picture of the display tells what came instead."""
-    end = time.monotonic() + PATIENCE
+def seen(there, seconds):
+    """The first true value that `there` gives within a time, or None."""
+    end = time.monotonic() + seconds
     while time.monotonic() < end:
         if value := there():
             return value
         time.sleep(0.02)
+    return None
+
+
+def wait_until(there, what):
+    """The first true value that `there` gives. When it does not come, a picture of the display tells what came instead."""
+    if value := seen(there, PATIENCE):
+        return value
     handle, picture = tempfile.mkstemp(prefix="never_came_", suffix=".xwd")
     os.write(handle, dump("-root"))
     os.close(handle)
