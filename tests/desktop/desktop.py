@@ -191,8 +191,8 @@ class Desktop:
             self.height - self.frame_width - self.command_line_height)
 
     def settled_picture(self, unlike=None):
-        """The drawing at the prompt for commands, without the pointer, once it has been painted: two looks that agree, and
-        show something that is not `unlike`."""
+        """The drawing at the prompt for commands, once it has been painted and the pointer's cross has gone: two looks that
+        agree, and show something that is not `unlike`."""
         self.rest()
         self.run("")  # all that was done before has been seen to then
         last = None
@@ -200,7 +200,8 @@ class Desktop:
         def settled():
             nonlocal last
             before, last = last, self.picture()
-            return last if last == before and len(set(last)) > 1 and last != unlike else None
+            crossed = any(row.count(b"\xFF\xFF\xFF\x00") > 0.9 * len(row) / 4 for row in last)
+            return last if last == before and len(set(last)) > 1 and not crossed and last != unlike else None
 
         return wait_until(settled, "a picture that stays")
 
