@@ -144,6 +144,18 @@ TEST_F(DrawingPaneTest, ThePointerLeavesNoTrace) {
     }
 }
 
+TEST_F(DrawingPaneTest, LosesThePointerToTheOtherPartsOfTheWindow) {
+    screen();
+    const POINT at = pixel(10, 70);
+    const auto arm = [&] { return GetPixel(WindowContext(view()).get(), at.x - 40, at.y); };
+    SendMessageW(view(), WM_MOUSEMOVE, 0, packed(at));
+    EXPECT_EQ(0xFFFFFFU, arm());
+    PostMessageW(GetWindow(view(), GW_HWNDNEXT), WM_MOUSEMOVE, 0, packed({5, 5}));
+    PostMessageW(window_.window(), WM_CLOSE, 0, 0);
+    window_.wait_for_answer(L"\nCommand: ");
+    EXPECT_EQ(0U, arm());
+}
+
 TEST_F(DrawingPaneTest, DashesTheRectangleThatSelectsWhatItTouches) {
     const auto top_side = [this](PointerGuide::Kind kind, double x) {
         const PointerGuideScope scope({kind, {30, 95}});

@@ -149,6 +149,9 @@ bool MainWindow::take_message(const MSG& message) {
     if (message.message == WM_MOUSEWHEEL) {
         return redirect_wheel(message);
     }
+    if (message.message == WM_MOUSEMOVE && message.hwnd != view_->window()) {
+        view_->pane().hide_pointer();
+    }
     return waiting_for_event_ ? take_event_key(message) : take_key(message);
 }
 

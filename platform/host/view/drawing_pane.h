@@ -66,6 +66,8 @@ class DrawingPane final : public SelectionDisplay {
     /// False when none is left.
     bool restore_view();
     void set_background(uint32_t colour);
+    /// The mouse is elsewhere. Windows says so too, but under Wine only after a while.
+    void hide_pointer();
 
     /// A temporary vector, drawn at once. Colours as in VectorOverlay.
     void draw_vector(const VectorOverlay::Vector& vector);
@@ -82,7 +84,6 @@ class DrawingPane final : public SelectionDisplay {
     void resize(int width, int height);
     std::optional<LRESULT> handle_mouse(UINT message, WPARAM keys, POINT at);
     void move_pointer(POINT at);
-    void hide_pointer();
     void press(POINT at, bool with_shift);
     void let_go(POINT at, bool with_shift);
     void start_panning(POINT at);
