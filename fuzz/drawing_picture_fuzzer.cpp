@@ -38,8 +38,9 @@ void look_at(const host::DisplayList& list) {
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     const dxf::OpenResult opened = dxf::Drawing::from_bytes(std::string(fuzz::bytes_of(data, size)), "fuzz.dxf");
     if (opened) {
-        look_at(host::DisplayList::build(*opened.drawing));
-        look_at(host::DisplayList::build(*opened.drawing, host::DisplayList::Space::paper));
+        const host::PictureLimits limits{8 << 20, 20'000'000};
+        look_at(host::DisplayList::build(*opened.drawing, host::DisplayList::Space::model, limits));
+        look_at(host::DisplayList::build(*opened.drawing, host::DisplayList::Space::paper, limits));
     }
     return 0;
 }

@@ -103,7 +103,9 @@ TEST(BillJson, HoldsWhatWasShown) {
         "\"total\": \"24.00\", \"handles\": [\"1A\", \"FFFFFFFFFFFFFFFF\"]}],\n"
         "\"sum\": \"24.00\",\n"
         "\"notes\": [{\"code\": \"stacked\", \"text\": \"DOOR 1\", \"block\": \"DOOR\", \"handles\": [\"1B\"], "
-        "\"number\": 1},\n{\"code\": \"no-entry\", \"text\": \"line 3\", \"line\": 3, \"number\": 1}]}\n");
+        "\"number\": 1},\n{\"code\": \"no-entry\", \"text\": \"line 3\", \"line\": 3, \"number\": 1}],\n"
+        "\"note_lines\": [\"In the place of another of their block (1 reference): DOOR 1\",\n"
+        "\"No entries in the price list (1 line): line 3\"]}\n");
     bill.with_prices = false;
     bill.price_list.reset();
     EXPECT_THAT(bill_json(bill),

@@ -10,6 +10,7 @@
 #include "platform/host/editor/editor.h"
 #include "platform/host/editor/file_commands.h"
 #include "platform/host/editor/main_window.h"
+#include "platform/host/view/display_list.h"
 #include "tests/host/database_fixture.h"
 #include "tests/host/list_command_line.h"
 
@@ -238,6 +239,19 @@ TEST_F(DrawingCommands, SaveACopyOrTheDrawingItself) {
     EXPECT_FALSE(editor().documents.document()->changed()) << "its own file, which was gone";
     EXPECT_EQ(run(L"quit", {}), L"");
     EXPECT_TRUE(std::exchange(editor().quit_requested, false));
+}
+
+TEST_F(DrawingCommands, SayOnceHowMuchIsNotShown) {
+    ListCommandLine line;
+    const CommandLineScope scope(line);
+    const dxf::Drawing& drawing = editor().documents.document()->drawing();
+    DisplayList list;
+    editor().say_left_out(drawing, list);
+    EXPECT_EQ(line.said, L"");
+    list.left_out = 2;
+    editor().say_left_out(drawing, list);
+    editor().say_left_out(drawing, list);
+    EXPECT_EQ(line.said, L"\nNot shown, or not whole: 2 entities, which would take too much memory or time.");
 }
 
 TEST_F(DrawingCommands, TellHowFarTheDrawingReaches) {

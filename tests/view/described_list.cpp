@@ -44,12 +44,22 @@ class Describer {
                 continue;
             }
             if (primitive.kind == Primitive::Kind::instance) {
-                const Instance& instance = picture.instances[primitive.first];
-                add(list_.pictures[instance.picture], map * instance.placement, around.inside(instance));
+                add_copies(picture, picture.instances[primitive.first], map, around);
             } else {
                 text_ += colour(around.resolve(primitive.ink)) + " ";
                 add_shape(picture, primitive, map);
                 text_ += "\n";
+            }
+        }
+    }
+
+    void add_copies(const Picture& holder, Instance instance, const Affine2& map, const Surroundings& around) {
+        const Repeats copies = instance.repeats == Instance::once ? Repeats() : holder.repeats[instance.repeats];
+        const Vec2 first = instance.placement.origin;
+        for (uint32_t row = 0; row < copies.rows; ++row) {
+            for (uint32_t column = 0; column < copies.columns; ++column) {
+                instance.placement.origin = first + copies.offset(column, row);
+                add(list_.pictures[instance.picture], map * instance.placement, around.inside(instance));
             }
         }
     }

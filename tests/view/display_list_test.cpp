@@ -144,9 +144,62 @@ TEST(DisplayList, RepeatsArrays) {
     EXPECT_EQ("------ dot 1,1\n", described(dot + entities("0 INSERT|8 0|2 DOT|10 1|20 1|70 0|71 -5|44 3|45 3")));
     const DisplayList many =
         DisplayList::build(*drawing_of(dot + entities("0 INSERT|8 0|2 DOT|10 0|20 0|70 32767|71 32767|44 1|45 1")));
-    EXPECT_EQ(3U, many.pictures.size() - 1);
+    EXPECT_EQ(1U, many.pictures.size());
+    EXPECT_EQ(1U, many.top.primitives.size());
     EXPECT_EQ(32766, many.extents().high.x);
     EXPECT_EQ(32766, many.extents().high.y);
+}
+
+std::string times(size_t count, const std::string& groups) {
+    std::string all;
+    for (size_t i = 0; i < count; ++i) {
+        all += groups;
+    }
+    return all;
+}
+
+/// How many entities are left out of a drawing that asks for more than there is, and whether the list kept to its
+/// limit.
+std::string within_limits(const PictureLimits& limits, const std::string& groups, const std::string& before = "") {
+    const auto drawing = drawing_of(before + entities(groups.substr(0, groups.size() - 1)));
+    const DisplayList list = DisplayList::build(*drawing, DisplayList::Space::model, limits);
+    size_t bytes = list.pictures.size() * sizeof(Picture) + list.top.points.size() * sizeof(Vec2);
+    bytes += list.top.primitives.size() * sizeof(Primitive) + list.top.instances.size() * sizeof(Instance);
+    return std::to_string(list.left_out) + (bytes <= limits.bytes ? "" : " beyond the limit");
+}
+
+TEST(DisplayList, KeepsToItsLimitsAndCountsWhatItLeavesOut) {
+    const auto hatch = [](const std::string& step, const std::string& dashes) {
+        return "0 HATCH|8 0|10 0|20 0|30 0|2 U|70 0|91 1|92 2|72 0|73 1|93 4|10 0|20 0|10 8|20 0|10 8|20 8|10 0|20 8|"
+               "97 0|75 0|76 0|52 0|41 1|77 0|78 1|53 0|43 0|44 0|45 0|46 " +
+               step + "|" + dashes + "98 0|";
+    };
+    const PictureLimits small{100'000, 10'000'000};
+    const std::string point = "0 POINT|8 0|10 0|20 0|";
+    EXPECT_EQ("0", within_limits(small, times(1000, point)));
+    EXPECT_EQ("1012", within_limits(small, times(2250, point)));
+    const std::string tilted = "0 INSERT|8 0|2 WALL|10 1|20 0|70 32767|71 32767|44 1|45 1|210 0|220 -1|230 0.5|";
+    const std::string wall = blocks(block("WALL", "0 LINE|8 0|10 0|20 0|30 3|11 2|21 5|31 3"));
+    EXPECT_EQ("2", within_limits(small, tilted + tilted, wall));
+    const std::string lines = "0 MLINE|8 0|71 0|11 0|21 0|13 0|23 1|" + times(300, "74 1|41 1|");
+    EXPECT_EQ("1", within_limits(small, lines + times(300, "11 1|21 0|23 1|")));
+    // Curves are cut into fewer chords, and hatches shown by their outlines, before anything is left out.
+    const std::string wide = "0 LWPOLYLINE|8 0|90 2|70 1|43 1|10 0|20 0|42 1|10 9|20 0|42 1|";
+    EXPECT_EQ("0", within_limits(small, times(50, wide)));
+    EXPECT_EQ("96", within_limits({1'000'000, 100'000'000}, times(100, hatch("0.01", ""))));
+    EXPECT_EQ("1", within_limits({1'000'000, 1000}, hatch("0.01", ""))) << "time";
+    EXPECT_EQ("0", within_limits(small, hatch("1", "79 1|49 -1e-12|"))) << "nothing but gaps";
+}
+
+TEST(DisplayList, IsSharedByAllWhoLookAtOneState) {
+    const auto drawing = drawing_of(entities("0 POINT|8 0|10 0|20 0"));
+    const auto other = drawing_of(entities("0 POINT|8 0|10 0|20 0"));
+    const auto list = DisplayList::shared(*drawing);
+    EXPECT_EQ(list, DisplayList::shared(*drawing));
+    drawing->append_entity("0\nPOINT\n");
+    const auto edited = DisplayList::shared(*drawing);
+    EXPECT_EQ(2U, edited->top.primitives.size());
+    EXPECT_NE(edited, DisplayList::shared(*other));
 }
 
 TEST(DisplayList, SeesTiltedBlocksFromAbove) {

@@ -86,8 +86,12 @@ TEST_F(DrawingPaneTest, ShowsTheWholeDrawingAndWhatIsAddedToIt) {
     writer.type(L"LINE").text(8, L"0").point(10, 40, 50, 0).point(11, 60, 50, 0);
     drawing_->append_entity(writer.take());
     edits_ = 1;
+    std::vector<const DisplayList*> told;
+    pane().on_new_list([&told](const dxf::Drawing&, const DisplayList& list) { told.push_back(&list); });
     pane().update();
     EXPECT_EQ(0xFFFFFFU, shown_at(50, 50));
+    const auto shared = DisplayList::shared(*drawing_);
+    EXPECT_EQ(told, std::vector<const DisplayList*>{shared.get()}) << "one list for all who look";
     pane().set_background(0xFFFFFF);
     EXPECT_EQ(0U, shown_at(50, 50)) << "colour 7 goes with the background";
 }

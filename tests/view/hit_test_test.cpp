@@ -119,4 +119,19 @@ TEST(HitTest, AgreesWithItselfInALargeDrawing) {
     EXPECT_EQ("399", find.pick(190, 190));
 }
 
+TEST(HitTest, FindsArraysByTheirCopies) {
+    const std::string bar = blocks(block("BAR", "0 LINE|8 0|10 0|20 0|11 2|21 1"));
+    const Finder find(bar +
+                      entities("0 INSERT|8 0|2 BAR|10 0|20 0|70 1000|71 1000|44 4|45 3|"
+                               "0 INSERT|8 0|66 1|2 BAR|10 0|20 -90|70 3|44 10|0 ATTRIB|8 0|10 0|20 -90|40 1|1 T|2 A|"
+                               "70 0|0 SEQEND|8 0"));
+    EXPECT_EQ("0", find.pick(4 * 500 + 1, 3 * 700 + 0.5));
+    EXPECT_EQ("", find.pick(4 * 500 + 3, 3 * 700 + 0.5)) << "between the copies";
+    EXPECT_EQ("1", find.pick(21, -89.5));
+    EXPECT_EQ("0", find.crossing({1999, 0}, {2001, 9}));
+    EXPECT_EQ("0", find.window({-1, -1}, {4000, 3000}));
+    EXPECT_EQ("", find.window({-1, -1}, {4000, 2997.9}));
+    EXPECT_EQ("1", find.window({-1, -91}, {23, -80}));
+}
+
 }  // namespace host

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "tests/view/described_list.h"
 
 namespace host {
@@ -191,6 +193,51 @@ TEST(ViewTransform, ShowsBoxesWholeAndGoesBothWays) {
     view.show({{5, 5}, {5, 5}});  // a point goes to the centre
     EXPECT_DOUBLE_EQ(100 / 30.0, view.pixels_per_unit());
     EXPECT_EQ((Vec2{5, 5}), view.centre());
+}
+
+TEST(ListPainter, PaintsArraysAsTheirSingleCopies) {
+    const std::string flag = blocks(block("FLAG",
+                                          "0 LINE|8 0|62 0|10 0|20 0|11 2|21 3|0 SOLID|8 0|62 1|10 1|20 0|11 2|21 0|"
+                                          "12 1|22 1|13 2|23 1"));
+    std::string singles;
+    for (int i = 0; i < 20; ++i) {
+        const int across = 4 * (i % 5);
+        const int up = 5 * (i / 5);
+        // Turned by 90 degrees: columns go up, rows to the left.
+        singles += "0 INSERT|8 0|62 3|2 FLAG|10 " + std::to_string(20 - up) + ".3|20 " + std::to_string(1 + across) +
+                   ".4|50 90|";
+    }
+    Painting array(24, 24, flag + entities("0 INSERT|8 0|62 3|2 FLAG|10 20.3|20 1.4|50 90|70 5|71 4|44 4|45 5"));
+    Painting apart(24, 24, flag + entities(singles.substr(0, singles.size() - 1)));
+    for (const Box2& seen : {Box2{{0, 0}, {24, 24}}, Box2{{9, 9}, {15, 13}}}) {
+        array.view.show(seen);
+        apart.view.show(seen);
+        EXPECT_EQ(apart.paint(), array.paint());
+    }
+    // A thousand million copies, a few of them to a pixel.
+    Painting many(8, 4,
+                  blocks(block("DOT", "0 POINT|8 0|10 0|20 0")) +
+                      entities("0 INSERT|8 0|2 DOT|10 0|20 0|70 32767|71 32767|44 0.0002|45 0.0001"));
+    EXPECT_EQ("\n........\n#######.\n#######.\n#######.\n", many.paint());
+}
+
+TEST(ListPainter, FillsAreasOfManyEdges) {
+    std::vector<uint32_t> pixels(40 * 600);
+    Raster raster(pixels.data(), 40, 600);
+    const auto filled = [&](size_t rounds) {
+        raster.clear(0);
+        raster.set_pen(0xFFFFFF);
+        std::vector<Vec2> polygon;
+        for (size_t i = 0; i < rounds; ++i) {
+            polygon.insert(polygon.end(), {{10, 100}, {30, 100}, {30, 500}, {10, 500}, {10, 100}});
+        }
+        raster.fill(polygon);
+        return std::count(pixels.begin(), pixels.end(), 0xFFFFFFU);
+    };
+    EXPECT_EQ(20 * 400, filled(1));
+    EXPECT_EQ(20 * 400, filled(2001)) << "around an odd number of times";
+    EXPECT_EQ(0, filled(2000));
+    EXPECT_EQ(20 * 400, filled(1));
 }
 
 }  // namespace host

@@ -41,6 +41,8 @@ class WindowAttachment final : public AcApDocManagerReactor {
         program_.m_pMainWnd = &main_;
         editor().main_window = window.window();
         editor().view = &window.view().pane();
+        window.view().pane().on_new_list(
+            [](const dxf::Drawing& drawing, const DisplayList& list) { editor().say_left_out(drawing, list); });
         set_vector_display(&window.view());
         set_selection_display(&window.view().pane());
         editor().history.attach(&window);
@@ -50,6 +52,7 @@ class WindowAttachment final : public AcApDocManagerReactor {
         acDocManagerPtr()->removeReactor(this);
         set_selection_display(nullptr);
         set_vector_display(nullptr);
+        window_.view().pane().on_new_list({});
         editor().view = nullptr;
         editor().main_window = nullptr;
         editor().history.attach(nullptr);

@@ -115,9 +115,9 @@ std::vector<dxf::RecordId> EntitySelector::previous() const {
 }
 
 const DisplayList& EntitySelector::display_list() {
-    if (!display_list_) {
+    if (display_list_ == nullptr) {
         display_list_ =
-            DisplayList::build(drawing_, store_.tilemode() ? DisplayList::Space::model : DisplayList::Space::paper);
+            DisplayList::shared(drawing_, store_.tilemode() ? DisplayList::Space::model : DisplayList::Space::paper);
     }
     return *display_list_;
 }

@@ -1,7 +1,7 @@
 // Which entities a selection finds, before the filter.
 #pragma once
 
-#include <optional>
+#include <memory>
 #include <vector>
 
 #include "gepnt3d.h"
@@ -41,7 +41,7 @@ class EntitySelector {
     const dxf::Drawing& drawing_;
     std::vector<bool> frozen_;  ///< by layer
     bool layer_zero_frozen_ = false;
-    std::optional<DisplayList> display_list_;
+    std::shared_ptr<const DisplayList> display_list_;
 };
 
 /// Half the side of the pick box, in drawing units; the view keeps it as large as the cursor's box. Always positive.

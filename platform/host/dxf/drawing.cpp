@@ -1,6 +1,7 @@
 #include "platform/host/dxf/drawing.h"
 
 #include <algorithm>
+#include <atomic>
 #include <utility>
 
 #include "base/case_folding.h"
@@ -12,10 +13,15 @@ namespace {
 /// Written at once: large enough for the disk, small enough for every system call.
 constexpr size_t write_size = size_t{8} << 20;
 
+uint64_t next_serial() {
+    static std::atomic<uint64_t> last{0};
+    return ++last;
+}
+
 }  // namespace
 
 Drawing::Drawing(std::filesystem::path path, base::FileContents contents, std::string memory)
-    : path_(std::move(path)), contents_(std::move(contents)), memory_(std::move(memory)) {}
+    : path_(std::move(path)), contents_(std::move(contents)), memory_(std::move(memory)), serial_(next_serial()) {}
 
 OpenResult Drawing::open(const std::filesystem::path& path) {
     OpenResult result;

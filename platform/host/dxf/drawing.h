@@ -43,6 +43,10 @@ class Drawing {
     /// $ACADVER; "AC1009" when the drawing does not say.
     const std::string& version() const { return index_.version; }
     Encoding encoding() const { return index_.encoding; }
+    /// No other drawing that this process opens has the same.
+    uint64_t serial() const { return serial_; }
+    /// In bytes: what it was when it was opened, and all that edits have put in.
+    uint64_t size() const { return original().size() + edits_.bytes(); }
     const TextCodec& codec() const { return index_.codec; }
     /// How to encode what is to be added to this drawing.
     Manner manner() const;
@@ -133,6 +137,7 @@ class Drawing {
     DrawingIndex index_;
     EditList edits_;
     UndoHistory history_;
+    const uint64_t serial_;
     uint64_t next_handle_ = 0;
     bool hand_seed_due_ = false;
 };

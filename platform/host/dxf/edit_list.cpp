@@ -1,6 +1,7 @@
 #include "platform/host/dxf/edit_list.h"
 
 #include <algorithm>
+#include <numeric>
 #include <utility>
 
 namespace dxf {
@@ -9,6 +10,11 @@ uint64_t EditList::add_piece(std::string bytes, uint64_t anchor) {
     pieces_.push_back(std::move(bytes));
     anchors_.push_back(anchor);
     return pieces_.size() - 1;
+}
+
+uint64_t EditList::bytes() const {
+    return std::accumulate(pieces_.begin(), pieces_.end(), uint64_t{0},
+                           [](uint64_t sum, const std::string& piece) { return sum + piece.size(); });
 }
 
 Place EditList::insert_before(Place place, std::string bytes) {

@@ -20,6 +20,8 @@ class EditList {
     bool empty() const { return edits_.empty(); }
     /// How many edits were made in all; it never goes back.
     uint64_t made() const { return made_; }
+    /// The size of all pieces.
+    uint64_t bytes() const;
 
     /// Adds `bytes` directly before a place of the original or before another piece, after all that was put there
     /// before it. Returns the new piece's place.

@@ -123,6 +123,14 @@ void Editor::variable_was_set() {
     }
 }
 
+void Editor::say_left_out(const dxf::Drawing& drawing, const DisplayList& list) {
+    if (list.left_out != 0 && std::exchange(said_left_out_of_, drawing.serial()) != drawing.serial()) {
+        command_line().print(L"\nNot shown, or not whole: " + std::to_wstring(list.left_out) +
+                             (list.left_out == 1 ? L" entity, which" : L" entities, which") +
+                             L" would take too much memory or time.");
+    }
+}
+
 void Editor::store_variables() {
     if (const Document* const document = documents.document()) {
         drawing_variables.store(document->drawing());

@@ -16,6 +16,7 @@
 namespace host {
 
 class DrawingPane;
+struct DisplayList;
 
 class Editor {
   public:
@@ -41,11 +42,15 @@ class Editor {
     /// To be called when a user or a module has set a variable. Those of the drawing reach it when the command that is
     /// running ends, so that one that is held at a value meanwhile is no change; what the database needs does at once.
     void variable_was_set();
+    /// Says, once for a drawing, how many of its entities the list leaves out.
+    void say_left_out(const dxf::Drawing& drawing, const DisplayList& list);
     /// To be called before the drawing is saved or left: all variables are in it then.
     void store_variables();
 
   private:
     void opened(Document& document);
+
+    uint64_t said_left_out_of_ = 0;  ///< Drawing::serial()
 };
 
 /// Made when it is first asked for (a module's static objects may be the first to ask).

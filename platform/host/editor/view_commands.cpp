@@ -127,7 +127,12 @@ void save_picture(Editor& editor) {
     if (!file) {
         return;
     }
-    const std::wstring problem = save_drawing_png(document->drawing(), *file);
+    if (editor.view != nullptr) {
+        editor.view->list();  // the window shows what the picture is made of: one list serves both
+    }
+    const std::shared_ptr<const DisplayList> list = DisplayList::shared(document->drawing());
+    editor.say_left_out(document->drawing(), *list);
+    const std::wstring problem = save_drawing_png(list, *file);
     if (problem.empty()) {
         command_line().print(L"\n" + *file + L" saved.");
     } else {

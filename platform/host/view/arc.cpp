@@ -4,8 +4,6 @@ namespace host {
 
 namespace {
 
-constexpr size_t most_chords = 20000;
-
 /// Whether an angle, up to whole turns, lies on the arc.
 bool covers(const Arc& arc, double angle) {
     const double from = arc.sweep < 0 ? arc.start + arc.sweep : arc.start;
@@ -39,8 +37,8 @@ size_t Arc::chords(double tolerance) const {
     return count < most_chords ? std::max(static_cast<size_t>(count), size_t{4}) : most_chords;
 }
 
-void Arc::flatten(double tolerance, std::vector<Vec2>& points) const {
-    const size_t count = chords(tolerance);
+void Arc::flatten(double tolerance, std::vector<Vec2>& points, size_t most) const {
+    const size_t count = std::min(chords(tolerance), std::max(most, size_t{1}));
     const Vec2 step = direction(sweep / static_cast<double>(count));
     Vec2 turned = direction(start);
     for (size_t i = 0; i <= count; ++i) {

@@ -22,8 +22,9 @@ struct Arc {
     Box2 box() const;
     /// Into how many chords the arc must be cut so that none is further from it than `tolerance`.
     size_t chords(double tolerance) const;
-    /// Appends the begin and the end of each chord.
-    void flatten(double tolerance, std::vector<Vec2>& points) const;
+    /// Appends the begin and the end of each chord, of which there are `most` at most.
+    void flatten(double tolerance, std::vector<Vec2>& points, size_t most = most_chords) const;
+    static constexpr size_t most_chords = 20000;
 };
 
 Arc image(const Affine2& map, const Arc& arc);

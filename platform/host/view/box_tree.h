@@ -12,6 +12,8 @@ namespace host {
 /// Built once over boxes numbered from 0, which stay with their owner. Empty boxes are never found.
 class BoxTree {
   public:
+    /// About what a tree takes for each box, in bytes.
+    static constexpr size_t bytes_per_box = 8;
     using BoxOf = std::function<const Box2&(uint32_t number)>;
 
     BoxTree() = default;

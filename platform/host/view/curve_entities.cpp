@@ -8,6 +8,7 @@ namespace {
 
 /// Half the length at which an endless line is cut: beyond any drawing, within exact arithmetic.
 constexpr double endless = 1e10;
+constexpr size_t steps_of_a_point = 10;
 
 Arc circle_arc(const EntityScope& scope, double start, double sweep) {
     const Transform3 map = scope.object_space();
@@ -76,12 +77,13 @@ void draw_spline(const EntityScope& scope) {
     spline.controls = scope.fields.points(10);
     spline.weights = scope.fields.reals(41);
     if (spline.valid()) {
-        scope.out.strip(plan(scope.space, spline.flatten()));
+        scope.out.strip(plan(scope.space, spline.flatten(scope.out.budget().most_chords())));
         return;
     }
     const bool closed = (scope.fields.integer(70) & 1) != 0;
     const std::vector<Vec3> fit = scope.fields.points(11);
-    scope.out.strip(plan(scope.space, curve_through(fit.empty() ? spline.controls : fit, closed)));
+    scope.out.strip(plan(scope.space,
+                         curve_through(fit.empty() ? spline.controls : fit, closed, scope.out.budget().most_chords())));
 }
 
 void draw_point(const EntityScope& scope) {
@@ -102,7 +104,8 @@ void draw_construction_line(const EntityScope& scope) {
 void draw_leader(const EntityScope& scope) {
     const std::vector<Vec3> points = scope.fields.points(10);
     const bool curved = scope.fields.integer(72) == 1;
-    scope.out.strip(plan(scope.space, curved ? curve_through(points, false) : points));
+    scope.out.strip(
+        plan(scope.space, curved ? curve_through(points, false, scope.out.budget().most_chords()) : points));
     if (scope.fields.integer(71, 1) == 1 && points.size() > 1) {
         draw_arrow(scope, points[0], points[1]);
     }
@@ -137,7 +140,8 @@ void draw_multiline(const EntityScope& scope) {
     }
     const bool closed = (scope.fields.integer(71) & 2) != 0;
     const size_t elements = vertices.empty() ? 0 : vertices.front().distances.size();
-    for (size_t element = 0; element < elements; ++element) {
+    for (size_t element = 0; element < elements && scope.out.budget().work(vertices.size() * steps_of_a_point);
+         ++element) {
         std::vector<Vec2> line;
         for (const Vertex& vertex : vertices) {
             const double distance = element < vertex.distances.size() ? vertex.distances[element] : 0;

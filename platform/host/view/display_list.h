@@ -1,10 +1,12 @@
 // A drawing's space ready to be painted and picked from.
 #pragma once
 
+#include <memory>
 #include <vector>
 
 #include "platform/host/dxf/drawing.h"
 #include "platform/host/view/picture.h"
+#include "platform/host/view/picture_budget.h"
 
 namespace host {
 
@@ -43,11 +45,16 @@ struct DisplayList {
     std::vector<FontFace> fonts;
     std::vector<LinePattern> patterns;  ///< the first one is continuous
     Surroundings surroundings;          ///< of the top picture
+    size_t left_out = 0;                ///< entities that are not shown, or not whole, for they would take too much
 
     /// Around everything that is in the space; empty for an empty one.
     const Box2& extents() const { return top.box; }
 
     static DisplayList build(const dxf::Drawing& drawing, Space space = Space::model);
+    static DisplayList build(const dxf::Drawing& drawing, Space space, const PictureLimits& limits);
+    /// The list that somebody has of this state of the drawing, or a new one: who looks at the same shares it. On the
+    /// main thread only.
+    static std::shared_ptr<const DisplayList> shared(const dxf::Drawing& drawing, Space space = Space::model);
 };
 
 }  // namespace host

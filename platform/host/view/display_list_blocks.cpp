@@ -7,14 +7,14 @@ namespace {
 
 constexpr int64_t most_copies_in_line = 32767;  // what the format's 16 bits can say
 constexpr size_t deepest_nesting = 100;
-constexpr size_t most_tilted_copies = 10000;
+constexpr size_t steps_of_a_copy = 1000;
 
 bool is_zero(const Vec3& step) {
     return step.x == 0 && step.y == 0 && step.z == 0;
 }
 
-size_t copies_in_line(int64_t count, const Vec3& step) {
-    return is_zero(step) ? 1 : static_cast<size_t>(std::clamp<int64_t>(count, 1, most_copies_in_line));
+uint32_t copies_in_line(int64_t count, const Vec3& step) {
+    return is_zero(step) ? 1 : static_cast<uint32_t>(std::clamp<int64_t>(count, 1, most_copies_in_line));
 }
 
 }  // namespace
@@ -113,35 +113,37 @@ void DisplayListBuilder::place_block(dxf::RecordId id, dxf::BlockId block, const
         draw_attributes(id, record, look, target);
         return;
     }
-    const uint32_t picture = block == dxf::no_block ? no_picture : picture_of(block);
-    PictureBuilder cell;
-    PictureBuilder& out = single ? target.out : cell;
+    Instance placed = look;
+    placed.picture = block == dxf::no_block ? no_picture : picture_of(block);
+    placed.placement = placement.plan();
+    const bool has_parts = drawing_.record(id).is(dxf::Record::has_parts);
+    PictureBuilder cell(budget_);
+    PictureBuilder& out = single || !has_parts ? target.out : cell;
+    const Repeats repeats{target.space.vector(copies.column_step).plan(), target.space.vector(copies.row_step).plan(),
+                          copies.columns, copies.rows};
     out.begin_entity(id, look.ink, false);
-    if (picture != no_picture) {
-        Instance placed = look;
-        placed.picture = picture;
-        placed.placement = placement.plan();
-        out.instance(placed, list_.pictures[picture]);
+    if (placed.picture != no_picture && !single && !has_parts) {
+        out.instances(placed, list_.pictures[placed.picture], repeats);
+    } else if (placed.picture != no_picture) {
+        out.instance(placed, list_.pictures[placed.picture]);
     }
     draw_attributes(id, record, look, {out, target.space, target.in_block});
-    if (!single) {
-        Copies seen = copies;
-        seen.column_step = target.space.vector(copies.column_step);
-        seen.row_step = target.space.vector(copies.row_step);
+    if (!single && has_parts) {
         Instance whole = look;
         whole.placement = Affine2();
-        whole.picture = array_of(cell.take(), seen);
+        whole.picture = add_picture(cell.take());
         target.out.begin_entity(id, look.ink, false);
-        target.out.instance(whole, list_.pictures[whole.picture]);
+        target.out.instances(whole, list_.pictures[whole.picture], repeats);
     }
 }
 
 /// A block seen askew is drawn anew for each reference: heights inside of it move what is seen from above.
 void DisplayListBuilder::place_tilted(dxf::BlockId block, const Copies& copies, const Instance& look,
                                       const Target& target) {
-    for (size_t row = 0; row < copies.rows; ++row) {
-        for (size_t column = 0; column < copies.columns; ++column) {
-            if (being_drawn_[block] || depth_ >= deepest_nesting || ++tilted_copies_ > most_tilted_copies) {
+    for (uint32_t row = 0; row < copies.rows; ++row) {
+        for (uint32_t column = 0; column < copies.columns; ++column) {
+            if (being_drawn_[block] || depth_ >= deepest_nesting || !budget_.take(sizeof(Picture)) ||
+                !budget_.work(steps_of_a_copy)) {
                 return;
             }
             const Vec3 step =
@@ -149,34 +151,10 @@ void DisplayListBuilder::place_tilted(dxf::BlockId block, const Copies& copies, 
             Instance placed = look;
             placed.placement = Affine2();
             placed.picture =
-                add_picture(draw_block(block, target.space * Transform3::translation(step) * copies.first));
+                add_picture(draw_block(block, target.space * Transform3::translation(step) * copies.first, true));
             target.out.instance(placed, list_.pictures[placed.picture]);
         }
     }
-}
-
-uint32_t DisplayListBuilder::array_of(Picture cell, const Copies& copies) {
-    const uint32_t row = repeated(add_picture(std::move(cell)), copies.column_step.plan(), copies.columns);
-    return repeated(row, copies.row_step.plan(), copies.rows);
-}
-
-uint32_t DisplayListBuilder::repeated(uint32_t picture, Vec2 step, size_t count) {
-    if (count == 1) {
-        return picture;
-    }
-    PictureBuilder out;
-    for (size_t i = 0; i < count; ++i) {
-        Instance copy;
-        copy.picture = picture;
-        copy.placement.origin = step * static_cast<double>(i);
-        copy.ink = Ink::by_block();
-        copy.layer_ink = Ink::by_block_layer();
-        copy.pattern = LinePattern::of_block;
-        copy.layer_pattern = LinePattern::of_block_layer;
-        copy.layer_zero = Instance::LayerZero::inherited;
-        out.instance(copy, list_.pictures[picture]);
-    }
-    return add_picture(out.take());
 }
 
 uint32_t DisplayListBuilder::add_picture(Picture picture) {
@@ -189,18 +167,18 @@ uint32_t DisplayListBuilder::picture_of(dxf::BlockId block) {
         return no_picture;
     }
     if (picture_of_block_[block] == no_picture) {
-        Picture picture = draw_block(block, {});
+        Picture picture = draw_block(block, {}, false);
         picture_of_block_[block] = add_picture(std::move(picture));
     }
     return picture_of_block_[block];
 }
 
-Picture DisplayListBuilder::draw_block(dxf::BlockId block, const Transform3& space) {
-    PictureBuilder out;
+Picture DisplayListBuilder::draw_block(dxf::BlockId block, const Transform3& space, bool anew) {
+    PictureBuilder out(budget_);
     being_drawn_[block] = true;
     ++depth_;
     for (const dxf::RecordId id : drawing_.blocks()[block].entities) {
-        draw_record(id, {out, space, true});
+        draw_record(id, {out, space, true, anew});
     }
     --depth_;
     being_drawn_[block] = false;

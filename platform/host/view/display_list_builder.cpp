@@ -1,6 +1,7 @@
 #include "platform/host/view/display_list_builder.h"
 
 #include <algorithm>
+#include <tuple>
 
 #include "base/case_folding.h"
 
@@ -48,10 +49,27 @@ constexpr wchar_t by_block[] = L"ByBlock";
 }  // namespace
 
 DisplayList DisplayList::build(const dxf::Drawing& drawing, Space space) {
-    return DisplayListBuilder(drawing).build(space);
+    return build(drawing, space, PictureLimits::for_drawing(drawing.size()));
 }
 
-DisplayListBuilder::DisplayListBuilder(const dxf::Drawing& drawing)
+DisplayList DisplayList::build(const dxf::Drawing& drawing, Space space, const PictureLimits& limits) {
+    return DisplayListBuilder(drawing, limits).build(space);
+}
+
+std::shared_ptr<const DisplayList> DisplayList::shared(const dxf::Drawing& drawing, Space space) {
+    static std::weak_ptr<const DisplayList> known;
+    static std::tuple<uint64_t, uint64_t, Space> known_state;
+    const std::tuple state(drawing.serial(), drawing.edits_made(), space);
+    std::shared_ptr<const DisplayList> list = known_state == state ? known.lock() : nullptr;
+    if (list == nullptr) {
+        list = std::make_shared<const DisplayList>(build(drawing, space));
+        known = list;
+        known_state = state;
+    }
+    return list;
+}
+
+DisplayListBuilder::DisplayListBuilder(const dxf::Drawing& drawing, const PictureLimits& limits)
     : drawing_(drawing),
       layers_(drawing),
       line_types_(drawing),
@@ -59,11 +77,12 @@ DisplayListBuilder::DisplayListBuilder(const dxf::Drawing& drawing)
       drawers_(drawing.type_names().size()),
       picture_of_block_(drawing.blocks().size(), no_picture),
       base_of_block_(drawing.blocks().size()),
-      being_drawn_(drawing.blocks().size(), false) {}
+      being_drawn_(drawing.blocks().size(), false),
+      budget_(limits) {}
 
 DisplayList DisplayListBuilder::build(DisplayList::Space space) {
     const bool paper = space == DisplayList::Space::paper;
-    PictureBuilder out;
+    PictureBuilder out(budget_);
     const Target target{out, {}, false};
     const auto stands_here = [&](dxf::RecordId id) {
         return drawing_.record(id).is(dxf::Record::paper_space) == paper;
@@ -74,13 +93,15 @@ DisplayList DisplayListBuilder::build(DisplayList::Space space) {
         entities += stands_here(id) ? 1 : 0;
         references += stands_here(id) && drawing_.record(id).type == dxf::type_insert ? 1 : 0;
     }
-    out.reserve(entities, references);
+    const auto room = static_cast<size_t>(budget_.bytes_left() / 4 / sizeof(Primitive));
+    out.reserve(std::min(entities, room), std::min(references, room));
     for (const dxf::RecordId id : drawing_.entities()) {
         if (stands_here(id)) {
             draw_record(id, target);
         }
     }
     list_.top = out.take();
+    list_.left_out = budget_.left_out();
     list_.fonts = styles_.fonts();
     list_.surroundings.layer_ink = layers_.zero_state().ink;
     list_.surroundings.layer_pattern = line_types_.pattern(layers_.zero_state().line_type, 1);
@@ -138,6 +159,13 @@ uint16_t DisplayListBuilder::pattern_of(dxf::NameId layer) {
 void DisplayListBuilder::draw_record(dxf::RecordId id, const Target& target) {
     const dxf::Record& entry = drawing_.record(id);
     if (entry.is(dxf::Record::erased)) {
+        return;
+    }
+    if (!target.anew) {
+        budget_.begin_entity();
+    }
+    if (budget_.spent() || !budget_.work(entry.length)) {
+        budget_.leave_out();
         return;
     }
     const dxf::RecordView record = drawing_.view(id);

@@ -13,7 +13,7 @@ namespace host {
 
 class DisplayListBuilder {
   public:
-    explicit DisplayListBuilder(const dxf::Drawing& drawing);
+    DisplayListBuilder(const dxf::Drawing& drawing, const PictureLimits& limits);
 
     DisplayList build(DisplayList::Space space);
 
@@ -23,14 +23,15 @@ class DisplayListBuilder {
         PictureBuilder& out;
         Transform3 space;
         bool in_block;
+        bool anew = false;  ///< a tilted block, which is drawn for each reference
     };
     /// A block reference's copies: the first one's place, and the steps to the others.
     struct Copies {
         Transform3 first;
         Vec3 column_step;
         Vec3 row_step;
-        size_t columns = 1;
-        size_t rows = 1;
+        uint32_t columns = 1;
+        uint32_t rows = 1;
     };
 
     void draw_record(dxf::RecordId id, const Target& target);
@@ -43,14 +44,11 @@ class DisplayListBuilder {
     void place_block(dxf::RecordId id, dxf::BlockId block, const Copies& copies, const Instance& look,
                      const Target& target, const dxf::RecordView& record);
     void place_tilted(dxf::BlockId block, const Copies& copies, const Instance& look, const Target& target);
-    /// The array of a cell, as a picture of one row and a picture of all rows; the place in pictures.
-    uint32_t array_of(Picture cell, const Copies& copies);
-    uint32_t repeated(uint32_t picture, Vec2 step, size_t count);
     uint32_t add_picture(Picture picture);
 
     /// The block's picture; no_picture for a block that is being drawn, for it contains itself.
     uint32_t picture_of(dxf::BlockId block);
-    Picture draw_block(dxf::BlockId block, const Transform3& space);
+    Picture draw_block(dxf::BlockId block, const Transform3& space, bool anew);
     const Vec3& base_of(dxf::BlockId block);
     dxf::BlockId block_named(const std::wstring& name) const;
 
@@ -73,7 +71,7 @@ class DisplayListBuilder {
     std::vector<std::optional<Vec3>> base_of_block_;  ///< by BlockId, read when one is first met
     std::vector<bool> being_drawn_;                   ///< by BlockId
     size_t depth_ = 0;
-    size_t tilted_copies_ = 0;
+    PictureBudget budget_;
     DisplayList list_;
 };
 

@@ -157,9 +157,13 @@ void DrawingPane::refresh_list() {
     const PaneContent content = content_();
     if (!(content == shown_)) {
         shown_ = content;
-        frame_.set_list(content.drawing == nullptr
-                            ? std::make_shared<const DisplayList>()
-                            : std::make_shared<const DisplayList>(DisplayList::build(*content.drawing, content.space)));
+        frame_.set_list(std::make_shared<const DisplayList>());  // so that there are not two of them at a time
+        if (content.drawing != nullptr) {
+            frame_.set_list(DisplayList::shared(*content.drawing, content.space));
+            if (list_listener_) {
+                list_listener_(*content.drawing, frame_.list());
+            }
+        }
     }
     if (fit_ && content.drawing != nullptr) {
         fit_ = false;

@@ -43,6 +43,7 @@ class DrawingPane final : public SelectionDisplay {
   public:
     using Content = std::function<PaneContent()>;
     using Listener = std::function<void(const PaneEvent&)>;
+    using ListListener = std::function<void(const dxf::Drawing&, const DisplayList&)>;
 
     /// `window` sends its messages to handle() and outlives the pane.
     DrawingPane(HWND window, Content content, Listener listener);
@@ -50,6 +51,8 @@ class DrawingPane final : public SelectionDisplay {
     /// The result of a message, or nothing for one that is the window's own.
     std::optional<LRESULT> handle(UINT message, WPARAM wparam, LPARAM lparam);
 
+    /// Told of each list of a drawing that the pane begins to show.
+    void on_new_list(ListListener listener) { list_listener_ = std::move(listener); }
     /// Another drawing was opened: it will be seen whole.
     void drawing_opened();
     /// Looks whether the content or the pointer's guide has changed. To be called before waiting for a person.
@@ -93,6 +96,7 @@ class DrawingPane final : public SelectionDisplay {
     HWND window_;
     Content content_;
     Listener listener_;
+    ListListener list_listener_;
     DrawingFrame frame_{DrawingFrame::texts_in_motion};
     PaneContent shown_;
     bool fit_ = true;  ///< to be seen whole at the next painting

@@ -5,11 +5,12 @@
 
 namespace host {
 
-std::wstring save_drawing_png(const dxf::Drawing& drawing, const std::filesystem::path& path, PictureSize size) {
+std::wstring save_drawing_png(std::shared_ptr<const DisplayList> list, const std::filesystem::path& path,
+                              PictureSize size) {
     constexpr double margin = 0.02;
     constexpr uint32_t paper = 0xFFFFFF;
     DrawingFrame frame;
-    frame.set_list(std::make_shared<const DisplayList>(DisplayList::build(drawing)));
+    frame.set_list(std::move(list));
     frame.set_background(paper);
     ViewTransform view(size.width, size.height);
     view.show(frame.list().extents(), margin);

@@ -4,7 +4,7 @@
 #include <filesystem>
 #include <string>
 
-#include "platform/host/dxf/drawing.h"
+#include "platform/host/view/display_list.h"
 
 namespace host {
 
@@ -13,8 +13,9 @@ struct PictureSize {
     int height = 1200;
 };
 
-/// Saves the whole of model space, on white, as a PNG file. An existing file is replaced, and stays as it was when this
+/// Saves all that a list shows, on white, as a PNG file. An existing file is replaced, and stays as it was when this
 /// fails. The reason for a failure, or an empty text.
-std::wstring save_drawing_png(const dxf::Drawing& drawing, const std::filesystem::path& path, PictureSize size = {});
+std::wstring save_drawing_png(std::shared_ptr<const DisplayList> list, const std::filesystem::path& path,
+                              PictureSize size = {});
 
 }  // namespace host

@@ -7,6 +7,10 @@ namespace host {
 
 namespace {
 
+// Of a hatch with more lines the outline is shown. Where memory is tight, few have to do.
+constexpr size_t most_lines = 20000;
+constexpr size_t few_lines = 100;
+
 std::vector<Vec3> corners(const EntityScope& scope) {
     const Vec3 third = scope.fields.point(12);
     return {scope.fields.point(10), scope.fields.point(11), third, scope.fields.point(13, third)};
@@ -23,6 +27,23 @@ std::vector<Vec2> joined(const std::vector<std::vector<Vec2>>& contours) {
         }
     }
     return polygon;
+}
+
+/// False when the pattern has no lines here, or more than can be shown.
+bool draw_pattern(const EntityScope& scope, const std::vector<std::vector<Vec2>>& contours, const Transform3& map) {
+    PictureBudget& budget = scope.out.budget();
+    const bool tight = budget.tight();
+    const auto lines = hatch_lines(read_hatch_pattern(scope.fields), contours, tight ? few_lines : most_lines, budget);
+    if (!lines && tight) {
+        budget.leave_out();
+    }
+    if (!lines || lines->empty()) {
+        return false;
+    }
+    for (const HatchLine& line : *lines) {
+        scope.out.line(map({line.from.x, line.from.y, 0}).plan(), map({line.to.x, line.to.y, 0}).plan());
+    }
+    return true;
 }
 
 }  // namespace
@@ -46,11 +67,11 @@ void draw_face(const EntityScope& scope) {
 
 void draw_hatch(const EntityScope& scope) {
     const Transform3 map = scope.object_space() * Transform3::translation({0, 0, scope.fields.real(30)});
-    std::vector<std::vector<Vec2>> contours = read_hatch_boundary(scope.fields);
+    PictureBudget& budget = scope.out.budget();
+    std::vector<std::vector<Vec2>> contours = read_hatch_boundary(scope.fields, budget.most_chords());
     const bool solid = scope.fields.integer(70) == 1 || scope.fields.integer(450) == 1;
-    std::vector<HatchLine> lines;
-    if (!solid) {
-        lines = hatch_lines(read_hatch_pattern(scope.fields), contours);
+    if (!solid && draw_pattern(scope, contours, map)) {
+        return;
     }
     for (std::vector<Vec2>& contour : contours) {
         for (Vec2& point : contour) {
@@ -61,14 +82,9 @@ void draw_hatch(const EntityScope& scope) {
         scope.out.fill(joined(contours), contours.size() > 1);
         return;
     }
-    for (const HatchLine& line : lines) {
-        scope.out.strip({map({line.from.x, line.from.y, 0}).plan(), map({line.to.x, line.to.y, 0}).plan()});
-    }
-    if (lines.empty()) {
-        for (std::vector<Vec2>& contour : contours) {
-            contour.push_back(contour.front());
-            scope.out.strip(contour);
-        }
+    for (std::vector<Vec2>& contour : contours) {
+        contour.push_back(contour.front());
+        scope.out.strip(contour);
     }
 }
 

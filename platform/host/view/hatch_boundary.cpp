@@ -9,11 +9,16 @@ namespace {
 
 constexpr double chord_error = 1.0 / 1000;  // of an arc's radius
 constexpr int64_t polyline_path = 2;
+constexpr size_t most_points = 2'000'000;  // of all curves of a hatch
+constexpr size_t groups_of_a_curve = 3;    // at least
 
 /// Reads the groups of a HATCH in their order. Missing groups leave what was asked for at 0.
 class BoundaryReader {
   public:
-    explicit BoundaryReader(const std::vector<dxf::Group>& groups) : at_(groups.begin()), end_(groups.end()) {}
+    BoundaryReader(const std::vector<dxf::Group>& groups, size_t most_chords)
+        : at_(groups.begin()),
+          end_(groups.end()),
+          most_chords_(std::min(most_chords, most_points / (groups.size() / groups_of_a_curve + 1))) {}
 
     std::vector<std::vector<Vec2>> read() {
         while (at_ != end_ && at_->code != 91) {
@@ -55,7 +60,7 @@ class BoundaryReader {
     void add_arc(const Arc& arc) {
         const double radius = std::max(arc.u.length(), arc.v.length());
         if (std::isfinite(radius) && radius > 0) {
-            arc.flatten(radius * chord_error, points_);
+            arc.flatten(radius * chord_error, points_, most_chords_);
         }
     }
 
@@ -156,20 +161,22 @@ class BoundaryReader {
         }
         take_point(12);  // the directions at both ends
         take_point(13);
-        for (const Vec3& point : spline.valid() ? spline.flatten() : curve_through(fit, false)) {
+        for (const Vec3& point :
+             spline.valid() ? spline.flatten(most_chords_) : curve_through(fit, false, most_chords_)) {
             points_.push_back(point.plan());
         }
     }
 
     std::vector<dxf::Group>::const_iterator at_;
     std::vector<dxf::Group>::const_iterator end_;
+    const size_t most_chords_;
     std::vector<Vec2> points_;
 };
 
 }  // namespace
 
-std::vector<std::vector<Vec2>> read_hatch_boundary(const RecordFields& hatch) {
-    return BoundaryReader(hatch.groups()).read();
+std::vector<std::vector<Vec2>> read_hatch_boundary(const RecordFields& hatch, size_t most_chords) {
+    return BoundaryReader(hatch.groups(), most_chords).read();
 }
 
 }  // namespace host

@@ -9,6 +9,6 @@ namespace host {
 
 /// The closed contours of a HATCH as polygons in its object coordinates (the first point is not repeated). Paths
 /// without an area are left out.
-std::vector<std::vector<Vec2>> read_hatch_boundary(const RecordFields& hatch);
+std::vector<std::vector<Vec2>> read_hatch_boundary(const RecordFields& hatch, size_t most_chords);
 
 }  // namespace host

@@ -1,8 +1,10 @@
 // Hatch patterns: families of parallel dashed lines, cut off at the boundary.
 #pragma once
 
+#include <optional>
 #include <vector>
 
+#include "platform/host/view/picture_budget.h"
 #include "platform/host/view/record_fields.h"
 
 namespace host {
@@ -22,8 +24,10 @@ struct HatchLine {
 
 std::vector<HatchFamily> read_hatch_pattern(const RecordFields& hatch);
 
-/// The pattern's dashes inside the contours by the even-odd rule. Nothing when there would be too many of them.
-std::vector<HatchLine> hatch_lines(const std::vector<HatchFamily>& pattern,
-                                   const std::vector<std::vector<Vec2>>& contours);
+/// The pattern's dashes inside the contours by the even-odd rule. Nothing when there would be `most` of them or more,
+/// or the budget has no time for them.
+std::optional<std::vector<HatchLine>> hatch_lines(const std::vector<HatchFamily>& pattern,
+                                                  const std::vector<std::vector<Vec2>>& contours, size_t most,
+                                                  PictureBudget& budget);
 
 }  // namespace host

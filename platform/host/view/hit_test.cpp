@@ -112,9 +112,11 @@ class BoxProbe {
     }
 
     bool touches(const Picture& picture, const Primitive& primitive, const Placing& placing);
-    bool any_touches(const Instance& instance, const Placing& placing);
+    bool any_touches(const Picture& holder, const Instance& instance, const Placing& placing);
+    bool copy_touches(const Instance& instance, const Placing& placing);
     bool inside(const Picture& picture, const Primitive& primitive, const Placing& placing);
-    bool all_inside(const Instance& instance, const Placing& placing);
+    bool all_inside(const Picture& holder, const Instance& instance, const Placing& placing);
+    bool copy_inside(const Instance& instance, const Placing& placing);
 
     const DisplayList& list_;
     const Box2 box_;
@@ -129,7 +131,7 @@ bool BoxProbe::touches(const Picture& picture, const Primitive& primitive, const
         return false;
     }
     if (primitive.kind == Primitive::Kind::instance) {
-        return effort_touching_ < most_effort_ ? any_touches(picture.instances[primitive.first], placing)
+        return effort_touching_ < most_effort_ ? any_touches(picture, picture.instances[primitive.first], placing)
                                                : image(placing.to_world, primitive.box).intersects(box_);
     }
     const std::vector<Vec2> points = outline(picture, primitive, placing.to_world, box_);
@@ -137,7 +139,24 @@ bool BoxProbe::touches(const Picture& picture, const Primitive& primitive, const
     return strip_touches(points, box_) || (has_area(primitive) && encloses(points, box_.centre()));
 }
 
-bool BoxProbe::any_touches(const Instance& instance, const Placing& placing) {
+bool BoxProbe::any_touches(const Picture& holder, const Instance& instance, const Placing& placing) {
+    const std::optional<Affine2> to_holder = inverse(placing.to_world);
+    if (instance.repeats == Instance::once || !to_holder) {
+        return copy_touches(instance, placing);
+    }
+    const Box2 one = image(instance.placement, list_.pictures[instance.picture].reach);
+    Instance copy = instance;
+    bool found = false;
+    holder.repeats[instance.repeats].visit(one, image(*to_holder, box_), 0, [&](Vec2 offset) {
+        copy.placement.origin = instance.placement.origin + offset;
+        found = image(placing.to_world, Box2{one.low + offset, one.high + offset}).intersects(box_) &&
+                (++effort_touching_ >= most_effort_ || copy_touches(copy, placing));
+        return !found;
+    });
+    return found;
+}
+
+bool BoxProbe::copy_touches(const Instance& instance, const Placing& placing) {
     const Picture& picture = list_.pictures[instance.picture];
     const Placing inner = within(instance, placing);
     const std::optional<Affine2> to_picture = inverse(inner.to_world);
@@ -158,7 +177,7 @@ bool BoxProbe::inside(const Picture& picture, const Primitive& primitive, const 
     }
     switch (primitive.kind) {
         case Primitive::Kind::instance:
-            return effort_inside_ < most_effort_ && all_inside(picture.instances[primitive.first], placing);
+            return effort_inside_ < most_effort_ && all_inside(picture, picture.instances[primitive.first], placing);
         case Primitive::Kind::arc:
             return box_.contains(image(placing.to_world, picture.arcs[primitive.first]).box());
         default: {
@@ -169,7 +188,25 @@ bool BoxProbe::inside(const Picture& picture, const Primitive& primitive, const 
     }
 }
 
-bool BoxProbe::all_inside(const Instance& instance, const Placing& placing) {
+/// What is inside of the box with the copies in the corners is inside of it with all.
+bool BoxProbe::all_inside(const Picture& holder, const Instance& instance, const Placing& placing) {
+    if (instance.repeats == Instance::once) {
+        return copy_inside(instance, placing);
+    }
+    const Repeats& repeats = holder.repeats[instance.repeats];
+    Instance copy = instance;
+    for (const uint32_t row : {uint32_t{0}, repeats.rows - 1}) {
+        for (const uint32_t column : {uint32_t{0}, repeats.columns - 1}) {
+            copy.placement.origin = instance.placement.origin + repeats.offset(column, row);
+            if (!copy_inside(copy, placing)) {
+                return false;
+            }
+        }
+    }
+    return true;
+}
+
+bool BoxProbe::copy_inside(const Instance& instance, const Placing& placing) {
     const Picture& picture = list_.pictures[instance.picture];
     const Placing inner = within(instance, placing);
     return std::all_of(picture.primitives.begin(), picture.primitives.end(), [&](const Primitive& primitive) {

@@ -15,7 +15,8 @@ constexpr double readable_height = 2.5;       // pixels; smaller text is shown a
 constexpr double easily_readable_height = 5;  // pixels
 constexpr double dense_points = 0.5;          // pixels; nearer points of a strip are left out
 constexpr double shortest_pattern = 3;        // pixels; of a shorter one no dashes can be told apart
-constexpr size_t most_effort = 4'000'000;     // blocks nested like a bomb are cut off here
+constexpr size_t most_texts = 1'000'000;
+constexpr size_t most_effort = 4'000'000;  // blocks nested like a bomb are cut off here
 
 /// The primitives of a large picture that are to be painted, by number and then in order.
 template <typename Paint>
@@ -92,7 +93,7 @@ void ListPainter::paint_primitive(const Picture& picture, const Primitive& primi
     }
     switch (primitive.kind) {
         case Primitive::Kind::instance:
-            paint_instance(picture.instances[primitive.first], placing);
+            paint_instances(picture, picture.instances[primitive.first], placing);
             break;
         case Primitive::Kind::arc:
             points_.clear();
@@ -151,6 +152,22 @@ void ListPainter::paint_strip(uint16_t pattern) {
     }
 }
 
+void ListPainter::paint_instances(const Picture& holder, const Instance& instance, const Placing& placing) {
+    const std::optional<Affine2> to_holder = inverse(placing.to_pixels);
+    if (instance.repeats == Instance::once || !to_holder) {
+        paint_instance(instance, placing);
+        return;
+    }
+    Instance copy = instance;
+    holder.repeats[instance.repeats].visit(image(instance.placement, list_.pictures[instance.picture].reach),
+                                           image(*to_holder, raster_.box()), one_pixel / placing.scale,
+                                           [&](Vec2 offset) {
+                                               copy.placement.origin = instance.placement.origin + offset;
+                                               paint_instance(copy, placing);
+                                               return ++effort_ < most_effort;
+                                           });
+}
+
 void ListPainter::paint_instance(const Instance& instance, const Placing& placing) {
     const Picture& picture = list_.pictures[instance.picture];
     const Placing inner{placing.to_pixels * instance.placement, placing.surroundings.inside(instance)};
@@ -178,7 +195,7 @@ void ListPainter::paint_sample(const Picture& picture, const Placing& placing) {
 
 void ListPainter::paint_text(const TextItem& item, const Placing& placing, uint32_t colour) {
     const Affine2 to_pixels = placing.to_pixels * item.frame;
-    if (to_pixels.y.length() >= readable_height) {
+    if (to_pixels.y.length() >= readable_height && texts_.size() < most_texts) {
         texts_.push_back({&item, to_pixels, colour, highlighting_});
         return;
     }

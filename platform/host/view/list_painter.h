@@ -51,6 +51,7 @@ class ListPainter {
     void paint_primitive(const Picture& picture, const Primitive& primitive, const Placing& placing);
     void paint_points(const Picture& picture, const Primitive& primitive, const Placing& placing);
     void paint_strip(uint16_t pattern);
+    void paint_instances(const Picture& holder, const Instance& instance, const Placing& placing);
     void paint_instance(const Instance& instance, const Placing& placing);
     void paint_as_line(const PlacedText& text);
     void paint_text(const TextItem& item, const Placing& placing, uint32_t colour);

@@ -9,6 +9,7 @@
 #include "platform/host/view/box_tree.h"
 #include "platform/host/view/ink.h"
 #include "platform/host/view/line_pattern.h"
+#include "platform/host/view/repeats.h"
 #include "platform/host/view/text_item.h"
 
 namespace host {
@@ -39,14 +40,16 @@ struct Primitive {
     uint16_t pattern = LinePattern::continuous;
 };
 
-/// A picture placed in another one.
+/// A picture placed in another one, once or several times.
 struct Instance {
     enum class LayerZero : uint8_t { shown, hidden, inherited };
+    static constexpr uint32_t once = 0xFFFFFFFF;
 
     Affine2 placement;
-    uint32_t picture = 0;  ///< in DisplayList::pictures
-    Ink ink;               ///< what by_block() means inside
-    Ink layer_ink;         ///< what by_block_layer() means inside
+    uint32_t picture = 0;     ///< in DisplayList::pictures
+    uint32_t repeats = once;  ///< in Picture::repeats
+    Ink ink;                  ///< what by_block() means inside
+    Ink layer_ink;            ///< what by_block_layer() means inside
     LayerZero layer_zero = LayerZero::shown;
     uint16_t pattern = LinePattern::continuous;        ///< what LinePattern::of_block means inside
     uint16_t layer_pattern = LinePattern::continuous;  ///< what LinePattern::of_block_layer means inside
@@ -58,6 +61,7 @@ struct Picture {
     std::vector<Arc> arcs;
     std::vector<TextItem> texts;
     std::vector<Instance> instances;
+    std::vector<Repeats> repeats;
     Box2 box;      ///< around all primitives that are not endless
     Box2 reach;    ///< around all primitives
     BoxTree tree;  ///< over the primitives; empty where they are few

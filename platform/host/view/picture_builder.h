@@ -4,12 +4,17 @@
 #include <vector>
 
 #include "platform/host/view/picture.h"
+#include "platform/host/view/picture_budget.h"
 
 namespace host {
 
-/// Coordinates are the picture's. What is not finite is left out.
+/// Coordinates are the picture's. What is not finite is left out, and so is what the budget has no room for.
 class PictureBuilder {
   public:
+    /// The budget outlives the builder.
+    explicit PictureBuilder(PictureBudget& budget) : budget_(budget) {}
+
+    PictureBudget& budget() { return budget_; }
     /// Makes room for this many primitives, of which some are instances.
     void reserve(size_t primitives, size_t instances);
     /// The primitives that follow belong to this entity.
@@ -18,7 +23,7 @@ class PictureBuilder {
     void set_ink(Ink ink) { ink_ = ink; }
 
     void strip(const std::vector<Vec2>& points);
-    void line(Vec2 from, Vec2 to) { strip({from, to}); }
+    void line(Vec2 from, Vec2 to);
     /// A line that ends nowhere near: extents do not count it.
     void endless_line(Vec2 from, Vec2 to);
     void arc(const Arc& arc);
@@ -27,15 +32,20 @@ class PictureBuilder {
     void dot(Vec2 point);
     void text(TextItem item);
     void instance(const Instance& instance, const Picture& placed);
+    /// A picture placed several times: instance.repeats is set here.
+    void instances(Instance instance, const Picture& placed, const Repeats& repeats);
 
     size_t size() const { return picture_.primitives.size(); }
     /// The finished picture; the builder is empty afterwards.
     Picture take();
 
   private:
-    Primitive& add(Primitive::Kind kind, size_t first, size_t count, const Box2& box);
-    void add_points(Primitive::Kind kind, const std::vector<Vec2>& points);
+    /// Null when there is no room for it and the `bytes` of its shape.
+    Primitive* add(Primitive::Kind kind, size_t first, size_t count, const Box2& box, size_t bytes);
+    Primitive* add_points(Primitive::Kind kind, const Vec2* points, size_t count);
+    Primitive* add_instance(const Instance& instance, const Picture& placed, const Box2& box);
 
+    PictureBudget& budget_;
     Picture picture_;
     dxf::RecordId entity_ = dxf::no_record;
     Ink ink_;

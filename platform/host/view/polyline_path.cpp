@@ -23,13 +23,13 @@ Arc image(const Transform3& map, const Arc& arc, double z) {
             map.vector({arc.v.x, arc.v.y, 0}).plan(), arc.start, arc.sweep};
 }
 
-std::vector<Vec2> centre_line(const PathVertex& vertex, const PathVertex& next) {
+std::vector<Vec2> centre_line(const PathVertex& vertex, const PathVertex& next, size_t most_chords) {
     if (!bulged(vertex, next)) {
         return {vertex.point.plan(), next.point.plan()};
     }
     std::vector<Vec2> points;
     const Arc arc = segment_arc(vertex, next);
-    arc.flatten(arc.u.length() * chord_error, points);
+    arc.flatten(arc.u.length() * chord_error, points, most_chords);
     return points;
 }
 
@@ -70,8 +70,8 @@ void add_corner(const std::vector<Vec2>& before, const std::vector<Vec2>& after,
     out.fill(polygon);
 }
 
-void add_wide_segment(const PathVertex& vertex, const PathVertex& next, const Transform3& map, PictureBuilder& out) {
-    const std::vector<Vec2> line = centre_line(vertex, next);
+void add_wide_segment(const std::vector<Vec2>& line, const PathVertex& vertex, const Transform3& map,
+                      PictureBuilder& out) {
     std::vector<Vec2> left;
     std::vector<Vec2> right;
     for (size_t i = 0; i < line.size(); ++i) {
@@ -96,16 +96,26 @@ void add_path(const std::vector<PathVertex>& vertices, bool closed, const Transf
         run.clear();
     };
     const size_t segments = vertices.size() < 2 ? 0 : vertices.size() - (closed ? 0 : 1);
+    const auto line_from = [&](size_t i) {
+        return centre_line(vertices[i % vertices.size()], vertices[(i + 1) % vertices.size()],
+                           out.budget().most_chords());
+    };
+    std::vector<Vec2> line;  // of a wide segment that the one before it has needed for their corner
     for (size_t i = 0; i < segments; ++i) {
         const PathVertex& vertex = vertices[i];
         const PathVertex& next = vertices[(i + 1) % vertices.size()];
         if (wide(vertex)) {
             end_run();
-            add_wide_segment(vertex, next, map, out);
-            if (wide(next) && (closed || i + 1 < segments)) {
-                const PathVertex& beyond = vertices[(i + 2) % vertices.size()];
-                add_corner(centre_line(vertex, next), centre_line(next, beyond), next, vertex.end_width, map, out);
+            if (line.empty()) {
+                line = line_from(i);
             }
+            add_wide_segment(line, vertex, map, out);
+            std::vector<Vec2> following;
+            if (wide(next) && (closed || i + 1 < segments)) {
+                following = line_from(i + 1);
+                add_corner(line, following, next, vertex.end_width, map, out);
+            }
+            line = std::move(following);
         } else if (bulged(vertex, next)) {
             end_run();
             out.arc(image(map, segment_arc(vertex, next), vertex.point.z));

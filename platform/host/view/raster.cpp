@@ -20,6 +20,13 @@ bool keep(double outward, double distance, double& from, double& to) {
     return from <= to;
 }
 
+constexpr size_t most_crossings = 1 << 20;
+
+/// The first pixel whose middle is not left of x.
+int first_pixel_behind(float x) {
+    return static_cast<int>(std::ceil(x - 0.5F));
+}
+
 constexpr int fraction_bits = 16;
 
 int64_t fixed(double value) {
@@ -107,26 +114,64 @@ void Raster::add_crossings(Vec2 from, Vec2 to) {
     const double slope = (to.x - from.x) / (to.y - from.y);
     const double rightmost = width_;
     for (int row = static_cast<int>(first); row <= static_cast<int>(last); ++row) {
-        const double x = std::clamp(from.x + (row + 0.5 - from.y) * slope, 0.0, rightmost);
-        crossings_.push_back({row, static_cast<float>(x)});
+        add_crossing(row, std::clamp(from.x + (row + 0.5 - from.y) * slope, 0.0, rightmost));
     }
 }
 
-void Raster::fill(const std::vector<Vec2>& polygon) {
-    crossings_.clear();
-    for (size_t i = 0; i < polygon.size(); ++i) {
-        add_crossings(polygon[i], polygon[(i + 1) % polygon.size()]);
+void Raster::add_crossing(int row, double x) {
+    if (!marks_.empty()) {
+        mark({row, static_cast<float>(x)});
+        return;
     }
+    crossings_.push_back({row, static_cast<float>(x)});
+    if (crossings_.size() == most_crossings) {
+        marks_.resize(static_cast<size_t>(width_) * static_cast<size_t>(height_));
+        for (const Crossing& crossing : crossings_) {
+            mark(crossing);
+        }
+        crossings_.clear();
+    }
+}
+
+void Raster::mark(const Crossing& crossing) {
+    const int x = first_pixel_behind(crossing.x);
+    if (x < width_) {
+        const size_t place = static_cast<size_t>(crossing.row) * static_cast<size_t>(width_) + static_cast<size_t>(x);
+        marks_[place] = !marks_[place];
+    }
+}
+
+void Raster::fill_between_marks() {
+    size_t place = 0;
+    for (int row = 0; row < height_; ++row) {
+        bool inside = false;
+        for (int x = 0; x < width_; ++x) {
+            inside = inside != marks_[place++];
+            if (inside) {
+                put(x, row);
+            }
+        }
+    }
+    marks_.clear();
+}
+
+void Raster::fill_between_crossings() {
     std::sort(crossings_.begin(), crossings_.end(),
               [](const Crossing& a, const Crossing& b) { return a.row != b.row ? a.row < b.row : a.x < b.x; });
     for (size_t i = 0; i + 1 < crossings_.size(); i += 2) {
-        const int row = crossings_[i].row;
-        const auto begin = static_cast<int>(std::ceil(crossings_[i].x - 0.5F));
-        const auto end = static_cast<int>(std::ceil(crossings_[i + 1].x - 0.5F));
-        for (int x = begin; x < end; ++x) {
-            put(x, row);
+        const int end = first_pixel_behind(crossings_[i + 1].x);
+        for (int x = first_pixel_behind(crossings_[i].x); x < end; ++x) {
+            put(x, crossings_[i].row);
         }
     }
+    crossings_.clear();
+}
+
+void Raster::fill(const std::vector<Vec2>& polygon) {
+    for (size_t i = 0; i < polygon.size(); ++i) {
+        add_crossings(polygon[i], polygon[(i + 1) % polygon.size()]);
+    }
+    marks_.empty() ? fill_between_crossings() : fill_between_marks();
 }
 
 }  // namespace host

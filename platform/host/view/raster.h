@@ -42,6 +42,10 @@ class Raster {
         }
     }
     void add_crossings(Vec2 from, Vec2 to);
+    void add_crossing(int row, double x);
+    void fill_between_crossings();
+    void mark(const Crossing& crossing);
+    void fill_between_marks();
 
     uint32_t* pixels_;
     int width_;
@@ -50,6 +54,8 @@ class Raster {
     bool dashed_ = false;
     unsigned dash_ = 0;
     std::vector<Crossing> crossings_;
+    /// Where there are too many crossings: whether a pixel is the first behind an odd number of them. Else empty.
+    std::vector<bool> marks_;
 };
 
 }  // namespace host

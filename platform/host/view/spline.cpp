@@ -5,7 +5,13 @@ namespace host {
 namespace {
 
 constexpr int highest_degree = 25;
-constexpr int steps_per_span = 16;
+constexpr size_t most_points = 2'000'000;
+
+/// Chords for each of so many spans.
+int steps_for(size_t spans, size_t most_chords) {
+    const size_t steps = std::min({Spline::steps_per_span, most_chords, most_points / (spans + 1)});
+    return static_cast<int>(std::max(steps, size_t{1}));
+}
 
 struct Weighted {
     Vec3 point;  ///< multiplied by the weight
@@ -88,13 +94,13 @@ Vec3 Spline::at(double t) const {
     return work[p].weight != 0 ? work[p].point * (1 / work[p].weight) : work[p].point;
 }
 
-std::vector<Vec3> Spline::flatten() const {
+std::vector<Vec3> Spline::flatten(size_t most_chords) const {
     std::vector<Vec3> points;
+    const int steps = degree == 1 ? 1 : steps_for(controls.size(), most_chords);
     const auto first = static_cast<size_t>(degree);
     points.push_back(at(knots[first]));
     for (size_t span = first; span < controls.size(); ++span) {
         const double width = knots[span + 1] - knots[span];
-        const int steps = degree == 1 ? 1 : steps_per_span;
         for (int step = 1; width > 0 && step <= steps; ++step) {
             points.push_back(at(step == steps ? knots[span + 1] : knots[span] + width * step / steps));
         }
@@ -102,7 +108,7 @@ std::vector<Vec3> Spline::flatten() const {
     return points;
 }
 
-std::vector<Vec3> curve_through(const std::vector<Vec3>& points, bool closed) {
+std::vector<Vec3> curve_through(const std::vector<Vec3>& points, bool closed, size_t most_chords) {
     std::vector<Vec3> nodes;
     for (const Vec3& point : points) {
         if (nodes.empty() || (point - nodes.back()).length() > 0) {
@@ -121,11 +127,12 @@ std::vector<Vec3> curve_through(const std::vector<Vec3>& points, bool closed) {
         spans.push_back(length > 0 ? length : 1);
     }
     const std::vector<Vec3> bends = curvatures(nodes, spans);
+    const int steps = steps_for(spans.size(), most_chords);
     std::vector<Vec3> curve{nodes.front()};
     for (size_t i = 0; i < spans.size(); ++i) {
-        for (int step = 1; step <= steps_per_span; ++step) {
-            curve.push_back(on_span(nodes[i], nodes[i + 1], bends[i], bends[i + 1], spans[i],
-                                    static_cast<double>(step) / steps_per_span));
+        for (int step = 1; step <= steps; ++step) {
+            curve.push_back(
+                on_span(nodes[i], nodes[i + 1], bends[i], bends[i + 1], spans[i], static_cast<double>(step) / steps));
         }
     }
     return curve;

@@ -9,7 +9,8 @@ namespace {
 
 constexpr int64_t invisible_attribute = 1;
 constexpr int64_t constant_attribute = 2;
-constexpr double descent = 0.3;  // how far letters hang below the base line, of the text height
+constexpr size_t longest_paragraphs = 1'000'000;  // characters
+constexpr double descent = 0.3;                   // how far letters hang below the base line, of the text height
 
 /// Horizontal alignment, group 72.
 enum Justification { left, centre, right, aligned, middle, fit };
@@ -86,15 +87,19 @@ void draw_line_text(const EntityScope& scope, const LineTextGroups& where) {
 /// Breaks a line at blanks so that no part is wider than `width` (in heights of the capitals), where it can be.
 void wrap(const std::wstring& line, double width, std::vector<std::wstring>& lines) {
     std::wstring part;
+    double part_width = 0;
     size_t at = 0;
     while (at < line.size()) {
         const size_t word_end = std::min(line.find(L' ', line.find_first_not_of(L' ', at)), line.size());
         const std::wstring word = line.substr(at, word_end - at);
-        if (!part.empty() && estimated_width(part + word) > width) {
+        const double word_width = estimated_width(word);
+        if (!part.empty() && part_width + word_width > width) {
             lines.push_back(part);
             part = word.substr(std::min(word.find_first_not_of(L' '), word.size()));
+            part_width = estimated_width(part);
         } else {
             part += word;
+            part_width += word_width;
         }
         at = word_end;
     }
@@ -113,12 +118,16 @@ std::vector<std::wstring> wrapped_lines(const ParagraphText& text, double width)
     return lines;
 }
 
-std::wstring paragraph_value(const RecordFields& fields) {
+std::wstring paragraph_value(const EntityScope& scope) {
     std::wstring value;
-    for (const dxf::Group& group : fields.groups()) {
+    for (const dxf::Group& group : scope.fields.groups()) {
         if (group.code == 3 || group.code == 1) {
-            value += fields.decode(group.value);
+            value += scope.fields.decode(group.value);
         }
+    }
+    if (value.size() > longest_paragraphs) {
+        value.resize(longest_paragraphs);
+        scope.out.budget().leave_out();
     }
     return value;
 }
@@ -172,7 +181,7 @@ void draw_attribute_definition(const EntityScope& scope) {
 void draw_paragraphs(const EntityScope& scope) {
     const RecordFields& fields = scope.fields;
     const TextStyle& style = scope.styles.named(fields.text(7));
-    const ParagraphText text = parse_paragraphs(paragraph_value(fields));
+    const ParagraphText text = parse_paragraphs(paragraph_value(scope));
     const double height = text.height.value_or(fields.real(40, 1) * text.height_factor.value_or(1));
     const double width_factor = text.width_factor.value_or(style.width_factor);
     if (!(height > 0)) {
