@@ -1,5 +1,7 @@
 #include "platform/host/database/field_writer.h"
 
+#include <algorithm>
+
 #include "platform/host/database/database_store.h"
 #include "platform/host/database/record_merge.h"
 
@@ -100,6 +102,27 @@ std::string FieldWriter::encode() const {
         }
     }
     return writer.raw(following_).take();
+}
+
+const dxf::Group* FieldReader::find(int code) const {
+    const auto found =
+        std::find_if(groups_.begin(), groups_.end(), [code](const dxf::Group& group) { return group.code == code; });
+    return found == groups_.end() ? nullptr : &*found;
+}
+
+std::wstring FieldReader::text(int code, std::wstring_view fallback) const {
+    const dxf::Group* const found = find(code);
+    return found == nullptr ? std::wstring(fallback) : record_.decode(found->value);
+}
+
+int FieldReader::integer(int code, int fallback) const {
+    const dxf::Group* const found = find(code);
+    return found == nullptr ? fallback : static_cast<int>(found->integer());
+}
+
+double FieldReader::real(int code, double fallback) const {
+    const dxf::Group* const found = find(code);
+    return found == nullptr ? fallback : found->real();
 }
 
 double FieldReader::angle(int code) const {

@@ -75,25 +75,28 @@ class FieldWriter {
     std::string following_;
 };
 
+/// Reads the record's own groups once: an object asks for dozens of them.
 class FieldReader {
   public:
-    FieldReader(const dxf::RecordView& record, const DatabaseStore& store) : record_(record), store_(store) {}
+    FieldReader(const dxf::RecordView& record, const DatabaseStore& store)
+        : record_(record), store_(store), groups_(record.own_groups()) {}
 
     const DatabaseStore& store() const { return store_; }
-    bool has(int code) const { return record_.has(code); }
-    std::wstring text(int code) const { return record_.text(code); }
-    std::wstring text(int code, std::wstring_view fallback) const {
-        return has(code) ? text(code) : std::wstring(fallback);
-    }
-    int integer(int code, int fallback = 0) const { return static_cast<int>(record_.integer(code, fallback)); }
-    double real(int code, double fallback = 0.0) const { return record_.real(code, fallback); }
+    bool has(int code) const { return find(code) != nullptr; }
+    std::wstring text(int code, std::wstring_view fallback = {}) const;
+    int integer(int code, int fallback = 0) const;
+    double real(int code, double fallback = 0.0) const;
     /// Degrees as radians.
     double angle(int code) const;
     AcGePoint3d point(int code) const;
 
   private:
+    /// The first group with the code, or null.
+    const dxf::Group* find(int code) const;
+
     const dxf::RecordView& record_;
     const DatabaseStore& store_;
+    const std::vector<dxf::Group> groups_;
 };
 
 }  // namespace host

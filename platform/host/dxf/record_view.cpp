@@ -15,7 +15,9 @@ RecordView::RecordView(std::string_view bytes, Encoding encoding, TextCodec code
     : bytes_(bytes), encoding_(encoding), codec_(codec) {}
 
 std::vector<Group> RecordView::own_groups() const {
+    constexpr size_t usual_count = 32;
     std::vector<Group> own;
+    own.reserve(usual_count);
     OwnGroupCursor cursor(groups());
     Group group;
     while (cursor.next(group)) {
