@@ -122,7 +122,8 @@ std::string bill_json(const Bill& bill) {
            "\",\n\"drawing\": " + source_of(bill.drawing) +
            ",\n\"prices\": " + (bill.price_list ? source_of(*bill.price_list) : "null") +
            ",\n\"rows\": " + array_of(rows, ",\n", [&writer](const ReportCells& row) { return writer.write(row); }) +
-           ",\n\"sum\": " + money(bill, sum) + ",\n\"notes\": " + array_of(bill.notes, ",\n", note_object) + "}\n";
+           ",\n\"sum\": " + money(bill, sum) + ",\n\"notes\": " + array_of(bill.notes, ",\n", note_object) +
+           ",\n\"note_lines\": " + array_of(note_lines(bill.notes), ",\n", quoted) + "}\n";
 }
 
 }  // namespace corvanes
