@@ -42,10 +42,10 @@ class Host:
                         windows_path(drawing), "--load", windows_path(os.path.join(folder, "Corvanes.arx"))]
         self.session, self.drawing = session, drawing
 
-    def run(self, *options):
-        """The exit status, and what the host said on standard error."""
+    def run(self, *options, **values):
+        """The exit status, and what the host said on standard error. `values` go into its environment."""
         process = subprocess.Popen([*self.command, *options], stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
-                                   stderr=subprocess.PIPE, env=self.session.environment, start_new_session=True)
+                                   stderr=subprocess.PIPE, env=self.session.environment | values, start_new_session=True)
         try:
             with waiting():
                 words = process.communicate()[1].decode("utf-8", "replace").replace("\r", "")
@@ -55,24 +55,27 @@ class Host:
                 process.wait()
         return process.returncode, words
 
-    def run_script(self, work, lines, *options):
+    def run_script(self, work, lines, *options, **values):
         script = work.file("host.scr")
         with open(script, "w", encoding="utf-8") as file:
             file.write("\n".join(lines) + "\n")
-        return self.run("--script", windows_path(script), *options)
+        return self.run("--script", windows_path(script), *options, **values)
 
     def show(self):
         """The host's window, until the person closes it."""
-        status, words = self.run()
+        status, words = self.run(CORVANES_NOTES="1")
         if status != 0:
             raise self.failure(last_line(words))
 
-    def price(self, work, prices, hide_prices):
+    def price(self, work, prices, arguments):
         """Makes the results in the work folder."""
         status, words = self.run_script(work, EXTENTS_SCRIPT, "--verbose")
         if status == 0:
-            lines = price_script(work, prices, hide_prices, table_place(words))
-            status, words = self.run_script(work, lines)
+            lines = price_script(work, prices, arguments.hide_prices, table_place(words))
+            values = {"CORVANES_NOTES": "1", "CORVANES_JSON": windows_path(work.file("report.json"))}
+            if arguments.dynamic_names:
+                values["CORVANES_DYNAMIC_NAMES"] = "1"
+            status, words = self.run_script(work, lines, **values)
         if status != 0:
             raise self.pricing_failure(last_line(words), work, prices)
 

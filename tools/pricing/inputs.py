@@ -59,4 +59,5 @@ def check(drawing, prices, out, results):
     check_input(drawing, DRAWING)
     if prices is not None:
         check_input(prices, PRICES)
-    check_folder(out, results)
+    if out is not None:
+        check_folder(out, results)

@@ -2,22 +2,24 @@
 
 import fcntl
 import os
+import shutil
 import signal
 import subprocess
 import sys
 
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 
-from arguments import HELP, parse  # noqa: E402
+from arguments import parse  # noqa: E402
+from bill import Bill  # noqa: E402
 from drawing_host import Host  # noqa: E402
-from failure import DRAWING, INTERNAL, OUTPUT, USAGE, Failure  # noqa: E402
+from failure import DRAWING, INTERNAL, NOTHING, OUTPUT, USAGE, Failure  # noqa: E402
 from inputs import check, check_input, check_name  # noqa: E402
 from interruption import Stopped, catch, waiting  # noqa: E402
 from session import Session  # noqa: E402
 from work_folder import WorkFolder  # noqa: E402
 
 ROOT = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
-RESULTS = ("report.txt", "drawing.dxf", "dialog.png", "drawing.png")
+RESULTS = ("report.txt", "report.csv", "report.json", "drawing.dxf", "dialog.png", "drawing.png")
 
 
 def progress(words):
@@ -60,21 +62,38 @@ def show_desktop(drawing):
         session.end()
 
 
-def price(drawing, prices, out, hide_prices):
-    """The report as text, once all results are in their places."""
-    progress(f"Pricing {drawing}...")
+def price(drawing, prices, arguments):
+    """The bill, and what of it is to be printed, once all results are in their places."""
+    if not arguments.quiet:
+        progress(f"Pricing {drawing}...")
+    scratch = None
+    if arguments.out == "-":
+        scratch = os.path.join(os.environ.get("TMPDIR") or "/tmp", f"corvanes.{os.urandom(8).hex()}")
+    try:
+        return price_into(scratch or arguments.out, drawing, prices, arguments)
+    finally:
+        if scratch:
+            shutil.rmtree(scratch, ignore_errors=True)
+
+
+def price_into(out, drawing, prices, arguments):
     work = WorkFolder(out)
     session = Session(ROOT)
     try:
         session.start()
-        Host(ROOT, session, drawing).price(work, prices, hide_prices)
+        Host(ROOT, session, drawing).price(work, prices, arguments)
+        with open(work.file("report.json"), "rb") as file:
+            bill = Bill(file.read())
+        with open(work.file("report.csv"), "wb") as file:
+            file.write(bill.csv(not arguments.hide_prices))
         for name in RESULTS:
             if not os.path.isfile(work.file(name)) or os.path.getsize(work.file(name)) == 0:
                 raise Failure(OUTPUT, f"{os.path.join(out, name)} was not written")
-        with open(work.file("report.txt"), "rb") as file:
-            report = file.read()
-        work.deliver(RESULTS)
-        return report
+        with open(work.file({"text": "report.txt", "csv": "report.csv", "json": "report.json"}[arguments.format]), "rb") as file:
+            printed = file.read()
+        if arguments.out != "-":
+            work.deliver(RESULTS)
+        return bill, printed
     finally:
         work.remove()
         session.end()
@@ -83,14 +102,15 @@ def price(drawing, prices, out, hide_prices):
 def shown(report):
     """The report for the terminal. The module writes code page 1255, or UTF-8 behind its mark."""
     text = report[3:].decode("utf-8") if report.startswith(b"\xef\xbb\xbf") else report.decode("cp1255", "replace")
-    return text.replace("\r", "")
+    return text.replace("\r", "").encode("utf-8")
 
 
 def run(words):
+    """The exit status."""
     arguments = parse(words)
-    if arguments.help:
-        print(HELP, end="")
-        return
+    if arguments.answer:
+        print(arguments.answer, end="")
+        return 0
     drawing, prices = arguments.drawing, arguments.prices
     if drawing is None:
         drawing = os.path.join(ROOT, "samples", "house_plan.dxf")
@@ -100,22 +120,25 @@ def run(words):
             raise Failure(USAGE, "--desktop needs a display")
         check_input(drawing, DRAWING)
     else:
-        check(drawing, prices, arguments.out, RESULTS)
+        check(drawing, prices, None if arguments.out == "-" else arguments.out, RESULTS)
     if not os.environ.get("CORVANES_SESSION"):
         build()
     if arguments.desktop:
         show_desktop(drawing)
-        return
-    report = price(drawing, prices, arguments.out, arguments.hide_prices)
-    sys.stdout.write(shown(report))
+        return 0
+    bill, printed = price(drawing, prices, arguments)
+    if not arguments.quiet:
+        for line in bill.note_lines:
+            print(line, file=sys.stderr)
+    sys.stdout.buffer.write(shown(printed) if arguments.format == "text" else printed)
     sys.stdout.flush()
+    return NOTHING if arguments.strict and bill.note_lines else 0
 
 
 def main():
     catch()
     try:
-        run(sys.argv[1:])
-        return 0
+        return run(sys.argv[1:])
     except Failure as failure:
         print(failure.line, file=sys.stderr)
         return failure.status
