@@ -200,7 +200,8 @@ class Desktop:
         def settled():
             nonlocal last
             before, last = last, self.picture()
-            crossed = any(row.count(b"\xFF\xFF\xFF\x00") > 0.9 * len(row) / 4 for row in last)
+            white = [row.count(b"\xFF\xFF\xFF\x00") for row in last]
+            crossed = white[0] > 0 or max(white) > 0.9 * len(last[0]) / 4  # no drawing here reaches the top
             return last if last == before and len(set(last)) > 1 and not crossed and last != unlike else None
 
         return wait_until(settled, "a picture that stays")
