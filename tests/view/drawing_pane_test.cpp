@@ -90,8 +90,7 @@ TEST_F(DrawingPaneTest, ShowsTheWholeDrawingAndWhatIsAddedToIt) {
     pane().on_new_list([&told](const dxf::Drawing&, const DisplayList& list) { told.push_back(&list); });
     pane().update();
     EXPECT_EQ(0xFFFFFFU, shown_at(50, 50));
-    const auto shared = DisplayList::shared(*drawing_);
-    EXPECT_EQ(told, std::vector<const DisplayList*>{shared.get()}) << "one list for all who look";
+    EXPECT_EQ(told, std::vector<const DisplayList*>{&pane().list()});
     pane().set_background(0xFFFFFF);
     EXPECT_EQ(0U, shown_at(50, 50)) << "colour 7 goes with the background";
 }

@@ -57,11 +57,8 @@ std::optional<Insertion> ask_insertion() {
     return insertion;
 }
 
-/// Asks for the texts that are not preset, when ATTREQ wants that; false when the user cancelled.
-bool ask_attributes(const Editor& editor, std::vector<AttributeValue>& values) {
-    if (editor.variables.get(L"ATTREQ") == VariableValue(0)) {
-        return true;
-    }
+/// Asks for the texts that are not preset; false when the user cancelled.
+bool ask_attributes(std::vector<AttributeValue>& values) {
     bool announced = false;
     for (AttributeValue& value : values) {
         if (value.preset) {
@@ -102,8 +99,11 @@ void insert_command(Editor& editor) {
         return;
     }
     const auto insertion = ask_insertion();
-    std::vector<AttributeValue> values = attributes_of_block(database, name.text.c_str());
-    if (!insertion || !ask_attributes(editor, values)) {
+    std::vector<AttributeValue> values;  // without them the attributes say what their definitions do
+    if (editor.variables.get(L"ATTREQ") != VariableValue(0)) {
+        values = attributes_of_block(database, name.text.c_str());
+    }
+    if (!insertion || !ask_attributes(values)) {
         return;
     }
     AcDbObjectId reference;
