@@ -1,5 +1,6 @@
 """The drawing host: its scripts, its runs, and what its words mean."""
 
+import fcntl
 import os
 import re
 import signal
@@ -31,6 +32,12 @@ def price_script(work, prices, hide_prices, place):
             f'@tick "Show Price" {"off" if hide_prices else "on"}', f'@picture "{windows_path(work.file("dialog.png"))}"',
             '@press "Save to file"', windows_path(work.file("report.txt")), '@press "Insert"', *place,
             "SAVEAS", windows_path(work.file("drawing.dxf")), "PNGOUT", windows_path(work.file("drawing.png")), "QUIT"]
+
+
+def values_for(work, arguments):
+    """What the module is asked for beside its dialog, in the host's environment."""
+    values = {"CORVANES_NOTES": "1", "CORVANES_JSON": windows_path(work.file("report.json"))}
+    return values | {"CORVANES_DYNAMIC_NAMES": "1"} if arguments.dynamic_names else values
 
 
 class Host:
@@ -72,10 +79,11 @@ class Host:
         status, words = self.run_script(work, EXTENTS_SCRIPT, "--verbose")
         if status == 0:
             lines = price_script(work, prices, arguments.hide_prices, table_place(words))
-            values = {"CORVANES_NOTES": "1", "CORVANES_JSON": windows_path(work.file("report.json"))}
-            if arguments.dynamic_names:
-                values["CORVANES_DYNAMIC_NAMES"] = "1"
-            status, words = self.run_script(work, lines, **values)
+            # Runs of one display take turns: of two dialogs only one is active, and the other may lose a click.
+            with open(os.path.join(self.session.environment["WINEPREFIX"], ".pricing"), "wb") as turn:
+                with waiting():
+                    fcntl.flock(turn, fcntl.LOCK_EX)
+                status, words = self.run_script(work, lines, **values_for(work, arguments))
         if status != 0:
             raise self.pricing_failure(last_line(words), work, prices)
 
