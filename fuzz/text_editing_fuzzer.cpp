@@ -84,6 +84,9 @@ void EditedText::insert(const std::wstring& text, TextRange range) {
 }
 
 void EditedText::erase(TextRange range) {
+    if (!range.empty()) {
+        undo_.save(text_);
+    }
     text_.erase(range.start, range.length());
 }
 
