@@ -76,6 +76,9 @@ bool TextEditing::replace_selection(std::wstring_view text) {
     remembered_column_.reset();
     const std::wstring inserted = with_line_feeds(text);
     const TextRange range = selection();
+    if (range.empty() && inserted.empty()) {
+        return true;
+    }
     if (model_.logical().size() - range.length() + inserted.size() > max_length) {
         return false;
     }

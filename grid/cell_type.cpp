@@ -4,8 +4,12 @@ void CUGCellType::OnDraw(CDC& dc, const RECT& rect, const CUGCell& cell, const c
     corvanes::DrawCellText(dc, rect, cell.GetText(), look);
 }
 
+RECT CUGCellType::TextPlace(const RECT& cell) const {
+    return cell;
+}
+
 bool CUGCellType::CutsText(CDC& dc, const RECT& rect, const CUGCell& cell) const {
-    return !corvanes::CellTextFits(dc, rect, cell.GetText());
+    return !corvanes::CellTextFits(dc, TextPlace(rect), cell.GetText());
 }
 
 bool CUGCellType::OnLeftClick(CUGCtrl&, const corvanes::CellPlace&, int, POINT) {

@@ -33,6 +33,8 @@ class CUGCellType {
     virtual const wchar_t* GetName() const { return L"Normal Cell Type (default)"; }
     // Paints the whole of `rect`.
     virtual void OnDraw(CDC& dc, const RECT& rect, const CUGCell& cell, const corvanes::CellLook& look);
+    // The part of a cell in which its text is painted.
+    virtual RECT TextPlace(const RECT& cell) const;
     // Whether a cell of this size does not show its text whole, so that a hint has to.
     virtual bool CutsText(CDC& dc, const RECT& rect, const CUGCell& cell) const;
     // True when the type acted on the event. `updn` is 1 for the button going down and 0 for its coming up.

@@ -12,22 +12,18 @@ RECT strip_of(const RECT& cell) {
     return {std::max(cell.left, cell.right - CUGDropListType::button_strip), cell.top, cell.right, cell.bottom};
 }
 
-RECT beside_strip(const RECT& cell) {
-    return {cell.left, cell.top, strip_of(cell).left, cell.bottom};
-}
-
 }  // namespace
 
 void CUGDropListType::OnDraw(CDC& dc, const RECT& rect, const CUGCell& cell, const CellLook& look) {
     RECT button = strip_of(rect);
-    DrawCellText(dc, beside_strip(rect), cell.GetText(), look);
+    DrawCellText(dc, TextPlace(rect), cell.GetText(), look);
     dc.FillSolidRect(&button, look.background);
     ::InflateRect(&button, -1, -1);
     ::DrawFrameControl(dc.m_hDC, &button, DFC_SCROLL, DFCS_SCROLLCOMBOBOX);
 }
 
-bool CUGDropListType::CutsText(CDC& dc, const RECT& rect, const CUGCell& cell) const {
-    return CUGCellType::CutsText(dc, beside_strip(rect), cell);
+RECT CUGDropListType::TextPlace(const RECT& cell) const {
+    return {cell.left, cell.top, strip_of(cell).left, cell.bottom};
 }
 
 bool CUGDropListType::OnLeftClick(CUGCtrl& grid, const CellPlace& place, int updn, POINT point) {

@@ -10,7 +10,7 @@ class CUGDropListType : public CUGCellType {
 
     const wchar_t* GetName() const override { return L"Standard DropList"; }
     void OnDraw(CDC& dc, const RECT& rect, const CUGCell& cell, const corvanes::CellLook& look) override;
-    bool CutsText(CDC& dc, const RECT& rect, const CUGCell& cell) const override;
+    RECT TextPlace(const RECT& cell) const override;
     // A click on the button, F4 and Alt+Down open the list; a cell whose label has no lines has nothing to open.
     bool OnLeftClick(CUGCtrl& grid, const corvanes::CellPlace& place, int updn, POINT point) override;
     bool OnKeyDown(CUGCtrl& grid, const corvanes::CellPlace& place, UINT key) override;

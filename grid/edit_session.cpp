@@ -1,5 +1,8 @@
 #include "grid/edit_session.h"
 
+#include <algorithm>
+
+#include "bidi/reordering.h"
 #include "grid/grid_control.h"
 #include "grid/raised_flag.h"
 
@@ -76,11 +79,37 @@ void EditSession::close() {
     window->ShowWindow(SW_HIDE);
 }
 
-void EditSession::point_at(POINT point) {
-    if (active() && window_->m_hWnd != nullptr) {
-        ::MapWindowPoints(grid_.GetGrid().m_hWnd, window_->m_hWnd, &point, 1);
-        editor_->point_at(point);
+void EditSession::point_at(POINT point, const RECT& clicked) {
+    if (!active() || window_->m_hWnd == nullptr) {
+        return;
     }
+    // The text may have moved: the cell was scrolled into sight, and an editor has its text at the cell's edge.
+    const RECT shown = grid_.CellTypeAt(column_, row_).TextPlace(clicked);
+    const RECT edited = grid_.GetGrid().CellRectangle(column_, row_);
+    CString text;
+    grid_.GetCellText(column_, row_, text);
+    if (contains_right_to_left(text.GetString())) {
+        point.x += edited.right - shown.right;
+    } else {
+        const LONG before_text = indent(shown, text.GetString());
+        if (point.x < shown.left + before_text) {
+            return;  // beside a text that stands at the right: the caret is at its end already
+        }
+        point.x += edited.left - shown.left - before_text;
+    }
+    ::MapWindowPoints(grid_.GetGrid().m_hWnd, window_->m_hWnd, &point, 1);
+    editor_->point_at(point);
+}
+
+LONG EditSession::indent(const RECT& shown, std::wstring_view text) {
+    if (!grid_.state().columns.aligned_right(column_)) {
+        return 0;
+    }
+    CClientDC dc(&grid_);
+    const HGDIOBJ former = ::SelectObject(dc.m_hDC, grid_.GetGridFont());
+    const int width = text_width(dc, text);
+    ::SelectObject(dc.m_hDC, former);
+    return std::max<LONG>(0, shown.right - shown.left - 2 * cell_text_margin - width);
 }
 
 void EditSession::abandon() {

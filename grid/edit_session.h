@@ -1,6 +1,8 @@
 // One cell being edited: opens the editor, asks the grid's owner, stores the text.
 #pragma once
 
+#include <string_view>
+
 #include "grid/cell_editor.h"
 
 class CUGCtrl;
@@ -21,12 +23,14 @@ class EditSession final : public CellEditOwner {
     void abandon();
     // Gives the focus to the open editor, if there is one.
     void focus();
-    // A click at a point of the painting area opened the editor.
-    void point_at(POINT point);
+    // A click at a point of the painting area opened the editor; the cell was shown at `clicked` then.
+    void point_at(POINT point, const RECT& clicked);
     bool is_editor(HWND window) const { return active() && window_->m_hWnd == window; }
 
   private:
     void close();
+    // How far from the left edge of its cell a text without Hebrew is painted, beyond the margin.
+    LONG indent(const RECT& shown, std::wstring_view text);
 
     CUGCtrl& grid_;
     CellEditor* editor_ = nullptr;

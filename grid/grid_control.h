@@ -143,8 +143,8 @@ class CUGCtrl : public CWnd, public CUGNotifications {
     // Stores a text that the user chose without an editor; the verification and finish notifications may refuse it.
     bool OfferCellText(int column, int row, LPCWSTR text);
     void RefocusEditor();
-    // Where a click of the painting area opened an editor: its caret goes there.
-    void PointInEditor(POINT point) { edit_.point_at(point); }
+    // Where a click into `cell` of the painting area opened an editor: its caret goes there.
+    void PointInEditor(POINT point, const RECT& cell) { edit_.point_at(point, cell); }
 
   protected:
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;

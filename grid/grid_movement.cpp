@@ -245,7 +245,6 @@ void CUGCtrl::SetTopRow(int row) {
         return;
     }
     state_.top_row = row;
-    cells_.HideHint();
     ::SetScrollPos(m_hWnd, SB_VERT, row, TRUE);
     cells_.Redraw();
     side_heading_.Redraw();
@@ -260,7 +259,6 @@ void CUGCtrl::SetScrollX(int x) {
         return;
     }
     state_.scroll_x = x;
-    cells_.HideHint();
     ::SetScrollPos(m_hWnd, SB_HORZ, x, TRUE);
     cells_.Redraw();
     top_heading_.Redraw();

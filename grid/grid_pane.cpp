@@ -26,6 +26,7 @@ GridState& GridPane::state() const {
 }
 
 void GridPane::Redraw() {
+    OnContentChanged();
     // An empty window is never painted, so for it nothing may stay due.
     if (!redraw_due_ && m_hWnd != nullptr && ::IsRectEmpty(&place_) == 0) {
         redraw_due_ = true;
@@ -34,6 +35,7 @@ void GridPane::Redraw() {
 }
 
 void GridPane::RedrawPart(const RECT& part) {
+    OnContentChanged();
     if (!redraw_due_ && m_hWnd != nullptr && ::IsRectEmpty(&part) == 0) {
         ::InvalidateRect(m_hWnd, &part, FALSE);
     }

@@ -51,7 +51,7 @@ void HintWindow::Show(CWnd& owner, const RECT& cell, const wchar_t* text, HFONT 
     const int height = static_cast<int>(inside.cy) + 2 * frame;
     const int left = std::max<int>(screen.left, std::min<int>(cell.left, screen.right - width));
     const bool below = cell.bottom + distance + height <= screen.bottom;
-    const int top = below ? cell.bottom + distance : cell.top - distance - height;
+    const int top = below ? cell.bottom + distance : std::max<int>(screen.top, cell.top - distance - height);
     ::SetWindowPos(m_hWnd, HWND_TOPMOST, left, top, width, height, SWP_NOACTIVATE | SWP_SHOWWINDOW);
     Invalidate(FALSE);
 }

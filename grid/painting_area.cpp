@@ -162,7 +162,7 @@ void CUGGrid::NotifyClick(const CellPlace& place, int updn, POINT point, bool in
 }
 
 void CUGGrid::OnLButtonDown(UINT keys, CPoint point) {
-    HideHint();
+    hint_.Hide();
     if (!grid().TakeFocus(*this)) {
         return;
     }
@@ -176,7 +176,7 @@ void CUGGrid::OnLButtonDown(UINT keys, CPoint point) {
     SetCapture();
     pressed_ = place;
     NotifyClick(place, 1, point, in_cell);
-    grid().PointInEditor(point);
+    grid().PointInEditor(point, place.rect);
 }
 
 void CUGGrid::OnLButtonUp(UINT, CPoint point) {
@@ -243,7 +243,7 @@ LRESULT CUGGrid::OnMouseHover(WPARAM, LPARAM point) {
 }
 
 LRESULT CUGGrid::OnMouseLeave(WPARAM, LPARAM) {
-    HideHint();
+    hint_.Hide();
     return 0;
 }
 
@@ -259,7 +259,7 @@ CellPlace CUGGrid::CurrentPlace() const {
 }
 
 void CUGGrid::OnKeyDown(UINT key, UINT, UINT) {
-    HideHint();
+    hint_.Hide();
     const CellPlace place = CurrentPlace();
     const bool has_cell = place.column >= 0 && place.row >= 0;
     const bool processed = has_cell && grid().CellTypeAt(place.column, place.row).OnKeyDown(grid(), place, key);
@@ -270,6 +270,7 @@ void CUGGrid::OnKeyDown(UINT key, UINT, UINT) {
 }
 
 void CUGGrid::OnSysKeyDown(UINT key, UINT repeat, UINT flags) {
+    hint_.Hide();
     const CellPlace place = CurrentPlace();
     const bool has_cell = place.column >= 0 && place.row >= 0;
     if (!has_cell || !grid().CellTypeAt(place.column, place.row).OnKeyDown(grid(), place, key)) {

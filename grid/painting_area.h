@@ -15,10 +15,11 @@ class CUGGrid : public corvanes::GridPane {
     void CellAt(POINT point, int* column, int* row) const;
     void RedrawCell(int column, int row);
     void RedrawRow(int row);
-    void HideHint() { hint_.Hide(); }
 
   protected:
     void Paint(CDC& dc, const RECT& dirty) override;
+    // A hint tells of a cell as it was.
+    void OnContentChanged() override { hint_.Hide(); }
 
     void OnLButtonDown(UINT keys, CPoint point);
     void OnLButtonUp(UINT keys, CPoint point);

@@ -24,7 +24,13 @@ void CStaticEx::Clear() {
     KillTimer(end_timer);
     KillTimer(blink_timer);
     EnableWindow(TRUE);
-    SetWindowText(L"");
+    if (GetWindowTextLength() > 0) {
+        SetWindowText(L"");
+        CRect covered;
+        GetWindowRect(&covered);
+        GetParent()->ScreenToClient(&covered);
+        GetParent()->InvalidateRect(&covered);
+    }
 }
 
 void CStaticEx::OnTimer(UINT_PTR id) {

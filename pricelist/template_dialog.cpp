@@ -105,16 +105,6 @@ HBRUSH BlockPriceDialog::OnCtlColor(CDC* context, CWnd* control, UINT kind) {
     return control->GetWindowTextLength() > 0 ? brush : static_cast<HBRUSH>(::GetStockObject(NULL_BRUSH));
 }
 
-void BlockPriceDialog::clear_status() {
-    if (status_.GetWindowTextLength() > 0) {
-        CRect below;
-        status_.GetWindowRect(&below);
-        ScreenToClient(&below);
-        InvalidateRect(&below);
-    }
-    status_.Clear();
-}
-
 void BlockPriceDialog::enable_moves(bool up, bool down) {
     enable(move_up_, up);
     enable(move_down_, down);

@@ -24,8 +24,6 @@ class BlockPriceDialog : public CDialog {
     /// The keyboard is the grid's again: on a button, letters would press others.
     void go_on_in_grid();
     CStaticEx& status() { return status_; }
-    /// The message goes, and what it covered is drawn again.
-    void clear_status();
 
   protected:
     void DoDataExchange(CDataExchange* exchange) override;

@@ -99,6 +99,8 @@ void MyCug::OnGridHeadingClick(int column, long, int updn, RECT*, POINT*, int) {
     sort_column_ = column;
     SortBy(column, ascending_ ? sort_ascending : sort_descending);
     show_sort_arrow();
+    // The next button or key acts on the current row: it must be seen.
+    EnsureVisible(GetCurrentColumn(), GetCurrentRow());
     RedrawAll();
 }
 

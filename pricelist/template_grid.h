@@ -83,8 +83,8 @@ class MyCug : public CUGCtrl {
     std::wstring text(int column, long row);
     corvanes::PriceListEntry entry(long row);
     void warn_of_loss(int column, long row, const wchar_t* new_text);
-    /// Blinks and beeps about a cell until clear_status.
-    void show_status(const std::wstring& message, int column, long row);
+    /// Blinks and beeps about a cell until clear_status, or for a time, if one is given.
+    void show_status(const std::wstring& message, int column, long row, int milliseconds);
     int complain(const wchar_t* message, int column, long row);
 
     Widths widths_;

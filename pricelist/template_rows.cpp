@@ -11,6 +11,9 @@ using namespace corvanes;
 
 namespace {
 
+/// How long what refuses nothing is told: nobody has to do anything to make it stop.
+constexpr int notice_milliseconds = 10000;
+
 /// Rows count from 1 here, as a person counts them.
 std::wstring row_words(long row) {
     return L"Row " + std::to_wstring(row + 1) + L": ";
@@ -143,7 +146,7 @@ int MyCug::CheckBeforeSave() {
 void MyCug::tell_misread_prices() {
     for (long row = 0; row < GetRowCount(); ++row) {
         if (const std::wstring words = words_of_price(entry(row).price, row); !words.empty()) {
-            return show_status(words, price_column, row);
+            return show_status(words, price_column, row, notice_milliseconds);
         }
     }
 }
@@ -155,6 +158,7 @@ bool MyCug::may_save_losses() {
             continue;
         }
         GotoCell(name_column, row);
+        dialog().go_on_in_grid();
         const std::wstring question = words_of(loss, row) + L" when the list is read again.\nSave it all the same?";
         return AfxMessageBox(question.c_str(), MB_OKCANCEL | MB_DEFBUTTON2) == IDOK;
     }
@@ -165,23 +169,23 @@ void MyCug::warn_of_loss(int column, long row, const wchar_t* new_text) {
     PriceListEntry changed = entry(row);
     (column == name_column ? changed.name : column == price_column ? changed.price : changed.description) = new_text;
     if (const EntryLoss loss = loss_on_reading(changed); loss != EntryLoss::nothing) {
-        show_status(words_of(loss, row), column, row);
+        show_status(words_of(loss, row), column, row, notice_milliseconds);
     } else if (const std::wstring words = words_of_price(changed.price, row);
                column == price_column && !words.empty()) {
-        show_status(words, column, row);
+        show_status(words, column, row, notice_milliseconds);
     }
 }
 
-void MyCug::show_status(const std::wstring& message, int column, long row) {
-    constexpr int without_end = 0;
+void MyCug::show_status(const std::wstring& message, int column, long row, int milliseconds) {
     constexpr int blink_milliseconds = 200;
+    clear_status();
     status_cell_ = {column, row};
-    dialog().status().ShowMessage(without_end, blink_milliseconds, message.c_str());
+    dialog().status().ShowMessage(milliseconds, blink_milliseconds, message.c_str());
     Beep(1000, 50);
 }
 
 void MyCug::clear_status() {
-    dialog().clear_status();
+    dialog().status().Clear();
     if (status_cell_ && IsSelected(status_cell_->first, static_cast<int>(status_cell_->second))) {
         ClearSelection();
     }
@@ -189,7 +193,8 @@ void MyCug::clear_status() {
 }
 
 int MyCug::complain(const wchar_t* message, int column, long row) {
-    show_status(message, column, row);
+    constexpr int without_end = 0;
+    show_status(message, column, row, without_end);
     ClearSelection();
     SelectCell(column, row);
     GotoCell(column, row);

@@ -128,6 +128,10 @@ TEST(TextEditing, PastedTextsBecomeOneLine) {
     for (const auto& [pasted, line] : cases) {
         EXPECT_EQ(single_line(pasted), line);
     }
+    TextEditing editing;
+    editing.reset(L"kept");
+    EXPECT_TRUE(editing.replace_selection(L""));
+    EXPECT_FALSE(editing.modified() || editing.can_undo()) << "nothing was pasted over nothing";
 }
 
 TEST(TextEditing, DeletesSelectionsCharactersAndPairs) {

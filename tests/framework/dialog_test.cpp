@@ -106,8 +106,12 @@ TEST(Dialog, KeysEndItAsTheSystemSays) {
     EXPECT_EQ(dialog.DoModal(), IDCANCEL);
 }
 
-TEST(Dialog, ReturnPressesTheFirstButtonWhereNoneIsTheDefault) {
+TEST(Dialog, ReturnPressesTheButtonThatHasTheFocus) {
     OwnerWindow owner;
+    TestDialog clicked(&owner);
+    clicked.on_press = [&] { clicked.EndDialog(6); };
+    owner.on_idle = [](CWnd& running) { type_key(*running.GetDlgItem(IDC_PRESS), VK_RETURN); };
+    EXPECT_EQ(clicked.DoModal(), 6) << "a click gives the focus in the same way";
     // Without a default button of its own, and with nothing before its one button.
     struct OneButton {
         DLGTEMPLATE head{WS_POPUP | WS_CAPTION, 0, 1, 0, 0, 80, 30};

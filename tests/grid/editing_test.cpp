@@ -105,6 +105,34 @@ TEST_F(Editing, AClickElsewhereStoresFirst) {
     EXPECT_TRUE(grid.FinishEdit());
 }
 
+TEST_F(Editing, AClickPlacesTheCaretInTheTextThatWasShown) {
+    grid.edit_on_click = true;
+    CClientDC dc(&grid);
+    dc.SelectObject(CFont::FromHandle(grid.GetGridFont()));
+    const auto caret_after_click = [this](int x) {
+        press(grid.GetGrid(), x, 10);
+        release(grid.GetGrid(), x, 10);
+        const LRESULT selection = ::SendMessageW(::GetFocus(), EM_GETSEL, 0, 0);
+        grid.FinishEdit();
+        return HIWORD(selection);
+    };
+    constexpr int margin = corvanes::cell_text_margin;
+    grid.SetCellText(1, 0, L"12345678");
+    grid.AlignColumnRight(1, TRUE);
+    EXPECT_EQ(caret_after_click(199 - margin - corvanes::text_width(dc, L"345678")), 2) << "at the right edge";
+    EXPECT_EQ(caret_after_click(105), 8) << "beside the text";
+
+    grid.SetCellText(0, 0, L"\x5D0\x5D1\x5D2\x5D3\x5D4\x5D5");
+    grid.SetCellTypeIndex(0, 0, corvanes::type_drop_list);
+    const int from_right = CUGDropListType::button_strip + margin + corvanes::text_width(dc, L"\x5D0\x5D1");
+    EXPECT_EQ(caret_after_click(101 - from_right), 2) << "beside a button";
+
+    grid.SetColumnWidth(1, 260);
+    grid.SetCellText(2, 0, L"abcdef");
+    EXPECT_EQ(caret_after_click(360 + margin + corvanes::text_width(dc, L"ab")), 2) << "scrolled into sight";
+    EXPECT_GT(grid.state().scroll_x, 0);
+}
+
 TEST_F(Editing, AClickInAHalfHiddenRowIsThatRowsClick) {
     grid.SetDefaultRowHeight(30);
     grid.SetCellTypeIndex(0, 6, corvanes::type_drop_list);

@@ -415,6 +415,7 @@ TEST_F(Grid, HintsAtATextThatDoesNotFit) {
         }
         return place;
     };
+    grid.SetColumnWidth(2, 300);
     grid.SetCellText(0, 1, (std::wstring(30, L'w') + L" " + std::wstring(60, L'v')).c_str());
     send(grid.GetGrid(), WM_MOUSEHOVER, 0, 10, 5);
     EXPECT_EQ(hint(), CRect(0, 0, 0, 0)) << "the text fits";
@@ -425,6 +426,17 @@ TEST_F(Grid, HintsAtATextThatDoesNotFit) {
     EXPECT_GT(hint().Width(), 0);
     send(grid.GetGrid(), WM_MOUSEMOVE, 0, 20, 50);
     EXPECT_EQ(hint().Width(), 0);
+    const std::pair<const char*, std::function<void()>> ends[] = {
+        {"a menu's key", [this] { grid.GetGrid().SendMessage(WM_SYSKEYDOWN, VK_MENU); }},
+        {"scrolling", [this] { grid.SetScrollX(1), grid.SetScrollX(0); }},
+        {"another row under the pointer", [this] { grid.DeleteRow(1); }},
+    };
+    for (const auto& [what, end] : ends) {
+        send(grid.GetGrid(), WM_MOUSEHOVER, 0, 10, 25);
+        EXPECT_GT(hint().Width(), 0);
+        end();
+        EXPECT_EQ(hint().Width(), 0) << what;
+    }
 }
 
 }  // namespace

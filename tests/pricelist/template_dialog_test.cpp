@@ -398,6 +398,19 @@ TEST_F(TemplateDialog, GoesOnInTheGridAfterAButton) {
     EXPECT_EQ(run.rows(), L"d|0|\ni d!|0|\n") << "the first name is ready";
 }
 
+TEST_F(TemplateDialog, ShowsTheCurrentRowAfterSorting) {
+    std::string list;
+    for (char name = 'A'; name <= 'Z'; ++name) {
+        list += std::string(1, name) + "|1|\r\n" + name + "2|1|\r\n";
+    }
+    run.write(L"list.prc", list.c_str());
+    run.open(L"list.prc");
+    run.key(VK_F3);
+    EXPECT_EQ(run.grid().GetCurrentRow(), 51);
+    const RECT cell = run.grid().GetGrid().CellRectangle(0, 51);
+    EXPECT_FALSE(::IsRectEmpty(&cell)) << "buttons act on it";
+}
+
 TEST_F(TemplateDialog, TakesTheMessageBackWithItsCause) {
     const auto empty_price = [this] {
         run.write(L"list.prc", "a|1|x\r\nb|2|y\r\n");
@@ -441,6 +454,8 @@ TEST_F(TemplateDialog, TellsHowAPriceIsRead) {
     fill(0, 0, L"door");
     fill(1, 0, L"1,000");
     EXPECT_EQ(status(), L"Row 1: the price \"1,000\" is read as 1.00");
+    HWND label = ::GetDlgItem(run.dialog().m_hWnd, IDC_TEMPLATE_STATUS);
+    EXPECT_TRUE(::KillTimer(label, 1)) << "a notice ends by itself";
     fill(1, 0, L"1000");
     EXPECT_EQ(status(), L"");
     fill(1, 0, L"12,5");

@@ -8,19 +8,20 @@ using framework::Scoped;
 
 namespace {
 
+bool is_button(HWND control, LRESULT kind) {
+    return (::SendMessageW(control, WM_GETDLGCODE, 0, 0) & kind) != 0;
+}
+
 /// Windows makes the button that gets the focus at first the default one; Wine only gives it the focus, so that Return
 /// would end the dialog instead. A dialog with a default button of its own keeps that one.
 void make_first_button_default(HWND dialog) {
-    const auto is = [](HWND control, LRESULT kind) {
-        return (::SendMessageW(control, WM_GETDLGCODE, 0, 0) & kind) != 0;
-    };
     for (HWND control = ::GetWindow(dialog, GW_CHILD); control; control = ::GetWindow(control, GW_HWNDNEXT)) {
-        if (is(control, DLGC_DEFPUSHBUTTON)) {
+        if (is_button(control, DLGC_DEFPUSHBUTTON)) {
             return;
         }
     }
     const HWND first = ::GetNextDlgTabItem(dialog, nullptr, FALSE);
-    if (first && is(first, DLGC_UNDEFPUSHBUTTON)) {
+    if (first && is_button(first, DLGC_UNDEFPUSHBUTTON)) {
         ::SendMessageW(first, BM_SETSTYLE, BS_DEFPUSHBUTTON, TRUE);
     }
 }
@@ -184,6 +185,12 @@ BOOL CDialog::PreTranslateMessage(MSG* message) {
             SendMessage(WM_COMMAND, IDCANCEL);
             return TRUE;
         }
+    }
+    // Windows makes a button that was clicked, or pressed by its letter, the default one; Wine only gives it the focus.
+    const HWND focus = ::GetFocus();
+    if (message->message == WM_KEYDOWN && message->wParam == VK_RETURN && ::GetParent(focus) == m_hWnd &&
+        is_button(focus, DLGC_UNDEFPUSHBUTTON)) {
+        SendMessage(WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(focus), TRUE);
     }
     return PreTranslateInput(message);
 }
