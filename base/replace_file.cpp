@@ -109,8 +109,7 @@ bool lock_patiently(FileReplacement::File& file) {
 
 }  // namespace
 
-FileReplacement::FileReplacement(const std::filesystem::path& target)
-    : target_(resolve_links(std::filesystem::absolute(target))) {
+FileReplacement::FileReplacement(const std::filesystem::path& target) : target_(resolve_links(full_path(target))) {
     if (auto refusal = refusal_of(target_)) {
         status_ = std::move(*refusal);
         return;

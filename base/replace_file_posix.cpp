@@ -122,6 +122,10 @@ std::unique_ptr<FileReplacement::File> FileReplacement::File::open(const std::fi
     return open_file(path, 0, error);
 }
 
+std::filesystem::path full_path(const std::filesystem::path& path) {
+    return std::filesystem::absolute(path);
+}
+
 std::filesystem::path resolve_links(const std::filesystem::path& path) {
     std::error_code error;
     auto resolved = std::filesystem::canonical(path, error);

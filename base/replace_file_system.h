@@ -53,6 +53,8 @@ class FileReplacement::File {
     std::filesystem::path path_;
 };
 
+/// The path from its root on.
+std::filesystem::path full_path(const std::filesystem::path& path);
 /// The file that a path names after all links; the path itself when there is no such file.
 std::filesystem::path resolve_links(const std::filesystem::path& path);
 /// Why a path that is there may not be written or is no file; nothing when it is not there, or all is well.

@@ -152,6 +152,17 @@ std::unique_ptr<FileReplacement::File> FileReplacement::File::open(const std::fi
     return open_file(path, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, OPEN_EXISTING, error);
 }
 
+// The runtime's own function takes paths that begin with "\\?\" for relative ones.
+std::filesystem::path full_path(const std::filesystem::path& path) {
+    std::wstring full(32768, L'\0');
+    const DWORD length = GetFullPathNameW(path.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr);
+    if (length == 0 || length >= full.size()) {
+        return path;
+    }
+    full.resize(length);
+    return full;
+}
+
 std::filesystem::path resolve_links(const std::filesystem::path& path) {
     // What is no file (a named pipe) has no attributes under Wine, and must not be opened.
     if (GetFileAttributesW(path.c_str()) == INVALID_FILE_ATTRIBUTES) {
