@@ -1,25 +1,23 @@
 """The drawing host: its scripts, its runs, and what its words mean."""
 
 import fcntl
+import math
 import os
 import re
 import signal
 import subprocess
 
+from extents import extents
 from failure import DRAWING, INTERNAL, NOTHING, OUTPUT, PRICES, Failure
 from interruption import waiting
 from references import why_none
 from windows_names import own_paths, windows_path
 
-EXTENTS_SCRIPT = ["SETVAR", "EXTMIN", "", "SETVAR", "EXTMAX", "", "QUIT"]
-POINT = re.compile(r"<([-+0-9.e]*),([-+0-9.e]*),.*>:")
 
-
-def table_place(words):
+def table_place(numbers):
     """Script lines that place the table: to the right of the drawing's extents, half as wide; at the origin in its own
-    size without them. `words` are the host's answers to the script of the extents."""
-    numbers = [float(number) for pair in POINT.findall(words) for number in pair]
-    if len(numbers) != 4 or numbers[2] <= numbers[0] or numbers[2] - numbers[0] > 1e15:
+    size without them."""
+    if len(numbers) != 4 or not all(map(math.isfinite, numbers)) or not 0 < numbers[2] - numbers[0] <= 1e15:
         return ["0,0", "return"]
     width = numbers[2] - numbers[0]
     corner, top = numbers[2] + width / 20, numbers[3]
@@ -76,14 +74,12 @@ class Host:
 
     def price(self, work, prices, arguments):
         """Makes the results in the work folder."""
-        status, words = self.run_script(work, EXTENTS_SCRIPT, "--verbose")
-        if status == 0:
-            lines = price_script(work, prices, arguments.hide_prices, table_place(words))
-            # Runs of one display take turns: of two dialogs only one is active, and the other may lose a click.
-            with open(os.path.join(self.session.environment["WINEPREFIX"], ".pricing"), "wb") as turn:
-                with waiting():
-                    fcntl.flock(turn, fcntl.LOCK_EX)
-                status, words = self.run_script(work, lines, **values_for(work, arguments))
+        lines = price_script(work, prices, arguments.hide_prices, table_place(extents(self.drawing)))
+        # Runs of one display take turns: of two dialogs only one is active, and the other may lose a click.
+        with open(os.path.join(self.session.environment["WINEPREFIX"], ".pricing"), "wb") as turn:
+            with waiting():
+                fcntl.flock(turn, fcntl.LOCK_EX)
+            status, words = self.run_script(work, lines, **values_for(work, arguments))
         if status != 0:
             raise self.pricing_failure(last_line(words), work, prices)
 

@@ -1,6 +1,5 @@
 """A Windows session (tools/session) for as long as this program needs it."""
 
-import contextlib
 import os
 import subprocess
 
@@ -38,8 +37,6 @@ class Session:
         self.environment = dict(os.fsdecode(pair).split("=", 1) for pair in told[:-2].split(b"\0"))
 
     def end(self):
-        """Ends the session. One that is not made yet, which takes a while, ends by itself as soon as it is."""
+        """Has the session end by itself, which takes half a second that nobody need wait for: a next one waits for it."""
         if self.process:
             self.process.stdin.close()
-            with contextlib.suppress(subprocess.TimeoutExpired):
-                self.process.wait(timeout=2)
