@@ -63,8 +63,13 @@ Outcome HostProgram::start(const std::string& arguments) const {
         startup.hStdError = output.get();
         std::wstring command =
             L"\"" + (program_folder() / L"drawinghost.exe").wstring() + L"\" " + base::wide_from_utf8(arguments);
-        EXPECT_TRUE(CreateProcessW(nullptr, command.data(), nullptr, nullptr, TRUE, 0, nullptr, folder_.c_str(),
-                                   &startup, &process));
+        // Wine fails to start a program now and then on a busy machine.
+        bool started = false;
+        for (int tries = 0; tries < 3 && !started; ++tries) {
+            started = CreateProcessW(nullptr, command.data(), nullptr, nullptr, TRUE, 0, nullptr, folder_.c_str(),
+                                     &startup, &process) != 0;
+        }
+        EXPECT_TRUE(started) << GetLastError();
     }
     const Handle process_handle(process.hProcess);
     const Handle thread_handle(process.hThread);
