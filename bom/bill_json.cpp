@@ -112,8 +112,8 @@ std::string note_object(const Note& note) {
 std::string bill_json(const Bill& bill) {
     std::vector<ReportCells> rows = bill.rows;
     std::wstring sum;
-    // The summary has no quantity; a block of that name has one.
-    if (!rows.empty() && rows.back()[quantity_column].empty()) {
+    // A summary has no quantity; a block of that name has one. An empty report gets a summary with each sort.
+    while (!rows.empty() && rows.back()[quantity_column].empty()) {
         sum = rows.back()[total_column];
         rows.pop_back();
     }

@@ -90,7 +90,9 @@ TEST(BillJson, HoldsWhatWasShown) {
     Bill bill;
     bill.drawing = {L"a\"b\\\x05D0.dxf", 12, "00ff"};
     bill.price_list = BillSource{L"list.prc", 0, ""};
-    bill.rows = {{L"door", L"12.00", L"2", L"oak\t", L"24.00"}, {L"Summary:", L"", L"", L"", L"24.00"}};
+    bill.rows = {{L"door", L"12.00", L"2", L"oak\t", L"24.00"},
+                 {L"Summary:", L"", L"", L"", L"24.00"},
+                 {L"Summary:", L"", L"", L"", L"24.00"}};
     bill.counted = {{L"DOOR", {0x1A}}, {L"door", {0xFFFFFFFFFFFFFFFF}}};
     bill.notes = {{NoteCode::stacked, L"DOOR 1", L"DOOR", {0x1B}, 0, 1},
                   {NoteCode::no_entry, L"line 3", L"", {}, 3, 1}};

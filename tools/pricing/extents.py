@@ -1,5 +1,7 @@
 """Where a drawing says that it lies, from its header."""
 
+import struct
+
 from references import BINARY, binary_groups, text_groups
 
 HEADER_SIZE = 1 << 20  # bytes; a header is far shorter
@@ -10,7 +12,7 @@ def extents(path):
     try:
         with open(path, "rb") as file:
             return corners(file.read(HEADER_SIZE))
-    except (OSError, ValueError, IndexError):
+    except (OSError, ValueError, IndexError, struct.error):
         return []
 
 

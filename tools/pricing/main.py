@@ -12,7 +12,7 @@ sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 from arguments import parse  # noqa: E402
 from bill import Bill  # noqa: E402
 from drawing_host import Host  # noqa: E402
-from failure import DRAWING, INTERNAL, NOTHING, OUTPUT, USAGE, Failure  # noqa: E402
+from failure import DRAWING, INTERNAL, NOTHING, OUTPUT, USAGE, Failure, one_line  # noqa: E402
 from inputs import check, check_input, check_name  # noqa: E402
 from interruption import Stopped, catch, waiting  # noqa: E402
 from session import Session  # noqa: E402
@@ -129,7 +129,7 @@ def run(words):
     bill, printed = price(drawing, prices, arguments)
     if not arguments.quiet:
         for line in bill.note_lines:
-            print(line, file=sys.stderr)
+            print(one_line(line), file=sys.stderr)
     sys.stdout.buffer.write(shown(printed) if arguments.format == "text" else printed)
     sys.stdout.flush()
     return NOTHING if arguments.strict and bill.note_lines else 0
