@@ -1,7 +1,10 @@
 #include "bom/bill_json.h"
 
+#include <algorithm>
 #include <charconv>
+#include <string_view>
 #include <unordered_map>
+#include <utility>
 
 #include "base/case_folding.h"
 #include "base/code_page.h"
@@ -14,116 +17,149 @@ namespace {
 constexpr int schema_version = 1;
 constexpr const char* program = "Corvanes 1.0.0";
 
-std::string quoted(std::wstring_view text) {
-    constexpr char hexadecimal[] = "0123456789abcdef";
-    std::string json = "\"";
-    for (const char byte : base::utf8_from_wide(text)) {
-        if (byte == '"' || byte == '\\') {
-            json += '\\';
-            json += byte;
-        } else if (static_cast<unsigned char>(byte) < 0x20) {
-            json += "\\u00";
-            json += hexadecimal[byte >> 4];
-            json += hexadecimal[byte & 15];
-        } else {
-            json += byte;
-        }
-    }
-    return json + '"';
-}
-
-std::string handle_text(std::uint64_t handle) {
-    char digits[16];
-    const auto end = std::to_chars(digits, digits + sizeof digits, handle, 16).ptr;
-    std::string text(digits, end);
-    for (char& digit : text) {
-        digit = digit >= 'a' ? static_cast<char>(digit - 'a' + 'A') : digit;
-    }
-    return '"' + text + '"';
-}
-
-template <class Items, class Write>
-std::string array_of(const Items& items, const char* separator, Write write) {
-    std::string json;
-    for (const auto& item : items) {
-        json += (json.empty() ? "" : separator) + write(item);
-    }
-    return '[' + json + ']';
-}
-
-std::string handles_of(const std::vector<std::uint64_t>& handles) {
-    return array_of(handles, ", ", handle_text);
-}
-
-std::string source_of(const BillSource& source) {
-    std::string json = "{\"name\": " + quoted(source.name);
-    if (!source.sha256.empty()) {
-        json += ", \"size\": " + std::to_string(source.size) + ", \"sha256\": \"" + source.sha256 + '"';
-    }
-    return json + '}';
-}
-
-/// Money is null where it was not shown.
-std::string money(const Bill& bill, const std::wstring& text) {
-    return bill.with_prices && !text.empty() ? quoted(text) : "null";
-}
-
-class RowWriter {
+/// Writes JSON at the end of a text.
+class JsonWriter {
   public:
-    explicit RowWriter(const Bill& bill) : bill_(bill) {
+    JsonWriter& raw(std::string_view json) {
+        json_ += json;
+        return *this;
+    }
+    JsonWriter& number(std::uint64_t value, int base = 10) {
+        char digits[20];
+        const auto end = std::to_chars(std::begin(digits), std::end(digits), value, base).ptr;
+        std::transform(digits, end, digits, [](char digit) { return digit >= 'a' ? digit - 'a' + 'A' : digit; });
+        return raw({digits, static_cast<std::size_t>(end - digits)});
+    }
+    JsonWriter& text(std::wstring_view text) {
+        constexpr char hexadecimal[] = "0123456789abcdef";
+        json_ += '"';
+        for (const char byte : base::utf8_from_wide(text)) {
+            if (byte == '"' || byte == '\\') {
+                json_ += '\\';
+                json_ += byte;
+            } else if (static_cast<unsigned char>(byte) < 0x20) {
+                json_ += "\\u00";
+                json_ += hexadecimal[byte >> 4];
+                json_ += hexadecimal[byte & 15];
+            } else {
+                json_ += byte;
+            }
+        }
+        json_ += '"';
+        return *this;
+    }
+    /// write(item) for each item, between brackets.
+    template <class Items, class Write>
+    JsonWriter& array(const Items& items, const char* separator, Write write) {
+        json_ += '[';
+        bool first = true;
+        for (const auto& item : items) {
+            raw(std::exchange(first, false) ? "" : separator);
+            write(item);
+        }
+        json_ += ']';
+        return *this;
+    }
+    JsonWriter& handles(const std::vector<std::uint64_t>& handles) {
+        return array(handles, ", ", [this](std::uint64_t handle) { raw("\"").number(handle, 16).raw("\""); });
+    }
+    std::string take() { return std::move(json_); }
+
+  private:
+    std::string json_;
+};
+
+class BillWriter {
+  public:
+    explicit BillWriter(const Bill& bill) : bill_(bill) {
         for (const BlockReferences& block : bill.counted) {
             std::vector<std::uint64_t>& all = handles_[base::lower(block.name)];
             all.insert(all.end(), block.handles.begin(), block.handles.end());
         }
     }
 
-    std::string write(const ReportCells& row) {
-        // Of two rows with one name the list's last entry has the references.
-        const bool counted = row[quantity_column] != L"0";
-        const auto found = handles_.find(base::lower(row[name_column]));
-        return "{\"block\": " + quoted(row[name_column]) + ", \"price\": " + money(bill_, row[price_column]) +
-               ", \"quantity\": " + std::string(row[quantity_column].begin(), row[quantity_column].end()) +
-               ", \"description\": " + quoted(row[description_column]) +
-               ", \"total\": " + money(bill_, row[total_column]) + ", \"handles\": " +
-               handles_of(counted && found != handles_.end() ? found->second : std::vector<std::uint64_t>()) + '}';
+    std::string write() {
+        std::vector<ReportCells> rows = bill_.rows;
+        std::wstring sum;
+        // A summary has no quantity; a block of that name has one. An empty report gets a summary with each sort.
+        while (!rows.empty() && rows.back()[quantity_column].empty()) {
+            sum = rows.back()[total_column];
+            rows.pop_back();
+        }
+        out_.raw("{\"schema\": ").number(schema_version).raw(",\n\"program\": \"").raw(program);
+        out_.raw("\",\n\"drawing\": ");
+        write_source(bill_.drawing);
+        out_.raw(",\n\"prices\": ");
+        if (bill_.price_list) {
+            write_source(*bill_.price_list);
+        } else {
+            out_.raw("null");
+        }
+        out_.raw(",\n\"rows\": ").array(rows, ",\n", [this](const ReportCells& row) { write_row(row); });
+        write_money("sum", sum, ",\n");
+        out_.raw(",\n\"notes\": ").array(bill_.notes, ",\n", [this](const Note& note) { write_note(note); });
+        out_.raw(",\n\"note_lines\": ").array(note_lines(bill_.notes), ",\n", [this](const std::wstring& line) {
+            out_.text(line);
+        });
+        return out_.raw("}\n").take();
     }
 
   private:
+    void write_source(const BillSource& source) {
+        out_.raw("{\"name\": ").text(source.name);
+        if (!source.sha256.empty()) {
+            out_.raw(", \"size\": ").number(source.size).raw(", \"sha256\": \"").raw(source.sha256).raw("\"");
+        }
+        out_.raw("}");
+    }
+
+    /// Null where it was not shown.
+    void write_money(const char* name, const std::wstring& text, const char* separator = ", ") {
+        out_.raw(separator).raw("\"").raw(name).raw("\": ");
+        if (bill_.with_prices && !text.empty()) {
+            out_.text(text);
+        } else {
+            out_.raw("null");
+        }
+    }
+
+    void write_row(const ReportCells& row) {
+        // Of two rows with one name the list's last entry has the references.
+        const bool counted = row[quantity_column] != L"0";
+        const std::vector<std::uint64_t> none;
+        const auto found = handles_.find(base::lower(row[name_column]));
+        out_.raw("{\"block\": ").text(row[name_column]);
+        write_money("price", row[price_column]);
+        out_.raw(", \"quantity\": ").raw(std::string(row[quantity_column].begin(), row[quantity_column].end()));
+        out_.raw(", \"description\": ").text(row[description_column]);
+        write_money("total", row[total_column]);
+        out_.raw(", \"handles\": ");
+        out_.handles(counted && found != handles_.end() ? found->second : none).raw("}");
+    }
+
+    void write_note(const Note& note) {
+        out_.raw("{\"code\": ").text(name_of(note.code)).raw(", \"text\": ").text(note.text);
+        if (!note.block.empty()) {
+            out_.raw(", \"block\": ").text(note.block);
+        }
+        if (!note.handles.empty()) {
+            out_.raw(", \"handles\": ").handles(note.handles);
+        }
+        if (note.line != 0) {
+            out_.raw(", \"line\": ").number(note.line);
+        }
+        out_.raw(", \"number\": ").number(note.number).raw("}");
+    }
+
     const Bill& bill_;
     std::unordered_map<std::wstring, std::vector<std::uint64_t>> handles_;
+    JsonWriter out_;
 };
-
-std::string note_object(const Note& note) {
-    std::string json = "{\"code\": " + quoted(name_of(note.code)) + ", \"text\": " + quoted(note.text);
-    if (!note.block.empty()) {
-        json += ", \"block\": " + quoted(note.block);
-    }
-    if (!note.handles.empty()) {
-        json += ", \"handles\": " + handles_of(note.handles);
-    }
-    if (note.line != 0) {
-        json += ", \"line\": " + std::to_string(note.line);
-    }
-    return json + ", \"number\": " + std::to_string(note.number) + '}';
-}
 
 }  // namespace
 
 std::string bill_json(const Bill& bill) {
-    std::vector<ReportCells> rows = bill.rows;
-    std::wstring sum;
-    // A summary has no quantity; a block of that name has one. An empty report gets a summary with each sort.
-    while (!rows.empty() && rows.back()[quantity_column].empty()) {
-        sum = rows.back()[total_column];
-        rows.pop_back();
-    }
-    RowWriter writer(bill);
-    return "{\"schema\": " + std::to_string(schema_version) + ",\n\"program\": \"" + program +
-           "\",\n\"drawing\": " + source_of(bill.drawing) +
-           ",\n\"prices\": " + (bill.price_list ? source_of(*bill.price_list) : "null") +
-           ",\n\"rows\": " + array_of(rows, ",\n", [&writer](const ReportCells& row) { return writer.write(row); }) +
-           ",\n\"sum\": " + money(bill, sum) + ",\n\"notes\": " + array_of(bill.notes, ",\n", note_object) +
-           ",\n\"note_lines\": " + array_of(note_lines(bill.notes), ",\n", quoted) + "}\n";
+    return BillWriter(bill).write();
 }
 
 }  // namespace corvanes

@@ -60,6 +60,9 @@ class ReferenceCounter {
             return false;
         }
         const AcDbObjectId record = reference->blockTableRecord();
+        if (survey_ != nullptr) {
+            survey_->add(*reference);
+        }
         reference->close();
         const auto known = rows_of_records_.find(record.asOldId());
         int row = 0;
@@ -70,9 +73,6 @@ class ReferenceCounter {
             return false;
         }
         dialog_.rows()[row].quantity += 1;
-        if (survey_ != nullptr) {
-            survey_->add(id, record);
-        }
         return true;
     }
 
@@ -134,7 +134,7 @@ bool CountSelectedBlocks(CalcPriceDialog& dialog) {
     const bool attached = dialog.grid().price_list_attached();
     join_prices(dialog.rows(), dialog.index(), price_list, attached);
     if (survey) {
-        BillSurvey found = survey->finish(selection_set, dialog.wishes().dynamic_names);
+        BillSurvey found = survey->finish(dialog.wishes().dynamic_names);
         dialog.notes() = bill_notes(found, price_list, attached);
         dialog.counted() = std::move(found.counted);
     }

@@ -10,7 +10,7 @@
 #include <dbsymtb.h>
 
 #include <algorithm>
-#include <array>
+#include <cstring>
 #include <functional>
 #include <map>
 #include <memory>
@@ -23,48 +23,23 @@ namespace corvanes {
 
 namespace {
 
-constexpr int columns_code = 70;
-constexpr int rows_code = 71;
 constexpr int layer_code = 8;
-constexpr int operator_code = -4;
 
 AcDbDatabase* working_database() {
     return acdbHostApplicationServices()->workingDatabase();
 }
 
-/// A filter list of the host: codes with texts or integers.
-class Filter {
-  public:
-    Filter() { groups_.reserve(8); }
-    Filter& text(int code, const wchar_t* value) {
-        texts_.push_back(std::make_unique<std::wstring>(value));
-        add(code).resval.rstring = texts_.back()->data();
-        return *this;
-    }
-    Filter& integer(int code, short value) {
-        add(code).resval.rint = value;
-        return *this;
-    }
-    const resbuf* list() const { return groups_.data(); }
-
-  private:
-    resbuf& add(int code) {
-        groups_.push_back({});
-        groups_.back().restype = static_cast<short>(code);
-        for (std::size_t i = 0; i + 1 < groups_.size(); ++i) {
-            groups_[i].rbnext = &groups_[i + 1];
-        }
-        return groups_.back();
-    }
-
-    std::vector<resbuf> groups_;
-    std::vector<std::unique_ptr<std::wstring>> texts_;
-};
-
-/// Calls back with the name and id of every entity of the drawing that the filter accepts.
-void for_each_filtered(const Filter& filter, const std::function<void(const ads_name, AcDbObjectId)>& handler) {
+/// Calls back with every block reference of the drawing on a layer that the pattern matches.
+void for_each_reference_on(std::wstring layers, const std::function<void(AcDbObjectId)>& handler) {
+    wchar_t type[] = L"INSERT";
+    resbuf on_layer{};
+    on_layer.restype = layer_code;
+    on_layer.resval.rstring = layers.data();
+    resbuf filter{};
+    filter.resval.rstring = type;
+    filter.rbnext = &on_layer;
     ads_name set;
-    if (acedSSGet(L"_X", nullptr, nullptr, filter.list(), set) != RTNORM) {
+    if (acedSSGet(L"_X", nullptr, nullptr, &filter, set) != RTNORM) {
         return;
     }
     long length = 0;
@@ -73,7 +48,7 @@ void for_each_filtered(const Filter& filter, const std::function<void(const ads_
         ads_name name;
         AcDbObjectId id;
         if (acedSSName(set, i, name) == RTNORM && acdbGetObjectId(id, name) == Acad::eOk) {
-            handler(name, id);
+            handler(id);
         }
     }
     acedSSFree(set);
@@ -139,11 +114,24 @@ class ByBlock {
     std::unordered_map<std::wstring, std::size_t> places_;
 };
 
-/// Place, scale and rotation. Zeros of both signs are one.
-std::array<double, 7> placement(const AcDbBlockReference& reference) {
+std::uint64_t handle_of(AcDbObjectId id) {
+    return id.handle();
+}
+
+/// Stands for place, scale and rotation. Zeros of both signs are one.
+std::uint64_t place_of(const AcDbBlockReference& reference) {
     const AcGePoint3d at = reference.position();
     const AcGeScale3d scale = reference.scaleFactors();
-    return {at.x + 0.0, at.y + 0.0, at.z + 0.0, scale.sx, scale.sy, scale.sz, reference.rotation() + 0.0};
+    std::uint64_t place = 0;
+    for (const double number : {at.x, at.y, at.z, scale.sx, scale.sy, scale.sz, reference.rotation()}) {
+        constexpr std::uint64_t odd = 0x9E3779B97F4A7C15;  // 2^64 divided by the golden ratio: it spreads the bits
+        std::uint64_t bits = 0;
+        const double without_sign_of_zero = number + 0.0;
+        std::memcpy(&bits, &without_sign_of_zero, sizeof bits);
+        place = (place ^ bits) * odd;
+        place ^= place >> 32;
+    }
+    return place;
 }
 
 /// The graph of the blocks that are reached from the counted ones.
@@ -179,7 +167,7 @@ class BlockGraph {
         std::map<std::size_t, std::uint64_t> inner;
         for (; !iterator->done(); iterator->step()) {
             AcDbObjectId id;
-            if (iterator->getEntityId(id) == Acad::eOk && id.objectClass() == AcDbBlockReference::desc()) {
+            if (iterator->getEntityId(id) == Acad::eOk && id.objectClass()->isDerivedFrom(AcDbBlockReference::desc())) {
                 if (const AcDbObjectId held_block = block_of(id); !held_block.isNull()) {
                     ++inner[number_of(held_block)];
                 }
@@ -193,60 +181,45 @@ class BlockGraph {
     std::unordered_map<Adesk::IntDbId, std::size_t> numbers_;
 };
 
-std::uint64_t handle_of(AcDbObjectId id) {
-    return id.handle();
-}
-
 }  // namespace
 
-void DrawingSurvey::add(AcDbObjectId reference, AcDbObjectId block) {
+void DrawingSurvey::add(const AcDbBlockReference& reference) {
+    const AcDbObjectId block = reference.blockTableRecord();
     const auto [place, is_new] = places_.emplace(block.asOldId(), blocks_.size());
     if (is_new) {
         blocks_.push_back({block, {}});
     }
-    blocks_[place->second].references.push_back(reference);
+    blocks_[place->second].references.push_back({place_of(reference), reference.objectId()});
+    if (const auto* const array = AcDbMInsertBlock::cast(&reference)) {
+        survey_.arrays.push_back({block_name(block), handle_of(reference.objectId()), array->columns(), array->rows()});
+    }
 }
 
 std::wstring DrawingSurvey::name_of(const Block& block) const {
     const auto true_name =
-        true_names_ ? dynamic_block_name(block.record, block.references.front()) : std::optional<std::wstring>();
+        true_names_ ? dynamic_block_name(block.record, block.references.front().id) : std::optional<std::wstring>();
     return true_name ? *true_name : block_name(block.record);
 }
 
-BillSurvey DrawingSurvey::finish(const ads_name selection, bool true_names) {
+BillSurvey DrawingSurvey::finish(bool true_names) {
     true_names_ = true_names;
-    for (const Block& block : blocks_) {
+    for (Block& block : blocks_) {
         const std::wstring name = name_of(block);
         BlockReferences references{name, {}};
         references.handles.reserve(block.references.size());
-        for (const AcDbObjectId reference : block.references) {
-            references.handles.push_back(handle_of(reference));
+        for (const Reference& reference : block.references) {
+            references.handles.push_back(handle_of(reference.id));
         }
         if (const auto true_name =
-                true_names ? std::nullopt : dynamic_block_name(block.record, block.references.front())) {
+                true_names ? std::nullopt : dynamic_block_name(block.record, block.references.front().id)) {
             survey_.dynamic.push_back({references, *true_name});
         }
         survey_.counted.push_back(std::move(references));
         find_stacked(block, name);
     }
-    find_arrays(selection);
     find_frozen();
     find_nested();
     return std::move(survey_);
-}
-
-void DrawingSurvey::find_arrays(const ads_name selection) {
-    Filter several;
-    several.text(0, L"INSERT").text(operator_code, L"<OR").text(operator_code, L">").integer(columns_code, 1);
-    several.text(operator_code, L">").integer(rows_code, 1).text(operator_code, L"OR>");
-    for_each_filtered(several, [&](const ads_name name, AcDbObjectId id) {
-        if (acedSSMemb(name, selection) == RTNORM) {
-            const ObjectGroups groups(id);
-            const auto number = [&groups](int code) { return std::max(1, groups.integer(code, 1)); };
-            survey_.arrays.push_back(
-                {block_name(block_of(id)), handle_of(id), number(columns_code), number(rows_code)});
-        }
-    });
 }
 
 void DrawingSurvey::find_frozen() {
@@ -256,9 +229,7 @@ void DrawingSurvey::find_frozen() {
     }
     const AcDbObjectId space = working_database()->currentSpaceId();
     ByBlock found;
-    Filter frozen;
-    frozen.text(0, L"INSERT").text(layer_code, layers.c_str());
-    for_each_filtered(frozen, [&](const ads_name, AcDbObjectId id) {
+    for_each_reference_on(layers, [&](AcDbObjectId id) {
         if (space_of(id) == space) {
             found.add(block_name(block_of(id)), handle_of(id));
         }
@@ -266,25 +237,16 @@ void DrawingSurvey::find_frozen() {
     survey_.frozen = std::move(found.all);
 }
 
-void DrawingSurvey::find_stacked(const Block& block, const std::wstring& name) {
-    if (block.references.size() < 2) {
-        return;
-    }
-    std::vector<std::pair<std::array<double, 7>, AcDbObjectId>> placed;
-    placed.reserve(block.references.size());
-    for (const AcDbObjectId id : block.references) {
-        const AcDbObjectPointer<AcDbBlockReference> reference(id, AcDb::kForRead);
-        if (reference.openStatus() == Acad::eOk) {
-            placed.emplace_back(placement(*reference), id);
-        }
-    }
-    std::sort(placed.begin(), placed.end());
+void DrawingSurvey::find_stacked(Block& block, const std::wstring& name) {
+    std::sort(block.references.begin(), block.references.end(),
+              [](const Reference& a, const Reference& b) { return a.place < b.place; });
     BlockReferences stacked{name, {}};
-    for (std::size_t i = 1; i < placed.size(); ++i) {
-        if (placed[i].first == placed[i - 1].first) {
-            stacked.handles.push_back(handle_of(placed[i].second));
+    for (std::size_t i = 1; i < block.references.size(); ++i) {
+        if (block.references[i].place == block.references[i - 1].place) {
+            stacked.handles.push_back(handle_of(block.references[i].id));
         }
     }
+    std::sort(stacked.handles.begin(), stacked.handles.end());
     if (!stacked.handles.empty()) {
         survey_.stacked.push_back(std::move(stacked));
     }

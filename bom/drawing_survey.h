@@ -1,8 +1,7 @@
 // What stands in the drawing around a count of block references: asked of the host while and after counting.
 #pragma once
 
-#include <adsdef.h>
-#include <dbid.h>
+#include <dbents.h>
 
 #include <cstdint>
 #include <unordered_map>
@@ -14,22 +13,26 @@ namespace corvanes {
 
 class DrawingSurvey {
   public:
-    /// A reference that was counted, and its block.
-    void add(AcDbObjectId reference, AcDbObjectId block);
+    /// A reference that was counted, which is open.
+    void add(const AcDbBlockReference& reference);
 
-    /// All that the notes are made of. `selection` is the set that was counted. With `true_names` dynamic blocks are
-    /// counted under their true names, and go by them.
-    BillSurvey finish(const ads_name selection, bool true_names);
+    /// All that the notes are made of. With `true_names` dynamic blocks are counted under their true names, and go by
+    /// them.
+    BillSurvey finish(bool true_names);
 
   private:
+    struct Reference {
+        std::uint64_t place;  ///< the same for two that stand at one place, with one scale and rotation
+        AcDbObjectId id;
+    };
     struct Block {
         AcDbObjectId record;
-        std::vector<AcDbObjectId> references;
+        std::vector<Reference> references;
     };
 
-    void find_arrays(const ads_name selection);
     void find_frozen();
-    void find_stacked(const Block& block, const std::wstring& name);
+    /// Brings the block's references into another order.
+    void find_stacked(Block& block, const std::wstring& name);
     void find_nested();
     std::wstring name_of(const Block& block) const;
 

@@ -7,10 +7,10 @@
 #include <dbdatabase.h>
 
 #include <filesystem>
+#include <utility>
 
 #include "base/file_digest.h"
 #include "base/replace_file.h"
-#include "bom/bill_json.h"
 #include "bom/report_dialog.h"
 #include "bom/report_options.h"
 #include "bom/report_rows.h"
@@ -55,22 +55,27 @@ void print_notes(CalcPriceDialog& dialog) {
     }
 }
 
-void write_bill_json(CalcPriceDialog& dialog) {
-    const std::wstring& path = dialog.wishes().json_file;
-    if (path.empty()) {
+BillFile::BillFile(const ReportWishes& wishes) : path_(wishes.json_file) {
+    if (!path_.empty()) {
+        drawing_ = std::async(std::launch::async, source_of, drawing_path());
+    }
+}
+
+void BillFile::write(CalcPriceDialog& dialog) {
+    if (path_.empty()) {
         return;
     }
     Bill bill;
-    bill.drawing = source_of(drawing_path());
+    bill.drawing = drawing_.get();
     if (dialog.grid().price_list_attached()) {
         bill.price_list = source_of(report_options().price_list_path);
     }
     bill.rows = shown_rows(dialog.grid());
     bill.with_prices = report_options().show_prices;
-    bill.counted = dialog.counted();
-    bill.notes = dialog.notes();
-    if (!base::replace_file(path, bill_json(bill))) {
-        alert_cannot_open(path.c_str());
+    bill.counted = std::move(dialog.counted());
+    bill.notes = std::move(dialog.notes());
+    if (!base::replace_file(path_, bill_json(bill))) {
+        alert_cannot_open(path_.c_str());
     }
 }
 

@@ -1,7 +1,10 @@
 // What a person wants of the report beside its dialog, told by values of the host's environment.
 #pragma once
 
+#include <future>
 #include <string>
+
+#include "bom/bill_json.h"
 
 class CalcPriceDialog;
 
@@ -21,8 +24,17 @@ ReportWishes report_wishes();
 /// The notes of a count, a line each.
 void print_notes(CalcPriceDialog& dialog);
 
-/// Writes what the report showed, and the notes; an alert when the file cannot be written. Nothing when it is not
-/// wanted.
-void write_bill_json(CalcPriceDialog& dialog);
+/// The file that CORVANES_JSON names. Sums up the drawing's file from its making on, beside what else is done.
+class BillFile {
+  public:
+    /// Nothing is summed up or written where the file is not wanted.
+    explicit BillFile(const ReportWishes& wishes);
+    /// Writes what the report showed, and the notes; an alert when the file cannot be written.
+    void write(CalcPriceDialog& dialog);
+
+  private:
+    std::wstring path_;
+    std::future<BillSource> drawing_;
+};
 
 }  // namespace corvanes

@@ -43,18 +43,18 @@ void report_command() {
     const ResourceScope resources;
     CalcPriceDialog dialog(CWnd::FromHandle(adsw_acadMainWnd()), insert_table_requested);
     dialog.wishes() = report_wishes();
+    BillFile bill_file(dialog.wishes());
     dialog.LoadReportSettings();
     dialog.grid().set_price_list_attached(false);
     if (!attach_price_list(dialog) || !CountSelectedBlocks(dialog)) {
         return;
     }
     print_notes(dialog);
-    const bool insert = dialog.DoModal() == IDOK;
-    if (insert) {
+    if (dialog.DoModal() == IDOK) {
         const CalcPriceDialog::TableBlock& table = dialog.table();
         place_table(table.name, table.width, table.height);
     }
-    write_bill_json(dialog);
+    bill_file.write(dialog);
 }
 
 }  // namespace corvanes

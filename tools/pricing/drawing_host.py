@@ -6,6 +6,7 @@ import os
 import re
 import signal
 import subprocess
+import tempfile
 
 from extents import extents
 from failure import DRAWING, INTERNAL, NOTHING, OUTPUT, PRICES, Failure
@@ -49,16 +50,18 @@ class Host:
 
     def run(self, *options, **values):
         """The exit status, and what the host said on standard error. `values` go into its environment."""
-        process = subprocess.Popen([*self.command, *options], stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
-                                   stderr=subprocess.PIPE, env=self.session.environment | values, start_new_session=True)
-        try:
-            with waiting():
-                words = process.communicate()[1].decode("utf-8", "replace").replace("\r", "")
-        finally:
-            if process.poll() is None:  # Ctrl-C: Wine's programs do not hear it
-                os.kill(process.pid, signal.SIGKILL)
-                process.wait()
-        return process.returncode, words
+        with tempfile.TemporaryFile() as said:  # no pipe: Wine's desktop, which it starts, would keep that open
+            process = subprocess.Popen([*self.command, *options], stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
+                                       stderr=said, env=self.session.environment | values, start_new_session=True)
+            try:
+                with waiting():
+                    process.wait()
+            finally:
+                if process.poll() is None:  # Ctrl-C: Wine's programs do not hear it
+                    os.kill(process.pid, signal.SIGKILL)
+                    process.wait()
+            said.seek(0)
+            return process.returncode, said.read().decode("utf-8", "replace").replace("\r", "")
 
     def run_script(self, work, lines, *options, **values):
         script = work.file("host.scr")

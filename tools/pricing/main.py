@@ -27,8 +27,8 @@ def progress(words):
         print(words, file=sys.stderr)
 
 
-def build():
-    """Brings the programs up to date; one run at a time."""
+def build(session):
+    """Brings the programs up to date, one run at a time, while the session comes up."""
     check_name(ROOT, INTERNAL)
     folder = os.path.join(ROOT, "build")
     try:
@@ -36,15 +36,15 @@ def build():
         with open(os.path.join(folder, "run.lock"), "w") as lock, open(os.path.join(folder, "run.log"), "wb") as log:
             with waiting():
                 fcntl.flock(lock, fcntl.LOCK_EX)
+                if subprocess.run([os.path.join(ROOT, "tools", "setup"), "run"]).returncode != 0:
+                    raise Failure(INTERNAL, "what building needs cannot be installed")
+                session.begin()
                 build_locked(folder, log)
     except OSError as error:
         raise Failure(INTERNAL, f"{error.filename}: {error.strerror}") from None
 
 
 def build_locked(folder, log):
-    if subprocess.run([os.path.join(ROOT, "tools", "setup"), "run"]).returncode != 0:
-        raise Failure(INTERNAL, "what building needs cannot be installed")
-    progress("Building...")
     steps = [["cmake", "--build", os.path.join(folder, "windows"), "--target", "drawinghost", "corvanes"]]
     if not os.path.exists(os.path.join(folder, "windows", "build.ninja")):
         steps.insert(0, ["cmake", "--preset", "windows"])
@@ -53,34 +53,27 @@ def build_locked(folder, log):
             raise Failure(INTERNAL, f"the build failed; {log.name} tells why")
 
 
-def show_desktop(drawing):
-    session = Session(ROOT, "--display")
-    try:
-        session.start()
-        Host(ROOT, session, drawing).show()
-    finally:
-        session.end()
+def show_desktop(drawing, session):
+    session.wait()
+    Host(ROOT, session, drawing).show()
 
 
-def price(drawing, prices, arguments):
+def price(drawing, prices, arguments, session):
     """The bill, and what of it is to be printed, once all results are in their places."""
-    if not arguments.quiet:
-        progress(f"Pricing {drawing}...")
     scratch = None
     if arguments.out == "-":
         scratch = os.path.join(os.environ.get("TMPDIR") or "/tmp", f"corvanes.{os.urandom(8).hex()}")
     try:
-        return price_into(scratch or arguments.out, drawing, prices, arguments)
+        return price_into(scratch or arguments.out, drawing, prices, arguments, session)
     finally:
         if scratch:
             shutil.rmtree(scratch, ignore_errors=True)
 
 
-def price_into(out, drawing, prices, arguments):
+def price_into(out, drawing, prices, arguments, session):
     work = WorkFolder(out)
-    session = Session(ROOT)
     try:
-        session.start()
+        session.wait()
         Host(ROOT, session, drawing).price(work, prices, arguments)
         with open(work.file("report.json"), "rb") as file:
             bill = Bill(file.read())
@@ -96,7 +89,6 @@ def price_into(out, drawing, prices, arguments):
         return bill, printed
     finally:
         work.remove()
-        session.end()
 
 
 def shown(report):
@@ -121,12 +113,18 @@ def run(words):
         check_input(drawing, DRAWING)
     else:
         check(drawing, prices, None if arguments.out == "-" else arguments.out, RESULTS)
-    if not os.environ.get("CORVANES_SESSION"):
-        build()
-    if arguments.desktop:
-        show_desktop(drawing)
-        return 0
-    bill, printed = price(drawing, prices, arguments)
+    session = Session(ROOT, "--display" if arguments.desktop else "--brief")
+    try:
+        if not os.environ.get("CORVANES_SESSION"):
+            build(session)
+        elif arguments.desktop:
+            session.begin()
+        if arguments.desktop:
+            show_desktop(drawing, session)
+            return 0
+        bill, printed = price(drawing, prices, arguments, session)
+    finally:
+        session.end()
     if not arguments.quiet:
         for line in bill.note_lines:
             print(one_line(line), file=sys.stderr)

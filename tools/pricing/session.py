@@ -20,12 +20,17 @@ class Session:
         self.process = None
         self.environment = dict(os.environ)
 
-    def start(self):
-        if os.environ.get("CORVANES_SESSION") and not self.options:
+    def begin(self):
+        """Has the session come up while this program does other things; wait() has its environment."""
+        if os.environ.get("CORVANES_SESSION") and "--display" not in self.options:
             return
         # A session of processes of its own: Ctrl-C reaches this program only, which then takes all down in order.
         self.process = subprocess.Popen([os.path.join(self.root, "tools", "session"), *self.options, *HOLD], stdin=subprocess.PIPE,
                                         stdout=subprocess.PIPE, stderr=subprocess.PIPE, start_new_session=True)
+
+    def wait(self):
+        if not self.process:
+            return
         told = b""
         while not told.endswith(b"\0\0"):
             with waiting():

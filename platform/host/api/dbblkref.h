@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "adesk.h"
 #include "dbents.h"
 
 class AcDbBlockReference : public AcDbEntity {
@@ -53,4 +54,21 @@ class AcDbBlockReference : public AcDbEntity {
     std::wstring block_name_;  ///< as the record spells it; empty once the block was set
     std::vector<OwnedAttribute> attributes_;
     std::string sequence_end_;
+};
+
+/// An INSERT that stands in several columns or rows.
+class AcDbMInsertBlock : public AcDbBlockReference {
+  public:
+    ACRX_DECLARE_MEMBERS(AcDbMInsertBlock);
+
+    /// At least 1.
+    Adesk::UInt16 columns() const;
+    Adesk::UInt16 rows() const;
+
+  protected:
+    void read_fields(const host::FieldReader& from) override;
+
+  private:
+    Adesk::UInt16 columns_ = 1;
+    Adesk::UInt16 rows_ = 1;
 };

@@ -8,6 +8,7 @@
 #include "platform/host/database/object_gate.h"
 
 ACRX_DXF_DEFINE_MEMBERS(AcDbBlockReference, AcDbEntity, 0, 0, 0, INSERT, 0)
+ACRX_DXF_DEFINE_MEMBERS(AcDbMInsertBlock, AcDbBlockReference, 0, 0, 0, INSERT, 0)
 
 AcDbBlockReference::AcDbBlockReference(const AcGePoint3d& position, AcDbObjectId blockTableRecord)
     : position_(position), block_(blockTableRecord) {}
@@ -160,4 +161,21 @@ void AcDbBlockReference::write_fields(host::FieldWriter& to) const {
     if (!attributes_.empty()) {
         to.following(sequence_end_);
     }
+}
+
+Adesk::UInt16 AcDbMInsertBlock::columns() const {
+    need_fields();
+    return columns_;
+}
+
+Adesk::UInt16 AcDbMInsertBlock::rows() const {
+    need_fields();
+    return rows_;
+}
+
+void AcDbMInsertBlock::read_fields(const host::FieldReader& from) {
+    constexpr int64_t most = 32767;  // what the format's 16 bits can say
+    AcDbBlockReference::read_fields(from);
+    columns_ = static_cast<Adesk::UInt16>(std::clamp<int64_t>(from.integer(70), 1, most));
+    rows_ = static_cast<Adesk::UInt16>(std::clamp<int64_t>(from.integer(71), 1, most));
 }

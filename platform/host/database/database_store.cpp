@@ -110,6 +110,9 @@ AcRxClass* DatabaseStore::class_of_record(dxf::RecordId record) const {
     if (known == nullptr) {
         known = class_of_dxf_name(drawing_->type_names().name(type));
     }
+    if (type == dxf::type_insert && drawing_->record(record).is(dxf::Record::array)) {
+        return AcDbMInsertBlock::desc();
+    }
     if (known == AcDbEntity::desc() && owner({ObjectSpace::record, record}).isNull()) {
         return AcDbObject::desc();  // of a type that only its place tells from an entity
     }

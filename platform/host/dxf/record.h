@@ -58,6 +58,7 @@ struct Record {
         paper_space = 1,  ///< group 67 is not 0
         has_parts = 2,    ///< sub-records follow within its bytes
         erased = 4,       ///< erased by an edit; its bytes will not be saved
+        array = 8,        ///< an INSERT of several columns or rows (groups 70 and 71)
     };
 
     Place place;

@@ -16,6 +16,8 @@ enum Code {
     code_handle = 5,
     code_layer = 8,
     code_paper = 67,
+    code_columns = 70,
+    code_rows = 71,
     code_dimstyle_handle = 105
 };
 
@@ -106,6 +108,10 @@ inline void RecordReader::take_field(Record& record) {
             break;
         case code_paper:
             record.flags |= group_.integer() != 0 ? Record::paper_space : 0;
+            break;
+        case code_columns:
+        case code_rows:
+            record.flags |= record.type == type_insert && group_.integer() > 1 ? Record::array : 0;
             break;
         default:
             break;
