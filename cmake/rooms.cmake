@@ -2,7 +2,7 @@
 
 add_library(corvanes_options INTERFACE)
 target_compile_features(corvanes_options INTERFACE cxx_std_17)
-target_include_directories(corvanes_options INTERFACE ${PROJECT_SOURCE_DIR})
+target_include_directories(corvanes_options INTERFACE ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/module)
 target_compile_options(corvanes_options INTERFACE
     -Wall -Wextra -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-align -Werror)
 if(WIN32)

@@ -2,10 +2,10 @@
 // same.
 #include <vector>
 
-#include "bidi/text_conversion.h"
+#include "common/price_text.h"
+#include "common/text_conversion.h"
 #include "fuzz/fuzz_input.h"
 #include "pricelist/price_list_lines.h"
-#include "pricelist/price_text.h"
 
 namespace {
 

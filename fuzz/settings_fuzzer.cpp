@@ -3,8 +3,8 @@
 #include <array>
 
 #include "base/code_page.h"
+#include "common/settings_files.h"
 #include "fuzz/fuzz_input.h"
-#include "pricelist/settings_files.h"
 
 namespace {
 

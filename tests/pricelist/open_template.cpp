@@ -4,10 +4,10 @@
 #include <fstream>
 #include <iterator>
 
+#include "common/module_path.h"
 #include "platform/host/editor/editor.h"
 #include "platform/host/editor/modal_dialog.h"
 #include "platform/host/prompt/command_line.h"
-#include "pricelist/module_path.h"
 #include "resources/resource.h"
 #include "tests/shell/small_drawing.h"
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "bidi/text_conversion.h"
+#include "common/text_conversion.h"
 #include "pricelist/foreign_file.h"
 
 namespace {

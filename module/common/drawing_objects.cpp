@@ -1,0 +1,126 @@
+#include "common/drawing_objects.h"
+
+#include <dbapserv.h>
+#include <dbdatabase.h>
+#include <dbhandle.h>
+#include <dbobjptr.h>
+#include <dbsymtb.h>
+
+#include <cwchar>
+
+#include "base/case_folding.h"
+
+namespace corvanes {
+
+namespace {
+
+constexpr int control_string = 102;
+constexpr int entry_name = 3;
+constexpr int owned_object = 360;
+constexpr int soft_pointer = 340;
+constexpr int soft_owned_object = 350;
+constexpr int extended_handle = 1005;
+
+bool holds(const resbuf& group, const wchar_t* text) {
+    return group.resval.rstring != nullptr && std::wcscmp(group.resval.rstring, text) == 0;
+}
+
+/// What a dictionary holds under a name: null without it.
+AcDbObjectId entry_of(AcDbObjectId dictionary, const wchar_t* name) {
+    const ObjectGroups groups(dictionary);
+    for (const resbuf* group = groups.first(); group != nullptr && group->rbnext != nullptr; group = group->rbnext) {
+        const int next = group->rbnext->restype;
+        if (group->restype == entry_name && holds(*group, name) &&
+            (next == owned_object || next == soft_owned_object)) {
+            return id_in(*group->rbnext);
+        }
+    }
+    return AcDbObjectId::kNull;
+}
+
+AcDbObjectId extension_dictionary(AcDbObjectId id) {
+    const ObjectGroups groups(id);
+    for (const resbuf* group = groups.first(); group != nullptr; group = group->rbnext) {
+        if (group->restype == control_string && holds(*group, L"{ACAD_XDICTIONARY")) {
+            const resbuf* const dictionary = ObjectGroups::find(group, owned_object);
+            return dictionary != nullptr ? id_in(*dictionary) : AcDbObjectId::kNull;
+        }
+    }
+    return AcDbObjectId::kNull;
+}
+
+AcDbObjectId told_by_block(AcDbObjectId record) {
+    const ObjectGroups groups(record, L"AcDbBlockRepBTag");
+    const resbuf* const handle = ObjectGroups::find(groups.first(), extended_handle);
+    AcDbDatabase* const database = acdbHostApplicationServices()->workingDatabase();
+    AcDbObjectId id;
+    if (handle == nullptr || handle->resval.rstring == nullptr || database == nullptr ||
+        database->getAcDbObjectId(id, false, AcDbHandle(handle->resval.rstring)) != Acad::eOk) {
+        return AcDbObjectId::kNull;
+    }
+    return id;
+}
+
+AcDbObjectId told_by_reference(AcDbObjectId reference) {
+    const AcDbObjectId dictionary = extension_dictionary(reference);
+    const AcDbObjectId representation =
+        dictionary.isNull() ? dictionary : entry_of(dictionary, L"AcDbBlockRepresentation");
+    const AcDbObjectId data = representation.isNull() ? representation : entry_of(representation, L"AcDbRepData");
+    const ObjectGroups groups(data);
+    const resbuf* const block = ObjectGroups::find(groups.first(), soft_pointer);
+    return block != nullptr ? id_in(*block) : AcDbObjectId::kNull;
+}
+
+}  // namespace
+
+ObjectGroups::ObjectGroups(AcDbObjectId id, const wchar_t* application) {
+    ads_name name;
+    if (id.isNull() || acdbGetAdsName(name, id) != Acad::eOk) {
+        return;
+    }
+    std::wstring wanted = application != nullptr ? application : L"";
+    resbuf applications{};
+    applications.restype = RTSTR;
+    applications.resval.rstring = wanted.data();
+    list_.reset(acdbEntGetX(name, application != nullptr ? &applications : nullptr));
+}
+
+const resbuf* ObjectGroups::find(const resbuf* from, int code) {
+    while (from != nullptr && from->restype != code) {
+        from = from->rbnext;
+    }
+    return from;
+}
+
+int ObjectGroups::integer(int code, int fallback) const {
+    const resbuf* const group = find(first(), code);
+    return group != nullptr ? group->resval.rint : fallback;
+}
+
+AcDbObjectId id_in(const resbuf& pointer) {
+    AcDbObjectId id;
+    ads_name name = {pointer.resval.rlname[0], pointer.resval.rlname[1]};
+    return acdbGetObjectId(id, name) == Acad::eOk ? id : AcDbObjectId::kNull;
+}
+
+std::wstring block_name(AcDbObjectId record) {
+    const AcDbObjectPointer<AcDbBlockTableRecord> block(record, AcDb::kForRead);
+    wchar_t* name = nullptr;
+    if (block.openStatus() != Acad::eOk || block->getName(name) != Acad::eOk) {
+        return {};
+    }
+    const std::unique_ptr<wchar_t, decltype(&acad_free)> owner(name, acad_free);
+    return name;
+}
+
+std::optional<std::wstring> dynamic_block_name(AcDbObjectId record, AcDbObjectId reference) {
+    const std::wstring own = base::lower(block_name(record));
+    if (own.compare(0, 2, L"*u") != 0) {
+        return std::nullopt;
+    }
+    const AcDbObjectId told = told_by_block(record);
+    std::wstring name = block_name(told.isNull() ? told_by_reference(reference) : told);
+    return name.empty() ? std::nullopt : std::optional(std::move(name));
+}
+
+}  // namespace corvanes

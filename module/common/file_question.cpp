@@ -1,0 +1,21 @@
+#include "common/file_question.h"
+
+#include <aced.h>
+
+#include <memory>
+
+namespace corvanes {
+
+std::optional<std::wstring> ask_for_file(const wchar_t* title, const std::wstring& proposal, const wchar_t* extension,
+                                         FileQuestion question) {
+    resbuf result{};
+    const int answer = acedGetFileD(title, proposal.c_str(), extension, static_cast<int>(question), &result);
+    // An answer of another kind holds no pointer. Hosts differ in the code of a declined question: without a file
+    // there is nothing to go on with, whatever the code.
+    wchar_t* const chosen = result.restype == RTSTR ? result.resval.rstring : nullptr;
+    const std::unique_ptr<wchar_t, decltype(&acad_free)> path(chosen, acad_free);
+    return answer == RTERROR || !path || path.get()[0] == L'\0' ? std::nullopt
+                                                                : std::optional<std::wstring>(path.get());
+}
+
+}  // namespace corvanes

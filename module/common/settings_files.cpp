@@ -1,0 +1,69 @@
+#include "common/settings_files.h"
+
+#include "base/case_folding.h"
+#include "common/price_text.h"
+#include "common/text_file.h"
+
+namespace corvanes {
+namespace {
+
+/// Every occurrence is replaced, in folder names too: the settings stand where they always stood.
+std::wstring replace_all(std::wstring text, std::wstring_view what, std::wstring_view with) {
+    if (what.empty()) {
+        return text;
+    }
+    for (size_t at = text.find(what); at != std::wstring::npos; at = text.find(what, at + with.size())) {
+        text.replace(at, what.size(), with);
+    }
+    return text;
+}
+
+}  // namespace
+
+SettingsPaths settings_paths(std::wstring_view module_path, std::wstring_view settings_name) {
+    const std::wstring module = base::lower(module_path);
+    size_t separator = module.rfind(L'/');
+    if (separator == std::wstring::npos) {
+        separator = module.rfind(L'\\');
+    }
+    SettingsPaths paths;
+    paths.settings = separator == std::wstring::npos
+                         ? std::wstring(settings_name)
+                         : replace_all(module, std::wstring_view(module).substr(separator + 1), settings_name);
+    paths.last_file = replace_all(paths.settings, settings_name, last_file_name);
+    return paths;
+}
+
+void read_column_widths(const std::filesystem::path& path, int* widths, size_t count) {
+    const auto text = read_text_file(path);
+    if (!text) {
+        return;
+    }
+    std::wstring_view rest = *text;
+    for (size_t i = 0; i < count && take_integer(rest, widths[i]); ++i) {
+    }
+}
+
+void write_column_widths(const std::filesystem::path& path, const int* widths, size_t count) {
+    std::wstring text;
+    for (size_t i = 0; i < count; ++i) {
+        text += std::to_wstring(widths[i]) + L' ';
+    }
+    write_text_file(path, text);
+}
+
+std::optional<std::wstring> read_last_file(const std::filesystem::path& path) {
+    const auto text = read_text_file(path);
+    if (!text) {
+        return std::nullopt;
+    }
+    std::wstring_view rest = *text;
+    const std::wstring_view word = take_word(rest);
+    return word.empty() ? std::nullopt : std::optional(std::wstring(word));
+}
+
+void write_last_file(const std::filesystem::path& path, std::wstring_view last_file) {
+    write_text_file(path, last_file);
+}
+
+}  // namespace corvanes

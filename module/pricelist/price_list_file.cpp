@@ -1,0 +1,77 @@
+#include "pricelist/price_list_file.h"
+
+#include <afxwin.h>
+#include <aced.h>
+
+#include "base/file_contents.h"
+#include "common/module_path.h"
+#include "common/settings_files.h"
+#include "common/text_file.h"
+#include "pricelist/foreign_file.h"
+
+namespace corvanes {
+namespace {
+
+/// Nothing after an alert, which names the file and the reason.
+std::optional<DecodedText> decoded_price_list(const wchar_t* path) {
+    std::string reason;
+    const auto contents = base::FileContents::read(path, reason);
+    if (!contents) {
+        alert_cannot_open(path);
+        return std::nullopt;
+    }
+    const std::wstring kind(foreign_kind(contents->bytes()));
+    if (!kind.empty()) {
+        CString message;
+        message.Format(L"File %s is not a price list: %s", path, kind.c_str());
+        acedAlert(message);
+        return std::nullopt;
+    }
+    return decoded_text(contents->bytes());
+}
+
+}  // namespace
+
+void alert_cannot_open(const wchar_t* path) {
+    CString message;
+    message.Format(L"File %s could  not be opened", path);
+    acedAlert(message);
+}
+
+std::optional<std::wstring> read_price_list(const wchar_t* path) {
+    auto list = decoded_price_list(path);
+    return list ? std::optional(std::move(list->text)) : std::nullopt;
+}
+
+int LoadPriceList(const wchar_t* path, [[maybe_unused]] const wchar_t* mode,
+                  const std::function<void(TextEncoding)>& opened,
+                  const std::function<void(const PriceListEntry&)>& handler) {
+    ASSERT(mode[0] == L'r');
+    const auto list = decoded_price_list(path);
+    if (!list) {
+        return 0;
+    }
+    opened(list->encoding);
+    read_entries(list->text, handler);
+    return 1;
+}
+
+int SavePriceList(const wchar_t* path, const std::vector<PriceListEntry>& rows, TextEncoding encoding) {
+    std::wstring text;
+    for (const PriceListEntry& row : rows) {
+        append_entry(text, row);
+    }
+    if (!write_text_file(path, text, encoding)) {
+        alert_cannot_open(path);
+        return 0;
+    }
+    return 1;
+}
+
+void GetSettingsPaths(const wchar_t* settings_file_name, std::wstring& settings_path, std::wstring& last_file_path) {
+    SettingsPaths paths = settings_paths(module_path(), settings_file_name);
+    settings_path = std::move(paths.settings);
+    last_file_path = std::move(paths.last_file);
+}
+
+}  // namespace corvanes

@@ -1,0 +1,35 @@
+// Price lists as the dialogs use them: the reader and the writer, which tell the user what cannot be opened.
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "common/text_conversion.h"
+#include "pricelist/price_list_lines.h"
+
+namespace corvanes {
+
+/// Calls back once per accepted line, in file order. Only the mode "r" exists. Returns 1, or 0 after an alert when the
+/// file cannot be opened or is of another kind; nothing was handed on then. `opened` is called before the first entry,
+/// with the encoding in which the list is to be saved again.
+int LoadPriceList(const wchar_t* path, const wchar_t* mode, const std::function<void(TextEncoding)>& opened,
+                  const std::function<void(const PriceListEntry&)>& handler);
+
+/// The whole text of a price list, for read_entries; nothing after an alert when the file cannot be opened or is of
+/// another kind.
+std::optional<std::wstring> read_price_list(const wchar_t* path);
+
+/// Replaces the file by one line per row; rows whose texts are all empty are left out. Returns 1, or 0 after an alert
+/// when the file cannot be written; what was there before is there still.
+int SavePriceList(const wchar_t* path, const std::vector<PriceListEntry>& rows,
+                  TextEncoding encoding = TextEncoding::system_code_page);
+
+/// Shows that a file cannot be opened, in the words that every reader and writer of the module uses.
+void alert_cannot_open(const wchar_t* path);
+
+/// The full paths of one settings file and of the last-file settings, beside this module.
+void GetSettingsPaths(const wchar_t* settings_file_name, std::wstring& settings_path, std::wstring& last_file_path);
+
+}  // namespace corvanes

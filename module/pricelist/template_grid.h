@@ -1,0 +1,104 @@
+// MyCug, the grid of the BOM Template dialog: block names, prices and descriptions, kept unique, sorted and checked.
+#pragma once
+
+#include <array>
+#include <optional>
+#include <string>
+#include <utility>
+
+#include "common/text_conversion.h"
+#include "grid/grid_control.h"
+#include "pricelist/block_names.h"
+#include "pricelist/price_list_lines.h"
+
+class BlockPriceDialog;
+
+class MyCug : public CUGCtrl {
+  public:
+    static constexpr int column_count = 3;
+    using Widths = std::array<int, column_count>;
+
+    MyCug() { widths_.fill(-1); }
+
+    /// Removes every row; nothing is modified then.
+    void ClearAll();
+    /// Appends an empty row with the price 0 and makes its name current.
+    void AddNewRow();
+    /// The same after `row`; at the end when there is no such row or it is the last.
+    void InsertRowAfter(long row);
+    void AddRowWithData(const wchar_t* name, const wchar_t* price, const wchar_t* description);
+
+    /// 1, or 0 after an alert.
+    int SaveToFile(const wchar_t* path);
+    /// The rows are replaced only when the file could be opened. 1, or 0 after an alert.
+    int LoadFromFile(const wchar_t* path);
+
+    /// 1 when every row that has a name or a price has both; otherwise shows why, goes there and returns 0.
+    int CheckBeforeSave();
+    /// True when reading the list again gives every row back whole, or the user saves it all the same; otherwise the
+    /// row in question is current.
+    bool may_save_losses();
+    /// Tells in the status label of the first price of which only a part is read; nothing is refused.
+    void tell_misread_prices();
+    /// The message goes, and the selection that came with it.
+    void clear_status();
+    /// 1 when no row but `except_row` has this name, whatever its case.
+    int IsNameUnique(const wchar_t* name, long except_row);
+
+    void StoreColumnWidths();
+    /// In pixels; -1 until read or computed.
+    Widths& stored_widths() { return widths_; }
+
+    /// Exchange the current row with its neighbour; nothing at the ends.
+    void MoveRowUp();
+    void MoveRowDown();
+
+    bool modified() const { return modified_; }
+    void set_modified(bool modified) { modified_ = modified; }
+
+    void OnGridSetup() override;
+    void OnGridRowChange(long old_row, long new_row) override;
+    void OnGridCellChange(int old_column, int new_column, long old_row, long new_row) override;
+    void OnGridLeftClick(int column, long row, int updn, RECT* rect, POINT* point, int processed) override;
+    void OnGridHeadingClick(int column, long row, int updn, RECT* rect, POINT* point, int processed) override;
+    void OnGridKeyDown(UINT* key, BOOL processed) override;
+    void OnGridCharDown(UINT* character, BOOL processed) override;
+    int OnGridEditStart(int column, long row, CWnd** edit) override;
+    int OnGridEditFinish(int column, long row, CWnd* edit, LPCWSTR text, BOOL cancelled) override;
+    int OnGridSortCompare(CUGCell* first, CUGCell* second, int flags) override;
+    std::unique_ptr<corvanes::KeyedOrder> OnGridSortOrder(int flags) override;
+
+  private:
+    enum Column { name_column, price_column, description_column };
+
+    static BlockPriceDialog& dialog();
+    /// The computed widths where none are stored, or none that can be.
+    void take_widths();
+    /// Of the nearest row that has a description; nothing when none has.
+    std::optional<corvanes::ParagraphDirection> direction_of_descriptions(long row);
+    void show_sort_arrow();
+    void InitRow(long row);
+    void RefreshNameList();
+    int SwapRows(long row_a, long row_b);
+    std::wstring text(int column, long row);
+    corvanes::PriceListEntry entry(long row);
+    void warn_of_loss(int column, long row, const wchar_t* new_text);
+    /// Blinks and beeps about a cell until clear_status, or for a time, if one is given.
+    void show_status(const std::wstring& message, int column, long row, int milliseconds);
+    int complain(const wchar_t* message, int column, long row);
+
+    Widths widths_;
+    std::optional<std::pair<int, long>> status_cell_;  ///< the column and row that the message is about
+    BlockNamesCont block_names_;
+    CString drop_list_;
+    bool sorting_allowed_ = true;
+    bool name_column_locked_ = false;
+    bool modified_ = false;
+    corvanes::TextEncoding encoding_{};  ///< of the list that was read; it is saved in the same
+    CUGMaskedEdit editor_;
+    COLORREF background_ = 0;
+    CUGSortArrowType sort_arrow_;
+    int sort_arrow_index_ = -1;
+    int sort_column_ = 0;
+    bool ascending_ = true;
+};

@@ -1,0 +1,114 @@
+#include "common/price_text.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+#include <string>
+
+using corvanes::number_from_text;
+using corvanes::take_integer;
+
+namespace {
+
+TEST(PriceText, ReadsTheNumberAtTheFront) {
+    constexpr double infinity = std::numeric_limits<double>::infinity();
+    const struct {
+        const wchar_t* text;
+        double number;
+    } cases[] = {
+        {L"", 0},
+        {L"12.5", 12.5},
+        {L"  \t7", 7},
+        {L"\u00a07", 7},
+        {L"-3.25", -3.25},
+        {L"+4", 4},
+        {L".5", 0.5},
+        {L"5.", 5},
+        {L".", 0},
+        {L"abc", 0},
+        {L"12abc", 12},
+        {L"1,234.5", 1},
+        {L"1e3", 1000},
+        {L"1e", 1},
+        {L"1e+", 1},
+        {L"2.5E-1x", 0.25},
+        {L"- 5", 0},
+        {L"--5", 0},
+        {L"-x", 0},
+        {L"-0", -0.0},
+        {L"0x10", 0},
+        {L"inf", 0},
+        {L"nan", 0},
+        {L"1e999", infinity},
+        {L"1e-999", 0},
+        {L"-1e999", -infinity},
+        {L"\u0661\u0662", 0},
+        {L"12.5\u20aa", 12.5},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(number_from_text(c.text), c.number) << c.text;
+        const bool minus = std::signbit(number_from_text(c.text));
+        EXPECT_EQ(minus, std::signbit(c.number)) << c.text << ": a report would show -0.00";
+    }
+    const std::wstring zeros(400, L'0');
+    EXPECT_EQ(number_from_text(L"0." + zeros.substr(0, 200) + L"1"), 1e-201) << "longer than the small buffer";
+    EXPECT_EQ(number_from_text(L"0." + zeros + L"1"), 0);
+    EXPECT_EQ(number_from_text(L"0." + zeros + L"1e800"), infinity);
+    EXPECT_EQ(number_from_text(L"1" + zeros + L"e-20"), infinity);
+    EXPECT_EQ(number_from_text(L"1" + zeros + L".5e-800"), 0);
+    EXPECT_EQ(number_from_text(L"1e-99999999999999999999"), 0);
+}
+
+TEST(PriceText, TakesIntegersOneAfterAnother) {
+    std::wstring_view rest = L" 150 0x1F -010 +7 99999999999 0 08 x";
+    int value = -1;
+    std::string taken;
+    while (take_integer(rest, value)) {
+        taken += std::to_string(value) + ' ';
+    }
+    EXPECT_EQ(taken, "150 31 -8 7 2147483647 0 0 8 ") << "a leading zero makes 08 an octal 0 and then an 8";
+    EXPECT_EQ(rest, L"x");
+    rest = L"-99999999999";
+    EXPECT_TRUE(take_integer(rest, value));
+    EXPECT_EQ(value, std::numeric_limits<int>::min());
+    rest = L"-";
+    EXPECT_FALSE(take_integer(rest, value));
+    EXPECT_EQ(corvanes::take_word(rest = L" c:\\my files"), L"c:\\my");
+    EXPECT_EQ(corvanes::take_word(rest = L" \r\n"), L"");
+}
+
+TEST(PriceText, RoundsAmountsCorrectly) {
+    const struct {
+        double amount;
+        const wchar_t* text;
+    } cases[] = {{0, L"0.00"},       {2.5, L"2.50"},
+                 {7.5, L"7.50"},     {1.005, L"1.00"},
+                 {0.125, L"0.12"},   {0.375, L"0.38"},
+                 {-3.456, L"-3.46"}, {1234567.891, L"1234567.89"},
+                 {-0.001, L"-0.00"}, {1e15, L"1000000000000000.00"}};
+    for (const auto& c : cases) {
+        EXPECT_EQ(corvanes::amount_text(c.amount), c.text);
+    }
+    EXPECT_EQ(corvanes::amount_text(1.7976931348623157e308).size(), 312U);
+}
+
+TEST(PriceText, KnowsWhatIsReadOnlyInPart) {
+    for (const wchar_t* whole : {L"12.5", L" 12 ", L"-1e3", L".5"}) {
+        EXPECT_EQ(corvanes::partly_read_number(whole), std::nullopt) << whole;
+    }
+    const std::pair<const wchar_t*, double> cases[] = {{L"12,50", 12},
+                                                       {L"1,000", 1},
+                                                       {L"abc", 0},
+                                                       {L"3 for 2", 3},
+                                                       {L"12.5.1", 12.5},
+                                                       {L"-", 0},
+                                                       {L"\x20AA"
+                                                        L"5",
+                                                        0}};
+    for (const auto& [text, value] : cases) {
+        EXPECT_EQ(corvanes::partly_read_number(text), value) << text;
+    }
+}
+
+}  // namespace
