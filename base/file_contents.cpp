@@ -1,6 +1,7 @@
 #include "base/file_contents.h"
 
 #include <new>
+#include <utility>
 
 #include "base/file_contents_system.h"
 
@@ -33,10 +34,9 @@ std::string refusal(const std::filesystem::path& path) {
 
 }  // namespace
 
-std::optional<FileContents> FileContents::read(const std::filesystem::path& path, std::string& reason) {
-    reason = refusal(path);
-    if (!reason.empty()) {
-        return std::nullopt;
+Result<FileContents, std::string> FileContents::read(const std::filesystem::path& path) {
+    if (std::string refused = refusal(path); !refused.empty()) {
+        return Failure{std::move(refused)};
     }
     std::error_code error;
     const auto source = Source::open(path, error);
@@ -47,17 +47,18 @@ std::optional<FileContents> FileContents::read(const std::filesystem::path& path
         // Not filled first: the file may be as large as half of the memory. One byte more shows that it has grown.
         contents.data_.reset(new (std::nothrow) char[contents.size_ + 1]);
         if (!contents.data_) {
-            reason = "is too large for the memory";
-            return std::nullopt;
+            return Failure{"is too large for the memory"};
         }
         const size_t taken = source->read(contents.data_.get(), contents.size_ + 1, error);
         const bool whole = taken == contents.size_ && (error || source->stamp(error) == before);
-        reason = whole ? "" : "was changed while it was read";
+        if (!error && !whole) {
+            return Failure{"was changed while it was read"};
+        }
     }
     if (error) {
-        reason = reason_of(error);
+        return Failure{reason_of(error)};
     }
-    return reason.empty() ? std::optional(std::move(contents)) : std::nullopt;
+    return contents;
 }
 
 }  // namespace base

@@ -4,9 +4,10 @@
 #include <cstddef>
 #include <filesystem>
 #include <memory>
-#include <optional>
 #include <string>
 #include <string_view>
+
+#include "base/result.h"
 
 namespace base {
 
@@ -16,8 +17,8 @@ class FileContents {
   public:
     FileContents() = default;
 
-    /// The whole of a file; nothing and a reason in words when it cannot be read, or when it was changed meanwhile.
-    static std::optional<FileContents> read(const std::filesystem::path& path, std::string& reason);
+    /// The whole of a file, or why it cannot be read (it was changed meanwhile, say), in UTF-8.
+    static Result<FileContents, std::string> read(const std::filesystem::path& path);
 
     std::string_view bytes() const { return {data_.get(), size_}; }
 

@@ -110,8 +110,8 @@ bool lock_patiently(FileReplacement::File& file) {
 }  // namespace
 
 FileReplacement::FileReplacement(const std::filesystem::path& target) : target_(resolve_links(full_path(target))) {
-    if (auto refusal = refusal_of(target_)) {
-        status_ = std::move(*refusal);
+    status_ = refusal_of(target_);
+    if (!status_) {
         return;
     }
     remove_abandoned(target_);
@@ -121,7 +121,7 @@ FileReplacement::FileReplacement(const std::filesystem::path& target) : target_(
         const Takeover taken = temporary_->take_over_from(target_);
         may_replace_ = taken == Takeover::whole;
         if (taken == Takeover::target_is_broken_link) {
-            status_ = {false, "It is a link to a file that does not exist"};
+            status_ = Failure{"It is a link to a file that does not exist"};
         }
         return;
     }
@@ -180,7 +180,7 @@ WriteStatus FileReplacement::write_in_place() {
         return failure(error);
     }
     if (!lock_patiently(*target)) {
-        return {false, "Another program is writing it"};
+        return Failure{"Another program is writing it"};
     }
     const std::uint64_t old_size = target->size(error);
     if (!error && size_ > old_size) {
@@ -219,7 +219,7 @@ std::error_code FileReplacement::copy(File& target, std::uint64_t begin, std::ui
 
 /// The target is damaged: the new contents must not go with this object, nor with the next one for the target.
 WriteStatus FileReplacement::keep_for_rescue(std::error_code error) {
-    WriteStatus status = failure(error);
+    Failure<std::string> status = failure(error);
     if (temporary_) {
         const auto rescue = random_name_beside(target_, ".rescued");
         const auto& name = temporary_->rename(rescue) ? temporary_->path() : rescue;
@@ -231,8 +231,8 @@ WriteStatus FileReplacement::keep_for_rescue(std::error_code error) {
 
 WriteStatus replace_file(const std::filesystem::path& target, std::string_view bytes) {
     FileReplacement replacement(target);
-    replacement.write(bytes);
-    return replacement.commit();
+    WriteStatus written = replacement.write(bytes);
+    return written ? replacement.commit() : written;
 }
 
 }  // namespace base

@@ -7,14 +7,12 @@
 #include <string_view>
 #include <system_error>
 
+#include "base/result.h"
+
 namespace base {
 
-/// What became of a write: ok, or the reason in words fit for a message ("No space left on device").
-struct WriteStatus {
-    bool ok = true;
-    std::string reason;
-    explicit operator bool() const { return ok; }
-};
+/// What became of a write: done, or the reason in words fit for a message ("No space left on device"), in UTF-8.
+using WriteStatus = Outcome<std::string>;
 
 /// Collects the new contents of a file in a temporary file beside it. Nothing happens to the target until commit();
 /// without a commit the destructor removes the temporary file, and the next replacement of the same target removes one

@@ -132,24 +132,23 @@ std::filesystem::path resolve_links(const std::filesystem::path& path) {
     return error ? path : resolved;
 }
 
-std::optional<WriteStatus> refusal_of(const std::filesystem::path& path) {
+WriteStatus refusal_of(const std::filesystem::path& path) {
     struct stat info {};
     if (::stat(path.c_str(), &info) != 0) {
         const bool broken_link = ::lstat(path.c_str(), &info) == 0;
-        return broken_link ? std::optional(WriteStatus{false, "It is a link to a file that does not exist"})
-                           : std::nullopt;
+        return broken_link ? Failure{"It is a link to a file that does not exist"} : WriteStatus();
     }
     if (S_ISDIR(info.st_mode)) {
         return failure(std::make_error_code(std::errc::is_a_directory));
     }
     if (!S_ISREG(info.st_mode)) {
-        return WriteStatus{false, "It is not a regular file"};
+        return Failure{"It is not a regular file"};
     }
-    return ::access(path.c_str(), W_OK) == 0 ? std::nullopt : std::optional(failure(last_error()));
+    return ::access(path.c_str(), W_OK) == 0 ? WriteStatus() : failure(last_error());
 }
 
-WriteStatus failure(std::error_code error) {
-    return {false, error.message()};
+Failure<std::string> failure(std::error_code error) {
+    return {error.message()};
 }
 
 }  // namespace base

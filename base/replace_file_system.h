@@ -57,9 +57,9 @@ class FileReplacement::File {
 std::filesystem::path full_path(const std::filesystem::path& path);
 /// The file that a path names after all links; the path itself when there is no such file.
 std::filesystem::path resolve_links(const std::filesystem::path& path);
-/// Why a path that is there may not be written or is no file; nothing when it is not there, or all is well.
-std::optional<WriteStatus> refusal_of(const std::filesystem::path& path);
+/// Done when nothing speaks against writing the path; a failure when it is there and may not be written or is no file.
+WriteStatus refusal_of(const std::filesystem::path& path);
 /// The reason in English words.
-WriteStatus failure(std::error_code error);
+Failure<std::string> failure(std::error_code error);
 
 }  // namespace base

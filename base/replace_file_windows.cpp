@@ -184,25 +184,24 @@ std::filesystem::path resolve_links(const std::filesystem::path& path) {
     return resolved;
 }
 
-std::optional<WriteStatus> refusal_of(const std::filesystem::path& path) {
+WriteStatus refusal_of(const std::filesystem::path& path) {
     const DWORD attributes = GetFileAttributesW(path.c_str());
     if (attributes == INVALID_FILE_ATTRIBUTES) {
-        return GetLastError() == ERROR_INVALID_PARAMETER ? std::optional(WriteStatus{false, "It is not a regular file"})
-                                                         : std::nullopt;
+        return GetLastError() == ERROR_INVALID_PARAMETER ? Failure{"It is not a regular file"} : WriteStatus();
     }
     if ((attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) {
-        return WriteStatus{false, "It is a folder"};
+        return Failure{"It is a folder"};
     }
     std::error_code error;
     const auto file = FileReplacement::File::open(path, error);
     const bool denied = !file && error == error_of(ERROR_ACCESS_DENIED);
-    return denied || (attributes & FILE_ATTRIBUTE_READONLY) != 0 ? std::optional(failure(error_of(ERROR_ACCESS_DENIED)))
-                                                                 : std::nullopt;
+    return denied || (attributes & FILE_ATTRIBUTE_READONLY) != 0 ? failure(error_of(ERROR_ACCESS_DENIED))
+                                                                 : WriteStatus();
 }
 
-WriteStatus failure(std::error_code error) {
+Failure<std::string> failure(std::error_code error) {
     if (error.category() != std::system_category()) {
-        return {false, error.message()};
+        return {error.message()};
     }
     wchar_t* text = nullptr;
     const DWORD length =
@@ -214,7 +213,7 @@ WriteStatus failure(std::error_code error) {
     while (!reason.empty() && (reason.back() <= L' ' || reason.back() == L'.')) {
         reason.pop_back();
     }
-    return {false, reason.empty() ? "error " + std::to_string(error.value()) : utf8_from_wide(reason)};
+    return {reason.empty() ? "error " + std::to_string(error.value()) : utf8_from_wide(reason)};
 }
 
 }  // namespace base

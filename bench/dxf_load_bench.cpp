@@ -54,10 +54,9 @@ void open_and_count(const char* path, Round& round) {
 /// The floor: reading the file and looking at each byte once.
 void count_lines(const char* path, Round& round) {
     const auto start = Clock::now();
-    std::string reason;
-    const auto contents = base::FileContents::read(std::filesystem::u8path(path), reason);
+    const auto contents = base::FileContents::read(std::filesystem::u8path(path));
     if (!contents) {
-        round.error = reason;
+        round.error = contents.reason();
         return;
     }
     const std::string_view bytes = contents->bytes();

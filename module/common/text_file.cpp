@@ -6,13 +6,12 @@
 namespace corvanes {
 
 std::optional<std::wstring> read_text_file(const std::filesystem::path& path) {
-    std::string reason;
-    const auto contents = base::FileContents::read(path, reason);
+    const auto contents = base::FileContents::read(path);
     return contents ? std::optional(text_from_file_bytes(contents->bytes())) : std::nullopt;
 }
 
 bool write_text_file(const std::filesystem::path& path, std::wstring_view text, TextEncoding encoding) {
-    return base::replace_file(path, file_bytes_from_text(text, encoding)).ok;
+    return static_cast<bool>(base::replace_file(path, file_bytes_from_text(text, encoding)));
 }
 
 }  // namespace corvanes

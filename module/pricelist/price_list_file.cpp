@@ -14,8 +14,7 @@ namespace {
 
 /// Nothing after an alert, which names the file and the reason.
 std::optional<DecodedText> decoded_price_list(const wchar_t* path) {
-    std::string reason;
-    const auto contents = base::FileContents::read(path, reason);
+    const auto contents = base::FileContents::read(path);
     if (!contents) {
         alert_cannot_open(path);
         return std::nullopt;

@@ -10,9 +10,9 @@ using base::FileContents;
 namespace {
 
 std::string reason_for(const fs::path& path) {
-    std::string reason;
-    EXPECT_FALSE(FileContents::read(path, reason));
-    return reason;
+    const auto contents = FileContents::read(path);
+    EXPECT_FALSE(contents);
+    return contents.reason();
 }
 
 TEST(FileContents, AreWhatTheFileHeldWhateverBecomesOfIt) {
@@ -20,14 +20,13 @@ TEST(FileContents, AreWhatTheFileHeldWhateverBecomesOfIt) {
     std::string written(3'000'000, 'x');
     written[0] = '\0';
     std::ofstream(file, std::ios::binary) << written;
-    std::string reason;
-    const auto contents = FileContents::read(file, reason);
-    ASSERT_TRUE(contents) << reason;
+    const auto contents = FileContents::read(file);
+    ASSERT_TRUE(contents) << contents.reason();
     fs::resize_file(file, 10);
     EXPECT_TRUE(contents->bytes() == written);
     fs::resize_file(file, 0);
-    const auto nothing = FileContents::read(file, reason);
-    ASSERT_TRUE(nothing) << reason;
+    const auto nothing = FileContents::read(file);
+    ASSERT_TRUE(nothing) << nothing.reason();
     EXPECT_EQ(nothing->bytes(), "");
     fs::remove(file);
     EXPECT_EQ(reason_for(file), "no such file");

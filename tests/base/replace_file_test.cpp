@@ -52,7 +52,7 @@ TEST_F(ReplaceFile, PutsTheNewContentsInPlaceOnlyAtCommit) {
     }
     EXPECT_EQ(bytes_of(target), "old");
     base::FileReplacement replacement(target);
-    replacement.write(std::string_view("n\0w", 3));
+    EXPECT_TRUE(replacement.write(std::string_view("n\0w", 3)));
     EXPECT_EQ(bytes_of(target), "old");
     EXPECT_TRUE(replacement.commit());
     EXPECT_EQ(bytes_of(target), std::string("n\0w", 3));
@@ -86,15 +86,15 @@ TEST_F(ReplaceFile, SaysWhyItCannotWrite) {
     fs::permissions(locked, fs::perms::owner_read | fs::perms::group_read | fs::perms::others_read);
 #ifdef _WIN32
     const auto refused = base::replace_file(locked, "new");
-    EXPECT_FALSE(refused.ok);
-    EXPECT_FALSE(refused.reason.empty());
+    EXPECT_FALSE(refused);
+    EXPECT_FALSE(refused.reason().empty());
     EXPECT_EQ(bytes_of(locked), "old");
 #endif
     fs::permissions(locked, fs::perms::owner_all, fs::perm_options::add);
     for (const auto& target : {folder_, folder_ / "missing" / "list.prc"}) {
         const auto status = base::replace_file(target, "new");
-        EXPECT_FALSE(status.ok) << target;
-        EXPECT_FALSE(status.reason.empty()) << target;
+        EXPECT_FALSE(status) << target;
+        EXPECT_FALSE(status.reason().empty()) << target;
     }
     EXPECT_EQ(names(), std::vector<std::string>{"locked.prc"});
 }
@@ -114,7 +114,7 @@ TEST_F(ReplaceFile, WritesIntoAFileThatAReaderHasOpen) {
     std::ifstream reader(target, std::ios::binary);  // others may write then, but neither delete nor replace it
     for (const std::string text : {"longer than before", "short", ""}) {
         const auto status = base::replace_file(target, text);
-        EXPECT_TRUE(status.ok) << status.reason;
+        EXPECT_TRUE(status) << status.reason();
         EXPECT_EQ(bytes_of(target), text);
     }
     EXPECT_EQ(names(), std::vector<std::string>{"list.prc"});
@@ -127,10 +127,10 @@ TEST_F(ReplaceFile, FollowsLinksAndRefusesWhatIsNoFile) {
     EXPECT_TRUE(fs::is_symlink(folder_ / "link"));
     EXPECT_EQ(bytes_of(folder_ / "real"), "new");
     fs::create_symlink("nowhere", folder_ / "broken");
-    EXPECT_EQ(base::replace_file(folder_ / "broken", "new").reason, "It is a link to a file that does not exist");
+    EXPECT_EQ(base::replace_file(folder_ / "broken", "new").reason(), "It is a link to a file that does not exist");
     EXPECT_TRUE(fs::is_symlink(folder_ / "broken"));
     ASSERT_EQ(::mkfifo((folder_ / "pipe").c_str(), 0666), 0);
-    EXPECT_EQ(base::replace_file(folder_ / "pipe", "new").reason, "It is not a regular file");
+    EXPECT_EQ(base::replace_file(folder_ / "pipe", "new").reason(), "It is not a regular file");
     EXPECT_EQ(names().size(), 4U);
 }
 

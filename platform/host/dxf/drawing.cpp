@@ -25,11 +25,10 @@ Drawing::Drawing(std::filesystem::path path, base::FileContents contents, std::s
 
 OpenResult Drawing::open(const std::filesystem::path& path) {
     OpenResult result;
-    std::string reason;
-    auto contents = base::FileContents::read(path, reason);
+    auto contents = base::FileContents::read(path);
     if (!contents) {
         result.error.file = path;
-        result.error.reason = std::move(reason);
+        result.error.reason = contents.reason();
         return result;
     }
     return load(std::unique_ptr<Drawing>(new Drawing(path, *std::move(contents), {})));

@@ -39,7 +39,7 @@ bool Document::changed() const {
 
 std::wstring Document::save_copy(const std::filesystem::path& path) const {
     const base::WriteStatus status = drawing().save(path);
-    return status ? L"" : path.wstring() + L" could not be saved: " + base::wide_from_utf8(status.reason);
+    return status ? L"" : path.wstring() + L" could not be saved: " + base::wide_from_utf8(status.reason());
 }
 
 std::wstring Document::save(const std::filesystem::path& path) {
