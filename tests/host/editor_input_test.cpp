@@ -31,6 +31,9 @@ TEST(InputText, ReadsNumbersAndPoints) {
          {L"", L"1", L"1,", L"1,2,3,4", L"1;2", L"a,b", L"1,2x", L"inf,0", L"1e999,0", L"+-1,0"}) {
         EXPECT_FALSE(parse_point(refused)) << refused;
     }
+    EXPECT_EQ(parse_percent_point(L"105%, -2.5%"), (Point{1.05, -0.025, 0}));
+    EXPECT_FALSE(parse_percent_point(L"105%,1"));
+    EXPECT_FALSE(parse_percent_point(L"%,%"));
     EXPECT_EQ(parse_integer(L"+12"), 12);
     EXPECT_FALSE(parse_integer(L"1.0"));
     EXPECT_FALSE(parse_integer(L"99999999999"));

@@ -1,35 +1,26 @@
 """The drawing host: its scripts, its runs, and what its words mean."""
 
 import fcntl
-import math
 import os
 import re
 import signal
 import subprocess
 import tempfile
 
-from extents import extents
 from failure import DRAWING, INTERNAL, NOTHING, OUTPUT, PRICES, Failure
 from interruption import waiting
 from references import why_none
 from windows_names import own_paths, windows_path
 
 
-def table_place(numbers):
-    """Script lines that place the table: to the right of the drawing's extents, half as wide; at the origin in its own
-    size without them."""
-    if len(numbers) != 4 or not all(map(math.isfinite, numbers)) or not 0 < numbers[2] - numbers[0] <= 1e15:
-        return ["0,0", "return"]
-    width = numbers[2] - numbers[0]
-    corner, top = numbers[2] + width / 20, numbers[3]
-    other = f"{corner + width / 2:.9g},{top:.9g}"
-    return [f"{corner:.9g},{top:.9g}", f"move {other}", f"pick {other}"]
+# Beside what is drawn, and half as wide: in percent of its extents.
+TABLE_PLACE = ("105%,100%", "move 155%,100%", "pick 155%,100%")
 
 
-def price_script(work, prices, hide_prices, place):
+def price_script(work, prices, hide_prices):
     return ["QXBOMC", windows_path(prices) if prices else "^C", "ALL", "",
             f'@tick "Show Price" {"off" if hide_prices else "on"}', f'@picture "{windows_path(work.file("dialog.png"))}"',
-            '@press "Save to file"', windows_path(work.file("report.txt")), '@press "Insert"', *place,
+            '@press "Save to file"', windows_path(work.file("report.txt")), '@press "Insert"', *TABLE_PLACE,
             "SAVEAS", windows_path(work.file("drawing.dxf")), "PNGOUT", windows_path(work.file("drawing.png")), "QUIT"]
 
 
@@ -48,41 +39,40 @@ class Host:
                         windows_path(drawing), "--load", windows_path(os.path.join(folder, "Corvanes.arx"))]
         self.session, self.drawing = session, drawing
 
-    def run(self, *options, **values):
-        """The exit status, and what the host said on standard error. `values` go into its environment."""
-        with tempfile.TemporaryFile() as said:  # no pipe: Wine's desktop, which it starts, would keep that open
-            process = subprocess.Popen([*self.command, *options], stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
-                                       stderr=said, env=self.session.environment | values, start_new_session=True)
-            try:
-                with waiting():
-                    process.wait()
-            finally:
-                if process.poll() is None:  # Ctrl-C: Wine's programs do not hear it
-                    os.kill(process.pid, signal.SIGKILL)
-                    process.wait()
-            said.seek(0)
-            return process.returncode, said.read().decode("utf-8", "replace").replace("\r", "")
-
-    def run_script(self, work, lines, *options, **values):
-        script = work.file("host.scr")
-        with open(script, "w", encoding="utf-8") as file:
-            file.write("\n".join(lines) + "\n")
-        return self.run("--script", windows_path(script), *options, **values)
+    def run(self, said, *options, **values):
+        """The exit status, and what the host said on standard error, which goes to the file `said` (no pipe: Wine's desktop,
+        which the host starts, would keep that open). `values` go into the host's environment."""
+        process = subprocess.Popen([*self.command, *options], stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
+                                   stderr=said, env=self.session.environment | values, start_new_session=True)
+        try:
+            with waiting():
+                process.wait()
+        finally:
+            if process.poll() is None:  # Ctrl-C: Wine's programs do not hear it
+                os.kill(process.pid, signal.SIGKILL)
+                process.wait()
+        said.seek(0)
+        return process.returncode, said.read().decode("utf-8", "replace").replace("\r", "")
 
     def show(self):
         """The host's window, until the person closes it."""
-        status, words = self.run(CORVANES_NOTES="1")
+        with tempfile.TemporaryFile() as said:
+            status, words = self.run(said, CORVANES_NOTES="1")
         if status != 0:
             raise self.failure(last_line(words))
 
     def price(self, work, prices, arguments):
         """Makes the results in the work folder."""
-        lines = price_script(work, prices, arguments.hide_prices, table_place(extents(self.drawing)))
+        lines = price_script(work, prices, arguments.hide_prices)
         # Runs of one display take turns: of two dialogs only one is active, and the other may lose a click.
         with open(os.path.join(self.session.environment["WINEPREFIX"], ".pricing"), "wb") as turn:
             with waiting():
                 fcntl.flock(turn, fcntl.LOCK_EX)
-            status, words = self.run_script(work, lines, **values_for(work, arguments))
+            with open(work.file("host.scr"), "w", encoding="utf-8") as script:
+                script.write("\n".join(lines) + "\n")
+            with open(work.file("host.log"), "w+b") as said:
+                status, words = self.run(said, "--script", windows_path(script.name), "--hidden", "--verbose",
+                                         **values_for(work, arguments))
         if status != 0:
             raise self.pricing_failure(last_line(words), work, prices)
 

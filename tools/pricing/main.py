@@ -15,6 +15,7 @@ from drawing_host import Host  # noqa: E402
 from failure import DRAWING, INTERNAL, NOTHING, OUTPUT, USAGE, Failure, one_line  # noqa: E402
 from inputs import check, check_input, check_name  # noqa: E402
 from interruption import Stopped, catch, waiting  # noqa: E402
+from progress import Progress, of_build, of_host  # noqa: E402
 from session import Session  # noqa: E402
 from work_folder import WorkFolder  # noqa: E402
 
@@ -22,12 +23,7 @@ ROOT = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__)
 RESULTS = ("report.txt", "report.csv", "report.json", "drawing.dxf", "dialog.png", "drawing.png")
 
 
-def progress(words):
-    if sys.stderr.isatty():
-        print(words, file=sys.stderr)
-
-
-def build(session):
+def build(session, progress):
     """Brings the programs up to date, one run at a time, while the session comes up."""
     check_name(ROOT, INTERNAL)
     folder = os.path.join(ROOT, "build")
@@ -39,7 +35,8 @@ def build(session):
                 if subprocess.run([os.path.join(ROOT, "tools", "setup"), "run"]).returncode != 0:
                     raise Failure(INTERNAL, "what building needs cannot be installed")
                 session.begin()
-                build_locked(folder, log)
+                with progress.following(log.name, of_build):
+                    build_locked(folder, log)
     except OSError as error:
         raise Failure(INTERNAL, f"{error.filename}: {error.strerror}") from None
 
@@ -58,23 +55,24 @@ def show_desktop(drawing, session):
     Host(ROOT, session, drawing).show()
 
 
-def price(drawing, prices, arguments, session):
+def price(drawing, prices, arguments, session, progress):
     """The bill, and what of it is to be printed, once all results are in their places."""
     scratch = None
     if arguments.out == "-":
         scratch = os.path.join(os.environ.get("TMPDIR") or "/tmp", f"corvanes.{os.urandom(8).hex()}")
     try:
-        return price_into(scratch or arguments.out, drawing, prices, arguments, session)
+        return price_into(scratch or arguments.out, drawing, prices, arguments, session, progress)
     finally:
         if scratch:
             shutil.rmtree(scratch, ignore_errors=True)
 
 
-def price_into(out, drawing, prices, arguments, session):
+def price_into(out, drawing, prices, arguments, session, progress):
     work = WorkFolder(out)
     try:
-        session.wait()
-        Host(ROOT, session, drawing).price(work, prices, arguments)
+        with progress.following(work.file("host.log"), of_host):
+            session.wait()
+            Host(ROOT, session, drawing).price(work, prices, arguments)
         with open(work.file("report.json"), "rb") as file:
             bill = Bill(file.read())
         with open(work.file("report.csv"), "wb") as file:
@@ -113,16 +111,17 @@ def run(words):
         check_input(drawing, DRAWING)
     else:
         check(drawing, prices, None if arguments.out == "-" else arguments.out, RESULTS)
+    progress = Progress(not arguments.quiet)
     session = Session(ROOT, "--display" if arguments.desktop else "--brief")
     try:
         if not os.environ.get("CORVANES_SESSION"):
-            build(session)
+            build(session, progress)
         elif arguments.desktop:
             session.begin()
         if arguments.desktop:
             show_desktop(drawing, session)
             return 0
-        bill, printed = price(drawing, prices, arguments, session)
+        bill, printed = price(drawing, prices, arguments, session, progress)
     finally:
         session.end()
     if not arguments.quiet:

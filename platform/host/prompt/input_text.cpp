@@ -38,23 +38,22 @@ std::optional<Number> parse_number(std::wstring_view text) {
     return number;
 }
 
-}  // namespace
-
-std::optional<int> parse_integer(std::wstring_view text) {
-    return parse_number<int>(text);
+std::optional<double> parse_percentage(std::wstring_view text) {
+    text = trimmed(text);
+    if (text.empty() || text.back() != L'%') {
+        return std::nullopt;
+    }
+    const std::optional<double> number = parse_real(text.substr(0, text.size() - 1));
+    return number ? std::optional(*number / 100) : std::nullopt;
 }
 
-std::optional<double> parse_real(std::wstring_view text) {
-    const std::optional<double> number = parse_number<double>(text);
-    return number && std::isfinite(*number) ? number : std::nullopt;
-}
-
-std::optional<Point> parse_point(std::wstring_view text) {
+/// Two or three numbers between commas.
+std::optional<Point> parse_parts(std::wstring_view text, std::optional<double> (*parse)(std::wstring_view)) {
     double parts[3] = {0, 0, 0};
     size_t count = 0;
     for (;;) {
         const size_t comma = text.find(L',');
-        const std::optional<double> part = parse_real(text.substr(0, comma));
+        const std::optional<double> part = parse(text.substr(0, comma));
         if (!part || count == 3) {
             return std::nullopt;
         }
@@ -68,6 +67,25 @@ std::optional<Point> parse_point(std::wstring_view text) {
         return std::nullopt;
     }
     return Point{parts[0], parts[1], parts[2]};
+}
+
+}  // namespace
+
+std::optional<int> parse_integer(std::wstring_view text) {
+    return parse_number<int>(text);
+}
+
+std::optional<double> parse_real(std::wstring_view text) {
+    const std::optional<double> number = parse_number<double>(text);
+    return number && std::isfinite(*number) ? number : std::nullopt;
+}
+
+std::optional<Point> parse_point(std::wstring_view text) {
+    return parse_parts(text, parse_real);
+}
+
+std::optional<Point> parse_percent_point(std::wstring_view text) {
+    return parse_parts(text, parse_percentage);
 }
 
 std::wstring format_real(double number) {

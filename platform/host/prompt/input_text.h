@@ -27,6 +27,9 @@ std::optional<double> parse_real(std::wstring_view text);
 /// "x,y" or "x,y,z"; a missing z is 0.
 std::optional<Point> parse_point(std::wstring_view text);
 
+/// A point told in percent of an area that is known elsewhere: "105%,100%" is 1.05 and 1, right of it at its top.
+std::optional<Point> parse_percent_point(std::wstring_view text);
+
 /// The shortest text that parse_real reads back to the same number.
 std::wstring format_real(double number);
 std::wstring format_point(const Point& point);
