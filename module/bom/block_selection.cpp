@@ -1,11 +1,10 @@
 #include "bom/block_selection.h"
 
-#include <afxwin.h>
 #include <aced.h>
 #include <dbents.h>
+#include <dbobjptr.h>
 #include <dbsymtb.h>
 
-#include <memory>
 #include <optional>
 #include <string>
 #include <unordered_map>
@@ -14,30 +13,61 @@
 #include "base/case_folding.h"
 #include "bom/block_count.h"
 #include "bom/drawing_survey.h"
-#include "bom/report_dialog.h"
 #include "common/drawing_objects.h"
-#include "pricelist/price_list_file.h"
 
 namespace corvanes {
 namespace {
 
-/// The name of a block table record, lowered in the memory that the host gave for it.
-class LowerName {
+/// Counts references on the rows of their blocks; each block's record is asked for its name once.
+class ReferenceCounter {
   public:
-    explicit LowerName(AcDbBlockTableRecord& record) {
-        wchar_t* name = nullptr;
-        if (record.getName(name) == Acad::eOk && name != nullptr) {
-            name_.reset(name);
-            base::lower_in_place(name, wcslen(name));
+    /// `survey`, which may be null, is told of every reference.
+    ReferenceCounter(BlockCount& count, bool dynamic_names, DrawingSurvey* survey)
+        : count_(count), dynamic_names_(dynamic_names), survey_(survey) {}
+
+    /// False after an alert when the reference or its block cannot be opened.
+    bool add(const ads_name name) {
+        AcDbObjectId id;
+        acdbGetObjectId(id, name);
+        const AcDbObjectPointer<AcDbBlockReference> reference(id, AcDb::kForRead);
+        if (reference.openStatus() != Acad::eOk) {
+            acedAlert(L"\nCannot open the object INSERT");
+            return false;
         }
+        if (survey_ != nullptr) {
+            survey_->add(*reference);
+        }
+        const AcDbObjectId record = reference->blockTableRecord();
+        const auto [row, is_new] = rows_of_records_.try_emplace(record.asOldId(), 0);
+        if (is_new && !find_row(record, id, row->second)) {
+            acedAlert(L"\nCannot open the object BlockTableRecord");
+            return false;
+        }
+        count_.rows[row->second].quantity += 1;
+        return true;
     }
-    const wchar_t* text() const { return name_ ? name_.get() : L""; }
 
   private:
-    std::unique_ptr<wchar_t, decltype(&acad_free)> name_{nullptr, acad_free};
+    bool find_row(AcDbObjectId id, AcDbObjectId reference, int& row) {
+        const AcDbObjectPointer<AcDbBlockTableRecord> record(id, AcDb::kForRead);
+        if (record.openStatus() != Acad::eOk) {
+            return false;
+        }
+        const auto true_name = dynamic_names_ ? dynamic_block_name(id, reference) : std::nullopt;
+        const std::wstring name = base::lower(true_name ? *true_name : name_of(*record));
+        row = row_of_block(count_.rows, count_.index, name.c_str());
+        return true;
+    }
+
+    BlockCount& count_;
+    bool dynamic_names_;
+    DrawingSurvey* survey_;
+    std::unordered_map<Adesk::IntDbId, int> rows_of_records_;
 };
 
-bool SelectBlockReferences(CalcPriceDialog&, ads_name selection_set) {
+}  // namespace
+
+bool SelectBlockReferences(ads_name selection_set) {
     wchar_t block_reference[] = L"INSERT";
     resbuf filter{};
     filter.restype = 0;
@@ -45,98 +75,31 @@ bool SelectBlockReferences(CalcPriceDialog&, ads_name selection_set) {
     return acedSSGet(nullptr, nullptr, nullptr, &filter, selection_set) == RTNORM;
 }
 
-/// Counts references on the rows of their blocks; each block's record is asked for its name once.
-class ReferenceCounter {
-  public:
-    /// `survey`, which may be null, is told of every reference.
-    ReferenceCounter(CalcPriceDialog& dialog, DrawingSurvey* survey) : dialog_(dialog), survey_(survey) {}
-
-    /// False after an alert when the reference or its block cannot be opened.
-    bool count(const ads_name name) {
-        AcDbObjectId id;
-        AcDbBlockReference* reference = nullptr;
-        if (acdbGetObjectId(id, name) != Acad::eOk || acdbOpenObject(reference, id, AcDb::kForRead) != Acad::eOk) {
-            acedAlert(L"\nCannot open the object INSERT");
-            return false;
-        }
-        const AcDbObjectId record = reference->blockTableRecord();
-        if (survey_ != nullptr) {
-            survey_->add(*reference);
-        }
-        reference->close();
-        const auto known = rows_of_records_.find(record.asOldId());
-        int row = 0;
-        if (known != rows_of_records_.end()) {
-            row = known->second;
-        } else if (!find_row(record, id, row)) {
-            acedAlert(L"\nCannot open the object BlockTableRecord");
-            return false;
-        }
-        dialog_.rows()[row].quantity += 1;
-        return true;
-    }
-
-  private:
-    bool find_row(AcDbObjectId id, AcDbObjectId reference, int& row) {
-        AcDbBlockTableRecord* record = nullptr;
-        if (acdbOpenObject(record, id, AcDb::kForRead) != Acad::eOk) {
-            return false;
-        }
-        const LowerName lower_name(*record);
-        record->close();
-        const auto true_name =
-            dialog_.wishes().dynamic_names ? dynamic_block_name(id, reference) : std::optional<std::wstring>();
-        row = row_of_block(dialog_.rows(), dialog_.index(),
-                           true_name ? base::lower(*true_name).c_str() : lower_name.text());
-        rows_of_records_.emplace(id.asOldId(), row);
-        return true;
-    }
-
-    CalcPriceDialog& dialog_;
-    DrawingSurvey* survey_;
-    std::unordered_map<decltype(AcDbObjectId().asOldId()), int> rows_of_records_;
-};
-
-}  // namespace
-
-bool LoadPriceRows(CalcPriceDialog& dialog, const wchar_t* path) {
-    auto text = read_price_list(path);
-    if (!text) {
-        return false;
-    }
-    dialog.grid().DeleteAllRows();
-    dialog.rows().RemoveAll();
-    dialog.price_list() = std::move(*text);
-    return true;
-}
-
-bool CountSelectedBlocks(CalcPriceDialog& dialog) {
-    const std::wstring price_list = std::exchange(dialog.price_list(), {});
-    begin_count(dialog.rows(), dialog.index());
+bool CountSelectedBlocks(BlockCount& count, const CountOrder& order) {
+    begin_count(count.rows, count.index);
     ads_name selection_set;
-    if (!SelectBlockReferences(dialog, selection_set)) {
+    if (!SelectBlockReferences(selection_set)) {
         return false;
     }
     long length = 0;
     acedSSLength(selection_set, &length);
     std::optional<DrawingSurvey> survey;
-    if (dialog.wishes().any_notes()) {
+    if (order.with_notes) {
         survey.emplace();
     }
-    ReferenceCounter counter(dialog, survey ? &*survey : nullptr);
+    ReferenceCounter counter(count, order.dynamic_names, survey ? &*survey : nullptr);
     for (long i = 0; i < length; ++i) {
         ads_name name;
         acedSSName(selection_set, i, name);
-        if (!counter.count(name)) {
+        if (!counter.add(name)) {
             return false;
         }
     }
-    const bool attached = dialog.grid().price_list_attached();
-    join_prices(dialog.rows(), dialog.index(), price_list, attached);
+    join_prices(count.rows, count.index, order.price_list, order.price_list_attached);
     if (survey) {
-        BillSurvey found = survey->finish(dialog.wishes().dynamic_names);
-        dialog.notes() = bill_notes(found, price_list, attached);
-        dialog.counted() = std::move(found.counted);
+        BillSurvey found = survey->finish(order.dynamic_names);
+        count.notes = bill_notes(found, order.price_list, order.price_list_attached);
+        count.counted = std::move(found.counted);
     }
     return true;
 }

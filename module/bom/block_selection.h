@@ -1,17 +1,37 @@
-// The report's rows: read from a price list, counted from the user's selection in the drawing.
+// Counting the block references that the user selects.
 #pragma once
 
-class CalcPriceDialog;
+#include <adsdef.h>
+
+#include <string_view>
+#include <vector>
+
+#include "bom/bill_notes.h"
+#include "bom/result_string.h"
 
 namespace corvanes {
 
-/// Empties the report's grid and rows and reads the price list that the next count joins its rows with. False, with
-/// everything as it was, after an alert when the file cannot be opened.
-bool LoadPriceRows(CalcPriceDialog& dialog, const wchar_t* path);
+/// How a count goes on.
+struct CountOrder {
+    std::wstring_view price_list;      ///< the text that the count is joined with
+    bool price_list_attached = false;  ///< blocks that the list lacks, and entries that nobody selected, are left out
+    bool dynamic_names = false;        ///< dynamic blocks count under their true names
+    bool with_notes = false;
+};
 
-/// Counts the block references that the user selects, and joins them with the price list that was read: the report's
-/// rows. False when nothing was selected, or after an alert when a selected object cannot be opened: what was counted
-/// until then stays in the rows, without prices.
-bool CountSelectedBlocks(CalcPriceDialog& dialog);
+/// What a count found.
+struct BlockCount {
+    RowList rows;
+    NameIndex index{10};                   ///< of the rows, while they are counted
+    std::vector<BlockReferences> counted;  ///< with notes only, and so is the next
+    std::vector<Note> notes;
+};
+
+/// Has the user select block references. False when nothing was selected.
+bool SelectBlockReferences(ads_name selection_set);
+
+/// Counts what the user selects, and joins it with the price list: the report's rows. False when nothing was selected,
+/// or after an alert when a selected object cannot be opened: what was counted until then stays, without prices.
+bool CountSelectedBlocks(BlockCount& count, const CountOrder& order);
 
 }  // namespace corvanes

@@ -25,10 +25,6 @@ namespace {
 
 constexpr int layer_code = 8;
 
-AcDbDatabase* working_database() {
-    return acdbHostApplicationServices()->workingDatabase();
-}
-
 /// Calls back with every block reference of the drawing on a layer that the pattern matches.
 void for_each_reference_on(std::wstring layers, const std::function<void(AcDbObjectId)>& handler) {
     wchar_t type[] = L"INSERT";

@@ -4,7 +4,6 @@
 
 #include <utility>
 
-#include "bom/block_selection.h"
 #include "bom/report_file.h"
 #include "bom/report_options.h"
 #include "common/file_question.h"
@@ -12,17 +11,11 @@
 #include "pricelist/price_list_file.h"
 #include "resources/resource.h"
 
-using corvanes::report_options;
+using namespace corvanes;
 
 namespace {
 
 CalcPriceDialog* the_open_dialog = nullptr;
-
-corvanes::SettingsPaths report_settings_paths() {
-    corvanes::SettingsPaths paths;
-    corvanes::GetSettingsPaths(corvanes::report_settings_name.data(), paths.settings, paths.last_file);
-    return paths;
-}
 
 }  // namespace
 
@@ -36,8 +29,11 @@ BEGIN_MESSAGE_MAP(CalcPriceDialog, CDialog)
     ON_WM_LBUTTONDOWN()
 END_MESSAGE_MAP()
 
-CalcPriceDialog::CalcPriceDialog(CWnd* parent, InsertHandler insert)
-    : CDialog(IDD_BOM_REPORT, parent), insert_(std::move(insert)), outer_(std::exchange(the_open_dialog, this)) {}
+CalcPriceDialog::CalcPriceDialog(CWnd* parent, const ReportWishes& wishes, InsertHandler insert)
+    : CDialog(IDD_BOM_REPORT, parent),
+      insert_(std::move(insert)),
+      outer_(std::exchange(the_open_dialog, this)),
+      wishes_(wishes) {}
 
 CalcPriceDialog::~CalcPriceDialog() {
     the_open_dialog = outer_;
@@ -56,7 +52,7 @@ void CalcPriceDialog::DoDataExchange(CDataExchange* exchange) {
 BOOL CalcPriceDialog::OnInitDialog() {
     CDialog::OnInitDialog();
     grid_.AttachGrid(this, IDC_REPORT_GRID);
-    grid_.FillReportGrid(rows_);
+    grid_.FillReportGrid(count_.rows);
     current_file_.SetWindowText(report_options().price_list_path.c_str());
     show_price_ = report_options().show_prices ? 1 : 0;
     UpdateData(FALSE);
@@ -64,42 +60,46 @@ BOOL CalcPriceDialog::OnInitDialog() {
 }
 
 void CalcPriceDialog::LoadReportSettings() {
-    const auto paths = report_settings_paths();
-    MyCug2::Widths& widths = grid_.stored_widths();
-    corvanes::read_column_widths(paths.settings, widths.data(), widths.size());
-    if (auto last_file = corvanes::read_last_file(paths.last_file)) {
-        report_options().price_list_path = std::move(*last_file);
-    }
+    read_settings(report_settings_name, grid_.stored_widths(), report_options().price_list_path);
 }
 
 void CalcPriceDialog::SaveReportSettingsAndClose() {
     grid_.StoreColumnWidths();
-    const auto paths = report_settings_paths();
-    const MyCug2::Widths& widths = grid_.stored_widths();
-    corvanes::write_column_widths(paths.settings, widths.data(), widths.size());
-    corvanes::write_last_file(paths.last_file, report_options().price_list_path);
+    write_settings(report_settings_name, grid_.stored_widths(), report_options().price_list_path);
     EndDialog(IDCANCEL);
 }
 
-void CalcPriceDialog::OnClose() {
-    SaveReportSettingsAndClose();
+bool CalcPriceDialog::LoadPriceRows(const wchar_t* path) {
+    auto text = read_price_list(path);
+    if (!text) {
+        return false;
+    }
+    grid_.DeleteAllRows();
+    count_.rows.RemoveAll();
+    price_list_ = std::move(*text);
+    return true;
+}
+
+bool CalcPriceDialog::CountSelectedBlocks() {
+    const std::wstring price_list = std::exchange(price_list_, {});
+    const CountOrder order = {price_list, grid_.price_list_attached(), wishes_.dynamic_names, wishes_.any_notes()};
+    return corvanes::CountSelectedBlocks(count_, order);
 }
 
 void CalcPriceDialog::OnAttachNew() {
-    const auto chosen = corvanes::ask_for_file(L"Open", report_options().price_list_path, L"prc",
-                                               corvanes::FileQuestion::existing_file);
-    if (!chosen || !corvanes::LoadPriceRows(*this, chosen->c_str())) {
+    const auto chosen = ask_for_file(L"Open", report_options().price_list_path, L"prc", FileQuestion::existing_file);
+    if (!chosen || !LoadPriceRows(chosen->c_str())) {
         return;
     }
     report_options().price_list_path = *chosen;
-    if (corvanes::CountSelectedBlocks(*this)) {
-        grid_.FillReportGrid(rows_);
+    if (CountSelectedBlocks()) {
+        grid_.FillReportGrid(count_.rows);
         current_file_.SetWindowText(chosen->c_str());
     }
 }
 
 void CalcPriceDialog::OnSaveToFile() {
-    corvanes::SaveReportToFile(*this);
+    SaveReportToFile(grid_);
 }
 
 void CalcPriceDialog::OnInsert() {

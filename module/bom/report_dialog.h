@@ -6,20 +6,19 @@
 #include <functional>
 #include <string>
 
-#include "bom/bill_notes.h"
+#include "bom/block_selection.h"
 #include "bom/report_grid.h"
 #include "bom/report_wishes.h"
-#include "bom/result_string.h"
 
-class CalcPriceDialog : public CDialog {
+class CalcPriceDialog : public CDialog, private corvanes::GridOwner {
   public:
     /// Builds the table from the open dialog and ends the dialog: with IDOK when the table block is there.
     using InsertHandler = std::function<void(CalcPriceDialog&)>;
 
-    CalcPriceDialog(CWnd* parent, InsertHandler insert);
+    CalcPriceDialog(CWnd* parent, const corvanes::ReportWishes& wishes, InsertHandler insert);
     ~CalcPriceDialog() override;
 
-    /// The dialog that is open, through which its grid reaches it; null when there is none.
+    /// The dialog that is open; null when there is none.
     static CalcPriceDialog* open_dialog();
 
     /// Column widths and the last price list, from the files beside the module.
@@ -27,16 +26,14 @@ class CalcPriceDialog : public CDialog {
     /// Stores the settings and ends the dialog with the cancel result.
     void SaveReportSettingsAndClose();
 
-    MyCug2& grid() { return grid_; }
-    RowList& rows() { return rows_; }
-    NameIndex& index() { return index_; }
-    /// The text of the price list that waits for a count; empty without one.
-    std::wstring& price_list() { return price_list_; }
+    /// Empties the grid and the rows and reads the price list that the next count joins its rows with. False, with
+    /// everything as it was, after an alert when the file cannot be opened.
+    bool LoadPriceRows(const wchar_t* path);
+    /// Has the user select, and counts: see corvanes::CountSelectedBlocks.
+    bool CountSelectedBlocks();
 
-    /// What is wanted beside the dialog, and what counting found for it.
-    corvanes::ReportWishes& wishes() { return wishes_; }
-    std::vector<corvanes::Note>& notes() { return notes_; }
-    std::vector<corvanes::BlockReferences>& counted() { return counted_; }
+    MyCug2& grid() { return grid_; }
+    corvanes::BlockCount& count() { return count_; }
 
     /// What the table builder leaves for the placement: the block's name and its size at scale 1, in drawing units.
     struct TableBlock {
@@ -53,7 +50,8 @@ class CalcPriceDialog : public CDialog {
     DECLARE_MESSAGE_MAP()
 
   private:
-    void OnClose();
+    void Close() override { SaveReportSettingsAndClose(); }
+    void OnClose() { Close(); }
     void OnAttachNew();
     void OnSaveToFile();
     void OnInsert();
@@ -62,13 +60,10 @@ class CalcPriceDialog : public CDialog {
 
     InsertHandler insert_;
     CalcPriceDialog* outer_;  ///< open while this one is: the command runs within the prompts of another
-    MyCug2 grid_;
-    RowList rows_;
-    NameIndex index_{10};
-    std::wstring price_list_;
+    MyCug2 grid_{this};
+    std::wstring price_list_;  ///< the text that waits for a count
     corvanes::ReportWishes wishes_;
-    std::vector<corvanes::Note> notes_;
-    std::vector<corvanes::BlockReferences> counted_;
+    corvanes::BlockCount count_;
     CStatic current_file_;
     int show_price_ = 1;
     TableBlock table_;

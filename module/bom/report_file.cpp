@@ -3,13 +3,11 @@
 #include <afxwin.h>
 #include <aced.h>
 
-#include <memory>
-
-#include "bom/report_dialog.h"
 #include "bom/report_options.h"
 #include "bom/report_rows.h"
 #include "bom/report_text.h"
 #include "common/file_question.h"
+#include "common/host_text.h"
 #include "common/text_file.h"
 #include "pricelist/price_list_file.h"
 
@@ -18,19 +16,16 @@ namespace {
 
 std::wstring drawing_name() {
     resbuf value{};
-    if (acedGetVar(L"DWGNAME", &value) != RTNORM) {
-        return {};
-    }
-    const std::unique_ptr<wchar_t, decltype(&acad_free)> name(value.resval.rstring, acad_free);
-    return name ? name.get() : L"";
+    const bool known = acedGetVar(L"DWGNAME", &value) == RTNORM;
+    return HostText(known ? value.resval.rstring : nullptr).get();
 }
 
 }  // namespace
 
-void SaveReportToFile(CalcPriceDialog& dialog) {
+void SaveReportToFile(MyCug2& grid) {
     const std::wstring proposal = default_report_name(report_options().price_list_path, drawing_name());
     if (const auto path = ask_for_file(L"Save as", proposal, L"txt", FileQuestion::new_file)) {
-        WriteReportFile(dialog.grid(), path->c_str(), L"w");
+        WriteReportFile(grid, path->c_str(), L"w");
     }
 }
 

@@ -1,13 +1,12 @@
 // "Save to file": the report as a text file.
 #pragma once
 
-class CalcPriceDialog;
 class MyCug2;
 
 namespace corvanes {
 
 /// Asks for a file, proposing a name beside the price list, and writes the report. The dialog stays open.
-void SaveReportToFile(CalcPriceDialog& dialog);
+void SaveReportToFile(MyCug2& grid);
 
 /// Writes what the grid shows, in its order; only the mode "w" exists. False after an alert when it cannot be written.
 bool WriteReportFile(MyCug2& grid, const wchar_t* path, const wchar_t* mode);

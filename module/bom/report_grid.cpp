@@ -1,65 +1,36 @@
 #include "bom/report_grid.h"
 
-#include "bom/report_dialog.h"
 #include "bom/report_options.h"
-#include "common/cell_comparison.h"
 #include "common/price_text.h"
 
 using namespace corvanes;
 
 namespace {
 
-constexpr int heading_row = -1;
-constexpr int normal_cell_type = 0;
-constexpr int arrow_when_ascending = 32;
-constexpr int arrow_when_descending = 16;
+const std::vector<GridColumn>& grid_columns() {
+    static const std::vector<GridColumn> columns = [] {
+        std::vector<GridColumn> made;
+        for (const ReportColumnTraits& column : report_column_traits) {
+            made.push_back({column.heading, column.number});
+        }
+        return made;
+    }();
+    return columns;
+}
 
 }  // namespace
 
-MyCug2::MyCug2() {
-    widths_.fill(-1);
+MyCug2::MyCug2(GridOwner* dialog) : SortingGrid(grid_columns(), dialog) {
     summary_.name = summary_name;
 }
 
 void MyCug2::OnGridSetup() {
-    constexpr int leading = 3;
-    TEXTMETRIC metrics{};
-    {
-        CClientDC context(this);
-        CFont* const previous = context.SelectObject(GetFont());
-        context.GetTextMetrics(&metrics);
-        context.SelectObject(previous);
-    }
-    SetDefaultRowHeight(metrics.tmHeight + leading);
-    SetSideHeadingWidth(0);
+    SetUpRows();
     KeepVerticalBar();
-    SetDisplayFlag(1);
-    take_widths();
-    SetColumnCount(report_columns, FALSE);
-    for (int column = 0; column < report_columns; ++column) {
-        SetColumnWidth(column, widths_[static_cast<size_t>(column)]);
-        AlignColumnRight(column, traits_of(column).number);
-        SetCellText(column, heading_row, traits_of(column).heading);
-    }
-    sort_arrow_index_ = AddCellType(&sort_arrow_);
-    show_sort_arrow();
-    ApplyShowPrice();
-}
-
-void MyCug2::take_widths() {
     CRect client;
     GetClientRect(&client);
-    Widths equal;
-    equal.fill(4 * ((client.Width() - GetSideHeadingWidth()) / 20));
-    if (widths_[0] == -1) {
-        widths_ = equal;
-    }
-    mend_widths(widths_.data(), equal.data(), report_columns);
-}
-
-void MyCug2::show_sort_arrow() {
-    SetCellTypeIndex(sort_column_, heading_row, sort_arrow_index_);
-    SetCellTypeOptions(sort_column_, heading_row, ascending_ ? arrow_when_ascending : arrow_when_descending);
+    SetUpColumns(std::vector<int>(report_columns, 4 * ((client.Width() - GetSideHeadingWidth()) / 20)));
+    ApplyShowPrice();
 }
 
 void MyCug2::DeleteAllRows() {
@@ -102,24 +73,19 @@ void MyCug2::ApplyShowPrice() {
     }
     for (int column = 0; column < report_columns; ++column) {
         if (traits_of(column).money) {
-            SetColumnWidth(column, show ? widths_[static_cast<size_t>(column)] : 0);
+            SetColumnWidth(column, show ? stored_widths()[static_cast<size_t>(column)] : 0);
         }
     }
     RedrawAll();
 }
 
-void MyCug2::StoreColumnWidths() {
-    for (int column = 0; column < report_columns; ++column) {
-        const int width = GetColumnWidth(column);
-        if (width != 0 || !traits_of(column).money) {
-            widths_[static_cast<size_t>(column)] = width;
-        }
-    }
+bool MyCug2::StoresWidth(int column, int width) const {
+    return width != 0 || !traits_of(column).money;
 }
 
 void MyCug2::OnGridColumnSizing(int column, int* width) {
     if (!report_options().show_prices) {
-        *width = traits_of(column).money ? 0 : widths_[static_cast<size_t>(column)];
+        *width = traits_of(column).money ? 0 : stored_widths()[static_cast<size_t>(column)];
     }
 }
 
@@ -131,32 +97,10 @@ void MyCug2::OnGridHeadingClick(int column, long, int updn, RECT*, POINT*, int) 
     if (GetRowCount() > 1) {
         DeleteRow(GetRowCount() - 1);
     }
-    SetCellTypeIndex(sort_column_, heading_row, normal_cell_type);
-    ascending_ = column == sort_column_ ? !ascending_ : true;
-    sort_column_ = column;
-    SortBy(column, ascending_ ? sort_ascending : sort_descending);
-    show_sort_arrow();
+    SortByHeading(column);
     AddReportRow(summary_, true);
     if (on_summary) {
         GotoCell(GetCurrentColumn(), GetRowCount() - 1);
     }
     RedrawAll();
-}
-
-void MyCug2::OnGridKeyDown(UINT* key, int) {
-    if (*key == VK_ESCAPE && CalcPriceDialog::open_dialog() != nullptr) {
-        CalcPriceDialog::open_dialog()->SaveReportSettingsAndClose();
-    }
-}
-
-bool MyCug2::sorts_by_value() const {
-    return traits_of(sort_column_).number;
-}
-
-int MyCug2::OnGridSortCompare(CUGCell* first, CUGCell* second, int flags) {
-    return compare_empty_last(first, second, flags, sorts_by_value());
-}
-
-std::unique_ptr<KeyedOrder> MyCug2::OnGridSortOrder(int flags) {
-    return std::make_unique<EmptyLastOrder>(flags, sorts_by_value());
 }

@@ -3,7 +3,6 @@
 #include <afxwin.h>
 #include <aced.h>
 #include <acutads.h>
-#include <dbapserv.h>
 #include <dbdatabase.h>
 
 #include <filesystem>
@@ -11,9 +10,10 @@
 
 #include "base/file_digest.h"
 #include "base/replace_file.h"
-#include "bom/report_dialog.h"
+#include "bom/report_grid.h"
 #include "bom/report_options.h"
 #include "bom/report_rows.h"
+#include "common/drawing_objects.h"
 #include "pricelist/price_list_file.h"
 
 namespace corvanes {
@@ -35,7 +35,7 @@ BillSource source_of(const std::filesystem::path& path) {
 }
 
 std::filesystem::path drawing_path() {
-    const AcDbDatabase* const database = acdbHostApplicationServices()->workingDatabase();
+    const AcDbDatabase* const database = working_database();
     const wchar_t* path = nullptr;
     return database != nullptr && database->getFilename(path) == Acad::eOk && path != nullptr ? path : L"";
 }
@@ -47,9 +47,9 @@ ReportWishes report_wishes() {
             environment_value(L"CORVANES_JSON")};
 }
 
-void print_notes(CalcPriceDialog& dialog) {
-    if (dialog.wishes().print_notes) {
-        for (const std::wstring& line : note_lines(dialog.notes())) {
+void print_notes(const ReportWishes& wishes, const BlockCount& count) {
+    if (wishes.print_notes) {
+        for (const std::wstring& line : note_lines(count.notes)) {
             acutPrintf(L"\n%s", line.c_str());
         }
     }
@@ -61,19 +61,19 @@ BillFile::BillFile(const ReportWishes& wishes) : path_(wishes.json_file) {
     }
 }
 
-void BillFile::write(CalcPriceDialog& dialog) {
+void BillFile::write(BlockCount&& count, MyCug2& grid) {
     if (path_.empty()) {
         return;
     }
     Bill bill;
     bill.drawing = drawing_.get();
-    if (dialog.grid().price_list_attached()) {
+    if (grid.price_list_attached()) {
         bill.price_list = source_of(report_options().price_list_path);
     }
-    bill.rows = shown_rows(dialog.grid());
+    bill.rows = shown_rows(grid);
     bill.with_prices = report_options().show_prices;
-    bill.counted = std::move(dialog.counted());
-    bill.notes = std::move(dialog.notes());
+    bill.counted = std::move(count.counted);
+    bill.notes = std::move(count.notes);
     if (!base::replace_file(path_, bill_json(bill))) {
         alert_cannot_open(path_.c_str());
     }

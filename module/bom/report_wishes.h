@@ -5,8 +5,9 @@
 #include <string>
 
 #include "bom/bill_json.h"
+#include "bom/block_selection.h"
 
-class CalcPriceDialog;
+class MyCug2;
 
 namespace corvanes {
 
@@ -21,8 +22,8 @@ struct ReportWishes {
 /// Nothing is wanted unless the environment says so.
 ReportWishes report_wishes();
 
-/// The notes of a count, a line each.
-void print_notes(CalcPriceDialog& dialog);
+/// The notes of a count at the command line, a line each, where they are wanted.
+void print_notes(const ReportWishes& wishes, const BlockCount& count);
 
 /// The file that CORVANES_JSON names. Sums up the drawing's file from its making on, beside what else is done.
 class BillFile {
@@ -30,7 +31,7 @@ class BillFile {
     /// Nothing is summed up or written where the file is not wanted.
     explicit BillFile(const ReportWishes& wishes);
     /// Writes what the report showed, and the notes; an alert when the file cannot be written.
-    void write(CalcPriceDialog& dialog);
+    void write(BlockCount&& count, MyCug2& grid);
 
   private:
     std::wstring path_;

@@ -9,6 +9,7 @@
 #include <cwchar>
 
 #include "base/case_folding.h"
+#include "common/host_text.h"
 
 namespace corvanes {
 
@@ -52,7 +53,7 @@ AcDbObjectId extension_dictionary(AcDbObjectId id) {
 AcDbObjectId told_by_block(AcDbObjectId record) {
     const ObjectGroups groups(record, L"AcDbBlockRepBTag");
     const resbuf* const handle = ObjectGroups::find(groups.first(), extended_handle);
-    AcDbDatabase* const database = acdbHostApplicationServices()->workingDatabase();
+    AcDbDatabase* const database = working_database();
     AcDbObjectId id;
     if (handle == nullptr || handle->resval.rstring == nullptr || database == nullptr ||
         database->getAcDbObjectId(id, false, AcDbHandle(handle->resval.rstring)) != Acad::eOk) {
@@ -103,14 +104,42 @@ AcDbObjectId id_in(const resbuf& pointer) {
     return acdbGetObjectId(id, name) == Acad::eOk ? id : AcDbObjectId::kNull;
 }
 
+AcDbDatabase* working_database() {
+    return acdbHostApplicationServices()->workingDatabase();
+}
+
+std::wstring name_of(const AcDbSymbolTableRecord& record) {
+    HostText name;
+    record.getName(name.place());
+    return name.get();
+}
+
 std::wstring block_name(AcDbObjectId record) {
     const AcDbObjectPointer<AcDbBlockTableRecord> block(record, AcDb::kForRead);
-    wchar_t* name = nullptr;
-    if (block.openStatus() != Acad::eOk || block->getName(name) != Acad::eOk) {
-        return {};
+    return block.openStatus() == Acad::eOk ? name_of(*block) : std::wstring();
+}
+
+std::vector<std::wstring> block_names() {
+    std::vector<std::wstring> names;
+    AcDbDatabase* const drawing = working_database();
+    if (drawing == nullptr) {
+        return names;
     }
-    const std::unique_ptr<wchar_t, decltype(&acad_free)> owner(name, acad_free);
-    return name;
+    const AcDbObjectPointer<AcDbBlockTable> table(drawing->blockTableId(), AcDb::kForRead);
+    AcDbBlockTableIterator* walk = nullptr;
+    if (table.openStatus() != Acad::eOk || table->newIterator(walk, true, true) != Acad::eOk) {
+        return names;
+    }
+    const std::unique_ptr<AcDbBlockTableIterator> iterator(walk);
+    for (; !iterator->done(); iterator->step(true, true)) {
+        AcDbObjectId id;
+        iterator->getRecordId(id);
+        const AcDbObjectPointer<AcDbBlockTableRecord> block(id, AcDb::kForRead);
+        if (block.openStatus() == Acad::eOk) {
+            names.push_back(name_of(*block));
+        }
+    }
+    return names;
 }
 
 std::optional<std::wstring> dynamic_block_name(AcDbObjectId record, AcDbObjectId reference) {

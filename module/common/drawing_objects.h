@@ -4,10 +4,12 @@
 #include <acdbads.h>
 #include <acutads.h>
 #include <dbmain.h>
+#include <dbsymtbl.h>
 
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace corvanes {
 
@@ -32,8 +34,17 @@ class ObjectGroups {
 /// The id that a group of a pointer holds.
 AcDbObjectId id_in(const resbuf& pointer);
 
+/// The drawing that commands work in; null without one.
+AcDbDatabase* working_database();
+
+/// The name of a block, a layer and the like, as the drawing spells it.
+std::wstring name_of(const AcDbSymbolTableRecord& record);
+
 /// The name of a block; empty when it cannot be opened.
 std::wstring block_name(AcDbObjectId record);
+
+/// The names of the working drawing's blocks, in its order. Blocks that cannot be opened are left out.
+std::vector<std::wstring> block_names();
 
 /// The block that an anonymous block of a dynamic block is a form of: told by the block itself, else by one of its
 /// references. Nothing for other blocks.

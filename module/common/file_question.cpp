@@ -2,7 +2,7 @@
 
 #include <aced.h>
 
-#include <memory>
+#include "common/host_text.h"
 
 namespace corvanes {
 
@@ -12,10 +12,8 @@ std::optional<std::wstring> ask_for_file(const wchar_t* title, const std::wstrin
     const int answer = acedGetFileD(title, proposal.c_str(), extension, static_cast<int>(question), &result);
     // An answer of another kind holds no pointer. Hosts differ in the code of a declined question: without a file
     // there is nothing to go on with, whatever the code.
-    wchar_t* const chosen = result.restype == RTSTR ? result.resval.rstring : nullptr;
-    const std::unique_ptr<wchar_t, decltype(&acad_free)> path(chosen, acad_free);
-    return answer == RTERROR || !path || path.get()[0] == L'\0' ? std::nullopt
-                                                                : std::optional<std::wstring>(path.get());
+    const HostText path(result.restype == RTSTR ? result.resval.rstring : nullptr);
+    return answer == RTERROR || path.get()[0] == L'\0' ? std::nullopt : std::optional<std::wstring>(path.get());
 }
 
 }  // namespace corvanes

@@ -1,6 +1,7 @@
 #include "common/settings_files.h"
 
 #include "base/case_folding.h"
+#include "common/module_path.h"
 #include "common/price_text.h"
 #include "common/text_file.h"
 
@@ -64,6 +65,28 @@ std::optional<std::wstring> read_last_file(const std::filesystem::path& path) {
 
 void write_last_file(const std::filesystem::path& path, std::wstring_view last_file) {
     write_text_file(path, last_file);
+}
+
+void GetSettingsPaths(const wchar_t* settings_file_name, std::wstring& settings_path, std::wstring& last_file_path) {
+    SettingsPaths paths = settings_paths(module_path(), settings_file_name);
+    settings_path = std::move(paths.settings);
+    last_file_path = std::move(paths.last_file);
+}
+
+void read_settings(const wchar_t* settings_file_name, std::vector<int>& widths, std::wstring& last_file) {
+    SettingsPaths paths;
+    GetSettingsPaths(settings_file_name, paths.settings, paths.last_file);
+    read_column_widths(paths.settings, widths.data(), widths.size());
+    if (auto read = read_last_file(paths.last_file)) {
+        last_file = std::move(*read);
+    }
+}
+
+void write_settings(const wchar_t* settings_file_name, const std::vector<int>& widths, std::wstring_view last_file) {
+    SettingsPaths paths;
+    GetSettingsPaths(settings_file_name, paths.settings, paths.last_file);
+    write_column_widths(paths.settings, widths.data(), widths.size());
+    write_last_file(paths.last_file, last_file);
 }
 
 }  // namespace corvanes

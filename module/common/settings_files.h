@@ -9,8 +9,8 @@
 
 namespace corvanes {
 
-constexpr std::wstring_view template_settings_name = L"corvane1.set";
-constexpr std::wstring_view report_settings_name = L"corvane2.set";
+constexpr const wchar_t* template_settings_name = L"corvane1.set";
+constexpr const wchar_t* report_settings_name = L"corvane2.set";
 constexpr std::wstring_view last_file_name = L"filename.set";
 
 struct SettingsPaths {
@@ -35,5 +35,12 @@ std::optional<std::wstring> read_last_file(const std::filesystem::path& path);
 
 /// Writes the path as it stands. A file that cannot be written is left as it is, silently.
 void write_last_file(const std::filesystem::path& path, std::wstring_view last_file);
+
+/// The full paths of one settings file and of the last-file settings, beside this module.
+void GetSettingsPaths(const wchar_t* settings_file_name, std::wstring& settings_path, std::wstring& last_file_path);
+
+/// What a dialog remembers, from those files or into them. What is not there stays as it was.
+void read_settings(const wchar_t* settings_file_name, std::vector<int>& widths, std::wstring& last_file);
+void write_settings(const wchar_t* settings_file_name, const std::vector<int>& widths, std::wstring_view last_file);
 
 }  // namespace corvanes

@@ -4,8 +4,6 @@
 #include <aced.h>
 
 #include "base/file_contents.h"
-#include "common/module_path.h"
-#include "common/settings_files.h"
 #include "common/text_file.h"
 #include "pricelist/foreign_file.h"
 
@@ -65,12 +63,6 @@ int SavePriceList(const wchar_t* path, const std::vector<PriceListEntry>& rows, 
         return 0;
     }
     return 1;
-}
-
-void GetSettingsPaths(const wchar_t* settings_file_name, std::wstring& settings_path, std::wstring& last_file_path) {
-    SettingsPaths paths = settings_paths(module_path(), settings_file_name);
-    settings_path = std::move(paths.settings);
-    last_file_path = std::move(paths.last_file);
 }
 
 }  // namespace corvanes

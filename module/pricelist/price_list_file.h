@@ -29,7 +29,4 @@ int SavePriceList(const wchar_t* path, const std::vector<PriceListEntry>& rows,
 /// Shows that a file cannot be opened, in the words that every reader and writer of the module uses.
 void alert_cannot_open(const wchar_t* path);
 
-/// The full paths of one settings file and of the last-file settings, beside this module.
-void GetSettingsPaths(const wchar_t* settings_file_name, std::wstring& settings_path, std::wstring& last_file_path);
-
 }  // namespace corvanes

@@ -20,12 +20,6 @@ std::wstring& current_file_name() {
     return name;
 }
 
-SettingsPaths template_settings_paths() {
-    SettingsPaths paths;
-    GetSettingsPaths(template_settings_name.data(), paths.settings, paths.last_file);
-    return paths;
-}
-
 }  // namespace
 
 BEGIN_MESSAGE_MAP(BlockPriceDialog, CDialog)
@@ -75,11 +69,7 @@ BOOL BlockPriceDialog::OnInitDialog() {
     for (CButton* button : {&save_, &save_as_, &insert_row_, &delete_row_, &move_up_, &move_down_}) {
         button->EnableWindow(FALSE);
     }
-    const SettingsPaths paths = template_settings_paths();
-    read_column_widths(paths.settings, grid_.stored_widths().data(), grid_.stored_widths().size());
-    if (auto last_file = read_last_file(paths.last_file)) {
-        current_file_name() = std::move(*last_file);
-    }
+    read_settings(template_settings_name, grid_.stored_widths(), current_file_name());
     return TRUE;
 }
 
@@ -292,9 +282,7 @@ void BlockPriceDialog::Close() {
     if (!edit_is_over() || !may_lose_changes(true)) {
         return;
     }
-    const SettingsPaths paths = template_settings_paths();
     grid_.StoreColumnWidths();
-    write_column_widths(paths.settings, grid_.stored_widths().data(), grid_.stored_widths().size());
-    write_last_file(paths.last_file, current_file_name());
+    write_settings(template_settings_name, grid_.stored_widths(), current_file_name());
     EndDialog(IDCANCEL);
 }

@@ -8,22 +8,21 @@
 #include "pricelist/status_label.h"
 #include "pricelist/template_grid.h"
 
-class BlockPriceDialog : public CDialog {
+class BlockPriceDialog : public CDialog, public TemplateGridOwner {
   public:
     explicit BlockPriceDialog(CWnd* parent);
     ~BlockPriceDialog() override;
 
-    /// The dialog that is open, through which its grid reaches it; null when there is none.
+    /// The dialog that is open; null when there is none.
     static BlockPriceDialog* open_dialog();
 
     /// Asks whether to save, stores the settings and ends the dialog; the user may keep it open.
-    void Close();
+    void Close() override;
 
-    void enable_save(bool on) { enable(save_, on); }
-    void enable_moves(bool up, bool down);
-    /// The keyboard is the grid's again: on a button, letters would press others.
-    void go_on_in_grid();
-    CStaticEx& status() { return status_; }
+    void enable_save(bool on) override { enable(save_, on); }
+    void enable_moves(bool up, bool down) override;
+    void go_on_in_grid() override;
+    CStaticEx& status() override { return status_; }
 
   protected:
     void DoDataExchange(CDataExchange* exchange) override;
@@ -54,7 +53,7 @@ class BlockPriceDialog : public CDialog {
     void show_current_file();
     void mark_saved();
 
-    MyCug grid_;
+    MyCug grid_{*this};
     CButton move_down_;
     CButton move_up_;
     CButton delete_row_;

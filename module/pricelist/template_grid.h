@@ -1,24 +1,36 @@
 // MyCug, the grid of the BOM Template dialog: block names, prices and descriptions, kept unique, sorted and checked.
 #pragma once
 
-#include <array>
 #include <optional>
 #include <string>
 #include <utility>
 
+#include "common/sorting_grid.h"
 #include "common/text_conversion.h"
-#include "grid/grid_control.h"
 #include "pricelist/block_names.h"
 #include "pricelist/price_list_lines.h"
 
-class BlockPriceDialog;
+class CStaticEx;
 
-class MyCug : public CUGCtrl {
+/// The BOM Template dialog, as its grid sees it.
+class TemplateGridOwner : public corvanes::GridOwner {
+  public:
+    virtual void enable_save(bool on) = 0;
+    virtual void enable_moves(bool up, bool down) = 0;
+    /// The keyboard is the grid's again: on a button, letters would press others.
+    virtual void go_on_in_grid() = 0;
+    /// The label that messages are shown in.
+    virtual CStaticEx& status() = 0;
+
+  protected:
+    ~TemplateGridOwner() = default;
+};
+
+class MyCug : public SortingGrid {
   public:
     static constexpr int column_count = 3;
-    using Widths = std::array<int, column_count>;
 
-    MyCug() { widths_.fill(-1); }
+    explicit MyCug(TemplateGridOwner& dialog);
 
     /// Removes every row; nothing is modified then.
     void ClearAll();
@@ -45,10 +57,6 @@ class MyCug : public CUGCtrl {
     /// 1 when no row but `except_row` has this name, whatever its case.
     int IsNameUnique(const wchar_t* name, long except_row);
 
-    void StoreColumnWidths();
-    /// In pixels; -1 until read or computed.
-    Widths& stored_widths() { return widths_; }
-
     /// Exchange the current row with its neighbour; nothing at the ends.
     void MoveRowUp();
     void MoveRowDown();
@@ -65,18 +73,12 @@ class MyCug : public CUGCtrl {
     void OnGridCharDown(UINT* character, BOOL processed) override;
     int OnGridEditStart(int column, long row, CWnd** edit) override;
     int OnGridEditFinish(int column, long row, CWnd* edit, LPCWSTR text, BOOL cancelled) override;
-    int OnGridSortCompare(CUGCell* first, CUGCell* second, int flags) override;
-    std::unique_ptr<corvanes::KeyedOrder> OnGridSortOrder(int flags) override;
 
   private:
     enum Column { name_column, price_column, description_column };
 
-    static BlockPriceDialog& dialog();
-    /// The computed widths where none are stored, or none that can be.
-    void take_widths();
     /// Of the nearest row that has a description; nothing when none has.
     std::optional<corvanes::ParagraphDirection> direction_of_descriptions(long row);
-    void show_sort_arrow();
     void InitRow(long row);
     void RefreshNameList();
     int SwapRows(long row_a, long row_b);
@@ -87,7 +89,7 @@ class MyCug : public CUGCtrl {
     void show_status(const std::wstring& message, int column, long row, int milliseconds);
     int complain(const wchar_t* message, int column, long row);
 
-    Widths widths_;
+    TemplateGridOwner& dialog_;
     std::optional<std::pair<int, long>> status_cell_;  ///< the column and row that the message is about
     BlockNamesCont block_names_;
     CString drop_list_;
@@ -96,9 +98,4 @@ class MyCug : public CUGCtrl {
     bool modified_ = false;
     corvanes::TextEncoding encoding_{};  ///< of the list that was read; it is saved in the same
     CUGMaskedEdit editor_;
-    COLORREF background_ = 0;
-    CUGSortArrowType sort_arrow_;
-    int sort_arrow_index_ = -1;
-    int sort_column_ = 0;
-    bool ascending_ = true;
 };

@@ -4,7 +4,7 @@
 #include "base/case_folding.h"
 #include "common/price_text.h"
 #include "pricelist/price_list_file.h"
-#include "pricelist/template_dialog.h"
+#include "pricelist/status_label.h"
 #include "pricelist/template_grid.h"
 
 using namespace corvanes;
@@ -48,7 +48,7 @@ std::wstring MyCug::text(int column, long row) {
 void MyCug::ClearAll() {
     modified_ = false;
     encoding_ = {};
-    dialog().enable_save(false);
+    dialog_.enable_save(false);
     clear_status();
     SetRowCount(0, TRUE);
 }
@@ -158,7 +158,7 @@ bool MyCug::may_save_losses() {
             continue;
         }
         GotoCell(name_column, row);
-        dialog().go_on_in_grid();
+        dialog_.go_on_in_grid();
         const std::wstring question = words_of(loss, row) + L" when the list is read again.\nSave it all the same?";
         return AfxMessageBox(question.c_str(), MB_OKCANCEL | MB_DEFBUTTON2) == IDOK;
     }
@@ -180,12 +180,12 @@ void MyCug::show_status(const std::wstring& message, int column, long row, int m
     constexpr int blink_milliseconds = 200;
     clear_status();
     status_cell_ = {column, row};
-    dialog().status().ShowMessage(milliseconds, blink_milliseconds, message.c_str());
+    dialog_.status().ShowMessage(milliseconds, blink_milliseconds, message.c_str());
     Beep(1000, 50);
 }
 
 void MyCug::clear_status() {
-    dialog().status().Clear();
+    dialog_.status().Clear();
     if (status_cell_ && IsSelected(status_cell_->first, static_cast<int>(status_cell_->second))) {
         ClearSelection();
     }
@@ -198,7 +198,7 @@ int MyCug::complain(const wchar_t* message, int column, long row) {
     ClearSelection();
     SelectCell(column, row);
     GotoCell(column, row);
-    dialog().go_on_in_grid();
+    dialog_.go_on_in_grid();
     return 0;
 }
 
@@ -210,12 +210,6 @@ int MyCug::IsNameUnique(const wchar_t* name, long except_row) {
         }
     }
     return 1;
-}
-
-void MyCug::StoreColumnWidths() {
-    for (int column = 0; column < column_count; ++column) {
-        widths_[static_cast<size_t>(column)] = GetColumnWidth(column);
-    }
 }
 
 int MyCug::SwapRows(long row_a, long row_b) {

@@ -3,7 +3,8 @@
 #include <afxwin.h>
 #include <aced.h>
 
-#include "bom/block_selection.h"
+#include <utility>
+
 #include "bom/report_dialog.h"
 #include "bom/report_options.h"
 #include "bom/report_wishes.h"
@@ -24,7 +25,7 @@ bool attach_price_list(CalcPriceDialog& dialog) {
         remembered.clear();
         return true;
     }
-    if (!LoadPriceRows(dialog, chosen->c_str())) {
+    if (!dialog.LoadPriceRows(chosen->c_str())) {
         return false;
     }
     remembered = *chosen;
@@ -41,20 +42,19 @@ void template_command() {
 
 void report_command() {
     const ResourceScope resources;
-    CalcPriceDialog dialog(CWnd::FromHandle(adsw_acadMainWnd()), insert_table_requested);
-    dialog.wishes() = report_wishes();
-    BillFile bill_file(dialog.wishes());
+    const ReportWishes wishes = report_wishes();
+    CalcPriceDialog dialog(CWnd::FromHandle(adsw_acadMainWnd()), wishes, insert_table_requested);
+    BillFile bill_file(wishes);
     dialog.LoadReportSettings();
-    dialog.grid().set_price_list_attached(false);
-    if (!attach_price_list(dialog) || !CountSelectedBlocks(dialog)) {
+    if (!attach_price_list(dialog) || !dialog.CountSelectedBlocks()) {
         return;
     }
-    print_notes(dialog);
+    print_notes(wishes, dialog.count());
     if (dialog.DoModal() == IDOK) {
         const CalcPriceDialog::TableBlock& table = dialog.table();
         place_table(table.name, table.width, table.height);
     }
-    bill_file.write(dialog);
+    bill_file.write(std::move(dialog.count()), dialog.grid());
 }
 
 }  // namespace corvanes

@@ -1,9 +1,9 @@
 #include "table/table_builder.h"
 
-#include <afxwin.h>
 #include <aced.h>
-#include <dbapserv.h>
+#include <dbdatabase.h>
 #include <dbents.h>
+#include <dbobjptr.h>
 #include <dbsymtb.h>
 
 #include <memory>
@@ -11,6 +11,7 @@
 #include "bom/report_dialog.h"
 #include "bom/report_options.h"
 #include "bom/report_rows.h"
+#include "common/drawing_objects.h"
 #include "table/table_name.h"
 
 namespace corvanes {
@@ -21,73 +22,49 @@ constexpr const wchar_t* table_style_font = L"simpheb.shx";
 constexpr double table_text_height = 1.0;
 constexpr double text_width_factor = 1.0;
 
-AcDbDatabase* working_database() {
-    return acdbHostApplicationServices()->workingDatabase();
-}
-
 AcGePoint3d point_of(TablePoint point) {
     return {point.x, point.y, 0};
 }
 
-std::vector<std::wstring> block_names() {
-    std::vector<std::wstring> names;
-    AcDbBlockTable* table = nullptr;
-    if (working_database()->getSymbolTable(table, AcDb::kForRead) != Acad::eOk) {
-        return names;
+/// An object that its owner took is open, and is closed here; one that the owner refused goes.
+Acad::ErrorStatus added(Acad::ErrorStatus status, std::unique_ptr<AcDbObject> object) {
+    if (status == Acad::eOk) {
+        object.release()->close();
     }
-    AcDbBlockTableIterator* walk = nullptr;
-    if (table->newIterator(walk, true, true) == Acad::eOk) {
-        const std::unique_ptr<AcDbBlockTableIterator> iterator(walk);
-        for (; !iterator->done(); iterator->step(true, true)) {
-            AcDbBlockTableRecord* record = nullptr;
-            if (iterator->getRecord(record, AcDb::kForRead) != Acad::eOk) {
-                continue;
-            }
-            wchar_t* text = nullptr;
-            if (record->getName(text) == Acad::eOk) {
-                const std::unique_ptr<wchar_t, decltype(&acad_free)> name(text, acad_free);
-                names.emplace_back(name.get());
-            }
-            record->close();
-        }
-    }
-    table->close();
-    return names;
+    return status;
 }
 
-/// The block's record, open for writing and made when it is missing; null after an alert.
-AcDbBlockTableRecord* open_table_block(const std::wstring& block_name) {
-    AcDbBlockTable* table = nullptr;
-    AcDbBlockTableRecord* record = nullptr;
-    Acad::ErrorStatus status = working_database()->getSymbolTable(table, AcDb::kForWrite);
+/// Opens the block's record for writing; it is made when it is missing. False after an alert.
+bool open_table_block(const std::wstring& block_name, AcDbObjectPointer<AcDbBlockTableRecord>& block) {
+    const AcDbObjectPointer<AcDbBlockTable> table(working_database()->blockTableId(), AcDb::kForWrite);
+    Acad::ErrorStatus status = table.openStatus();
+    AcDbObjectId id;
     if (status == Acad::eOk) {
-        status = table->getAt(block_name.c_str(), record, AcDb::kForWrite);
-        if (status == Acad::eKeyNotFound) {
-            auto made = std::make_unique<AcDbBlockTableRecord>();
-            made->setName(block_name.c_str());
-            status = table->add(made.get());
-            record = status == Acad::eOk ? made.release() : nullptr;
-        }
-        table->close();
+        status = table->getAt(block_name.c_str(), id);
     }
-    if (status != Acad::eOk) {
+    if (status == Acad::eKeyNotFound) {
+        auto made = std::make_unique<AcDbBlockTableRecord>();
+        made->setName(block_name.c_str());
+        status = table->add(id, made.get());
+        added(status, std::move(made));
+    }
+    if (status != Acad::eOk || block.open(id, AcDb::kForWrite) != Acad::eOk) {
         acedAlert(L"Cannot get an object \"AcDbBlockTableRecord\" for the price table");
-        return nullptr;
+        return false;
     }
-    return record;
+    return true;
 }
 
 /// The style's id, that of "Standard" when it is missing; null after an alert.
 AcDbObjectId text_style_id(const wchar_t* style_name) {
-    AcDbTextStyleTable* table = nullptr;
+    const AcDbObjectPointer<AcDbTextStyleTable> table(working_database()->textStyleTableId(), AcDb::kForRead);
     AcDbObjectId id;
-    Acad::ErrorStatus status = working_database()->getSymbolTable(table, AcDb::kForRead);
+    Acad::ErrorStatus status = table.openStatus();
     if (status == Acad::eOk) {
         status = table->getAt(style_name, id);
-        if (status == Acad::eKeyNotFound) {
-            status = table->getAt(L"Standard", id);
-        }
-        table->close();
+    }
+    if (status == Acad::eKeyNotFound) {
+        status = table->getAt(L"Standard", id);
     }
     if (status != Acad::eOk) {
         acedAlert(L"Cannot get an object \"AcDbTextStyleTableRecord\" for the price table");
@@ -96,12 +73,10 @@ AcDbObjectId text_style_id(const wchar_t* style_name) {
     return id;
 }
 
-/// The entity is the block's from then on; one that the block refuses goes.
 void append(AcDbBlockTableRecord& block, std::unique_ptr<AcDbEntity> entity) {
     AcDbObjectId id;
-    if (block.appendAcDbEntity(id, entity.get()) == Acad::eOk) {
-        entity.release()->close();
-    }
+    const Acad::ErrorStatus status = block.appendAcDbEntity(id, entity.get());
+    added(status, std::move(entity));
 }
 
 void append_line(AcDbBlockTableRecord& block, const TableRule& rule) {
@@ -138,8 +113,8 @@ void append_attribute_definition(AcDbBlockTableRecord& block, const TableText& t
 }  // namespace
 
 bool ensure_table_text_style() {
-    AcDbTextStyleTable* table = nullptr;
-    if (working_database()->getSymbolTable(table, AcDb::kForWrite) != Acad::eOk) {
+    const AcDbObjectPointer<AcDbTextStyleTable> table(working_database()->textStyleTableId(), AcDb::kForWrite);
+    if (table.openStatus() != Acad::eOk) {
         return false;
     }
     const bool there = table->has(table_style);
@@ -147,22 +122,19 @@ bool ensure_table_text_style() {
         auto style = std::make_unique<AcDbTextStyleTableRecord>();
         style->setName(table_style);
         style->setFileName(table_style_font);
-        if (table->add(style.get()) == Acad::eOk) {
-            style.release()->close();
-        }
+        const Acad::ErrorStatus status = table->add(style.get());
+        added(status, std::move(style));
     }
-    table->close();
     return there;
 }
 
 bool build_table_block(const TableLayout& layout, const std::wstring& block_name, const wchar_t* style_name) {
-    AcDbBlockTableRecord* const block = open_table_block(block_name);
-    if (block == nullptr) {
+    AcDbObjectPointer<AcDbBlockTableRecord> block;
+    if (!open_table_block(block_name, block)) {
         return false;
     }
     const AcDbObjectId style = text_style_id(style_name);
     if (style.isNull()) {
-        block->close();
         return false;
     }
     for (const TableLayout::Item& item : layout.order) {
@@ -173,7 +145,6 @@ bool build_table_block(const TableLayout& layout, const std::wstring& block_name
         }
     }
     block->setOrigin(point_of(layout.origin));
-    block->close();
     return true;
 }
 

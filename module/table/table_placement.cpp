@@ -2,6 +2,7 @@
 
 #include <aced.h>
 #include <dbents.h>
+#include <dbobjptr.h>
 
 #include "table/rubber_band.h"
 
@@ -112,14 +113,13 @@ void place_table(const std::wstring& block_name, double width, double height) {
 
 bool GetInsertPoint(const ads_name reference_name, AcGePoint3d& point) {
     AcDbObjectId id;
-    AcDbBlockReference* reference = nullptr;
-    if (acdbGetObjectId(id, reference_name) != Acad::eOk ||
-        acdbOpenObject(reference, id, AcDb::kForRead) != Acad::eOk) {
+    acdbGetObjectId(id, reference_name);
+    const AcDbObjectPointer<AcDbBlockReference> reference(id, AcDb::kForRead);
+    if (reference.openStatus() != Acad::eOk) {
         acedAlert(L"\nGetInsertPoint:Cannot open an object");
         return false;
     }
     point.set(reference->position().x, reference->position().y, 0);
-    reference->close();
     return true;
 }
 

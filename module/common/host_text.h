@@ -1,0 +1,28 @@
+// HostText, the owner of a text in the host's memory.
+#pragma once
+
+#include <acutmem.h>
+
+namespace corvanes {
+
+class HostText {
+  public:
+    explicit HostText(wchar_t* text = nullptr) : text_(text) {}
+    ~HostText() {
+        if (text_ != nullptr) {
+            acad_free(text_);
+        }
+    }
+    HostText(const HostText&) = delete;
+    HostText& operator=(const HostText&) = delete;
+
+    /// Where a call of the host puts the text that it gives away. To be used once.
+    wchar_t*& place() { return text_; }
+    /// Empty where the host gave none.
+    const wchar_t* get() const { return text_ != nullptr ? text_ : L""; }
+
+  private:
+    wchar_t* text_;
+};
+
+}  // namespace corvanes
