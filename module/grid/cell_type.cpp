@@ -12,14 +12,14 @@ bool CUGCellType::CutsText(CDC& dc, const RECT& rect, const CUGCell& cell) const
     return !corvanes::CellTextFits(dc, TextPlace(rect), cell.GetText());
 }
 
-bool CUGCellType::OnLeftClick(CUGCtrl&, const corvanes::CellPlace&, int, POINT) {
+bool CUGCellType::OnLeftClick(corvanes::CellGrid&, const corvanes::CellPlace&, int, POINT) {
     return false;
 }
 
-bool CUGCellType::OnKeyDown(CUGCtrl&, const corvanes::CellPlace&, UINT) {
+bool CUGCellType::OnKeyDown(corvanes::CellGrid&, const corvanes::CellPlace&, UINT) {
     return false;
 }
 
-bool CUGCellType::OnCharDown(CUGCtrl&, const corvanes::CellPlace&, UINT) {
+bool CUGCellType::OnCharDown(corvanes::CellGrid&, const corvanes::CellPlace&, UINT) {
     return false;
 }

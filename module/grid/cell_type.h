@@ -6,9 +6,9 @@
 #include "grid/cell.h"
 #include "grid/cell_text.h"
 
-class CUGCtrl;
-
 namespace corvanes {
+
+class CellGrid;
 
 struct CellPlace {
     int column;
@@ -38,7 +38,7 @@ class CUGCellType {
     // Whether a cell of this size does not show its text whole, so that a hint has to.
     virtual bool CutsText(CDC& dc, const RECT& rect, const CUGCell& cell) const;
     // True when the type acted on the event. `updn` is 1 for the button going down and 0 for its coming up.
-    virtual bool OnLeftClick(CUGCtrl& grid, const corvanes::CellPlace& place, int updn, POINT point);
-    virtual bool OnKeyDown(CUGCtrl& grid, const corvanes::CellPlace& place, UINT key);
-    virtual bool OnCharDown(CUGCtrl& grid, const corvanes::CellPlace& place, UINT character);
+    virtual bool OnLeftClick(corvanes::CellGrid& grid, const corvanes::CellPlace& place, int updn, POINT point);
+    virtual bool OnKeyDown(corvanes::CellGrid& grid, const corvanes::CellPlace& place, UINT key);
+    virtual bool OnCharDown(corvanes::CellGrid& grid, const corvanes::CellPlace& place, UINT character);
 };

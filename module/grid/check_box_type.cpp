@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cwchar>
 
-#include "grid/grid_control.h"
+#include "grid/cell_grid.h"
 
 using namespace corvanes;
 
@@ -21,7 +21,7 @@ RECT box_in(const RECT& cell) {
     return {left, top, std::min<int>(left + box_size, cell.right), std::min<int>(top + box_size, cell.bottom)};
 }
 
-void toggle(CUGCtrl& grid, const CellPlace& place) {
+void toggle(CellGrid& grid, const CellPlace& place) {
     const wchar_t* replacement = ticked(grid.GetCellText(place.column, place.row)) ? L"0" : L"1";
     grid.OfferCellText(place.column, place.row, replacement);
 }
@@ -34,7 +34,7 @@ void CUGCheckBoxType::OnDraw(CDC& dc, const RECT& rect, const CUGCell& cell, con
     ::DrawFrameControl(dc.m_hDC, &box, DFC_BUTTON, DFCS_BUTTONCHECK | (ticked(cell.GetText()) ? DFCS_CHECKED : 0));
 }
 
-bool CUGCheckBoxType::OnLeftClick(CUGCtrl& grid, const CellPlace& place, int updn, POINT point) {
+bool CUGCheckBoxType::OnLeftClick(CellGrid& grid, const CellPlace& place, int updn, POINT point) {
     const RECT box = box_in(place.rect);
     if (::PtInRect(&box, point) == 0) {
         return false;
@@ -45,7 +45,7 @@ bool CUGCheckBoxType::OnLeftClick(CUGCtrl& grid, const CellPlace& place, int upd
     return true;
 }
 
-bool CUGCheckBoxType::OnCharDown(CUGCtrl& grid, const CellPlace& place, UINT character) {
+bool CUGCheckBoxType::OnCharDown(CellGrid& grid, const CellPlace& place, UINT character) {
     if (character != L' ') {
         return false;
     }

@@ -9,6 +9,6 @@ class CUGCheckBoxType : public CUGCellType {
     void OnDraw(CDC& dc, const RECT& rect, const CUGCell& cell, const corvanes::CellLook& look) override;
     bool CutsText(CDC&, const RECT&, const CUGCell&) const override { return false; }
     // A click on the box, and the space bar, tick or clear it, as an edit that the grid's owner may refuse.
-    bool OnLeftClick(CUGCtrl& grid, const corvanes::CellPlace& place, int updn, POINT point) override;
-    bool OnCharDown(CUGCtrl& grid, const corvanes::CellPlace& place, UINT character) override;
+    bool OnLeftClick(corvanes::CellGrid& grid, const corvanes::CellPlace& place, int updn, POINT point) override;
+    bool OnCharDown(corvanes::CellGrid& grid, const corvanes::CellPlace& place, UINT character) override;
 };

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "grid/grid_control.h"
+#include "grid/cell_grid.h"
 
 using namespace corvanes;
 
@@ -26,7 +26,7 @@ RECT CUGDropListType::TextPlace(const RECT& cell) const {
     return {cell.left, cell.top, strip_of(cell).left, cell.bottom};
 }
 
-bool CUGDropListType::OnLeftClick(CUGCtrl& grid, const CellPlace& place, int updn, POINT point) {
+bool CUGDropListType::OnLeftClick(CellGrid& grid, const CellPlace& place, int updn, POINT point) {
     const RECT strip = strip_of(place.rect);
     if (::PtInRect(&strip, point) == 0) {
         return false;
@@ -38,7 +38,7 @@ bool CUGDropListType::OnLeftClick(CUGCtrl& grid, const CellPlace& place, int upd
     return true;
 }
 
-bool CUGDropListType::OnKeyDown(CUGCtrl& grid, const CellPlace& place, UINT key) {
+bool CUGDropListType::OnKeyDown(CellGrid& grid, const CellPlace& place, UINT key) {
     const bool alt = ::GetKeyState(VK_MENU) < 0;
     if (key != VK_F4 && !(key == VK_DOWN && alt)) {
         return false;

@@ -12,6 +12,6 @@ class CUGDropListType : public CUGCellType {
     void OnDraw(CDC& dc, const RECT& rect, const CUGCell& cell, const corvanes::CellLook& look) override;
     RECT TextPlace(const RECT& cell) const override;
     // A click on the button, F4 and Alt+Down open the list; a cell whose label has no lines has nothing to open.
-    bool OnLeftClick(CUGCtrl& grid, const corvanes::CellPlace& place, int updn, POINT point) override;
-    bool OnKeyDown(CUGCtrl& grid, const corvanes::CellPlace& place, UINT key) override;
+    bool OnLeftClick(corvanes::CellGrid& grid, const corvanes::CellPlace& place, int updn, POINT point) override;
+    bool OnKeyDown(corvanes::CellGrid& grid, const corvanes::CellPlace& place, UINT key) override;
 };

@@ -3,7 +3,8 @@
 #include <algorithm>
 
 #include "bidi/reordering.h"
-#include "grid/grid_control.h"
+#include "grid/cell_grid.h"
+#include "grid/painting_area.h"
 #include "grid/raised_flag.h"
 
 namespace corvanes {

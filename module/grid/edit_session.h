@@ -5,13 +5,13 @@
 
 #include "grid/cell_editor.h"
 
-class CUGCtrl;
-
 namespace corvanes {
+
+class CellGrid;
 
 class EditSession final : public CellEditOwner {
   public:
-    explicit EditSession(CUGCtrl& grid) : grid_(grid) {}
+    explicit EditSession(CellGrid& grid) : grid_(grid) {}
     EditSession(const EditSession&) = delete;
     EditSession& operator=(const EditSession&) = delete;
 
@@ -32,7 +32,7 @@ class EditSession final : public CellEditOwner {
     // How far from the left edge of its cell a text without Hebrew is painted, beyond the margin.
     LONG indent(const RECT& shown, std::wstring_view text);
 
-    CUGCtrl& grid_;
+    CellGrid& grid_;
     CellEditor* editor_ = nullptr;
     CWnd* window_ = nullptr;
     int column_ = -1;

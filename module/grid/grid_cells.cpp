@@ -1,18 +1,9 @@
-// The grid's columns, rows, cells and cell types.
-#include <algorithm>
-#include <cstddef>
+// The grid's columns and rows.
 #include <limits>
 
 #include "grid/grid_control.h"
 
 using namespace corvanes;
-
-namespace {
-
-// Cell type indices are kept in 16 bits.
-constexpr std::size_t most_cell_types = std::numeric_limits<std::uint16_t>::max();
-
-}  // namespace
 
 int CUGCtrl::SetColumnCount(int count, BOOL redraw) {
     if (count < 0 || count > ColumnLayout::most_columns || source_->SetColumnCount(count) != 0) {
@@ -198,82 +189,4 @@ int CUGCtrl::SortBy(int column, int flags) {
     }
     state_.selection.set_anchor(state_.current_column, row);
     return 0;
-}
-
-bool CUGCtrl::Addresses(int column, int row) const {
-    return column >= -1 && column < GetColumnCount() && row >= -1 && row < GetRowCount();
-}
-
-int CUGCtrl::GetCell(int column, int row, CUGCell* cell) {
-    return source_->GetCell(column, row, cell);
-}
-
-int CUGCtrl::SetCell(int column, int row, const CUGCell* cell) {
-    return source_->SetCell(column, row, cell);
-}
-
-int CUGCtrl::SetCellText(int column, int row, LPCWSTR text) {
-    return source_->SetCellText(column, row, text);
-}
-
-LPCWSTR CUGCtrl::GetCellText(int column, int row) {
-    return source_->GetCellText(column, row);
-}
-
-int CUGCtrl::GetCellText(int column, int row, CString& text) {
-    if (!Addresses(column, row)) {
-        return 1;
-    }
-    text = GetCellText(column, row);
-    return 0;
-}
-
-template <class Change>
-int CUGCtrl::ChangeCell(int column, int row, Change change) {
-    CUGCell cell;
-    if (source_->GetCell(column, row, &cell) != 0) {
-        return 1;
-    }
-    change(cell);
-    return source_->SetCell(column, row, &cell);
-}
-
-int CUGCtrl::SetCellLabel(int column, int row, LPCWSTR text) {
-    return ChangeCell(column, row, [text](CUGCell& cell) { cell.SetLabelText(text); });
-}
-
-int CUGCtrl::SetCellTypeIndex(int column, int row, int index) {
-    if (index < 0 || static_cast<std::size_t>(index) >= most_cell_types) {
-        return 1;
-    }
-    return ChangeCell(column, row, [index](CUGCell& cell) { cell.SetCellType(index); });
-}
-
-int CUGCtrl::SetCellTypeOptions(int column, int row, DWORD bits) {
-    return ChangeCell(column, row, [bits](CUGCell& cell) { cell.SetCellTypeOptions(bits); });
-}
-
-int CUGCtrl::AddCellType(CUGCellType* type) {
-    if (type == nullptr) {
-        return -1;
-    }
-    const auto known = std::find(types_.begin(), types_.end(), type);
-    if (known == types_.end()) {
-        if (types_.size() >= most_cell_types) {
-            return -1;
-        }
-        types_.push_back(type);
-        return static_cast<int>(types_.size()) - 1;
-    }
-    return static_cast<int>(known - types_.begin());
-}
-
-CUGCellType& CUGCtrl::CellType(int index) {
-    return index >= 0 && static_cast<std::size_t>(index) < types_.size() ? *types_[index] : normal_type_;
-}
-
-CUGCellType& CUGCtrl::CellTypeAt(int column, int row) {
-    CUGCell cell;
-    GetCell(column, row, &cell);
-    return CellType(cell.GetCellType());
 }

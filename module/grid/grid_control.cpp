@@ -41,10 +41,13 @@ BEGIN_MESSAGE_MAP(CUGCtrl, CWnd)
     ON_MESSAGE(refocus_editor_message, &CUGCtrl::OnRefocusEditor)
 END_MESSAGE_MAP()
 
-CUGCtrl::CUGCtrl()
-    : types_{&normal_type_, &drop_list_type_, &check_box_type_},
-      edit_(*this),
-      font_(static_cast<HFONT>(::GetStockObject(DEFAULT_GUI_FONT))) {}
+CUGCtrl::CUGCtrl() : edit_(*this) {
+    font_ = static_cast<HFONT>(::GetStockObject(DEFAULT_GUI_FONT));
+    for (CUGCellType* const standard :
+         {&normal_type_, static_cast<CUGCellType*>(&drop_list_type_), static_cast<CUGCellType*>(&check_box_type_)}) {
+        AddCellType(standard);
+    }
+}
 
 CUGCtrl::~CUGCtrl() = default;
 

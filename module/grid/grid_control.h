@@ -3,16 +3,11 @@
 
 #include <afxwin.h>
 
-#include <memory>
-#include <vector>
-
-#include "grid/cell_memory.h"
+#include "grid/cell_grid.h"
 #include "grid/check_box_type.h"
 #include "grid/drop_list.h"
 #include "grid/drop_list_type.h"
 #include "grid/edit_session.h"
-#include "grid/grid_notifications.h"
-#include "grid/grid_state.h"
 #include "grid/masked_edit.h"
 #include "grid/painting_area.h"
 #include "grid/scroll_bars.h"
@@ -27,7 +22,7 @@
 // While there are cells one of them is the current one; when rows or columns go away under it or are hidden, or the
 // first ones come, the nearest takes its place and the change is notified. When rows come or go above it, it and the
 // selection stay with their rows.
-class CUGCtrl : public CWnd, public CUGNotifications {
+class CUGCtrl : public corvanes::CellGrid {
   public:
     CUGCtrl();
     ~CUGCtrl() override;
@@ -40,10 +35,8 @@ class CUGCtrl : public CWnd, public CUGNotifications {
 
     // Columns and rows.
     int SetColumnCount(int count, BOOL redraw = TRUE);
-    int GetColumnCount() const { return state_.columns.count(); }
     int SetRowCount(int count, BOOL redraw = TRUE);
-    int GetRowCount() const { return state_.rows.count(); }
-    int SetColumnWidth(int column, int width);
+    int SetColumnWidth(int column, int width) override;
     int GetColumnWidth(int column) const;
     // Whether the column's texts stand at the right edges of its cells; the heading's stays where it is.
     int AlignColumnRight(int column, BOOL right);
@@ -64,23 +57,6 @@ class CUGCtrl : public CWnd, public CUGNotifications {
     // its row, out of sight perhaps; the selection is given up. Changes of cells and rows are refused meanwhile.
     int SortBy(int column, int flags);
 
-    // Cells.
-    int GetCell(int column, int row, CUGCell* cell);
-    int SetCell(int column, int row, const CUGCell* cell);
-    int SetCellText(int column, int row, LPCWSTR text);
-    // Null when the cell has no text; valid until the cell changes.
-    LPCWSTR GetCellText(int column, int row);
-    int GetCellText(int column, int row, CString& text);
-    int SetCellLabel(int column, int row, LPCWSTR text);
-    int SetCellTypeIndex(int column, int row, int index);
-    int SetCellTypeOptions(int column, int row, DWORD bits);
-    // The grid does not own the type, which must outlive it. Its index, also when it was there already; -1 for null or
-    // a full table.
-    int AddCellType(CUGCellType* type);
-    // An index that is not in the table gives the normal type.
-    CUGCellType& CellType(int index);
-    CUGCellType& CellTypeAt(int column, int row);
-
     // Movement and selection. 2 when OnGridCanMove refuses. The Go operations leave the selection alone and scroll the
     // cell into view; the Move operations clear the selection first, unless Shift (which stretches it) or Ctrl is held,
     // and do nothing when they lead to the current cell.
@@ -90,9 +66,9 @@ class CUGCtrl : public CWnd, public CUGNotifications {
     int GotoCell(int column, int row);
     int GotoRow(int row) { return GotoCell(state_.current_column, row); }
     // See corvanes::RowMovement for the directions.
-    int MoveCurrentRow(int direction);
-    int MoveCurrentColumn(int steps);
-    int MoveCurrentCell(int column, int row);
+    int MoveCurrentRow(int direction) override;
+    int MoveCurrentColumn(int steps) override;
+    int MoveCurrentCell(int column, int row) override;
     int SelectCell(int column, int row);
     int ClearSelection();
     bool IsSelected(int column, int row) const { return state_.selection.contains(column, row); }
@@ -101,18 +77,12 @@ class CUGCtrl : public CWnd, public CUGNotifications {
     int StartEdit(int column, int row, UINT key);
     int StartEdit() { return StartEdit(0); }
     int StartEdit(UINT key) { return StartEdit(state_.current_column, state_.current_row, key); }
-    bool IsEditing() const { return edit_.active(); }
+    bool IsEditing() const override { return edit_.active(); }
     // Ends an open edit as if the focus had left it. False when that is refused and the edit goes on.
     bool FinishEdit();
-    // Gives the focus to a part of the grid that was clicked, which ends an open edit. False when that is refused.
-    bool TakeFocus(CWnd& part);
-    // Goes on from an edit that Tab or Return ended: to the next column or row, with Shift to the one before.
-    void GoOnFromEdit(UINT key);
-    // Whether Return in a cell moves to the next row, instead of pressing the dialog's default button.
-    virtual bool TakesReturn() const { return false; }
 
     // Redrawing and scrolling.
-    int RedrawCell(int column, int row);
+    int RedrawCell(int column, int row) override;
     int RedrawRow(int row);
     void RedrawAll();
     // 1 to begin with. While it is 0 nothing asks for repainting; setting it again repaints the grid.
@@ -128,23 +98,20 @@ class CUGCtrl : public CWnd, public CUGNotifications {
     // Keeps the place of the vertical scroll bar from the start, so that the cells' width does not depend on the rows.
     void KeepVerticalBar();
     int EnsureVisible(int column, int row);
-    // The font of all cells; the dialog's font after AttachGrid. Also set by WM_SETFONT.
-    HFONT GetGridFont() const { return font_; }
     int GetFontHeight() const;
 
-    // For the grid's own windows, cell types and editors.
-    corvanes::GridState& state() { return state_; }
-    CUGGrid& GetGrid() { return cells_; }
-    CUGTopHdg& GetTopHeading() { return top_heading_; }
+    CUGGrid& GetGrid() override { return cells_; }
+    CUGTopHdg& GetTopHeading() override { return top_heading_; }
     CUGSideHdg& GetSideHeading() { return side_heading_; }
-    void UpdateLayout();
-    void ClickCell(int column, int row, bool stretch, bool add);
-    void OpenDropList(int column, int row);
-    // Stores a text that the user chose without an editor; the verification and finish notifications may refuse it.
-    bool OfferCellText(int column, int row, LPCWSTR text);
-    void RefocusEditor();
-    // Where a click into `cell` of the painting area opened an editor: its caret goes there.
-    void PointInEditor(POINT point, const RECT& cell) { edit_.point_at(point, cell); }
+
+    void UpdateLayout() override;
+    void ClickCell(int column, int row, bool stretch, bool add) override;
+    void OpenDropList(int column, int row) override;
+    bool OfferCellText(int column, int row, LPCWSTR text) override;
+    bool TakeFocus(CWnd& part) override;
+    void GoOnFromEdit(UINT key) override;
+    void RefocusEditor() override;
+    void PointInEditor(POINT point, const RECT& cell) override { edit_.point_at(point, cell); }
 
   protected:
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
@@ -167,9 +134,6 @@ class CUGCtrl : public CWnd, public CUGNotifications {
 
   private:
     bool CreateWindows(DWORD style, DWORD edge, const RECT& place, CWnd* parent, UINT id);
-    bool Addresses(int column, int row) const;
-    template <class Change>
-    int ChangeCell(int column, int row, Change change);
     void LayoutChanged();
     int ChangeRowCount(int count, BOOL redraw);
     LRESULT AnswerCellQuery(LPARAM query);
@@ -177,20 +141,15 @@ class CUGCtrl : public CWnd, public CUGNotifications {
     void MakeCurrent(int column, int row);
     int ColumnAfter(int steps) const;
 
-    corvanes::GridState state_;
-    CUGMem memory_;
-    CUGDataSource* source_ = &memory_;
     CUGCellType normal_type_;
     CUGDropListType drop_list_type_;
     CUGCheckBoxType check_box_type_;
-    std::vector<CUGCellType*> types_;
     CUGGrid cells_;
     CUGTopHdg top_heading_;
     CUGSideHdg side_heading_;
     CUGMaskedEdit default_editor_;
     corvanes::DropList drop_list_;
     corvanes::EditSession edit_;
-    HFONT font_ = nullptr;  // someone else's
     corvanes::WheelSum wheel_rows_;
     corvanes::WheelSum wheel_columns_;
     bool layout_due_ = false;

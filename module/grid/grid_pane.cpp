@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "grid/grid_control.h"
+#include "grid/cell_grid.h"
 
 namespace corvanes {
 
@@ -13,7 +13,7 @@ BEGIN_MESSAGE_MAP(GridPane, CWnd)
     ON_MESSAGE(WM_MOUSEHWHEEL, &GridPane::OnWheel)
 END_MESSAGE_MAP()
 
-bool GridPane::Create(CUGCtrl& grid, UINT id) {
+bool GridPane::Create(CellGrid& grid, UINT id) {
     grid_ = &grid;
     place_ = {0, 0, 0, 0};
     redraw_due_ = false;

@@ -13,7 +13,7 @@ struct GridState;
 // asking again for what is already due costs next to nothing, which keeps filling a grid row by row cheap.
 class GridPane : public CWnd {
   public:
-    bool Create(CUGCtrl& grid, UINT id);
+    bool Create(CellGrid& grid, UINT id);
     void Redraw();
     void RedrawPart(const RECT& part);
     // Moves the window if it has to move, and hides it when it is empty.
@@ -22,7 +22,7 @@ class GridPane : public CWnd {
     int height() const { return place_.bottom - place_.top; }
 
   protected:
-    CUGCtrl& grid() const { return *grid_; }
+    CellGrid& grid() const { return *grid_; }
     GridState& state() const;
     // Paints at least the part of the window inside `dirty`; clipping is the caller's.
     virtual void Paint(CDC& dc, const RECT& dirty) = 0;
@@ -38,7 +38,7 @@ class GridPane : public CWnd {
     DECLARE_MESSAGE_MAP()
 
   private:
-    CUGCtrl* grid_ = nullptr;
+    CellGrid* grid_ = nullptr;
     RECT place_{0, 0, 0, 0};
     // The whole window is already due to be painted.
     bool redraw_due_ = false;

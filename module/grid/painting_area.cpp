@@ -2,8 +2,9 @@
 
 #include <algorithm>
 
+#include "grid/cell_grid.h"
 #include "grid/cell_movement.h"
-#include "grid/grid_control.h"
+#include "grid/top_heading.h"
 
 using namespace corvanes;
 

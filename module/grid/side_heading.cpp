@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <string>
 
-#include "grid/grid_control.h"
+#include "grid/cell_grid.h"
 
 using namespace corvanes;
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "grid/grid_control.h"
+#include "grid/cell_grid.h"
 
 using namespace corvanes;
 

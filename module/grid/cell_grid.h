@@ -1,0 +1,84 @@
+// CellGrid, a grid window as its own windows, cell types and editor know it: its cells, and what they ask of the whole.
+#pragma once
+
+#include <afxwin.h>
+
+#include <vector>
+
+#include "grid/cell_memory.h"
+#include "grid/cell_type.h"
+#include "grid/grid_notifications.h"
+#include "grid/grid_state.h"
+
+class CUGGrid;
+class CUGTopHdg;
+
+namespace corvanes {
+
+// Operations return 0, or 1 for a refused argument, and then change nothing.
+class CellGrid : public CWnd, public CUGNotifications {
+  public:
+    int GetColumnCount() const { return state_.columns.count(); }
+    int GetRowCount() const { return state_.rows.count(); }
+    int GetCell(int column, int row, CUGCell* cell);
+    int SetCell(int column, int row, const CUGCell* cell);
+    int SetCellText(int column, int row, LPCWSTR text);
+    // Null when the cell has no text; valid until the cell changes.
+    LPCWSTR GetCellText(int column, int row);
+    int GetCellText(int column, int row, CString& text);
+    int SetCellLabel(int column, int row, LPCWSTR text);
+    int SetCellTypeIndex(int column, int row, int index);
+    int SetCellTypeOptions(int column, int row, DWORD bits);
+    // The grid does not own the type, which must outlive it. Its index, also when it was there already; -1 for null or
+    // a full table.
+    int AddCellType(CUGCellType* type);
+    // An index that is not in the table gives the normal type.
+    CUGCellType& CellType(int index);
+    CUGCellType& CellTypeAt(int column, int row);
+    GridState& state() { return state_; }
+    // The font of all cells; the dialog's font after AttachGrid. Also set by WM_SETFONT.
+    HFONT GetGridFont() const { return font_; }
+
+    virtual CUGGrid& GetGrid() = 0;
+    virtual CUGTopHdg& GetTopHeading() = 0;
+    // Brings the windows inside and the scroll bars up to date, if they are not.
+    virtual void UpdateLayout() = 0;
+    virtual int RedrawCell(int column, int row) = 0;
+    virtual int SetColumnWidth(int column, int width) = 0;
+
+    virtual void ClickCell(int column, int row, bool stretch, bool add) = 0;
+    virtual int MoveCurrentRow(int direction) = 0;
+    virtual int MoveCurrentColumn(int steps) = 0;
+    virtual int MoveCurrentCell(int column, int row) = 0;
+
+    virtual bool IsEditing() const = 0;
+    virtual void OpenDropList(int column, int row) = 0;
+    // Stores a text that the user chose without an editor; the verification and finish notifications may refuse it.
+    virtual bool OfferCellText(int column, int row, LPCWSTR text) = 0;
+    // Gives the focus to a part of the grid that was clicked, which ends an open edit. False when that is refused.
+    virtual bool TakeFocus(CWnd& part) = 0;
+    // Goes on from an edit that Tab or Return ended: to the next column or row, with Shift to the one before.
+    virtual void GoOnFromEdit(UINT key) = 0;
+    // Gives the focus to the open editor when the next message is processed.
+    virtual void RefocusEditor() = 0;
+    // Where a click into `cell` of the painting area opened an editor: its caret goes there.
+    virtual void PointInEditor(POINT point, const RECT& cell) = 0;
+    // Whether Return in a cell moves to the next row, instead of pressing the dialog's default button.
+    virtual bool TakesReturn() const { return false; }
+
+  protected:
+    bool Addresses(int column, int row) const;
+
+    GridState state_;
+    CUGMem memory_;
+    CUGDataSource* source_ = &memory_;
+    HFONT font_ = nullptr;  // someone else's
+
+  private:
+    template <class Change>
+    int ChangeCell(int column, int row, Change change);
+
+    std::vector<CUGCellType*> types_;
+};
+
+}  // namespace corvanes
