@@ -39,8 +39,8 @@ Result<FileContents, std::string> FileContents::read(const std::filesystem::path
         return Failure{std::move(refused)};
     }
     std::error_code error;
-    const auto source = Source::open(path, error);
-    const Source::Stamp before = source ? source->stamp(error) : Source::Stamp();
+    const auto source = FileSource::open(path, error);
+    const FileSource::Stamp before = source ? source->stamp(error) : FileSource::Stamp();
     FileContents contents;
     if (!error) {
         contents.size_ = static_cast<size_t>(before.size);

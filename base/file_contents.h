@@ -22,9 +22,6 @@ class FileContents {
 
     std::string_view bytes() const { return {data_.get(), size_}; }
 
-    /// A file of the operating system that is being read.
-    class Source;
-
   private:
     std::unique_ptr<char[]> data_;
     size_t size_ = 0;

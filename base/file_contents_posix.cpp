@@ -13,7 +13,7 @@ std::error_code last_error() {
     return {errno, std::generic_category()};
 }
 
-class PosixSource final : public FileContents::Source {
+class PosixSource final : public FileSource {
   public:
     explicit PosixSource(int descriptor) : descriptor_(descriptor) {}
     ~PosixSource() override { ::close(descriptor_); }
@@ -51,8 +51,7 @@ class PosixSource final : public FileContents::Source {
 
 }  // namespace
 
-std::unique_ptr<FileContents::Source> FileContents::Source::open(const std::filesystem::path& path,
-                                                                 std::error_code& error) {
+std::unique_ptr<FileSource> FileSource::open(const std::filesystem::path& path, std::error_code& error) {
     const int descriptor = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
     if (descriptor < 0) {
         error = last_error();

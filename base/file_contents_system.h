@@ -2,13 +2,14 @@
 #pragma once
 
 #include <cstdint>
+#include <filesystem>
+#include <memory>
 #include <system_error>
-
-#include "base/file_contents.h"
 
 namespace base {
 
-class FileContents::Source {
+/// A file of the operating system that is being read.
+class FileSource {
   public:
     /// What changes when somebody writes to the file.
     struct Stamp {
@@ -19,11 +20,11 @@ class FileContents::Source {
     };
 
     /// Null when the file cannot be opened. Others may write, rename and delete it meanwhile.
-    static std::unique_ptr<Source> open(const std::filesystem::path& path, std::error_code& error);
-    Source() = default;
-    Source(const Source&) = delete;
-    Source& operator=(const Source&) = delete;
-    virtual ~Source() = default;
+    static std::unique_ptr<FileSource> open(const std::filesystem::path& path, std::error_code& error);
+    FileSource() = default;
+    FileSource(const FileSource&) = delete;
+    FileSource& operator=(const FileSource&) = delete;
+    virtual ~FileSource() = default;
     virtual Stamp stamp(std::error_code& error) const = 0;
     /// As many bytes as there are from here on, at most `size`.
     virtual size_t read(char* to, size_t size, std::error_code& error) = 0;

@@ -11,7 +11,7 @@ std::error_code last_error() {
     return {static_cast<int>(GetLastError()), std::system_category()};
 }
 
-class WindowsSource final : public FileContents::Source {
+class WindowsSource final : public FileSource {
   public:
     explicit WindowsSource(HANDLE handle) : handle_(handle) {}
     ~WindowsSource() override { CloseHandle(handle_); }
@@ -48,8 +48,7 @@ class WindowsSource final : public FileContents::Source {
 
 }  // namespace
 
-std::unique_ptr<FileContents::Source> FileContents::Source::open(const std::filesystem::path& path,
-                                                                 std::error_code& error) {
+std::unique_ptr<FileSource> FileSource::open(const std::filesystem::path& path, std::error_code& error) {
     const HANDLE handle =
         CreateFileW(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
                     OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL | FILE_FLAG_SEQUENTIAL_SCAN, nullptr);

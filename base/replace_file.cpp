@@ -68,17 +68,17 @@ void remove_abandoned(const std::filesystem::path& target) {
         }
     }
     for (const std::filesystem::path& path : candidates) {
-        const auto file = FileReplacement::File::open(path, error);
+        const auto file = ReplacementFile::open(path, error);
         if (file && file->lock()) {
             file->remove();
         }
     }
 }
 
-std::unique_ptr<FileReplacement::File> create_beside(const std::filesystem::path& target, std::error_code& error) {
+std::unique_ptr<ReplacementFile> create_beside(const std::filesystem::path& target, std::error_code& error) {
     constexpr int tries = 100;
     for (int i = 0; i < tries; ++i) {
-        auto file = FileReplacement::File::create(random_name_beside(target, temporary_ending), error);
+        auto file = ReplacementFile::create(random_name_beside(target, temporary_ending), error);
         // Between its making and its locking another may have taken it for an abandoned one.
         if (file && file->lock() && file->is_named()) {
             return file;
@@ -95,7 +95,7 @@ bool is_denial(std::error_code error) {
 }
 
 /// Who writes in place waits for the one before him.
-bool lock_patiently(FileReplacement::File& file) {
+bool lock_patiently(ReplacementFile& file) {
     constexpr std::chrono::milliseconds pause(10);
     constexpr int tries = 1000;
     for (int i = 0; i < tries; ++i) {
@@ -175,7 +175,7 @@ WriteStatus FileReplacement::commit() {
 
 WriteStatus FileReplacement::write_in_place() {
     std::error_code error;
-    const auto target = File::open(target_, error);
+    const auto target = ReplacementFile::open(target_, error);
     if (!target) {
         return failure(error);
     }
@@ -203,7 +203,7 @@ WriteStatus FileReplacement::write_in_place() {
 }
 
 /// Copies a range of the new contents to its place in the target, to the disk itself.
-std::error_code FileReplacement::copy(File& target, std::uint64_t begin, std::uint64_t end) {
+std::error_code FileReplacement::copy(ReplacementFile& target, std::uint64_t begin, std::uint64_t end) {
     constexpr std::uint64_t piece = 1U << 20;
     std::error_code error = target.seek(begin);
     while (!error && begin < end) {

@@ -7,12 +7,11 @@
 #include <string_view>
 #include <system_error>
 
-#include "base/result.h"
+#include "base/write_status.h"
 
 namespace base {
 
-/// What became of a write: done, or the reason in words fit for a message ("No space left on device"), in UTF-8.
-using WriteStatus = Outcome<std::string>;
+class ReplacementFile;
 
 /// Collects the new contents of a file in a temporary file beside it. Nothing happens to the target until commit();
 /// without a commit the destructor removes the temporary file, and the next replacement of the same target removes one
@@ -37,16 +36,13 @@ class FileReplacement {
     /// Flushes to the disk and puts the new file in the target's place. To be called once.
     WriteStatus commit();
 
-    /// An open file of the operating system.
-    class File;
-
   private:
     WriteStatus write_in_place();
-    std::error_code copy(File& target, std::uint64_t begin, std::uint64_t end);
+    std::error_code copy(ReplacementFile& target, std::uint64_t begin, std::uint64_t end);
     WriteStatus keep_for_rescue(std::error_code error);
 
     std::filesystem::path target_;
-    std::unique_ptr<File> temporary_;  ///< null where none may be made; then contents_ holds what is written
+    std::unique_ptr<ReplacementFile> temporary_;  ///< null where none may be made; then contents_ holds what is written
     bool may_replace_ = false;
     std::string contents_;
     std::uint64_t size_ = 0;

@@ -22,9 +22,9 @@ bool same_permissions(const struct stat& left, const struct stat& right) {
     return left.st_uid == right.st_uid && left.st_gid == right.st_gid && left.st_mode == right.st_mode;
 }
 
-class PosixFile final : public FileReplacement::File {
+class PosixFile final : public ReplacementFile {
   public:
-    PosixFile(const std::filesystem::path& path, int descriptor) : File(path), descriptor_(descriptor) {}
+    PosixFile(const std::filesystem::path& path, int descriptor) : ReplacementFile(path), descriptor_(descriptor) {}
     ~PosixFile() override { ::close(descriptor_); }
 
     bool lock() override {
@@ -104,7 +104,7 @@ class PosixFile final : public FileReplacement::File {
     int descriptor_;
 };
 
-std::unique_ptr<FileReplacement::File> open_file(const std::filesystem::path& path, int flags, std::error_code& error) {
+std::unique_ptr<ReplacementFile> open_file(const std::filesystem::path& path, int flags, std::error_code& error) {
     const int descriptor = ::open(path.c_str(), O_RDWR | O_CLOEXEC | O_NOCTTY | flags, 0666);
     error = error_unless(descriptor >= 0);
     return error ? nullptr : std::make_unique<PosixFile>(path, descriptor);
@@ -112,13 +112,11 @@ std::unique_ptr<FileReplacement::File> open_file(const std::filesystem::path& pa
 
 }  // namespace
 
-std::unique_ptr<FileReplacement::File> FileReplacement::File::create(const std::filesystem::path& path,
-                                                                     std::error_code& error) {
+std::unique_ptr<ReplacementFile> ReplacementFile::create(const std::filesystem::path& path, std::error_code& error) {
     return open_file(path, O_CREAT | O_EXCL, error);
 }
 
-std::unique_ptr<FileReplacement::File> FileReplacement::File::open(const std::filesystem::path& path,
-                                                                   std::error_code& error) {
+std::unique_ptr<ReplacementFile> ReplacementFile::open(const std::filesystem::path& path, std::error_code& error) {
     return open_file(path, 0, error);
 }
 

@@ -2,10 +2,14 @@
 #pragma once
 
 #include <cstdint>
+#include <filesystem>
+#include <memory>
 #include <optional>
+#include <string>
+#include <string_view>
 #include <system_error>
 
-#include "base/replace_file.h"
+#include "base/write_status.h"
 
 namespace base {
 
@@ -15,17 +19,18 @@ enum class Takeover { whole, incomplete, target_is_broken_link };
 /// Where a lock stands in a file: far behind all contents, since some systems let nobody read what is locked.
 constexpr std::uint64_t lock_offset = std::uint64_t{1} << 62;
 
-class FileReplacement::File {
+/// An open file of the operating system.
+class ReplacementFile {
   public:
     /// A new file under a name that was free; others can neither read nor write it. Null with the reason.
-    static std::unique_ptr<File> create(const std::filesystem::path& path, std::error_code& error);
+    static std::unique_ptr<ReplacementFile> create(const std::filesystem::path& path, std::error_code& error);
     /// A file that is there, for reading and writing. Null with the reason.
-    static std::unique_ptr<File> open(const std::filesystem::path& path, std::error_code& error);
+    static std::unique_ptr<ReplacementFile> open(const std::filesystem::path& path, std::error_code& error);
 
-    explicit File(std::filesystem::path path) : path_(std::move(path)) {}
-    File(const File&) = delete;
-    File& operator=(const File&) = delete;
-    virtual ~File() = default;
+    explicit ReplacementFile(std::filesystem::path path) : path_(std::move(path)) {}
+    ReplacementFile(const ReplacementFile&) = delete;
+    ReplacementFile& operator=(const ReplacementFile&) = delete;
+    virtual ~ReplacementFile() = default;
 
     const std::filesystem::path& path() const { return path_; }
     /// Locks the file for as long as this object lives. False while another has it, be it in this process, under

@@ -45,9 +45,9 @@ std::error_code patiently(const Action& action) {
     return error;
 }
 
-class WindowsFile final : public FileReplacement::File {
+class WindowsFile final : public ReplacementFile {
   public:
-    WindowsFile(const std::filesystem::path& path, HANDLE handle) : File(path), handle_(handle) {}
+    WindowsFile(const std::filesystem::path& path, HANDLE handle) : ReplacementFile(path), handle_(handle) {}
     ~WindowsFile() override { CloseHandle(handle_); }
 
     bool lock() override {
@@ -131,8 +131,8 @@ class WindowsFile final : public FileReplacement::File {
     HANDLE handle_;
 };
 
-std::unique_ptr<FileReplacement::File> open_file(const std::filesystem::path& path, DWORD shared, DWORD disposition,
-                                                 std::error_code& error) {
+std::unique_ptr<ReplacementFile> open_file(const std::filesystem::path& path, DWORD shared, DWORD disposition,
+                                           std::error_code& error) {
     const HANDLE handle = CreateFileW(path.c_str(), GENERIC_READ | GENERIC_WRITE, shared, nullptr, disposition,
                                       FILE_ATTRIBUTE_NORMAL, nullptr);
     error = error_unless(handle != INVALID_HANDLE_VALUE);
@@ -141,14 +141,12 @@ std::unique_ptr<FileReplacement::File> open_file(const std::filesystem::path& pa
 
 }  // namespace
 
-std::unique_ptr<FileReplacement::File> FileReplacement::File::create(const std::filesystem::path& path,
-                                                                     std::error_code& error) {
+std::unique_ptr<ReplacementFile> ReplacementFile::create(const std::filesystem::path& path, std::error_code& error) {
     // It is renamed and deleted by name while it is open.
     return open_file(path, FILE_SHARE_DELETE, CREATE_NEW, error);
 }
 
-std::unique_ptr<FileReplacement::File> FileReplacement::File::open(const std::filesystem::path& path,
-                                                                   std::error_code& error) {
+std::unique_ptr<ReplacementFile> ReplacementFile::open(const std::filesystem::path& path, std::error_code& error) {
     return open_file(path, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, OPEN_EXISTING, error);
 }
 
@@ -193,7 +191,7 @@ WriteStatus refusal_of(const std::filesystem::path& path) {
         return Failure{"It is a folder"};
     }
     std::error_code error;
-    const auto file = FileReplacement::File::open(path, error);
+    const auto file = ReplacementFile::open(path, error);
     const bool denied = !file && error == error_of(ERROR_ACCESS_DENIED);
     return denied || (attributes & FILE_ATTRIBUTE_READONLY) != 0 ? failure(error_of(ERROR_ACCESS_DENIED))
                                                                  : WriteStatus();

@@ -1,15 +1,20 @@
-// The widths of characters in a font, and the positions of a text's characters that follow from them.
+// What is painted for each character of a painted text, how wide that is in a font, and where it stands.
 #pragma once
 
 #include <windows.h>
 
 #include <cstdint>
+#include <string>
 #include <string_view>
 #include <unordered_map>
 
 #include "bidi/text_layout.h"
 
 namespace corvanes {
+
+/// What to paint for character `index` of a painted text: itself, a whole surrogate pair in its right order for the
+/// first half that is painted, nothing for the other half.
+std::wstring painted_glyph(std::wstring_view text, size_t index);
 
 /// Remembers the widths of one font; to be cleared when the font changes.
 class CharWidths {

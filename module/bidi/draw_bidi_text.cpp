@@ -47,38 +47,11 @@ std::optional<TextLayout> draw(HDC dc, std::wstring text, const RECT& rect, unsi
     return layout;
 }
 
-/// Whether two characters are the halves of a surrogate pair, in either order.
-bool may_pair(wchar_t left, wchar_t right) {
-    return (IS_HIGH_SURROGATE(left) && IS_LOW_SURROGATE(right)) || (IS_LOW_SURROGATE(left) && IS_HIGH_SURROGATE(right));
-}
-
-/// Halves in turn are pairs from the first two on, whichever way their run is painted.
-bool splits_painted_pair(std::wstring_view text, size_t position) {
-    if (position >= text.size()) {
-        return false;
-    }
-    size_t start = position;
-    while (start > 0 && may_pair(text[start - 1], text[start])) {
-        --start;
-    }
-    return (position - start) % 2 != 0;
-}
-
 }  // namespace
 
 LayoutRect layout_rect(const RECT& rect) {
     return {static_cast<int>(rect.left), static_cast<int>(rect.top), static_cast<int>(rect.right),
             static_cast<int>(rect.bottom)};
-}
-
-std::wstring painted_glyph(std::wstring_view text, size_t index) {
-    if (splits_painted_pair(text, index + 1)) {
-        const bool backwards = IS_LOW_SURROGATE(text[index]);
-        const wchar_t first = text[backwards ? index + 1 : index];
-        const wchar_t second = text[backwards ? index : index + 1];
-        return {first, second};
-    }
-    return splits_painted_pair(text, index) ? std::wstring() : std::wstring(1, text[index]);
 }
 
 void paint_characters(HDC dc, std::wstring_view text, const TextLayout& layout) {

@@ -3,7 +3,6 @@
 
 #include <windows.h>
 
-#include <string>
 #include <string_view>
 
 #include "bidi/text_layout.h"
@@ -11,10 +10,6 @@
 namespace corvanes {
 
 LayoutRect layout_rect(const RECT& rect);
-
-/// What to paint for character `index` of a painted text: itself, a whole surrogate pair in its right order for the
-/// first half that is painted, nothing for the other half.
-std::wstring painted_glyph(std::wstring_view text, size_t index);
 
 /// Paints characters at their places with the font, colours and background mode of `dc`.
 void paint_characters(HDC dc, std::wstring_view text, const TextLayout& layout);

@@ -5,7 +5,7 @@
 
 #include "acadstrc.h"
 #include "rxdefs.h"
-#include "rxobject.h"
+#include "rxboiler.h"
 #include "rxregsvc.h"
 
 #define ACRX_CMD_MODAL 0x00000000

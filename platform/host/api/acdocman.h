@@ -4,7 +4,7 @@
 #include <windows.h>
 
 #include "acadstrc.h"
-#include "rxobject.h"
+#include "rxboiler.h"
 
 class AcDbDatabase;
 

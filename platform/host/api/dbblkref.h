@@ -5,7 +5,12 @@
 #include <vector>
 
 #include "adesk.h"
-#include "dbents.h"
+#include "dbmain.h"
+#include "gemat3d.h"
+#include "gepnt3d.h"
+#include "gescl3d.h"
+
+class AcDbAttribute;
 
 class AcDbBlockReference : public AcDbEntity {
   public:

@@ -1,6 +1,7 @@
 // The entities that open as classes of their own.
 #pragma once
 
+#include "dbblkref.h"
 #include "dbmain.h"
 #include "gemat3d.h"
 #include "gepnt3d.h"
@@ -124,8 +125,6 @@ class AcDbAttributeDefinition : public AcDbText {
     int flags_ = 0;
 };
 
-class AcDbBlockReference;
-
 class AcDbAttribute : public AcDbText {
   public:
     ACRX_DECLARE_MEMBERS(AcDbAttribute);
@@ -155,5 +154,3 @@ class AcDbAttribute : public AcDbText {
     std::wstring tag_;
     int flags_ = 0;
 };
-
-#include "dbblkref.h"

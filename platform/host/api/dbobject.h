@@ -3,7 +3,7 @@
 
 #include "acdb.h"
 #include "dbid.h"
-#include "rxobject.h"
+#include "rxboiler.h"
 
 namespace host {
 class DatabaseStore;

@@ -1,7 +1,7 @@
 // AcRxDictionary: objects by name; the system registry is one.
 #pragma once
 
-#include "rxobject.h"
+#include "rxboiler.h"
 
 class AcRxDictionary : public AcRxObject {
   public:

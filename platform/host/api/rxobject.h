@@ -37,5 +37,3 @@ class AcRxObject {
   protected:
     AcRxObject() = default;
 };
-
-#include "rxboiler.h"

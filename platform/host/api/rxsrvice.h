@@ -1,7 +1,7 @@
 // AcRxService: what modules offer to each other under a registry name.
 #pragma once
 
-#include "rxobject.h"
+#include "rxboiler.h"
 
 class AcRxService : public AcRxObject {
   public:
