@@ -4,6 +4,7 @@
 
 #include "platform/host/database/insert_block.h"
 #include "tests/host/database_fixture.h"
+#include "tests/host/list_person.h"
 
 namespace {
 
@@ -303,9 +304,9 @@ TEST(ResultBuffers, ListsAreBuiltOfAllKindsOfValues) {
 }
 
 TEST(ResultBuffers, PrintingFormatsOfAnyLength) {
-    ListedAnswers line({});
+    host::ListPerson person;
     const std::wstring wide(3000, L'x');
     EXPECT_EQ(acutPrintf(L"\n%i %ls!", 7, wide.c_str()), RTNORM);
-    EXPECT_EQ(line.shown, L"\n7 " + wide + L"!");
+    EXPECT_EQ(person.said, L"\n7 " + wide + L"!");
     EXPECT_EQ(acutPrintf(nullptr), RTERROR);
 }

@@ -20,7 +20,6 @@
 #include "dbobjptr.h"
 #include "dbsymtb.h"
 #include "platform/host/database/database_store.h"
-#include "platform/host/prompt/command_line.h"
 
 /// "0 LINE|8 walls|10 1.5" as the groups of a drawing, codes filled up with blanks to a width.
 inline std::string groups(std::string_view text, size_t code_width = 0) {
@@ -123,34 +122,3 @@ inline std::wstring block_name(AcDbObjectId id) {
     const AcDbObjectPointer<AcDbBlockTableRecord> record(id, AcDb::kForRead);
     return record.openStatus() == Acad::eOk ? name_of(*record) : acadErrorStatusText(record.openStatus());
 }
-
-/// Answers prompts from a list (an empty answer is Return, "shift+" begins one that is picked with that key; behind the
-/// list, cancel) and keeps what is shown.
-class ListedAnswers : public host::CommandLine {
-  public:
-    explicit ListedAnswers(std::vector<std::wstring> answers) : answers_(std::move(answers)), scope_(*this) {}
-
-    host::Answer prompt(std::wstring_view text) override {
-        shown += text;
-        if (next_ == answers_.size()) {
-            return {};
-        }
-        constexpr std::wstring_view shift = L"shift+";
-        const std::wstring& answer = answers_[next_++];
-        const bool shifted = answer.compare(0, shift.size(), shift) == 0;
-        return {answer.empty() ? host::Answer::return_only : host::Answer::line,
-                answer.substr(shifted ? shift.size() : 0), shifted};
-    }
-    void print(std::wstring_view text) override { shown += text; }
-    void report(std::wstring_view problem) override {
-        shown += L"\n!";
-        shown += problem;
-    }
-
-    std::wstring shown;
-
-  private:
-    std::vector<std::wstring> answers_;
-    size_t next_ = 0;
-    host::CommandLineScope scope_;
-};

@@ -3,6 +3,7 @@
 #include "platform/host/database/entity_selector.h"
 #include "platform/host/database/name_pattern.h"
 #include "tests/host/database_fixture.h"
+#include "tests/host/list_person.h"
 
 namespace {
 
@@ -59,10 +60,11 @@ struct Question {
     std::wstring shown;
 };
 
-Question ask(std::vector<std::wstring> answers, const struct resbuf* filter = nullptr, const ACHAR* mode = nullptr) {
-    ListedAnswers line(std::move(answers));
+Question ask(std::deque<std::wstring> answers, const struct resbuf* filter = nullptr, const ACHAR* mode = nullptr) {
+    host::ListPerson person(std::move(answers));
     const std::string selected = select(mode, filter);
-    return {selected, line.shown};
+    EXPECT_TRUE(person.selected.empty()) << "what was shown as selected is no more";
+    return {selected, person.said};
 }
 
 }  // namespace
@@ -186,15 +188,15 @@ TEST(Selection, TheQuestionTakesTheUsersAnswers) {
 
     const Question all = ask({L"ALL", L""}, inserts.get());
     EXPECT_EQ(all.selected, "0 1 4 5");
-    EXPECT_EQ(all.shown, L"\nSelect objects: \n4 found\n3 were filtered out.\nSelect objects: ");
+    EXPECT_EQ(all.shown, L"<\nSelect objects: >\n4 found\n3 were filtered out.<\nSelect objects: >");
 
     const Question many = ask({L"w", L"-1,-1", L"15,5", L"_Crossing", L"15,5", L"25,12", L"10,1", L"r", L"20,0", L""});
     EXPECT_EQ(many.selected, "0 1");
     EXPECT_EQ(many.shown,
-              L"\nSelect objects: \nSpecify first corner: \nSpecify opposite corner: \n2 found"
-              L"\nSelect objects: \nSpecify first corner: \nSpecify opposite corner: \n1 found, 3 total"
-              L"\nSelect objects: \n1 found (1 duplicate), 3 total"
-              L"\nSelect objects: \nRemove objects: \n1 found, 1 removed, 2 total\nRemove objects: ");
+              L"<\nSelect objects: ><\nSpecify first corner: ><\nSpecify opposite corner: >\n2 found"
+              L"<\nSelect objects: ><\nSpecify first corner: ><\nSpecify opposite corner: >\n1 found, 3 total"
+              L"<\nSelect objects: >\n1 found (1 duplicate), 3 total"
+              L"<\nSelect objects: ><\nRemove objects: >\n1 found, 1 removed, 2 total<\nRemove objects: >");
     EXPECT_EQ(ask({L"p", L""}).selected, "0 1");
     EXPECT_EQ(ask({L"last", L"p", L"u", L"a", L""}).selected, "9");
 
@@ -207,30 +209,30 @@ TEST(Selection, TheQuestionTakesTheUsersAnswers) {
     const Question instead = ask({L"15,20", L"all", L"w", L"r", L"10,1", L""}, inserts.get());
     EXPECT_EQ(instead.selected, "0 4 5");
     EXPECT_EQ(instead.shown,
-              L"\nSelect objects: \nSpecify opposite corner: \n4 found\n3 were filtered out."
-              L"\nSelect objects: \nSpecify first corner: \nRemove objects: \n1 found, 1 removed, 3 total"
-              L"\nRemove objects: ");
+              L"<\nSelect objects: ><\nSpecify opposite corner: >\n4 found\n3 were filtered out."
+              L"<\nSelect objects: ><\nSpecify first corner: ><\nRemove objects: >\n1 found, 1 removed, 3 total"
+              L"<\nRemove objects: >");
 
     // Shift takes out, at either corner, and only what is picked with it.
     const Question without =
         ask({L"all", L"shift+10,1", L"shift+15,20", L"35,-5", L"10,1", L"5,5", L"shift+15,-1", L""});
     EXPECT_EQ(without.selected, "0 4 5 6 9");
     EXPECT_EQ(without.shown,
-              L"\nSelect objects: \n7 found\nSelect objects: \n1 found, 1 removed, 6 total"
-              L"\nSelect objects: \nSpecify opposite corner: \n1 found, 1 removed, 5 total"
-              L"\nSelect objects: \n1 found, 6 total"
-              L"\nSelect objects: \nSpecify opposite corner: \n1 found, 1 removed, 5 total\nSelect objects: ");
+              L"<\nSelect objects: >\n7 found<\nSelect objects: >\n1 found, 1 removed, 6 total"
+              L"<\nSelect objects: ><\nSpecify opposite corner: >\n1 found, 1 removed, 5 total"
+              L"<\nSelect objects: >\n1 found, 6 total"
+              L"<\nSelect objects: ><\nSpecify opposite corner: >\n1 found, 1 removed, 5 total<\nSelect objects: >");
     EXPECT_EQ(ask({L"65,0"}, nullptr, L":S").selected, "6");
 
     const Question refused = ask({L"everything", L"w", L"here", L""});
     EXPECT_EQ(refused.selected, "nothing");
     EXPECT_EQ(refused.shown,
-              L"\nSelect objects: \n!*Invalid selection*\nExpects a point or "
+              L"<\nSelect objects: >!*Invalid selection*\nExpects a point or "
               L"Window/Last/Crossing/BOX/ALL/Add/Remove/Previous/Undo"
-              L"\nSelect objects: \nSpecify first corner: \n!Invalid point.\nSelect objects: \nNothing selected.");
+              L"<\nSelect objects: ><\nSpecify first corner: >!Invalid point.<\nSelect objects: >\nNothing selected.");
     EXPECT_EQ(ask({L"ALL"}).selected, "cancelled");
     EXPECT_EQ(ask({L"w", L"0,0"}).selected, "cancelled");
-    EXPECT_EQ(ask({L""}).shown, L"\nSelect objects: \nNothing selected.");
+    EXPECT_EQ(ask({L""}).shown, L"<\nSelect objects: >\nNothing selected.");
     EXPECT_EQ(ask({L"p", L""}).selected, "6") << "a cancelled or empty question leaves the previous selection";
 }
 

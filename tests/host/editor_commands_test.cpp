@@ -9,11 +9,10 @@
 #include "aced.h"
 #include "acui.h"
 #include "base/code_page.h"
+#include "platform/host/editor/commands.h"
 #include "platform/host/editor/editor.h"
-#include "platform/host/editor/input_events.h"
-#include "platform/host/editor/transparent_command_line.h"
 #include "rxdlinkr.h"
-#include "tests/host/list_command_line.h"
+#include "tests/host/list_person.h"
 
 namespace host {
 namespace {
@@ -43,9 +42,27 @@ void run_asking() {
     ran += L"asked " + std::to_wstring(acedGetPoint(nullptr, L"P:", point)) + L";";
 }
 
+/// Types transparent commands too, as one at the window does.
+class TypingPerson final : public ListPerson {
+  public:
+    using ListPerson::ListPerson;
+    Answer prompt(std::wstring_view text, const PointerGuide& guide) override {
+        for (;;) {
+            Answer answer = ListPerson::prompt(text, guide);
+            if (answer.kind != Answer::line || !editor().processor.run_transparent(answer.text)) {
+                return answer;
+            }
+        }
+    }
+};
+
 class Commands : public testing::Test {
   protected:
-    Commands() { ran.clear(); }
+    Commands() {
+        ran.clear();
+        add_session_commands(editor());
+        add_file_commands(editor());
+    }
     ~Commands() override {
         acedRegCmds->removeGroup(L"G");
         acedRegCmds->removeGroup(L"H");
@@ -56,11 +73,9 @@ class Commands : public testing::Test {
     }
     /// What is said when this is typed at the "Command:" prompt, with these answers.
     static std::wstring typed(const wchar_t* text, std::deque<std::wstring> answers = {}) {
-        ListCommandLine line(std::move(answers));
-        TransparentCommandLine transparent(line, editor().processor);
-        const CommandLineScope scope(transparent);
+        TypingPerson person(std::move(answers));
         editor().processor.run(text);
-        return line.said;
+        return person.said;
     }
     static std::vector<std::wstring> listed() {
         std::vector<std::wstring> names;
@@ -134,8 +149,7 @@ TEST_F(Commands, StartInsideOthersOnlyWhenTransparent) {
 }
 
 TEST_F(Commands, OfTheHostTakeTheirAnswersFromArguments) {
-    ListCommandLine line;
-    const CommandLineScope scope(line);
+    ListPerson person;
     EXPECT_EQ(acedCommand(RTSTR, L"_.setvar", RTSTR, L"TEXTSIZE", RTREAL, 0.1, RTNONE), RTNORM);
     EXPECT_EQ(editor().variables.get(L"TEXTSIZE"), VariableValue(0.1));
     const ads_point base = {1, 2.5, 0};
@@ -145,7 +159,7 @@ TEST_F(Commands, OfTheHostTakeTheirAnswersFromArguments) {
     EXPECT_EQ(acedCommand(RTSTR, L".SETVAR", RTSTR, L"OSMODE", RTNONE), RTERROR);
     EXPECT_EQ(acedCommand(RTSTR, L".SETVAR", RTSTR, L"OSMODE", RTSHORT, 1, RTSHORT, 2, RTNONE), RTERROR);
     EXPECT_EQ(acedCommand(RTSTR, L".SETVAR", RTSTR, L"ATTREQ", RTSHORT, 9, RTNONE), RTERROR);
-    EXPECT_EQ(line.said,
+    EXPECT_EQ(person.said,
               L"!Unknown command \".NOSUCH\".!.SETVAR needs more arguments.!.SETVAR was given too many arguments."
               L"!\"9\" is no value for ATTREQ.");
 }
@@ -153,11 +167,10 @@ TEST_F(Commands, OfTheHostTakeTheirAnswersFromArguments) {
 TEST(Questions, FollowTheRulesOfInitGet) {
     ads_point point = {9, 9, 9};
     const auto ask = [&](int rules, const wchar_t* keywords, std::deque<std::wstring> answers) {
-        ListCommandLine line(std::move(answers));
-        const CommandLineScope scope(line);
+        ListPerson person(std::move(answers));
         acedInitGet(rules, keywords);
         const int outcome = acedGetPoint(nullptr, L"P", point);
-        return std::to_wstring(outcome) + L" " + line.said;
+        return std::to_wstring(outcome) + L" " + person.said;
     };
     EXPECT_EQ(ask(0, L"", {L"1,2,3"}), L"5100 <P>");
     EXPECT_EQ(point[X] * 100 + point[Y] * 10 + point[Z], 123);
@@ -173,8 +186,7 @@ TEST(Questions, FollowTheRulesOfInitGet) {
     acedGetInput(input);
     EXPECT_STREQ(input, L"some text");
 
-    ListCommandLine line({L"0", L"-1", L"5", L"", L"x", L"99999", L"7", L"y", L"N", std::wstring(200, L'z')});
-    const CommandLineScope scope(line);
+    ListPerson person({L"0", L"-1", L"5", L"", L"x", L"99999", L"7", L"y", L"N", std::wstring(200, L'z')});
     ads_real real = 0;
     acedInitGet(RSG_NOZERO | RSG_NONEG, nullptr);
     EXPECT_EQ(acedGetReal(L"", &real), RTNORM);
@@ -194,8 +206,7 @@ TEST(Questions, FollowTheRulesOfInitGet) {
 
 TEST(Questions, GiveFileNamesAtTheCommandLine) {
     const auto ask = [](const wchar_t* proposal, const wchar_t* answer) -> std::wstring {
-        ListCommandLine line({answer});
-        const CommandLineScope scope(line);
+        ListPerson person({answer});
         resbuf result{};
         if (acedGetFileD(L"Open", proposal, L"prc;txt", 2, &result) != RTNORM) {
             return L"none";
@@ -211,8 +222,7 @@ TEST(Questions, GiveFileNamesAtTheCommandLine) {
 }
 
 TEST(Questions, ReportPointerEvents) {
-    ListCommandLine line({L"move 1,2", L"nonsense", L"pick 3,4", L"move 9,9", L"", L"^C"});
-    const CommandLineScope scope(line);
+    ListPerson person({L"move 1,2", L"nonsense", L"pick 3,4", L"move 9,9", L"", L"^C"});
     int type = 0;
     resbuf result{};
     EXPECT_EQ(acedGrRead(9, &type, &result), RTNORM);
@@ -226,7 +236,7 @@ TEST(Questions, ReportPointerEvents) {
     EXPECT_EQ(result.restype, RTSHORT) << "a key carries no point";
     EXPECT_EQ(acedGrRead(9, &type, &result), RTCAN);
     EXPECT_EQ(type * 100 + result.resval.rint, 213) << "as they were";
-    EXPECT_EQ(line.said, L"<><>!A pointer event is needed: move x,y, pick x,y or return.<><><><>")
+    EXPECT_EQ(person.said, L"<><>!A pointer event is needed: move x,y, pick x,y or return.<><><><>")
         << "no message on a cancel with bit 8";
 }
 
@@ -253,8 +263,7 @@ TEST(Variables, PassThroughResultBuffers) {
 }
 
 TEST(ResourceHandles, Nest) {
-    ListCommandLine line;
-    const CommandLineScope scope(line);
+    ListPerson person;
     const HINSTANCE before = AfxGetResourceHandle();
     const auto first = reinterpret_cast<HINSTANCE>(1 << 16);
     acDocManagerPtr()->pushResourceHandle(first);
@@ -264,7 +273,7 @@ TEST(ResourceHandles, Nest) {
     acDocManagerPtr()->popResourceHandle();
     EXPECT_EQ(AfxGetResourceHandle(), before);
     acDocManagerPtr()->popResourceHandle();
-    EXPECT_EQ(line.said, L"!popResourceHandle was called without a handle pushed.");
+    EXPECT_EQ(person.said, L"!popResourceHandle was called without a handle pushed.");
 }
 
 }  // namespace

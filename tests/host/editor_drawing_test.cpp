@@ -6,13 +6,13 @@
 
 #include "acedads.h"
 #include "platform/host/dxf/drawing.h"
+#include "platform/host/editor/commands.h"
 #include "platform/host/editor/document.h"
 #include "platform/host/editor/editor.h"
-#include "platform/host/editor/file_commands.h"
 #include "platform/host/editor/main_window.h"
 #include "platform/host/view/display_list.h"
 #include "tests/host/database_fixture.h"
-#include "tests/host/list_command_line.h"
+#include "tests/host/list_person.h"
 
 namespace fs = std::filesystem;
 
@@ -40,6 +40,9 @@ class DrawingCommands : public testing::Test {
     DrawingCommands() : folder_(fs::temp_directory_path() / ("drawing_" + std::to_string(GetCurrentProcessId()))) {
         fs::create_directory(folder_);
         std::ofstream(folder_ / "a.dxf", std::ios::binary) << drawing_with_attributes();
+        add_session_commands(editor());
+        add_file_commands(editor());
+        add_drawing_commands(editor());
         EXPECT_EQ(editor().documents.open(folder_ / "a.dxf"), L"");
         editor().variables.put(L"FILEDIA", 0);
     }
@@ -51,10 +54,9 @@ class DrawingCommands : public testing::Test {
     }
 
     std::wstring run(const wchar_t* command, std::deque<std::wstring> answers) {
-        ListCommandLine line(std::move(answers));
-        const CommandLineScope scope(line);
+        ListPerson person(std::move(answers));
         editor().processor.run(command);
-        return line.said;
+        return person.said;
     }
     /// Tags and texts of the attributes of all references, one line each.
     static std::string attributes() {
@@ -173,14 +175,12 @@ TEST_F(HeaderVariables, ChangeWithTheirCommand) {
 
 TEST_F(DrawingCommands, AskBeforeTheWindowsSessionEnds) {
     MainWindow window;
-    editor().main_window = window.window();
-    editor().scripted = true;
+    editor().window = &window;
     bool while_running = true;
     editor().processor.add_built_in(L"TSTEND", [&] { while_running = may_end_session(editor()); });
     const auto asked = [](const wchar_t* answer) {
-        ListCommandLine line({answer});
-        const CommandLineScope scope(line);
-        return std::to_wstring(may_end_session(editor()) ? 1 : 0) + line.said;
+        ListPerson person({answer});
+        return std::to_wstring(may_end_session(editor()) ? 1 : 0) + person.said;
     };
     EXPECT_EQ(asked(L"no"), L"1");
     run(L"tstend", {});
@@ -194,8 +194,7 @@ TEST_F(DrawingCommands, AskBeforeTheWindowsSessionEnds) {
     EnableWindow(window.window(), TRUE);
     EXPECT_EQ(asked(L"no"), L"0<\nDiscard the changes to a.dxf? [Yes/No] <No>: >");
     EXPECT_EQ(asked(L"yes"), L"1<\nDiscard the changes to a.dxf? [Yes/No] <No>: >");
-    editor().scripted = false;
-    editor().main_window = nullptr;
+    editor().window = nullptr;
 }
 
 TEST_F(DrawingCommands, InsertNoLayouts) {
@@ -242,16 +241,15 @@ TEST_F(DrawingCommands, SaveACopyOrTheDrawingItself) {
 }
 
 TEST_F(DrawingCommands, SayOnceHowMuchIsNotShown) {
-    ListCommandLine line;
-    const CommandLineScope scope(line);
+    ListPerson person;
     const dxf::Drawing& drawing = editor().documents.document()->drawing();
     DisplayList list;
     editor().say_left_out(drawing, list);
-    EXPECT_EQ(line.said, L"");
+    EXPECT_EQ(person.said, L"");
     list.left_out = 2;
     editor().say_left_out(drawing, list);
     editor().say_left_out(drawing, list);
-    EXPECT_EQ(line.said, L"\nNot shown, or not whole: 2 entities, which would take too much memory or time.");
+    EXPECT_EQ(person.said, L"\nNot shown, or not whole: 2 entities, which would take too much memory or time.");
 }
 
 TEST_F(DrawingCommands, TellHowFarTheDrawingReaches) {
@@ -261,10 +259,10 @@ TEST_F(DrawingCommands, TellHowFarTheDrawingReaches) {
         const dxf::Drawing& drawing = editor().documents.document()->drawing();
         return PaneContent{&drawing, drawing.edits_made()};
     });
-    editor().view = &window.view().pane();
+    editor().window = &window;
     EXPECT_EQ(editor().variables.get(L"EXTMIN"), VariableValue(Point{3, 4, 0}));
     EXPECT_EQ(editor().variables.get(L"EXTMAX"), VariableValue(Point{10, 20, 0}));
-    editor().view = nullptr;
+    editor().window = nullptr;
     run(L"saveas", {(folder_ / "b.dxf").wstring()});
     EXPECT_EQ(fs::file_size(folder_ / "b.dxf"), drawing_with_attributes().size()) << "the header says what it said";
 }

@@ -2,8 +2,7 @@
 #include <gmock/gmock.h>
 
 #include "platform/host/app/options.h"
-#include "platform/host/editor/command_name.h"
-#include "platform/host/editor/keywords.h"
+#include "platform/host/prompt/keywords.h"
 #include "platform/host/editor/system_variables.h"
 #include "platform/host/prompt/input_text.h"
 
@@ -68,7 +67,6 @@ TEST(Keywords, TakeAbbreviations) {
     EXPECT_EQ(keywords.match(L"e"), L"");
     EXPECT_EQ(keywords.match(L"loads"), L"");
     EXPECT_EQ(keywords.match(L""), L"");
-    EXPECT_TRUE(Keywords(L" ").empty());
 }
 
 TEST(SystemVariables, KeepTypesLimitsAndAccess) {

@@ -9,8 +9,10 @@
 #include "acedads.h"
 #include "dbapserv.h"
 #include "platform/host/database/insert_block.h"
+#include "platform/host/editor/commands.h"
 #include "platform/host/editor/document.h"
 #include "platform/host/editor/editor.h"
+#include "tests/host/list_person.h"
 
 namespace host {
 namespace {
@@ -19,20 +21,12 @@ constexpr char drawing[] =
     "  0\nSECTION\n  2\nBLOCKS\n  0\nBLOCK\n  8\n0\n  2\nDOOR\n 70\n     0\n  0\nLINE\n  8\n0\n  0\nENDBLK\n  8\n0\n"
     "  0\nENDSEC\n  0\nSECTION\n  2\nENTITIES\n  0\nPOINT\n  8\n0\n  0\nENDSEC\n  0\nEOF\n";
 
-/// Nobody answers; what is printed is kept.
-class SilentLine final : public CommandLine {
-  public:
-    Answer prompt(std::wstring_view) override { return {}; }
-    void print(std::wstring_view text) override { printed += text; }
-    void report(std::wstring_view problem) override { printed += problem; }
-    std::wstring printed;
-};
-
 class Undo : public testing::Test {
   protected:
     Undo()
-        : file_(std::filesystem::temp_directory_path() / ("undo_" + std::to_string(GetCurrentProcessId()) + ".dxf")),
-          scope_(line_) {
+        : file_(std::filesystem::temp_directory_path() / ("undo_" + std::to_string(GetCurrentProcessId()) + ".dxf")) {
+        add_drawing_commands(editor());
+        add_view_commands(editor());
         std::ofstream(file_, std::ios::binary) << drawing;
         EXPECT_EQ(editor().documents.open(file_), L"");
         editor().processor.add_built_in(L"TSTINSERT", [] {
@@ -74,8 +68,7 @@ class Undo : public testing::Test {
     }
 
     std::filesystem::path file_;
-    SilentLine line_;
-    CommandLineScope scope_;
+    ListPerson person_;
 };
 
 TEST_F(Undo, TakesChangingCommandsBackOneByOne) {
@@ -90,7 +83,7 @@ TEST_F(Undo, TakesChangingCommandsBackOneByOne) {
     EXPECT_EQ(entities(), 1);
     EXPECT_FALSE(editor().documents.document()->changed()) << "all is as it was";
     run(L"U");
-    EXPECT_EQ(line_.printed, L"\nTSTINSERT\nTSTINSERT\nNothing to undo.");
+    EXPECT_EQ(person_.said, L"\nTSTINSERT\nTSTINSERT\nNothing to undo.");
 }
 
 TEST_F(Undo, FreesTheNamesOfBlocks) {

@@ -10,13 +10,13 @@
 #include <sstream>
 #include <vector>
 
-#include "platform/host/editor/history.h"
+#include "platform/host/editor/editor.h"
 #include "platform/host/editor/main_window.h"
 #include "platform/host/editor/posted_input.h"
 #include "platform/host/editor/script.h"
-#include "platform/host/editor/typed_command_line.h"
-#include "platform/host/editor/window_class.h"
-#include "platform/host/view/window_picture.h"
+#include "platform/host/editor/window_person.h"
+#include "platform/host/view/window_class.h"
+#include "platform/host/view/png_file.h"
 
 namespace host {
 namespace {
@@ -41,9 +41,7 @@ void type_at(HWND window, const wchar_t* text, int end_key) {
 TEST(MainWindow, TakesAnswersThatAPersonTypes) {
     std::wstring name = L"plan.dxf";
     MainWindow window([] { return PaneContent(); }, [&name] { return name; });
-    History history;
-    history.attach(&window);
-    TypedCommandLine line(window, history);
+    WindowPerson line(window, editor().processor);
     const std::vector<HWND> fields = edit_fields(window.window());
     ASSERT_EQ(fields.size(), 2u) << "the history and the line";
     window.update_title();

@@ -7,29 +7,14 @@
 #include "common/module_path.h"
 #include "platform/host/editor/editor.h"
 #include "platform/host/editor/modal_dialog.h"
-#include "platform/host/prompt/command_line.h"
 #include "resources/resource.h"
+#include "tests/host/list_person.h"
 #include "tests/shell/small_drawing.h"
 
 namespace test_support {
 namespace {
 
 constexpr UINT answer_interval = 10;  // milliseconds
-
-class FileAnswer final : public host::CommandLine {
-  public:
-    explicit FileAnswer(const std::wstring& file) : file_(file) {}
-
-    host::Answer prompt(std::wstring_view) override {
-        const std::wstring file = std::exchange(file_, L"");
-        return {file.empty() ? host::Answer::cancel : host::Answer::line, file};
-    }
-    void print(std::wstring_view) override {}
-    void report(std::wstring_view) override {}
-
-  private:
-    std::wstring file_;
-};
 
 }  // namespace
 
@@ -90,8 +75,7 @@ OpenTemplate::~OpenTemplate() {
 }
 
 void OpenTemplate::press(int id, const std::wstring& file) {
-    FileAnswer answer(file);
-    const host::CommandLineScope scope(answer);
+    const host::ListPerson person(file.empty() ? std::deque<std::wstring>() : std::deque{file});
     const HWND button = control(id);
     if (::IsWindowEnabled(button) != 0) {
         ::SetFocus(button);

@@ -2,11 +2,11 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/host/editor/argument_command_line.h"
+#include "platform/host/editor/commands.h"
 #include "platform/host/editor/editor.h"
-#include "platform/host/editor/history.h"
 #include "platform/host/editor/main_window.h"
-#include "platform/host/editor/typed_command_line.h"
+#include "platform/host/editor/window_person.h"
+#include "tests/host/list_person.h"
 #include "tests/view/described_list.h"
 
 namespace host {
@@ -22,13 +22,12 @@ class DrawingPaneTest : public testing::Test {
           window_([this] {
               return PaneContent{drawing_.get(), edits_};
           }) {
-        history_.attach(&window_);
         window_.show();
         run_messages();
     }
 
-    DrawingPane& pane() { return window_.view().pane(); }
-    HWND view() { return window_.view().window(); }
+    DrawingPane& pane() { return window_.pane(); }
+    HWND view() { return pane().window(); }
     POINT pixel(double x, double y) {
         const Vec2 at = pane().view().to_pixel({x, y});
         return {static_cast<LONG>(at.x), static_cast<LONG>(at.y)};
@@ -71,7 +70,7 @@ class DrawingPaneTest : public testing::Test {
     std::unique_ptr<dxf::Drawing> drawing_;
     uint64_t edits_ = 0;
     MainWindow window_;
-    History history_;
+    WindowPerson person_{window_, editor().processor};
     int width_ = 0;
 };
 
@@ -99,23 +98,23 @@ TEST_F(DrawingPaneTest, ComplementingVectorsUndoThemselves) {
     const std::vector<COLORREF> before = screen();
     const Point from{10, 20, 0};
     const Point to{90, 20, 0};
-    window_.view().draw_vector(from, to, VectorOverlay::complement, false);
+    person_.draw_vector(from, to, VectorOverlay::complement, false);
     EXPECT_EQ(0xFFFFFFU, shown_at(50, 20));
     EXPECT_EQ(0U, shown_at(40, 15));
     InvalidateRect(view(), nullptr, FALSE);
     EXPECT_EQ(0xFFFFFFU, shown_at(50, 20)) << "they outlast being covered";
     // Where two cross, or one crosses the drawing, the pixel turns back.
-    window_.view().draw_vector({50, 0, 0}, {50, 40, 0}, VectorOverlay::complement, false);
+    person_.draw_vector({50, 0, 0}, {50, 40, 0}, VectorOverlay::complement, false);
     EXPECT_EQ(0U, shown_at(50, 20));
-    window_.view().draw_vector({50, 40, 0}, {50, 0, 0}, VectorOverlay::complement, false);
-    window_.view().draw_vector(from, to, VectorOverlay::complement, false);
+    person_.draw_vector({50, 40, 0}, {50, 0, 0}, VectorOverlay::complement, false);
+    person_.draw_vector(from, to, VectorOverlay::complement, false);
     EXPECT_EQ(before, screen());
 
     // The same with the frame of a table, dashed, while the person zooms in between.
     const Point corners[] = {{15, 15, 0}, {80, 15, 0}, {80, 60, 0}, {15, 60, 0}};
     const auto draw_frame = [&] {
         for (int i = 0; i < 4; ++i) {
-            window_.view().draw_vector(corners[i], corners[(i + 1) % 4], VectorOverlay::complement, true);
+            person_.draw_vector(corners[i], corners[(i + 1) % 4], VectorOverlay::complement, true);
         }
     };
     draw_frame();
@@ -126,7 +125,7 @@ TEST_F(DrawingPaneTest, ComplementingVectorsUndoThemselves) {
     pane().set_view(whole);
     EXPECT_EQ(before, screen());
 
-    window_.view().draw_vector(from, to, 1, false);
+    person_.draw_vector(from, to, 1, false);
     EXPECT_EQ(0xFF0000U, shown_at(50, 20)) << "other colours are what they are";
     pane().redraw();
     EXPECT_EQ(before, screen());
@@ -139,7 +138,7 @@ TEST_F(DrawingPaneTest, ThePointerLeavesNoTrace) {
                                         PointerGuide::Kind::line,   PointerGuide::Kind::rectangle,
                                         PointerGuide::Kind::window, PointerGuide::Kind::crossing};
     for (const PointerGuide::Kind kind : kinds) {
-        const PointerGuideScope scope({kind, {30, 30}});
+        pane().update({kind, {30, 30}});
         for (const POINT at : {pixel(10, 70), pixel(60, 30), pixel(30, 30), pixel(80, 90)}) {
             SendMessageW(view(), WM_MOUSEMOVE, 0, packed(at));
         }
@@ -161,7 +160,7 @@ TEST_F(DrawingPaneTest, LosesThePointerToTheOtherPartsOfTheWindow) {
 
 TEST_F(DrawingPaneTest, DashesTheRectangleThatSelectsWhatItTouches) {
     const auto top_side = [this](PointerGuide::Kind kind, double x) {
-        const PointerGuideScope scope({kind, {30, 95}});
+        pane().update({kind, {30, 95}});
         SendMessageW(view(), WM_MOUSEMOVE, 0, packed(pixel(x, 90)));
         const WindowContext context(view());
         const POINT start = pixel(30, 95);
@@ -211,27 +210,24 @@ TEST_F(DrawingPaneTest, ZoomsAndPansUnderThePointer) {
 }
 
 TEST_F(DrawingPaneTest, AnswersQuestionsForPoints) {
-    TypedCommandLine line(window_, history_);
     {
-        const PointerGuideScope scope({PointerGuide::Kind::crosshair, {}});
+        const PointerGuide point{PointerGuide::Kind::crosshair, {}};
         post(WM_LBUTTONDOWN, pixel(20, 80));
-        const std::optional<Point> picked = parse_point(line.prompt(L"\nPoint: ").text);
+        const std::optional<Point> picked = parse_point(person_.prompt(L"\nPoint: ", point).text);
         ASSERT_TRUE(picked);
         EXPECT_NEAR(20, picked->x, 1 / pane().view().pixels_per_unit());
         EXPECT_NEAR(80, picked->y, 1 / pane().view().pixels_per_unit());
         post(WM_RBUTTONDOWN, pixel(20, 80));
-        EXPECT_EQ(Answer::return_only, line.prompt(L"\nPoint: ").kind);
+        EXPECT_EQ(Answer::return_only, person_.prompt(L"\nPoint: ", point).kind);
     }
     post(WM_LBUTTONDOWN, pixel(20, 80));  // nobody wants a point now
     post(WM_RBUTTONDOWN, pixel(20, 80));
-    EXPECT_EQ(Answer::return_only, line.prompt(L"\nCommand: ").kind);
+    EXPECT_EQ(Answer::return_only, person_.prompt(L"\nCommand: ").kind);
 }
 
 TEST_F(DrawingPaneTest, EndsASelectionWhereTheButtonIsLetGo) {
-    TypedCommandLine line(window_, history_);
     const auto answer = [&](PointerGuide::Kind kind) {
-        const PointerGuideScope scope({kind, {20, 80}});
-        const Answer given = line.prompt(L"\nCorner: ");
+        const Answer given = person_.prompt(L"\nCorner: ", {kind, {20, 80}});
         const std::optional<Point> point = parse_point(given.text);
         return (point ? std::to_string(std::lround(point->x)) : "none") + (given.with_shift ? " shift" : "");
     };
@@ -273,14 +269,13 @@ TEST_F(DrawingPaneTest, GivesEventsToFollowThePointer) {
 }
 
 TEST_F(DrawingPaneTest, FollowsTheCommandsForLooking) {
-    TypedCommandLine line(window_, history_);
-    editor().view = &pane();
+    add_view_commands(editor());
+    editor().window = &window_;
     /// Whether the command took all answers and refused none.
-    const auto run = [&line](const wchar_t* command, std::deque<std::wstring> answers) {
-        ArgumentCommandLine arguments(std::move(answers), line);
-        const CommandLineScope scope(arguments);
-        return editor().processor.run_built_in(command) && !arguments.ran_out() && !arguments.refused() &&
-               arguments.left_over() == 0;
+    const auto run = [](const wchar_t* command, std::deque<std::wstring> answers) {
+        const ListPerson person(std::move(answers));
+        return editor().processor.run_built_in(command) && !person.has_more() &&
+               person.said.find(L'!') == std::wstring::npos;
     };
     const double whole = pane().view().pixels_per_unit();
     const Vec2 middle = pane().view().centre();
@@ -306,15 +301,13 @@ TEST_F(DrawingPaneTest, FollowsTheCommandsForLooking) {
     EXPECT_TRUE(run(L"BACKGROUND", {L"w"}));
     EXPECT_EQ(0xFFFFFFU, shown_at(50, 50));
     EXPECT_FALSE(run(L"BACKGROUND", {L"Green"}));
-    editor().view = nullptr;
+    editor().window = nullptr;
 }
 
 TEST_F(DrawingPaneTest, DashesTheSelectionUntilItIsDone) {
     const std::vector<COLORREF> before = screen();
-    set_selection_display(&pane());
+    person_.show_selected({drawing_->entities()[0]});
     {
-        SelectionShown shown;
-        shown.show({drawing_->entities()[0]});
         const std::vector<COLORREF> selected = screen();
         const auto lit = [](const std::vector<COLORREF>& pixels) {
             return std::count(pixels.begin(), pixels.end(), COLORREF{0xFFFFFF});
@@ -322,7 +315,7 @@ TEST_F(DrawingPaneTest, DashesTheSelectionUntilItIsDone) {
         EXPECT_LT(lit(selected), lit(before) * 3 / 4);
         EXPECT_EQ(0xFFFFFFU, shown_at(75, 50)) << "the circle is not selected";
     }
-    set_selection_display(nullptr);
+    person_.show_selected({});
     EXPECT_EQ(before, screen());
 }
 

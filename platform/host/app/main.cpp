@@ -7,18 +7,14 @@
 
 #include "base/code_page.h"
 #include "platform/host/app/options.h"
+#include "platform/host/editor/commands.h"
 #include "platform/host/editor/dialog_driver.h"
 #include "platform/host/editor/document.h"
 #include "platform/host/editor/editor.h"
-#include "platform/host/editor/file_commands.h"
 #include "platform/host/editor/main_window.h"
 #include "platform/host/editor/program_name.h"
+#include "platform/host/editor/script_person.h"
 #include "platform/host/editor/script_run.h"
-#include "platform/host/editor/scripted_command_line.h"
-#include "platform/host/editor/transparent_command_line.h"
-#include "platform/host/editor/typed_command_line.h"
-#include "platform/host/editor/watchdog.h"
-#include "platform/host/editor/window_events.h"
 
 namespace host {
 namespace {
@@ -35,27 +31,18 @@ int fail(const std::wstring& line) {
 /// drawing.
 class WindowAttachment final : public AcApDocManagerReactor {
   public:
-    WindowAttachment(MainWindow& window, const Options& options) : window_(window) {
+    explicit WindowAttachment(MainWindow& window) : window_(window) {
         acDocManagerPtr()->addReactor(this);
         main_.Attach(window.window());
         program_.m_pMainWnd = &main_;
-        editor().main_window = window.window();
-        editor().view = &window.view().pane();
-        window.view().pane().on_new_list(
+        editor().window = &window;
+        window.pane().on_new_list(
             [](const dxf::Drawing& drawing, const DisplayList& list) { editor().say_left_out(drawing, list); });
-        set_vector_display(&window.view());
-        set_selection_display(&window.view().pane());
-        editor().history.attach(&window);
-        editor().history.echo_to_standard_error(options.verbose);
     }
     ~WindowAttachment() override {
         acDocManagerPtr()->removeReactor(this);
-        set_selection_display(nullptr);
-        set_vector_display(nullptr);
-        window_.view().pane().on_new_list({});
-        editor().view = nullptr;
-        editor().main_window = nullptr;
-        editor().history.attach(nullptr);
+        window_.pane().on_new_list({});
+        editor().window = nullptr;
         program_.m_pMainWnd = nullptr;
         main_.Detach();
     }
@@ -64,7 +51,7 @@ class WindowAttachment final : public AcApDocManagerReactor {
 
     void documentActivated(AcApDocument*) override {
         window_.update_title();
-        window_.view().pane().drawing_opened();
+        window_.pane().drawing_opened();
     }
     void documentTitleUpdated(AcApDocument*) override { window_.update_title(); }
 
@@ -92,7 +79,7 @@ std::wstring current_name() {
 
 void run_command(const std::wstring& typed) {
     editor().processor.run(typed);
-    editor().view->update();
+    editor().view()->update();
     for (LONG count = 0; AfxGetApp()->OnIdle(count); ++count) {
     }
 }
@@ -102,19 +89,15 @@ bool may_end_session_now() {
     try {
         return may_end_session(editor());
     } catch (const std::exception& exception) {
-        command_line().report(base::wide_from_utf8(exception.what()));
+        person().report(base::wide_from_utf8(exception.what()));
         return false;
     }
 }
 
 void run_commands_of_person(MainWindow& window) {
     window.ask_before_session_ends(may_end_session_now);
-    TypedCommandLine typed(window, editor().history);
-    TransparentCommandLine line(typed, editor().processor);
-    const CommandLineScope scope(line);
-    const WindowEvents events(window);
     while (!editor().quit_requested) {
-        const Answer answer = line.prompt(L"\nCommand: ");
+        const Answer answer = person().prompt(L"\nCommand: ");
         if (answer.kind == Answer::line) {
             run_command(answer.text);
         } else if (window.close_requested()) {
@@ -137,13 +120,13 @@ std::wstring read_script_file(const std::wstring& path, Script& script) {
 }
 
 /// The failure, or an empty text.
-std::wstring run_script(ScriptRun& run) {
-    ScriptedCommandLine scripted(run, editor().history);
-    TransparentCommandLine line(scripted, editor().processor);
-    const CommandLineScope scope(line);
+std::wstring run_script(ScriptRun& run, MainWindow& window, bool verbose) {
+    ScriptPerson script(run, window, editor().processor, verbose);
+    const PersonScope scope(script);
     const DialogDriver driver(run);
+    editor().variables.put(L"FILEDIA", 0);
     while (!run.failed() && !run.at_end() && !editor().quit_requested) {
-        const Answer answer = line.prompt(L"\nCommand: ");
+        const Answer answer = person().prompt(L"\nCommand: ");
         if (answer.kind == Answer::line) {
             run_command(answer.text);
         }
@@ -175,9 +158,13 @@ int run_program(const Options& options) {
         return fail(problem);
     }
     MainWindow window(current_content, current_name);
-    WindowAttachment attachment(window, options);
-    TypedCommandLine messages(window, editor().history);
-    const CommandLineScope scope(messages);
+    const WindowAttachment attachment(window);
+    WindowPerson at_window(window, editor().processor, options.verbose);
+    const PersonScope scope(at_window);
+    add_session_commands(editor());
+    add_file_commands(editor());
+    add_drawing_commands(editor());
+    add_view_commands(editor());
     ScriptRun run(std::move(script));
     const std::unique_ptr<Watchdog> watchdog =
         options.script.empty() ? nullptr : std::make_unique<Watchdog>(run, std::chrono::seconds(options.stall_seconds));
@@ -188,9 +175,7 @@ int run_program(const Options& options) {
     if (problem.empty() && options.script.empty()) {
         run_commands_of_person(window);
     } else if (problem.empty()) {
-        editor().scripted = true;
-        editor().variables.put(L"FILEDIA", 0);
-        problem = run_script(run);
+        problem = run_script(run, window, options.verbose);
     }
     editor().documents.close();
     editor().modules.quit();

@@ -3,7 +3,7 @@
 #include <string>
 
 #include "acutads.h"
-#include "platform/host/prompt/command_line.h"
+#include "platform/host/prompt/person.h"
 
 namespace {
 
@@ -39,6 +39,6 @@ int acutPrintf(const ACHAR* format, ...) {
         return RTERROR;
     }
     text.resize(static_cast<size_t>(length));
-    host::command_line().print(text);
+    host::person().print(text);
     return RTNORM;
 }

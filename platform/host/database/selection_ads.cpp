@@ -108,7 +108,7 @@ std::optional<std::vector<dxf::RecordId>> select_by(const std::wstring& method, 
 
 int ask_user(host::DatabaseStore& store, host::EntitySelector& selector, const host::SelectionFilter& filter,
              bool single, ads_name set) {
-    host::SelectionPrompt prompt(selector, filter, store.drawing(), host::command_line(), single);
+    host::SelectionPrompt prompt(selector, filter, store.drawing(), host::person(), single);
     if (!prompt.ask()) {
         return RTCAN;
     }

@@ -45,11 +45,16 @@ std::optional<AcGePoint3d> read_point(std::wstring_view text) {
 }  // namespace
 
 SelectionPrompt::SelectionPrompt(EntitySelector& selector, const SelectionFilter& filter, const dxf::Drawing& drawing,
-                                 CommandLine& line, bool single)
-    : selector_(selector), filter_(filter), drawing_(drawing), line_(line), single_(single) {}
+                                 Person& person, bool single)
+    : selector_(selector), filter_(filter), drawing_(drawing), person_(person), single_(single) {}
+
+SelectionPrompt::~SelectionPrompt() {
+    if (shown_) {
+        person_.show_selected({});
+    }
+}
 
 bool SelectionPrompt::ask() {
-    const PointerGuideScope guide({PointerGuide::Kind::pick_box, {}});
     for (;;) {
         const Answer answer = next_answer();
         if (answer.kind == Answer::cancel) {
@@ -57,7 +62,7 @@ bool SelectionPrompt::ask() {
         }
         if (answer.kind == Answer::return_only) {
             if (selected_.empty()) {
-                line_.print(L"\nNothing selected.");
+                person_.print(L"\nNothing selected.");
             }
             return true;
         }
@@ -75,7 +80,8 @@ Answer SelectionPrompt::next_answer() {
     if (option_) {
         return *std::exchange(option_, std::nullopt);
     }
-    return line_.prompt(removing_ ? L"\nRemove objects: " : L"\nSelect objects: ");
+    return person_.prompt(removing_ ? L"\nRemove objects: " : L"\nSelect objects: ",
+                          {PointerGuide::Kind::pick_box, {}});
 }
 
 bool SelectionPrompt::take_answer(std::wstring_view answer) {
@@ -113,8 +119,7 @@ bool SelectionPrompt::take_point(const AcGePoint3d& point) {
 
 SelectionPrompt::Corner SelectionPrompt::ask_corner(std::wstring_view prompt, const PointerGuide& guide,
                                                     AcGePoint3d& corner) {
-    const PointerGuideScope scope(guide);
-    const Answer answer = line_.prompt(prompt);
+    const Answer answer = person_.prompt(prompt, guide);
     if (answer.kind == Answer::cancel) {
         return Corner::cancelled;
     }
@@ -124,7 +129,7 @@ SelectionPrompt::Corner SelectionPrompt::ask_corner(std::wstring_view prompt, co
     }
     const auto point = answer.kind == Answer::line ? read_point(answer.text) : std::nullopt;
     if (!point) {
-        line_.report(L"Invalid point.");
+        person_.report(L"Invalid point.");
         return Corner::none;
     }
     corner = *point;
@@ -140,7 +145,7 @@ bool SelectionPrompt::take_rectangle(std::wstring_view kind) {
 
 bool SelectionPrompt::take_opposite(const AcGePoint3d& first, std::wstring_view kind) {
     AcGePoint3d second;
-    const PointerGuide rectangle{guide_of(kind), {first.x, first.y}};
+    const PointerGuide rectangle{guide_of(kind), {first.x, first.y, first.z}};
     const Corner given = ask_corner(L"\nSpecify opposite corner: ", rectangle, second);
     if (given == Corner::given) {
         const bool window = kind == L"window" || (kind == L"box" && second.x >= first.x);
@@ -152,7 +157,7 @@ bool SelectionPrompt::take_opposite(const AcGePoint3d& first, std::wstring_view 
 void SelectionPrompt::take_previous() {
     const std::vector<dxf::RecordId> previous = selector_.previous();
     if (previous.empty()) {
-        line_.print(L"\nNo previous selection set.");
+        person_.print(L"\nNo previous selection set.");
     } else {
         take(previous);
     }
@@ -167,10 +172,10 @@ void SelectionPrompt::take(const std::vector<dxf::RecordId>& found) {
     print_result(accepted.size(), changed.size());
     const size_t filtered = found.size() - accepted.size();
     if (filtered != 0) {
-        line_.print(L"\n" + std::to_wstring(filtered) + (filtered == 1 ? L" was" : L" were") + L" filtered out.");
+        person_.print(L"\n" + std::to_wstring(filtered) + (filtered == 1 ? L" was" : L" were") + L" filtered out.");
     }
     steps_.push_back({taking_out_, std::move(changed)});
-    shown_.show(selected_.records());
+    show();
 }
 
 void SelectionPrompt::print_result(size_t found, size_t changed) {
@@ -183,12 +188,12 @@ void SelectionPrompt::print_result(size_t found, size_t changed) {
     if (!steps_.empty()) {
         text += L", " + std::to_wstring(selected_.records().size()) + L" total";
     }
-    line_.print(text);
+    person_.print(text);
 }
 
 void SelectionPrompt::undo() {
     if (steps_.empty()) {
-        line_.print(L"\nEverything has been undone.");
+        person_.print(L"\nEverything has been undone.");
         return;
     }
     const Step step = std::move(steps_.back());
@@ -198,11 +203,16 @@ void SelectionPrompt::undo() {
     } else {
         selected_.remove(step.records);
     }
-    shown_.show(selected_.records());
+    show();
+}
+
+void SelectionPrompt::show() {
+    shown_ = true;
+    person_.show_selected(selected_.records());
 }
 
 void SelectionPrompt::refuse() {
-    line_.report(L"*Invalid selection*\nExpects a point or Window/Last/Crossing/BOX/ALL/Add/Remove/Previous/Undo");
+    person_.report(L"*Invalid selection*\nExpects a point or Window/Last/Crossing/BOX/ALL/Add/Remove/Previous/Undo");
 }
 
 }  // namespace host

@@ -7,8 +7,7 @@
 
 #include "platform/host/database/entity_selector.h"
 #include "platform/host/database/selection_set.h"
-#include "platform/host/prompt/command_line.h"
-#include "platform/host/view/pointer_guide.h"
+#include "platform/host/prompt/person.h"
 
 namespace host {
 
@@ -19,7 +18,10 @@ class SelectionPrompt {
   public:
     /// `single`: one answer that finds something is enough.
     SelectionPrompt(EntitySelector& selector, const SelectionFilter& filter, const dxf::Drawing& drawing,
-                    CommandLine& line, bool single = false);
+                    Person& person, bool single = false);
+    ~SelectionPrompt();
+    SelectionPrompt(const SelectionPrompt&) = delete;
+    SelectionPrompt& operator=(const SelectionPrompt&) = delete;
 
     /// False when the user cancelled.
     bool ask();
@@ -43,20 +45,21 @@ class SelectionPrompt {
     void take(const std::vector<dxf::RecordId>& found);
     void take_previous();
     void undo();
+    void show();
     void print_result(size_t found, size_t changed);
     void refuse();
 
     EntitySelector& selector_;
     const SelectionFilter& filter_;
     const dxf::Drawing& drawing_;
-    CommandLine& line_;
+    Person& person_;
     bool single_;
     bool removing_ = false;
     bool taking_out_ = false;       ///< by the answer that is being seen to: removing_, or with Shift
     std::optional<Answer> option_;  ///< given in place of a corner
     SelectionSet selected_;
     std::vector<Step> steps_;
-    SelectionShown shown_;
+    bool shown_ = false;  ///< as selected, for as long as this object lives
 };
 
 }  // namespace host

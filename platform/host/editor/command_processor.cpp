@@ -9,7 +9,7 @@
 #include "platform/host/editor/command_stack.h"
 #include "platform/host/editor/document.h"
 #include "platform/host/editor/document_manager.h"
-#include "platform/host/prompt/command_line.h"
+#include "platform/host/prompt/person.h"
 
 namespace host {
 namespace {
@@ -28,10 +28,6 @@ std::wstring unknown_command(std::wstring_view name) {
 
 void CommandProcessor::add_built_in(std::wstring name, std::function<void()> body, bool transparent) {
     built_in_[std::move(name)] = {std::move(body), transparent};
-}
-
-bool CommandProcessor::has_built_in(std::wstring_view name) const {
-    return built_in_.find(in_capitals(name)) != built_in_.end();
 }
 
 CommandProcessor::Command CommandProcessor::find(const CommandName& typed) const {
@@ -57,7 +53,7 @@ void CommandProcessor::run(std::wstring_view typed) {
     }
     const Command command = find(name);
     if (!command.body) {
-        command_line().report(unknown_command(name.name));
+        person().report(unknown_command(name.name));
         return;
     }
     if (documents_.document() != nullptr) {
@@ -66,16 +62,21 @@ void CommandProcessor::run(std::wstring_view typed) {
     execute(command);
 }
 
-void CommandProcessor::run_transparent(std::wstring_view typed) {
+bool CommandProcessor::run_transparent(std::wstring_view typed) {
     const CommandName name = parse_command_name(typed);
+    if (!is_busy() || !name.transparent) {
+        return false;
+    }
     const Command command = find(name);
     if (!command.body) {
-        command_line().report(unknown_command(name.name));
+        person().report(unknown_command(name.name));
     } else if (!command.transparent) {
-        command_line().report(command.name + L" cannot run while another command is active.");
+        person().report(command.name + L" cannot run while another command is active.");
     } else {
         execute(command);
     }
+    person().print(L"\nResuming " + running_names() + L" command.");
+    return true;
 }
 
 bool CommandProcessor::run_built_in(std::wstring_view typed) {
@@ -102,10 +103,10 @@ void CommandProcessor::execute(const Command& command) {
     }
     running_.pop_back();
     if (!problem.empty()) {
-        command_line().report(command.name + L" ended with an exception" + problem);
+        person().report(command.name + L" ended with an exception" + problem);
     }
     if (!documents_.restore_resource_depth(resource_depth)) {
-        command_line().report(command.name + L" left the resource handles unbalanced.");
+        person().report(command.name + L" left the resource handles unbalanced.");
     }
     if (running_.empty() && ending_) {
         ending_();

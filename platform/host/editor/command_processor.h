@@ -10,7 +10,7 @@
 #include <utility>
 #include <vector>
 
-#include "platform/host/editor/command_name.h"
+#include "platform/host/prompt/keywords.h"
 #include "rxdefs.h"
 
 namespace host {
@@ -25,15 +25,15 @@ class CommandProcessor {
 
     /// Adds a command of the host. The name is in capitals. A transparent one may run while another command waits.
     void add_built_in(std::wstring name, std::function<void()> body, bool transparent = false);
-    bool has_built_in(std::wstring_view name) const;
     /// What is to be done whenever a command that ran inside no other has ended, as the last part of it.
     void after_each(std::function<void()> ending) { ending_ = std::move(ending); }
 
     /// Runs what was typed at the "Command:" prompt. Unknown names, and commands that end with an exception, are
     /// reported on the command line; the host goes on. What the command does to the drawing is one step for UNDO.
     void run(std::wstring_view typed);
-    /// Runs what was typed, with "'", while another command waits. A command that is not transparent is refused.
-    void run_transparent(std::wstring_view typed);
+    /// Runs what was typed where another command waits for an answer, when it begins with "'"; refuses a command that
+    /// is not transparent. False when it is an answer.
+    bool run_transparent(std::wstring_view typed);
     /// Runs one of the host's own commands for acedCommand; false when there is none of that name.
     bool run_built_in(std::wstring_view typed);
 

@@ -5,8 +5,8 @@
 #include "base/code_page.h"
 #include "platform/host/editor/cell_query.h"
 #include "platform/host/editor/wildcard.h"
-#include "platform/host/editor/window_class.h"
-#include "platform/host/view/window_picture.h"
+#include "platform/host/view/window_class.h"
+#include "platform/host/view/png_file.h"
 
 namespace host {
 namespace {

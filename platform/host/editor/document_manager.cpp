@@ -5,7 +5,7 @@
 #include <algorithm>
 
 #include "platform/host/editor/document.h"
-#include "platform/host/prompt/command_line.h"
+#include "platform/host/prompt/person.h"
 
 ACRX_NO_CONS_DEFINE_MEMBERS(AcApDocument, AcRxObject)
 ACRX_NO_CONS_DEFINE_MEMBERS(AcApDocumentIterator, AcRxObject)
@@ -142,7 +142,7 @@ void DocumentManager::pushResourceHandle(HINSTANCE resources) {
 
 void DocumentManager::popResourceHandle() {
     if (resources_.empty()) {
-        command_line().report(L"popResourceHandle was called without a handle pushed.");
+        person().report(L"popResourceHandle was called without a handle pushed.");
         return;
     }
     AfxSetResourceHandle(resources_.back());

@@ -2,12 +2,9 @@
 
 #include "base/case_folding.h"
 #include "platform/host/dxf/drawing.h"
-#include "platform/host/editor/built_in_commands.h"
 #include "platform/host/editor/document.h"
-#include "platform/host/editor/file_commands.h"
-#include "platform/host/editor/undo_commands.h"
-#include "platform/host/editor/view_commands.h"
-#include "platform/host/view/drawing_pane.h"
+#include "platform/host/editor/main_window.h"
+#include "platform/host/prompt/person.h"
 
 namespace host {
 namespace {
@@ -28,9 +25,9 @@ int active_command_bits(const Editor& editor) {
     constexpr int transparent = 2;
     constexpr int script = 4;
     constexpr int dialog = 8;
-    const bool dialog_is_up = editor.main_window != nullptr && IsWindowEnabled(editor.main_window) == 0;
+    const bool dialog_is_up = editor.window != nullptr && IsWindowEnabled(editor.main_window()) == 0;
     return (editor.processor.is_busy() ? ordinary : 0) |
-           (editor.processor.runs_transparent_command() ? transparent : 0) | (editor.scripted ? script : 0) |
+           (editor.processor.runs_transparent_command() ? transparent : 0) | (person().is_script() ? script : 0) |
            (dialog_is_up ? dialog : 0);
 }
 
@@ -50,7 +47,7 @@ std::wstring current_folder(const Editor& editor) {
 /// A corner of what the drawing's current space shows; beyond all points, the wrong way round, when it shows nothing.
 VariableValue extents_corner(const Editor& editor, bool upper) {
     constexpr double beyond = 1e20;
-    const Box2 extents = editor.view != nullptr ? editor.view->list().extents() : Box2();
+    const Box2 extents = editor.window != nullptr ? editor.view()->list().extents() : Box2();
     if (extents.empty()) {
         return upper ? Point{-beyond, -beyond, -beyond} : Point{beyond, beyond, beyond};
     }
@@ -104,10 +101,19 @@ Editor::Editor()
     compute_variables(*this);
     restrict_variables(*this);
     processor.after_each([this] { store_variables(); });
-    add_built_in_commands(*this);
-    add_file_commands(*this);
-    add_undo_commands(*this);
-    add_view_commands(*this);
+}
+
+HWND Editor::main_window() const {
+    return window != nullptr ? window->window() : nullptr;
+}
+
+DrawingPane* Editor::view() const {
+    return window != nullptr ? &window->pane() : nullptr;
+}
+
+void Editor::add_command(std::wstring name, void (*body)(Editor&), bool transparent) {
+    processor.add_built_in(
+        std::move(name), [this, body] { body(*this); }, transparent);
 }
 
 void Editor::opened(Document& document) {
@@ -125,9 +131,9 @@ void Editor::variable_was_set() {
 
 void Editor::say_left_out(const dxf::Drawing& drawing, const DisplayList& list) {
     if (list.left_out != 0 && std::exchange(said_left_out_of_, drawing.serial()) != drawing.serial()) {
-        command_line().print(L"\nNot shown, or not whole: " + std::to_wstring(list.left_out) +
-                             (list.left_out == 1 ? L" entity, which" : L" entities, which") +
-                             L" would take too much memory or time.");
+        person().print(L"\nNot shown, or not whole: " + std::to_wstring(list.left_out) +
+                       (list.left_out == 1 ? L" entity, which" : L" entities, which") +
+                       L" would take too much memory or time.");
     }
 }
 

@@ -7,8 +7,6 @@
 #include "platform/host/editor/command_stack.h"
 #include "platform/host/editor/document_manager.h"
 #include "platform/host/editor/drawing_variables.h"
-#include "platform/host/editor/history.h"
-#include "platform/host/editor/input_rules.h"
 #include "platform/host/editor/module_loader.h"
 #include "platform/host/editor/object_registry.h"
 #include "platform/host/editor/system_variables.h"
@@ -16,6 +14,7 @@
 namespace host {
 
 class DrawingPane;
+class MainWindow;
 struct DisplayList;
 
 class Editor {
@@ -24,20 +23,23 @@ class Editor {
 
     ObjectRegistry registry;
     SystemVariables variables;
-    History history;
-    InputRules input_rules;
     DrawingVariables drawing_variables{variables};
     DocumentManager documents;
     CommandStack commands;
     CommandProcessor processor{commands, documents};
     ModuleLoader modules{commands, processor, documents};
 
-    /// Null without a window, as is the view of the drawing in it.
-    HWND main_window = nullptr;
-    DrawingPane* view = nullptr;
-    bool scripted = false;
+    /// Null without one. Who sets it keeps it alive.
+    MainWindow* window = nullptr;
     /// QUIT was run: no command is asked for any more.
     bool quit_requested = false;
+
+    /// Null without a window, as is the view of the drawing in it.
+    HWND main_window() const;
+    DrawingPane* view() const;
+
+    /// Adds a command of the host. The name is in capitals. A transparent one may run while another command waits.
+    void add_command(std::wstring name, void (*body)(Editor&), bool transparent = false);
 
     /// To be called when a user or a module has set a variable. Those of the drawing reach it when the command that is
     /// running ends, so that one that is held at a value meanwhile is no change; what the database needs does at once.

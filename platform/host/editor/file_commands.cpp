@@ -1,12 +1,13 @@
-#include "platform/host/editor/file_commands.h"
+#include "platform/host/editor/commands.h"
 
 #include "base/case_folding.h"
 #include "platform/host/editor/document.h"
 #include "platform/host/editor/editor.h"
 #include "platform/host/editor/file_question.h"
-#include "platform/host/editor/keywords.h"
 #include "platform/host/editor/modal_dialog.h"
 #include "platform/host/editor/program_name.h"
+#include "platform/host/prompt/keywords.h"
+#include "platform/host/prompt/person.h"
 
 namespace host {
 namespace {
@@ -14,7 +15,7 @@ namespace {
 /// False after a report, when there is something to report.
 bool succeeded(const std::wstring& problem) {
     if (!problem.empty()) {
-        command_line().report(problem);
+        person().report(problem);
     }
     return problem.empty();
 }
@@ -23,7 +24,7 @@ bool succeeded(const std::wstring& problem) {
 Document* open_document(const Editor& editor) {
     Document* const document = editor.documents.document();
     if (document == nullptr) {
-        command_line().report(L"No drawing is open.");
+        person().report(L"No drawing is open.");
     }
     return document;
 }
@@ -39,7 +40,7 @@ bool report_saved(const std::filesystem::path& file, const std::wstring& problem
     if (!succeeded(problem)) {
         return false;
     }
-    command_line().print(L"\n" + std::filesystem::absolute(file).wstring() + L" saved.");
+    person().print(L"\n" + std::filesystem::absolute(file).wstring() + L" saved.");
     return true;
 }
 
@@ -101,7 +102,7 @@ void save_drawing_quickly(Editor& editor) {
 
 bool may_lose_changes(const Document& document) {
     const Answer answer =
-        command_line().prompt(L"\nDiscard the changes to " + std::wstring(document.docTitle()) + L"? [Yes/No] <No>: ");
+        person().prompt(L"\nDiscard the changes to " + std::wstring(document.docTitle()) + L"? [Yes/No] <No>: ");
     return answer.kind == Answer::line && Keywords(L"Yes No").match(answer.text) == L"Yes";
 }
 
@@ -113,11 +114,11 @@ bool may_leave_drawing(Editor& editor) {
     if (document == nullptr || !document->changed()) {
         return true;
     }
-    if (editor.scripted || editor.main_window == nullptr) {
+    if (person().is_script() || editor.window == nullptr) {
         return may_lose_changes(*document);
     }
     const std::wstring question = L"Save changes to " + document->path().wstring() + L"?";
-    switch (MessageBoxW(dialog_owner(editor.main_window), question.c_str(), program_name,
+    switch (MessageBoxW(dialog_owner(editor.main_window()), question.c_str(), program_name,
                         MB_YESNOCANCEL | MB_ICONWARNING)) {
         case IDYES:
             return save_drawing(editor, document->path());
@@ -129,7 +130,7 @@ bool may_leave_drawing(Editor& editor) {
 }
 
 bool may_end_session(Editor& editor) {
-    if (!editor.processor.is_busy() && IsWindowEnabled(editor.main_window) != 0) {
+    if (!editor.processor.is_busy() && IsWindowEnabled(editor.main_window()) != 0) {
         return may_leave_drawing(editor);
     }
     const Document* const document = editor.documents.document();
@@ -137,14 +138,11 @@ bool may_end_session(Editor& editor) {
 }
 
 void add_file_commands(Editor& editor) {
-    const auto add = [&editor](std::wstring name, void (*body)(Editor&)) {
-        editor.processor.add_built_in(std::move(name), [&editor, body] { body(editor); });
-    };
-    add(L"OPEN", open_drawing);
-    add(L"QSAVE", save_drawing_quickly);
-    add(L"QUIT", [](Editor& leaving) { leaving.quit_requested = may_leave_drawing(leaving); });
-    add(L"SAVE", save_drawing_or_copy);
-    add(L"SAVEAS", save_drawing_as);
+    editor.add_command(L"OPEN", open_drawing);
+    editor.add_command(L"QSAVE", save_drawing_quickly);
+    editor.add_command(L"QUIT", [](Editor& leaving) { leaving.quit_requested = may_leave_drawing(leaving); });
+    editor.add_command(L"SAVE", save_drawing_or_copy);
+    editor.add_command(L"SAVEAS", save_drawing_as);
 }
 
 }  // namespace host

@@ -12,6 +12,7 @@
 #include "platform/host/editor/editor.h"
 #include "platform/host/editor/modal_dialog.h"
 #include "platform/host/editor/program_name.h"
+#include "platform/host/prompt/person.h"
 
 namespace host {
 namespace {
@@ -49,14 +50,14 @@ bool may_replace(const std::wstring& path) {
         return true;
     }
     const std::wstring text = path + L" already exists.\nDo you want to replace it?";
-    return MessageBoxW(dialog_owner(editor().main_window), text.c_str(), program_name,
+    return MessageBoxW(dialog_owner(editor().main_window()), text.c_str(), program_name,
                        MB_YESNO | MB_ICONWARNING | MB_DEFBUTTON2) == IDYES;
 }
 
 std::optional<std::wstring> ask_at_command_line(const FileQuestion& question) {
     const std::wstring proposal = question.proposal.empty() ? L"" : L" <" + question.proposal + L">";
     for (;;) {
-        const Answer answer = command_line().prompt(L"\n" + question.title + proposal + L": ");
+        const Answer answer = person().prompt(L"\n" + question.title + proposal + L": ");
         const std::wstring& typed = answer.kind == Answer::return_only ? question.proposal : answer.text;
         if (answer.kind == Answer::cancel || typed.empty()) {
             return std::nullopt;
@@ -128,7 +129,7 @@ std::optional<std::wstring> ask_in_dialog(const FileQuestion& question) {
     auto* const show =
         dialogs.function<BOOL WINAPI(OPENFILENAMEW*)>(question.new_file ? "GetSaveFileNameW" : "GetOpenFileNameW");
     if (show == nullptr) {
-        command_line().report(L"The system has no file dialogs.");
+        person().report(L"The system has no file dialogs.");
         return std::nullopt;
     }
     const DialogStart start = dialog_start(question.proposal);
@@ -138,7 +139,7 @@ std::optional<std::wstring> ask_in_dialog(const FileQuestion& question) {
     const std::wstring extension = first_extension(question.extensions);
     OPENFILENAMEW dialog{};
     dialog.lStructSize = sizeof dialog;
-    dialog.hwndOwner = dialog_owner(editor().main_window);
+    dialog.hwndOwner = dialog_owner(editor().main_window());
     dialog.lpstrFilter = filter.c_str();
     dialog.lpstrFile = path;
     dialog.nMaxFile = longest_path;
@@ -158,7 +159,7 @@ std::wstring text_or_empty(const ACHAR* text) {
 
 std::optional<std::wstring> ask_file_name(const FileQuestion& question) {
     const bool dialogs_wanted = editor().variables.get(L"FILEDIA") != VariableValue(0);
-    return dialogs_wanted && editor().main_window != nullptr ? ask_in_dialog(question) : ask_at_command_line(question);
+    return dialogs_wanted && editor().window != nullptr ? ask_in_dialog(question) : ask_at_command_line(question);
 }
 
 }  // namespace host

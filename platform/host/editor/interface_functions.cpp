@@ -5,6 +5,7 @@
 #include "platform/host/editor/editor.h"
 #include "platform/host/editor/modal_dialog.h"
 #include "platform/host/editor/program_name.h"
+#include "platform/host/prompt/person.h"
 #include "rxregsvc.h"
 
 using host::editor;
@@ -30,20 +31,20 @@ AcApDocument* curDoc() {
 }
 
 HWND adsw_acadMainWnd() {
-    return editor().main_window;
+    return editor().main_window();
 }
 
 // The dialog library is a part of the host here, and always ready.
 void InitAcUiDLL() {}
 
 int acedAlert(const ACHAR* message) {
-    MessageBoxW(host::dialog_owner(editor().main_window), message != nullptr ? message : L"", host::program_name,
+    MessageBoxW(host::dialog_owner(editor().main_window()), message != nullptr ? message : L"", host::program_name,
                 MB_OK | MB_ICONWARNING);
     return RTNORM;
 }
 
 int acedPrompt(const ACHAR* message) {
-    host::command_line().print(message != nullptr ? message : L"");
+    host::person().print(message != nullptr ? message : L"");
     return RTNORM;
 }
 

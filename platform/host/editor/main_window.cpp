@@ -2,7 +2,7 @@
 
 #include "platform/host/database/entity_selector.h"
 #include "platform/host/editor/program_name.h"
-#include "platform/host/editor/window_class.h"
+#include "platform/host/view/window_class.h"
 
 namespace host {
 namespace {
@@ -29,7 +29,7 @@ MainWindow::MainWindow(DrawingPane::Content content, DrawingName drawing_name)
     window_ = CreateWindowExW(0, class_name, program_name, WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, CW_USEDEFAULT,
                               CW_USEDEFAULT, 1000, 700, nullptr, nullptr, host_instance(), nullptr);
     SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
-    view_ = std::make_unique<DrawingView>(window_, std::move(content),
+    pane_ = std::make_unique<DrawingPane>(window_, std::move(content),
                                           [this](const PaneEvent& event) { take_pane_event(event); });
     create_children();
     place_children();
@@ -37,7 +37,7 @@ MainWindow::MainWindow(DrawingPane::Content content, DrawingName drawing_name)
 
 MainWindow::~MainWindow() {
     SetWindowLongPtrW(window_, GWLP_USERDATA, 0);
-    view_.reset();
+    pane_.reset();
     DestroyWindow(window_);
 }
 
@@ -61,7 +61,7 @@ void MainWindow::place_children() const {
     const int line_top = static_cast<int>(client.bottom) - line_height;
     const int history_top = line_top - history_height;
     const int prompt_width = width / 3;
-    MoveWindow(view_->window(), 0, 0, width, history_top, TRUE);
+    MoveWindow(pane_->window(), 0, 0, width, history_top, TRUE);
     MoveWindow(history_, 0, history_top, width, history_height, TRUE);
     MoveWindow(prompt_, 0, line_top, prompt_width, line_height, TRUE);
     MoveWindow(line_, prompt_width, line_top, width - prompt_width, line_height, TRUE);
@@ -96,12 +96,12 @@ void MainWindow::append_history(std::wstring_view text) {
     SendMessageW(history_, EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(with_carriage_returns(text).c_str()));
 }
 
-Answer MainWindow::wait_for_answer(std::wstring_view prompt) {
+Answer MainWindow::wait_for_answer(std::wstring_view prompt, const PointerGuide& guide) {
     const size_t last_line = prompt.find_last_of(L'\n');
     const std::wstring shown(last_line == std::wstring_view::npos ? prompt : prompt.substr(last_line + 1));
     SetWindowTextW(prompt_, shown.c_str());
     answer_.reset();
-    run_messages([this] { return answer_.has_value(); });
+    run_messages(guide, [this] { return answer_.has_value(); });
     SetWindowTextW(prompt_, L"");
     return answer_.value_or(Answer{});
 }
@@ -111,15 +111,15 @@ std::optional<InputEvent> MainWindow::wait_for_event() {
     event_cancelled_ = false;
     event_.reset();
     SetWindowTextW(prompt_, last_line_.c_str());
-    run_messages([this] { return event_.has_value() || event_cancelled_; });
+    run_messages({PointerGuide::Kind::follow, {}}, [this] { return event_.has_value() || event_cancelled_; });
     waiting_for_event_ = false;
     SetWindowTextW(prompt_, L"");
     return event_cancelled_ ? std::nullopt : event_;
 }
 
-void MainWindow::run_messages(const std::function<bool()>& done) {
+void MainWindow::run_messages(const PointerGuide& guide, const std::function<bool()>& done) {
     update_title();
-    view_->pane().update();
+    pane_->update(guide);
     while (!done() && !close_requested_) {
         MSG message;
         if (GetMessageW(&message, nullptr, 0, 0) <= 0) {
@@ -149,18 +149,18 @@ bool MainWindow::take_message(const MSG& message) {
     if (message.message == WM_MOUSEWHEEL) {
         return redirect_wheel(message);
     }
-    if (message.message == WM_MOUSEMOVE && message.hwnd != view_->window()) {
-        view_->pane().hide_pointer();
+    if (message.message == WM_MOUSEMOVE && message.hwnd != pane_->window()) {
+        pane_->hide_pointer();
     }
     return waiting_for_event_ ? take_event_key(message) : take_key(message);
 }
 
 /// The wheel turns where the pointer is, not where the keys go.
 bool MainWindow::redirect_wheel(const MSG& message) const {
-    if (message.hwnd == view_->window() || WindowFromPoint(message.pt) != view_->window()) {
+    if (message.hwnd == pane_->window() || WindowFromPoint(message.pt) != pane_->window()) {
         return false;
     }
-    SendMessageW(view_->window(), message.message, message.wParam, message.lParam);
+    SendMessageW(pane_->window(), message.message, message.wParam, message.lParam);
     return true;
 }
 
@@ -204,7 +204,7 @@ void MainWindow::take_typed_line() {
 }
 
 void MainWindow::take_pane_event(const PaneEvent& event) {
-    const Vec2 at = view_->pane().view().rounded(event.point);
+    const Vec2 at = pane_->view().rounded(event.point);
     const Point point{at.x, at.y, 0};
     if (waiting_for_event_) {
         if (event.kind == PaneEvent::Kind::finish) {
@@ -214,8 +214,8 @@ void MainWindow::take_pane_event(const PaneEvent& event) {
         }
     } else if (event.kind == PaneEvent::Kind::finish) {
         take_typed_line();
-    } else if (event.kind == PaneEvent::Kind::pick && pointer_guide().kind != PointerGuide::Kind::idle) {
-        set_pick_aperture(PointerShape::pick_box / view_->pane().view().pixels_per_unit());
+    } else if (event.kind == PaneEvent::Kind::pick && pane_->guide().kind != PointerGuide::Kind::idle) {
+        set_pick_aperture(PointerShape::pick_box / pane_->view().pixels_per_unit());
         answer_ = Answer{Answer::line, format_point(point), event.with_shift};
     }
 }

@@ -10,8 +10,8 @@
 #include <string_view>
 #include <utility>
 
-#include "platform/host/editor/drawing_view.h"
-#include "platform/host/prompt/command_line.h"
+#include "platform/host/prompt/person.h"
+#include "platform/host/view/drawing_pane.h"
 
 namespace host {
 
@@ -29,15 +29,15 @@ class MainWindow {
     MainWindow& operator=(const MainWindow&) = delete;
 
     HWND window() const { return window_; }
-    DrawingView& view() { return *view_; }
+    DrawingPane& pane() { return *pane_; }
     void show();
     /// Done before each wait too.
     void update_title();
     void append_history(std::wstring_view text);
 
     /// Shows the prompt and runs a message loop until the person has answered. Cancel when the window is being closed.
-    /// While the question wants a point (see pointer_guide), one that is picked in the view is an answer, as if typed.
-    Answer wait_for_answer(std::wstring_view prompt);
+    /// While the guide is not idle, a point that is picked in the view is an answer, as if typed.
+    Answer wait_for_answer(std::wstring_view prompt, const PointerGuide& guide = {});
     /// Runs a message loop until the person has done something with the mouse or a key. Nothing on a cancel. The prompt
     /// is what was printed last.
     std::optional<InputEvent> wait_for_event();
@@ -53,7 +53,7 @@ class MainWindow {
     std::optional<LRESULT> handle(UINT message, LPARAM lparam);
     void create_children();
     void place_children() const;
-    void run_messages(const std::function<bool()>& done);
+    void run_messages(const PointerGuide& guide, const std::function<bool()>& done);
     void redirect_typing(MSG& message) const;
     /// True when the message is done with.
     bool take_message(const MSG& message);
@@ -69,7 +69,7 @@ class MainWindow {
     HWND history_ = nullptr;
     HWND prompt_ = nullptr;
     HWND line_ = nullptr;
-    std::unique_ptr<DrawingView> view_;
+    std::unique_ptr<DrawingPane> pane_;
     std::wstring last_line_;  ///< of the history
     std::optional<Answer> answer_;
     bool waiting_for_event_ = false;

@@ -1,7 +1,7 @@
 #include "platform/host/editor/modal_dialog.h"
 
 #include "platform/host/editor/script.h"
-#include "platform/host/editor/window_class.h"
+#include "platform/host/view/window_class.h"
 
 namespace host {
 namespace {

@@ -8,7 +8,7 @@
 #include "platform/host/editor/command_processor.h"
 #include "platform/host/editor/command_stack.h"
 #include "platform/host/editor/document_manager.h"
-#include "platform/host/prompt/command_line.h"
+#include "platform/host/prompt/person.h"
 
 ACRX_NO_CONS_DEFINE_MEMBERS(AcRxDynamicLinker, AcRxService)
 
@@ -124,7 +124,7 @@ std::wstring ModuleLoader::unload(const std::wstring& file) {
 
 void ModuleLoader::release(Modules::const_iterator module) {
     if (const size_t left = commands_.remove_commands_of((*module)->library.handle())) {
-        command_line().print(L"\n" + (*module)->name + L" left " + std::to_wstring(left) + L" command(s) registered.");
+        person().print(L"\n" + (*module)->name + L" left " + std::to_wstring(left) + L" command(s) registered.");
     }
     modules_.erase(module);
 }
@@ -133,7 +133,7 @@ void ModuleLoader::tell_all(AcRx::AppMsgCode message) {
     for (const auto& module : modules_) {
         const std::wstring problem = send(*module, message);
         if (!problem.empty()) {
-            command_line().report(problem);
+            person().report(problem);
         }
     }
 }
@@ -143,7 +143,7 @@ void ModuleLoader::quit() {
     while (!modules_.empty()) {
         const std::wstring problem = send(*modules_.back(), AcRx::kUnloadAppMsg);
         if (!problem.empty()) {
-            command_line().report(problem);
+            person().report(problem);
         }
         release(modules_.end() - 1);
     }
@@ -183,7 +183,7 @@ ModuleLoader::Module* ModuleLoader::application(void* id) const {
 bool ModuleLoader::loadModule(const ACHAR* file, bool print, bool) {
     const std::wstring problem = file == nullptr ? L"no module was named" : load(file);
     if (!problem.empty() && print) {
-        command_line().print(L"\n" + problem);
+        person().print(L"\n" + problem);
     }
     return problem.empty();
 }

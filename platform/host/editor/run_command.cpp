@@ -3,11 +3,52 @@
 #include <deque>
 
 #include "acedads.h"
-#include "platform/host/editor/argument_command_line.h"
 #include "platform/host/editor/editor.h"
+#include "platform/host/prompt/person.h"
 
 namespace host {
 namespace {
+
+/// The arguments answer; the person outside sees what happens.
+class ArgumentPerson final : public Person {
+  public:
+    /// An empty argument is Return.
+    ArgumentPerson(std::deque<std::wstring> arguments, Person& outer)
+        : arguments_(std::move(arguments)), outer_(outer) {}
+
+    /// The next argument; cancel, and ran_out(), when there is none.
+    Answer prompt(std::wstring_view, const PointerGuide&) override {
+        if (arguments_.empty()) {
+            ran_out_ = true;
+            return {};
+        }
+        Answer answer{arguments_.front().empty() ? Answer::return_only : Answer::line, std::move(arguments_.front())};
+        arguments_.pop_front();
+        return answer;
+    }
+    void print(std::wstring_view text) override { outer_.print(text); }
+    void report(std::wstring_view problem) override {
+        refused_ = true;
+        outer_.report(problem);
+    }
+    void draw_vector(const Point& from, const Point& to, int colour, bool highlight) override {
+        outer_.draw_vector(from, to, colour, highlight);
+    }
+    void show_selected(const std::vector<dxf::RecordId>& entities) override { outer_.show_selected(entities); }
+    bool is_script() const override { return outer_.is_script(); }
+
+    bool ran_out() const { return ran_out_; }
+    /// Something was reported: an argument was refused.
+    bool refused() const { return refused_; }
+    /// There are arguments that no prompt asked for.
+    bool has_more() const { return !arguments_.empty(); }
+
+  private:
+    std::deque<std::wstring> arguments_;
+    Person& outer_;
+    bool ran_out_ = false;
+    bool refused_ = false;
+};
 
 /// Arguments as a person would type them; nothing more after one that cannot be typed.
 struct Arguments {
@@ -81,7 +122,7 @@ Arguments read_arguments(int type, va_list list) {
 }
 
 int run(Arguments arguments) {
-    CommandLine& outer = command_line();
+    Person& outer = person();
     if (!arguments.valid) {
         outer.report(L"acedCommand was given an argument of a type that cannot be typed.");
         return RTERROR;
@@ -91,13 +132,13 @@ int run(Arguments arguments) {
     }
     const std::wstring name = arguments.typed.front();
     arguments.typed.pop_front();
-    ArgumentCommandLine answers(std::move(arguments.typed), outer);
-    const CommandLineScope scope(answers);
+    ArgumentPerson answers(std::move(arguments.typed), outer);
+    const PersonScope scope(answers);
     if (!editor().processor.run_built_in(name)) {
         outer.report(L"Unknown command \"" + name + L"\".");
         return RTREJ;
     }
-    if (answers.ran_out() || answers.left_over() != 0) {
+    if (answers.ran_out() || answers.has_more()) {
         outer.report(name + (answers.ran_out() ? L" needs more arguments." : L" was given too many arguments."));
         return RTERROR;
     }

@@ -7,7 +7,7 @@
 #include <string_view>
 
 #include "platform/host/editor/script.h"
-#include "platform/host/prompt/command_line.h"
+#include "platform/host/prompt/person.h"
 
 namespace host {
 

@@ -1,22 +1,16 @@
 # The windows, the loader and the interface functions: parts of hostcore.dll.
 set(host_editor_sources
-    argument_command_line.cpp
-    built_in_commands.cpp
     cell_query.cpp
     command_processor.cpp
     command_stack.cpp
     dialog_driver.cpp
     document.cpp
     document_manager.cpp
+    drawing_commands.cpp
     drawing_variables.cpp
-    drawing_view.cpp
     editor.cpp
     file_commands.cpp
     file_question.cpp
-    history.cpp
-    input_events.cpp
-    input_rules.cpp
-    insert_command.cpp
     interface_functions.cpp
     main_window.cpp
     modal_dialog.cpp
@@ -24,12 +18,8 @@ set(host_editor_sources
     object_registry.cpp
     posted_input.cpp
     run_command.cpp
-    scripted_command_line.cpp
-    transparent_command_line.cpp
-    typed_command_line.cpp
-    undo_commands.cpp
+    script_person.cpp
+    session_commands.cpp
     user_input.cpp
     view_commands.cpp
-    watchdog.cpp
-    window_class.cpp
-    window_events.cpp)
+    window_person.cpp)

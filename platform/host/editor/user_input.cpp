@@ -1,38 +1,63 @@
-// The acedGet... questions.
+// What commands ask of the person (the acedGet... questions, acedGrRead), and what they show (acedGrDraw).
 #include <algorithm>
 #include <cwchar>
 #include <functional>
+#include <utility>
 
 #include "acedads.h"
-#include "platform/host/editor/editor.h"
-#include "platform/host/view/pointer_guide.h"
+#include "platform/host/prompt/keywords.h"
+#include "platform/host/prompt/person.h"
 
 namespace host {
 namespace {
+
+/// What acedInitGet sets for one question.
+struct InputRules {
+    int flags = 0;
+    Keywords keywords;
+
+    bool has(int flag) const { return (flags & flag) != 0; }
+};
+
+InputRules next_rules;
+/// The keyword or text of the last question that gave RTKWORD.
+std::wstring last_input;
+
+/// What an answer means before it is read as a number or a point: RTCAN for a cancel, RTNONE for Return where that is
+/// allowed, RTKWORD with last_input filled, RTNORM for a text that is still to be read, RTERROR for Return where it is
+/// not allowed.
+int classify(const Answer& answer, const InputRules& rules) {
+    if (answer.kind == Answer::cancel) {
+        return RTCAN;
+    }
+    if (answer.kind == Answer::return_only) {
+        return rules.has(RSG_NONULL) ? RTERROR : RTNONE;
+    }
+    std::wstring keyword = rules.keywords.match(answer.text);
+    if (keyword.empty()) {
+        return RTNORM;
+    }
+    last_input = std::move(keyword);
+    return RTKWORD;
+}
 
 /// Reads a text as the answer; false when it is none.
 using Reader = std::function<bool(const std::wstring&)>;
 
 /// Asks until an answer is acceptable. `refusal` tells the user what is expected.
-int ask(const ACHAR* prompt, std::wstring_view refusal, const Reader& read) {
-    InputRules& kept = editor().input_rules;
-    const InputRules rules = kept.take();
+int ask(const ACHAR* prompt, std::wstring_view refusal, const Reader& read, const PointerGuide& guide = {}) {
+    const InputRules rules = std::exchange(next_rules, {});
     for (;;) {
-        const Answer answer = command_line().prompt(prompt != nullptr ? prompt : L"");
-        std::wstring keyword;
-        const int meaning = rules.classify(answer, keyword);
-        if (meaning == RTKWORD) {
-            kept.keep_input(keyword);
-            return RTKWORD;
-        }
-        if (meaning == RTCAN || meaning == RTNONE || (meaning == RTNORM && read(answer.text))) {
+        const Answer answer = person().prompt(prompt != nullptr ? prompt : L"", guide);
+        const int meaning = classify(answer, rules);
+        if (meaning != RTERROR && (meaning != RTNORM || read(answer.text))) {
             return meaning;
         }
         if (meaning == RTNORM && rules.has(RSG_OTHER)) {
-            kept.keep_input(answer.text);
+            last_input = answer.text;
             return RTKWORD;
         }
-        command_line().report(refusal);
+        person().report(refusal);
     }
 }
 
@@ -48,32 +73,36 @@ void copy_text(const std::wstring& text, ACHAR* buffer) {
     buffer[length] = 0;
 }
 
+void copy_point(const Point& point, ads_point result) {
+    result[X] = point.x;
+    result[Y] = point.y;
+    result[Z] = point.z;
+}
+
 PointerGuide guide_from(const ads_point base, PointerGuide::Kind kind) {
-    return base == nullptr ? PointerGuide{PointerGuide::Kind::crosshair, {}} : PointerGuide{kind, {base[X], base[Y]}};
+    return base == nullptr ? PointerGuide{PointerGuide::Kind::crosshair, {}}
+                           : PointerGuide{kind, {base[X], base[Y], base[Z]}};
 }
 
 int ask_point(const ACHAR* prompt, const PointerGuide& guide, ads_point result) {
-    const PointerGuideScope scope(guide);
-    return ask(prompt, L"A point is needed: x,y or x,y,z.", [&](const std::wstring& text) {
+    const auto read = [&](const std::wstring& text) {
         const std::optional<Point> point = parse_point(text);
         if (point) {
-            result[X] = point->x;
-            result[Y] = point->y;
-            result[Z] = point->z;
+            copy_point(*point, result);
         }
         return point.has_value();
-    });
+    };
+    return ask(prompt, L"A point is needed: x,y or x,y,z.", read, guide);
 }
 
 }  // namespace
 }  // namespace host
 
 using host::ask;
-using host::editor;
 using host::PointerGuide;
 
 int acedInitGet(int value, const ACHAR* keywords) {
-    editor().input_rules.set(value, keywords != nullptr ? keywords : L"");
+    host::next_rules = {value, host::Keywords(keywords != nullptr ? keywords : L"")};
     return RTNORM;
 }
 
@@ -81,7 +110,7 @@ int acedGetInput(ACHAR* input) {
     if (input == nullptr) {
         return RTERROR;
     }
-    host::copy_text(editor().input_rules.last_input(), input);
+    host::copy_text(host::last_input, input);
     return RTNORM;
 }
 
@@ -94,7 +123,7 @@ int acedGetCorner(const ads_point point, const ACHAR* prompt, ads_point result) 
 }
 
 int acedGetReal(const ACHAR* prompt, ads_real* result) {
-    const host::InputRules rules = editor().input_rules;
+    const host::InputRules rules = host::next_rules;
     return ask(prompt, L"A number is needed.", [&](const std::wstring& text) {
         const std::optional<double> number = host::parse_real(text);
         const bool accepted = number && host::allowed(rules, *number);
@@ -104,7 +133,7 @@ int acedGetReal(const ACHAR* prompt, ads_real* result) {
 }
 
 int acedGetInt(const ACHAR* prompt, int* result) {
-    const host::InputRules rules = editor().input_rules;
+    const host::InputRules rules = host::next_rules;
     return ask(prompt, L"A whole number from -32768 to 32767 is needed.", [&](const std::wstring& text) {
         const std::optional<int> number = host::parse_integer(text);
         const bool accepted = number && *number >= -32768 && *number <= 32767 && host::allowed(rules, *number);
@@ -128,5 +157,37 @@ int acedGetKword(const ACHAR* prompt, ACHAR* result) {
         return outcome;
     }
     acedGetInput(result);
+    return RTNORM;
+}
+
+int acedGrRead(int track, int* type, struct resbuf* result) {
+    constexpr int report_movement = 1;
+    constexpr int no_cancel_message = 8;
+    for (;;) {
+        const std::optional<host::InputEvent> event = host::person().next_event();
+        if (!event) {
+            if ((track & no_cancel_message) == 0) {
+                host::person().print(L"\n*Cancel*\n");
+            }
+            return RTCAN;
+        }
+        if (event->kind == host::InputEvent::move && (track & report_movement) == 0) {
+            continue;
+        }
+        if (event->kind == host::InputEvent::key) {
+            *type = ACED_GR_KEYBOARD;
+            result->restype = RTSHORT;
+            result->resval.rint = static_cast<short>(event->character);
+        } else {
+            *type = event->kind == host::InputEvent::move ? ACED_GR_MOVE : ACED_GR_PICK;
+            result->restype = RT3DPOINT;
+            host::copy_point(event->point, result->resval.rpoint);
+        }
+        return RTNORM;
+    }
+}
+
+int acedGrDraw(const ads_point from, const ads_point to, int colour, int highlight) {
+    host::person().draw_vector({from[X], from[Y], from[Z]}, {to[X], to[Y], to[Z]}, colour, highlight != 0);
     return RTNORM;
 }

@@ -1,11 +1,11 @@
-#include "platform/host/editor/view_commands.h"
-
 #include "acedads.h"
+#include "platform/host/editor/commands.h"
 #include "platform/host/editor/document.h"
 #include "platform/host/editor/editor.h"
 #include "platform/host/editor/file_question.h"
+#include "platform/host/prompt/person.h"
 #include "platform/host/view/drawing_pane.h"
-#include "platform/host/view/drawing_picture.h"
+#include "platform/host/view/png_file.h"
 
 namespace host {
 namespace {
@@ -43,7 +43,7 @@ void zoom_by(DrawingPane& pane, std::wstring text) {
     }
     const std::optional<double> factor = parse_real(text);
     if (!factor || !(*factor > 0)) {
-        command_line().report(L"A factor, a point or an option is needed.");
+        person().report(L"A factor, a point or an option is needed.");
         return;
     }
     pane.remember_view();
@@ -63,7 +63,7 @@ void zoom_by_option(DrawingPane& pane) {
         zoom_to_extents(pane);
     } else if (option == L"Previous") {
         if (!pane.restore_view()) {
-            command_line().print(L"\nNo previous view.");
+            person().print(L"\nNo previous view.");
         }
     } else if (option == L"Window") {
         zoom_to_window(pane);
@@ -117,7 +117,7 @@ void choose_background(DrawingPane& pane) {
 void save_picture(Editor& editor) {
     const Document* const document = editor.documents.document();
     if (document == nullptr) {
-        command_line().report(L"No drawing is open.");
+        person().report(L"No drawing is open.");
         return;
     }
     std::filesystem::path proposal = document->path();
@@ -127,16 +127,16 @@ void save_picture(Editor& editor) {
     if (!file) {
         return;
     }
-    if (editor.view != nullptr) {
-        editor.view->list();  // the window shows what the picture is made of: one list serves both
+    if (editor.window != nullptr) {
+        editor.view()->list();  // the window shows what the picture is made of: one list serves both
     }
     const std::shared_ptr<const DisplayList> list = DisplayList::shared(document->drawing());
     editor.say_left_out(document->drawing(), *list);
     const std::wstring problem = save_drawing_png(list, *file);
     if (problem.empty()) {
-        command_line().print(L"\n" + *file + L" saved.");
+        person().print(L"\n" + *file + L" saved.");
     } else {
-        command_line().report(problem);
+        person().report(problem);
     }
 }
 
@@ -145,8 +145,8 @@ void save_picture(Editor& editor) {
 void add_view_commands(Editor& editor) {
     const auto add = [&editor](std::wstring name, void (*body)(DrawingPane&)) {
         const auto look = [&editor, body] {
-            if (editor.view != nullptr) {
-                body(*editor.view);
+            if (editor.window != nullptr) {
+                body(*editor.view());
             }
         };
         editor.processor.add_built_in(std::move(name), look, true);
@@ -156,7 +156,7 @@ void add_view_commands(Editor& editor) {
     add(L"REDRAW", [](DrawingPane& pane) { pane.redraw(); });
     add(L"REGEN", [](DrawingPane& pane) { pane.redraw(); });
     add(L"ZOOM", zoom);
-    editor.processor.add_built_in(L"PNGOUT", [&editor] { save_picture(editor); });
+    editor.add_command(L"PNGOUT", save_picture);
 }
 
 }  // namespace host

@@ -5,6 +5,8 @@
 #include <cstdlib>
 #include <utility>
 
+#include "platform/host/view/window_class.h"
+
 namespace host {
 
 namespace {
@@ -44,11 +46,24 @@ bool DrawingPane::Click::doubles(const Click& first) const {
            within(at.y, first.at.y, GetSystemMetrics(SM_CYDOUBLECLK));
 }
 
-DrawingPane::DrawingPane(HWND window, Content content, Listener listener)
-    : window_(window), content_(std::move(content)), listener_(std::move(listener)) {
-    RECT client{};
-    GetClientRect(window, &client);
-    resize(client.right, client.bottom);
+DrawingPane::DrawingPane(HWND parent, Content content, Listener listener)
+    : content_(std::move(content)), listener_(std::move(listener)) {
+    constexpr wchar_t class_name[] = L"DrawingView";
+    register_window_class(class_name, &DrawingPane::procedure, COLOR_WINDOW);
+    window_ = CreateWindowExW(0, class_name, L"", WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS, 0, 0, 0, 0, parent, nullptr,
+                              host_instance(), nullptr);
+    SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+    resize(0, 0);
+}
+
+DrawingPane::~DrawingPane() {
+    SetWindowLongPtrW(window_, GWLP_USERDATA, 0);
+}
+
+LRESULT CALLBACK DrawingPane::procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
+    auto* const pane = reinterpret_cast<DrawingPane*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+    const std::optional<LRESULT> handled = pane != nullptr ? pane->handle(message, wparam, lparam) : std::nullopt;
+    return handled ? *handled : DefWindowProcW(window, message, wparam, lparam);
 }
 
 std::optional<LRESULT> DrawingPane::handle(UINT message, WPARAM wparam, LPARAM lparam) {
@@ -138,7 +153,8 @@ void DrawingPane::drawing_opened() {
     invalidate();
 }
 
-void DrawingPane::update() {
+void DrawingPane::update(const PointerGuide& guide) {
+    guide_ = guide;
     if (!(content_() == shown_)) {
         invalidate();
     }
@@ -180,7 +196,7 @@ void DrawingPane::set_view(const ViewTransform& view) {
     frame_.set_view(view);
     fit_ = false;
     if (pointer_) {
-        drawn_.emplace(*pointer_, pointer_guide(), view);  // as the coming painting will draw it
+        drawn_.emplace(*pointer_, guide_, view);  // as the coming painting will draw it
     }
     invalidate();
 }
@@ -261,7 +277,7 @@ void DrawingPane::move_pointer(POINT at) {
     }
     const bool moved = !pointer_ || pointer_->x != at.x || pointer_->y != at.y;
     pointer_ = at;
-    drawn_.emplace(at, pointer_guide(), view());
+    drawn_.emplace(at, guide_, view());
     drawn_->draw(context.get());
     if (moved && !panned_from_) {
         tell(PaneEvent::Kind::move, at);
@@ -292,7 +308,7 @@ void DrawingPane::let_go(POINT at, bool with_shift) {
     }
     const bool dragged = from && !(within(at.x, from->x, GetSystemMetrics(SM_CXDRAG)) &&
                                    within(at.y, from->y, GetSystemMetrics(SM_CYDRAG)));
-    if (dragged && selects(pointer_guide().kind)) {
+    if (dragged && guide_.selects()) {
         move_pointer(at);
         tell(PaneEvent::Kind::pick, at, with_shift);
     }

@@ -1,4 +1,4 @@
-// The window that shows a drawing: painting, zooming, panning, the pointer.
+// The child window that shows a drawing: painting, zooming, panning, the pointer.
 #pragma once
 
 #include <windows.h>
@@ -9,9 +9,7 @@
 #include <optional>
 
 #include "platform/host/view/drawing_frame.h"
-#include "platform/host/view/pointer_guide.h"
-#include "platform/host/view/pointer_shape.h"
-#include "platform/host/view/vector_overlay.h"
+#include "platform/host/view/drawing_overlay.h"
 
 namespace host {
 
@@ -37,26 +35,28 @@ struct PaneContent {
     }
 };
 
-/// Handles a child window's messages. The content is asked for when it is needed, so that a pane that is not seen costs
+/// The content is asked for when it is needed, so that a pane that is not seen costs
 /// nothing, and what has changed meanwhile is shown at the next look.
-class DrawingPane final : public SelectionDisplay {
+class DrawingPane final {
   public:
     using Content = std::function<PaneContent()>;
     using Listener = std::function<void(const PaneEvent&)>;
     using ListListener = std::function<void(const dxf::Drawing&, const DisplayList&)>;
 
-    /// `window` sends its messages to handle() and outlives the pane.
-    DrawingPane(HWND window, Content content, Listener listener);
+    /// The window fills nothing until its parent places it. The parent destroys it, after the pane.
+    DrawingPane(HWND parent, Content content, Listener listener);
+    ~DrawingPane();
+    DrawingPane(const DrawingPane&) = delete;
+    DrawingPane& operator=(const DrawingPane&) = delete;
 
-    /// The result of a message, or nothing for one that is the window's own.
-    std::optional<LRESULT> handle(UINT message, WPARAM wparam, LPARAM lparam);
-
+    HWND window() const { return window_; }
     /// Told of each list of a drawing that the pane begins to show.
     void on_new_list(ListListener listener) { list_listener_ = std::move(listener); }
     /// Another drawing was opened: it will be seen whole.
     void drawing_opened();
     /// Looks whether the content or the pointer's guide has changed. To be called before waiting for a person.
-    void update();
+    void update(const PointerGuide& guide = {});
+    const PointerGuide& guide() const { return guide_; }
     /// Removes temporary vectors and paints everything anew.
     void redraw();
 
@@ -74,7 +74,7 @@ class DrawingPane final : public SelectionDisplay {
 
     /// A temporary vector, drawn at once. Colours as in VectorOverlay.
     void draw_vector(const VectorOverlay::Vector& vector);
-    void show_selected(const std::vector<dxf::RecordId>& entities) override;
+    void show_selected(const std::vector<dxf::RecordId>& entities);
 
   private:
     struct Click {
@@ -82,6 +82,9 @@ class DrawingPane final : public SelectionDisplay {
         LONG time;  ///< milliseconds, as messages have it
         bool doubles(const Click& first) const;
     };
+    static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
+    /// The result of a message, or nothing for one that is the window's own.
+    std::optional<LRESULT> handle(UINT message, WPARAM wparam, LPARAM lparam);
     void paint();
     void refresh_list();
     void resize(int width, int height);
@@ -93,7 +96,7 @@ class DrawingPane final : public SelectionDisplay {
     void tell(PaneEvent::Kind kind, POINT at, bool with_shift = false) const;
     void invalidate() const { InvalidateRect(window_, nullptr, FALSE); }
 
-    HWND window_;
+    HWND window_ = nullptr;
     Content content_;
     Listener listener_;
     ListListener list_listener_;
@@ -102,6 +105,7 @@ class DrawingPane final : public SelectionDisplay {
     bool fit_ = true;  ///< to be seen whole at the next painting
     std::deque<ViewTransform> earlier_;
     VectorOverlay vectors_;
+    PointerGuide guide_;
     std::optional<POINT> pointer_;       ///< while the mouse is over the window
     std::optional<PointerShape> drawn_;  ///< the pointer as it stands on the screen
     std::optional<POINT> pressed_at_;    ///< while the left button is down

@@ -20,10 +20,11 @@ struct DeleteMemoryContext {
 };
 using MemoryContext = std::unique_ptr<HDC, DeleteMemoryContext>;
 
-/// A window's device context for as long as the object lives.
+/// A window's device context for as long as the object lives: of its client area, or of all of it.
 class WindowContext {
   public:
-    explicit WindowContext(HWND window) : window_(window), context_(GetDC(window)) {}
+    explicit WindowContext(HWND window, bool with_frame = false)
+        : window_(window), context_(with_frame ? GetWindowDC(window) : GetDC(window)) {}
     ~WindowContext() { ReleaseDC(window_, context_); }
     WindowContext(const WindowContext&) = delete;
     WindowContext& operator=(const WindowContext&) = delete;

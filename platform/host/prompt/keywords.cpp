@@ -1,4 +1,6 @@
-#include "platform/host/editor/keywords.h"
+#include "platform/host/prompt/keywords.h"
+
+#include <utility>
 
 #include "base/case_folding.h"
 
@@ -51,6 +53,25 @@ std::wstring Keywords::match(std::wstring_view typed) const {
         }
     }
     return {};
+}
+
+CommandName parse_command_name(std::wstring_view typed) {
+    constexpr std::wstring_view blanks = L" \t";
+    CommandName command;
+    size_t at = typed.find_first_not_of(blanks);
+    for (; at < typed.size(); ++at) {
+        bool* const prefix = typed[at] == L'\''  ? &command.transparent
+                             : typed[at] == L'.' ? &command.built_in
+                             : typed[at] == L'_' ? &command.global_only
+                                                 : nullptr;
+        if (prefix == nullptr || std::exchange(*prefix, true)) {
+            break;
+        }
+    }
+    if (at < typed.size()) {
+        command.name = typed.substr(at, typed.find_last_not_of(blanks) + 1 - at);
+    }
+    return command;
 }
 
 }  // namespace host

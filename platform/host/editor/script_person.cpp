@@ -1,16 +1,12 @@
-#include "platform/host/editor/scripted_command_line.h"
+#include "platform/host/editor/script_person.h"
 
 #include <windows.h>
 
 #include <algorithm>
 #include <cmath>
 
-#include "platform/host/editor/document.h"
-#include "platform/host/editor/editor.h"
-#include "platform/host/editor/history.h"
+#include "platform/host/editor/main_window.h"
 #include "platform/host/editor/script_run.h"
-#include "platform/host/prompt/input_text.h"
-#include "platform/host/view/drawing_pane.h"
 
 namespace host {
 namespace {
@@ -25,16 +21,10 @@ void paint_windows() {
     }
 }
 
-/// Around what is drawn of the open drawing. What is a point, or nothing, or beyond all measure counts as one unit
-/// wide.
-Box2 drawn_area() {
+/// Around what is drawn. What is a point, or nothing, or beyond all measure counts as one unit wide.
+Box2 drawn_area(DrawingPane& pane) {
     constexpr double largest = 1e15;  // beyond it the places beside the drawing are no longer apart
-    Box2 area;
-    if (const Document* const document = editor().documents.document()) {
-        const auto space = document->database()->tilemode() ? DisplayList::Space::model : DisplayList::Space::paper;
-        area = editor().view != nullptr ? editor().view->list().extents()
-                                        : DisplayList::shared(document->drawing(), space)->extents();
-    }
+    Box2 area = pane.list().extents();
     const auto usable = [](double number) { return std::fabs(number) <= largest; };
     if (area.empty() || !usable(area.low.x) || !usable(area.low.y) || !usable(area.high.x) || !usable(area.high.y)) {
         return Box2::between({0, 0}, {1, 1});
@@ -45,36 +35,58 @@ Box2 drawn_area() {
 }
 
 /// A line whose last word is a point in percent of the drawn area, with that point in drawing units.
-std::wstring with_place(const std::wstring& line) {
+std::wstring with_place(const std::wstring& line, DrawingPane& pane) {
     const size_t blank = line.find_last_of(L" \t");
     const size_t word = blank == std::wstring::npos ? 0 : blank + 1;
     const std::optional<Point> parts = parse_percent_point(std::wstring_view(line).substr(word));
     if (!parts) {
         return line;
     }
-    const Box2 area = drawn_area();
+    const Box2 area = drawn_area(pane);
     return line.substr(0, word) +
            format_point({area.low.x + parts->x * area.width(), area.low.y + parts->y * area.height()});
 }
 
 }  // namespace
 
-Answer ScriptedCommandLine::prompt(std::wstring_view text) {
+Answer ScriptPerson::take_answer(std::wstring_view text, const PointerGuide&) {
     paint_windows();
-    history_.print(text);
     Answer answer = run_.answer(text);
-    answer.text = with_place(answer.text);
-    history_.print(answer.kind == Answer::cancel ? L"*Cancel*" : answer.text);
+    answer.text = with_place(answer.text, window().pane());
     return answer;
 }
 
-void ScriptedCommandLine::print(std::wstring_view text) {
-    history_.print(text);
+void ScriptPerson::report(std::wstring_view problem) {
+    WindowPerson::report(problem);
+    run_.fail(problem);
 }
 
-void ScriptedCommandLine::report(std::wstring_view problem) {
-    history_.print(L"\n" + std::wstring(problem));
-    run_.fail(problem);
+Watchdog::Watchdog(const ScriptRun& run, std::chrono::seconds patience)
+    : run_(run), patience_(patience), thread_([this] { watch(); }) {}
+
+Watchdog::~Watchdog() {
+    {
+        const std::lock_guard<std::mutex> lock(mutex_);
+        done_ = true;
+    }
+    wake_.notify_one();
+    thread_.join();
+}
+
+void Watchdog::watch() {
+    std::unique_lock<std::mutex> lock(mutex_);
+    for (;;) {
+        const size_t before = run_.progress();
+        if (wake_.wait_for(lock, patience_, [this] { return done_; })) {
+            return;
+        }
+        if (run_.progress() == before) {
+            const std::wstring reason = L"nothing happened for " + std::to_wstring(patience_.count()) + L" s";
+            write_standard_error(run_.stall_failure(reason) + L"\n");
+            // Not exit(): the main thread is stuck somewhere, and must not be waited for.
+            TerminateProcess(GetCurrentProcess(), 1);
+        }
+    }
 }
 
 }  // namespace host

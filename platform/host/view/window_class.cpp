@@ -1,4 +1,4 @@
-#include "platform/host/editor/window_class.h"
+#include "platform/host/view/window_class.h"
 
 namespace host {
 

@@ -1,9 +1,10 @@
-#include "platform/host/view/window_picture.h"
+#include "platform/host/view/png_file.h"
 
 #include <memory>
 #include <system_error>
 
 #include "base/loaded_library.h"
+#include "platform/host/view/drawing_frame.h"
 
 namespace host {
 namespace {
@@ -54,32 +55,12 @@ class PictureLibrary {
     bool started_ = false;
 };
 
-struct WindowContext {
-    explicit WindowContext(HWND of) : window(of), context(GetWindowDC(of)) {}
-    ~WindowContext() { ReleaseDC(window, context); }
-    WindowContext(const WindowContext&) = delete;
-    WindowContext& operator=(const WindowContext&) = delete;
-    HWND window;
-    HDC context;
-};
-
-struct DeleteContext {
-    using pointer = HDC;
-    void operator()(HDC context) const { DeleteDC(context); }
-};
-
-struct DeleteBitmap {
-    using pointer = HBITMAP;
-    void operator()(HBITMAP bitmap) const { DeleteObject(bitmap); }
-};
-
-}  // namespace
-
-std::wstring save_bitmap_png(HBITMAP bitmap, const std::filesystem::path& path) {
+std::wstring save_png(FrameBitmap& picture, const std::filesystem::path& path) {
+    const GdiObject bitmap = picture.take_bitmap();
     std::filesystem::path unfinished = path;
     unfinished += L".part";
     std::error_code ignored;
-    if (!PictureLibrary().save_png(bitmap, unfinished.c_str())) {
+    if (!PictureLibrary().save_png(static_cast<HBITMAP>(bitmap.get()), unfinished.c_str())) {
         std::filesystem::remove(unfinished, ignored);
         return L"the picture " + path.wstring() + L" could not be written";
     }
@@ -91,6 +72,8 @@ std::wstring save_bitmap_png(HBITMAP bitmap, const std::filesystem::path& path) 
     return {};
 }
 
+}  // namespace
+
 std::wstring save_window_png(HWND window, const std::filesystem::path& path) {
     RECT frame;
     if (GetWindowRect(window, &frame) == 0) {
@@ -99,14 +82,27 @@ std::wstring save_window_png(HWND window, const std::filesystem::path& path) {
     RedrawWindow(window, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
     const int width = frame.right - frame.left;
     const int height = frame.bottom - frame.top;
-    const WindowContext source(window);
-    SetLayout(source.context, 0);  // a right-to-left window is copied as it looks, not mirrored once more
-    const std::unique_ptr<HDC, DeleteContext> memory(CreateCompatibleDC(source.context));
-    const std::unique_ptr<HBITMAP, DeleteBitmap> bitmap(CreateCompatibleBitmap(source.context, width, height));
-    const HGDIOBJ previous = SelectObject(memory.get(), bitmap.get());
-    BitBlt(memory.get(), 0, 0, width, height, source.context, 0, 0, SRCCOPY);
-    SelectObject(memory.get(), previous);
-    return save_bitmap_png(bitmap.get(), path);
+    const WindowContext source(window, true);
+    SetLayout(source.get(), 0);  // a right-to-left window is copied as it looks, not mirrored once more
+    FrameBitmap copy(width, height);
+    BitBlt(copy.context(), 0, 0, width, height, source.get(), 0, 0, SRCCOPY);
+    return save_png(copy, path);
+}
+
+std::wstring save_drawing_png(std::shared_ptr<const DisplayList> list, const std::filesystem::path& path) {
+    constexpr double margin = 0.02;
+    constexpr uint32_t paper = 0xFFFFFF;
+    DrawingFrame frame;
+    frame.set_list(std::move(list));
+    frame.set_background(paper);
+    ViewTransform view(1600, 1200);
+    view.show(frame.list().extents(), margin);
+    frame.set_view(view);
+    FrameBitmap* const picture = frame.picture();
+    if (picture == nullptr) {
+        return L"there is not enough memory for the picture " + path.wstring();
+    }
+    return save_png(*picture, path);
 }
 
 }  // namespace host

@@ -1,5 +1,3 @@
-#include "platform/host/editor/insert_command.h"
-
 #include <optional>
 #include <utility>
 #include <vector>
@@ -7,8 +5,11 @@
 #include "aced.h"
 #include "platform/host/database/database_store.h"
 #include "platform/host/database/insert_block.h"
+#include "platform/host/dxf/drawing.h"
+#include "platform/host/editor/commands.h"
 #include "platform/host/editor/document.h"
 #include "platform/host/editor/editor.h"
+#include "platform/host/prompt/person.h"
 
 namespace host {
 namespace {
@@ -65,10 +66,10 @@ bool ask_attributes(std::vector<AttributeValue>& values) {
             continue;
         }
         if (!std::exchange(announced, true)) {
-            command_line().print(L"\nEnter attribute values");
+            person().print(L"\nEnter attribute values");
         }
         const std::wstring proposal = value.text.empty() ? L": " : L" <" + value.text + L">: ";
-        const Answer answer = command_line().prompt(L"\n" + value.prompt + proposal);
+        const Answer answer = person().prompt(L"\n" + value.prompt + proposal);
         if (answer.kind == Answer::cancel) {
             return false;
         }
@@ -77,25 +78,25 @@ bool ask_attributes(std::vector<AttributeValue>& values) {
     return true;
 }
 
-}  // namespace
-
-void insert_command(Editor& editor) {
+/// Asks for the block, the insertion point, the scales and the rotation in degrees, and inserts the block. An empty or
+/// unknown name is refused in words.
+void insert(Editor& editor) {
     const Document* const document = editor.documents.document();
     if (document == nullptr) {
-        command_line().report(L"No drawing is open.");
+        person().report(L"No drawing is open.");
         return;
     }
-    const Answer name = command_line().prompt(L"\nEnter block name: ");
+    const Answer name = person().prompt(L"\nEnter block name: ");
     if (name.kind == Answer::cancel) {
         return;
     }
     if (name.text.empty()) {
-        command_line().report(L"INSERT needs a block name.");
+        person().report(L"INSERT needs a block name.");
         return;
     }
     AcDbDatabase& database = *document->database();
     if (const std::wstring reason = reason_against(database, name.text); !reason.empty()) {
-        command_line().report(reason);
+        person().report(reason);
         return;
     }
     const auto insertion = ask_insertion();
@@ -108,8 +109,26 @@ void insert_command(Editor& editor) {
     }
     AcDbObjectId reference;
     if (insert_block(database, name.text.c_str(), *insertion, reference, values) != Acad::eOk) {
-        command_line().report(L"Block \"" + name.text + L"\" cannot be inserted so.");
+        person().report(L"Block \"" + name.text + L"\" cannot be inserted so.");
     }
+}
+
+void undo(Editor& editor) {
+    const Document* const document = editor.documents.document();
+    std::optional<std::wstring> undone;
+    if (document != nullptr) {
+        undone = document->drawing().undo();
+        editor.drawing_variables.follow(document->drawing());
+    }
+    person().print(L"\n" + undone.value_or(L"Nothing to undo."));
+}
+
+}  // namespace
+
+void add_drawing_commands(Editor& editor) {
+    editor.add_command(L"INSERT", insert);
+    editor.add_command(L"U", undo);
+    editor.add_command(L"UNDO", undo);
 }
 
 }  // namespace host

@@ -1,21 +1,20 @@
-#include "platform/host/editor/built_in_commands.h"
-
+#include "platform/host/editor/commands.h"
 #include "platform/host/editor/editor.h"
 #include "platform/host/editor/file_question.h"
-#include "platform/host/editor/insert_command.h"
-#include "platform/host/editor/keywords.h"
+#include "platform/host/prompt/keywords.h"
+#include "platform/host/prompt/person.h"
 
 namespace host {
 namespace {
 
 void report_problem(const std::wstring& problem) {
     if (!problem.empty()) {
-        command_line().report(problem);
+        person().report(problem);
     }
 }
 
 std::wstring ask_text(std::wstring_view prompt) {
-    const Answer answer = command_line().prompt(prompt);
+    const Answer answer = person().prompt(prompt);
     return answer.kind == Answer::line ? answer.text : std::wstring();
 }
 
@@ -27,7 +26,7 @@ void load_module(Editor& editor) {
     const std::wstring problem = editor.modules.load(*file);
     report_problem(problem);
     if (problem.empty()) {
-        command_line().print(L"\n" + *file + L" loaded.");
+        person().print(L"\n" + *file + L" loaded.");
     }
 }
 
@@ -39,21 +38,21 @@ void unload_module(Editor& editor) {
     const std::wstring problem = editor.modules.unload(name);
     report_problem(problem);
     if (problem.empty()) {
-        command_line().print(L"\n" + name + L" unloaded.");
+        person().print(L"\n" + name + L" unloaded.");
     }
 }
 
 void list_modules(const Editor& editor) {
     for (const std::wstring& file : editor.modules.loaded_files()) {
-        command_line().print(L"\n" + file);
+        person().print(L"\n" + file);
     }
 }
 
 void list_commands(const Editor& editor) {
     for (const CommandGroup& group : editor.commands.groups()) {
         for (const auto& command : group.commands) {
-            command_line().print(L"\n" + group.name + L": " + command->globalName() + L", " + command->localName() +
-                                 L", " + std::to_wstring(command->commandFlags()));
+            person().print(L"\n" + group.name + L": " + command->globalName() + L", " + command->localName() + L", " +
+                           std::to_wstring(command->commandFlags()));
         }
     }
 }
@@ -70,7 +69,7 @@ void manage_modules(Editor& editor) {
     } else if (option == L"Unload") {
         unload_module(editor);
     } else if (!typed.empty()) {
-        command_line().report(L"That is not one of the options.");
+        person().report(L"That is not one of the options.");
     }
 }
 
@@ -81,21 +80,20 @@ void set_variable(Editor& editor) {
     }
     const std::optional<VariableValue> value = editor.variables.get(name);
     if (!value) {
-        command_line().report(L"Unknown variable \"" + name + L"\".");
+        person().report(L"Unknown variable \"" + name + L"\".");
         return;
     }
-    const Answer answer =
-        command_line().prompt(L"\nEnter new value for " + name + L" <" + format_variable(*value) + L">: ");
+    const Answer answer = person().prompt(L"\nEnter new value for " + name + L" <" + format_variable(*value) + L">: ");
     if (answer.kind != Answer::line) {
         return;
     }
     switch (editor.variables.set_from_text(name, answer.text)) {
         case VariableFault::read_only:
-            command_line().report(name + L" is read-only.");
+            person().report(name + L" is read-only.");
             break;
         case VariableFault::wrong_type:
         case VariableFault::out_of_range:
-            command_line().report(L"\"" + answer.text + L"\" is no value for " + name + L".");
+            person().report(L"\"" + answer.text + L"\" is no value for " + name + L".");
             break;
         case VariableFault::none:
             editor.variable_was_set();
@@ -107,14 +105,10 @@ void set_variable(Editor& editor) {
 
 }  // namespace
 
-void add_built_in_commands(Editor& editor) {
-    const auto add = [&editor](std::wstring name, void (*body)(Editor&)) {
-        editor.processor.add_built_in(std::move(name), [&editor, body] { body(editor); });
-    };
-    add(L"APPLOAD", load_module);
-    add(L"ARX", manage_modules);
-    add(L"INSERT", insert_command);
-    add(L"SETVAR", set_variable);
+void add_session_commands(Editor& editor) {
+    editor.add_command(L"APPLOAD", load_module);
+    editor.add_command(L"ARX", manage_modules);
+    editor.add_command(L"SETVAR", set_variable);
 }
 
 }  // namespace host

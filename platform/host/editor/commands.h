@@ -1,12 +1,19 @@
-// The commands that open, save and leave drawings.
+// The host's own commands, for the program to add to its editor.
 #pragma once
 
 namespace host {
 
 class Editor;
 
+/// APPLOAD, ARX, SETVAR.
+void add_session_commands(Editor& editor);
 /// OPEN, QSAVE, QUIT, SAVE, SAVEAS.
 void add_file_commands(Editor& editor);
+/// INSERT (a reference to a block of the drawing, in the current space), and U and UNDO, which take back what the last
+/// command that changed the drawing has done to it.
+void add_drawing_commands(Editor& editor);
+/// BACKGROUND, PAN, PNGOUT, REDRAW, REGEN, ZOOM; all but PNGOUT are transparent.
+void add_view_commands(Editor& editor);
 
 /// What has to happen before the open drawing goes: a person is asked whether its changes are to be saved, a script
 /// whether they may be lost. True when it may go, without a question when it has no changes.

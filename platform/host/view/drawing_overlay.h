@@ -1,10 +1,11 @@
-// Temporary vectors over a drawing.
+// What is drawn over the picture of a drawing: temporary vectors, and the pointer.
 #pragma once
 
 #include <windows.h>
 
 #include <vector>
 
+#include "platform/host/prompt/person.h"
 #include "platform/host/view/list_painter.h"
 #include "platform/host/view/view_transform.h"
 
@@ -27,18 +28,34 @@ class VectorOverlay {
     void add(const Vector& vector, HDC context, const ViewTransform& view, const PaintColours& colours);
     /// Draws all vectors over a fresh picture.
     void draw(HDC context, const ViewTransform& view, const PaintColours& colours) const;
-    bool empty() const { return vectors_.empty(); }
     void clear() { vectors_.clear(); }
 
   private:
     std::vector<Vector> vectors_;
 };
 
-/// A line of pixels that complements what is there. Its last pixel is left out, so that connected lines do not undo
-/// each other where they meet. Both directions set the same pixels when `from` and `to` are ordered.
-void draw_complementing(HDC context, const std::vector<POINT>& points, bool dashed);
+/// The pointer. Complements the pixels under it: drawn again, it is gone.
+class PointerShape {
+  public:
+    /// Half the side of the pick box, in pixels.
+    static constexpr int pick_box = 5;
+    /// The length of the arms of a cross that follows, in pixels.
+    static constexpr int short_arm = 12;
 
-/// A pixel within the range that GDI draws in.
-POINT gdi_point(Vec2 pixel);
+    PointerShape(POINT at, const PointerGuide& guide, const ViewTransform& view);
+    void draw(HDC context) const;
+
+  private:
+    bool has_rectangle() const;
+    bool is_dashed() const;
+    void draw_cross(HDC context) const;
+    void draw_rectangle(HDC context, POINT from, POINT to, bool dashed) const;
+
+    POINT at_;
+    POINT anchor_;
+    PointerGuide guide_;
+    int width_;
+    int height_;
+};
 
 }  // namespace host

@@ -1,0 +1,44 @@
+#include "platform/host/prompt/person.h"
+
+#include <stdexcept>
+
+namespace host {
+namespace {
+
+Person* seated_now = nullptr;
+
+}  // namespace
+
+std::optional<InputEvent> Person::next_event() {
+    for (;;) {
+        const Answer answer = prompt(L"");
+        if (answer.kind == Answer::cancel) {
+            return std::nullopt;
+        }
+        if (const std::optional<InputEvent> event = parse_input_event(answer.text)) {
+            return event;
+        }
+        report(L"A pointer event is needed: move x,y, pick x,y or return.");
+    }
+}
+
+void Person::draw_vector(const Point&, const Point&, int, bool) {}
+
+void Person::show_selected(const std::vector<dxf::RecordId>&) {}
+
+Person& person() {
+    if (seated_now == nullptr) {
+        throw std::logic_error("nobody sits at the host");
+    }
+    return *seated_now;
+}
+
+PersonScope::PersonScope(Person& seated) : previous_(seated_now) {
+    seated_now = &seated;
+}
+
+PersonScope::~PersonScope() {
+    seated_now = previous_;
+}
+
+}  // namespace host

@@ -1,0 +1,89 @@
+// Who sits at the host: answers what commands ask, points into the drawing, and sees what they show. Commands do not
+// know whether that is a person at the window, a script, or the arguments of acedCommand.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/host/dxf/record.h"
+#include "platform/host/prompt/input_text.h"
+
+namespace host {
+
+/// What came back from a prompt.
+struct Answer {
+    enum Kind {
+        line,         ///< a text, without its line end
+        return_only,  ///< Return or an empty line: the default, or the end of a repeated question
+        cancel,       ///< Escape or ^C: the command gives up
+    };
+    Kind kind = cancel;
+    std::wstring text;
+    bool with_shift = false;  ///< a point that was picked while the Shift key was down
+};
+
+/// What the pointer looks like while a question is asked.
+struct PointerGuide {
+    enum class Kind {
+        idle,       ///< no question that a point answers
+        crosshair,  ///< a point
+        follow,     ///< whatever a command draws at the pointer, which a long cross would undo
+        pick_box,   ///< an entity
+        line,       ///< a point, with a line from the anchor to it
+        rectangle,  ///< a corner, with a rectangle from the anchor to it
+        window,     ///< the same, to select what is inside
+        crossing,   ///< the same, to select what it touches too
+        box,        ///< to the right of the anchor a window, to the left a crossing
+    };
+    Kind kind = Kind::idle;
+    Point anchor;
+
+    /// The rectangle from the anchor selects what is there.
+    bool selects() const { return kind == Kind::window || kind == Kind::crossing || kind == Kind::box; }
+};
+
+class Person {
+  public:
+    virtual ~Person() = default;
+
+    /// Shows `text` and waits for one answer. While the guide is not idle, a point that is picked in the drawing is an
+    /// answer, as if typed. A person may run transparent commands before the answer comes. After a script has failed
+    /// every prompt answers with cancel, so that commands unwind.
+    virtual Answer prompt(std::wstring_view text, const PointerGuide& guide = {}) = 0;
+    /// Waits for what is done next while a command follows the pointer; nothing on a cancel. Here it is typed as an
+    /// answer (see parse_input_event).
+    virtual std::optional<InputEvent> next_event();
+
+    /// Adds text to the history. Line ends are where the text has them ("\n" begins a new line).
+    virtual void print(std::wstring_view text) = 0;
+    /// Prints, on a line of its own, that something could not be done (an answer that is no point, an unknown command).
+    /// A person reads it and goes on; a script stops there.
+    virtual void report(std::wstring_view problem) = 0;
+
+    /// Draws a temporary vector over the drawing. Colour -1 complements what is on the screen.
+    virtual void draw_vector(const Point& from, const Point& to, int colour, bool highlight);
+    /// Shows these entities as selected, and no others.
+    virtual void show_selected(const std::vector<dxf::RecordId>& entities);
+
+    /// A script answers: what a person is asked in a dialog is asked in words.
+    virtual bool is_script() const { return false; }
+};
+
+/// Who sits there now. During acedCommand this is its argument list.
+Person& person();
+
+/// Seats another one for the life of this object.
+class PersonScope {
+  public:
+    explicit PersonScope(Person& seated);
+    ~PersonScope();
+    PersonScope(const PersonScope&) = delete;
+    PersonScope& operator=(const PersonScope&) = delete;
+
+  private:
+    Person* previous_;
+};
+
+}  // namespace host
