@@ -9,15 +9,14 @@
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     const std::string_view bytes = fuzz::bytes_of(data, size);
     const auto lines = static_cast<size_t>(std::count(bytes.begin(), bytes.end(), '\n')) + 1;
-    std::optional<host::ScriptFault> fault;
-    const host::Script script = host::read_script(bytes, L"fuzz.scr", fault);
-    if (fault) {
-        fuzz::require(script.lines.empty(), "a refused script is empty");
-        fuzz::require(fault->line >= 1 && fault->line <= lines && !fault->reason.empty(),
+    const base::Result<host::Script, host::ScriptFault> script = host::read_script(bytes, L"fuzz.scr");
+    if (!script) {
+        const host::ScriptFault& fault = script.reason();
+        fuzz::require(fault.line >= 1 && fault.line <= lines && !fault.reason.empty(),
                       "a refusal has place and reason");
     }
     size_t before = 0;
-    for (const host::ScriptLine& line : script.lines) {
+    for (const host::ScriptLine& line : script ? script->lines : std::vector<host::ScriptLine>()) {
         fuzz::require(line.number > before && line.number <= lines, "lines keep their numbers");
         fuzz::require(line.action.has_value() == (!line.text.empty() && line.text.front() == L'@'),
                       "a line that begins with @ is an action");

@@ -8,7 +8,6 @@
 #include "acdocman.h"
 #include "dbapserv.h"
 #include "platform/host/dxf/drawing.h"
-#include "platform/host/editor/document.h"
 #include "platform/host/editor/editor.h"
 
 namespace host {
@@ -26,14 +25,9 @@ class Listener final : public AcApDocManagerReactor {
   public:
     Listener() { acDocManager->addReactor(this); }
     ~Listener() override { acDocManager->removeReactor(this); }
-    void documentCreateStarted(AcApDocument*) override { heard.emplace_back("start"); }
-    void documentCreated(AcApDocument*) override { heard.emplace_back("created"); }
     void documentActivated(AcApDocument* document) override { note("activated", document); }
     void documentTitleUpdated(AcApDocument* document) override { note("title", document); }
     void documentToBeDestroyed(AcApDocument* document) override { note("to be destroyed", document); }
-    void documentDestroyed(const ACHAR* file) override {
-        heard.push_back("destroyed " + std::filesystem::path(file).filename().string());
-    }
     std::vector<std::string> heard;
 
   private:
@@ -67,26 +61,24 @@ class Documents : public testing::Test {
 TEST_F(Documents, TakeEachOthersPlace) {
     Listener listener;
     acDocManager->addReactor(&listener);
-    EXPECT_EQ(editor().documents.open(folder_ / "a.dxf"), L"");
-    AcApDocument* const first = curDoc();
+    EXPECT_EQ(editor().documents.open(folder_ / "a.dxf").reason(), L"");
+    AcApDocument* const first = acDocManager->curDocument();
     ASSERT_NE(first, nullptr);
     EXPECT_EQ(std::filesystem::path(first->fileName()), folder_ / "a.dxf");
-    EXPECT_EQ(acDocManager->document(first->database()), first);
     EXPECT_EQ(acdbHostApplicationServices()->workingDatabase(), first->database());
-    const std::wstring refused = editor().documents.open(folder_ / "broken.dxf");
+    const std::wstring refused = editor().documents.open(folder_ / "broken.dxf").reason();
     EXPECT_THAT(std::filesystem::path(refused).string(), testing::HasSubstr("broken.dxf"));
-    EXPECT_EQ(curDoc(), first) << "a drawing that cannot be read closes none";
-    EXPECT_EQ(editor().documents.open(folder_ / "b.dxf"), L"");
+    EXPECT_EQ(acDocManager->curDocument(), first) << "a drawing that cannot be read closes none";
+    EXPECT_EQ(editor().documents.open(folder_ / "b.dxf").reason(), L"");
     editor().documents.close();
     EXPECT_EQ(acdbHostApplicationServices()->workingDatabase(), nullptr);
-    EXPECT_EQ(curDoc(), nullptr);
+    EXPECT_EQ(acDocManager->curDocument(), nullptr);
     EXPECT_THAT(listener.heard,
-                ElementsAre("start", "created", "activated a.dxf", "to be destroyed a.dxf", "destroyed a.dxf", "start",
-                            "created", "activated b.dxf", "to be destroyed b.dxf", "destroyed b.dxf"));
+                ElementsAre("activated a.dxf", "to be destroyed a.dxf", "activated b.dxf", "to be destroyed b.dxf"));
 }
 
 TEST_F(Documents, BringTheirVariables) {
-    editor().documents.open(folder_ / "a.dxf");
+    ASSERT_TRUE(editor().documents.open(folder_ / "a.dxf"));
     const auto shown = [](const wchar_t* name) { return format_variable(*editor().variables.get(name)); };
     EXPECT_EQ(shown(L"SNAPMODE"), L"1");
     EXPECT_EQ(shown(L"CLAYER"), L"Walls");
@@ -108,7 +100,7 @@ TEST_F(Documents, BringTheirVariables) {
     editor().drawing_variables.store(store);
     EXPECT_EQ(shown(L"DBMOD"), L"1");
     Listener listener;
-    EXPECT_EQ(editor().documents.save(folder_ / "c.dxf"), L"");
+    EXPECT_EQ(editor().documents.save(folder_ / "c.dxf").reason(), L"");
     EXPECT_THAT(listener.heard, ElementsAre("title c.dxf"));
     EXPECT_EQ(shown(L"DBMOD"), L"0");
     std::string expected = drawing;
@@ -120,22 +112,11 @@ TEST_F(Documents, BringTheirVariables) {
 }
 
 TEST_F(Documents, SayWhyTheyCannotBeSaved) {
-    EXPECT_EQ(editor().documents.save(folder_ / "x.dxf"), L"no drawing is open");
-    editor().documents.open(folder_ / "a.dxf");
-    const std::wstring reason = editor().documents.save(folder_ / "nowhere" / "x.dxf");
+    EXPECT_EQ(editor().documents.save(folder_ / "x.dxf").reason(), L"no drawing is open");
+    ASSERT_TRUE(editor().documents.open(folder_ / "a.dxf"));
+    const std::wstring reason = editor().documents.save(folder_ / "nowhere" / "x.dxf").reason();
     EXPECT_THAT(std::filesystem::path(reason).string(), testing::HasSubstr("x.dxf could not be saved: "));
-    EXPECT_EQ(std::filesystem::path(curDoc()->docTitle()), "a.dxf");
-}
-
-TEST_F(Documents, CountLocks) {
-    EXPECT_EQ(acDocManager->lockDocument(nullptr), Acad::eInvalidInput);
-    editor().documents.open(folder_ / "a.dxf");
-    EXPECT_EQ(acDocManager->unlockDocument(curDoc()), Acad::eInvalidInput);
-    EXPECT_EQ(acDocManager->lockDocument(curDoc(), AcAp::kWrite), Acad::eOk);
-    EXPECT_EQ(acDocManager->lockDocument(curDoc(), AcAp::kRead), Acad::eOk);
-    EXPECT_EQ(curDoc()->lockMode(), AcAp::kRead);
-    EXPECT_EQ(acDocManager->unlockDocument(curDoc()), Acad::eOk);
-    EXPECT_EQ(curDoc()->lockMode(), AcAp::kWrite);
+    EXPECT_EQ(std::filesystem::path(acDocManager->curDocument()->docTitle()), "a.dxf");
 }
 
 }  // namespace

@@ -7,7 +7,6 @@
 #include "acedads.h"
 #include "platform/host/dxf/drawing.h"
 #include "platform/host/editor/commands.h"
-#include "platform/host/editor/document.h"
 #include "platform/host/editor/editor.h"
 #include "platform/host/editor/main_window.h"
 #include "platform/host/view/display_list.h"
@@ -43,7 +42,7 @@ class DrawingCommands : public testing::Test {
         add_session_commands(editor());
         add_file_commands(editor());
         add_drawing_commands(editor());
-        EXPECT_EQ(editor().documents.open(folder_ / "a.dxf"), L"");
+        EXPECT_TRUE(editor().documents.open(folder_ / "a.dxf"));
         editor().variables.put(L"FILEDIA", 0);
     }
     ~DrawingCommands() override {
@@ -96,7 +95,7 @@ class HeaderVariables : public DrawingCommands {
   protected:
     HeaderVariables() {
         std::ofstream(folder_ / "v.dxf", std::ios::binary) << unchanged;
-        EXPECT_EQ(editor().documents.open(folder_ / "v.dxf"), L"");
+        EXPECT_TRUE(editor().documents.open(folder_ / "v.dxf"));
         editor().processor.add_built_in(L"TSTHOLD", [] {
             resbuf snap{};
             acedGetVar(L"SNAPMODE", &snap);
@@ -127,7 +126,7 @@ class HeaderVariables : public DrawingCommands {
     static std::wstring shown(const wchar_t* name) { return format_variable(*editor().variables.get(name)); }
     static bool changed() { return editor().documents.document()->changed(); }
     std::string saved() const {
-        EXPECT_EQ(editor().documents.document()->save_copy(folder_ / "saved.dxf"), L"");
+        EXPECT_TRUE(editor().documents.document()->save_copy(folder_ / "saved.dxf"));
         std::ifstream file(folder_ / "saved.dxf", std::ios::binary);
         return {std::istreambuf_iterator<char>(file), {}};
     }

@@ -99,20 +99,17 @@ TEST(SystemVariables, KeepTypesLimitsAndAccess) {
 }
 
 TEST(Options, ReadArguments) {
-    Options options;
-    EXPECT_EQ(read_options({L"a.dxf", L"--load", L"m.arx", L"--load", L"n.arx", L"--script", L"s.scr", L"--hidden",
-                            L"--verbose", L"--stall-seconds", L"7"},
-                           options),
-              L"");
-    EXPECT_EQ(options.drawing + L"," + options.script, L"a.dxf,s.scr");
-    EXPECT_THAT(options.modules, testing::ElementsAre(L"m.arx", L"n.arx"));
-    EXPECT_TRUE(options.hidden && options.verbose);
-    EXPECT_EQ(options.stall_seconds, 7);
-    EXPECT_EQ(read_options({L"--load"}, options), L"--load needs a value");
-    EXPECT_EQ(read_options({L"--stall-seconds", L"0"}, options), L"--stall-seconds needs a number of seconds");
-    EXPECT_EQ(read_options({L"--fast"}, options), L"unknown option --fast");
-    Options two;
-    EXPECT_EQ(read_options({L"a", L"b"}, two), L"more than one drawing: b");
+    const auto options = read_options({L"a.dxf", L"--load", L"m.arx", L"--load", L"n.arx", L"--script", L"s.scr",
+                                       L"--hidden", L"--verbose", L"--stall-seconds", L"7"});
+    ASSERT_TRUE(options);
+    EXPECT_EQ(options->drawing + L"," + options->script, L"a.dxf,s.scr");
+    EXPECT_THAT(options->modules, testing::ElementsAre(L"m.arx", L"n.arx"));
+    EXPECT_TRUE(options->hidden && options->verbose);
+    EXPECT_EQ(options->stall_seconds, 7);
+    EXPECT_EQ(read_options({L"--load"}).reason(), L"--load needs a value");
+    EXPECT_EQ(read_options({L"--stall-seconds", L"0"}).reason(), L"--stall-seconds needs a number of seconds");
+    EXPECT_EQ(read_options({L"--fast"}).reason(), L"unknown option --fast");
+    EXPECT_EQ(read_options({L"a", L"b"}).reason(), L"more than one drawing: b");
 }
 
 }  // namespace

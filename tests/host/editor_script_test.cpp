@@ -35,12 +35,11 @@ std::vector<std::string> as_text(const Script& script) {
 }
 
 std::vector<std::string> read(std::string_view bytes) {
-    std::optional<ScriptFault> fault;
-    const Script script = read_script(bytes, L"s", fault);
-    if (fault) {
-        return {"fault " + std::to_string(fault->line) + ": " + base::utf8_from_wide(fault->reason)};
+    const base::Result<Script, ScriptFault> script = read_script(bytes, L"s");
+    if (!script) {
+        return {"fault " + std::to_string(script.reason().line) + ": " + base::utf8_from_wide(script.reason().reason)};
     }
-    return as_text(script);
+    return as_text(*script);
 }
 
 TEST(Script, ReadsAnswersAsTheyAre) {
@@ -93,8 +92,7 @@ TEST(Script, RefusesWhatItCannotDoBeforeAnythingRuns) {
 }
 
 ScriptRun run_of(std::string_view bytes) {
-    std::optional<ScriptFault> fault;
-    return ScriptRun(read_script(bytes, L"a.scr", fault));
+    return ScriptRun(*read_script(bytes, L"a.scr"));
 }
 
 TEST(ScriptRun, AnswersPromptsAndDialogsInOrder) {

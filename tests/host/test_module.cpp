@@ -131,14 +131,13 @@ void hang() {
     Sleep(INFINITE);
 }
 void unload_itself() {
-    acutPrintf(L"\nunload %d", acrxUnloadModule(L"TestModule.arx") ? 1 : 0);
+    acedCommand(RTSTR, L".ARX", RTSTR, L"Unload", RTSTR, L"TestModule.arx", RTNONE);
 }
 
 class Listener : public AcApDocManagerReactor {
   public:
     Listener() { acDocManagerPtr()->addReactor(this); }
     ~Listener() override { acDocManagerPtr()->removeReactor(this); }
-    void documentCreated(AcApDocument* document) override { acutPrintf(L"\ncreated %s", document->docTitle()); }
     void documentActivated(AcApDocument*) override { acutPrintf(L"\nactivated"); }
     void documentToBeDestroyed(AcApDocument* document) override {
         acutPrintf(L"\nto be destroyed %s", document->docTitle());

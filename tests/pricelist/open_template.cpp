@@ -3,6 +3,7 @@
 #include <cstring>
 #include <fstream>
 #include <iterator>
+#include <stdexcept>
 
 #include "common/module_path.h"
 #include "platform/host/editor/editor.h"
@@ -59,7 +60,9 @@ OpenTemplate::OpenTemplate(const std::vector<std::string>& blocks)
       answers_(std::make_unique<Answers>()) {
     std::filesystem::create_directories(folder_);
     write(L"drawing.dxf", drawing_of(blocks));
-    host::editor().documents.open(folder_ / "drawing.dxf");
+    if (!host::editor().documents.open(folder_ / "drawing.dxf")) {
+        throw std::runtime_error("the drawing cannot be read");
+    }
     corvanes::set_module_path((folder_ / "Corvanes.arx").wstring());
     dialog_ = std::make_unique<BlockPriceDialog>(nullptr);
     dialog_->Create(IDD_BOM_TEMPLATE);

@@ -11,9 +11,7 @@
 #include "acedsel.h"
 
 #define ACED_GETFILE_NEW 1            ///< a file to be made: an existing one is replaced only after a question
-#define ACED_GETFILE_NO_TYPE_IT 2     ///< no "Type it" button
 #define ACED_GETFILE_ANY_EXTENSION 4  ///< a typed extension is kept whatever it is
-#define ACED_GETFILE_SEARCH_PATH 8    ///< a file on the support path is given without its folder
 
 /// Asks for a file name. RTNORM with result->restype RTSTR and the full path in rstring, or RTERROR when the user
 /// cancelled. `defawlt`, `title` and `ext` (without a dot; several with ";") may be null.
@@ -21,8 +19,6 @@ int acedGetFileD(const ACHAR* title, const ACHAR* defawlt, const ACHAR* ext, int
 
 /// A message box over the main window. RTNORM.
 int acedAlert(const ACHAR* message);
-/// Prints on the command line.
-int acedPrompt(const ACHAR* message);
 
 /// RTERROR for an unknown name (and for a value of the wrong type, out of range, or for a read-only variable).
 int acedGetVar(const ACHAR* sym, struct resbuf* result);
@@ -33,12 +29,9 @@ int acedSetVar(const ACHAR* sym, const struct resbuf* value);
 /// there is none or a longer one.
 int acedGetEnv(const ACHAR* sym, ACHAR* var);
 
-#define RSG_NONULL 1  ///< Return alone is not accepted
-#define RSG_NOZERO 2  ///< zero is not accepted
-#define RSG_NONEG 4   ///< negative numbers are not accepted
-#define RSG_NOLIM 8   ///< no check against the drawing's limits
-#define RSG_DASH 32
-#define RSG_2D 64
+#define RSG_NONULL 1   ///< Return alone is not accepted
+#define RSG_NOZERO 2   ///< zero is not accepted
+#define RSG_NONEG 4    ///< negative numbers are not accepted
 #define RSG_OTHER 128  ///< any other text is an answer: RTKWORD
 
 /// Prepares the next acedGet... call (and only that one). Keywords are separated by blanks; the capitals of one are its
@@ -49,9 +42,7 @@ int acedGetInput(ACHAR* input);
 /// With a base point, a line from there follows the pointer (of a corner: a rectangle).
 int acedGetPoint(const ads_point point, const ACHAR* prompt, ads_point result);
 int acedGetCorner(const ads_point point, const ACHAR* prompt, ads_point result);
-int acedGetString(int allowBlanks, const ACHAR* prompt, ACHAR* result);
 int acedGetReal(const ACHAR* prompt, ads_real* result);
-int acedGetInt(const ACHAR* prompt, int* result);
 int acedGetKword(const ACHAR* prompt, ACHAR* result);
 
 /// Kinds of input that acedGrRead reports.
@@ -68,8 +59,6 @@ int acedGrDraw(const ads_point from, const ads_point to, int colour, int highlig
 
 /// Runs a command of the host with the answers that follow, pairs of a result type and a value ended by RTNONE (or 0).
 int acedCommand(int rtype, ...);
-/// The same with a list.
-int acedCmd(const struct resbuf* list);
 
 /// The host's main window; null where there is none.
 HWND adsw_acadMainWnd();

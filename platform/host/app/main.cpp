@@ -9,7 +9,6 @@
 #include "platform/host/app/options.h"
 #include "platform/host/editor/commands.h"
 #include "platform/host/editor/dialog_driver.h"
-#include "platform/host/editor/document.h"
 #include "platform/host/editor/editor.h"
 #include "platform/host/editor/main_window.h"
 #include "platform/host/editor/program_name.h"
@@ -108,19 +107,21 @@ void run_commands_of_person(MainWindow& window) {
 }
 
 /// Reads the script before anything else is done: a misspelt one changes nothing.
-std::wstring read_script_file(const std::wstring& path, Script& script) {
+base::Result<Script> read_script_file(const std::wstring& path) {
     std::ifstream file(std::filesystem::path(path), std::ios::binary);
     if (!file) {
-        return L"drawinghost: " + path + L": the script could not be opened";
+        return base::Failure{L"drawinghost: " + path + L": the script could not be opened"};
     }
     const std::string bytes{std::istreambuf_iterator<char>(file), {}};
-    std::optional<ScriptFault> fault;
-    script = read_script(bytes, path, fault);
-    return fault ? L"script " + path + L":" + std::to_wstring(fault->line) + L": " + fault->reason : std::wstring();
+    base::Result<Script, ScriptFault> script = read_script(bytes, path);
+    if (!script) {
+        const ScriptFault& fault = script.reason();
+        return base::Failure{L"script " + path + L":" + std::to_wstring(fault.line) + L": " + fault.reason};
+    }
+    return *std::move(script);
 }
 
-/// The failure, or an empty text.
-std::wstring run_script(ScriptRun& run, MainWindow& window, bool verbose) {
+base::Outcome<> run_script(ScriptRun& run, MainWindow& window, bool verbose) {
     ScriptPerson script(run, window, editor().processor, verbose);
     const PersonScope scope(script);
     const DialogDriver driver(run);
@@ -131,31 +132,44 @@ std::wstring run_script(ScriptRun& run, MainWindow& window, bool verbose) {
             run_command(answer.text);
         }
     }
-    return run.failure();
+    return run.failed() ? base::Outcome<>(base::Failure{run.failure()}) : base::Outcome<>();
 }
 
-std::wstring open_drawing_and_modules(const Options& options) {
+base::Outcome<> open_drawing_and_modules(const Options& options) {
+    base::Outcome<> opened;
     if (!options.drawing.empty()) {
-        const std::wstring problem = editor().documents.open(options.drawing);
-        if (!problem.empty()) {
-            return L"drawinghost: " + problem;
-        }
+        opened = editor().documents.open(options.drawing);
     }
-    for (const std::wstring& file : options.modules) {
-        const std::wstring problem = editor().modules.load(file);
-        if (!problem.empty()) {
-            return L"drawinghost: " + problem;
-        }
+    for (size_t next = 0; opened && next < options.modules.size(); ++next) {
+        opened = editor().modules.load(options.modules[next]);
     }
-    return {};
+    return opened ? opened : base::Failure{L"drawinghost: " + opened.reason()};
+}
+
+/// From opening the drawing to the last command.
+base::Outcome<> work(const Options& options, Script script, MainWindow& window) {
+    ScriptRun run(std::move(script));
+    const std::unique_ptr<Watchdog> watchdog =
+        options.script.empty() ? nullptr : std::make_unique<Watchdog>(run, std::chrono::seconds(options.stall_seconds));
+    base::Outcome<> done = open_drawing_and_modules(options);
+    if (done && !options.hidden) {
+        window.show();
+    }
+    if (done && options.script.empty()) {
+        run_commands_of_person(window);
+    } else if (done) {
+        done = run_script(run, window, options.verbose);
+    }
+    editor().documents.close();
+    editor().modules.quit();
+    return done;
 }
 
 /// Everything between the first look at the arguments and the end; the exit status.
 int run_program(const Options& options) {
-    Script script;
-    std::wstring problem = options.script.empty() ? std::wstring() : read_script_file(options.script, script);
-    if (!problem.empty()) {
-        return fail(problem);
+    base::Result<Script> script = options.script.empty() ? Script() : read_script_file(options.script);
+    if (!script) {
+        return fail(script.reason());
     }
     MainWindow window(current_content, current_name);
     const WindowAttachment attachment(window);
@@ -165,35 +179,21 @@ int run_program(const Options& options) {
     add_file_commands(editor());
     add_drawing_commands(editor());
     add_view_commands(editor());
-    ScriptRun run(std::move(script));
-    const std::unique_ptr<Watchdog> watchdog =
-        options.script.empty() ? nullptr : std::make_unique<Watchdog>(run, std::chrono::seconds(options.stall_seconds));
-    problem = open_drawing_and_modules(options);
-    if (problem.empty() && !options.hidden) {
-        window.show();
-    }
-    if (problem.empty() && options.script.empty()) {
-        run_commands_of_person(window);
-    } else if (problem.empty()) {
-        problem = run_script(run, window, options.verbose);
-    }
-    editor().documents.close();
-    editor().modules.quit();
-    return problem.empty() ? 0 : fail(problem);
+    const base::Outcome<> done = work(options, *std::move(script), window);
+    return done ? 0 : fail(done.reason());
 }
 
 }  // namespace
 }  // namespace host
 
 int wmain(int count, wchar_t** arguments) {
-    host::Options options;
-    const std::wstring problem = host::read_options({arguments + 1, arguments + count}, options);
-    if (!problem.empty() || options.help) {
-        host::write_standard_error((problem.empty() ? L"" : L"drawinghost: " + problem + L"\n") + host::usage);
-        return problem.empty() ? 0 : host::usage_status;
+    const base::Result<host::Options> options = host::read_options({arguments + 1, arguments + count});
+    if (!options || options->help) {
+        host::write_standard_error((options ? L"" : L"drawinghost: " + options.reason() + L"\n") + host::usage);
+        return options ? 0 : host::usage_status;
     }
     try {
-        return host::run_program(options);
+        return host::run_program(*options);
     } catch (const std::exception& exception) {
         return host::fail(L"drawinghost: " + base::wide_from_utf8(exception.what()));
     }

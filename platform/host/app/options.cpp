@@ -12,13 +12,13 @@ bool read_seconds(const std::wstring& text, int& seconds) {
     return seconds > 0;
 }
 
-std::wstring take_value(const std::wstring& name, const std::wstring& value, Options& options) {
+base::Outcome<> take_value(const std::wstring& name, const std::wstring& value, Options& options) {
     if (name == L"--script") {
         options.script = value;
     } else if (name == L"--load") {
         options.modules.push_back(value);
     } else if (!read_seconds(value, options.stall_seconds)) {
-        return name + L" needs a number of seconds";
+        return base::Failure{name + L" needs a number of seconds"};
     }
     return {};
 }
@@ -35,16 +35,16 @@ const wchar_t usage[] =
     L"  --verbose           write what the command line prints to standard error too\n"
     L"  --stall-seconds N   end a script that takes no line for N seconds (60)\n";
 
-std::wstring read_options(const std::vector<std::wstring>& arguments, Options& options) {
+base::Result<Options> read_options(const std::vector<std::wstring>& arguments) {
+    Options options;
     for (size_t at = 0; at < arguments.size(); ++at) {
         const std::wstring& argument = arguments[at];
         if (argument == L"--script" || argument == L"--load" || argument == L"--stall-seconds") {
             if (++at == arguments.size()) {
-                return argument + L" needs a value";
+                return base::Failure{argument + L" needs a value"};
             }
-            std::wstring problem = take_value(argument, arguments[at], options);
-            if (!problem.empty()) {
-                return problem;
+            if (const base::Outcome<> taken = take_value(argument, arguments[at], options); !taken) {
+                return base::Failure{taken.reason()};
             }
         } else if (argument == L"--hidden") {
             options.hidden = true;
@@ -53,14 +53,14 @@ std::wstring read_options(const std::vector<std::wstring>& arguments, Options& o
         } else if (argument == L"--help") {
             options.help = true;
         } else if (argument.substr(0, 2) == L"--") {
-            return L"unknown option " + argument;
+            return base::Failure{L"unknown option " + argument};
         } else if (!options.drawing.empty()) {
-            return L"more than one drawing: " + argument;
+            return base::Failure{L"more than one drawing: " + argument};
         } else {
             options.drawing = argument;
         }
     }
-    return {};
+    return options;
 }
 
 }  // namespace host

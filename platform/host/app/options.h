@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "base/result.h"
+
 namespace host {
 
 struct Options {
@@ -16,8 +18,8 @@ struct Options {
     int stall_seconds = 60;  ///< how long a script may go without taking a line
 };
 
-/// Reads the arguments after the program's name. The reason when they make no sense, or an empty text.
-std::wstring read_options(const std::vector<std::wstring>& arguments, Options& options);
+/// Reads the arguments after the program's name.
+base::Result<Options> read_options(const std::vector<std::wstring>& arguments);
 
 extern const wchar_t usage[];
 

@@ -3,11 +3,9 @@
 #include <algorithm>
 #include <exception>
 
-#include "accmd.h"
 #include "base/code_page.h"
 #include "platform/host/dxf/drawing.h"
 #include "platform/host/editor/command_stack.h"
-#include "platform/host/editor/document.h"
 #include "platform/host/editor/document_manager.h"
 #include "platform/host/prompt/person.h"
 
@@ -32,14 +30,12 @@ void CommandProcessor::add_built_in(std::wstring name, std::function<void()> bod
 
 CommandProcessor::Command CommandProcessor::find(const CommandName& typed) const {
     if (!typed.built_in) {
-        AcEdCommand* registered = typed.global_only ? nullptr : registered_.lookupLocalCmd(typed.name.c_str());
-        if (registered == nullptr) {
-            registered = registered_.lookupGlobalCmd(typed.name.c_str());
+        const RegisteredCommand* found = typed.global_only ? nullptr : registered_.with_local_name(typed.name);
+        if (found == nullptr) {
+            found = registered_.with_global_name(typed.name);
         }
-        if (registered != nullptr) {
-            const AcRxFunctionPtr function = registered->functionAddr();
-            return {registered->localName(), function, function,
-                    (registered->commandFlags() & ACRX_CMD_TRANSPARENT) != 0};
+        if (found != nullptr) {
+            return {found->local_name, found->function, found->function, (found->flags & ACRX_CMD_TRANSPARENT) != 0};
         }
     }
     const auto own = built_in_.find(in_capitals(typed.name));

@@ -88,29 +88,30 @@ void DialogDriver::drive(const ModalDialog& dialog) {
     const DialogAction action = *next;
     run_.take_action();
     const bool answers_box = dialog.is_message_box() && action.kind != DialogAction::picture;
-    const std::wstring problem = answers_box ? answer_message_box(dialog, action) : perform(dialog, action);
-    if (!problem.empty()) {
-        run_.fail(problem);
+    const base::Outcome<> done = answers_box ? answer_message_box(dialog, action) : perform(dialog, action);
+    if (!done) {
+        run_.fail(done.reason());
     }
 }
 
-std::wstring DialogDriver::answer_message_box(const ModalDialog& box, const DialogAction& action) {
+base::Outcome<> DialogDriver::answer_message_box(const ModalDialog& box, const DialogAction& action) {
     const std::wstring message = box.message();
     if (action.kind != DialogAction::alert) {
-        return L"an alert waits for an answer: \"" + message + L"\"";
+        return base::Failure{L"an alert waits for an answer: \"" + message + L"\""};
     }
     if (!matches_wildcard(action.text, message)) {
-        return L"the alert says \"" + message + L"\"";
+        return base::Failure{L"the alert says \"" + message + L"\""};
     }
     const HWND button = action.button.empty() ? box.default_button() : box.control(button_id(action.button));
     if (button == nullptr) {
-        return L"the alert has no " + (action.button.empty() ? L"default button" : L"button " + action.button);
+        return base::Failure{L"the alert has no " +
+                             (action.button.empty() ? L"default button" : L"button " + action.button)};
     }
     post_click_in_middle(button);
     return {};
 }
 
-std::wstring DialogDriver::perform(const ModalDialog& dialog, const DialogAction& action) {
+base::Outcome<> DialogDriver::perform(const ModalDialog& dialog, const DialogAction& action) {
     switch (action.kind) {
         case DialogAction::press:
             return press(dialog, action);
@@ -137,38 +138,39 @@ std::wstring DialogDriver::perform(const ModalDialog& dialog, const DialogAction
             PostMessageW(dialog.window(), WM_SYSCOMMAND, SC_CLOSE, 0);
             return {};
         case DialogAction::alert:
-            return L"no alert is up, but the dialog \"" + dialog.title() + L"\"";
+            return base::Failure{L"no alert is up, but the dialog \"" + dialog.title() + L"\""};
     }
     return {};
 }
 
-std::wstring DialogDriver::press(const ModalDialog& dialog, const DialogAction& action) {
+base::Outcome<> DialogDriver::press(const ModalDialog& dialog, const DialogAction& action) {
     const HWND target = find_target(dialog, action);
     if (target == nullptr) {
-        return L"the dialog \"" + dialog.title() + L"\" shows no " + target_name(action);
+        return base::Failure{L"the dialog \"" + dialog.title() + L"\" shows no " + target_name(action)};
     }
     if (IsWindowEnabled(target) == 0) {
-        return L"the " + target_name(action) + L" is disabled";
+        return base::Failure{L"the " + target_name(action) + L" is disabled"};
     }
     post_click_in_middle(target);
     return {};
 }
 
-std::wstring DialogDriver::tick(const ModalDialog& dialog, const DialogAction& action) {
+base::Outcome<> DialogDriver::tick(const ModalDialog& dialog, const DialogAction& action) {
     const HWND target = find_target(dialog, action);
     const bool ticked = target != nullptr && SendMessageW(target, BM_GETCHECK, 0, 0) == BST_CHECKED;
-    return target != nullptr && ticked == action.on ? std::wstring() : press(dialog, action);
+    return target != nullptr && ticked == action.on ? base::Outcome<>() : press(dialog, action);
 }
 
-std::wstring DialogDriver::point_at_cell(const ModalDialog& dialog, const DialogAction& action) {
+base::Outcome<> DialogDriver::point_at_cell(const ModalDialog& dialog, const DialogAction& action) {
     constexpr int heading_row = -1;
     const bool heading = action.kind == DialogAction::click_heading || action.kind == DialogAction::drag_border;
     const int row = heading ? heading_row : action.row;
     const CellPlace place = action.kind == DialogAction::drag_border ? CellPlace::right_border : CellPlace::middle;
     const std::optional<WindowPoint> at = find_cell(dialog, action.column, row, place);
     if (!at) {
-        return L"the dialog \"" + dialog.title() + L"\" shows no cell in column " + std::to_wstring(action.column) +
-               (heading ? L" of the heading" : L", row " + std::to_wstring(row));
+        return base::Failure{L"the dialog \"" + dialog.title() + L"\" shows no cell in column " +
+                             std::to_wstring(action.column) +
+                             (heading ? L" of the heading" : L", row " + std::to_wstring(row))};
     }
     if (action.kind == DialogAction::drag_border) {
         post_drag(at->window, at->point, {at->point.x + action.pixels, at->point.y});
@@ -180,23 +182,28 @@ std::wstring DialogDriver::point_at_cell(const ModalDialog& dialog, const Dialog
     return {};
 }
 
-std::wstring DialogDriver::expect_text(const ModalDialog& dialog, const DialogAction& action) {
+base::Outcome<> DialogDriver::expect_text(const ModalDialog& dialog, const DialogAction& action) {
     const HWND target = dialog.control(action.id.value_or(0));
     if (target == nullptr) {
-        return L"the dialog \"" + dialog.title() + L"\" shows no " + target_name(action);
+        return base::Failure{L"the dialog \"" + dialog.title() + L"\" shows no " + target_name(action)};
     }
     const std::wstring text = window_text(target);
-    return text == action.text ? std::wstring() : L"the " + target_name(action) + L" has the text \"" + text + L"\"";
+    if (text != action.text) {
+        return base::Failure{L"the " + target_name(action) + L" has the text \"" + text + L"\""};
+    }
+    return {};
 }
 
-std::wstring DialogDriver::expect_enabled(const ModalDialog& dialog, const DialogAction& action) {
+base::Outcome<> DialogDriver::expect_enabled(const ModalDialog& dialog, const DialogAction& action) {
     const HWND target = find_target(dialog, action);
     if (target == nullptr) {
-        return L"the dialog \"" + dialog.title() + L"\" shows no " + target_name(action);
+        return base::Failure{L"the dialog \"" + dialog.title() + L"\" shows no " + target_name(action)};
     }
     const bool enabled = IsWindowEnabled(target) != 0;
-    return enabled == action.on ? std::wstring()
-                                : L"the " + target_name(action) + (enabled ? L" is enabled" : L" is disabled");
+    if (enabled != action.on) {
+        return base::Failure{L"the " + target_name(action) + (enabled ? L" is enabled" : L" is disabled")};
+    }
+    return {};
 }
 
 void DialogDriver::close(const ModalDialog& dialog) {

@@ -27,14 +27,14 @@ class DialogDriver {
     /// After a failure: closes what is open, so that the command comes to its end.
     void close(const ModalDialog& dialog);
 
-    // One kind of action each; the reason when it cannot be done, or an empty text.
-    std::wstring answer_message_box(const ModalDialog& box, const DialogAction& action);
-    std::wstring perform(const ModalDialog& dialog, const DialogAction& action);
-    std::wstring press(const ModalDialog& dialog, const DialogAction& action);
-    std::wstring tick(const ModalDialog& dialog, const DialogAction& action);
-    std::wstring point_at_cell(const ModalDialog& dialog, const DialogAction& action);
-    std::wstring expect_text(const ModalDialog& dialog, const DialogAction& action);
-    std::wstring expect_enabled(const ModalDialog& dialog, const DialogAction& action);
+    // One kind of action each.
+    base::Outcome<> answer_message_box(const ModalDialog& box, const DialogAction& action);
+    base::Outcome<> perform(const ModalDialog& dialog, const DialogAction& action);
+    base::Outcome<> press(const ModalDialog& dialog, const DialogAction& action);
+    base::Outcome<> tick(const ModalDialog& dialog, const DialogAction& action);
+    base::Outcome<> point_at_cell(const ModalDialog& dialog, const DialogAction& action);
+    base::Outcome<> expect_text(const ModalDialog& dialog, const DialogAction& action);
+    base::Outcome<> expect_enabled(const ModalDialog& dialog, const DialogAction& action);
 
     ScriptRun& run_;
     TypedKeys keys_;

@@ -4,125 +4,116 @@
 
 #include <algorithm>
 
-#include "platform/host/editor/document.h"
+#include "base/code_page.h"
+#include "dbapserv.h"
+#include "platform/host/database/database_store.h"
+#include "platform/host/dxf/drawing.h"
 #include "platform/host/prompt/person.h"
 
 ACRX_NO_CONS_DEFINE_MEMBERS(AcApDocument, AcRxObject)
-ACRX_NO_CONS_DEFINE_MEMBERS(AcApDocumentIterator, AcRxObject)
 ACRX_NO_CONS_DEFINE_MEMBERS(AcApDocManagerReactor, AcRxObject)
 ACRX_NO_CONS_DEFINE_MEMBERS(AcApDocManager, AcRxObject)
 
-void AcApDocManagerReactor::documentCreateStarted(AcApDocument*) {}
-void AcApDocManagerReactor::documentCreated(AcApDocument*) {}
 void AcApDocManagerReactor::documentToBeDestroyed(AcApDocument*) {}
-void AcApDocManagerReactor::documentDestroyed(const ACHAR*) {}
-void AcApDocManagerReactor::documentCreateCanceled(AcApDocument*) {}
-void AcApDocManagerReactor::documentBecameCurrent(AcApDocument*) {}
-void AcApDocManagerReactor::documentToBeActivated(AcApDocument*) {}
-void AcApDocManagerReactor::documentToBeDeactivated(AcApDocument*) {}
 void AcApDocManagerReactor::documentActivated(AcApDocument*) {}
 void AcApDocManagerReactor::documentTitleUpdated(AcApDocument*) {}
 
 namespace host {
-namespace {
 
-class OneDocumentIterator final : public AcApDocumentIterator {
-  public:
-    explicit OneDocumentIterator(AcApDocument* document) : document_(document) {}
-    bool done() const override { return document_ == nullptr; }
-    void step() override { document_ = nullptr; }
-    AcApDocument* document() override { return document_; }
+base::Result<std::unique_ptr<Document>> Document::open(const std::filesystem::path& path) {
+    dxf::Error error;
+    std::unique_ptr<AcDbDatabase> database = open_database(path, error);
+    if (database == nullptr) {
+        return base::Failure{base::wide_from_utf8(error.message())};
+    }
+    return std::unique_ptr<Document>(new Document(std::move(database), path));
+}
 
-  private:
-    AcApDocument* document_;
-};
+Document::Document(std::unique_ptr<AcDbDatabase> database, const std::filesystem::path& path)
+    : database_(std::move(database)) {
+    set_path(path);
+}
 
-}  // namespace
+Document::~Document() {
+    AcDbHostApplicationServices* const services = acdbHostApplicationServices();
+    if (services->workingDatabase() == database_.get()) {
+        services->setWorkingDatabase(nullptr);
+    }
+}
 
-DocumentManager::DocumentManager(Hooks hooks) : hooks_(std::move(hooks)) {}
-DocumentManager::~DocumentManager() = default;
+dxf::Drawing& Document::drawing() const {
+    return database_->store().drawing();
+}
+
+bool Document::changed() const {
+    return drawing().history().state() != state_saved_;
+}
+
+base::Outcome<> Document::save_copy(const std::filesystem::path& path) const {
+    const base::WriteStatus status = drawing().save(path);
+    if (!status) {
+        return base::Failure{path.wstring() + L" could not be saved: " + base::wide_from_utf8(status.reason())};
+    }
+    return {};
+}
+
+base::Outcome<> Document::save(const std::filesystem::path& path) {
+    base::Outcome<> saved = save_copy(path);
+    if (saved) {
+        state_saved_ = drawing().history().state();
+        set_path(path);
+    }
+    return saved;
+}
+
+void Document::set_path(const std::filesystem::path& path) {
+    path_ = std::filesystem::absolute(path);
+    file_name_ = path_.wstring();
+    title_ = path_.filename().wstring();
+    database_->store().set_file_name(file_name_);
+}
 
 /// Reactors may come and go while they are told; one that was removed meanwhile is not called any more.
-template <typename Call>
-void DocumentManager::tell_reactors(Call call) {
+void DocumentManager::tell_reactors(void (AcApDocManagerReactor::*event)(AcApDocument*)) {
     const std::vector<AcApDocManagerReactor*> told = reactors_;
     for (AcApDocManagerReactor* reactor : told) {
         if (std::find(reactors_.begin(), reactors_.end(), reactor) != reactors_.end()) {
-            call(*reactor);
+            (reactor->*event)(document_.get());
         }
     }
 }
 
-std::wstring DocumentManager::open(const std::filesystem::path& path) {
-    std::wstring reason;
-    std::unique_ptr<Document> opened = Document::open(path, reason);
-    if (opened == nullptr) {
-        return reason;
+base::Outcome<> DocumentManager::open(const std::filesystem::path& path) {
+    base::Result<std::unique_ptr<Document>> opened = Document::open(path);
+    if (!opened) {
+        return base::Failure{opened.reason()};
     }
     close();
-    tell_reactors([&](AcApDocManagerReactor& reactor) { reactor.documentCreateStarted(opened.get()); });
-    document_ = std::move(opened);
-    document_->make_current();
+    document_ = *std::move(opened);
+    acdbHostApplicationServices()->setWorkingDatabase(document_->database());
     hooks_.opened(*document_);
-    tell_reactors([&](AcApDocManagerReactor& reactor) { reactor.documentCreated(document_.get()); });
-    tell_reactors([&](AcApDocManagerReactor& reactor) { reactor.documentToBeActivated(document_.get()); });
-    tell_reactors([&](AcApDocManagerReactor& reactor) { reactor.documentBecameCurrent(document_.get()); });
-    tell_reactors([&](AcApDocManagerReactor& reactor) { reactor.documentActivated(document_.get()); });
+    tell_reactors(&AcApDocManagerReactor::documentActivated);
     return {};
 }
 
 void DocumentManager::close() {
-    if (document_ == nullptr) {
-        return;
+    if (document_ != nullptr) {
+        hooks_.closing();
+        tell_reactors(&AcApDocManagerReactor::documentToBeDestroyed);
+        document_.reset();
     }
-    hooks_.closing();
-    tell_reactors([&](AcApDocManagerReactor& reactor) { reactor.documentToBeDeactivated(document_.get()); });
-    tell_reactors([&](AcApDocManagerReactor& reactor) { reactor.documentToBeDestroyed(document_.get()); });
-    const std::wstring file_name = document_->fileName();
-    document_.reset();
-    tell_reactors([&](AcApDocManagerReactor& reactor) { reactor.documentDestroyed(file_name.c_str()); });
 }
 
-std::wstring DocumentManager::save(const std::filesystem::path& path) {
+base::Outcome<> DocumentManager::save(const std::filesystem::path& path) {
     if (document_ == nullptr) {
-        return L"no drawing is open";
+        return base::Failure{L"no drawing is open"};
     }
     const std::wstring title = document_->docTitle();
-    std::wstring reason = document_->save(path);
+    base::Outcome<> saved = document_->save(path);
     if (title != document_->docTitle()) {
-        tell_reactors([&](AcApDocManagerReactor& reactor) { reactor.documentTitleUpdated(document_.get()); });
+        tell_reactors(&AcApDocManagerReactor::documentTitleUpdated);
     }
-    return reason;
-}
-
-AcApDocument* DocumentManager::curDocument() const {
-    return document_.get();
-}
-
-AcApDocument* DocumentManager::mdiActiveDocument() const {
-    return document_.get();
-}
-
-AcApDocument* DocumentManager::document(const AcDbDatabase* database) const {
-    return document_ != nullptr && document_->database() == database ? document_.get() : nullptr;
-}
-
-AcApDocumentIterator* DocumentManager::newAcApDocumentIterator() {
-    return new OneDocumentIterator(document_.get());
-}
-
-Acad::ErrorStatus DocumentManager::lockDocument(AcApDocument* document, AcAp::DocLockMode mode, const ACHAR*,
-                                                const ACHAR*, bool) {
-    if (document == nullptr || document != document_.get()) {
-        return Acad::eInvalidInput;
-    }
-    document_->lock(mode);
-    return Acad::eOk;
-}
-
-Acad::ErrorStatus DocumentManager::unlockDocument(AcApDocument* document) {
-    const bool known = document != nullptr && document == document_.get();
-    return known && document_->unlock() ? Acad::eOk : Acad::eInvalidInput;
+    return saved;
 }
 
 void DocumentManager::addReactor(AcApDocManagerReactor* reactor) {

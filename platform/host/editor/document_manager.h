@@ -1,6 +1,7 @@
-// The open drawing as modules see it, the reactors, and the stack of resource handles.
+// The open drawing as modules see it, its reactors, and the stack of resource handles.
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <functional>
 #include <memory>
@@ -8,11 +9,45 @@
 #include <vector>
 
 #include "acdocman.h"
-#include "base/replace_file.h"
+#include "base/result.h"
+#include "dbmain.h"
+
+namespace dxf {
+class Drawing;
+}
 
 namespace host {
 
-class Document;
+/// One open drawing: its file and its database. The database functions work on it for as long as it lives.
+class Document final : public AcApDocument {
+  public:
+    /// Reads a drawing. The reason when it cannot be read: "FILE:LINE: reason".
+    static base::Result<std::unique_ptr<Document>> open(const std::filesystem::path& path);
+    ~Document() override;
+
+    const std::filesystem::path& path() const { return path_; }
+    dxf::Drawing& drawing() const;
+    /// The drawing has changes that no save has written.
+    bool changed() const;
+    /// Saves to a file, which the drawing is named after from then on.
+    base::Outcome<> save(const std::filesystem::path& path);
+    /// Saves to another file, and changes nothing about this drawing.
+    base::Outcome<> save_copy(const std::filesystem::path& path) const;
+
+    const ACHAR* fileName() const override { return file_name_.c_str(); }
+    const ACHAR* docTitle() const override { return title_.c_str(); }
+    AcDbDatabase* database() const override { return database_.get(); }
+
+  private:
+    Document(std::unique_ptr<AcDbDatabase> database, const std::filesystem::path& path);
+    void set_path(const std::filesystem::path& path);
+
+    std::filesystem::path path_;
+    std::wstring file_name_;
+    std::wstring title_;
+    uint64_t state_saved_ = 0;
+    std::unique_ptr<AcDbDatabase> database_;
+};
 
 /// The host has one drawing open at a time.
 class DocumentManager final : public AcApDocManager {
@@ -23,40 +58,29 @@ class DocumentManager final : public AcApDocManager {
         std::function<void(Document&)> opened;
         std::function<void()> closing;
     };
-    explicit DocumentManager(Hooks hooks);
-    ~DocumentManager() override;
+    explicit DocumentManager(Hooks hooks) : hooks_(std::move(hooks)) {}
 
     /// Opens a drawing in place of the one that is open, which is closed only when the new one could be read.
-    /// The reason when it could not: "FILE:LINE: reason".
-    std::wstring open(const std::filesystem::path& path);
+    base::Outcome<> open(const std::filesystem::path& path);
     /// Closes the drawing without saving; the reactors are told.
     void close();
     /// Null while none is open.
     Document* document() const { return document_.get(); }
-    /// Saves the open drawing; it has that name from then on. The reason for a failure, or empty.
-    std::wstring save(const std::filesystem::path& path);
+    /// Saves the open drawing; it has that name from then on.
+    base::Outcome<> save(const std::filesystem::path& path);
 
     size_t resource_depth() const { return resources_.size(); }
     /// Pops what was pushed above `depth`. False when the stack was not at that depth.
     bool restore_resource_depth(size_t depth);
 
-    AcApDocument* curDocument() const override;
-    AcApDocument* mdiActiveDocument() const override;
-    AcApDocument* document(const AcDbDatabase* database) const override;
-    int documentCount() const override { return document_ != nullptr ? 1 : 0; }
-    AcApDocumentIterator* newAcApDocumentIterator() override;
-    Acad::ErrorStatus lockDocument(AcApDocument* document, AcAp::DocLockMode mode, const ACHAR* global_command,
-                                   const ACHAR* local_command, bool prompt) override;
-    Acad::ErrorStatus unlockDocument(AcApDocument* document) override;
+    AcApDocument* curDocument() const override { return document_.get(); }
     void addReactor(AcApDocManagerReactor* reactor) override;
     void removeReactor(AcApDocManagerReactor* reactor) override;
     void pushResourceHandle(HINSTANCE resources) override;
     void popResourceHandle() override;
-    bool isApplicationContext() const override { return false; }
 
   private:
-    template <typename Call>
-    void tell_reactors(Call call);
+    void tell_reactors(void (AcApDocManagerReactor::*event)(AcApDocument*));
 
     const Hooks hooks_;
     std::unique_ptr<Document> document_;

@@ -7,7 +7,6 @@
 #include "platform/host/database/insert_block.h"
 #include "platform/host/dxf/drawing.h"
 #include "platform/host/editor/commands.h"
-#include "platform/host/editor/document.h"
 #include "platform/host/editor/editor.h"
 #include "platform/host/prompt/person.h"
 

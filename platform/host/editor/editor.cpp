@@ -2,7 +2,6 @@
 
 #include "base/case_folding.h"
 #include "platform/host/dxf/drawing.h"
-#include "platform/host/editor/document.h"
 #include "platform/host/editor/main_window.h"
 #include "platform/host/prompt/person.h"
 
@@ -96,8 +95,6 @@ void restrict_variables(Editor& editor) {
 
 Editor::Editor()
     : documents({[this](Document& document) { opened(document); }, [this] { modules.tell_all(AcRx::kUnloadDwgMsg); }}) {
-    registry.atPut(ACRX_DYNAMIC_LINKER, &modules);
-    registry.atPut(ACRX_COMMAND_DOCK, &commands);
     compute_variables(*this);
     restrict_variables(*this);
     processor.after_each([this] { store_variables(); });

@@ -8,7 +8,6 @@
 #include "platform/host/editor/document_manager.h"
 #include "platform/host/editor/drawing_variables.h"
 #include "platform/host/editor/module_loader.h"
-#include "platform/host/editor/object_registry.h"
 #include "platform/host/editor/system_variables.h"
 
 namespace host {
@@ -21,7 +20,6 @@ class Editor {
   public:
     Editor();
 
-    ObjectRegistry registry;
     SystemVariables variables;
     DrawingVariables drawing_variables{variables};
     DocumentManager documents;

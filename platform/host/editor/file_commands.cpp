@@ -1,7 +1,6 @@
 #include "platform/host/editor/commands.h"
 
 #include "base/case_folding.h"
-#include "platform/host/editor/document.h"
 #include "platform/host/editor/editor.h"
 #include "platform/host/editor/file_question.h"
 #include "platform/host/editor/modal_dialog.h"
@@ -11,14 +10,6 @@
 
 namespace host {
 namespace {
-
-/// False after a report, when there is something to report.
-bool succeeded(const std::wstring& problem) {
-    if (!problem.empty()) {
-        person().report(problem);
-    }
-    return problem.empty();
-}
 
 /// The open drawing; null after a report.
 Document* open_document(const Editor& editor) {
@@ -35,9 +26,9 @@ void settle(Editor& editor) {
     editor.store_variables();
 }
 
-/// Tells what was saved, or why it could not be: `problem`, which is empty after a success.
-bool report_saved(const std::filesystem::path& file, const std::wstring& problem) {
-    if (!succeeded(problem)) {
+/// Tells what was saved, or why it could not be.
+bool report_saved(const std::filesystem::path& file, const base::Outcome<>& saved) {
+    if (!succeeded(saved)) {
         return false;
     }
     person().print(L"\n" + std::filesystem::absolute(file).wstring() + L" saved.");

@@ -8,7 +8,6 @@
 
 #include "acedads.h"
 #include "base/loaded_library.h"
-#include "platform/host/editor/document.h"
 #include "platform/host/editor/editor.h"
 #include "platform/host/editor/modal_dialog.h"
 #include "platform/host/editor/program_name.h"

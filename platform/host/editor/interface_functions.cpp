@@ -2,6 +2,7 @@
 #include "acdocman.h"
 #include "acedads.h"
 #include "acui.h"
+#include "base/case_folding.h"
 #include "platform/host/editor/editor.h"
 #include "platform/host/editor/modal_dialog.h"
 #include "platform/host/editor/program_name.h"
@@ -10,24 +11,33 @@
 
 using host::editor;
 
+ACRX_NO_CONS_DEFINE_MEMBERS(AcRxDictionary, AcRxObject)
+
+namespace {
+
+/// The host's well-known objects by name.
+class SystemRegistry final : public AcRxDictionary {
+  public:
+    AcRxObject* at(const ACHAR* key) const override {
+        const auto is = [key](const ACHAR* name) {
+            return key != nullptr && base::compare_ignoring_case(key, name) == 0;
+        };
+        if (is(ACRX_DYNAMIC_LINKER)) {
+            return &editor().modules;
+        }
+        return is(ACRX_COMMAND_DOCK) ? &editor().commands : nullptr;
+    }
+};
+
+}  // namespace
+
 AcRxDictionary* acrxSysRegistry() {
-    return &editor().registry;
-}
-
-bool acrxLoadModule(const ACHAR* moduleName, bool printit, bool asCmd) {
-    return editor().modules.loadModule(moduleName, printit, asCmd);
-}
-
-bool acrxUnloadModule(const ACHAR* moduleName, bool asCmd) {
-    return editor().modules.unloadModule(moduleName, asCmd);
+    static SystemRegistry registry;
+    return &registry;
 }
 
 AcApDocManager* acDocManagerPtr() {
     return &editor().documents;
-}
-
-AcApDocument* curDoc() {
-    return editor().documents.curDocument();
 }
 
 HWND adsw_acadMainWnd() {
@@ -40,11 +50,6 @@ void InitAcUiDLL() {}
 int acedAlert(const ACHAR* message) {
     MessageBoxW(host::dialog_owner(editor().main_window()), message != nullptr ? message : L"", host::program_name,
                 MB_OK | MB_ICONWARNING);
-    return RTNORM;
-}
-
-int acedPrompt(const ACHAR* message) {
-    host::person().print(message != nullptr ? message : L"");
     return RTNORM;
 }
 

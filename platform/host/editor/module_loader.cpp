@@ -10,7 +10,7 @@
 #include "platform/host/editor/document_manager.h"
 #include "platform/host/prompt/person.h"
 
-ACRX_NO_CONS_DEFINE_MEMBERS(AcRxDynamicLinker, AcRxService)
+ACRX_NO_CONS_DEFINE_MEMBERS(AcRxDynamicLinker, AcRxObject)
 
 namespace host {
 namespace {
@@ -68,7 +68,6 @@ struct ModuleLoader::Module {
     base::LoadedLibrary library;
     EntryPoint* entry_point = nullptr;
     bool locked = true;
-    bool mdi_aware = false;
 };
 
 ModuleLoader::ModuleLoader(CommandStack& commands, CommandProcessor& processor, const DocumentManager& documents)
@@ -76,7 +75,7 @@ ModuleLoader::ModuleLoader(CommandStack& commands, CommandProcessor& processor, 
 
 ModuleLoader::~ModuleLoader() = default;
 
-std::wstring ModuleLoader::load(const std::wstring& file) {
+base::Outcome<> ModuleLoader::load(const std::wstring& file) {
     if (find(file) != modules_.end()) {
         return {};
     }
@@ -85,41 +84,42 @@ std::wstring ModuleLoader::load(const std::wstring& file) {
     module->path = locate(file);
     module->library = base::LoadedLibrary::load(module->path);
     if (!module->library) {
-        return module->path + L" could not be loaded: " + base::system_message(GetLastError());
+        return base::Failure{module->path + L" could not be loaded: " + base::system_message(GetLastError())};
     }
     module->entry_point = module->library.function<EntryPoint>("acrxEntryPoint");
     VersionQuery* const version = module->library.function<VersionQuery>("acrxGetApiVersion");
     if (module->entry_point == nullptr || version == nullptr) {
-        return module->path + L" is not a module: it does not export acrxEntryPoint and acrxGetApiVersion";
+        return base::Failure{module->path +
+                             L" is not a module: it does not export acrxEntryPoint and acrxGetApiVersion"};
     }
     const int built_for = version();
     if (built_for != ACRX_API_VERSION) {
-        return module->path + L" is built for interface version " + std::to_wstring(built_for) + L", not " +
-               std::to_wstring(ACRX_API_VERSION);
+        return base::Failure{module->path + L" is built for interface version " + std::to_wstring(built_for) +
+                             L", not " + std::to_wstring(ACRX_API_VERSION)};
     }
     modules_.push_back(std::move(module));
-    std::wstring problem = send(*modules_.back(), AcRx::kInitAppMsg);
-    if (!problem.empty()) {
+    base::Outcome<> begun = send(*modules_.back(), AcRx::kInitAppMsg);
+    if (!begun) {
         release(modules_.end() - 1);
-        return problem;
+        return begun;
     }
-    return documents_.documentCount() != 0 ? send(*modules_.back(), AcRx::kLoadDwgMsg) : std::wstring();
+    return documents_.document() != nullptr ? send(*modules_.back(), AcRx::kLoadDwgMsg) : base::Outcome<>();
 }
 
-std::wstring ModuleLoader::unload(const std::wstring& file) {
+base::Outcome<> ModuleLoader::unload(const std::wstring& file) {
     const auto module = find(file);
     if (module == modules_.end()) {
-        return file + L" is not loaded";
+        return base::Failure{file + L" is not loaded"};
     }
     if ((*module)->locked) {
-        return (*module)->name + L" cannot be unloaded: it is locked";
+        return base::Failure{(*module)->name + L" cannot be unloaded: it is locked"};
     }
     if (processor_.runs_function_of((*module)->library.handle())) {
-        return (*module)->name + L" cannot be unloaded: one of its commands is active";
+        return base::Failure{(*module)->name + L" cannot be unloaded: one of its commands is active"};
     }
-    std::wstring problem = send(**module, AcRx::kUnloadAppMsg);
+    base::Outcome<> ended = send(**module, AcRx::kUnloadAppMsg);
     release(module);
-    return problem;
+    return ended;
 }
 
 void ModuleLoader::release(Modules::const_iterator module) {
@@ -131,33 +131,29 @@ void ModuleLoader::release(Modules::const_iterator module) {
 
 void ModuleLoader::tell_all(AcRx::AppMsgCode message) {
     for (const auto& module : modules_) {
-        const std::wstring problem = send(*module, message);
-        if (!problem.empty()) {
-            person().report(problem);
-        }
+        succeeded(send(*module, message));
     }
 }
 
 void ModuleLoader::quit() {
     tell_all(AcRx::kQuitMsg);
     while (!modules_.empty()) {
-        const std::wstring problem = send(*modules_.back(), AcRx::kUnloadAppMsg);
-        if (!problem.empty()) {
-            person().report(problem);
-        }
+        succeeded(send(*modules_.back(), AcRx::kUnloadAppMsg));
         release(modules_.end() - 1);
     }
 }
 
-std::wstring ModuleLoader::send(Module& module, AcRx::AppMsgCode message) {
+base::Outcome<> ModuleLoader::send(Module& module, AcRx::AppMsgCode message) {
     const std::wstring subject = module.name + L": message " + std::to_wstring(message);
     try {
-        return module.entry_point(message, &module) == AcRx::kRetError ? subject + L" was answered with an error"
-                                                                       : std::wstring();
+        if (module.entry_point(message, &module) != AcRx::kRetError) {
+            return {};
+        }
+        return base::Failure{subject + L" was answered with an error"};
     } catch (const std::exception& exception) {
-        return subject + L" ended with an exception: " + base::wide_from_utf8(exception.what());
+        return base::Failure{subject + L" ended with an exception: " + base::wide_from_utf8(exception.what())};
     } catch (...) {  // a module may throw anything; the caller reports it
-        return subject + L" ended with an exception of a kind that the host does not know";
+        return base::Failure{subject + L" ended with an exception of a kind that the host does not know"};
     }
 }
 
@@ -180,18 +176,6 @@ ModuleLoader::Module* ModuleLoader::application(void* id) const {
     return found == modules_.end() ? nullptr : found->get();
 }
 
-bool ModuleLoader::loadModule(const ACHAR* file, bool print, bool) {
-    const std::wstring problem = file == nullptr ? L"no module was named" : load(file);
-    if (!problem.empty() && print) {
-        person().print(L"\n" + problem);
-    }
-    return problem.empty();
-}
-
-bool ModuleLoader::unloadModule(const ACHAR* file, bool) {
-    return file != nullptr && unload(file).empty();
-}
-
 bool ModuleLoader::unlockApplication(void* id) const {
     Module* const module = application(id);
     const bool was_locked = module != nullptr && module->locked;
@@ -201,39 +185,8 @@ bool ModuleLoader::unlockApplication(void* id) const {
     return was_locked;
 }
 
-bool ModuleLoader::lockApplication(void* id) const {
-    Module* const module = application(id);
-    const bool was_unlocked = module != nullptr && !module->locked;
-    if (was_unlocked) {
-        module->locked = true;
-    }
-    return was_unlocked;
-}
-
-bool ModuleLoader::isApplicationLocked(const ACHAR* name) const {
-    const auto module = find(name);
-    return module != modules_.end() && (*module)->locked;
-}
-
 bool ModuleLoader::registerAppMDIAware(void* id) const {
-    Module* const module = application(id);
-    if (module != nullptr) {
-        module->mdi_aware = true;
-    }
-    return module != nullptr;
-}
-
-bool ModuleLoader::registerAppNotMDIAware(void* id) const {
-    Module* const module = application(id);
-    if (module != nullptr) {
-        module->mdi_aware = false;
-    }
-    return module != nullptr;
-}
-
-bool ModuleLoader::isAppMDIAware(const ACHAR* name) const {
-    const auto module = find(name);
-    return module != modules_.end() && (*module)->mdi_aware;
+    return application(id) != nullptr;
 }
 
 }  // namespace host

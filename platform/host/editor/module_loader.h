@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "base/loaded_library.h"
+#include "base/result.h"
 #include "rxdlinkr.h"
 
 namespace host {
@@ -19,11 +20,10 @@ class ModuleLoader final : public AcRxDynamicLinker {
     ModuleLoader(CommandStack& commands, CommandProcessor& processor, const DocumentManager& documents);
     ~ModuleLoader() override;
 
-    /// Loads a module: by path, or one of that name beside the program. The reason when it cannot be loaded, or empty;
-    /// empty too when it is loaded already.
-    std::wstring load(const std::wstring& file);
-    /// The reason when it is not loaded, locked, or running a command.
-    std::wstring unload(const std::wstring& file);
+    /// Loads a module: by path, or one of that name beside the program. One that is loaded stays.
+    base::Outcome<> load(const std::wstring& file);
+    /// Fails when it is not loaded, locked, or running a command.
+    base::Outcome<> unload(const std::wstring& file);
     /// Sends a message to every module, in the order of loading.
     void tell_all(AcRx::AppMsgCode message);
     /// At the host's end: the quit message, then everything is unloaded, locked or not, the last one first.
@@ -32,14 +32,8 @@ class ModuleLoader final : public AcRxDynamicLinker {
     /// The paths of the modules, in the order of loading.
     std::vector<std::wstring> loaded_files() const;
 
-    bool loadModule(const ACHAR* file, bool print, bool as_command) override;
-    bool unloadModule(const ACHAR* file, bool as_command) override;
     bool unlockApplication(void* application) const override;
-    bool lockApplication(void* application) const override;
-    bool isApplicationLocked(const ACHAR* name) const override;
     bool registerAppMDIAware(void* application) const override;
-    bool registerAppNotMDIAware(void* application) const override;
-    bool isAppMDIAware(const ACHAR* name) const override;
 
   private:
     struct Module;
@@ -48,7 +42,7 @@ class ModuleLoader final : public AcRxDynamicLinker {
     Modules::const_iterator find(const std::wstring& file) const;
     /// The module that an application id stands for, or null.
     Module* application(void* id) const;
-    std::wstring send(Module& module, AcRx::AppMsgCode message);
+    base::Outcome<> send(Module& module, AcRx::AppMsgCode message);
     void release(Modules::const_iterator module);
 
     CommandStack& commands_;

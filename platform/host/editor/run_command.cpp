@@ -155,11 +155,3 @@ int acedCommand(int rtype, ...) {
     va_end(list);
     return host::run(std::move(arguments));
 }
-
-int acedCmd(const struct resbuf* list) {
-    host::Arguments arguments;
-    for (; list != nullptr && !host::ends_list(list->restype) && arguments.valid; list = list->rbnext) {
-        arguments.add(list->restype, list->resval);
-    }
-    return host::run(std::move(arguments));
-}

@@ -109,9 +109,8 @@ bool take_arguments(DialogAction& action, const ActionForm& form, const std::vec
     return next == words.size();
 }
 
-/// Fills the line's action; the reason when it cannot.
-std::wstring parse_action(ScriptLine& line) {
-    const std::wstring name = line.text.substr(0, line.text.find_first_of(L" \t"));
+base::Result<DialogAction> parse_action(const std::wstring& line) {
+    const std::wstring name = line.substr(0, line.find_first_of(L" \t"));
     for (const ActionForm& form : action_forms) {
         if (name != form.name) {
             continue;
@@ -119,22 +118,21 @@ std::wstring parse_action(ScriptLine& line) {
         DialogAction action;
         action.kind = form.kind;
         const Escapes escapes = action.kind == DialogAction::picture ? Escapes::none : Escapes::taken;
-        const std::optional<std::vector<ScriptWord>> words = split_script_words(line.text, escapes);
+        const std::optional<std::vector<ScriptWord>> words = split_script_words(line, escapes);
         if (!words) {
-            return L"a quoted text is not closed";
+            return base::Failure{L"a quoted text is not closed"};
         }
         if (!take_arguments(action, form, *words)) {
-            return L"expected " + std::wstring(form.usage);
+            return base::Failure{L"expected " + std::wstring(form.usage)};
         }
-        line.action = std::move(action);
-        return {};
+        return action;
     }
-    return L"unknown action " + name;
+    return base::Failure{L"unknown action " + name};
 }
 
 }  // namespace
 
-Script read_script(std::string_view bytes, std::wstring file, std::optional<ScriptFault>& fault) {
+base::Result<Script, ScriptFault> read_script(std::string_view bytes, std::wstring file) {
     constexpr std::string_view byte_order_mark = "\xEF\xBB\xBF";
     if (bytes.substr(0, byte_order_mark.size()) == byte_order_mark) {
         bytes.remove_prefix(byte_order_mark.size());
@@ -148,21 +146,21 @@ Script read_script(std::string_view bytes, std::wstring file, std::optional<Scri
             line_bytes.remove_suffix(1);
         }
         if (!base::valid_utf8(line_bytes)) {
-            fault = ScriptFault{number, L"not UTF-8"};
-            return {};
+            return base::Failure{ScriptFault{number, L"not UTF-8"}};
         }
         ScriptLine line{number, base::wide_from_utf8(line_bytes), std::nullopt};
         if (!line.text.empty() && line.text.front() == L';') {
             continue;
         }
-        const std::wstring reason = line.text.substr(0, 1) == L"@" ? parse_action(line) : std::wstring();
-        if (!reason.empty()) {
-            fault = ScriptFault{number, reason};
-            return {};
+        if (line.text.substr(0, 1) == L"@") {
+            base::Result<DialogAction> action = parse_action(line.text);
+            if (!action) {
+                return base::Failure{ScriptFault{number, action.reason()}};
+            }
+            line.action = *std::move(action);
         }
         script.lines.push_back(std::move(line));
     }
-    fault.reset();
     return script;
 }
 

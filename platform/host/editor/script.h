@@ -7,6 +7,8 @@
 #include <string_view>
 #include <vector>
 
+#include "base/result.h"
+
 namespace host {
 
 /// One step in the dialog that is open: a line that begins with "@".
@@ -62,9 +64,8 @@ struct ScriptFault {
 };
 
 /// Reads a whole script, UTF-8 with or without byte-order mark, lines ended by LF or CR LF. All "@" lines are checked
-/// here, so that a misspelt one stops the script before anything has run; then `fault` is filled and the script is
-/// empty.
-Script read_script(std::string_view bytes, std::wstring file, std::optional<ScriptFault>& fault);
+/// here, so that a misspelt one stops the script before anything has run.
+base::Result<Script, ScriptFault> read_script(std::string_view bytes, std::wstring file);
 
 /// A caption as it is read aloud: without "&" ("&&" is one), and without the text after a tab.
 std::wstring plain_caption(std::wstring_view caption);

@@ -7,12 +7,6 @@
 namespace host {
 namespace {
 
-void report_problem(const std::wstring& problem) {
-    if (!problem.empty()) {
-        person().report(problem);
-    }
-}
-
 std::wstring ask_text(std::wstring_view prompt) {
     const Answer answer = person().prompt(prompt);
     return answer.kind == Answer::line ? answer.text : std::wstring();
@@ -20,24 +14,14 @@ std::wstring ask_text(std::wstring_view prompt) {
 
 void load_module(Editor& editor) {
     const std::optional<std::wstring> file = ask_file_name({L"Load module", L"", L"arx", false, false});
-    if (!file) {
-        return;
-    }
-    const std::wstring problem = editor.modules.load(*file);
-    report_problem(problem);
-    if (problem.empty()) {
+    if (file && succeeded(editor.modules.load(*file))) {
         person().print(L"\n" + *file + L" loaded.");
     }
 }
 
 void unload_module(Editor& editor) {
     const std::wstring name = ask_text(L"\nModule to unload: ");
-    if (name.empty()) {
-        return;
-    }
-    const std::wstring problem = editor.modules.unload(name);
-    report_problem(problem);
-    if (problem.empty()) {
+    if (!name.empty() && succeeded(editor.modules.unload(name))) {
         person().print(L"\n" + name + L" unloaded.");
     }
 }
@@ -50,9 +34,9 @@ void list_modules(const Editor& editor) {
 
 void list_commands(const Editor& editor) {
     for (const CommandGroup& group : editor.commands.groups()) {
-        for (const auto& command : group.commands) {
-            person().print(L"\n" + group.name + L": " + command->globalName() + L", " + command->localName() + L", " +
-                           std::to_wstring(command->commandFlags()));
+        for (const RegisteredCommand& command : group.commands) {
+            person().print(L"\n" + group.name + L": " + command.global_name + L", " + command.local_name + L", " +
+                           std::to_wstring(command.flags));
         }
     }
 }

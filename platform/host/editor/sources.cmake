@@ -4,7 +4,6 @@ set(host_editor_sources
     command_processor.cpp
     command_stack.cpp
     dialog_driver.cpp
-    document.cpp
     document_manager.cpp
     drawing_commands.cpp
     drawing_variables.cpp
@@ -15,7 +14,6 @@ set(host_editor_sources
     main_window.cpp
     modal_dialog.cpp
     module_loader.cpp
-    object_registry.cpp
     posted_input.cpp
     run_command.cpp
     script_person.cpp

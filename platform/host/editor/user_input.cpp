@@ -132,25 +132,6 @@ int acedGetReal(const ACHAR* prompt, ads_real* result) {
     });
 }
 
-int acedGetInt(const ACHAR* prompt, int* result) {
-    const host::InputRules rules = host::next_rules;
-    return ask(prompt, L"A whole number from -32768 to 32767 is needed.", [&](const std::wstring& text) {
-        const std::optional<int> number = host::parse_integer(text);
-        const bool accepted = number && *number >= -32768 && *number <= 32767 && host::allowed(rules, *number);
-        *result = accepted ? *number : *result;
-        return accepted;
-    });
-}
-
-int acedGetString(int, const ACHAR* prompt, ACHAR* result) {
-    *result = 0;
-    const int outcome = ask(prompt, L"A text is needed.", [&](const std::wstring& text) {
-        host::copy_text(text, result);
-        return true;
-    });
-    return outcome == RTNONE ? RTNORM : outcome;
-}
-
 int acedGetKword(const ACHAR* prompt, ACHAR* result) {
     const int outcome = ask(prompt, L"That is not one of the options.", [](const std::wstring&) { return false; });
     if (outcome != RTKWORD) {

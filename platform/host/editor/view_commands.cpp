@@ -1,6 +1,5 @@
 #include "acedads.h"
 #include "platform/host/editor/commands.h"
-#include "platform/host/editor/document.h"
 #include "platform/host/editor/editor.h"
 #include "platform/host/editor/file_question.h"
 #include "platform/host/prompt/person.h"
@@ -132,11 +131,8 @@ void save_picture(Editor& editor) {
     }
     const std::shared_ptr<const DisplayList> list = DisplayList::shared(document->drawing());
     editor.say_left_out(document->drawing(), *list);
-    const std::wstring problem = save_drawing_png(list, *file);
-    if (problem.empty()) {
+    if (succeeded(save_drawing_png(list, *file))) {
         person().print(L"\n" + *file + L" saved.");
-    } else {
-        person().report(problem);
     }
 }
 

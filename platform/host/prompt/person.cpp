@@ -33,6 +33,13 @@ Person& person() {
     return *seated_now;
 }
 
+bool succeeded(const base::Outcome<>& outcome) {
+    if (!outcome) {
+        person().report(outcome.reason());
+    }
+    return static_cast<bool>(outcome);
+}
+
 PersonScope::PersonScope(Person& seated) : previous_(seated_now) {
     seated_now = &seated;
 }

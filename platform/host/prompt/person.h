@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "base/result.h"
 #include "platform/host/dxf/record.h"
 #include "platform/host/prompt/input_text.h"
 
@@ -73,6 +74,9 @@ class Person {
 
 /// Who sits there now. During acedCommand this is its argument list.
 Person& person();
+
+/// True for a success; a failure is reported to who sits there.
+bool succeeded(const base::Outcome<>& outcome);
 
 /// Seats another one for the life of this object.
 class PersonScope {

@@ -55,29 +55,29 @@ class PictureLibrary {
     bool started_ = false;
 };
 
-std::wstring save_png(FrameBitmap& picture, const std::filesystem::path& path) {
+base::Outcome<> save_png(FrameBitmap& picture, const std::filesystem::path& path) {
     const GdiObject bitmap = picture.take_bitmap();
     std::filesystem::path unfinished = path;
     unfinished += L".part";
     std::error_code ignored;
     if (!PictureLibrary().save_png(static_cast<HBITMAP>(bitmap.get()), unfinished.c_str())) {
         std::filesystem::remove(unfinished, ignored);
-        return L"the picture " + path.wstring() + L" could not be written";
+        return base::Failure{L"the picture " + path.wstring() + L" could not be written"};
     }
     if (MoveFileExW(unfinished.c_str(), path.c_str(), MOVEFILE_REPLACE_EXISTING) == 0) {
         const std::wstring reason = base::system_message(GetLastError());
         std::filesystem::remove(unfinished, ignored);
-        return L"the picture " + path.wstring() + L" could not be written: " + reason;
+        return base::Failure{L"the picture " + path.wstring() + L" could not be written: " + reason};
     }
     return {};
 }
 
 }  // namespace
 
-std::wstring save_window_png(HWND window, const std::filesystem::path& path) {
+base::Outcome<> save_window_png(HWND window, const std::filesystem::path& path) {
     RECT frame;
     if (GetWindowRect(window, &frame) == 0) {
-        return L"there is no window to take a picture of";
+        return base::Failure{L"there is no window to take a picture of"};
     }
     RedrawWindow(window, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
     const int width = frame.right - frame.left;
@@ -89,7 +89,7 @@ std::wstring save_window_png(HWND window, const std::filesystem::path& path) {
     return save_png(copy, path);
 }
 
-std::wstring save_drawing_png(std::shared_ptr<const DisplayList> list, const std::filesystem::path& path) {
+base::Outcome<> save_drawing_png(std::shared_ptr<const DisplayList> list, const std::filesystem::path& path) {
     constexpr double margin = 0.02;
     constexpr uint32_t paper = 0xFFFFFF;
     DrawingFrame frame;
@@ -100,7 +100,7 @@ std::wstring save_drawing_png(std::shared_ptr<const DisplayList> list, const std
     frame.set_view(view);
     FrameBitmap* const picture = frame.picture();
     if (picture == nullptr) {
-        return L"there is not enough memory for the picture " + path.wstring();
+        return base::Failure{L"there is not enough memory for the picture " + path.wstring()};
     }
     return save_png(*picture, path);
 }
