@@ -4,7 +4,7 @@
 #include "base/code_page.h"
 #include "platform/host/editor/script.h"
 #include "platform/host/editor/script_run.h"
-#include "platform/host/editor/wildcard.h"
+#include "platform/host/editor/script_words.h"
 
 namespace host {
 namespace {

@@ -13,7 +13,7 @@
 #include "platform/host/editor/editor.h"
 #include "platform/host/editor/main_window.h"
 #include "platform/host/editor/posted_input.h"
-#include "platform/host/editor/script.h"
+#include "platform/host/editor/script_words.h"
 #include "platform/host/editor/window_person.h"
 #include "platform/host/view/window_class.h"
 #include "platform/host/view/png_file.h"
@@ -130,7 +130,7 @@ TEST(TypedKeys, ReachAWindowWithTheirModifiers) {
     SetFocus(edit.get());
     TypedKeys keys;
     keys.add_text(L"ab CD1!");
-    keys.add_key(VK_HOME, DialogAction::shift);
+    keys.add_key(VK_HOME, NamedKey::shift);
     keys.add_key(VK_DELETE, 0);
     keys.add_text(L"x");
     keys.add_key(VK_LEFT, 0);

@@ -11,7 +11,6 @@
 #include "platform/host/editor/dialog_driver.h"
 #include "platform/host/editor/editor.h"
 #include "platform/host/editor/main_window.h"
-#include "platform/host/editor/program_name.h"
 #include "platform/host/editor/script_person.h"
 #include "platform/host/editor/script_run.h"
 

@@ -3,8 +3,7 @@
 #include <exception>
 
 #include "base/code_page.h"
-#include "platform/host/editor/cell_query.h"
-#include "platform/host/editor/wildcard.h"
+#include "platform/host/editor/script_words.h"
 #include "platform/host/view/window_class.h"
 #include "platform/host/view/png_file.h"
 
@@ -166,7 +165,7 @@ base::Outcome<> DialogDriver::point_at_cell(const ModalDialog& dialog, const Dia
     const bool heading = action.kind == DialogAction::click_heading || action.kind == DialogAction::drag_border;
     const int row = heading ? heading_row : action.row;
     const CellPlace place = action.kind == DialogAction::drag_border ? CellPlace::right_border : CellPlace::middle;
-    const std::optional<WindowPoint> at = find_cell(dialog, action.column, row, place);
+    const std::optional<WindowPoint> at = dialog.cell(action.column, row, place);
     if (!at) {
         return base::Failure{L"the dialog \"" + dialog.title() + L"\" shows no cell in column " +
                              std::to_wstring(action.column) +

@@ -3,6 +3,7 @@
 #include "base/case_folding.h"
 #include "platform/host/dxf/drawing.h"
 #include "platform/host/editor/main_window.h"
+#include "platform/host/editor/modal_dialog.h"
 #include "platform/host/prompt/person.h"
 
 namespace host {
@@ -106,6 +107,10 @@ HWND Editor::main_window() const {
 
 DrawingPane* Editor::view() const {
     return window != nullptr ? &window->pane() : nullptr;
+}
+
+int Editor::message_box(const wchar_t* text, UINT kind) const {
+    return MessageBoxW(dialog_owner(main_window()), text, program_name, kind);
 }
 
 void Editor::add_command(std::wstring name, void (*body)(Editor&), bool transparent) {

@@ -36,6 +36,9 @@ class Editor {
     HWND main_window() const;
     DrawingPane* view() const;
 
+    /// A message box over the dialog that is up, or the main window. `kind` and the result are MessageBox's.
+    int message_box(const wchar_t* text, UINT kind) const;
+
     /// Adds a command of the host. The name is in capitals. A transparent one may run while another command waits.
     void add_command(std::wstring name, void (*body)(Editor&), bool transparent = false);
 

@@ -3,8 +3,6 @@
 #include "base/case_folding.h"
 #include "platform/host/editor/editor.h"
 #include "platform/host/editor/file_question.h"
-#include "platform/host/editor/modal_dialog.h"
-#include "platform/host/editor/program_name.h"
 #include "platform/host/prompt/keywords.h"
 #include "platform/host/prompt/person.h"
 
@@ -109,8 +107,7 @@ bool may_leave_drawing(Editor& editor) {
         return may_lose_changes(*document);
     }
     const std::wstring question = L"Save changes to " + document->path().wstring() + L"?";
-    switch (MessageBoxW(dialog_owner(editor.main_window()), question.c_str(), program_name,
-                        MB_YESNOCANCEL | MB_ICONWARNING)) {
+    switch (editor.message_box(question.c_str(), MB_YESNOCANCEL | MB_ICONWARNING)) {
         case IDYES:
             return save_drawing(editor, document->path());
         case IDNO:

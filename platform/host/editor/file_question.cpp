@@ -10,7 +10,6 @@
 #include "base/loaded_library.h"
 #include "platform/host/editor/editor.h"
 #include "platform/host/editor/modal_dialog.h"
-#include "platform/host/editor/program_name.h"
 #include "platform/host/prompt/person.h"
 
 namespace host {
@@ -49,8 +48,7 @@ bool may_replace(const std::wstring& path) {
         return true;
     }
     const std::wstring text = path + L" already exists.\nDo you want to replace it?";
-    return MessageBoxW(dialog_owner(editor().main_window()), text.c_str(), program_name,
-                       MB_YESNO | MB_ICONWARNING | MB_DEFBUTTON2) == IDYES;
+    return editor().message_box(text.c_str(), MB_YESNO | MB_ICONWARNING | MB_DEFBUTTON2) == IDYES;
 }
 
 std::optional<std::wstring> ask_at_command_line(const FileQuestion& question) {

@@ -4,8 +4,6 @@
 #include "acui.h"
 #include "base/case_folding.h"
 #include "platform/host/editor/editor.h"
-#include "platform/host/editor/modal_dialog.h"
-#include "platform/host/editor/program_name.h"
 #include "platform/host/prompt/person.h"
 #include "rxregsvc.h"
 
@@ -48,8 +46,7 @@ HWND adsw_acadMainWnd() {
 void InitAcUiDLL() {}
 
 int acedAlert(const ACHAR* message) {
-    MessageBoxW(host::dialog_owner(editor().main_window()), message != nullptr ? message : L"", host::program_name,
-                MB_OK | MB_ICONWARNING);
+    editor().message_box(message != nullptr ? message : L"", MB_OK | MB_ICONWARNING);
     return RTNORM;
 }
 

@@ -1,7 +1,7 @@
 #include "platform/host/editor/main_window.h"
 
 #include "platform/host/database/entity_selector.h"
-#include "platform/host/editor/program_name.h"
+#include "platform/host/editor/system_variables.h"
 #include "platform/host/view/window_class.h"
 
 namespace host {

@@ -33,6 +33,18 @@ BOOL CALLBACK note_child(HWND window, LPARAM children) {
     return TRUE;
 }
 
+/// The innermost visible window at a point of a window.
+WindowPoint innermost(WindowPoint at) {
+    for (;;) {
+        const HWND child = ChildWindowFromPointEx(at.window, at.point, CWP_SKIPINVISIBLE | CWP_SKIPTRANSPARENT);
+        if (child == nullptr || child == at.window) {
+            return at;
+        }
+        MapWindowPoints(at.window, child, &at.point, 1);
+        at.window = child;
+    }
+}
+
 }  // namespace
 
 std::optional<ModalDialog> ModalDialog::find() {
@@ -85,6 +97,22 @@ std::vector<HWND> ModalDialog::descendants() const {
     std::vector<HWND> children;
     EnumChildWindows(window_, &note_child, reinterpret_cast<LPARAM>(&children));
     return children;
+}
+
+std::optional<WindowPoint> ModalDialog::cell(int column, int row, CellPlace place) const {
+    static const UINT question = RegisterWindowMessageW(L"CellRectangleQuery");
+    for (const HWND window : descendants()) {
+        CellRectangle cell{column, row, {}};
+        if (IsWindowVisible(window) == 0 || SendMessageW(window, question, 0, reinterpret_cast<LPARAM>(&cell)) != 1) {
+            continue;
+        }
+        const RECT& box = cell.rectangle;
+        const LONG x = place == CellPlace::middle ? (box.left + box.right) / 2 : box.right - 1;
+        WindowPoint at{window, {x, (box.top + box.bottom) / 2}};
+        MapWindowPoints(nullptr, window, &at.point, 1);
+        return innermost(at);
+    }
+    return std::nullopt;
 }
 
 HWND dialog_owner(HWND main_window) {

@@ -9,6 +9,26 @@
 
 namespace host {
 
+/// The registered message "CellRectangleQuery" carries a pointer to this in lParam (wParam is 0). A grid that has the
+/// cell shows it, fills in the rectangle in screen pixels, and returns 1; every other window returns 0. Row -1 is the
+/// heading.
+struct CellRectangle {
+    int column;
+    int row;
+    RECT rectangle;
+};
+
+/// A place in a window's client area.
+struct WindowPoint {
+    HWND window;
+    POINT point;
+};
+
+enum class CellPlace {
+    middle,
+    right_border,  ///< the last pixel inside
+};
+
 class ModalDialog {
   public:
     /// The dialog or message box of this thread that takes input now, if any.
@@ -29,6 +49,8 @@ class ModalDialog {
     HWND button(const std::wstring& caption) const;
     /// The button that Return presses, or null.
     HWND default_button() const;
+    /// Where to point for a cell of a grid; nothing when no grid has the cell.
+    std::optional<WindowPoint> cell(int column, int row, CellPlace place) const;
     /// All windows inside, outer ones before inner ones.
     std::vector<HWND> descendants() const;
 

@@ -1,6 +1,6 @@
 #include "platform/host/editor/posted_input.h"
 
-#include "platform/host/editor/script.h"
+#include "platform/host/editor/script_words.h"
 
 namespace host {
 namespace {
@@ -15,9 +15,9 @@ struct ModifierKey {
     int left_key;
 };
 
-constexpr ModifierKey modifier_keys[] = {{DialogAction::control, VK_CONTROL, VK_LCONTROL},
-                                         {DialogAction::shift, VK_SHIFT, VK_LSHIFT},
-                                         {DialogAction::alt, VK_MENU, VK_LMENU}};
+constexpr ModifierKey modifier_keys[] = {{NamedKey::control, VK_CONTROL, VK_LCONTROL},
+                                         {NamedKey::shift, VK_SHIFT, VK_LSHIFT},
+                                         {NamedKey::alt, VK_MENU, VK_LMENU}};
 
 bool is_extended(int virtual_key) {
     return virtual_key >= VK_PRIOR && virtual_key <= VK_DELETE;
@@ -77,9 +77,9 @@ void TypedKeys::add_text(const std::wstring& text) {
             continue;
         }
         const unsigned state = HIBYTE(key);
-        const unsigned modifiers = ((state & 1) != 0 ? DialogAction::shift : 0u) |
-                                   ((state & 2) != 0 ? DialogAction::control : 0u) |
-                                   ((state & 4) != 0 ? DialogAction::alt : 0u);
+        const unsigned modifiers = ((state & 1) != 0 ? NamedKey::shift : 0u) |
+                                   ((state & 2) != 0 ? NamedKey::control : 0u) |
+                                   ((state & 4) != 0 ? NamedKey::alt : 0u);
         strokes_.push_back({LOBYTE(key), character, modifiers});
     }
 }
@@ -92,8 +92,7 @@ void TypedKeys::post_next(HWND window) {
         PostMessageW(window, WM_CHAR, stroke.character, 1);
         return;
     }
-    const bool alt_alone =
-        (stroke.modifiers & DialogAction::alt) != 0 && (stroke.modifiers & DialogAction::control) == 0;
+    const bool alt_alone = (stroke.modifiers & NamedKey::alt) != 0 && (stroke.modifiers & NamedKey::control) == 0;
     hold_modifiers(stroke.modifiers);
     for (const ModifierKey& key : modifier_keys) {
         if ((stroke.modifiers & key.bit) != 0) {

@@ -23,7 +23,7 @@ class TypedKeys {
   public:
     ~TypedKeys() { release_modifiers(); }
 
-    /// Adds a key with DialogAction::Modifier bits.
+    /// Adds a key with NamedKey::Modifier bits.
     void add_key(int virtual_key, unsigned modifiers);
     /// Adds the keys that give this text in the current keyboard layout. What no key gives arrives as a character.
     void add_text(const std::wstring& text);

@@ -3,7 +3,6 @@
 #include <array>
 
 #include "base/code_page.h"
-#include "platform/host/editor/key_names.h"
 #include "platform/host/editor/script_words.h"
 #include "platform/host/prompt/input_text.h"
 

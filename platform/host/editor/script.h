@@ -28,7 +28,6 @@ struct DialogAction {
         alert,              ///< @alert "text" [BUTTON]: "*" in the text stands for anything
         expect_enabled,     ///< @expect-enabled TARGET on|off
     };
-    enum Modifier : unsigned { control = 1, shift = 2, alt = 4 };
 
     Kind kind = press;
     /// The control: its number, or (when the number is absent) its caption in `text`, "&" left out.
@@ -42,7 +41,7 @@ struct DialogAction {
     bool on = false;
     /// A Windows virtual-key code.
     int virtual_key = 0;
-    unsigned modifiers = 0;
+    unsigned modifiers = 0;  ///< NamedKey::Modifier bits
 };
 
 struct ScriptLine {

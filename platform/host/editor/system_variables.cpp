@@ -7,7 +7,6 @@
 #include <utility>
 
 #include "base/case_folding.h"
-#include "platform/host/editor/program_name.h"
 
 namespace host {
 

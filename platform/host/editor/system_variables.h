@@ -13,6 +13,9 @@
 
 namespace host {
 
+/// In the titles of the host's windows and boxes.
+inline constexpr wchar_t program_name[] = L"Drawing Host";
+
 /// The alternatives are the types that acedGetVar reports: RTSHORT, RTREAL, RTSTR and RT3DPOINT.
 using VariableValue = std::variant<int, double, std::wstring, Point>;
 
