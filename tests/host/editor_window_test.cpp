@@ -144,6 +144,19 @@ TEST(TypedKeys, ReachAWindowWithTheirModifiers) {
     EXPECT_GE(GetKeyState(VK_SHIFT), 0) << "nothing stays pressed";
 }
 
+TEST(PostedInput, PressesAButtonWhoeverTakesTheFocusMeanwhile) {
+    const OwnWindow button(L"BUTTON", 0, 80, 30);
+    SetWindowLongPtrW(button.get(), GWL_STYLE, WS_POPUP | WS_VISIBLE | BS_AUTOCHECKBOX);
+    post_press(button.get());
+    MSG message;
+    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != 0) {
+        DispatchMessageW(&message);
+        SendMessageW(button.get(), WM_CANCELMODE, 0, 0);  // as when another program comes to the front
+        ReleaseCapture();
+    }
+    EXPECT_EQ(SendMessageW(button.get(), BM_GETCHECK, 0, 0), BST_CHECKED);
+}
+
 /// The colours of a PNG file, row by row, read back by the system.
 class Pixels {
   public:

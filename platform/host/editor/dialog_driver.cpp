@@ -106,7 +106,7 @@ base::Outcome<> DialogDriver::answer_message_box(const ModalDialog& box, const D
         return base::Failure{L"the alert has no " +
                              (action.button.empty() ? L"default button" : L"button " + action.button)};
     }
-    post_click_in_middle(button);
+    post_press(button);
     return {};
 }
 
@@ -150,7 +150,7 @@ base::Outcome<> DialogDriver::press(const ModalDialog& dialog, const DialogActio
     if (IsWindowEnabled(target) == 0) {
         return base::Failure{L"the " + target_name(action) + L" is disabled"};
     }
-    post_click_in_middle(target);
+    post_press(target);
     return {};
 }
 

@@ -23,11 +23,6 @@ bool is_system_dialog(HWND window) {
            owner == GetModuleHandleW(L"user32.dll");
 }
 
-bool is_button(HWND window) {
-    constexpr LRESULT button_kinds = DLGC_BUTTON | DLGC_DEFPUSHBUTTON | DLGC_UNDEFPUSHBUTTON;
-    return (SendMessageW(window, WM_GETDLGCODE, 0, 0) & button_kinds) != 0;
-}
-
 BOOL CALLBACK note_child(HWND window, LPARAM children) {
     reinterpret_cast<std::vector<HWND>*>(children)->push_back(window);
     return TRUE;

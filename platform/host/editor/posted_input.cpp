@@ -1,6 +1,7 @@
 #include "platform/host/editor/posted_input.h"
 
 #include "platform/host/editor/script_words.h"
+#include "platform/host/view/window_class.h"
 
 namespace host {
 namespace {
@@ -58,10 +59,14 @@ void post_drag(HWND window, POINT from, POINT to) {
     PostMessageW(window, WM_LBUTTONUP, 0, packed(to));
 }
 
-void post_click_in_middle(HWND window) {
+void post_press(HWND control) {
+    if (is_button(control)) {
+        PostMessageW(control, BM_CLICK, 0, 0);
+        return;
+    }
     RECT client;
-    GetClientRect(window, &client);
-    post_click(window, {client.right / 2, client.bottom / 2});
+    GetClientRect(control, &client);
+    post_click(control, {client.right / 2, client.bottom / 2});
 }
 
 void TypedKeys::add_key(int virtual_key, unsigned modifiers) {

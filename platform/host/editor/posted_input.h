@@ -13,8 +13,9 @@ void post_click(HWND window, POINT point);
 void post_double_click(HWND window, POINT point);
 /// Presses at `from`, moves to `to` and releases there.
 void post_drag(HWND window, POINT from, POINT to);
-/// In the middle of the window's client area.
-void post_click_in_middle(HWND window);
+/// Presses a button, or clicks in the middle of another control. A button goes down and up within one message, so that
+/// another program that takes the focus meanwhile cannot undo it.
+void post_press(HWND control);
 
 /// Keys that a script types. They go out one by one, each when the one before was handled: it may have moved the focus,
 /// and the character that it gives comes only after the keys that are posted already. Modifier keys are a state of the

@@ -21,6 +21,11 @@ void register_window_class(const wchar_t* name, WNDPROC procedure, int backgroun
     RegisterClassExW(&description);  // fails only where the class is registered already
 }
 
+bool is_button(HWND window) {
+    constexpr LRESULT button_kinds = DLGC_BUTTON | DLGC_DEFPUSHBUTTON | DLGC_UNDEFPUSHBUTTON;
+    return (SendMessageW(window, WM_GETDLGCODE, 0, 0) & button_kinds) != 0;
+}
+
 std::wstring window_text(HWND window) {
     std::wstring text(static_cast<size_t>(SendMessageW(window, WM_GETTEXTLENGTH, 0, 0)), L'\0');
     if (!text.empty()) {

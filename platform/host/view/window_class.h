@@ -1,4 +1,4 @@
-// Window classes of the host, and texts of any window.
+// Window classes of the host, and what any window says of itself.
 #pragma once
 
 #include <windows.h>
@@ -13,6 +13,8 @@ HINSTANCE host_instance();
 /// Registers a class, once in a process; `background` is a system colour (COLOR_WINDOW...).
 void register_window_class(const wchar_t* name, WNDPROC procedure, int background);
 
+/// A button of any kind: check boxes too.
+bool is_button(HWND window);
 /// The title, or a control's text, as the window itself gives it.
 std::wstring window_text(HWND window);
 std::wstring window_class_name(HWND window);
