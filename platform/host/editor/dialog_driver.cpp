@@ -128,6 +128,8 @@ base::Outcome<> DialogDriver::perform(const ModalDialog& dialog, const DialogAct
             keys_.add_key(action.virtual_key, action.modifiers);
             return {};
         case DialogAction::picture:
+            // Without a visible main window the dialog does not look active, though it has the focus.
+            SendMessageW(dialog.window(), WM_NCACTIVATE, TRUE, 0);
             return save_window_png(dialog.window(), action.text);
         case DialogAction::expect_text:
             return expect_text(dialog, action);
