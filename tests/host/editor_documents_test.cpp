@@ -2,13 +2,12 @@
 #include <gmock/gmock.h>
 
 #include <filesystem>
-#include <fstream>
-#include <sstream>
 
 #include "acdocman.h"
 #include "dbapserv.h"
 #include "platform/host/dxf/drawing.h"
 #include "platform/host/editor/editor.h"
+#include "tests/support/host_program.h"
 
 namespace host {
 namespace {
@@ -36,26 +35,14 @@ class Listener final : public AcApDocManagerReactor {
     }
 };
 
-class Documents : public testing::Test {
+class Documents : public test_support::HostProgram {
   protected:
-    Documents()
-        : folder_(std::filesystem::temp_directory_path() / ("documents_" + std::to_string(GetCurrentProcessId()))) {
-        std::filesystem::create_directories(folder_);
+    Documents() {
         write("a.dxf", drawing);
         write("b.dxf", drawing);
         write("broken.dxf", "  0\nSECTION\n");
     }
-    ~Documents() override {
-        editor().documents.close();
-        std::filesystem::remove_all(folder_);
-    }
-    void write(const char* name, const char* bytes) { std::ofstream(folder_ / name, std::ios::binary) << bytes; }
-    std::string contents(const char* name) {
-        std::ostringstream bytes;
-        bytes << std::ifstream(folder_ / name, std::ios::binary).rdbuf();
-        return bytes.str();
-    }
-    std::filesystem::path folder_;
+    ~Documents() override { editor().documents.close(); }
 };
 
 TEST_F(Documents, TakeEachOthersPlace) {
@@ -107,8 +94,8 @@ TEST_F(Documents, BringTheirVariables) {
     expected.replace(expected.find("2.0"), 3, "2.5");
     expected.replace(expected.find("8.0"), 3, "7.0");
     expected.replace(expected.find("Walls"), 5, "0");
-    EXPECT_EQ(contents("c.dxf"), expected);
-    EXPECT_EQ(contents("a.dxf"), drawing);
+    EXPECT_EQ(read("c.dxf"), expected);
+    EXPECT_EQ(read("a.dxf"), drawing);
 }
 
 TEST_F(Documents, SayWhyTheyCannotBeSaved) {

@@ -2,7 +2,6 @@
 #include <gmock/gmock.h>
 
 #include <filesystem>
-#include <fstream>
 
 #include "acedads.h"
 #include "platform/host/dxf/drawing.h"
@@ -12,6 +11,7 @@
 #include "platform/host/view/display_list.h"
 #include "tests/host/database_fixture.h"
 #include "tests/host/list_person.h"
+#include "tests/support/host_program.h"
 
 namespace fs = std::filesystem;
 
@@ -34,11 +34,10 @@ std::string drawing_with_attributes() {
            groups("0 ENDBLK|8 0|0 ENDSEC|0 SECTION|2 ENTITIES|0 LINE|8 0|10 3|20 4|11 10|21 20|0 ENDSEC|0 EOF");
 }
 
-class DrawingCommands : public testing::Test {
+class DrawingCommands : public test_support::HostProgram {
   protected:
-    DrawingCommands() : folder_(fs::temp_directory_path() / ("drawing_" + std::to_string(GetCurrentProcessId()))) {
-        fs::create_directory(folder_);
-        std::ofstream(folder_ / "a.dxf", std::ios::binary) << drawing_with_attributes();
+    DrawingCommands() {
+        write("a.dxf", drawing_with_attributes());
         add_session_commands(editor());
         add_file_commands(editor());
         add_drawing_commands(editor());
@@ -49,7 +48,6 @@ class DrawingCommands : public testing::Test {
         editor().variables.put(L"FILEDIA", 1);
         editor().variables.put(L"ATTREQ", 1);
         editor().documents.close();
-        fs::remove_all(folder_);
     }
 
     std::wstring run(const wchar_t* command, std::deque<std::wstring> answers) {
@@ -72,8 +70,6 @@ class DrawingCommands : public testing::Test {
         }
         return text;
     }
-
-    fs::path folder_;
 };
 
 TEST_F(DrawingCommands, AskForTheAttributesThatAreToBeAsked) {
@@ -94,7 +90,7 @@ TEST_F(DrawingCommands, AskForTheAttributesThatAreToBeAsked) {
 class HeaderVariables : public DrawingCommands {
   protected:
     HeaderVariables() {
-        std::ofstream(folder_ / "v.dxf", std::ios::binary) << unchanged;
+        write("v.dxf", unchanged);
         EXPECT_TRUE(editor().documents.open(folder_ / "v.dxf"));
         editor().processor.add_built_in(L"TSTHOLD", [] {
             resbuf snap{};
@@ -127,8 +123,7 @@ class HeaderVariables : public DrawingCommands {
     static bool changed() { return editor().documents.document()->changed(); }
     std::string saved() const {
         EXPECT_TRUE(editor().documents.document()->save_copy(folder_ / "saved.dxf"));
-        std::ifstream file(folder_ / "saved.dxf", std::ios::binary);
-        return {std::istreambuf_iterator<char>(file), {}};
+        return read("saved.dxf");
     }
     std::wstring set(const wchar_t* name, const wchar_t* value) { return run(L"setvar", {name, value}); }
 

@@ -2,8 +2,6 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
-#include <sstream>
 
 #include "dbsymtb.h"
 #include "acedads.h"
@@ -12,6 +10,7 @@
 #include "platform/host/editor/commands.h"
 #include "platform/host/editor/editor.h"
 #include "tests/host/list_person.h"
+#include "tests/support/host_program.h"
 
 namespace host {
 namespace {
@@ -20,13 +19,12 @@ constexpr char drawing[] =
     "  0\nSECTION\n  2\nBLOCKS\n  0\nBLOCK\n  8\n0\n  2\nDOOR\n 70\n     0\n  0\nLINE\n  8\n0\n  0\nENDBLK\n  8\n0\n"
     "  0\nENDSEC\n  0\nSECTION\n  2\nENTITIES\n  0\nPOINT\n  8\n0\n  0\nENDSEC\n  0\nEOF\n";
 
-class Undo : public testing::Test {
+class Undo : public test_support::HostProgram {
   protected:
-    Undo()
-        : file_(std::filesystem::temp_directory_path() / ("undo_" + std::to_string(GetCurrentProcessId()) + ".dxf")) {
+    Undo() : file_(folder_ / "undo.dxf") {
         add_drawing_commands(editor());
         add_view_commands(editor());
-        std::ofstream(file_, std::ios::binary) << drawing;
+        write("undo.dxf", drawing);
         EXPECT_TRUE(editor().documents.open(file_));
         editor().processor.add_built_in(L"TSTINSERT", [] {
             AcDbObjectId id;
@@ -43,10 +41,7 @@ class Undo : public testing::Test {
             table->close();
         });
     }
-    ~Undo() override {
-        editor().documents.close();
-        std::filesystem::remove(file_);
-    }
+    ~Undo() override { editor().documents.close(); }
 
     void run(const wchar_t* command) { editor().processor.run(command); }
     static long entities() {
@@ -98,9 +93,7 @@ TEST_F(Undo, LeavesTheFileAsItWas) {
     run(L"TSTINSERT");
     run(L"UNDO");
     EXPECT_TRUE(editor().documents.save(file_));
-    std::ostringstream bytes;
-    bytes << std::ifstream(file_, std::ios::binary).rdbuf();
-    EXPECT_EQ(bytes.str(), drawing);
+    EXPECT_EQ(read("undo.dxf"), drawing);
     run(L"TSTINSERT");
     EXPECT_TRUE(editor().documents.save(file_));
     EXPECT_FALSE(editor().documents.document()->changed());

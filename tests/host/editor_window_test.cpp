@@ -3,13 +3,11 @@
 
 #include <gmock/gmock.h>
 
-#include <cstring>
 #include <filesystem>
-#include <fstream>
 #include <memory>
-#include <sstream>
 #include <vector>
 
+#include "base/loaded_library.h"
 #include "platform/host/editor/editor.h"
 #include "platform/host/editor/main_window.h"
 #include "platform/host/editor/posted_input.h"
@@ -161,29 +159,25 @@ TEST(PostedInput, PressesAButtonWhoeverTakesTheFocusMeanwhile) {
 class Pixels {
   public:
     explicit Pixels(const std::filesystem::path& path) {
-        const HMODULE library = LoadLibraryW(L"gdiplus.dll");
-        const auto find = [library](const char* name) {
-            return reinterpret_cast<void*>(GetProcAddress(library, name));
-        };
+        const base::LoadedLibrary library = base::LoadedLibrary::load(L"gdiplus.dll");
         struct {
             UINT32 version = 1;
             void* callback = nullptr;
             BOOL flags[2] = {};
         } input;
         ULONG_PTR token = 0;
-        reinterpret_cast<int(WINAPI*)(ULONG_PTR*, void*, void*)>(find("GdiplusStartup"))(&token, &input, nullptr);
+        library.function<int WINAPI(ULONG_PTR*, void*, void*)>("GdiplusStartup")(&token, &input, nullptr);
         void* image = nullptr;
-        reinterpret_cast<int(WINAPI*)(const wchar_t*, void**)>(find("GdipCreateBitmapFromFile"))(path.c_str(), &image);
-        reinterpret_cast<int(WINAPI*)(void*, UINT*)>(find("GdipGetImageWidth"))(image, &width);
-        reinterpret_cast<int(WINAPI*)(void*, UINT*)>(find("GdipGetImageHeight"))(image, &height);
-        const auto pixel = reinterpret_cast<int(WINAPI*)(void*, int, int, DWORD*)>(find("GdipBitmapGetPixel"));
+        library.function<int WINAPI(const wchar_t*, void**)>("GdipCreateBitmapFromFile")(path.c_str(), &image);
+        library.function<int WINAPI(void*, UINT*)>("GdipGetImageWidth")(image, &width);
+        library.function<int WINAPI(void*, UINT*)>("GdipGetImageHeight")(image, &height);
         for (const int x : {5, static_cast<int>(width) - 6}) {
             DWORD colour = 0;
-            pixel(image, x, 5, &colour);
+            library.function<int WINAPI(void*, int, int, DWORD*)>("GdipBitmapGetPixel")(image, x, 5, &colour);
             corners.push_back(colour & 0xFFFFFF);
         }
-        reinterpret_cast<int(WINAPI*)(void*)>(find("GdipDisposeImage"))(image);
-        reinterpret_cast<void(WINAPI*)(ULONG_PTR)>(find("GdiplusShutdown"))(token);
+        library.function<int WINAPI(void*)>("GdipDisposeImage")(image);
+        library.function<void WINAPI(ULONG_PTR)>("GdiplusShutdown")(token);
     }
     UINT width = 0;
     UINT height = 0;

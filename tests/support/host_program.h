@@ -16,7 +16,7 @@ struct Outcome {
 
 std::string contents(const std::filesystem::path& path);
 
-/// A test with a folder that the program runs in; it goes with the test.
+/// A test with a folder of its own, which the program runs in; it goes with the test.
 class HostProgram : public testing::Test {
   protected:
     HostProgram();

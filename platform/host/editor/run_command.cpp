@@ -50,89 +50,54 @@ class ArgumentPerson final : public Person {
     bool refused_ = false;
 };
 
-/// Arguments as a person would type them; nothing more after one that cannot be typed.
-struct Arguments {
-    std::deque<std::wstring> typed;
-    bool valid = true;
+using Arguments = std::deque<std::wstring>;
 
-    void add(int type, const ads_u_val& value) {
+/// Arguments as a person would type them.
+base::Result<Arguments> read_arguments(int type, va_list list) {
+    Arguments typed;
+    for (; type != RTNONE && type != 0; type = va_arg(list, int)) {
         switch (type) {
-            case RTSTR:
-                typed.emplace_back(value.rstring != nullptr ? value.rstring : L"");
+            case RTSTR: {
+                const ACHAR* const text = va_arg(list, const ACHAR*);
+                typed.emplace_back(text != nullptr ? text : L"");
                 break;
+            }
             case RTREAL:
             case RTANG:
             case RTORINT:
-                typed.push_back(format_real(value.rreal));
+                typed.push_back(format_real(va_arg(list, double)));
                 break;
             case RTSHORT:
-                typed.push_back(std::to_wstring(value.rint));
+                typed.push_back(std::to_wstring(static_cast<short>(va_arg(list, int))));
                 break;
             case RTLONG:
-                typed.push_back(std::to_wstring(value.rlong));
-                break;
-            case RTPOINT:
-                typed.push_back(format_point({value.rpoint[X], value.rpoint[Y], 0}));
-                break;
-            case RT3DPOINT:
-                typed.push_back(format_point({value.rpoint[X], value.rpoint[Y], value.rpoint[Z]}));
-                break;
-            default:
-                valid = false;
-                break;
-        }
-    }
-};
-
-bool ends_list(int type) {
-    return type == RTNONE || type == 0;
-}
-
-Arguments read_arguments(int type, va_list list) {
-    Arguments arguments;
-    for (; !ends_list(type) && arguments.valid; type = va_arg(list, int)) {
-        ads_u_val value{};
-        switch (type) {
-            case RTSTR:
-                value.rstring = const_cast<ACHAR*>(va_arg(list, const ACHAR*));
-                break;
-            case RTREAL:
-            case RTANG:
-            case RTORINT:
-                value.rreal = va_arg(list, double);
-                break;
-            case RTSHORT:
-                value.rint = static_cast<short>(va_arg(list, int));
-                break;
-            case RTLONG:
-                value.rlong = va_arg(list, Adesk::Int32);
+                typed.push_back(std::to_wstring(va_arg(list, Adesk::Int32)));
                 break;
             case RTPOINT:
             case RT3DPOINT: {
                 const ads_real* const point = va_arg(list, const ads_real*);
-                std::copy_n(point, type == RTPOINT ? 2 : 3, value.rpoint);
+                typed.push_back(format_point({point[X], point[Y], type == RTPOINT ? 0 : point[Z]}));
                 break;
             }
             default:
-                break;
+                return base::Failure{L"acedCommand was given an argument of a type that cannot be typed."};
         }
-        arguments.add(type, value);
     }
-    return arguments;
+    return typed;
 }
 
-int run(Arguments arguments) {
+int run(base::Result<Arguments> arguments) {
     Person& outer = person();
-    if (!arguments.valid) {
-        outer.report(L"acedCommand was given an argument of a type that cannot be typed.");
+    if (!arguments) {
+        outer.report(arguments.reason());
         return RTERROR;
     }
-    if (arguments.typed.empty()) {
+    if (arguments->empty()) {
         return RTNORM;
     }
-    const std::wstring name = arguments.typed.front();
-    arguments.typed.pop_front();
-    ArgumentPerson answers(std::move(arguments.typed), outer);
+    const std::wstring name = arguments->front();
+    arguments->pop_front();
+    ArgumentPerson answers(*std::move(arguments), outer);
     const PersonScope scope(answers);
     if (!editor().processor.run_built_in(name)) {
         outer.report(L"Unknown command \"" + name + L"\".");
@@ -151,7 +116,7 @@ int run(Arguments arguments) {
 int acedCommand(int rtype, ...) {
     va_list list;
     va_start(list, rtype);
-    host::Arguments arguments = host::read_arguments(rtype, list);
+    base::Result<host::Arguments> arguments = host::read_arguments(rtype, list);
     va_end(list);
     return host::run(std::move(arguments));
 }
