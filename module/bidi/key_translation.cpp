@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <array>
-#include <optional>
+#include <iterator>
 #include <string_view>
 #include <tuple>
 
@@ -52,17 +52,13 @@ bool between(unsigned key, unsigned first, unsigned last) {
     return key >= first && key <= last;
 }
 
-bool is_slash(unsigned key) {
-    return key == key_slash;
-}
-
 /// Switches by itself to English for a number and back after it; inside a number the slash key is a decimal point.
 unsigned follow_number(unsigned key, InputLanguage& language) {
     if (language.current == hebrew_language && is_number_key(key)) {
         language = {english_language, true};
     } else if (language.temporary_english && !is_number_key(key)) {
         language = {hebrew_language, false};
-    } else if (language.temporary_english && is_slash(key)) {
+    } else if (language.temporary_english && key == key_slash) {
         return key_keypad_decimal;
     }
     return key;
@@ -106,53 +102,37 @@ bool is_handled_key(unsigned key) {
     return control_key || (between(key, key_space, key_last) && !between(key, 91, 95) && !between(key, 112, 185));
 }
 
-EditCommand command_with_ctrl(unsigned key) {
-    switch (key) {
-        case key_end:
-            return EditCommand::text_end;
-        case key_home:
-            return EditCommand::text_start;
-        case 'C':
-            return EditCommand::copy;
-        case 'V':
-            return EditCommand::paste;
-        case 'X':
-            return EditCommand::cut;
-        case 'Z':
-            return EditCommand::undo;
-        default:
-            return EditCommand::nothing;
-    }
-}
+struct KeyCommand {
+    unsigned key;
+    EditCommand command;
+};
 
-/// The keys that edit or move without a character; nothing for the others, which take the character path.
-std::optional<EditCommand> command_without_ctrl(unsigned key) {
-    switch (key) {
-        case key_backspace:
-            return EditCommand::delete_before;
-        case key_tab:
-            return EditCommand::insert_tab;
-        case key_enter:
-            return EditCommand::insert_line;
-        case key_escape:
-            return EditCommand::leave_to_parent;
-        case key_end:
-            return EditCommand::line_end;
-        case key_home:
-            return EditCommand::line_start;
-        case key_left:
-            return EditCommand::move_left;
-        case key_up:
-            return EditCommand::move_up;
-        case key_right:
-            return EditCommand::move_right;
-        case key_down:
-            return EditCommand::move_down;
-        case key_delete:
-            return EditCommand::delete_after;
-        default:
-            return std::nullopt;
-    }
+constexpr KeyCommand commands_with_ctrl[] = {
+    {key_end, EditCommand::text_end}, {key_home, EditCommand::text_start},
+    {'C', EditCommand::copy},         {'V', EditCommand::paste},
+    {'X', EditCommand::cut},          {'Z', EditCommand::undo},
+};
+
+/// The keys that edit or move without a character; the others take the character path.
+constexpr KeyCommand commands_without_ctrl[] = {
+    {key_backspace, EditCommand::delete_before},
+    {key_tab, EditCommand::insert_tab},
+    {key_enter, EditCommand::insert_line},
+    {key_escape, EditCommand::leave_to_parent},
+    {key_end, EditCommand::line_end},
+    {key_home, EditCommand::line_start},
+    {key_left, EditCommand::move_left},
+    {key_up, EditCommand::move_up},
+    {key_right, EditCommand::move_right},
+    {key_down, EditCommand::move_down},
+    {key_delete, EditCommand::delete_after},
+};
+
+template <size_t count>
+EditCommand command_in(const KeyCommand (&commands)[count], unsigned key) {
+    const auto found = std::find_if(std::begin(commands), std::end(commands),
+                                    [key](const KeyCommand& each) { return each.key == key; });
+    return found != std::end(commands) ? found->command : EditCommand::nothing;
 }
 
 void insert_character(KeyAction& action, unsigned character) {
@@ -253,22 +233,11 @@ bool operator==(const KeyAction& left, const KeyAction& right) {
 }
 
 bool is_number_key(unsigned key) {
-    switch (key) {
-        case key_delete:
-        case key_slash:
-        case key_grave:
-        case key_minus:
-        case key_equals:
-        case key_backslash:
-        case key_keypad_decimal:
-        case key_keypad_divide:
-        case key_keypad_multiply:
-        case key_keypad_subtract:
-        case key_keypad_add:
-            return true;
-        default:
-            return between(key, '0', '9') || between(key, key_keypad_0, key_keypad_9);
-    }
+    constexpr unsigned signs[] = {key_delete,          key_slash,           key_grave,          key_minus,
+                                  key_equals,          key_backslash,       key_keypad_decimal, key_keypad_divide,
+                                  key_keypad_multiply, key_keypad_subtract, key_keypad_add};
+    return between(key, '0', '9') || between(key, key_keypad_0, key_keypad_9) ||
+           std::find(std::begin(signs), std::end(signs), key) != std::end(signs);
 }
 
 unsigned standard_key(unsigned key, wchar_t letter) {
@@ -296,7 +265,7 @@ KeyAction translate_key(const KeyPress& press, const KeyModifiers& modifiers, co
         return action;
     }
     if (modifiers.ctrl) {
-        action.command = command_with_ctrl(key);
+        action.command = command_in(commands_with_ctrl, key);
         return action;
     }
     if (locked && (key == key_tab || key == key_enter)) {
@@ -309,12 +278,10 @@ KeyAction translate_key(const KeyPress& press, const KeyModifiers& modifiers, co
         return action;
     }
     action.redraws_caret = true;
-    const auto command = command_without_ctrl(key);
-    if (command) {
-        action.command = *command;
+    action.command = command_in(commands_without_ctrl, key);
+    if (action.command != EditCommand::nothing) {
         action.key = key;
-        const bool replaces_selection = key == key_backspace || key == key_enter || key == key_delete;
-        action.deletes_selection = replaces_selection;
+        action.deletes_selection = key == key_backspace || key == key_enter || key == key_delete;
     } else if (navigates) {
         action.deletes_selection = true;
     } else {

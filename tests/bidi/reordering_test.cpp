@@ -295,26 +295,6 @@ TEST(Reordering, EqualsTheRulesWrittenOutOnRandomLines) {
     }
 }
 
-TEST(Reordering, KeepsEveryCharacter) {
-    std::mt19937 random(6);
-    const std::wstring alphabet = hebrew(L"ABCDEFG abcdef 0123 .,;()[]\n\x01\u05B0\uD55C");
-    for (size_t length = 0; length <= 5000; length += 1 + length / 40) {
-        const std::wstring text = random_line(random, alphabet, length);
-        for (const bool left_to_right : {false, true}) {
-            Map map;
-            const std::wstring visual = reordered(text, left_to_right, &map);
-            for (size_t i = 0; i < length; ++i) {
-                const wchar_t character = text[map[i]];
-                ASSERT_TRUE(visual[i] == character || (!left_to_right && visual[i] == GetMirrorChar(character)));
-            }
-            std::sort(map.begin(), map.end());
-            Map indexes(length + 1);
-            std::iota(indexes.begin(), indexes.end(), 0U);
-            ASSERT_EQ(map, indexes);
-        }
-    }
-}
-
 TEST(Reordering, ReversesInPlace) {
     std::wstring text = L"abcde";
     ReverseChars(text.data(), 4);
