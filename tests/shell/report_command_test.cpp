@@ -1,15 +1,12 @@
 // "QXBOMC" from the drawing to the saved report, through the module as it is built and the host's own windows.
-#include <gmock/gmock.h>
 #include <windows.h>
 
 #include <algorithm>
 #include <sstream>
 
-#include "tests/shell/small_drawing.h"
-#include "tests/support/host_program.h"
+#include "tests/shell/module_program.h"
 
 namespace fs = std::filesystem;
-using test_support::Outcome;
 using testing::HasSubstr;
 
 namespace {
@@ -19,24 +16,12 @@ constexpr char prices[] =
     "BOLT|0.104|steel\r\n"
     "unused|7|x\r\n";
 
-class ReportCommand : public test_support::HostProgram {
+class ReportCommand : public test_support::ModuleProgram {
   protected:
     ReportCommand() {
-        // Its settings files stand beside the module.
-        fs::copy_file(program_folder() / "Corvanes.arx", folder_ / "Corvanes.arx");
         write("House.dxf",
               test_support::drawing_of({"DOOR", "bolt", "door", "*U3", "Bolt", "\xe3\xec\xfa 80", "bolt"}));
         write("list.prc", prices);
-    }
-
-    Outcome run(const std::string& script) const {
-        write("a.scr", script);
-        return start("House.dxf --load Corvanes.arx --script a.scr");
-    }
-    /// A run that must succeed.
-    void succeed(const std::string& script) const {
-        const Outcome outcome = run(script);
-        EXPECT_EQ(outcome.status, 0U) << outcome.said;
     }
 };
 
@@ -151,7 +136,7 @@ TEST_F(ReportCommand, ComesBackAfterUnloading) {
     succeed(
         "ARX\nUnload\nCorvanes\nARX\nLoad\nCorvanes.arx\n"
         "QXBOMC\nlist.prc\nALL\n\n@press \"Close\"\nARX\nUnload\nCorvanes\nQUIT\n");
-    const Outcome outcome = run("ARX\nUnload\nCorvanes\nQXBOMC\nQUIT\n");
+    const test_support::Outcome outcome = run("ARX\nUnload\nCorvanes\nQXBOMC\nQUIT\n");
     EXPECT_NE(outcome.status, 0U) << "an unloaded command is unknown";
 }
 
@@ -159,56 +144,41 @@ TEST_F(ReportCommand, ComesBackAfterUnloading) {
 /// and twice in one place; two of it are inside *U3.
 std::string dynamic_drawing() {
     std::string groups;
-    const auto add = [&groups](std::initializer_list<std::pair<int, const char*>> more) {
-        for (const auto& [code, value] : more) {
-            groups += std::to_string(code) + "\n" + value + "\n";
+    // "code value", and so on, with bars between.
+    const auto add = [&groups](const std::string& more) {
+        std::istringstream words(more);
+        for (std::string group; std::getline(words, group, '|');) {
+            const size_t blank = group.find(' ');
+            groups += group.substr(0, blank) + "\n" + group.substr(blank + 1) + "\n";
         }
     };
-    const auto record = [&add](const char* handle, const char* name) {
-        add({{0, "BLOCK_RECORD"},
-             {5, handle},
-             {100, "AcDbSymbolTableRecord"},
-             {100, "AcDbBlockTableRecord"},
-             {2, name}});
+    const auto insert = [&add](const std::string& handle, const std::string& name, const std::string& layer,
+                               const std::string& x) {
+        add("0 INSERT|5 " + handle + (handle == "40" ? "|102 {ACAD_XDICTIONARY|360 50|102 }" : "") +
+            "|100 AcDbEntity|8 " + layer + "|100 AcDbBlockReference|2 " + name + "|10 " + x + "|20 0");
     };
-    const auto block = [&add](const char* name, int doors) {
-        add({{0, "BLOCK"}, {100, "AcDbEntity"}, {8, "0"}, {100, "AcDbBlockBegin"}, {2, name}});
-        for (int i = 0; i < doors; ++i) {
-            add({{0, "INSERT"}, {100, "AcDbEntity"}, {8, "0"}, {2, "DOOR"}});
-        }
-        add({{0, "ENDBLK"}, {100, "AcDbEntity"}, {8, "0"}});
-    };
-    const auto insert = [&add](const char* handle, const char* name, const char* layer, const char* x) {
-        add({{0, "INSERT"}, {5, handle}});
-        if (*handle == '4') {
-            add({{102, "{ACAD_XDICTIONARY"}, {360, "50"}, {102, "}"}});
-        }
-        add({{100, "AcDbEntity"}, {8, layer}, {100, "AcDbBlockReference"}, {2, name}, {10, x}, {20, "0"}});
-    };
-    add({{0, "SECTION"}, {2, "HEADER"}, {9, "$ACADVER"}, {1, "AC1015"}, {0, "ENDSEC"}, {0, "SECTION"}, {2, "TABLES"}});
-    add({{0, "TABLE"}, {2, "LAYER"}, {0, "LAYER"}, {5, "10"}, {2, "0"}, {70, "0"}});
-    add({{0, "LAYER"}, {5, "11"}, {2, "COLD"}, {70, "1"}, {0, "ENDTAB"}, {0, "TABLE"}, {2, "BLOCK_RECORD"}});
-    record("20", "*Model_Space");
-    record("21", "*U3");
-    add({{1001, "AcDbBlockRepBTag"}, {1070, "1"}, {1005, "23"}});
-    record("22", "*U4");
-    record("23", "WINDOW");
-    record("24", "DOOR");
-    add({{0, "ENDTAB"}, {0, "ENDSEC"}, {0, "SECTION"}, {2, "BLOCKS"}});
-    block("*Model_Space", 0);
-    block("*U3", 2);
-    block("*U4", 0);
-    block("WINDOW", 0);
-    block("DOOR", 0);
-    add({{0, "ENDSEC"}, {0, "SECTION"}, {2, "ENTITIES"}});
+    add("0 SECTION|2 HEADER|9 $ACADVER|1 AC1015|0 ENDSEC|0 SECTION|2 TABLES|0 TABLE|2 LAYER|0 LAYER|5 10|2 0|70 0");
+    add("0 LAYER|5 11|2 COLD|70 1|0 ENDTAB|0 TABLE|2 BLOCK_RECORD");
+    int handle = 20;
+    for (const std::string name : {"*Model_Space", "*U3", "*U4", "WINDOW", "DOOR"}) {
+        add("0 BLOCK_RECORD|5 " + std::to_string(handle++) + "|100 AcDbSymbolTableRecord|100 AcDbBlockTableRecord|2 " +
+            name);
+        add(name == "*U3" ? "1001 AcDbBlockRepBTag|1070 1|1005 23" : "");
+    }
+    add("0 ENDTAB|0 ENDSEC|0 SECTION|2 BLOCKS");
+    for (const std::string name : {"*Model_Space", "*U3", "*U4", "WINDOW", "DOOR"}) {
+        add("0 BLOCK|100 AcDbEntity|8 0|100 AcDbBlockBegin|2 " + name);
+        add(name == "*U3" ? "0 INSERT|100 AcDbEntity|8 0|2 DOOR|0 INSERT|100 AcDbEntity|8 0|2 DOOR" : "");
+        add("0 ENDBLK|100 AcDbEntity|8 0");
+    }
+    add("0 ENDSEC|0 SECTION|2 ENTITIES");
     insert("30", "*U3", "0", "0");
     insert("40", "*U4", "0", "0");
     insert("31", "DOOR", "0", "5");
     insert("32", "DOOR", "0", "5");
     insert("33", "DOOR", "COLD", "6");
-    add({{0, "ENDSEC"}, {0, "SECTION"}, {2, "OBJECTS"}, {0, "DICTIONARY"}, {5, "50"}, {3, "AcDbBlockRepresentation"}});
-    add({{360, "51"}, {0, "DICTIONARY"}, {5, "51"}, {3, "AcDbRepData"}, {360, "52"}});
-    add({{0, "ACDB_BLOCKREPRESENTATION_DATA"}, {5, "52"}, {340, "23"}, {0, "ENDSEC"}, {0, "EOF"}});
+    add("0 ENDSEC|0 SECTION|2 OBJECTS|0 DICTIONARY|5 50|3 AcDbBlockRepresentation|360 51");
+    add("0 DICTIONARY|5 51|3 AcDbRepData|360 52|0 ACDB_BLOCKREPRESENTATION_DATA|5 52|340 23|0 ENDSEC|0 EOF");
     return groups;
 }
 
@@ -222,13 +192,11 @@ TEST_F(ReportCommand, SaysWhatItLeavesOutWhenAskedTo) {
         for (const wchar_t* name : names) {
             ::SetEnvironmentVariableW(name, name == std::wstring_view(L"CORVANES_JSON") ? L"bill.json" : L"1");
         }
-        write("a.scr", script);
-        const Outcome outcome = start("House.dxf --load Corvanes.arx --script a.scr --verbose");
+        const std::string said = succeed(script);
         for (const wchar_t* name : names) {
             ::SetEnvironmentVariableW(name, nullptr);
         }
-        EXPECT_EQ(outcome.status, 0U) << outcome.said;
-        return outcome.said;
+        return said;
     };
     EXPECT_THAT(said_with({}), testing::Not(HasSubstr("No price")));
     EXPECT_FALSE(fs::exists(folder_ / "bill.json"));

@@ -1,35 +1,18 @@
 // "QXBOMC" on to the table in the drawing, through the module as it is built: the blocks' names, what a cancelled
 // placement leaves, and the system variables.
-#include <gmock/gmock.h>
-
 #include "platform/host/dxf/drawing.h"
-#include "tests/shell/small_drawing.h"
-#include "tests/support/host_program.h"
+#include "tests/shell/module_program.h"
 
-namespace fs = std::filesystem;
-using test_support::Outcome;
 using testing::ElementsAre;
 using testing::HasSubstr;
 
 namespace {
 
-class TableCommand : public test_support::HostProgram {
+class TableCommand : public test_support::ModuleProgram {
   protected:
     TableCommand() {
-        fs::copy_file(program_folder() / "Corvanes.arx", folder_ / "Corvanes.arx");
         write("list.prc", "DOOR|1250|oak\r\n");
         write("House.dxf", test_support::drawing_of({"DOOR", "door"}));
-    }
-
-    Outcome run(const std::string& script) const {
-        write("a.scr", script);
-        return start("House.dxf --load Corvanes.arx --script a.scr --verbose");
-    }
-    /// A run that must succeed; what was said.
-    std::string succeed(const std::string& script) const {
-        const Outcome outcome = run(script);
-        EXPECT_EQ(outcome.status, 0U) << outcome.said;
-        return outcome.said;
     }
 
     /// The table blocks of a drawing, each followed by the x scales of its references.

@@ -1,28 +1,15 @@
 // "QXBOMT": price lists made, edited, checked and saved in the real dialog, as a person would.
-#include <gmock/gmock.h>
-
 #include <cstdio>
 
-#include "tests/shell/small_drawing.h"
-#include "tests/support/host_program.h"
+#include "tests/shell/module_program.h"
 
 namespace fs = std::filesystem;
-using test_support::Outcome;
 
 namespace {
 
-class TemplateCommand : public test_support::HostProgram {
+class TemplateCommand : public test_support::ModuleProgram {
   protected:
-    TemplateCommand() {
-        fs::copy_file(program_folder() / "Corvanes.arx", folder_ / "Corvanes.arx");
-        write("House.dxf", test_support::drawing_of({"DOOR", "bolt", "*U3", "\xe3\xec\xfa 80"}));
-    }
-
-    void succeed(const std::string& script) const {
-        write("a.scr", script);
-        const Outcome outcome = start("House.dxf --load Corvanes.arx --script a.scr");
-        EXPECT_EQ(outcome.status, 0U) << outcome.said;
-    }
+    TemplateCommand() { write("House.dxf", test_support::drawing_of({"DOOR", "bolt", "*U3", "\xe3\xec\xfa 80"})); }
 };
 
 /// Types a text into a cell and ends the edit with Tab.
