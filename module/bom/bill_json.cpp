@@ -9,13 +9,14 @@
 #include "base/case_folding.h"
 #include "base/code_page.h"
 #include "bom/report_text.h"
+#include "resources/version.h"
 
 namespace corvanes {
 
 namespace {
 
 constexpr int schema_version = 1;
-constexpr const char* program = "Corvanes 1.0.0";
+constexpr const char* program = "Corvanes " CORVANES_VERSION;
 
 /// Writes JSON at the end of a text.
 class JsonWriter {
@@ -95,8 +96,11 @@ class BillWriter {
         } else {
             out_.raw("null");
         }
+        out_.raw(",\n\"columns\": ");
+        write_columns();
         out_.raw(",\n\"rows\": ").array(rows, ",\n", [this](const ReportCells& row) { write_row(row); });
-        write_money("sum", sum, ",\n");
+        out_.raw(",\n\"sum\": ");
+        write_money(sum);
         out_.raw(",\n\"notes\": ").array(bill_.notes, ",\n", [this](const Note& note) { write_note(note); });
         out_.raw(",\n\"note_lines\": ").array(note_lines(bill_.notes), ",\n", [this](const std::wstring& line) {
             out_.text(line);
@@ -113,9 +117,21 @@ class BillWriter {
         out_.raw("}");
     }
 
+    void write_columns() {
+        const char* separator = "{";
+        for (const ReportColumnTraits& column : report_column_traits) {
+            if (bill_.with_prices || !column.money) {
+                write_name(std::exchange(separator, ", "), column.member);
+                out_.text(column.heading);
+            }
+        }
+        out_.raw("}");
+    }
+
+    void write_name(const char* separator, const char* name) { out_.raw(separator).raw("\"").raw(name).raw("\": "); }
+
     /// Null where it was not shown.
-    void write_money(const char* name, const std::wstring& text, const char* separator = ", ") {
-        out_.raw(separator).raw("\"").raw(name).raw("\": ");
+    void write_money(const std::wstring& text) {
         if (bill_.with_prices && !text.empty()) {
             out_.text(text);
         } else {
@@ -128,11 +144,18 @@ class BillWriter {
         const bool counted = row[quantity_column] != L"0";
         const std::vector<std::uint64_t> none;
         const auto found = handles_.find(base::lower(row[name_column]));
-        out_.raw("{\"block\": ").text(row[name_column]);
-        write_money("price", row[price_column]);
-        out_.raw(", \"quantity\": ").raw(std::string(row[quantity_column].begin(), row[quantity_column].end()));
-        out_.raw(", \"description\": ").text(row[description_column]);
-        write_money("total", row[total_column]);
+        const char* separator = "{";
+        for (int column = 0; column < report_columns; ++column) {
+            const std::wstring& text = row[static_cast<std::size_t>(column)];
+            write_name(std::exchange(separator, ", "), traits_of(column).member);
+            if (traits_of(column).money) {
+                write_money(text);
+            } else if (traits_of(column).number) {
+                out_.raw(std::string(text.begin(), text.end()));
+            } else {
+                out_.text(text);
+            }
+        }
         out_.raw(", \"handles\": ");
         out_.handles(counted && found != handles_.end() ? found->second : none).raw("}");
     }

@@ -13,6 +13,7 @@ enum ReportColumn { name_column, price_column, quantity_column, description_colu
 /// What each place makes of a column.
 struct ReportColumnTraits {
     const wchar_t* heading;
+    const char* member;  ///< of a row in report.json
     size_t file_width;   ///< of its field in the report file, in characters, at least
     const wchar_t* tag;  ///< of the heading's attribute in the table; those of the rows append their number
     bool money;          ///< left out without prices
@@ -20,11 +21,11 @@ struct ReportColumnTraits {
 };
 
 constexpr std::array<ReportColumnTraits, report_columns> report_column_traits = {{
-    {L"Block name", 10, L"BLOCKNAME", false, false},
-    {L"Item Price", 10, L"PRICE", true, true},
-    {L"Quantity", 10, L"QUANTITY", false, true},
-    {L"Description", 20, L"DESCRIPTION", false, false},
-    {L"Total", 10, L"TOTAL", true, true},
+    {L"Block name", "block", 10, L"BLOCKNAME", false, false},
+    {L"Item Price", "price", 10, L"PRICE", true, true},
+    {L"Quantity", "quantity", 10, L"QUANTITY", false, true},
+    {L"Description", "description", 20, L"DESCRIPTION", false, false},
+    {L"Total", "total", 10, L"TOTAL", true, true},
 }};
 
 constexpr const ReportColumnTraits& traits_of(int column) {

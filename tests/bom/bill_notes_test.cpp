@@ -101,6 +101,8 @@ TEST(BillJson, HoldsWhatWasShown) {
         "{\"schema\": 1,\n\"program\": \"Corvanes 1.0.0\",\n"
         "\"drawing\": {\"name\": \"a\\\"b\\\\\xD7\x90.dxf\", \"size\": 12, \"sha256\": \"00ff\"},\n"
         "\"prices\": {\"name\": \"list.prc\"},\n"
+        "\"columns\": {\"block\": \"Block name\", \"price\": \"Item Price\", \"quantity\": \"Quantity\", "
+        "\"description\": \"Description\", \"total\": \"Total\"},\n"
         "\"rows\": [{\"block\": \"door\", \"price\": \"12.00\", \"quantity\": 2, \"description\": \"oak\\u0009\", "
         "\"total\": \"24.00\", \"handles\": [\"1A\", \"FFFFFFFFFFFFFFFF\"]}],\n"
         "\"sum\": \"24.00\",\n"
@@ -110,8 +112,11 @@ TEST(BillJson, HoldsWhatWasShown) {
         "\"No entries in the price list (1 line): line 3\"]}\n");
     bill.with_prices = false;
     bill.price_list.reset();
-    EXPECT_THAT(bill_json(bill),
-                testing::HasSubstr("\"prices\": null,\n\"rows\": [{\"block\": \"door\", \"price\": null"));
+    EXPECT_THAT(
+        bill_json(bill),
+        testing::HasSubstr(
+            "\"prices\": null,\n\"columns\": {\"block\": \"Block name\", \"quantity\": "
+            "\"Quantity\", \"description\": \"Description\"},\n\"rows\": [{\"block\": \"door\", \"price\": null"));
 }
 
 }  // namespace

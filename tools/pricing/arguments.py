@@ -1,8 +1,11 @@
 """The arguments of ./run."""
 
+import pathlib
+import re
+
 from failure import Failure, USAGE
 
-VERSION = "Corvanes 1.0.0"
+VERSION_FILE = pathlib.Path(__file__).parents[2] / "module/resources/version.h"
 FORMATS = ("text", "csv", "json")
 
 HELP = """\
@@ -31,6 +34,10 @@ Examples:
 exit status: 0 the report was made, 1 an internal error, 2 wrong usage, 3 the drawing cannot be read, 4 the price list
 cannot be read, 5 there is nothing to report, or with --strict there are notes, 6 the output cannot be written
 """
+
+
+def version():
+    return "Corvanes " + re.search('CORVANES_VERSION "(.*)"', VERSION_FILE.read_text(encoding="utf-8")).group(1) + "\n"
 
 
 class Arguments:
@@ -66,7 +73,7 @@ def parse(words):
         if word in ("--desktop", "--hide-prices", "--dynamic-names", "--strict", "--quiet"):
             setattr(arguments, word[2:].replace("-", "_"), True)
         elif word in ("--help", "-h", "--version"):
-            arguments.answer = f"{VERSION}\n" if word == "--version" else HELP
+            arguments.answer = version() if word == "--version" else HELP
             return arguments
         elif word == "--out":
             if not words:

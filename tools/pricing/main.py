@@ -76,7 +76,7 @@ def price_into(out, drawing, prices, arguments, session, progress):
         with open(work.file("report.json"), "rb") as file:
             bill = Bill(file.read())
         with open(work.file("report.csv"), "wb") as file:
-            file.write(bill.csv(not arguments.hide_prices))
+            file.write(bill.csv())
         for name in RESULTS:
             if not os.path.isfile(work.file(name)) or os.path.getsize(work.file(name)) == 0:
                 raise Failure(OUTPUT, f"{os.path.join(out, name)} was not written")
