@@ -4,6 +4,7 @@
 
 #include "fuzz/fuzz_input.h"
 #include "platform/host/dxf/drawing.h"
+#include "platform/host/dxf/record_fields.h"
 
 namespace {
 
@@ -35,16 +36,15 @@ std::vector<std::string> records_of(const Drawing& drawing) {
 
 /// Reads whatever can be read of a record and its sub-records.
 void read_whole(const dxf::RecordView& view) {
-    for (const dxf::Group& group : view.own_groups()) {
+    for (const dxf::Group& group : dxf::RecordFields(view).groups()) {
         view.decode(group.value);
     }
     view.text(1);
     view.integer(70);
     view.real(10);
     view.handle(5);
-    view.owner();
     for (const dxf::RecordView& part : view.parts()) {
-        part.own_groups();
+        dxf::RecordFields(part).reals(40);
     }
 }
 

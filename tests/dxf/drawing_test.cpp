@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "drawing_text.h"
-#include "platform/host/dxf/layer_view.h"
+#include "platform/host/dxf/entities.h"
 
 namespace {
 
@@ -50,11 +50,13 @@ TEST(Drawing, IndexesEverySection) {
 
 TEST(Drawing, ReadsLayersStates) {
     const auto drawing = dxf_test::read(lines(house));
-    const auto walls = read_layer(drawing->view(drawing->table_entry("LAYER", L"WALLS")));
-    EXPECT_EQ(std::tie(walls.name, walls.colour, walls.on, walls.frozen, walls.locked, walls.line_type),
+    const auto walls = dxf::read<dxf::Layer>(dxf::RecordFields(drawing->view(drawing->table_entry("LAYER", L"WALLS"))));
+    EXPECT_EQ(std::tuple(walls.name, walls.colour, walls.on(), walls.frozen(), walls.locked(), walls.line_type),
               std::make_tuple(L"Walls", 3, true, true, false, L"Continuous"));
-    const auto hebrew = read_layer(drawing->view(drawing->table_entry("LAYER", L"\u05D7\u05DC\u05D5\u05DF")));
-    EXPECT_EQ(std::tie(hebrew.colour, hebrew.on, hebrew.frozen, hebrew.locked), std::make_tuple(5, false, false, true));
+    const auto hebrew = dxf::read<dxf::Layer>(
+        dxf::RecordFields(drawing->view(drawing->table_entry("LAYER", L"\u05D7\u05DC\u05D5\u05DF"))));
+    EXPECT_EQ(std::tuple(hebrew.colour_index(), hebrew.on(), hebrew.frozen(), hebrew.locked()),
+              std::make_tuple(5, false, false, true));
     EXPECT_EQ(drawing->table_entry("LAYER", L"none"), dxf::no_record);
     EXPECT_EQ(drawing->table_entry("STYLE", L"none"), dxf::no_record);
 }

@@ -5,7 +5,7 @@
 #include <string>
 
 #include "platform/host/dxf/drawing.h"
-#include "platform/host/dxf/layer_view.h"
+#include "platform/host/dxf/space_names.h"
 
 namespace {
 

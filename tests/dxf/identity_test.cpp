@@ -3,7 +3,7 @@
 #include <map>
 
 #include "drawing_text.h"
-#include "platform/host/dxf/layer_view.h"
+#include "platform/host/dxf/entities.h"
 
 namespace {
 
@@ -123,8 +123,10 @@ TEST(DrawingCounts, SampleTellsItsNamesAlikeInEveryVersion) {
             wardrobes += drawing.record(id).block_name == wardrobe ? 1 : 0;
         }
         EXPECT_EQ(wardrobes, 3U) << name;
-        EXPECT_TRUE(read_layer(drawing.view(drawing.table_entry("LAYER", L"variant"))).frozen);
-        EXPECT_FALSE(read_layer(drawing.view(drawing.table_entry("LAYER", L"Construction"))).on);
+        EXPECT_TRUE(
+            dxf::read<dxf::Layer>(dxf::RecordFields(drawing.view(drawing.table_entry("LAYER", L"variant")))).frozen());
+        EXPECT_FALSE(
+            dxf::read<dxf::Layer>(dxf::RecordFields(drawing.view(drawing.table_entry("LAYER", L"Construction")))).on());
     }
 }
 

@@ -3,7 +3,7 @@
 #include <string>
 
 #include "platform/host/dxf/name_table.h"
-#include "platform/host/dxf/record_view.h"
+#include "platform/host/dxf/record_fields.h"
 #include "platform/host/dxf/record_writer.h"
 #include "platform/host/dxf/text_codec.h"
 
@@ -140,14 +140,14 @@ TEST(RecordView, LooksAmongTheRecordsOwnGroups) {
     const dxf::RecordView view(bytes, Encoding::ascii, TextCodec(1252));
     EXPECT_EQ(view.type(), "INSERT");
     EXPECT_EQ(view.handle(5), 0x2AU);
-    EXPECT_EQ(view.owner(), 0x1FU);
+    EXPECT_EQ(view.handle(330), 0x1FU);
     EXPECT_EQ(view.text(2), L"D\u05D3");
     EXPECT_EQ(view.real(10), 1.5);
     EXPECT_EQ(view.integer(66), 1);
     EXPECT_EQ(view.integer(70, 4), 4);
     EXPECT_FALSE(view.has(1)) << "an attribute's value is not the reference's";
     EXPECT_FALSE(view.group(330, 1)) << "a reactor's handle is not the record's";
-    EXPECT_EQ(view.own_groups().size(), 7U);
+    EXPECT_EQ(dxf::RecordFields(view).groups().size(), 7U);
     EXPECT_EQ(view.extended_group(1000)->value, "note");
     EXPECT_FALSE(view.extended_group(70));
     const auto parts = view.parts();

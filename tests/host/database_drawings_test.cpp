@@ -4,6 +4,7 @@
 
 #include "acedsel.h"
 #include "platform/host/database/insert_block.h"
+#include "platform/host/view/display_list.h"
 #include "tests/host/database_fixture.h"
 
 namespace {
@@ -16,7 +17,7 @@ std::string file_bytes(const std::string& name) {
 
 void add_table_style(const OpenDrawing& drawing) {
     AcDbTextStyleTable* styles = nullptr;
-    ASSERT_EQ(drawing->getTextStyleTable(styles, AcDb::kForWrite), Acad::eOk);
+    ASSERT_EQ(drawing->getSymbolTable(styles, AcDb::kForWrite), Acad::eOk);
     auto style = std::make_unique<AcDbTextStyleTableRecord>();
     style->setName(L"KVOTABLE");
     style->setFileName(L"simpheb.shx");
@@ -39,10 +40,10 @@ void add_cell(AcDbBlockTableRecord& block, const std::wstring& text, AcDb::TextH
 
 void add_table_block(const OpenDrawing& drawing) {
     AcDbBlockTable* blocks = nullptr;
-    ASSERT_EQ(drawing->getBlockTable(blocks, AcDb::kForWrite), Acad::eOk);
+    ASSERT_EQ(drawing->getSymbolTable(blocks, AcDb::kForWrite), Acad::eOk);
     AcDbObjectId style;
     AcDbTextStyleTable* styles = nullptr;
-    ASSERT_EQ(drawing->getTextStyleTable(styles, AcDb::kForRead), Acad::eOk);
+    ASSERT_EQ(drawing->getSymbolTable(styles, AcDb::kForRead), Acad::eOk);
     ASSERT_EQ(styles->getAt(L"KVOTABLE", style), Acad::eOk);
     styles->close();
     auto made = std::make_unique<AcDbBlockTableRecord>();
@@ -61,7 +62,7 @@ std::vector<std::wstring> describe_cells(const OpenDrawing& drawing) {
     std::vector<std::wstring> cells;
     const AcDbObjectPointer<AcDbBlockTableRecord> block(drawing.block(L"kvo0001"), AcDb::kForRead);
     if (block.openStatus() != Acad::eOk) {
-        return {acadErrorStatusText(block.openStatus())};
+        return {std::to_wstring(block.openStatus())};
     }
     AcDbBlockTableRecordIterator* made = nullptr;
     block->newIterator(made);
@@ -127,13 +128,14 @@ TEST(DatabaseDrawings, DamagedDrawingsCanBeWalked) {
         ASSERT_EQ(space->newIterator(made), Acad::eOk);
         const std::unique_ptr<AcDbBlockTableRecordIterator> iterator(made);
         for (; !iterator->done(); iterator->step()) {
-            AcDbEntity* entity = nullptr;
-            ASSERT_EQ(iterator->getEntity(entity), Acad::eOk);
+            AcDbObjectId id;
+            iterator->getEntityId(id);
+            const AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForRead);
+            ASSERT_EQ(entity.openStatus(), Acad::eOk);
             if (const auto* const reference = AcDbBlockReference::cast(entity)) {
                 ++references;
                 defined += reference->blockTableRecord().isNull() ? 0 : 1;
             }
-            entity->close();
         }
     }
     EXPECT_EQ(found, wanted);
@@ -185,10 +187,30 @@ TEST(DatabaseDrawings, AttributesTurnWithTheirReference) {
     EXPECT_NEAR(attribute.rotation(), -std::acos(0.0), 1e-12);
     EXPECT_NEAR(attribute.height(), 0.5 * 2, 1e-12);
     EXPECT_NEAR(attribute.widthFactor(), 0.8 * 2, 1e-12);
+}
 
-    const AcGeMatrix3d turn = AcGeMatrix3d::rotation_about_z(0.5) * AcGeMatrix3d::rotation_about_z(-0.5);
-    EXPECT_NEAR((turn * AcGePoint3d(3, 4, 5)).distanceTo({3, 4, 5}), 0, 1e-12);
-    EXPECT_NEAR((AcGeMatrix3d::translation({1, 1, 1}) * AcGeVector3d(3, 4, 0)).length(), 5, 1e-12) << "vectors stay";
+/// The transform that commands get is the one that the picture shows, whatever plane the reference stands in.
+TEST(DatabaseDrawings, ReferencesStandWhereTheyAreDrawn) {
+    for (const std::string extrusion :
+         {"210 0|220 0|230 1", "210 0|220 0|230 -1", "210 0.6|220 0|230 0.8", "210 0.001|220 -0.002|230 1"}) {
+        const OpenDrawing drawing(
+            section("BLOCKS", groups("0 BLOCK|8 0|2 T|70 0|10 1|20 2|30 0|0 LINE|8 0|10 3|20 5|11 4|21 5|0 ENDBLK")) +
+            section("ENTITIES", groups("0 INSERT|8 0|2 T|10 10|20 20|30 5|41 2|42 3|50 30|" + extrusion)) +
+            end_of_file());
+        const AcDbObjectPointer<AcDbBlockReference> reference(drawing.entity(0), AcDb::kForRead);
+        const AcGeMatrix3d transform = reference->blockTransform();
+        host::Box2 box;
+        for (const AcGePoint3d& end : {transform * AcGePoint3d(3, 5, 0), transform * AcGePoint3d(4, 5, 0)}) {
+            box.add(host::Vec2{end.x, end.y});
+        }
+        const host::Box2 drawn = host::DisplayList::build(drawing.drawing(), host::DisplayList::Space::model).extents();
+        EXPECT_NEAR((drawn.low - box.low).length() + (drawn.high - box.high).length(), 0, 1e-9) << extrusion;
+        const AcGePoint3d base = transform * AcGePoint3d(1, 2, 0);
+        EXPECT_NEAR((base - reference->position()).length(), 0, 1e-12) << "the base point is the insertion point";
+        if (extrusion == "210 0|220 0|230 -1") {
+            EXPECT_EQ(reference->position(), AcGePoint3d(-10, 20, -5)) << "seen from below, x runs to the left";
+        }
+    }
 }
 
 TEST(DatabaseDrawings, AttributesAreMirroredWithTheirReference) {
@@ -241,7 +263,7 @@ TEST(DatabaseDrawings, AttributesOfSeveralLinesAreReadAndWrittenByTheirOwnGroups
         const AcDbObjectPointer<AcDbAttributeDefinition> note(drawing.store().id_of_record(record), AcDb::kForWrite);
         ASSERT_EQ(note.openStatus(), Acad::eOk);
         EXPECT_EQ(note->widthFactor(), 1.0);
-        EXPECT_TRUE(note->isDefaultAlignment());
+        EXPECT_EQ(note->setAlignmentPoint({}), Acad::eNotApplicable);
         EXPECT_EQ(take(note->tag()), L"NOTE");
         const AcDbObjectPointer<AcDbTextStyleTableRecord> style(note->textStyle(), AcDb::kForRead);
         EXPECT_EQ(name_of(*style), L"Standard");

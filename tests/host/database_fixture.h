@@ -120,5 +120,5 @@ inline std::wstring name_of(const AcDbSymbolTableRecord& record) {
 /// The name of a block table record by id, or the status of opening it.
 inline std::wstring block_name(AcDbObjectId id) {
     const AcDbObjectPointer<AcDbBlockTableRecord> record(id, AcDb::kForRead);
-    return record.openStatus() == Acad::eOk ? name_of(*record) : acadErrorStatusText(record.openStatus());
+    return record.openStatus() == Acad::eOk ? name_of(*record) : L"(" + std::to_wstring(record.openStatus()) + L")";
 }

@@ -1,14 +1,14 @@
 #include <cmath>
 
-#include "platform/host/database/record_merge.h"
+#include "platform/host/dxf/record_merge.h"
 #include "tests/host/database_fixture.h"
 
 namespace {
 
-using host::Field;
+using dxf::Field;
 
 std::string merge(const std::string& record, const std::vector<Field>& fields, dxf::Manner manner = {}) {
-    return host::merge_fields(dxf::RecordView(record, manner.encoding, manner.codec), fields, manner);
+    return dxf::merge_fields(dxf::RecordView(record, manner.encoding, manner.codec), fields, manner);
 }
 
 Field integer(int code, int64_t value, bool as_if_absent = false) {

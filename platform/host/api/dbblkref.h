@@ -21,10 +21,9 @@ class AcDbBlockReference : public AcDbEntity {
 
     /// Null where the drawing has no such block.
     AcDbObjectId blockTableRecord() const;
-    Acad::ErrorStatus setBlockTableRecord(AcDbObjectId block);
 
+    /// In world coordinates.
     AcGePoint3d position() const;
-    Acad::ErrorStatus setPosition(const AcGePoint3d& point);
     AcGeScale3d scaleFactors() const;
     /// No factor may be 0 (eInvalidInput).
     Acad::ErrorStatus setScaleFactors(const AcGeScale3d& scale);
@@ -40,9 +39,10 @@ class AcDbBlockReference : public AcDbEntity {
     Acad::ErrorStatus appendAttribute(AcDbAttribute* attribute);
 
   protected:
-    void read_fields(const host::FieldReader& from) override;
-    void write_fields(host::FieldWriter& to) const override;
+    void read_fields(const dxf::RecordFields& from) override;
+    void write_fields(dxf::FieldWriter& to) const override;
     void flush() override;
+    dxf::Insert& placement() const;
 
   private:
     friend class AcDbAttribute;
@@ -52,11 +52,9 @@ class AcDbBlockReference : public AcDbEntity {
     };
     std::vector<OwnedAttribute>::iterator owned(const AcDbAttribute& attribute);
 
-    AcGePoint3d position_;
-    AcGeScale3d scale_;
-    double rotation_ = 0.0;
+    mutable std::shared_ptr<dxf::Insert> placement_;  ///< null until it is asked for: most are opened for their block
     AcDbObjectId block_;
-    std::wstring block_name_;  ///< as the record spells it; empty once the block was set
+    std::wstring block_name_;  ///< as the record spells it; empty for one that no record has told
     std::vector<OwnedAttribute> attributes_;
     std::string sequence_end_;
 };
@@ -69,11 +67,4 @@ class AcDbMInsertBlock : public AcDbBlockReference {
     /// At least 1.
     Adesk::UInt16 columns() const;
     Adesk::UInt16 rows() const;
-
-  protected:
-    void read_fields(const host::FieldReader& from) override;
-
-  private:
-    Adesk::UInt16 columns_ = 1;
-    Adesk::UInt16 rows_ = 1;
 };

@@ -21,13 +21,10 @@ class AcDbBlockTableRecord : public AcDbSymbolTableRecord {
     AcGePoint3d origin() const;
     Acad::ErrorStatus setOrigin(const AcGePoint3d& point);
 
-    bool isAnonymous() const;
-    bool isFromExternalReference() const;
     bool isLayout() const;
-    bool hasAttributeDefinitions() const;
 
   protected:
-    void read_fields(const host::FieldReader& from) override;
+    void read_fields(const dxf::RecordFields& from) override;
     void flush() override;
 
   private:
@@ -45,8 +42,6 @@ class AcDbBlockTableRecordIterator {
     bool done() const { return at_ < 0; }
     void step(bool forward = true, bool skipDeleted = true);
     Acad::ErrorStatus getEntityId(AcDbObjectId& id) const;
-    Acad::ErrorStatus getEntity(AcDbEntity*& entity, AcDb::OpenMode mode = AcDb::kForRead,
-                                bool openErasedEntity = false) const;
 
   private:
     host::DatabaseStore* store() const;

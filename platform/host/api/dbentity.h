@@ -13,23 +13,17 @@ class AcDbEntity : public AcDbObject {
 
     /// The layer's name in host memory, to be released with acutDelString.
     ACHAR* layer() const;
-    /// Null for a layer that the drawing does not define.
-    AcDbObjectId layerId() const;
     /// eKeyNotFound for an unknown layer.
     Acad::ErrorStatus setLayer(const ACHAR* name);
-    Acad::ErrorStatus setLayer(AcDbObjectId layer);
 
     /// 0 by block, 256 by layer, else the colour's number.
     Adesk::UInt16 colorIndex() const;
     Acad::ErrorStatus setColorIndex(Adesk::UInt16 color);
 
-    AcDb::Visibility visibility() const;
-    Acad::ErrorStatus setVisibility(AcDb::Visibility visibility);
-
   protected:
     AcDbEntity() = default;
-    void read_fields(const host::FieldReader& from) override;
-    void write_fields(host::FieldWriter& to) const override;
+    void read_fields(const dxf::RecordFields& from) override;
+    void write_fields(dxf::FieldWriter& to) const override;
 
     /// Layer, colour and visibility.
     void copy_properties(const AcDbEntity& other);
@@ -42,6 +36,6 @@ class AcDbEntity : public AcDbObject {
 
     std::wstring layer_;  ///< empty: the current layer when the entity is added
     Adesk::UInt16 color_ = 256;
-    AcDb::Visibility visibility_ = AcDb::kVisible;
+    bool invisible_ = false;
     bool paper_space_ = false;
 };

@@ -1,12 +1,18 @@
 // The layer table.
 #pragma once
 
+#include <memory>
+
 #include "dbsymtbl.h"
+
+namespace dxf {
+struct Layer;
+}
 
 class AcDbLayerTableRecord : public AcDbSymbolTableRecord {
   public:
     ACRX_DECLARE_MEMBERS(AcDbLayerTableRecord);
-    AcDbLayerTableRecord() = default;
+    AcDbLayerTableRecord();
 
     bool isFrozen() const;
     Acad::ErrorStatus setIsFrozen(bool frozen);
@@ -19,15 +25,11 @@ class AcDbLayerTableRecord : public AcDbSymbolTableRecord {
     Acad::ErrorStatus setColorIndex(Adesk::UInt16 color);
 
   protected:
-    void read_fields(const host::FieldReader& from) override;
-    void write_fields(host::FieldWriter& to) const override;
+    void read_fields(const dxf::RecordFields& from) override;
+    void write_fields(dxf::FieldWriter& to) const override;
 
   private:
-    bool flag(int bit) const;
-    Acad::ErrorStatus set_flag(int bit, bool set);
-
-    int color_ = 7;  ///< negative: the layer is off
-    std::wstring line_type_ = L"CONTINUOUS";
+    std::shared_ptr<dxf::Layer> fields_;  ///< never null, this object's alone; name and flags count in the base
 };
 
 class AcDbLayerTableIterator : public AcDbTypedSymbolTableIterator<AcDbLayerTableRecord> {

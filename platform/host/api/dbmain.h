@@ -17,10 +17,6 @@ Acad::ErrorStatus acdbOpenAcDbObject(AcDbObject*& object, AcDbObjectId id, AcDb:
 /// The same for an object of a class; eNotThatKindOfClass, and nothing opened, for another.
 Acad::ErrorStatus acdbOpenAcDbObject(AcDbObject*& object, AcDbObjectId id, const AcRxClass* objectClass,
                                      AcDb::OpenMode mode, bool openErasedObject = false);
-/// eNotAnEntity for another object.
-Acad::ErrorStatus acdbOpenAcDbEntity(AcDbEntity*& entity, AcDbObjectId id, AcDb::OpenMode mode,
-                                     bool openErasedEntity = false);
-
 template <class T>
 inline Acad::ErrorStatus acdbOpenObject(T*& object, AcDbObjectId id, AcDb::OpenMode mode = AcDb::kForRead,
                                         bool openErased = false) {

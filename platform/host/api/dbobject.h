@@ -5,10 +5,12 @@
 #include "dbid.h"
 #include "rxboiler.h"
 
+namespace dxf {
+class FieldWriter;
+class RecordFields;
+}  // namespace dxf
 namespace host {
 class DatabaseStore;
-class FieldReader;
-class FieldWriter;
 class ObjectGate;
 }  // namespace host
 
@@ -26,22 +28,16 @@ class AcDbObject : public AcRxObject {
     AcDbObjectId objectId() const { return id_; }
     AcDbObjectId id() const { return id_; }
     AcDbObjectId ownerId() const;
-    void getAcDbHandle(AcDbHandle& handle) const { handle = id_.handle(); }
     AcDbDatabase* database() const { return id_.database(); }
 
     /// Ends one open; eNotInDatabase for an object that is in no drawing. Changes are in the drawing afterwards.
     Acad::ErrorStatus close();
-    /// From reading to writing: eHadMultipleReaders while others read, eWasOpenForWrite when it is writing already.
-    Acad::ErrorStatus upgradeOpen();
-    /// From writing to reading; eWasNotOpenForWrite when it is not writing.
-    Acad::ErrorStatus downgradeOpen();
 
     /// Needs the object open for write. What a drawing cannot be without gives eCannotBeErasedByCaller. Erasing is
     /// final in this host: erase(false) gives eNotApplicable.
     Acad::ErrorStatus erase(Adesk::Boolean erasing = Adesk::kTrue);
 
     Adesk::Boolean isErased() const { return id_.isErased(); }
-    Adesk::Boolean isReadEnabled() const { return mode_ != Mode::closed; }
     Adesk::Boolean isWriteEnabled() const { return mode_ == Mode::detached || mode_ == Mode::write; }
     /// Whether the object was added to its drawing since it was made and has not been closed yet.
     Adesk::Boolean isNewObject() const { return added_now_; }
@@ -56,20 +52,40 @@ class AcDbObject : public AcRxObject {
             load_fields();
         }
     }
+    /// A field of this object, taken from the drawing first where that is due.
+    template <class Field>
+    const Field& loaded(const Field& field) const {
+        need_fields();
+        return field;
+    }
     /// Begins a change: fields loaded, eOk; or eNotOpenForWrite.
     Acad::ErrorStatus begin_change();
+    /// Gives a field of this object a value, with the results of begin_change().
+    template <class Field, class Value>
+    Acad::ErrorStatus change(Field& field, const Value& value) {
+        const Acad::ErrorStatus status = begin_change();
+        if (status == Acad::eOk) {
+            field = value;
+        }
+        return status;
+    }
+    /// Sets or clears bits of a field.
+    Acad::ErrorStatus change_bits(int& field, int bits, bool set) {
+        need_fields();
+        return change(field, set ? field | bits : field & ~bits);
+    }
     host::DatabaseStore* store() const;
 
     /// Reads the fields from the object's record; of an object without one, keeps the defaults.
-    virtual void read_fields(const host::FieldReader& from);
+    virtual void read_fields(const dxf::RecordFields& from);
     /// Writes the record of an object of the drawing, from its type on. Also what follows it.
-    virtual void write_fields(host::FieldWriter& to) const;
+    virtual void write_fields(dxf::FieldWriter& to) const;
     /// Puts what was changed while the object was open into the drawing.
     virtual void flush();
 
   private:
     friend class host::ObjectGate;
-    enum class Mode : unsigned char { detached, closed, read, write };
+    enum class Mode : unsigned char { detached, read, write };
 
     void load_fields() const;
 

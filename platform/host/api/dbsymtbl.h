@@ -18,11 +18,10 @@ class AcDbSymbolTableRecord : public AcDbObject {
     /// eInvalidInput for an empty name or one with forbidden characters, eDuplicateRecordName for that of another
     /// record of the table.
     Acad::ErrorStatus setName(const ACHAR* name);
-    bool isDependent() const;
 
   protected:
     AcDbSymbolTableRecord() = default;
-    void read_fields(const host::FieldReader& from) override;
+    void read_fields(const dxf::RecordFields& from) override;
 
     std::wstring name_;
     int flags_ = 0;  ///< group 70

@@ -17,7 +17,6 @@ class AcGePoint3d {
     double operator[](unsigned int axis) const { return axis == 0 ? x : axis == 1 ? y : z; }
     AcGePoint3d& set(double xx, double yy, double zz) { return *this = AcGePoint3d(xx, yy, zz); }
     AcGeVector3d asVector() const { return {x, y, z}; }
-    double distanceTo(const AcGePoint3d& other) const { return (*this - other).length(); }
 
     double x = 0.0;
     double y = 0.0;

@@ -13,7 +13,6 @@ class AcGeVector3d {
     bool operator==(const AcGeVector3d& other) const { return x == other.x && y == other.y && z == other.z; }
     bool operator!=(const AcGeVector3d& other) const { return !(*this == other); }
     AcGeVector3d& set(double xx, double yy, double zz) { return *this = AcGeVector3d(xx, yy, zz); }
-    double dotProduct(const AcGeVector3d& other) const { return x * other.x + y * other.y + z * other.z; }
     double length() const;
 
     double x = 0.0;

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "base/case_folding.h"
-#include "platform/host/dxf/layer_view.h"
+#include "platform/host/dxf/space_names.h"
 
 namespace host {
 namespace {

@@ -2,16 +2,30 @@
 #include <iterator>
 
 #include "dbents.h"
+#include "dbobjptr.h"
 #include "dbsymtb.h"
 #include "platform/host/database/database_store.h"
-#include "platform/host/database/field_writer.h"
 #include "platform/host/database/object_gate.h"
+#include "platform/host/database/vectors.h"
+#include "platform/host/dxf/entities.h"
+#include "platform/host/view/transform3.h"
 
 ACRX_DXF_DEFINE_MEMBERS(AcDbBlockReference, AcDbEntity, 0, 0, 0, INSERT, 0)
 ACRX_DXF_DEFINE_MEMBERS(AcDbMInsertBlock, AcDbBlockReference, 0, 0, 0, INSERT, 0)
 
+namespace {
+
+Adesk::UInt16 copies_in_line(int64_t number) {
+    constexpr int64_t most = 32767;  // what the format's 16 bits can say
+    return static_cast<Adesk::UInt16>(std::clamp<int64_t>(number, 1, most));
+}
+
+}  // namespace
+
 AcDbBlockReference::AcDbBlockReference(const AcGePoint3d& position, AcDbObjectId blockTableRecord)
-    : position_(position), block_(blockTableRecord) {}
+    : block_(blockTableRecord) {
+    placement().position = host::vector_of(position);
+}
 
 AcDbBlockReference::~AcDbBlockReference() {
     for (const OwnedAttribute& attribute : attributes_) {
@@ -31,70 +45,48 @@ AcDbObjectId AcDbBlockReference::blockTableRecord() const {
     return owner->id_of_block(owner->blocks().inserted_by(reference));
 }
 
-Acad::ErrorStatus AcDbBlockReference::setBlockTableRecord(AcDbObjectId block) {
-    if (block.objectClass() != AcDbBlockTableRecord::desc()) {
-        return block.isNull() ? Acad::eNullObjectId : Acad::eWrongObjectType;
+dxf::Insert& AcDbBlockReference::placement() const {
+    if (placement_ == nullptr) {
+        placement_ = std::make_shared<dxf::Insert>();
     }
-    const Acad::ErrorStatus status = begin_change();
-    if (status == Acad::eOk) {
-        block_ = block;
-        block_name_.clear();
-    }
-    return status;
+    return *placement_;
 }
 
 AcGePoint3d AcDbBlockReference::position() const {
-    need_fields();
-    return position_;
-}
-
-Acad::ErrorStatus AcDbBlockReference::setPosition(const AcGePoint3d& point) {
-    const Acad::ErrorStatus status = begin_change();
-    if (status == Acad::eOk) {
-        position_ = point;
-    }
-    return status;
+    const dxf::Insert& insert = loaded(placement());
+    return host::point_of(host::Transform3::extrusion(insert.extrusion)(insert.position));
 }
 
 AcGeScale3d AcDbBlockReference::scaleFactors() const {
-    need_fields();
-    return scale_;
+    const dxf::Vec3& scale = loaded(placement().scale);
+    return {scale.x, scale.y, scale.z};
 }
 
 Acad::ErrorStatus AcDbBlockReference::setScaleFactors(const AcGeScale3d& scale) {
-    if (scale.sx == 0 || scale.sy == 0 || scale.sz == 0) {
-        return Acad::eInvalidInput;
-    }
-    const Acad::ErrorStatus status = begin_change();
-    if (status == Acad::eOk) {
-        scale_ = scale;
-    }
-    return status;
+    const bool flat = scale.sx == 0 || scale.sy == 0 || scale.sz == 0;
+    return flat ? Acad::eInvalidInput : change(placement().scale, dxf::Vec3{scale.sx, scale.sy, scale.sz});
 }
 
 double AcDbBlockReference::rotation() const {
-    need_fields();
-    return rotation_;
+    return loaded(placement().rotation);
 }
 
 Acad::ErrorStatus AcDbBlockReference::setRotation(double angle) {
-    const Acad::ErrorStatus status = begin_change();
-    if (status == Acad::eOk) {
-        rotation_ = angle;
-    }
-    return status;
+    return change(placement().rotation, angle);
 }
 
 AcGeMatrix3d AcDbBlockReference::blockTransform() const {
-    need_fields();
-    AcDbBlockTableRecord* record = nullptr;
-    AcGePoint3d origin;
-    if (acdbOpenObject(record, blockTableRecord(), AcDb::kForRead) == Acad::eOk) {
-        origin = record->origin();
-        record->close();
+    const AcDbObjectPointer<AcDbBlockTableRecord> record(blockTableRecord(), AcDb::kForRead);
+    const AcGePoint3d origin = record.openStatus() == Acad::eOk ? record->origin() : AcGePoint3d();
+    const host::Transform3 map = host::placement_of(loaded(placement()), host::vector_of(origin));
+    const dxf::Vec3 columns[] = {map.x, map.y, map.z, map.origin};
+    AcGeMatrix3d matrix;
+    for (int column = 0; column < 4; ++column) {
+        matrix.entry[0][column] = columns[column].x;
+        matrix.entry[1][column] = columns[column].y;
+        matrix.entry[2][column] = columns[column].z;
     }
-    return AcGeMatrix3d::translation(position_.asVector()) * AcGeMatrix3d::rotation_about_z(rotation_) *
-           AcGeMatrix3d::scaling(scale_.sx, scale_.sy, scale_.sz) * AcGeMatrix3d::translation(-origin.asVector());
+    return matrix;
 }
 
 Acad::ErrorStatus AcDbBlockReference::appendAttribute(AcDbAttribute* attribute) {
@@ -136,25 +128,23 @@ void AcDbBlockReference::flush() {
     AcDbEntity::flush();
 }
 
-void AcDbBlockReference::read_fields(const host::FieldReader& from) {
+void AcDbBlockReference::read_fields(const dxf::RecordFields& from) {
     AcDbEntity::read_fields(from);
     block_ = blockTableRecord();
     block_name_ = from.text(2);
-    position_ = from.point(10);
-    scale_ = AcGeScale3d(from.real(41, 1.0), from.real(42, 1.0), from.real(43, 1.0));
-    rotation_ = from.angle(50);
+    dxf::read(from, placement());
 }
 
-void AcDbBlockReference::write_fields(host::FieldWriter& to) const {
+void AcDbBlockReference::write_fields(dxf::FieldWriter& to) const {
     AcDbEntity::write_fields(to);
     to.subclass(L"AcDbBlockReference");
     if (!attributes_.empty()) {
         to.integer(66, 1);
     }
-    to.text(2, block_.isNull() || !block_name_.empty() ? block_name_
-                                                       : to.store().blocks().name(host::address_of(block_).number));
-    to.point(10, position_).real(41, scale_.sx, 1.0).real(42, scale_.sy, 1.0).real(43, scale_.sz, 1.0);
-    to.angle(50, rotation_, 0.0);
+    to.text(2, block_.isNull() || !block_name_.empty()
+                   ? block_name_
+                   : host::store_of(block_)->blocks().name(host::address_of(block_).number));
+    dxf::write(placement(), to);
     for (const OwnedAttribute& attribute : attributes_) {
         to.following(attribute.record);
     }
@@ -164,18 +154,9 @@ void AcDbBlockReference::write_fields(host::FieldWriter& to) const {
 }
 
 Adesk::UInt16 AcDbMInsertBlock::columns() const {
-    need_fields();
-    return columns_;
+    return copies_in_line(loaded(placement().columns));
 }
 
 Adesk::UInt16 AcDbMInsertBlock::rows() const {
-    need_fields();
-    return rows_;
-}
-
-void AcDbMInsertBlock::read_fields(const host::FieldReader& from) {
-    constexpr int64_t most = 32767;  // what the format's 16 bits can say
-    AcDbBlockReference::read_fields(from);
-    columns_ = static_cast<Adesk::UInt16>(std::clamp<int64_t>(from.integer(70), 1, most));
-    rows_ = static_cast<Adesk::UInt16>(std::clamp<int64_t>(from.integer(71), 1, most));
+    return copies_in_line(loaded(placement().rows));
 }

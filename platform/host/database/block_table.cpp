@@ -3,15 +3,15 @@
 #include "dbents.h"
 #include "platform/host/database/database_store.h"
 #include "platform/host/database/object_gate.h"
+#include "platform/host/database/vectors.h"
+#include "platform/host/dxf/entities.h"
 
 ACRX_CONS_DEFINE_MEMBERS(AcDbBlockTable, AcDbSymbolTable, 0)
 ACRX_CONS_DEFINE_MEMBERS(AcDbBlockTableRecord, AcDbSymbolTableRecord, 0)
 
 namespace {
 
-constexpr int anonymous_bit = 1;
 constexpr int attributes_bit = 2;
-constexpr int external_bits = 4 | 8;
 
 }  // namespace
 
@@ -64,26 +64,11 @@ Acad::ErrorStatus AcDbBlockTableRecord::newIterator(AcDbBlockTableRecordIterator
 }
 
 AcGePoint3d AcDbBlockTableRecord::origin() const {
-    need_fields();
-    return origin_;
+    return loaded(origin_);
 }
 
 Acad::ErrorStatus AcDbBlockTableRecord::setOrigin(const AcGePoint3d& point) {
-    const Acad::ErrorStatus status = begin_change();
-    if (status == Acad::eOk) {
-        origin_ = point;
-    }
-    return status;
-}
-
-bool AcDbBlockTableRecord::isAnonymous() const {
-    need_fields();
-    return (flags_ & anonymous_bit) != 0;
-}
-
-bool AcDbBlockTableRecord::isFromExternalReference() const {
-    need_fields();
-    return (flags_ & external_bits) != 0;
+    return change(origin_, point);
 }
 
 bool AcDbBlockTableRecord::isLayout() const {
@@ -91,19 +76,14 @@ bool AcDbBlockTableRecord::isLayout() const {
     return owner != nullptr && owner->blocks().is_layout(host::address_of(objectId()).number);
 }
 
-bool AcDbBlockTableRecord::hasAttributeDefinitions() const {
-    need_fields();
-    return (flags_ & attributes_bit) != 0;
-}
-
-void AcDbBlockTableRecord::read_fields(const host::FieldReader& from) {
+void AcDbBlockTableRecord::read_fields(const dxf::RecordFields& from) {
     AcDbSymbolTableRecord::read_fields(from);
-    origin_ = from.point(10);
+    origin_ = host::point_of(dxf::read<dxf::BlockHead>(from).base);
 }
 
 void AcDbBlockTableRecord::flush() {
     if (isModified() && !isErased()) {
-        store()->write_block_head(host::address_of(objectId()).number, flags_, origin_);
+        store()->write_block_head(host::address_of(objectId()).number, flags_, host::vector_of(origin_));
     }
 }
 
@@ -150,12 +130,4 @@ Acad::ErrorStatus AcDbBlockTableRecordIterator::getEntityId(AcDbObjectId& id) co
     }
     id = owner->id_of_record(owner->blocks().at(host::address_of(block_).number, static_cast<size_t>(at_)));
     return Acad::eOk;
-}
-
-Acad::ErrorStatus AcDbBlockTableRecordIterator::getEntity(AcDbEntity*& entity, AcDb::OpenMode mode,
-                                                          bool openErasedEntity) const {
-    entity = nullptr;
-    AcDbObjectId id;
-    const Acad::ErrorStatus status = getEntityId(id);
-    return status == Acad::eOk ? acdbOpenAcDbEntity(entity, id, mode, openErasedEntity) : status;
 }

@@ -15,7 +15,7 @@ Acad::ErrorStatus open_table(Table*& table, AcDbObjectId id, AcDb::OpenMode mode
 /// A command that does not close what it opened is wrong: developers are told.
 void log_open_objects([[maybe_unused]] const host::DatabaseStore& store) {
 #if !defined(NDEBUG)
-    const std::wstring report = host::open_object_report(store);
+    const std::wstring report = host::open_object_report(store.open_objects());
     if (!report.empty()) {
         std::wcerr << L"objects left open in a drawing that is closed:\n" << report << std::flush;
     }

@@ -123,7 +123,7 @@ AcDbObjectId DatabaseStore::owner(ObjectAddress at) const {
     return {};
 }
 
-RecordIdentity DatabaseStore::identity(ObjectAddress at) const {
+dxf::RecordIdentity DatabaseStore::identity(ObjectAddress at) const {
     const AcDbObjectId owned_by = owner(at);
     return {handle(at), owned_by.isNull() ? 0 : handle(address_of(owned_by))};
 }

@@ -167,8 +167,7 @@ void DatabaseStore::load(AcDbObject& object) {
         record = drawing_->blocks()[blocks_.block(at.number)].head;
     }
     if (record != dxf::no_record) {
-        const dxf::RecordView view = drawing_->view(record);
-        ObjectGate::read(object, FieldReader(view, *this));
+        ObjectGate::read(object, dxf::RecordFields(drawing_->view(record)));
     }
 }
 

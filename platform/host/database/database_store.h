@@ -13,11 +13,11 @@
 #include "dbents.h"
 #include "dbsymtb.h"
 #include "platform/host/database/block_catalogue.h"
-#include "platform/host/database/field_writer.h"
 #include "platform/host/database/object_id.h"
 #include "platform/host/database/open_objects.h"
 #include "platform/host/database/selection_set.h"
 #include "platform/host/dxf/drawing.h"
+#include "platform/host/dxf/field_writer.h"
 
 namespace host {
 
@@ -94,12 +94,18 @@ class DatabaseStore {
     std::string encode_sequence_end(const AcDbEntity& reference);
     /// Brings a changed object's record up to date; one that was added since it was made is written anew.
     void write_back(const AcDbObject& object);
-    void write_block_head(BlockNumber block, int flags, const AcGePoint3d& origin);
+    void write_block_head(BlockNumber block, int flags, const dxf::Vec3& base);
     Acad::ErrorStatus erase(ObjectAddress at);
 
   private:
     bool implied(ImpliedObject object) const { return implied_[object]; }
-    RecordIdentity identity(ObjectAddress at) const;
+    dxf::RecordIdentity identity(ObjectAddress at) const;
+    /// For the fields of a record of this drawing.
+    dxf::FieldWriter new_fields(dxf::RecordIdentity identity) const { return {has_subclasses_, identity}; }
+    std::string encoded(const dxf::FieldWriter& fields) const { return fields.encode(drawing_->manner()); }
+    /// A record's bytes with the fields put in.
+    std::string merged(dxf::RecordId record, const dxf::FieldWriter& fields) const;
+    void replace(dxf::RecordId record, std::string bytes);
     uint64_t block_handle(BlockNumber block) const;
     dxf::RecordId block_record(BlockNumber block) const;
     std::unique_ptr<AcDbObject> make_instance(ObjectAddress at, AcRxClass* type) const;

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "platform/host/dxf/layer_view.h"
+#include "platform/host/database/vectors.h"
 #include "platform/host/view/hit_test.h"
 
 namespace host {
@@ -12,7 +12,7 @@ constexpr double usual_aperture = 0.25;
 double current_aperture = usual_aperture;
 
 Vec2 plan(const AcGePoint3d& point) {
-    return {point.x, point.y};
+    return vector_of(point).plan();
 }
 
 }  // namespace
@@ -26,25 +26,11 @@ void set_pick_aperture(double units) {
 }
 
 EntitySelector::EntitySelector(const DatabaseStore& store)
-    : store_(store), drawing_(store.drawing()), frozen_(drawing_.layer_names().size()) {
-    const dxf::Table* const layers = drawing_.table("LAYER");
-    for (size_t i = 0; layers != nullptr && i < layers->entries.size(); ++i) {
-        const dxf::RecordId entry = layers->entries[i];
-        if (drawing_.record(entry).is(dxf::Record::erased)) {
-            continue;
-        }
-        const dxf::LayerView layer = dxf::read_layer(drawing_.view(entry));
-        const dxf::NameId name = drawing_.layer_names().find(layer.name);
-        if (name < frozen_.size()) {
-            frozen_[name] = layer.frozen;
-        }
-        layer_zero_frozen_ = layer_zero_frozen_ || (layer.frozen && layer.name == L"0");
-    }
-}
+    : store_(store), drawing_(store.drawing()), layers_(drawing_) {}
 
 bool EntitySelector::selectable(dxf::RecordId record) const {
     const dxf::NameId layer = drawing_.record(record).layer;
-    return layer < frozen_.size() ? !frozen_[layer] : !layer_zero_frozen_;
+    return !(layers_.is_zero(layer) ? layers_.zero_state() : layers_.of(layer)).frozen;
 }
 
 template <class Visit>

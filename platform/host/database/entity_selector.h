@@ -8,6 +8,7 @@
 #include "platform/host/database/database_store.h"
 #include "platform/host/database/selection_filter.h"
 #include "platform/host/view/display_list.h"
+#include "platform/host/view/layer_states.h"
 
 namespace host {
 
@@ -39,8 +40,7 @@ class EntitySelector {
 
     const DatabaseStore& store_;
     const dxf::Drawing& drawing_;
-    std::vector<bool> frozen_;  ///< by layer
-    bool layer_zero_frozen_ = false;
+    LayerStates layers_;
     std::shared_ptr<const DisplayList> display_list_;
 };
 

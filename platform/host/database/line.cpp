@@ -1,41 +1,16 @@
 #include "dbents.h"
-#include "platform/host/database/field_writer.h"
+#include "platform/host/database/vectors.h"
+#include "platform/host/dxf/field_writer.h"
 
 ACRX_DXF_DEFINE_MEMBERS(AcDbLine, AcDbEntity, 0, 0, 0, LINE, 0)
 
-AcGePoint3d AcDbLine::startPoint() const {
-    need_fields();
-    return start_;
-}
-
-AcGePoint3d AcDbLine::endPoint() const {
-    need_fields();
-    return end_;
-}
-
-Acad::ErrorStatus AcDbLine::setStartPoint(const AcGePoint3d& point) {
-    const Acad::ErrorStatus status = begin_change();
-    if (status == Acad::eOk) {
-        start_ = point;
-    }
-    return status;
-}
-
-Acad::ErrorStatus AcDbLine::setEndPoint(const AcGePoint3d& point) {
-    const Acad::ErrorStatus status = begin_change();
-    if (status == Acad::eOk) {
-        end_ = point;
-    }
-    return status;
-}
-
-void AcDbLine::read_fields(const host::FieldReader& from) {
+void AcDbLine::read_fields(const dxf::RecordFields& from) {
     AcDbEntity::read_fields(from);
-    start_ = from.point(10);
-    end_ = from.point(11);
+    start_ = host::point_of(from.point(10));
+    end_ = host::point_of(from.point(11));
 }
 
-void AcDbLine::write_fields(host::FieldWriter& to) const {
+void AcDbLine::write_fields(dxf::FieldWriter& to) const {
     AcDbEntity::write_fields(to);
-    to.subclass(L"AcDbLine").point(10, start_).point(11, end_);
+    to.subclass(L"AcDbLine").point(10, host::vector_of(start_)).point(11, host::vector_of(end_));
 }

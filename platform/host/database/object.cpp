@@ -91,35 +91,6 @@ Acad::ErrorStatus AcDbObject::close() {
     return Acad::eOk;
 }
 
-Acad::ErrorStatus AcDbObject::upgradeOpen() {
-    if (mode_ == Mode::detached) {
-        return Acad::eNotInDatabase;
-    }
-    if (mode_ == Mode::write) {
-        return Acad::eWasOpenForWrite;
-    }
-    if (readers_ > 1) {
-        return Acad::eHadMultipleReaders;
-    }
-    if (host::address_of(id_).space == host::ObjectSpace::implied) {
-        return Acad::eIsWriteProtected;
-    }
-    mode_ = Mode::write;
-    return Acad::eOk;
-}
-
-Acad::ErrorStatus AcDbObject::downgradeOpen() {
-    if (mode_ != Mode::write || id_.isNull()) {
-        return Acad::eWasNotOpenForWrite;
-    }
-    flush();
-    modified_ = false;
-    added_now_ = false;
-    mode_ = Mode::read;
-    readers_ = 1;
-    return Acad::eOk;
-}
-
 Acad::ErrorStatus AcDbObject::erase(Adesk::Boolean erasing) {
     if (mode_ != Mode::write || id_.isNull()) {
         return Acad::eNotOpenForWrite;
@@ -145,9 +116,9 @@ void AcDbObject::load_fields() const {
     store()->load(self);
 }
 
-void AcDbObject::read_fields(const host::FieldReader&) {}
+void AcDbObject::read_fields(const dxf::RecordFields&) {}
 
-void AcDbObject::write_fields(host::FieldWriter&) const {}
+void AcDbObject::write_fields(dxf::FieldWriter&) const {}
 
 void AcDbObject::flush() {
     if (modified_) {
@@ -167,11 +138,4 @@ Acad::ErrorStatus acdbOpenAcDbObject(AcDbObject*& object, AcDbObjectId id, const
 
 Acad::ErrorStatus acdbOpenAcDbObject(AcDbObject*& object, AcDbObjectId id, AcDb::OpenMode mode, bool openErasedObject) {
     return acdbOpenAcDbObject(object, id, AcDbObject::desc(), mode, openErasedObject);
-}
-
-Acad::ErrorStatus acdbOpenAcDbEntity(AcDbEntity*& entity, AcDbObjectId id, AcDb::OpenMode mode, bool openErasedEntity) {
-    AcDbObject* opened = nullptr;
-    const Acad::ErrorStatus status = acdbOpenAcDbObject(opened, id, AcDbEntity::desc(), mode, openErasedEntity);
-    entity = static_cast<AcDbEntity*>(opened);
-    return status == Acad::eNotThatKindOfClass ? Acad::eNotAnEntity : status;
 }

@@ -7,9 +7,6 @@
 
 namespace host {
 
-class FieldReader;
-class FieldWriter;
-
 /// What the store does to the instances that stand for its objects.
 class ObjectGate {
   public:
@@ -33,8 +30,8 @@ class ObjectGate {
     static unsigned readers(const AcDbObject& object) { return object.readers_; }
     static void add_reader(AcDbObject& object) { ++object.readers_; }
 
-    static void read(AcDbObject& object, const FieldReader& from) { object.read_fields(from); }
-    static void write(const AcDbObject& object, FieldWriter& to) { object.write_fields(to); }
+    static void read(AcDbObject& object, const dxf::RecordFields& from) { object.read_fields(from); }
+    static void write(const AcDbObject& object, dxf::FieldWriter& to) { object.write_fields(to); }
     static void load(const AcDbObject& object) { object.need_fields(); }
 
     static const std::wstring& layer(const AcDbEntity& entity) { return entity.layer_; }

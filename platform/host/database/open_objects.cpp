@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "platform/host/database/database_store.h"
 #include "platform/host/database/object_gate.h"
 
 namespace host {
@@ -23,14 +22,6 @@ std::wstring describe(const AcDbObject& object) {
     line += ObjectGate::writing(object) ? std::wstring(L" open for write")
                                         : L" open for read by " + std::to_wstring(ObjectGate::readers(object));
     return line;
-}
-
-std::wstring report_of(const OpenObjects& objects) {
-    std::wstring report;
-    for (const AcDbObject* const object : objects.all()) {
-        report += describe(*object) + L"\n";
-    }
-    return report;
 }
 
 }  // namespace
@@ -89,13 +80,17 @@ size_t open_object_count() {
 std::wstring open_object_report() {
     std::wstring report;
     for (const OpenObjects* const table : tables()) {
-        report += report_of(*table);
+        report += open_object_report(*table);
     }
     return report;
 }
 
-std::wstring open_object_report(const DatabaseStore& store) {
-    return report_of(store.open_objects());
+std::wstring open_object_report(const OpenObjects& objects) {
+    std::wstring report;
+    for (const AcDbObject* const object : objects.all()) {
+        report += describe(*object) + L"\n";
+    }
+    return report;
 }
 
 }  // namespace host

@@ -45,7 +45,7 @@ size_t open_object_count();
 
 /// A line for each of them: class, handle and how it is open; empty without any.
 std::wstring open_object_report();
-/// The same for one drawing.
-std::wstring open_object_report(const DatabaseStore& store);
+/// The same for those of one drawing.
+std::wstring open_object_report(const OpenObjects& objects);
 
 }  // namespace host

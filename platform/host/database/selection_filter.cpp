@@ -4,7 +4,8 @@
 
 #include "base/case_folding.h"
 #include "platform/host/database/name_pattern.h"
-#include "platform/host/dxf/layer_view.h"
+#include "platform/host/dxf/space_names.h"
+#include "platform/host/dxf/record_fields.h"
 
 namespace host {
 namespace {
@@ -32,7 +33,7 @@ std::optional<std::wstring> name_of_layout_for(const dxf::RecordView& layout, ui
     std::wstring name;
     bool own = false;
     bool belongs = false;
-    for (const dxf::Group& group : layout.own_groups()) {
+    for (const dxf::Group& group : dxf::RecordFields(layout).groups()) {
         own = own || (group.code == 100 && group.word() == "AcDbLayout");
         if (own && group.code == 1 && name.empty()) {
             name = layout.decode(group.value);

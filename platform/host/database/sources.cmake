@@ -12,10 +12,9 @@ set(host_database_sources
     entity.cpp
     entity_data.cpp
     entity_selector.cpp
-    error_status_text.cpp
-    field_writer.cpp
     host_memory.cpp
     host_services.cpp
+    ids_and_handles.cpp
     insert_block.cpp
     layer_table.cpp
     line.cpp
@@ -25,7 +24,6 @@ set(host_database_sources
     object_id.cpp
     open_objects.cpp
     print.cpp
-    record_merge.cpp
     result_buffer.cpp
     selection_ads.cpp
     selection_filter.cpp

@@ -4,7 +4,9 @@
 #include "dbents.h"
 #include "platform/host/database/database_store.h"
 #include "platform/host/database/object_gate.h"
-#include "platform/host/database/record_merge.h"
+#include "platform/host/database/vectors.h"
+#include "platform/host/dxf/entities.h"
+#include "platform/host/dxf/record_merge.h"
 
 namespace host {
 namespace {
@@ -22,10 +24,10 @@ Acad::ErrorStatus DatabaseStore::add_entity(BlockNumber block, AcDbEntity& entit
         return Acad::eInvalidInput;
     }
     ObjectGate::settle_space(entity, block == paper_space_number, current_layer());
-    FieldWriter fields(*this, {drawing_->allocate_handle(), block_handle(block)});
+    dxf::FieldWriter fields = new_fields({drawing_->allocate_handle(), block_handle(block)});
     ObjectGate::write(entity, fields);
     const dxf::RecordId record =
-        in_space ? drawing_->append_entity(fields.encode()) : drawing_->append_to_block(definition, fields.encode());
+        in_space ? drawing_->append_entity(encoded(fields)) : drawing_->append_to_block(definition, encoded(fields));
     added_to_[record] = block;
     const AcDbObjectId id = id_of_record(record);
     ObjectGate::attach_added(entity, id);
@@ -41,21 +43,21 @@ Acad::ErrorStatus DatabaseStore::add_block(AcDbBlockTableRecord& record) {
     }
     const uint64_t table_handle = handle(address_of(id_of_table(TableKind::blocks)));
     const uint64_t entry_handle = has_subclasses_ ? drawing_->allocate_handle() : 0;
-    FieldWriter head(*this, {drawing_->allocate_handle(), entry_handle});
+    dxf::FieldWriter head = new_fields({drawing_->allocate_handle(), entry_handle});
     head.begin(L"BLOCK", L"AcDbEntity").text(8, layer_zero).subclass(L"AcDbBlockBegin");
-    head.text(2, record.name_).integer(70, record.flags_).point(10, record.origin_);
+    dxf::write(dxf::BlockHead{{record.name_, record.flags_}, vector_of(record.origin_)}, head);
     head.text(3, record.name_).text(1, L"");
-    FieldWriter end(*this, {drawing_->allocate_handle(), entry_handle});
+    dxf::FieldWriter end = new_fields({drawing_->allocate_handle(), entry_handle});
     end.begin(L"ENDBLK", L"AcDbEntity").text(8, layer_zero).subclass(L"AcDbBlockEnd");
-    const dxf::BlockId definition = drawing_->append_block(head.encode(), end.encode());
+    const dxf::BlockId definition = drawing_->append_block(encoded(head), encoded(end));
     if (has_subclasses_) {
-        FieldWriter entry(*this, {entry_handle, table_handle});
+        dxf::FieldWriter entry = new_fields({entry_handle, table_handle});
         entry.begin(L"BLOCK_RECORD", L"AcDbSymbolTableRecord").subclass(L"AcDbBlockTableRecord");
         entry.text(2, record.name_).handle(340, 0);
         if (drawing_->version() >= first_version_with_block_units) {
             entry.integer(70, 0).integer(280, 1).integer(281, 0);
         }
-        drawing_->append_entry("BLOCK_RECORD", entry.encode());
+        drawing_->append_entry("BLOCK_RECORD", encoded(entry));
     }
     const AcDbObjectId id = id_of_block(blocks_.add(definition));
     block_handles_.clear();
@@ -66,9 +68,9 @@ Acad::ErrorStatus DatabaseStore::add_block(AcDbBlockTableRecord& record) {
 }
 
 Acad::ErrorStatus DatabaseStore::add_entry(TableKind kind, AcDbSymbolTableRecord& record) {
-    FieldWriter fields(*this, {drawing_->allocate_handle(), handle(address_of(id_of_table(kind)))});
+    dxf::FieldWriter fields = new_fields({drawing_->allocate_handle(), handle(address_of(id_of_table(kind)))});
     ObjectGate::write(record, fields);
-    const dxf::RecordId entry = drawing_->append_entry(kind == TableKind::layers ? "LAYER" : "STYLE", fields.encode());
+    const dxf::RecordId entry = drawing_->append_entry(kind == TableKind::layers ? "LAYER" : "STYLE", encoded(fields));
     const AcDbObjectId id = id_of_record(entry);
     index_handle(id);
     ObjectGate::attach_added(record, id);
@@ -77,15 +79,15 @@ Acad::ErrorStatus DatabaseStore::add_entry(TableKind kind, AcDbSymbolTableRecord
 }
 
 std::string DatabaseStore::encode_attribute(const AcDbAttribute& attribute, AcDbObjectId reference) {
-    FieldWriter fields(*this, {drawing_->allocate_handle(), handle(address_of(reference))});
+    dxf::FieldWriter fields = new_fields({drawing_->allocate_handle(), handle(address_of(reference))});
     ObjectGate::write(attribute, fields);
-    return fields.encode();
+    return encoded(fields);
 }
 
 std::string DatabaseStore::encode_sequence_end(const AcDbEntity& reference) {
-    FieldWriter fields(*this, {drawing_->allocate_handle(), handle(address_of(reference.objectId()))});
+    dxf::FieldWriter fields = new_fields({drawing_->allocate_handle(), handle(address_of(reference.objectId()))});
     fields.begin(L"SEQEND", L"AcDbEntity").text(8, ObjectGate::layer(reference));
-    return fields.encode();
+    return encoded(fields);
 }
 
 void DatabaseStore::write_back(const AcDbObject& object) {
@@ -93,30 +95,31 @@ void DatabaseStore::write_back(const AcDbObject& object) {
     if (at.space != ObjectSpace::record || erased(at)) {
         return;
     }
-    FieldWriter fields(*this, identity(at));
+    dxf::FieldWriter fields = new_fields(identity(at));
     ObjectGate::write(object, fields);
-    const dxf::RecordView record = drawing_->view(at.number);
-    std::string bytes =
-        object.isNewObject() ? fields.encode() : merge_fields(record, fields.fields(), drawing_->manner());
-    if (bytes != record.bytes()) {
-        drawing_->rewrite(at.number, std::move(bytes));
+    replace(at.number, object.isNewObject() ? encoded(fields) : merged(at.number, fields));
+}
+
+std::string DatabaseStore::merged(dxf::RecordId record, const dxf::FieldWriter& fields) const {
+    return dxf::merge_fields(drawing_->view(record), fields.fields(), drawing_->manner());
+}
+
+void DatabaseStore::replace(dxf::RecordId record, std::string bytes) {
+    if (bytes != drawing_->view(record).bytes()) {
+        drawing_->rewrite(record, std::move(bytes));
     }
 }
 
-void DatabaseStore::write_block_head(BlockNumber block, int flags, const AcGePoint3d& origin) {
+void DatabaseStore::write_block_head(BlockNumber block, int flags, const dxf::Vec3& base) {
     const dxf::BlockId definition = blocks_.block(block);
     if (definition == dxf::no_block) {
         return;
     }
     const dxf::RecordId head = drawing_->blocks()[definition].head;
-    const dxf::RecordView record = drawing_->view(head);
-    FieldWriter fields(*this, {});
-    fields.begin(L"BLOCK", L"AcDbEntity").subclass(L"AcDbBlockBegin").text(2, record.text(2));
-    fields.integer(70, flags).point(10, origin);
-    std::string bytes = merge_fields(record, fields.fields(), drawing_->manner());
-    if (bytes != record.bytes()) {
-        drawing_->rewrite(head, std::move(bytes));
-    }
+    dxf::FieldWriter fields = new_fields({});
+    fields.begin(L"BLOCK", L"AcDbEntity").subclass(L"AcDbBlockBegin");
+    dxf::write(dxf::BlockHead{{drawing_->view(head).text(2), flags}, base}, fields);
+    replace(head, merged(head, fields));
 }
 
 Acad::ErrorStatus DatabaseStore::erase(ObjectAddress at) {

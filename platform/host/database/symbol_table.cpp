@@ -6,6 +6,7 @@
 
 #include "platform/host/database/database_store.h"
 #include "platform/host/database/object_gate.h"
+#include "platform/host/dxf/entities.h"
 
 ACRX_NO_CONS_DEFINE_MEMBERS(AcDbSymbolTableRecord, AcDbObject)
 ACRX_NO_CONS_DEFINE_MEMBERS(AcDbSymbolTable, AcDbObject)
@@ -13,7 +14,6 @@ ACRX_NO_CONS_DEFINE_MEMBERS(AcDbSymbolTable, AcDbObject)
 namespace {
 
 constexpr std::wstring_view forbidden_characters = L"<>/\\\":;?*|,=`";
-constexpr int dependent_bit = 16;
 
 /// "*U" and the like begin the names of anonymous blocks.
 bool valid_name(std::wstring_view name) {
@@ -41,19 +41,14 @@ Acad::ErrorStatus AcDbSymbolTableRecord::setName(const ACHAR* name) {
     return Acad::eOk;
 }
 
-bool AcDbSymbolTableRecord::isDependent() const {
-    need_fields();
-    return (flags_ & dependent_bit) != 0;
-}
-
 const std::wstring& AcDbSymbolTableRecord::stored_name() const {
-    need_fields();
-    return name_;
+    return loaded(name_);
 }
 
-void AcDbSymbolTableRecord::read_fields(const host::FieldReader& from) {
-    name_ = from.text(2);
-    flags_ = from.integer(70);
+void AcDbSymbolTableRecord::read_fields(const dxf::RecordFields& from) {
+    const auto entry = dxf::read<dxf::TableEntry>(from);
+    name_ = entry.name;
+    flags_ = entry.flags;
 }
 
 Acad::ErrorStatus AcDbSymbolTable::getAt(const ACHAR* name, AcDbObjectId& id, bool getErasedRecord) const {

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "base/case_folding.h"
+#include "platform/host/dxf/index_builder.h"
 
 namespace dxf {
 

@@ -5,6 +5,7 @@
 
 #include "platform/host/dxf/drawing.h"
 #include "platform/host/dxf/new_handles.h"
+#include "platform/host/dxf/record_reader.h"
 
 namespace dxf {
 

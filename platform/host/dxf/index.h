@@ -2,12 +2,10 @@
 #pragma once
 
 #include <cstdint>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "platform/host/dxf/error.h"
 #include "platform/host/dxf/group.h"
 #include "platform/host/dxf/name_table.h"
 #include "platform/host/dxf/record.h"
@@ -69,12 +67,5 @@ struct DrawingIndex {
     const Section* section(std::string_view name) const;
     void name_block(NameId name, BlockId block);
 };
-
-/// One pass over a whole drawing. On failure the error says where and why (its file is left empty).
-std::optional<Error> build_index(std::string_view bytes, DrawingIndex& index);
-
-/// The record that stands alone in `bytes` (with its sub-records), its names interned in `index`; nothing when the
-/// bytes are not exactly one record. Its place is left to the caller.
-std::optional<Record> read_record(std::string_view bytes, DrawingIndex& index);
 
 }  // namespace dxf

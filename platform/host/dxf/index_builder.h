@@ -1,6 +1,7 @@
 // The one pass that builds an index: sections, tables and blocks.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -42,5 +43,8 @@ class IndexBuilder {
     RecordReader reader_;
     uint16_t type_ = 0;  ///< of the record ahead
 };
+
+/// One pass over a whole drawing. On failure the error says where and why (its file is left empty).
+std::optional<Error> build_index(std::string_view bytes, DrawingIndex& index);
 
 }  // namespace dxf

@@ -4,6 +4,8 @@
 #include <limits>
 #include <vector>
 
+#include "platform/host/dxf/index_builder.h"
+
 namespace dxf {
 
 namespace {

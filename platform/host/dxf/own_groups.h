@@ -16,11 +16,12 @@ class OwnGroups {
     /// Whether none of the groups that follow will be the record's own.
     bool ended() const { return ended_; }
 
+    static constexpr int embedded_object = 101;
+    static constexpr int first_extended_code = 1000;
+
   private:
     static constexpr int last_usual_code = 100;
-    static constexpr int embedded_object = 101;
     static constexpr int control_string = 102;
-    static constexpr int first_extended_code = 1000;
 
     bool owns_unusual(const Group& group) {
         if (group.code == embedded_object || group.code >= first_extended_code) {

@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "platform/host/dxf/error.h"
 #include "platform/host/dxf/group_cursor.h"
 #include "platform/host/dxf/index.h"
 
@@ -59,5 +60,9 @@ class RecordReader {
     std::string_view last_layer_;
     NameId last_layer_id_ = no_name;
 };
+
+/// The record that stands alone in `bytes` (with its sub-records), its names interned in `index`; nothing when the
+/// bytes are not exactly one record. Its place is left to the caller.
+std::optional<Record> read_record(std::string_view bytes, DrawingIndex& index);
 
 }  // namespace dxf

@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/host/dxf/field_values.h"
 #include "platform/host/dxf/group.h"
 #include "platform/host/dxf/group_cursor.h"
 #include "platform/host/dxf/text_codec.h"
@@ -14,16 +15,15 @@
 namespace dxf {
 
 /// A cheap look at one record's bytes. Valid until the record is edited or the drawing is saved or closed.
-/// Values are searched among the record's own groups (own_groups.h), not those of its sub-records.
-class RecordView {
+/// Values are searched among the record's own groups (own_groups.h), not those of its sub-records. Who asks for many
+/// reads RecordFields.
+class RecordView : public FieldValues<RecordView> {
   public:
     RecordView(std::string_view bytes, Encoding encoding, TextCodec codec);
 
     /// A cursor over all groups, from the record's own type (code 0, or 9 of a header variable) to the last group of
     /// its last sub-record.
     GroupCursor groups() const { return GroupCursor(bytes_, encoding_); }
-    /// The record's own groups, its type first.
-    std::vector<Group> own_groups() const;
     /// The sub-records in file order, its SEQEND included.
     std::vector<RecordView> parts() const;
 
@@ -33,16 +33,9 @@ class RecordView {
     std::optional<Group> group(int code, size_t nth = 0) const;
     /// The first group with this code in the record's extended data.
     std::optional<Group> extended_group(int code) const;
-    bool has(int code) const { return group(code).has_value(); }
-    std::wstring text(int code) const;
-    int64_t integer(int code, int64_t fallback = 0) const;
-    double real(int code, double fallback = 0.0) const;
-    /// A handle (hexadecimal); 0 when absent.
-    uint64_t handle(int code) const;
-    /// The owner (the first own 330); 0 when absent.
-    uint64_t owner() const;
 
     std::wstring decode(std::string_view raw) const { return codec_.decode(raw); }
+    const TextCodec& codec() const { return codec_; }
     std::string_view bytes() const { return bytes_; }
 
   private:

@@ -34,6 +34,7 @@ class RecordWriter {
     explicit RecordWriter(Manner manner) : manner_(std::move(manner)) {}
 
     RecordWriter& type(std::wstring_view name) { return text(0, name); }
+    RecordWriter& add(int code, const Value& value);
     RecordWriter& text(int code, std::wstring_view value);
     RecordWriter& integer(int code, int64_t value);
     RecordWriter& real(int code, double value);
@@ -48,8 +49,6 @@ class RecordWriter {
     std::string take();
 
   private:
-    RecordWriter& add(int code, const Value& value);
-
     Manner manner_;
     std::string bytes_;
 };

@@ -5,6 +5,7 @@
 
 #include "base/case_folding.h"
 #include "platform/host/dxf/drawing.h"
+#include "platform/host/dxf/record_fields.h"
 
 namespace host {
 namespace {
@@ -45,8 +46,8 @@ std::string header_name(std::wstring_view name) {
 
 /// The group that holds the value: the one after the variable's name.
 std::optional<dxf::Group> value_group(const dxf::RecordView& view) {
-    const std::vector<dxf::Group> groups = view.own_groups();
-    return groups.size() > 1 ? std::optional<dxf::Group>(groups[1]) : std::nullopt;
+    const dxf::RecordFields fields(view);
+    return fields.groups().size() > 1 ? std::optional(fields.groups()[1]) : std::nullopt;
 }
 
 std::wstring colour_text(int64_t number) {

@@ -62,7 +62,7 @@ void draw_arc(const EntityScope& scope) {
 
 void draw_ellipse(const EntityScope& scope) {
     const Vec3 major = scope.fields.point(11, {1, 0, 0});
-    const Vec3 normal = scope.fields.extrusion().z;
+    const Vec3 normal = object_coordinates(scope.fields).z;
     const Vec3 minor = cross(normal, major) * scope.fields.real(40, 1);
     const double start = scope.fields.real(41, 0);
     const double sweep = positive_sweep(start, scope.fields.real(42, 2 * pi));

@@ -30,8 +30,7 @@ const Vec3& DisplayListBuilder::base_of(dxf::BlockId block) {
         base.emplace();
         const dxf::RecordId head = drawing_.blocks()[block].head;
         if (head != dxf::no_record) {
-            const dxf::RecordView record = drawing_.view(head);
-            base = Vec3{record.real(10), record.real(20), record.real(30)};
+            base = dxf::read<dxf::BlockHead>(dxf::RecordFields(drawing_.view(head))).base;
         }
     }
     return *base;
@@ -56,16 +55,14 @@ Instance DisplayListBuilder::look_of(dxf::NameId layer) {
 
 /// The places of the INSERT in `fields_`, for a block with this base point.
 DisplayListBuilder::Copies DisplayListBuilder::read_copies(const Vec3& base) const {
-    const Transform3 frame = fields_.extrusion();
-    const Transform3 turn = Transform3::rotation(fields_.angle(50));
-    const Vec3 scales{fields_.real(41, 1), fields_.real(42, 1), fields_.real(43, 1)};
+    const auto insert = dxf::read<dxf::Insert>(fields_);
+    const Transform3 turned = Transform3::extrusion(insert.extrusion) * Transform3::rotation(insert.rotation);
     Copies copies;
-    copies.first = frame * Transform3::translation(fields_.point(10)) * turn * Transform3::scaling(scales) *
-                   Transform3::translation(base * -1);
-    copies.column_step = frame.vector(turn.vector({fields_.real(44), 0, 0}));
-    copies.row_step = frame.vector(turn.vector({0, fields_.real(45), 0}));
-    copies.columns = copies_in_line(fields_.integer(70, 1), copies.column_step);
-    copies.rows = copies_in_line(fields_.integer(71, 1), copies.row_step);
+    copies.first = placement_of(insert, base);
+    copies.column_step = turned.vector({insert.column_spacing, 0, 0});
+    copies.row_step = turned.vector({0, insert.row_spacing, 0});
+    copies.columns = copies_in_line(insert.columns, copies.column_step);
+    copies.rows = copies_in_line(insert.rows, copies.row_step);
     return copies;
 }
 

@@ -129,7 +129,7 @@ bool DisplayListBuilder::visible(dxf::NameId layer, bool in_block) const {
 
 /// The colour of the entity in `fields_`.
 Ink DisplayListBuilder::ink_of(dxf::NameId layer) const {
-    if (const dxf::Group* const true_colour = fields_.find(420)) {
+    if (const dxf::Group* const true_colour = fields_.group(420)) {
         return Ink::rgb(static_cast<uint32_t>(true_colour->integer()));
     }
     const int64_t index = fields_.integer(62, colour_of_layer);

@@ -65,7 +65,7 @@ class DisplayListBuilder {
     LayerStates layers_;
     LineTypes line_types_;
     TextStyles styles_;
-    RecordFields fields_;
+    dxf::RecordFields fields_;
     std::vector<std::optional<Draw>> drawers_;        ///< by record type, found when one is first met
     std::vector<uint32_t> picture_of_block_;          ///< by BlockId
     std::vector<std::optional<Vec3>> base_of_block_;  ///< by BlockId, read when one is first met

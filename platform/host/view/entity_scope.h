@@ -2,22 +2,22 @@
 #pragma once
 
 #include "platform/host/view/picture_builder.h"
-#include "platform/host/view/record_fields.h"
 #include "platform/host/view/text_styles.h"
+#include "platform/host/view/transform3.h"
 
 namespace host {
 
 struct EntityScope {
     const dxf::Drawing& drawing;
     const dxf::RecordView& record;
-    const RecordFields& fields;
+    const dxf::RecordFields& fields;
     /// From world coordinates (of the space or block that the entity stands in) to the picture.
     const Transform3& space;
     TextStyles& styles;
     PictureBuilder& out;
     bool in_block = false;
 
-    Transform3 object_space() const { return fields.has(210) ? space * fields.extrusion() : space; }
+    Transform3 object_space() const { return fields.has(210) ? space * object_coordinates(fields) : space; }
     Vec2 world(const Vec3& point) const { return space(point).plan(); }
 };
 

@@ -6,22 +6,13 @@
 #include <limits>
 #include <optional>
 
+#include "platform/host/dxf/vectors.h"
+
 namespace host {
 
-constexpr double pi = 3.14159265358979323846;
-
-struct Vec2 {
-    double x = 0;
-    double y = 0;
-
-    Vec2 operator+(Vec2 other) const { return {x + other.x, y + other.y}; }
-    Vec2 operator-(Vec2 other) const { return {x - other.x, y - other.y}; }
-    Vec2 operator*(double factor) const { return {x * factor, y * factor}; }
-    bool operator==(Vec2 other) const { return x == other.x && y == other.y; }
-    double length() const { return std::sqrt(x * x + y * y); }
-    /// Turned by 90 degrees counter-clockwise.
-    Vec2 left() const { return {-y, x}; }
-};
+using dxf::pi;
+using dxf::Vec2;
+using dxf::Vec3;
 
 inline double dot(Vec2 a, Vec2 b) {
     return a.x * b.x + a.y * b.y;

@@ -175,7 +175,7 @@ class BoundaryReader {
 
 }  // namespace
 
-std::vector<std::vector<Vec2>> read_hatch_boundary(const RecordFields& hatch, size_t most_chords) {
+std::vector<std::vector<Vec2>> read_hatch_boundary(const dxf::RecordFields& hatch, size_t most_chords) {
     return BoundaryReader(hatch.groups(), most_chords).read();
 }
 

@@ -111,7 +111,7 @@ class FamilyCutter {
 
 }  // namespace
 
-std::vector<HatchFamily> read_hatch_pattern(const RecordFields& hatch) {
+std::vector<HatchFamily> read_hatch_pattern(const dxf::RecordFields& hatch) {
     std::vector<HatchFamily> families;
     bool in_pattern = false;
     for (const dxf::Group& group : hatch.groups()) {

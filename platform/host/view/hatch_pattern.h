@@ -4,8 +4,9 @@
 #include <optional>
 #include <vector>
 
+#include "platform/host/dxf/record_fields.h"
+#include "platform/host/view/geometry.h"
 #include "platform/host/view/picture_budget.h"
-#include "platform/host/view/record_fields.h"
 
 namespace host {
 
@@ -22,7 +23,7 @@ struct HatchLine {
     Vec2 to;
 };
 
-std::vector<HatchFamily> read_hatch_pattern(const RecordFields& hatch);
+std::vector<HatchFamily> read_hatch_pattern(const dxf::RecordFields& hatch);
 
 /// The pattern's dashes inside the contours by the even-odd rule. Nothing when there would be `most` of them or more,
 /// or the budget has no time for them.

@@ -1,19 +1,18 @@
 #include "platform/host/view/layer_states.h"
 
-#include "platform/host/dxf/layer_view.h"
+#include "platform/host/dxf/entities.h"
 
 namespace host {
 
 namespace {
 
-LayerState read_state(const dxf::RecordView& entry) {
-    const dxf::LayerView layer = dxf::read_layer(entry);
+LayerState read_state(const dxf::Layer& layer, const dxf::Group* true_colour) {
     LayerState state;
-    const auto true_colour = entry.group(420);
-    state.ink = true_colour ? Ink::rgb(static_cast<uint32_t>(true_colour->integer())) : indexed_ink(layer.colour);
-    state.on = layer.on;
-    state.frozen = layer.frozen;
-    state.line_type = entry.text(6);
+    state.ink = true_colour != nullptr ? Ink::rgb(static_cast<uint32_t>(true_colour->integer()))
+                                       : indexed_ink(layer.colour_index());
+    state.on = layer.on();
+    state.frozen = layer.frozen();
+    state.line_type = layer.line_type;
     return state;
 }
 
@@ -29,13 +28,13 @@ LayerStates::LayerStates(const dxf::Drawing& drawing)
         if (drawing.record(id).is(dxf::Record::erased)) {
             continue;
         }
-        const dxf::RecordView entry = drawing.view(id);
-        const std::wstring name = entry.text(2);
-        const LayerState state = read_state(entry);
-        if (name == L"0") {
+        const dxf::RecordFields entry(drawing.view(id));
+        const auto layer = dxf::read<dxf::Layer>(entry);
+        const LayerState state = read_state(layer, entry.group(420));
+        if (layer.name == L"0") {
             zero_state_ = state;
         }
-        const dxf::NameId used = drawing.layer_names().find(name);
+        const dxf::NameId used = drawing.layer_names().find(layer.name);
         if (used != dxf::no_name) {
             states_[used] = state;
         }

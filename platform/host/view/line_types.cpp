@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "base/case_folding.h"
+#include "platform/host/dxf/record_fields.h"
 
 namespace host {
 
@@ -12,11 +13,7 @@ namespace {
 LinePattern read_pattern(const dxf::RecordView& entry, double scale) {
     constexpr int dash_length = 49;
     LinePattern pattern;
-    for (const dxf::Group& group : entry.own_groups()) {
-        if (group.code == dash_length) {
-            pattern.lengths.push_back(group.real());
-        }
-    }
+    pattern.lengths = dxf::RecordFields(entry).reals(dash_length);
     return pattern.scaled(scale);
 }
 

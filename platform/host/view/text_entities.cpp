@@ -1,4 +1,5 @@
 // TEXT, ATTRIB, ATTDEF and MTEXT.
+#include "platform/host/dxf/entities.h"
 #include "platform/host/view/entity_scope.h"
 #include "platform/host/view/text_codes.h"
 #include "platform/host/view/text_metrics.h"
@@ -7,8 +8,6 @@ namespace host {
 
 namespace {
 
-constexpr int64_t invisible_attribute = 1;
-constexpr int64_t constant_attribute = 2;
 constexpr size_t longest_paragraphs = 1'000'000;  // characters
 constexpr double descent = 0.3;                   // how far letters hang below the base line, of the text height
 
@@ -29,7 +28,7 @@ Transform3 text_frame(double height, double width_factor, double slant, double r
 }
 
 /// How far above the anchor the base line is, of the text height.
-double base_line_above(int64_t vertical) {
+double base_line_above(int vertical) {
     switch (vertical) {
         case 1:
             return descent;
@@ -42,42 +41,39 @@ double base_line_above(int64_t vertical) {
     }
 }
 
-struct LineTextGroups {
-    int vertical;  ///< where the vertical alignment stands
-    int value;     ///< where the text stands
-};
+dxf::Text read_text(const EntityScope& scope, dxf::TextKind kind) {
+    dxf::Text text;
+    text.kind = kind;
+    dxf::read(scope.fields, text);
+    return text;
+}
 
-void draw_line_text(const EntityScope& scope, const LineTextGroups& where) {
-    const RecordFields& fields = scope.fields;
-    const TextStyle& style = scope.styles.named(fields.text(7));
-    const int64_t justification = fields.integer(72);
-    int64_t vertical = justification == middle ? 2 : fields.integer(where.vertical);
-    const Vec3 first = fields.point(10);
-    const Vec3 second = fields.point(11, first);
-    const double height = fields.real(40, 1);
-    double rotation = fields.angle(50);
-    double width_factor = fields.real(41, 1);
+void draw_line_text(const EntityScope& scope, const dxf::Text& text, const std::wstring& value) {
+    const int justification = text.horizontal;
+    int vertical = justification == middle ? 2 : text.vertical;
+    double rotation = text.rotation;
+    double width_factor = text.width_factor;
     TextItem item;
-    item.text = plain_text(fields.text(where.value));
-    item.font = style.font;
-    Vec3 anchor = second;
+    item.text = plain_text(value);
+    item.font = scope.styles.named(text.style).font;
+    Vec3 anchor = text.alignment;
     if (justification == aligned || justification == fit) {
-        const Vec3 along = second - first;
-        anchor = first;
+        const Vec3 along = text.alignment - text.position;
+        anchor = text.position;
         vertical = 0;
         rotation = std::atan2(along.y, along.x);
         width_factor = 1;
-        item.fit_width = along.length() / height;
+        item.fit_width = along.length() / text.height;
     } else if (justification == left && vertical == 0) {
-        anchor = first;
+        anchor = text.position;
     } else {
         item.anchor = justification == right  ? TextItem::Anchor::right
                       : justification == left ? TextItem::Anchor::left
                                               : TextItem::Anchor::centre;
     }
-    const int64_t generation = fields.integer(71);
-    Transform3 frame = text_frame(height, width_factor, fields.angle(51), rotation);
-    frame = frame * Transform3::scaling({(generation & 2) != 0 ? -1.0 : 1.0, (generation & 4) != 0 ? -1.0 : 1.0, 1});
+    const auto mirrored = [&text](int flag) { return (text.generation & flag) != 0 ? -1.0 : 1.0; };
+    Transform3 frame = text_frame(text.height, width_factor, text.oblique, rotation);
+    frame = frame * Transform3::scaling({mirrored(dxf::Text::backward_flag), mirrored(dxf::Text::upside_down_flag), 1});
     frame = frame * Transform3::translation({0, base_line_above(vertical), 0});
     frame.origin = frame.origin + anchor;
     item.frame = (scope.object_space() * frame).plan();
@@ -133,8 +129,8 @@ std::wstring paragraph_value(const EntityScope& scope) {
 }
 
 /// The paragraphs' plane: its x axis by group 11 in world coordinates or by the rotation, whichever comes last.
-Transform3 paragraph_plane(const RecordFields& fields) {
-    const Transform3 extrusion = fields.extrusion();
+Transform3 paragraph_plane(const dxf::RecordFields& fields) {
+    const Transform3 extrusion = object_coordinates(fields);
     int last = 50;
     for (const dxf::Group& group : fields.groups()) {
         if (group.code == 11 || group.code == 50) {
@@ -159,27 +155,30 @@ FontFace paragraph_face(const ParagraphText& text) {
 }  // namespace
 
 void draw_text(const EntityScope& scope) {
-    draw_line_text(scope, {73, 1});
+    const dxf::Text text = read_text(scope, dxf::TextKind::text);
+    draw_line_text(scope, text, text.value);
 }
 
 void draw_attribute(const EntityScope& scope) {
-    if ((scope.fields.integer(70) & invisible_attribute) == 0) {
-        draw_line_text(scope, {74, 1});
+    const dxf::Text text = read_text(scope, dxf::TextKind::attribute);
+    if ((text.flags & dxf::Text::invisible_flag) == 0) {
+        draw_line_text(scope, text, text.value);
     }
 }
 
 /// In a block a definition stands for what references will show; outside it shows its tag.
 void draw_attribute_definition(const EntityScope& scope) {
-    const int64_t flags = scope.fields.integer(70);
+    const dxf::Text text = read_text(scope, dxf::TextKind::definition);
+    const int constant_or_hidden = text.flags & (dxf::Text::constant_flag | dxf::Text::invisible_flag);
     if (!scope.in_block) {
-        draw_line_text(scope, {74, 2});
-    } else if ((flags & constant_attribute) != 0 && (flags & invisible_attribute) == 0) {
-        draw_line_text(scope, {74, 1});
+        draw_line_text(scope, text, text.tag);
+    } else if (constant_or_hidden == dxf::Text::constant_flag) {
+        draw_line_text(scope, text, text.value);
     }
 }
 
 void draw_paragraphs(const EntityScope& scope) {
-    const RecordFields& fields = scope.fields;
+    const dxf::RecordFields& fields = scope.fields;
     const TextStyle& style = scope.styles.named(fields.text(7));
     const ParagraphText text = parse_paragraphs(paragraph_value(scope));
     const double height = text.height.value_or(fields.real(40, 1) * text.height_factor.value_or(1));

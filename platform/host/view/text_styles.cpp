@@ -1,6 +1,7 @@
 #include "platform/host/view/text_styles.h"
 
 #include "base/case_folding.h"
+#include "platform/host/dxf/entities.h"
 #include "platform/host/view/geometry.h"
 
 namespace host {
@@ -30,10 +31,10 @@ FontFace face_of_file(const std::wstring& file) {
 }
 
 /// A TrueType style names its family in its extended data, with bold and italic as flags.
-FontFace read_face(const dxf::RecordView& entry) {
+FontFace read_face(const dxf::RecordView& entry, const std::wstring& font_file) {
     const auto family = entry.extended_group(extended_string);
     if (!family || family->word().empty()) {
-        return face_of_file(entry.text(3));
+        return face_of_file(font_file);
     }
     const auto look = entry.extended_group(extended_integer);
     const int64_t flags = look ? look->integer() : 0;
@@ -55,11 +56,9 @@ TextStyles::TextStyles(const dxf::Drawing& drawing) {
         if (drawing.record(id).is(dxf::Record::erased)) {
             continue;
         }
-        TextStyle style;
-        style.width_factor = entry.real(41, 1);
-        style.slant = entry.real(50) * pi / 180;
-        style.font = font_number(read_face(entry));
-        styles_.emplace(base::lower(entry.text(2)), style);
+        const auto said = dxf::read<dxf::TextStyle>(dxf::RecordFields(entry));
+        styles_.emplace(base::lower(said.name),
+                        TextStyle{said.width_factor, said.oblique, font_number(read_face(entry, said.font_file))});
     }
     standard_ = named(L"Standard");
 }

@@ -52,6 +52,16 @@ Transform3 Transform3::extrusion(const Vec3& direction) {
     return result;
 }
 
+Transform3 placement_of(const dxf::Insert& insert, const Vec3& base) {
+    return Transform3::extrusion(insert.extrusion) * Transform3::translation(insert.position) *
+           Transform3::rotation(insert.rotation) * Transform3::scaling(insert.scale) *
+           Transform3::translation(base * -1);
+}
+
+Transform3 object_coordinates(const dxf::RecordFields& entity) {
+    return entity.has(210) ? Transform3::extrusion(entity.point(210, {0, 0, 1})) : Transform3();
+}
+
 Transform3 operator*(const Transform3& outer, const Transform3& inner) {
     return {outer.vector(inner.x), outer.vector(inner.y), outer.vector(inner.z), outer(inner.origin)};
 }

@@ -1,21 +1,10 @@
 // Affine maps of space: object coordinate systems and block insertions, before they are seen from above.
 #pragma once
 
+#include "platform/host/dxf/entities.h"
 #include "platform/host/view/geometry.h"
 
 namespace host {
-
-struct Vec3 {
-    double x = 0;
-    double y = 0;
-    double z = 0;
-
-    Vec3 operator+(const Vec3& other) const { return {x + other.x, y + other.y, z + other.z}; }
-    Vec3 operator-(const Vec3& other) const { return {x - other.x, y - other.y, z - other.z}; }
-    Vec3 operator*(double factor) const { return {x * factor, y * factor, z * factor}; }
-    double length() const { return std::sqrt(x * x + y * y + z * z); }
-    Vec2 plan() const { return {x, y}; }
-};
 
 Vec3 cross(const Vec3& a, const Vec3& b);
 
@@ -40,6 +29,12 @@ struct Transform3 {
     /// rule of the format. A zero direction counts as (0, 0, 1).
     static Transform3 extrusion(const Vec3& direction);
 };
+
+/// From a block with a base point to what its reference stands in; of several copies the first.
+Transform3 placement_of(const dxf::Insert& insert, const Vec3& base);
+
+/// From the object coordinates of an entity (group 210) to world coordinates.
+Transform3 object_coordinates(const dxf::RecordFields& entity);
 
 /// First `inner`, then `outer`.
 Transform3 operator*(const Transform3& outer, const Transform3& inner);

@@ -1,10 +1,10 @@
-#include "platform/host/database/record_merge.h"
+#include "platform/host/dxf/record_merge.h"
 
 #include <algorithm>
 #include <cmath>
 #include <variant>
 
-namespace host {
+namespace dxf {
 namespace {
 
 constexpr int type_code = 0;
@@ -16,7 +16,7 @@ bool identifies(int code) {
     return code == type_code || code == handle_code || code == owner_code || code == subclass_code;
 }
 
-bool same_value(const dxf::RecordView& record, const dxf::Group& group, const dxf::Value& value) {
+bool same_value(const RecordView& record, const Group& group, const Value& value) {
     if (const auto* const text = std::get_if<std::wstring>(&value)) {
         return record.decode(group.value) == *text;
     }
@@ -28,7 +28,7 @@ bool same_value(const dxf::RecordView& record, const dxf::Group& group, const dx
     if (const auto* const integer = std::get_if<int64_t>(&value)) {
         return group.integer() == *integer;
     }
-    return group.handle() == std::get<dxf::Handle>(value).value;
+    return group.handle() == std::get<Handle>(value).value;
 }
 
 /// Bytes to put in place of [begin, end) of the record.
@@ -38,20 +38,18 @@ struct Piece {
     std::string bytes;
 };
 
-std::string group_bytes(const Field& field, const dxf::Manner& manner) {
-    dxf::RecordWriter writer(manner);
-    write_value(writer, field.code, field.value);
-    return writer.take();
+std::string group_bytes(const Field& field, const Manner& manner) {
+    return RecordWriter(manner).add(field.code, field.value).take();
 }
 
 class Merge {
   public:
-    Merge(const dxf::RecordView& record, const dxf::Manner& manner)
-        : record_(record), manner_(manner), groups_(record.own_groups()) {}
+    Merge(const RecordView& record, const Manner& manner)
+        : record_(record), manner_(manner), groups_(RecordFields(record).groups()) {}
 
     void take(const Field& field) {
         const auto found = std::find_if(groups_.begin() + static_cast<std::ptrdiff_t>(next_), groups_.end(),
-                                        [&](const dxf::Group& group) { return stands_for(group, field); });
+                                        [&](const Group& group) { return stands_for(group, field); });
         if (found != groups_.end()) {
             settle(*found, field);
             // A field found at its usual place: the following ones are looked for behind it.
@@ -79,7 +77,7 @@ class Merge {
     }
 
   private:
-    static bool stands_for(const dxf::Group& group, const Field& field) {
+    static bool stands_for(const Group& group, const Field& field) {
         if (group.code != field.code || field.code != subclass_code) {
             return group.code == field.code;
         }
@@ -89,7 +87,7 @@ class Merge {
                           [](char byte, wchar_t letter) { return static_cast<wchar_t>(byte) == letter; });
     }
 
-    void settle(const dxf::Group& group, const Field& field) {
+    void settle(const Group& group, const Field& field) {
         if (!identifies(field.code) && !same_value(record_, group, field.value)) {
             pieces_.push_back({group.begin, group.end, group_bytes(field, manner_)});
         }
@@ -98,15 +96,15 @@ class Merge {
     void insert(const Field& field) {
         std::string bytes = group_bytes(field, manner_);
         // The last group of a cut-off file has no line end.
-        if (manner_.encoding == dxf::Encoding::ascii && last_end_ > 0 && record_.bytes()[last_end_ - 1] != '\n') {
+        if (manner_.encoding == Encoding::ascii && last_end_ > 0 && record_.bytes()[last_end_ - 1] != '\n') {
             bytes.insert(0, manner_.line_end);
         }
         pieces_.push_back({last_end_, last_end_, std::move(bytes)});
     }
 
-    const dxf::RecordView& record_;
-    const dxf::Manner& manner_;
-    std::vector<dxf::Group> groups_;  ///< those that were matched come first
+    const RecordView& record_;
+    const Manner& manner_;
+    std::vector<Group> groups_;  ///< those that were matched come first
     size_t next_ = 0;
     size_t last_end_ = 0;
     std::vector<Piece> pieces_;
@@ -114,19 +112,7 @@ class Merge {
 
 }  // namespace
 
-void write_value(dxf::RecordWriter& writer, int code, const dxf::Value& value) {
-    if (const auto* const text = std::get_if<std::wstring>(&value)) {
-        writer.text(code, *text);
-    } else if (const auto* const real = std::get_if<double>(&value)) {
-        writer.real(code, *real);
-    } else if (const auto* const integer = std::get_if<int64_t>(&value)) {
-        writer.integer(code, *integer);
-    } else {
-        writer.handle(code, std::get<dxf::Handle>(value).value);
-    }
-}
-
-std::string merge_fields(const dxf::RecordView& record, const std::vector<Field>& fields, const dxf::Manner& manner) {
+std::string merge_fields(const RecordView& record, const std::vector<Field>& fields, const Manner& manner) {
     Merge merge(record, manner);
     for (const Field& field : fields) {
         merge.take(field);
@@ -134,4 +120,4 @@ std::string merge_fields(const dxf::RecordView& record, const std::vector<Field>
     return merge.result();
 }
 
-}  // namespace host
+}  // namespace dxf

@@ -4,15 +4,13 @@
 #include <string>
 #include <vector>
 
-#include "platform/host/database/field_writer.h"
+#include "platform/host/dxf/field_writer.h"
 
-namespace host {
-
-void write_value(dxf::RecordWriter& writer, int code, const dxf::Value& value);
+namespace dxf {
 
 /// The record's bytes with the fields' values. A group whose value is the field's already (reals within 1e-12 of it)
 /// keeps its bytes; a field without a group is put in behind the one before it unless that means the same. Type,
 /// handle, owner and subclass markers never change, nor does anything but the record's own groups.
-std::string merge_fields(const dxf::RecordView& record, const std::vector<Field>& fields, const dxf::Manner& manner);
+std::string merge_fields(const RecordView& record, const std::vector<Field>& fields, const Manner& manner);
 
-}  // namespace host
+}  // namespace dxf

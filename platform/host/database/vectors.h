@@ -1,0 +1,17 @@
+// Points of the host interface as the drawing's vectors, and the other way.
+#pragma once
+
+#include "gepnt3d.h"
+#include "platform/host/dxf/vectors.h"
+
+namespace host {
+
+inline dxf::Vec3 vector_of(const AcGePoint3d& point) {
+    return {point.x, point.y, point.z};
+}
+
+inline AcGePoint3d point_of(const dxf::Vec3& vector) {
+    return {vector.x, vector.y, vector.z};
+}
+
+}  // namespace host

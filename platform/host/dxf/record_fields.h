@@ -1,0 +1,38 @@
+// The groups of one record that are its own, read once and then asked by code.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "platform/host/dxf/field_values.h"
+#include "platform/host/dxf/record_view.h"
+
+namespace dxf {
+
+/// Valid as long as the bytes of the record that was read.
+class RecordFields : public FieldValues<RecordFields> {
+  public:
+    RecordFields() = default;
+    explicit RecordFields(const RecordView& record) { read(record); }
+    /// Reads another record, in the memory of the one before.
+    void read(const RecordView& record);
+
+    /// In file order, the record's type first. Their offsets count in the record's bytes.
+    const std::vector<Group>& groups() const& { return groups_; }
+    std::vector<Group> groups() && { return std::move(groups_); }
+    /// The first with the code, or null.
+    const Group* group(int code) const;
+    /// All points whose x has this code, in order.
+    std::vector<Vec3> points(int code) const;
+    std::vector<double> reals(int code) const;
+
+    std::wstring decode(std::string_view raw) const { return codec_.decode(raw); }
+
+  private:
+    std::vector<Group> groups_;
+    TextCodec codec_{1252};
+};
+
+}  // namespace dxf
