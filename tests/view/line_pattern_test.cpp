@@ -59,7 +59,8 @@ TEST(LinePattern, CutsALineIntoDashes) {
     EXPECT_EQ(dashes({{0, 0}, {4, 0}}, {{1, -1, 0, -1}}), "0,0>1,0 2,0>2,0 3,0>4,0 ") << "a dot between dashes";
     EXPECT_EQ(dashes({{0, 0}, {3, 0}}, {{0, -2}}), "0,0>0,0 0.5,0>0.5,0 2.5,0>2.5,0 3,0>3,0 ");
     const std::string endless = dashes({{-1e10, 0}, {1e10, 0}}, dashed, {{0, -1}, {9, 1}});
-    EXPECT_EQ(std::count(endless.begin(), endless.end(), '>'), 3 + (endless.find("0,0>") == 0)) << endless << " of an endless line";
+    EXPECT_EQ(std::count(endless.begin(), endless.end(), '>'), 3 + (endless.find("0,0>") == 0))
+        << endless << " of an endless line";
 }
 
 TEST(LinePattern, FollowsTheEntityItsLayerAndItsBlock) {
