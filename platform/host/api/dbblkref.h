@@ -1,6 +1,7 @@
 // AcDbBlockReference: an INSERT.
 #pragma once
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -9,6 +10,10 @@
 #include "gemat3d.h"
 #include "gepnt3d.h"
 #include "gescl3d.h"
+
+namespace dxf {
+struct Insert;
+}
 
 class AcDbAttribute;
 

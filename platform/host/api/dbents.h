@@ -10,7 +10,6 @@
 #include "gescl3d.h"
 
 namespace dxf {
-struct Insert;
 struct Text;
 enum class TextKind : unsigned char;
 }  // namespace dxf
