@@ -58,16 +58,20 @@ class LinePainter {
         const FittedLine fitted = fit(line);
         if (fitted.shown == FittedLine::Shown::number_signs) {
             const std::wstring signs(fitted.length, number_sign.front());
-            return place(signs, left_of(text_width(dc_, signs)), top);
+            return place(signs, align_right_ || right_to_left_ ? inside_.right - text_width(dc_, signs) : inside_.left,
+                         top);
         }
-        const std::wstring_view shown = line.substr(0, fitted.length);
-        const int width = shown.empty() ? 0 : ends_[shown.size() - 1];
         const bool cut = fitted.shown == FittedLine::Shown::beginning;
-        const int left = left_of(width + (cut ? text_width(dc_, ellipsis) : 0));
+        const int width = fitted.length == 0 ? 0 : ends_[fitted.length - 1];
+        const int whole_width = width + (cut ? text_width(dc_, ellipsis) : 0);
         if (right_to_left_) {
-            DrawRightToLeftLine(dc_.m_hDC, shown, {inside_.left, top, inside_.right, top + line_height_}, inside_);
-        } else {
-            place(shown, left, top);
+            const RECT row{inside_.left, top, inside_.right, top + line_height_};
+            DrawRightToLeftLine(dc_.m_hDC, line.substr(0, fitted.length), row, inside_);
+        }
+        const int left = align_right_ || right_to_left_ ? static_cast<int>(inside_.right) - whole_width
+                                                        : static_cast<int>(inside_.left);
+        if (!right_to_left_) {
+            place(line.substr(0, fitted.length), left, top);
         }
         if (cut) {
             place(ellipsis, right_to_left_ ? left : left + width, top);
@@ -75,11 +79,6 @@ class LinePainter {
     }
 
   private:
-    // Where a text of that width begins.
-    int left_of(int width) const {
-        return static_cast<int>(align_right_ || right_to_left_ ? inside_.right - width : inside_.left);
-    }
-
     void place(std::wstring_view text, int left, int top) {
         ::ExtTextOutW(dc_.m_hDC, left, top, ETO_CLIPPED, &inside_, text.data(), static_cast<UINT>(text.size()),
                       nullptr);

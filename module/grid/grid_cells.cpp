@@ -78,11 +78,33 @@ int CUGCtrl::GetColumnWidth(int column) const {
 }
 
 int CUGCtrl::SetDefaultRowHeight(int height) {
-    if (!state_.rows.set_height(height)) {
+    if (!state_.rows.set_default_height(height)) {
         return 1;
     }
     LayoutChanged();
     RedrawAll();
+    return 0;
+}
+
+int CUGCtrl::SetRowHeight(int row, int height) {
+    if (!state_.rows.set_height(row, height)) {
+        return 1;
+    }
+    LayoutChanged();
+    RedrawAll();
+    return 0;
+}
+
+int CUGCtrl::GetRowHeight(int row) const {
+    return row >= 0 && row < GetRowCount() ? state_.rows.height(row) : 1;
+}
+
+int CUGCtrl::SetTopHeadingHeight(int height) {
+    if (height < 0 || height > RowLayout::tallest_row) {
+        return 1;
+    }
+    state_.heading_height = height;
+    LayoutChanged();
     return 0;
 }
 
@@ -104,6 +126,7 @@ int CUGCtrl::InsertRow(int row) {
         return refused;
     }
     edit_.abandon();
+    state_.rows.insert(row);
     state_.selection.insert_row(row);
     const int current = state_.current_row;
     const int refused = ChangeRowCount(GetRowCount() + 1, TRUE);
@@ -131,6 +154,7 @@ int CUGCtrl::DeleteRow(int row) {
         return refused;
     }
     edit_.abandon();
+    state_.rows.remove(row);
     state_.selection.remove_row(row);
     const int current = state_.current_row;
     const int refused = ChangeRowCount(GetRowCount() - 1, TRUE);

@@ -180,7 +180,7 @@ void CUGCtrl::OnHScroll(UINT code, UINT, CScrollBar*) {
 void CUGCtrl::OnVScroll(UINT code, UINT, CScrollBar*) {
     UpdateLayout();
     if (FinishEdit()) {
-        SetTopRow(scrolled_row(m_hWnd, state_, code, state_.rows.fitting(cells_.height())));
+        SetTopRow(scrolled_row(m_hWnd, state_, code, state_.rows.fitting(state_.top_row, cells_.height())));
     }
 }
 

@@ -41,6 +41,11 @@ class CUGCtrl : public corvanes::CellGrid {
     // Whether the column's texts stand at the right edges of its cells; the heading's stays where it is.
     int AlignColumnRight(int column, BOOL right);
     int SetDefaultRowHeight(int height);
+    int GetDefaultRowHeight() const { return state_.rows.default_height(); }
+    // Single heights are kept up to 64000 rows only.
+    int SetRowHeight(int row, int height);
+    int GetRowHeight(int row) const;
+    int SetTopHeadingHeight(int height);
     int SetSideHeadingWidth(int width);
     int GetSideHeadingWidth() const { return state_.side.total_width(); }
     // An error of the data source is passed on. Whatever moves or removes rows closes an open editor without storing
@@ -57,7 +62,9 @@ class CUGCtrl : public corvanes::CellGrid {
     // and do nothing when they lead to the current cell.
     int GetCurrentColumn() const { return state_.current_column; }
     int GetCurrentRow() const { return state_.current_row; }
+    int GetPreviousRow() const { return state_.previous_row; }
     int GotoCell(int column, int row);
+    int GotoRow(int row) { return GotoCell(state_.current_column, row); }
     // See corvanes::RowMovement for the directions.
     int MoveCurrentRow(int direction) override;
     int MoveCurrentColumn(int steps) override;
@@ -80,6 +87,7 @@ class CUGCtrl : public corvanes::CellGrid {
     void RedrawAll();
     // 1 to begin with. While it is 0 nothing asks for repainting; setting it again repaints the grid.
     int SetDisplayFlag(int flag);
+    int GetDisplayFlag() const { return state_.display_flag; }
     int GetTopRow() const { return state_.top_row; }
     void SetTopRow(int row);
     void SetScrollX(int x);

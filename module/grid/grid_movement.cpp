@@ -22,6 +22,7 @@ void CUGCtrl::MakeCurrent(int column, int row) {
     RedrawCell(old_column, old_row);
     state_.current_column = column;
     state_.current_row = row;
+    state_.previous_row = old_row;
     RedrawCell(column, row);
     if (row != old_row) {
         OnGridRowChange(old_row, row);
@@ -46,7 +47,10 @@ int CUGCtrl::GotoCell(int column, int row) {
 
 int CUGCtrl::MoveCurrentRow(int direction) {
     UpdateLayout();
-    const int page = state_.rows.fitting(cells_.height());
+    const bool up = direction == page_up;
+    const int top_of_page =
+        up ? state_.rows.top_showing(state_.current_row, 0, cells_.height()) : std::max(0, state_.current_row);
+    const int page = state_.rows.fitting(top_of_page, cells_.height());
     const auto row = row_after(direction, state_.current_row, GetRowCount(), page);
     return row.has_value() ? MoveCurrentCell(state_.current_column, *row) : 1;
 }
@@ -266,7 +270,7 @@ void CUGCtrl::ScrollByWheel(int turn) {
     UINT lines = 3;
     ::SystemParametersInfoW(SPI_GETWHEELSCROLLLINES, 0, &lines, 0);
     if (lines == WHEEL_PAGESCROLL) {
-        lines = static_cast<UINT>(state_.rows.fitting(cells_.height()));
+        lines = static_cast<UINT>(state_.rows.fitting(state_.top_row, cells_.height()));
     }
     const int rows = wheel_rows_.add(turn, static_cast<int>(lines));
     if (rows != 0 && FinishEdit()) {

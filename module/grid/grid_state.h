@@ -18,6 +18,7 @@ struct GridState {
     // -1 while there is no such column or row.
     int current_column = -1;
     int current_row = -1;
+    int previous_row = -1;
 
     // The first row shown, and how many pixels of the columns are scrolled out to the left.
     int top_row = 0;

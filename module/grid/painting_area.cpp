@@ -47,7 +47,8 @@ RECT CUGGrid::CellRectangle(int column, int row) const {
     if (top >= height() || right - left <= line_width || right <= 0 || left >= width()) {
         return {0, 0, 0, 0};
     }
-    return {std::max(left, 0), top, std::min(right - line_width, width()), top + grid_state.rows.height() - line_width};
+    return {std::max(left, 0), top, std::min(right - line_width, width()),
+            top + grid_state.rows.height(row) - line_width};
 }
 
 void CUGGrid::CellAt(POINT point, int* column, int* row) const {
@@ -69,7 +70,7 @@ void CUGGrid::RedrawRow(int row) {
     const RowLayout& rows = state().rows;
     if (row >= state().top_row && row < rows.count()) {
         const int top = rows.distance(state().top_row, row, height());
-        RedrawPart({0, top, width(), std::min(height(), top + rows.height())});
+        RedrawPart({0, top, width(), std::min(height(), top + rows.height(row))});
     }
 }
 
@@ -77,7 +78,7 @@ void CUGGrid::Paint(CDC& dc, const RECT& dirty) {
     const RowLayout& rows = state().rows;
     int top = 0;
     for (int row = state().top_row; row < rows.count() && top < dirty.bottom; ++row) {
-        const int row_height = rows.height();
+        const int row_height = rows.height(row);
         if (top + row_height > dirty.top) {
             PaintRow(dc, dirty, row, top, row_height);
         }

@@ -13,7 +13,7 @@ RECT CUGSideHdg::CellRectangle(int row) const {
         return {0, 0, 0, 0};
     }
     const int top = rows.distance(state().top_row, row, height());
-    return top < height() ? RECT{0, top, width(), top + rows.height()} : RECT{0, 0, 0, 0};
+    return top < height() ? RECT{0, top, width(), top + rows.height(row)} : RECT{0, 0, 0, 0};
 }
 
 // The text belongs to the first heading column; further ones show an empty face.
@@ -22,7 +22,7 @@ void CUGSideHdg::Paint(CDC& dc, const RECT& dirty) {
     const SideHeadingLayout& side = state().side;
     int top = 0;
     for (int row = state().top_row; row < rows.count() && top < dirty.bottom; ++row) {
-        const int bottom = top + rows.height();
+        const int bottom = top + rows.height(row);
         int left = 0;
         for (int column = 0; bottom > dirty.top && column < side.count(); ++column) {
             const RECT cell{left, top, left + side.width(column), bottom};

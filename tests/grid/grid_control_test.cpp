@@ -58,6 +58,7 @@ TEST_F(Grid, AcceptsTheLimits) {
     EXPECT_EQ(grid.SetSideHeadingWidth(1024), 0);
     EXPECT_EQ(grid.SetSideHeadingWidth(0), 0);
     EXPECT_EQ(grid.SetRowCount(64001), 0);
+    EXPECT_EQ(grid.SetRowHeight(0, 5), 1) << "uniform row heights above 64000 rows";
     CString text;
     EXPECT_EQ(grid.GetCellText(31999, -1, text), 0);
     EXPECT_EQ(text, L"last");
@@ -81,6 +82,7 @@ TEST_F(Grid, RowsComeAndGoWithTheCurrentCell) {
     EXPECT_EQ(grid.DeleteRow(0), 0);
     EXPECT_EQ(picture(), "|second|\n||third*\n") << "the selection goes with its row";
     EXPECT_EQ(grid.take(), (Log{"can move 0 0 1 2", "row 0 2", "cell 0 1 0 2", "row 2 1", "cell 1 1 2 1"}));
+    EXPECT_EQ(grid.GetPreviousRow(), 2);
     grid.InsertRow(0);
     EXPECT_EQ(picture(), "||\n|second|\n||third*\n");
     EXPECT_EQ(current(), "1,2");

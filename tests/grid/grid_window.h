@@ -44,7 +44,7 @@ class RecordingGrid : public CUGCtrl {
         log.push_back("setup");
         SetSideHeadingWidth(0);
         SetDefaultRowHeight(20);
-        state().heading_height = 20;
+        SetTopHeadingHeight(20);
         SetColumnCount(3);
         for (int column = 0; column < 3; ++column) {
             SetColumnWidth(column, 100);

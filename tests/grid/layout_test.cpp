@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <vector>
 
 #include "grid/column_layout.h"
@@ -59,35 +58,69 @@ TEST(ColumnLayout, FindsColumnsAndBorders) {
               (std::vector<int>{-1, -1, 0, 0, 1, 1, -1, 2, 2, -1, 3, 3, -1}));
 }
 
+// Rows of many heights against a walk over all of them; also with equal heights, where arithmetic takes the walk's
+// place.
 TEST(RowLayout, AgreesWithWalkingAlongTheRows) {
-    constexpr int window = 45;
-    RowLayout rows;
-    rows.set_count(12);
-    ASSERT_TRUE(rows.set_height(10));
-    EXPECT_EQ(rows.fitting(window), 4);
-    EXPECT_EQ(rows.fitting(9), 1);
-    EXPECT_EQ(rows.last_top(window), 8);
-    for (int top = 0; top < 12; ++top) {
-        for (int row = top; row < 12; ++row) {
-            const int y = (row - top) * 10;
-            EXPECT_EQ(rows.distance(top, row, 1000), y);
-            EXPECT_EQ(rows.at(y, top), row);
-            EXPECT_EQ(rows.at(y + 9, top), row);
+    for (const bool measured : {false, true}) {
+        RowLayout rows;
+        rows.set_count(12);
+        rows.set_default_height(10);
+        for (int row = 0; measured && row < 12; row += 2) {
+            rows.set_height(row, row * 3);
         }
-        EXPECT_EQ(rows.at((12 - top) * 10, top), -1);
-        EXPECT_EQ(rows.at(-1, top), -1);
-        for (int row = 0; row < 12; ++row) {
-            EXPECT_EQ(rows.top_showing(row, top, window), row < top ? row : std::max(top, row - 3));
+        constexpr int window = 45;
+        for (int top = 0; top < 12; ++top) {
+            int y = 0;
+            int whole = 0;
+            for (int row = top; row < 12; ++row) {
+                EXPECT_EQ(rows.distance(top, row, 1000), y);
+                if (rows.height(row) > 0) {
+                    EXPECT_EQ(rows.at(y, top), row);
+                    EXPECT_EQ(rows.at(y + rows.height(row) - 1, top), row);
+                }
+                y += rows.height(row);
+                whole += whole == row - top && y <= window ? 1 : 0;
+            }
+            EXPECT_EQ(rows.at(y, top), -1);
+            EXPECT_EQ(rows.at(-1, top), -1);
+            if (measured || 12 - top > 4) {
+                EXPECT_EQ(rows.fitting(top, window), std::max(1, whole));
+            }
+            for (int row = 0; row < 12; ++row) {
+                const int shown = rows.top_showing(row, top, window);
+                EXPECT_LE(shown, row);
+                EXPECT_LE(rows.distance(shown, row, 1000) + rows.height(row), window);
+                EXPECT_TRUE(shown == top || shown == row || row > top) << "scrolled without need";
+            }
         }
+        const int last = rows.last_top(window);
+        EXPECT_LE(rows.distance(last, 12, 1000), window);
+        EXPECT_GT(rows.distance(last - 1, 12, 1000), window);
     }
 }
 
-TEST(RowLayout, RefusalsAndManyRows) {
+TEST(RowLayout, RefusalsUniformModeAndMovingHeights) {
     RowLayout rows;
-    EXPECT_FALSE(rows.set_height(0));
-    EXPECT_FALSE(rows.set_height(1025));
-    EXPECT_TRUE(rows.set_height(1024));
-    EXPECT_TRUE(rows.set_height(10));
+    EXPECT_FALSE(rows.set_count(-1));
+    EXPECT_FALSE(rows.set_default_height(0));
+    EXPECT_FALSE(rows.set_default_height(1025));
+    EXPECT_TRUE(rows.set_default_height(1024));
+    EXPECT_TRUE(rows.set_default_height(10));
+    rows.set_count(3);
+    EXPECT_FALSE(rows.set_height(3, 10));
+    EXPECT_FALSE(rows.set_height(0, -1));
+    EXPECT_TRUE(rows.set_height(1, 30));
+    rows.insert(1);
+    rows.set_count(4);
+    EXPECT_EQ((std::vector<int>{rows.height(0), rows.height(1), rows.height(2), rows.height(3)}),
+              (std::vector<int>{10, 10, 30, 10}));
+    rows.remove(0);
+    rows.set_count(3);
+    EXPECT_EQ(rows.height(1), 30);
+    rows.set_count(64001);
+    EXPECT_TRUE(rows.uniform());
+    EXPECT_FALSE(rows.set_height(1, 30));
+    EXPECT_EQ(rows.height(1), 10);
     rows.set_count(2'000'000'000);
     EXPECT_EQ(rows.last_top(100), 1'999'999'990);
     EXPECT_EQ(rows.distance(0, 1'999'999'999, 5000), 5000);
