@@ -1,6 +1,7 @@
 #include "platform/host/dxf/record_fields.h"
 
 #include <algorithm>
+#include <limits>
 
 #include "platform/host/dxf/own_groups.h"
 
@@ -13,12 +14,21 @@ void RecordFields::read(const RecordView& record) {
     codec_ = record.codec();
     OwnGroupCursor cursor(record.groups());
     Group group;
+    places_.fill(0);
     while (cursor.next(group)) {
         groups_.push_back(group);
+        if (group.code >= 0 && group.code < most_codes && places_[group.code] == 0 &&
+            groups_.size() <= std::numeric_limits<uint16_t>::max()) {
+            places_[group.code] = static_cast<uint16_t>(groups_.size());
+        }
     }
 }
 
 const Group* RecordFields::group(int code) const {
+    if (code >= 0 && code < most_codes &&
+        (places_[code] != 0 || groups_.size() <= std::numeric_limits<uint16_t>::max())) {
+        return places_[code] == 0 ? nullptr : &groups_[places_[code] - 1];
+    }
     const auto found =
         std::find_if(groups_.begin(), groups_.end(), [code](const Group& group) { return group.code == code; });
     return found == groups_.end() ? nullptr : &*found;

@@ -1,6 +1,7 @@
 // The groups of one record that are its own, read once and then asked by code.
 #pragma once
 
+#include <array>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -31,7 +32,10 @@ class RecordFields : public FieldValues<RecordFields> {
     std::wstring decode(std::string_view raw) const { return codec_.decode(raw); }
 
   private:
+    static constexpr int most_codes = 256;  ///< those that entities have values under; others are searched for
+
     std::vector<Group> groups_;
+    std::array<uint16_t, most_codes> places_{};  ///< by code: the number of its first group, counted from 1; 0: none
     TextCodec codec_{1252};
 };
 

@@ -56,9 +56,12 @@ Instance DisplayListBuilder::look_of(dxf::NameId layer) {
 /// The places of the INSERT in `fields_`, for a block with this base point.
 DisplayListBuilder::Copies DisplayListBuilder::read_copies(const Vec3& base) const {
     const auto insert = dxf::read<dxf::Insert>(fields_);
-    const Transform3 turned = Transform3::extrusion(insert.extrusion) * Transform3::rotation(insert.rotation);
     Copies copies;
     copies.first = placement_of(insert, base);
+    if (insert.columns <= 1 && insert.rows <= 1) {
+        return copies;
+    }
+    const Transform3 turned = Transform3::extrusion(insert.extrusion) * Transform3::rotation(insert.rotation);
     copies.column_step = turned.vector({insert.column_spacing, 0, 0});
     copies.row_step = turned.vector({0, insert.row_spacing, 0});
     copies.columns = copies_in_line(insert.columns, copies.column_step);

@@ -145,12 +145,14 @@ Ink DisplayListBuilder::ink_of(dxf::NameId layer) const {
 /// The linetype of the entity in `fields_`.
 uint16_t DisplayListBuilder::pattern_of(dxf::NameId layer) {
     const double scale = fields_.real(48, 1);
-    const std::wstring name = fields_.has(6) ? fields_.text(6) : by_layer;
-    if (base::compare_ignoring_case(name, by_block) == 0) {
-        return LinePattern::of_block;
-    }
-    if (base::compare_ignoring_case(name, by_layer) != 0) {
-        return line_types_.pattern(name, scale);
+    if (fields_.has(6)) {
+        const std::wstring name = fields_.text(6);
+        if (base::compare_ignoring_case(name, by_block) == 0) {
+            return LinePattern::of_block;
+        }
+        if (base::compare_ignoring_case(name, by_layer) != 0) {
+            return line_types_.pattern(name, scale);
+        }
     }
     return layers_.is_zero(layer) ? LinePattern::of_block_layer
                                   : line_types_.pattern(layers_.of(layer).line_type, scale);

@@ -37,6 +37,9 @@ Transform3 Transform3::scaling(const Vec3& factors) {
 
 Transform3 Transform3::extrusion(const Vec3& direction) {
     Transform3 result;
+    if (direction.x == 0 && direction.y == 0 && direction.z > 0) {
+        return result;  // upright, as nearly everything is
+    }
     const double length = direction.length();
     if (!(length > 0) || !std::isfinite(length)) {
         return result;
@@ -53,9 +56,13 @@ Transform3 Transform3::extrusion(const Vec3& direction) {
 }
 
 Transform3 placement_of(const dxf::Insert& insert, const Vec3& base) {
-    return Transform3::extrusion(insert.extrusion) * Transform3::translation(insert.position) *
-           Transform3::rotation(insert.rotation) * Transform3::scaling(insert.scale) *
-           Transform3::translation(base * -1);
+    const Vec2 along = insert.rotation == 0 ? Vec2{1, 0} : direction(insert.rotation);
+    Transform3 placed;
+    placed.x = {along.x * insert.scale.x, along.y * insert.scale.x, 0};
+    placed.y = {-along.y * insert.scale.y, along.x * insert.scale.y, 0};
+    placed.z = {0, 0, insert.scale.z};
+    placed.origin = insert.position + placed.vector(base * -1);
+    return insert.extrusion == Vec3{0, 0, 1} ? placed : Transform3::extrusion(insert.extrusion) * placed;
 }
 
 Transform3 object_coordinates(const dxf::RecordFields& entity) {
