@@ -4,8 +4,8 @@
 #include <utility>
 
 #include "platform/host/dxf/drawing.h"
+#include "platform/host/dxf/index_builder.h"
 #include "platform/host/dxf/new_handles.h"
-#include "platform/host/dxf/record_reader.h"
 
 namespace dxf {
 

@@ -325,4 +325,14 @@ std::optional<Error> build_index(std::string_view bytes, DrawingIndex& index) {
     return builder.read_drawing() ? std::nullopt : builder.error();
 }
 
+std::optional<Record> read_record(std::string_view bytes, DrawingIndex& index) {
+    RecordReader reader(bytes, index, 0);
+    Record record;
+    const bool at_type = reader.advance() && !reader.at_end() && reader.ahead().code == 0;
+    if (!at_type || !reader.take(record) || !reader.at_end()) {
+        return std::nullopt;
+    }
+    return record;
+}
+
 }  // namespace dxf

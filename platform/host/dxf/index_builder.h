@@ -47,4 +47,8 @@ class IndexBuilder {
 /// One pass over a whole drawing. On failure the error says where and why (its file is left empty).
 std::optional<Error> build_index(std::string_view bytes, DrawingIndex& index);
 
+/// The record that stands alone in `bytes` (with its sub-records), its names interned in `index`; nothing when the
+/// bytes are not exactly one record. Its place is left to the caller.
+std::optional<Record> read_record(std::string_view bytes, DrawingIndex& index);
+
 }  // namespace dxf

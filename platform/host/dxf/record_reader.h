@@ -61,8 +61,4 @@ class RecordReader {
     NameId last_layer_id_ = no_name;
 };
 
-/// The record that stands alone in `bytes` (with its sub-records), its names interned in `index`; nothing when the
-/// bytes are not exactly one record. Its place is left to the caller.
-std::optional<Record> read_record(std::string_view bytes, DrawingIndex& index);
-
 }  // namespace dxf
