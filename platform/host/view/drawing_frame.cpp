@@ -20,19 +20,14 @@ FrameBitmap::FrameBitmap(int width, int height)
 }
 
 FrameBitmap::~FrameBitmap() {
-    take_bitmap();
+    if (bitmap_) {
+        SelectObject(context_.get(), previous_);
+    }
 }
 
 Raster FrameBitmap::raster() const {
     GdiFlush();
     return Raster(pixels_, width_, height_);
-}
-
-GdiObject FrameBitmap::take_bitmap() {
-    if (bitmap_) {
-        SelectObject(context_.get(), previous_);
-    }
-    return std::move(bitmap_);
 }
 
 DrawingFrame::DrawingFrame(size_t most_texts) : list_(std::make_shared<DisplayList>()), most_texts_(most_texts) {}

@@ -31,8 +31,6 @@ class FrameBitmap {
     HDC context() const { return context_.get(); }
     /// For drawing into the pixels directly; what GDI has to draw is drawn before.
     Raster raster() const;
-    /// Gives the bitmap away, selected nowhere; nothing can be drawn afterwards.
-    GdiObject take_bitmap();
 
   private:
     int width_;

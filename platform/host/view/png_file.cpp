@@ -1,73 +1,70 @@
 #include "platform/host/view/png_file.h"
 
-#include <memory>
-#include <system_error>
+#include <zlib.h>
 
-#include "base/loaded_library.h"
+#include <string>
+
+#include "base/code_page.h"
+#include "base/replace_file.h"
 #include "platform/host/view/drawing_frame.h"
 
 namespace host {
 namespace {
 
-/// GDI+ through its flat functions, loaded when the first picture is asked for: most runs take none.
-class PictureLibrary {
-  public:
-    PictureLibrary() : library_(base::LoadedLibrary::load(L"gdiplus.dll")) {
-        if (library_) {
-            struct StartupInput {
-                UINT32 version = 1;
-                void* debug_callback = nullptr;
-                BOOL no_background_thread = FALSE;
-                BOOL no_external_codecs = FALSE;
-            } input;
-            auto* startup = library_.function<int WINAPI(ULONG_PTR*, const StartupInput*, void*)>("GdiplusStartup");
-            started_ = startup != nullptr && startup(&token_, &input, nullptr) == 0;
-        }
+std::string big_endian(uint32_t number) {
+    std::string bytes;
+    for (int shift = 24; shift >= 0; shift -= 8) {
+        bytes += static_cast<char>(number >> shift & 0xFF);
     }
-    ~PictureLibrary() {
-        if (started_) {
-            library_.function<void WINAPI(ULONG_PTR)>("GdiplusShutdown")(token_);
-        }
-    }
-    PictureLibrary(const PictureLibrary&) = delete;
-    PictureLibrary& operator=(const PictureLibrary&) = delete;
+    return bytes;
+}
 
-    bool save_png(HBITMAP bitmap, const wchar_t* path) const {
-        if (!started_) {
-            return false;
-        }
-        constexpr CLSID png = {0x557CF406, 0x1A04, 0x11D3, {0x9A, 0x73, 0x00, 0x00, 0xF8, 0x1E, 0xF3, 0x2E}};
-        auto* from_bitmap = library_.function<int WINAPI(HBITMAP, HPALETTE, void**)>("GdipCreateBitmapFromHBITMAP");
-        auto* save =
-            library_.function<int WINAPI(void*, const wchar_t*, const CLSID*, const void*)>("GdipSaveImageToFile");
-        auto* dispose = library_.function<int WINAPI(void*)>("GdipDisposeImage");
-        void* image = nullptr;
-        if (from_bitmap(bitmap, nullptr, &image) != 0) {
-            return false;
-        }
-        const std::unique_ptr<void, decltype(dispose)> owner(image, dispose);
-        return save(image, path, &png, nullptr) == 0;
-    }
+/// A chunk of a PNG file: its length, type, data and check sum.
+std::string chunk(const std::string& type, const std::string& data) {
+    const std::string summed = type + data;
+    const uLong sum = crc32(0, reinterpret_cast<const Bytef*>(summed.data()), static_cast<uInt>(summed.size()));
+    return big_endian(static_cast<uint32_t>(data.size())) + summed + big_endian(static_cast<uint32_t>(sum));
+}
 
-  private:
-    base::LoadedLibrary library_;
-    ULONG_PTR token_ = 0;
-    bool started_ = false;
-};
-
-base::Outcome<> save_png(FrameBitmap& picture, const std::filesystem::path& path) {
-    const GdiObject bitmap = picture.take_bitmap();
-    std::filesystem::path unfinished = path;
-    unfinished += L".part";
-    std::error_code ignored;
-    if (!PictureLibrary().save_png(static_cast<HBITMAP>(bitmap.get()), unfinished.c_str())) {
-        std::filesystem::remove(unfinished, ignored);
-        return base::Failure{L"the picture " + path.wstring() + L" could not be written"};
+/// The pixels row by row, each row behind its filter type; compressed quickly, for lines on a plain ground grow hardly
+/// smaller by more effort. Empty without memory.
+std::string compressed_rows(const Raster& pixels) {
+    constexpr int quickly = 1;
+    std::string rows;
+    rows.reserve(static_cast<size_t>(pixels.height()) * (static_cast<size_t>(pixels.width()) * 3 + 1));
+    for (int y = 0; y < pixels.height(); ++y) {
+        rows += '\0';  // no filter
+        for (int x = 0; x < pixels.width(); ++x) {
+            const uint32_t colour = pixels.at(x, y);
+            rows += {static_cast<char>(colour >> 16), static_cast<char>(colour >> 8), static_cast<char>(colour)};
+        }
     }
-    if (MoveFileExW(unfinished.c_str(), path.c_str(), MOVEFILE_REPLACE_EXISTING) == 0) {
-        const std::wstring reason = base::system_message(GetLastError());
-        std::filesystem::remove(unfinished, ignored);
-        return base::Failure{L"the picture " + path.wstring() + L" could not be written: " + reason};
+    uLongf size = compressBound(static_cast<uLong>(rows.size()));
+    std::string data(size, '\0');
+    const int done = compress2(reinterpret_cast<Bytef*>(data.data()), &size,
+                               reinterpret_cast<const Bytef*>(rows.data()), static_cast<uLong>(rows.size()), quickly);
+    data.resize(done == Z_OK ? size : 0);
+    return data;
+}
+
+base::Outcome<> save_png(const FrameBitmap& picture, const std::filesystem::path& path) {
+    const base::Failure no_memory{L"there is not enough memory for the picture " + path.wstring()};
+    if (!picture) {
+        return no_memory;
+    }
+    const std::string data = compressed_rows(picture.raster());
+    if (data.empty()) {
+        return no_memory;
+    }
+    const std::string eight_bits_of_three_colours("\x08\x02\0\0\0", 5);
+    const base::WriteStatus written = base::replace_file(
+        path, "\x89PNG\r\n\x1A\n" +
+                  chunk("IHDR", big_endian(static_cast<uint32_t>(picture.width())) +
+                                    big_endian(static_cast<uint32_t>(picture.height())) + eight_bits_of_three_colours) +
+                  chunk("IDAT", data) + chunk("IEND", {}));
+    if (!written) {
+        return base::Failure{L"the picture " + path.wstring() + L" could not be written: " +
+                             base::wide_from_utf8(written.reason())};
     }
     return {};
 }
@@ -98,7 +95,7 @@ base::Outcome<> save_drawing_png(std::shared_ptr<const DisplayList> list, const 
     ViewTransform view(1600, 1200);
     view.show(frame.list().extents(), margin);
     frame.set_view(view);
-    FrameBitmap* const picture = frame.picture();
+    const FrameBitmap* const picture = frame.picture();
     if (picture == nullptr) {
         return base::Failure{L"there is not enough memory for the picture " + path.wstring()};
     }
