@@ -103,7 +103,7 @@ TEST(ListPainter, DashesWhatIsHighlighted) {
         "################\n"
         "................\n"
         "####....####....\n",
-        painting.paint({}, {painting.entity(1)}));
+        painting.paint({}, EntitySet({painting.entity(1)})));
 }
 
 TEST(ListPainter, DashesByTheLineTypeWhereItCanBeSeen) {

@@ -167,7 +167,9 @@ void DatabaseStore::load(AcDbObject& object) {
         record = drawing_->blocks()[blocks_.block(at.number)].head;
     }
     if (record != dxf::no_record) {
-        ObjectGate::read(object, dxf::RecordFields(drawing_->view(record)));
+        static dxf::RecordFields fields;  // its memory serves all objects: none opens another while it is read
+        fields.read(drawing_->view(record));
+        ObjectGate::read(object, fields);
     }
 }
 

@@ -62,9 +62,9 @@ std::vector<Placed> places_on_curve(uint32_t count, const BoxTree::BoxOf& box_of
     return placed;
 }
 
-/// By place, in three passes over 11 bits each: a tenth of the time that comparing them takes.
+/// By place, a byte in each pass: a tenth of the time that comparing them takes.
 void sort_by_place(std::vector<Placed>& placed) {
-    constexpr int bits = 11;
+    constexpr int bits = 8;
     constexpr uint32_t mask = (1U << bits) - 1;
     std::vector<Placed> sorted(placed.size());
     for (int shift = 0; shift < 32; shift += bits) {

@@ -232,7 +232,7 @@ void DrawingPane::set_background(uint32_t colour) {
 }
 
 void DrawingPane::show_selected(const std::vector<dxf::RecordId>& entities) {
-    frame_.set_highlighted({entities.begin(), entities.end()});
+    frame_.set_highlighted(EntitySet(entities));
     invalidate();
 }
 

@@ -65,7 +65,7 @@ void ListPainter::paint_picture(const Picture& picture, const Placing& placing) 
     const Box2 area = image(*to_picture, raster_.box());
     const auto paint = [&](const Primitive& primitive) {
         if (depth_ == 0) {
-            highlighting_ = !highlighted_->empty() && highlighted_->count(primitive.entity) != 0;
+            highlighting_ = highlighted_->has(primitive.entity);
         }
         if (placing.surroundings.shows(primitive)) {
             paint_primitive(picture, primitive, placing);

@@ -1,7 +1,7 @@
 // Paints a display list: lines and areas into pixels, texts as a list for whoever has fonts.
 #pragma once
 
-#include <unordered_set>
+#include <algorithm>
 #include <vector>
 
 #include "platform/host/view/display_list.h"
@@ -27,7 +27,24 @@ struct PaintColours {
     static bool is_dark(uint32_t colour);
 };
 
-using EntitySet = std::unordered_set<dxf::RecordId>;
+/// Records of a drawing: a bit each, since all may be selected.
+class EntitySet {
+  public:
+    EntitySet() = default;
+    explicit EntitySet(const std::vector<dxf::RecordId>& entities) {
+        for (const dxf::RecordId id : entities) {
+            if (id >= has_.size()) {
+                has_.resize(std::max<size_t>(id + size_t{1}, 2 * has_.size()));
+            }
+            has_[id] = true;
+        }
+    }
+    bool empty() const { return has_.empty(); }
+    bool has(dxf::RecordId id) const { return id < has_.size() && has_[id]; }
+
+  private:
+    std::vector<bool> has_;
+};
 
 class ListPainter {
   public:
