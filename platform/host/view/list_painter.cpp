@@ -71,7 +71,7 @@ void ListPainter::paint_picture(const Picture& picture, const Placing& placing) 
             paint_primitive(picture, primitive, placing);
         }
     };
-    if (picture.tree.empty()) {
+    if (!picture.many()) {
         for (const Primitive& primitive : picture.primitives) {
             if (primitive.box.intersects(area)) {
                 paint(primitive);

@@ -3,7 +3,6 @@
 namespace host {
 
 void Picture::finish() {
-    constexpr size_t few = 64;
     box = Box2();
     reach = Box2();
     for (const Primitive& primitive : primitives) {
@@ -12,10 +11,7 @@ void Picture::finish() {
             box.add(primitive.box);
         }
     }
-    tree = BoxTree();
-    if (primitives.size() > few) {
-        tree = BoxTree(primitives.size(), [this](uint32_t number) -> const Box2& { return primitives[number].box; });
-    }
+    tree_ = BoxTree();
 }
 
 }  // namespace host

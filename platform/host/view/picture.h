@@ -62,21 +62,25 @@ struct Picture {
     std::vector<TextItem> texts;
     std::vector<Instance> instances;
     std::vector<Repeats> repeats;
-    Box2 box;      ///< around all primitives that are not endless
-    Box2 reach;    ///< around all primitives
-    BoxTree tree;  ///< over the primitives; empty where they are few
+    Box2 box;    ///< around all primitives that are not endless
+    Box2 reach;  ///< around all primitives
 
+    /// Not all of them are looked at for each visit.
+    bool many() const { return primitives.size() > 64; }
     /// Nothing in it says how large it is.
     bool endless() const { return box.empty() && !reach.empty(); }
-    /// Computes the boxes and `tree` once all primitives are there.
+    /// Computes the boxes once all primitives are there.
     void finish();
 
     /// Calls visit(number) for primitives that touch `area`, in no order. See BoxTree::visit.
     template <typename Visit>
     void visit(const Box2& area, double detail, Visit visit) const {
-        if (!tree.empty()) {
+        if (many()) {
             const auto box_of = [this](uint32_t number) -> const Box2& { return primitives[number].box; };
-            tree.visit(area, detail, box_of, visit);
+            if (tree_.empty()) {
+                tree_ = BoxTree(primitives.size(), box_of);
+            }
+            tree_.visit(area, detail, box_of, visit);
             return;
         }
         for (uint32_t number = 0; number < primitives.size(); ++number) {
@@ -85,6 +89,9 @@ struct Picture {
             }
         }
     }
+
+  private:
+    mutable BoxTree tree_;  ///< over many primitives, made when they are first visited: extents alone need none
 };
 
 }  // namespace host
