@@ -94,7 +94,7 @@ bool is_denial(std::error_code error) {
     return error == std::errc::permission_denied || error == std::errc::operation_not_permitted;
 }
 
-/// Who writes in place waits for the one before him.
+/// A writer in place waits for the one before it.
 bool lock_patiently(ReplacementFile& file) {
     constexpr std::chrono::milliseconds pause(10);
     constexpr int tries = 1000;

@@ -1,4 +1,4 @@
-// What became of a write.
+// The outcome of a write.
 #pragma once
 
 #include <string>

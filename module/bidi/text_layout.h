@@ -55,7 +55,7 @@ struct TextLayout {
 std::optional<TextLayout> lay_out_text(std::wstring_view text, const TextPositions& positions, const LayoutRect& rect,
                                        int line_height, unsigned alignment, bool left_to_right);
 
-/// What of a model's text shows, in what size.
+/// The part of a text that an editor shows, and the size of its characters.
 struct TextView {
     LayoutRect client;
     int line_height = 1;

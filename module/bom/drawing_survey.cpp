@@ -183,17 +183,16 @@ void DrawingSurvey::add(const AcDbBlockReference& reference) {
     const AcDbObjectId block = reference.blockTableRecord();
     const auto [place, is_new] = places_.emplace(block.asOldId(), blocks_.size());
     if (is_new) {
-        blocks_.push_back({block, {}});
+        blocks_.push_back({block, reference.objectId(), {}});
     }
-    blocks_[place->second].references.push_back({place_of(reference), reference.objectId()});
+    blocks_[place->second].references.push_back({place_of(reference), handle_of(reference.objectId())});
     if (const auto* const array = AcDbMInsertBlock::cast(&reference)) {
         survey_.arrays.push_back({block_name(block), handle_of(reference.objectId()), array->columns(), array->rows()});
     }
 }
 
 std::wstring DrawingSurvey::name_of(const Block& block) const {
-    const auto true_name =
-        true_names_ ? dynamic_block_name(block.record, block.references.front().id) : std::optional<std::wstring>();
+    const auto true_name = true_names_ ? dynamic_block_name(block.record, block.first) : std::optional<std::wstring>();
     return true_name ? *true_name : block_name(block.record);
 }
 
@@ -204,10 +203,9 @@ BillSurvey DrawingSurvey::finish(bool true_names) {
         BlockReferences references{name, {}};
         references.handles.reserve(block.references.size());
         for (const Reference& reference : block.references) {
-            references.handles.push_back(handle_of(reference.id));
+            references.handles.push_back(reference.handle);
         }
-        if (const auto true_name =
-                true_names ? std::nullopt : dynamic_block_name(block.record, block.references.front().id)) {
+        if (const auto true_name = true_names ? std::nullopt : dynamic_block_name(block.record, block.first)) {
             survey_.dynamic.push_back({references, *true_name});
         }
         survey_.counted.push_back(std::move(references));
@@ -239,7 +237,7 @@ void DrawingSurvey::find_stacked(Block& block, const std::wstring& name) {
     BlockReferences stacked{name, {}};
     for (std::size_t i = 1; i < block.references.size(); ++i) {
         if (block.references[i].place == block.references[i - 1].place) {
-            stacked.handles.push_back(handle_of(block.references[i].id));
+            stacked.handles.push_back(block.references[i].handle);
         }
     }
     std::sort(stacked.handles.begin(), stacked.handles.end());

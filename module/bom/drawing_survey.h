@@ -23,10 +23,11 @@ class DrawingSurvey {
   private:
     struct Reference {
         std::uint64_t place;  ///< the same for two that stand at one place, with one scale and rotation
-        AcDbObjectId id;
+        std::uint64_t handle;
     };
     struct Block {
         AcDbObjectId record;
+        AcDbObjectId first;  ///< of the references
         std::vector<Reference> references;
     };
 

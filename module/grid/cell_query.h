@@ -1,4 +1,4 @@
-// A question that any program may ask a grid window: where is this cell on the screen?
+// The message by which any program asks a grid window where one of its cells stands on the screen.
 #pragma once
 
 #include <windows.h>

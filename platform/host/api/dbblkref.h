@@ -48,6 +48,8 @@ class AcDbBlockReference : public AcDbEntity {
     void write_fields(dxf::FieldWriter& to) const override;
     void flush() override;
     dxf::Insert& placement() const;
+    /// The same without loading the other fields, for reading at once: until another one is asked.
+    const dxf::Insert& placed() const;
 
   private:
     friend class AcDbAttribute;

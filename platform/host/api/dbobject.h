@@ -52,6 +52,7 @@ class AcDbObject : public AcRxObject {
             load_fields();
         }
     }
+    bool has_fields() const { return loaded_; }
     /// A field of this object, taken from the drawing first where that is due.
     template <class Field>
     const Field& loaded(const Field& field) const {

@@ -52,13 +52,17 @@ dxf::Insert& AcDbBlockReference::placement() const {
     return *placement_;
 }
 
+const dxf::Insert& AcDbBlockReference::placed() const {
+    return has_fields() ? placement() : store()->placement_in(host::address_of(objectId()).number);
+}
+
 AcGePoint3d AcDbBlockReference::position() const {
-    const dxf::Insert& insert = loaded(placement());
+    const dxf::Insert& insert = placed();
     return host::point_of(host::Transform3::extrusion(insert.extrusion)(insert.position));
 }
 
 AcGeScale3d AcDbBlockReference::scaleFactors() const {
-    const dxf::Vec3& scale = loaded(placement().scale);
+    const dxf::Vec3& scale = placed().scale;
     return {scale.x, scale.y, scale.z};
 }
 
@@ -68,7 +72,7 @@ Acad::ErrorStatus AcDbBlockReference::setScaleFactors(const AcGeScale3d& scale) 
 }
 
 double AcDbBlockReference::rotation() const {
-    return loaded(placement().rotation);
+    return placed().rotation;
 }
 
 Acad::ErrorStatus AcDbBlockReference::setRotation(double angle) {
@@ -154,9 +158,9 @@ void AcDbBlockReference::write_fields(dxf::FieldWriter& to) const {
 }
 
 Adesk::UInt16 AcDbMInsertBlock::columns() const {
-    return copies_in_line(loaded(placement().columns));
+    return copies_in_line(placed().columns);
 }
 
 Adesk::UInt16 AcDbMInsertBlock::rows() const {
-    return copies_in_line(loaded(placement().rows));
+    return copies_in_line(placed().rows);
 }

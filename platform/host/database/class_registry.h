@@ -1,4 +1,4 @@
-// Which class a record opens as.
+// The class that a record of each type opens as.
 #pragma once
 
 #include <string_view>

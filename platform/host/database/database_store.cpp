@@ -14,7 +14,7 @@ constexpr unsigned most_readers = 256;
 constexpr const char* table_names[] = {"BLOCK_RECORD", "LAYER", "STYLE"};
 constexpr const wchar_t* implied_names[] = {L"0", L"Standard"};
 
-/// Opening what is open already: by whom else may it be opened?
+/// Opens an object once more that is open already: any number of readers, or one writer.
 Acad::ErrorStatus join(AcDbObject& open, const AcRxClass* wanted, AcDb::OpenMode mode) {
     if (ObjectGate::writing(open)) {
         return Acad::eWasOpenForWrite;
@@ -167,10 +167,19 @@ void DatabaseStore::load(AcDbObject& object) {
         record = drawing_->blocks()[blocks_.block(at.number)].head;
     }
     if (record != dxf::no_record) {
-        static dxf::RecordFields fields;  // its memory serves all objects: none opens another while it is read
-        fields.read(drawing_->view(record));
-        ObjectGate::read(object, fields);
+        fields_.read(drawing_->view(record));
+        ObjectGate::read(object, fields_);
     }
+}
+
+const dxf::Insert& DatabaseStore::placement_in(dxf::RecordId record) const {
+    if (placement_record_ != record || placement_edits_ != drawing_->edits_made()) {
+        fields_.read(drawing_->view(record));
+        dxf::read(fields_, placement_);
+        placement_record_ = record;
+        placement_edits_ = drawing_->edits_made();
+    }
+    return placement_;
 }
 
 const dxf::Table* DatabaseStore::table(TableKind kind) const {

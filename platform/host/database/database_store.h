@@ -17,6 +17,7 @@
 #include "platform/host/database/open_objects.h"
 #include "platform/host/database/selection_set.h"
 #include "platform/host/dxf/drawing.h"
+#include "platform/host/dxf/entities.h"
 #include "platform/host/dxf/field_writer.h"
 
 namespace host {
@@ -84,6 +85,8 @@ class DatabaseStore {
     void forget(ObjectAddress at) { open_.remove(at); }
     /// Fills an instance from its record.
     void load(AcDbObject& object);
+    /// What the INSERT of this record says of its place. Stays until it is asked for another one.
+    const dxf::Insert& placement_in(dxf::RecordId record) const;
 
     // Changes.
     Acad::ErrorStatus add_entity(BlockNumber block, AcDbEntity& entity);
@@ -132,6 +135,11 @@ class DatabaseStore {
     mutable std::vector<uint64_t> block_handles_;    ///< by BlockNumber; empty: not read yet
     mutable std::unordered_map<uint64_t, AcDbObjectId> by_handle_;
     mutable bool handles_indexed_ = false;
+    mutable dxf::RecordFields fields_;  ///< of the record that was read last; no object opens another while it is read
+    mutable dxf::Insert placement_;
+    mutable dxf::RecordId placement_record_ =
+        dxf::no_record;  ///< whose placement_ it is, as it was after so many edits
+    mutable uint64_t placement_edits_ = 0;
     std::unordered_map<dxf::RecordId, BlockNumber> added_to_;  ///< for the entities added since the drawing was opened
 };
 

@@ -134,7 +134,7 @@ void MainWindow::run_messages(const PointerGuide& guide, const std::function<boo
     }
 }
 
-/// Who has clicked into the history goes on typing in the line all the same.
+/// A person who has clicked into the history still types into the line.
 void MainWindow::redirect_typing(MSG& message) const {
     constexpr WPARAM first_printable = 0x20;
     const bool ends = message.message == WM_KEYDOWN && (message.wParam == VK_RETURN || message.wParam == VK_ESCAPE);

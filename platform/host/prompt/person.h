@@ -72,7 +72,7 @@ class Person {
     virtual bool is_script() const { return false; }
 };
 
-/// Who sits there now. During acedCommand this is its argument list.
+/// The one that is seated now. During acedCommand this is its argument list.
 Person& person();
 
 /// True for a success; a failure is reported to who sits there.

@@ -300,7 +300,7 @@ void DrawingPane::press(POINT at, bool with_shift) {
     tell(PaneEvent::Kind::pick, at, with_shift);
 }
 
-/// Who has pressed the button at one corner of a selection and lets it go at another place means that as the other.
+/// A button that goes down at one corner of a selection and up at another place picks both corners.
 void DrawingPane::let_go(POINT at, bool with_shift) {
     const std::optional<POINT> from = std::exchange(pressed_at_, std::nullopt);
     if (!panned_from_) {

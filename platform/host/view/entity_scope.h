@@ -1,4 +1,4 @@
-// What drawing one entity needs to know.
+// Everything that drawing one entity needs: its groups, its space, the styles, and the picture that it goes into.
 #pragma once
 
 #include "platform/host/view/picture_builder.h"
