@@ -94,7 +94,8 @@ DisplayList DisplayListBuilder::build(DisplayList::Space space) {
         references += stands_here(id) && drawing_.record(id).type == dxf::type_insert ? 1 : 0;
     }
     const auto room = static_cast<size_t>(budget_.bytes_left() / 4 / sizeof(Primitive));
-    out.reserve(std::min(entities, room), std::min(references, room));
+    const size_t parts = entities / 16 + 256;  // of entities that have several, as references with attributes
+    out.reserve(std::min(entities + parts, room), std::min(references, room));
     for (const dxf::RecordId id : drawing_.entities()) {
         if (stands_here(id)) {
             draw_record(id, target);

@@ -147,6 +147,7 @@ void DrawingPane::resize(int width, int height) {
 
 void DrawingPane::drawing_opened() {
     shown_ = PaneContent();
+    measured_ = PaneContent();
     fit_ = true;
     vectors_.clear();
     frame_.set_highlighted({});
@@ -190,6 +191,19 @@ void DrawingPane::refresh_list() {
 const DisplayList& DrawingPane::list() {
     refresh_list();
     return frame_.list();
+}
+
+Box2 DrawingPane::extents() {
+    const PaneContent content = content_();
+    if (content == shown_) {
+        return frame_.list().extents();
+    }
+    if (!(content == measured_)) {
+        measured_ = content;
+        measured_extents_ =
+            content.drawing == nullptr ? Box2() : DisplayList::shared(*content.drawing, content.space)->extents();
+    }
+    return measured_extents_;
 }
 
 void DrawingPane::set_view(const ViewTransform& view) {
