@@ -223,7 +223,8 @@ WriteStatus FileReplacement::keep_for_rescue(std::error_code error) {
     if (temporary_) {
         const auto rescue = random_name_beside(target_, ".rescued");
         const auto& name = temporary_->rename(rescue) ? temporary_->path() : rescue;
-        status.reason += "; the whole new contents are in " + name.filename().u8string();
+        const std::u8string shown = name.filename().u8string();
+        status.reason += "; the whole new contents are in " + std::string(shown.begin(), shown.end());
         temporary_.reset();
     }
     return status;

@@ -103,7 +103,7 @@ int main(int argc, char** argv) {
     best.fill(1e9);
     for (int round = 0; round < rounds; ++round) {
         Times times;
-        if (!run(std::filesystem::u8path(argv[1]), times)) {
+        if (!run(std::filesystem::path(argv[1]), times)) {
             return 1;
         }
         std::transform(times.begin(), times.end(), best.begin(), best.begin(),

@@ -32,7 +32,7 @@ double seconds_since(Clock::time_point start) {
 /// Opens the drawing and counts per block, as a report does.
 void open_and_count(const char* path, Round& round) {
     const auto start = Clock::now();
-    const auto opened = dxf::Drawing::open(std::filesystem::u8path(path));
+    const auto opened = dxf::Drawing::open(std::filesystem::path(path));
     if (!opened) {
         round.error = opened.error.message();
         return;
@@ -54,7 +54,7 @@ void open_and_count(const char* path, Round& round) {
 /// The floor: reading the file and looking at each byte once.
 void count_lines(const char* path, Round& round) {
     const auto start = Clock::now();
-    const auto contents = base::FileContents::read(std::filesystem::u8path(path));
+    const auto contents = base::FileContents::read(std::filesystem::path(path));
     if (!contents) {
         round.error = contents.reason();
         return;

@@ -1,7 +1,7 @@
 # How a room declares what it builds. Every target gets the house's warnings; test programs are one per room.
 
 add_library(corvanes_options INTERFACE)
-target_compile_features(corvanes_options INTERFACE cxx_std_17)
+target_compile_features(corvanes_options INTERFACE cxx_std_20)
 target_include_directories(corvanes_options INTERFACE ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/module)
 target_compile_options(corvanes_options INTERFACE
     -Wall -Wextra -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-align -Werror)
@@ -35,7 +35,7 @@ function(corvanes_precompiled name headers)
     if(CORVANES_PRECOMPILE)
         target_precompile_headers(${name} REUSE_FROM ${headers})
         # GCC takes precompiled system headers for the project's own, and warns of what it inlines from wchar.h.
-        target_compile_options(${name} PRIVATE -Wno-array-bounds -Wno-stringop-overread)
+        target_compile_options(${name} PRIVATE -Wno-array-bounds -Wno-stringop-overread -Wno-stringop-overflow)
     endif()
 endfunction()
 

@@ -4,7 +4,6 @@
 #include <array>
 #include <iterator>
 #include <string_view>
-#include <tuple>
 
 namespace corvanes {
 namespace {
@@ -221,16 +220,7 @@ void translate_character(unsigned key, const KeyModifiers& modifiers, KeyAction&
     }
 }
 
-auto members(const KeyAction& action) {
-    return std::tie(action.language, action.layout, action.direction, action.redraws_caret, action.deletes_selection,
-                    action.command, action.character, action.key);
-}
-
 }  // namespace
-
-bool operator==(const KeyAction& left, const KeyAction& right) {
-    return members(left) == members(right);
-}
 
 bool is_number_key(unsigned key) {
     constexpr unsigned signs[] = {key_delete,          key_slash,           key_grave,          key_minus,

@@ -30,11 +30,8 @@ struct KeyModifiers {
 struct InputLanguage {
     LanguageId current = hebrew_language;
     bool temporary_english = false;
+    bool operator==(const InputLanguage&) const = default;
 };
-
-inline bool operator==(const InputLanguage& left, const InputLanguage& right) {
-    return left.current == right.current && left.temporary_english == right.temporary_english;
-}
 
 enum class EditCommand {
     nothing,
@@ -79,9 +76,8 @@ struct KeyAction {
     wchar_t character = 0;
     /// The key to ask the system keyboard about, or to pass on.
     unsigned key = 0;
+    bool operator==(const KeyAction&) const = default;
 };
-
-bool operator==(const KeyAction& left, const KeyAction& right);
 
 /// Whether the key belongs to a number: typing it in Hebrew switches the editor to English until another key comes.
 bool is_number_key(unsigned key);

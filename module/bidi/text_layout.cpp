@@ -149,10 +149,6 @@ ScrollPlace scroll_to_caret(const TextModel& model, const TextView& view, const 
     return {static_cast<int>(first), std::clamp(view.first_visible_line, lowest_first, row)};
 }
 
-bool operator==(const VisibleText& left, const VisibleText& right) {
-    return left.text == right.text && left.selected == right.selected;
-}
-
 VisibleText visible_text(const TextModel& model, const TextView& view, TextRange selection) {
     VisibleText visible;
     if (view.first_visible_line >= model.line_count()) {

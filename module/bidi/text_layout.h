@@ -95,8 +95,8 @@ ScrollPlace scroll_to_caret(const TextModel& model, const TextView& view, const 
 struct VisibleText {
     std::wstring text;
     std::vector<bool> selected;
+    bool operator==(const VisibleText&) const = default;
 };
-bool operator==(const VisibleText& left, const VisibleText& right);
 VisibleText visible_text(const TextModel& model, const TextView& view, TextRange selection);
 
 /// The part of a view that shows some of its rows. Only for texts that are aligned to the top.

@@ -11,11 +11,8 @@ namespace corvanes {
 struct VisualCaret {
     size_t index = 0;
     size_t gap = 0;
+    bool operator==(const VisualCaret&) const = default;
 };
-
-inline bool operator==(const VisualCaret& left, const VisualCaret& right) {
-    return left.index == right.index && left.gap == right.gap;
-}
 
 /// The caret at a typed position: behind the character before it on its line, else before the one after it.
 VisualCaret caret_at_index(const TextModel& model, size_t index);

@@ -144,7 +144,7 @@ std::vector<std::wstring> block_names() {
 
 std::optional<std::wstring> dynamic_block_name(AcDbObjectId record, AcDbObjectId reference) {
     const std::wstring own = base::lower(block_name(record));
-    if (own.compare(0, 2, L"*u") != 0) {
+    if (!own.starts_with(L"*u")) {
         return std::nullopt;
     }
     const AcDbObjectId told = told_by_block(record);

@@ -8,11 +8,6 @@
 
 namespace corvanes {
 
-bool CellStyle::operator==(const CellStyle& other) const {
-    return std::tie(properties, options, data_type, type_index, label) ==
-           std::tie(other.properties, other.options, other.data_type, other.type_index, other.label);
-}
-
 std::size_t CellStyles::Hash::operator()(const CellStyle& style) const {
     std::size_t hash = std::hash<std::wstring>()(style.label);
     for (const std::uint32_t part :

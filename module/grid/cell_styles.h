@@ -15,7 +15,7 @@ struct CellStyle {
     std::uint16_t type_index = 0;
     std::wstring label;
 
-    bool operator==(const CellStyle& other) const;
+    bool operator==(const CellStyle&) const = default;
 };
 
 // Counts the cells that use each style and forgets a style with its last cell.

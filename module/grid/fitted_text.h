@@ -25,7 +25,7 @@ struct FittedLine {
     enum class Shown { whole, beginning, number_signs } shown;
     std::size_t length;  // characters of the line, or number signs
 
-    bool operator==(const FittedLine& other) const { return shown == other.shown && length == other.length; }
+    bool operator==(const FittedLine&) const = default;
 };
 
 // The text with its lines broken at blanks (a word by itself where it must be) so that none is wider than `width` as

@@ -4,10 +4,6 @@
 
 namespace corvanes {
 
-bool CellRange::operator==(const CellRange& other) const {
-    return left == other.left && top == other.top && right == other.right && bottom == other.bottom;
-}
-
 bool Selection::contains(int column, int row) const {
     return std::any_of(ranges_.begin(), ranges_.end(), [column, row](const CellRange& range) {
         return column >= range.left && column <= range.right && row >= range.top && row <= range.bottom;
@@ -60,13 +56,13 @@ void Selection::remove_row(int row) {
         range.bottom -= range.bottom >= row ? 1 : 0;
     }
     const auto gone = [](const CellRange& range) { return range.bottom < range.top; };
-    ranges_.erase(std::remove_if(ranges_.begin(), ranges_.end(), gone), ranges_.end());
+    std::erase_if(ranges_, gone);
     stretching_ = false;
 }
 
 void Selection::clip(int columns, int rows) {
     const auto outside = [columns, rows](const CellRange& range) { return range.left >= columns || range.top >= rows; };
-    ranges_.erase(std::remove_if(ranges_.begin(), ranges_.end(), outside), ranges_.end());
+    std::erase_if(ranges_, outside);
     for (CellRange& range : ranges_) {
         range.right = std::min(range.right, columns - 1);
         range.bottom = std::min(range.bottom, rows - 1);

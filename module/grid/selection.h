@@ -10,7 +10,7 @@ struct CellRange {
     int top;
     int right;
     int bottom;  // all four inclusive
-    bool operator==(const CellRange& other) const;
+    bool operator==(const CellRange&) const = default;
 };
 
 // A list of rectangles, the last of which can still be stretched from its anchor.

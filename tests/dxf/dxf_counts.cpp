@@ -40,7 +40,7 @@ Counts count_inserts(const dxf::Drawing& drawing) {
 
 int main(int count, char** arguments) {
     for (int i = 1; i < count; ++i) {
-        const auto opened = dxf::Drawing::open(std::filesystem::u8path(arguments[i]));
+        const auto opened = dxf::Drawing::open(std::filesystem::path(arguments[i]));
         if (!opened) {
             std::printf("%s\terror\t%s\n", arguments[i], opened.error.message().c_str());
             continue;

@@ -30,10 +30,7 @@ class AcDbObjectId {
         return *this;
     }
 
-    bool operator==(const AcDbObjectId& other) const { return id_ == other.id_; }
-    bool operator!=(const AcDbObjectId& other) const { return id_ != other.id_; }
-    bool operator<(const AcDbObjectId& other) const { return id_ < other.id_; }
-    bool operator>(const AcDbObjectId& other) const { return id_ > other.id_; }
+    auto operator<=>(const AcDbObjectId&) const = default;
 
     /// Null for an id of no open drawing.
     AcDbDatabase* database() const;

@@ -11,8 +11,7 @@ class AcGePoint3d {
     AcGePoint3d operator+(const AcGeVector3d& vector) const { return {x + vector.x, y + vector.y, z + vector.z}; }
     AcGePoint3d operator-(const AcGeVector3d& vector) const { return {x - vector.x, y - vector.y, z - vector.z}; }
     AcGeVector3d operator-(const AcGePoint3d& other) const { return {x - other.x, y - other.y, z - other.z}; }
-    bool operator==(const AcGePoint3d& other) const { return x == other.x && y == other.y && z == other.z; }
-    bool operator!=(const AcGePoint3d& other) const { return !(*this == other); }
+    bool operator==(const AcGePoint3d&) const = default;
     double& operator[](unsigned int axis) { return axis == 0 ? x : axis == 1 ? y : z; }
     double operator[](unsigned int axis) const { return axis == 0 ? x : axis == 1 ? y : z; }
     AcGePoint3d& set(double xx, double yy, double zz) { return *this = AcGePoint3d(xx, yy, zz); }

@@ -7,8 +7,7 @@ class AcGeScale3d {
     explicit AcGeScale3d(double factor) : sx(factor), sy(factor), sz(factor) {}
     AcGeScale3d(double xx, double yy, double zz) : sx(xx), sy(yy), sz(zz) {}
 
-    bool operator==(const AcGeScale3d& other) const { return sx == other.sx && sy == other.sy && sz == other.sz; }
-    bool operator!=(const AcGeScale3d& other) const { return !(*this == other); }
+    bool operator==(const AcGeScale3d&) const = default;
 
     double sx = 1.0;
     double sy = 1.0;

@@ -10,8 +10,7 @@ class AcGeVector3d {
     AcGeVector3d operator+(const AcGeVector3d& other) const { return {x + other.x, y + other.y, z + other.z}; }
     AcGeVector3d operator-(const AcGeVector3d& other) const { return {x - other.x, y - other.y, z - other.z}; }
     AcGeVector3d operator-() const { return {-x, -y, -z}; }
-    bool operator==(const AcGeVector3d& other) const { return x == other.x && y == other.y && z == other.z; }
-    bool operator!=(const AcGeVector3d& other) const { return !(*this == other); }
+    bool operator==(const AcGeVector3d&) const = default;
     AcGeVector3d& set(double xx, double yy, double zz) { return *this = AcGeVector3d(xx, yy, zz); }
     double length() const;
 

@@ -52,7 +52,7 @@ base::Result<Options> read_options(const std::vector<std::wstring>& arguments) {
             options.verbose = true;
         } else if (argument == L"--help") {
             options.help = true;
-        } else if (argument.substr(0, 2) == L"--") {
+        } else if (argument.starts_with(L"--")) {
             return base::Failure{L"unknown option " + argument};
         } else if (!options.drawing.empty()) {
             return base::Failure{L"more than one drawing: " + argument};

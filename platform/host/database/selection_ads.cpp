@@ -63,18 +63,14 @@ Mode read_mode(const ACHAR* text) {
     const std::wstring words = text == nullptr ? std::wstring() : base::lower(text);
     const size_t colon = std::min(words.find(L':'), words.size());
     mode.method = words.substr(0, colon);
-    mode.method.erase(std::remove_if(mode.method.begin(), mode.method.end(),
-                                     [](wchar_t letter) { return letter == L'_' || letter == L'+'; }),
-                      mode.method.end());
+    std::erase_if(mode.method, [](wchar_t letter) { return letter == L'_' || letter == L'+'; });
     mode.single = words.find(L":s") != std::wstring::npos;
     return mode;
 }
 
 std::vector<dxf::RecordId> accepted(std::vector<dxf::RecordId> found, const host::SelectionFilter& filter,
                                     const dxf::Drawing& drawing) {
-    found.erase(std::remove_if(found.begin(), found.end(),
-                               [&](dxf::RecordId record) { return !filter.accepts(drawing, record); }),
-                found.end());
+    std::erase_if(found, [&](dxf::RecordId record) { return !filter.accepts(drawing, record); });
     return found;
 }
 

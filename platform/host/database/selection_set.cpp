@@ -44,9 +44,7 @@ std::vector<dxf::RecordId> SelectionSet::remove(const std::vector<dxf::RecordId>
             removed.push_back(record);
         }
     }
-    records_.erase(
-        std::remove_if(records_.begin(), records_.end(), [&known](dxf::RecordId record) { return !known[record]; }),
-        records_.end());
+    std::erase_if(records_, [&known](dxf::RecordId record) { return !known[record]; });
     return removed;
 }
 

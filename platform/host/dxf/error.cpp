@@ -3,7 +3,8 @@
 namespace dxf {
 
 std::string Error::message() const {
-    std::string text = file.u8string();
+    const std::u8string name = file.u8string();
+    std::string text(name.begin(), name.end());
     if (place == Place::line) {
         text += ":" + std::to_string(position);
     } else if (place == Place::byte) {

@@ -27,7 +27,7 @@ class OwnGroups {
         if (group.code == embedded_object || group.code >= first_extended_code) {
             ended_ = true;
         } else if (group.code == control_string) {
-            in_list_ = group.word().substr(0, 1) == "{";
+            in_list_ = group.word().starts_with('{');
             return false;
         }
         return !ended_ && !in_list_;

@@ -22,7 +22,7 @@ class Place {
     bool added() const { return (value_ & added_bit) != 0; }
     /// The offset, or the piece's number.
     uint64_t number() const { return value_ & ~added_bit; }
-    bool operator==(Place other) const { return value_ == other.value_; }
+    bool operator==(const Place&) const = default;
 
     Place() = default;
 
@@ -90,7 +90,6 @@ class RecordRun {
             return *this;
         }
         bool operator==(const Iterator& other) const { return index_ == other.index_; }
-        bool operator!=(const Iterator& other) const { return index_ != other.index_; }
 
       private:
         const RecordRun* run_;

@@ -65,14 +65,14 @@ size_t take_escape(std::wstring_view text, std::wstring& out) {
         }
         return 0;
     }
-    if (text.substr(0, 3) == L"\\U+") {
+    if (text.starts_with(L"\\U+")) {
         if (const auto unit = hex4(text.substr(3))) {
             append_unit(out, *unit);
             return 7;
         }
         return 0;
     }
-    if (text.substr(0, 3) == L"\\M+" && text.size() >= 8 && text[3] >= L'1' && text[3] <= L'5') {
+    if (text.starts_with(L"\\M+") && text.size() >= 8 && text[3] >= L'1' && text[3] <= L'5') {
         if (const auto code = hex4(text.substr(4))) {
             const char bytes[] = {static_cast<char>(*code >> 8), static_cast<char>(*code & 0xFF)};
             const size_t lead = *code >> 8 == 0 ? 1 : 0;
@@ -187,7 +187,7 @@ unsigned code_page_number(std::string_view name) {
 }  // namespace
 
 TextCodec TextCodec::for_drawing(std::string_view version, std::string_view code_page_name) {
-    const bool utf8 = version.size() >= 6 && version.substr(0, 2) == "AC" && version >= "AC1021";
+    const bool utf8 = version.size() >= 6 && version.starts_with("AC") && version >= "AC1021";
     const unsigned named = code_page_number(code_page_name);
     return TextCodec(utf8 ? base::code_page_utf8 : named, named);
 }

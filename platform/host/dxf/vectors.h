@@ -14,7 +14,7 @@ struct Vec2 {
     Vec2 operator+(Vec2 other) const { return {x + other.x, y + other.y}; }
     Vec2 operator-(Vec2 other) const { return {x - other.x, y - other.y}; }
     Vec2 operator*(double factor) const { return {x * factor, y * factor}; }
-    bool operator==(Vec2 other) const { return x == other.x && y == other.y; }
+    bool operator==(const Vec2&) const = default;
     double length() const { return std::sqrt(x * x + y * y); }
     /// Turned by 90 degrees counter-clockwise.
     Vec2 left() const { return {-y, x}; }
@@ -28,7 +28,7 @@ struct Vec3 {
     Vec3 operator+(const Vec3& other) const { return {x + other.x, y + other.y, z + other.z}; }
     Vec3 operator-(const Vec3& other) const { return {x - other.x, y - other.y, z - other.z}; }
     Vec3 operator*(double factor) const { return {x * factor, y * factor, z * factor}; }
-    bool operator==(const Vec3& other) const { return x == other.x && y == other.y && z == other.z; }
+    bool operator==(const Vec3&) const = default;
     double length() const { return std::sqrt(x * x + y * y + z * z); }
     /// As seen from above.
     Vec2 plan() const { return {x, y}; }

@@ -74,16 +74,11 @@ const RegisteredCommand* CommandStack::with_global_name(std::wstring_view name) 
 size_t CommandStack::remove_commands_of(HMODULE library) {
     size_t removed = 0;
     for (CommandGroup& group : groups_) {
-        auto& commands = group.commands;
-        const auto kept = std::remove_if(commands.begin(), commands.end(), [&](const RegisteredCommand& command) {
+        removed += std::erase_if(group.commands, [&](const RegisteredCommand& command) {
             return is_function_of(library, command.function);
         });
-        removed += static_cast<size_t>(commands.end() - kept);
-        commands.erase(kept, commands.end());
     }
-    groups_.erase(
-        std::remove_if(groups_.begin(), groups_.end(), [](const auto& group) { return group.commands.empty(); }),
-        groups_.end());
+    std::erase_if(groups_, [](const auto& group) { return group.commands.empty(); });
     return removed;
 }
 

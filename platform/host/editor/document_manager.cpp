@@ -123,7 +123,7 @@ void DocumentManager::addReactor(AcApDocManagerReactor* reactor) {
 }
 
 void DocumentManager::removeReactor(AcApDocManagerReactor* reactor) {
-    reactors_.erase(std::remove(reactors_.begin(), reactors_.end(), reactor), reactors_.end());
+    std::erase(reactors_, reactor);
 }
 
 void DocumentManager::pushResourceHandle(HINSTANCE resources) {

@@ -122,7 +122,7 @@ void add_variable(dxf::Drawing& drawing, const Place& place, const VariableValue
     writer.text(9, L"$" + std::wstring(place.name));
     if (const Point* point = std::get_if<Point>(&value)) {
         writer.real(point_code, point->x).real(point_code + 10, point->y);
-        if (place.name.substr(0, 3) != L"LIM") {  // limits lie in the plane
+        if (!place.name.starts_with(L"LIM")) {  // limits lie in the plane
             writer.real(point_code + 20, point->z);
         }
         drawing.append_header_variable(writer.take());

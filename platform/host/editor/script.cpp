@@ -151,7 +151,7 @@ base::Result<Script, ScriptFault> read_script(std::string_view bytes, std::wstri
         if (!line.text.empty() && line.text.front() == L';') {
             continue;
         }
-        if (line.text.substr(0, 1) == L"@") {
+        if (line.text.starts_with(L'@')) {
             base::Result<DialogAction> action = parse_action(line.text);
             if (!action) {
                 return base::Failure{ScriptFault{number, action.reason()}};

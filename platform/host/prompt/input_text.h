@@ -12,14 +12,8 @@ struct Point {
     double x = 0;
     double y = 0;
     double z = 0;
+    bool operator==(const Point&) const = default;
 };
-
-inline bool operator==(const Point& left, const Point& right) {
-    return left.x == right.x && left.y == right.y && left.z == right.z;
-}
-inline bool operator!=(const Point& left, const Point& right) {
-    return !(left == right);
-}
 
 std::optional<int> parse_integer(std::wstring_view text);
 /// Finite numbers only.

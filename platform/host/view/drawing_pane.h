@@ -30,9 +30,7 @@ struct PaneContent {
     const dxf::Drawing* drawing = nullptr;
     uint64_t edits = 0;  ///< Drawing::edits_made()
     DisplayList::Space space = DisplayList::Space::model;
-    bool operator==(const PaneContent& other) const {
-        return drawing == other.drawing && edits == other.edits && space == other.space;
-    }
+    bool operator==(const PaneContent&) const = default;
 };
 
 /// The content is asked for when it is needed, so that a pane that is not seen costs

@@ -17,7 +17,7 @@ struct Ink {
     static constexpr Ink foreground() { return {mark_foreground}; }
     static constexpr Ink by_block() { return {mark_block}; }
     static constexpr Ink by_block_layer() { return {mark_block_layer}; }
-    constexpr bool operator==(Ink other) const { return value == other.value; }
+    constexpr bool operator==(const Ink&) const = default;
 };
 
 /// The colour of an index from 1 to 255 (7 is the foreground); others count as 7.

@@ -13,9 +13,7 @@ struct FontFace {
     std::wstring family;
     bool bold = false;
     bool italic = false;
-    bool operator==(const FontFace& other) const {
-        return family == other.family && bold == other.bold && italic == other.italic;
-    }
+    bool operator==(const FontFace&) const = default;
 };
 
 struct TextItem {
