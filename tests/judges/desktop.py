@@ -11,15 +11,12 @@ import tempfile
 import time
 import unittest
 
-ROOT = pathlib.Path(__file__).resolve().parents[2]
+from host import ROOT, windows_path
+
 PATIENCE = 60  # seconds, for anything that is to appear
 # The keys of a standard keyboard that carry characters which the Hebrew layout has on others: xdotool would find those
 # first, and type by changing layouts, which the program may see too late.
 OWN_KEYS = {",": 59, "'": 48, "/": 61, ";": 47}
-
-
-def windows_path(path):
-    return "Z:" + str(pathlib.Path(path).resolve()).replace("/", "\\")
 
 
 def xdotool(*words):

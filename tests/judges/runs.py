@@ -1,31 +1,22 @@
-#!/usr/bin/python3
-"""Attacks ./run: names and files that cannot be, drawings with nothing to report, runs that meet in one folder, that are
-interrupted or killed, folders that vanish. usage: check_run [--times N]. Needs the environment of tools/session."""
+"""Attacks on ./run: names and files that cannot be, drawings with nothing to report, runs that meet in one folder, that are
+interrupted or killed, folders that vanish. Every case returns how often it tried and how often everything was whole."""
 
-import argparse
 import csv
 import hashlib
 import io
 import json
 import os
-import pathlib
+import random
 import shutil
 import signal
 import subprocess
-import sys
-import tempfile
 import time
 
-sys.dont_write_bytecode = True
-ROOT = pathlib.Path(__file__).resolve().parents[2]
-sys.path.append(str(ROOT / "tools" / "pricing"))
-import ezdxf  # noqa: E402
-from attacks import table  # noqa: E402
-from ezdxf import bbox  # noqa: E402
-from host import fresh_session  # noqa: E402
+import ezdxf
+from ezdxf import bbox
 
-SAMPLE = ROOT / "samples" / "house_plan.dxf"
-PRICES = ROOT / "samples" / "house_prices.prc"
+from host import PRICES, ROOT, SAMPLE, fresh_session, kill_at_instants
+
 RESULTS = ["dialog.png", "drawing.dxf", "drawing.png", "report.csv", "report.json", "report.txt"]
 
 
@@ -44,8 +35,9 @@ def printed(folder):
     return (folder / "report.txt").read_bytes().decode("cp1255").replace("\r", "")
 
 
-def refused_files(folder, _times):
+def refused_files(bench):
     """One line with the reason, before any work: the output folder is not even made."""
+    folder = bench.new_folder("refused_files")
     for name in ('a"b', "a*b", "a?b", "a<b", "a>b", "a|b", "a\\b", "a\tb", "a\nb", "a:b", "b.", "b ", "con", "NUL.dxf", "lpt1"):
         shutil.copy(SAMPLE, folder / name)
     os.mkfifo(folder / "pipe")
@@ -68,8 +60,9 @@ def refused_files(folder, _times):
     return len(cases), survived
 
 
-def drawings_without_references(folder, _times):
+def drawings_without_references(bench):
     """What ./run says of drawings whose references cannot be selected, in every form of the file."""
+    folder = bench.new_folder("drawings_without_references")
     def drawing(place, count, version):
         made = ezdxf.new(version)
         block = made.blocks.new("B")
@@ -95,8 +88,9 @@ def drawings_without_references(folder, _times):
     return tried, survived
 
 
-def places_of_tables(folder, _times):
+def places_of_tables(bench):
     """The table stands beside what is drawn, wherever the header says that the drawing lies, and is half as wide."""
+    folder = bench.new_folder("places_of_tables")
     text = SAMPLE.read_bytes()
     lies = {"far": text.replace(b"16400.0", b"2e9", 1), "inside": text.replace(b"16400.0", b"9.5", 1), "true": text}
     corners = set()
@@ -112,8 +106,9 @@ def places_of_tables(folder, _times):
     return len(lies), len(lies) if len(corners) == 1 and corners.pop()[::2] == (True, 0.5) else 0
 
 
-def unreadable_files(folder, _times):
+def unreadable_files(bench):
     """Files that the host refuses, and a list that is none."""
+    folder = bench.new_folder("unreadable_files")
     (folder / "bad.dxf").write_bytes(b"no drawing")
     cases = [([folder / "bad.dxf"], 3, "bad.dxf:1: a group code was expected"), ([SAMPLE, SAMPLE], 4, "is not a price list: it is a drawing"),
              ([SAMPLE, PRICES.with_name("house_plan_r12_binary.dxf")], 4, "is not a price list")]
@@ -124,8 +119,9 @@ def unreadable_files(folder, _times):
     return len(cases), survived
 
 
-def forms(folder, _times):
+def forms(bench):
     """The bill as text, CSV and JSON says the same; notes and exit status follow the options."""
+    folder = bench.new_folder("forms")
     out = folder / "out"
     (folder / "list.prc").write_text("DOOR_90|640|=1+1\r\nfridge|5,5|say \"x\", y\r\n", encoding="utf-8")
     text = run(SAMPLE, folder / "list.prc", "--out", out)
@@ -152,16 +148,17 @@ def forms(folder, _times):
     return len(checks), sum(checks)
 
 
-def two_runs_to_one_folder(folder, times):
+def two_runs_to_one_folder(bench):
     """Each prints its own bill, and the folder holds the results of one of them. The pictures of the dialogs are left out:
     on one display only one of the two is active, which colours the captions."""
+    folder = bench.new_folder("two_runs_to_one_folder")
     results = RESULTS[1:]
     wholes = {}
     for name, arguments in (("priced", [SAMPLE, PRICES]), ("bare", [SAMPLE])):
         assert run(*arguments, "--out", folder / name)[0] == 0
         wholes[name] = {result: (folder / name / result).read_bytes() for result in results}
     survived = 0
-    for _ in range(times):
+    for _ in range(bench.options.kills):
         runs = {name: start(*arguments, "--out", folder / "both") for name, arguments in (("priced", [SAMPLE, PRICES]), ("bare", [SAMPLE]))}
         outputs = {name: process.communicate() for name, process in runs.items()}
         own = all(outputs[name] == (printed(folder / name), "") for name in runs)
@@ -170,7 +167,7 @@ def two_runs_to_one_folder(folder, times):
         survived += good
         if not good:
             print(f"two runs: own={own} {[words for _, words in outputs.values()]} {sorted(os.listdir(folder / 'both'))}")
-    return times, survived
+    return bench.options.kills, survived
 
 
 def stopped(folder, times, number, session=()):
@@ -181,37 +178,42 @@ def stopped(folder, times, number, session=()):
     for arguments in ([SAMPLE, PRICES], [SAMPLE]):
         assert run(*arguments, "--out", out)[0] == 0
         wholes.append({name: (out / name).read_bytes() for name in RESULTS})
-    survived = 0
-    for i in range(times):
+
+    def begin():
         process = subprocess.Popen([*session, ROOT / "run", "--quiet", SAMPLE, PRICES, "--out", out], stdout=subprocess.DEVNULL, stderr=subprocess.PIPE)
         deadline = time.monotonic() + 60
         while not any(name.startswith(".run.") for name in os.listdir(out)) and time.monotonic() < deadline:
             time.sleep(0.005)
-        time.sleep(1.2 * i / times)
-        process.send_signal(number)
+        return process
+
+    def whole(process):
         words = process.communicate()[1]
         found = {name: (out / name).read_bytes() for name in RESULTS}
         left = sorted(set(os.listdir(out)) - set(RESULTS))
-        whole = found in wholes or any(out.glob(".run.*/ready"))  # a delivery that the next run completes
+        delivered = found in wholes or any(out.glob(".run.*/ready"))  # a delivery that the next run completes
         ended = process.returncode == -number or (process.returncode == 0 and found == wholes[0])  # it was over
-        good = ended and whole and not words and (number == signal.SIGKILL or not left)
-        survived += good
+        good = ended and delivered and not words and (number == signal.SIGKILL or not left)
         if not good:
-            print(f"signal {number}: {process.returncode} {words} {left} whole={whole}")
+            print(f"signal {number}: {process.returncode} {words} {left} whole={delivered}")
+        return good
+
+    survived = kill_at_instants(times, 1.2, random.Random(number), begin, lambda process: process.send_signal(number), whole)
     if number == signal.SIGKILL:
         assert run(SAMPLE, "--out", out)[0] == 0 and sorted(os.listdir(out)) == RESULTS, os.listdir(out)
     return times, survived
 
 
-def interrupted(folder, times):
-    tried, survived = stopped(folder, times, signal.SIGINT)
+def interrupted(bench):
+    folder = bench.new_folder("interrupted")
+    tried, survived = stopped(folder, bench.options.kills, signal.SIGINT)
     # And with a session of its own.
     own = stopped(folder, 2, signal.SIGINT, fresh_session(ROOT / "build" / "wine-second")[:-1])
     return tried + own[0], survived + own[1]
 
 
-def killed(folder, times):
-    tried, survived = stopped(folder, times, signal.SIGKILL)
+def killed(bench):
+    folder = bench.new_folder("killed")
+    tried, survived = stopped(folder, bench.options.kills, signal.SIGKILL)
     # As if one had been killed in the midst of its delivery: the next run, though it fails, completes that.
     ready, empty = folder / "out" / ".run.dead" / "ready", folder / "empty.dxf"
     ready.mkdir(parents=True)
@@ -221,9 +223,10 @@ def killed(folder, times):
     return tried + 1, survived + (completed and sorted(os.listdir(folder / "out")) == RESULTS)
 
 
-def vanished_folder(folder, times):
+def vanished_folder(bench):
     """The output folder goes while the run is at work."""
-    survived = 0
+    folder = bench.new_folder("vanished_folder")
+    times, survived = bench.options.kills, 0
     for i in range(times):
         out = folder / "out"
         process = start(SAMPLE, "--out", out)
@@ -240,8 +243,9 @@ def vanished_folder(folder, times):
     return times, survived
 
 
-def permissions(folder, _times):
+def permissions(bench):
     """The results keep the permissions of what they replace, follow links, and obey the umask where they are new."""
+    folder = bench.new_folder("permissions")
     out = folder / "out"
     out.mkdir()
     (out / "report.txt").write_bytes(b"old" * 10000)
@@ -254,31 +258,15 @@ def permissions(folder, _times):
     return 1, int(good and modes[:2] == [0o640, 0o640] and modes[-1] == 0o600 and (folder / "elsewhere.png").stat().st_size > 1000)
 
 
-CASES = {refused_files: "names that Windows forbids, pipes, devices, empty and missing arguments",
-         drawings_without_references: "drawings whose references cannot be selected",
-         places_of_tables: "headers that lie about where the drawing is",
-         unreadable_files: "files that are no drawing or no list",
-         forms: "bills as text, CSV and JSON",
-         two_runs_to_one_folder: "two runs to one folder at once",
-         interrupted: "Ctrl-C at some instant of a run",
-         killed: "kills at some instant of a run",
-         vanished_folder: "output folders that vanish midway",
-         permissions: "results over files with permissions and links"}
-
-
-def main():
-    parser = argparse.ArgumentParser(description=__doc__)
-    parser.add_argument("--times", type=int, default=4)
-    parser.add_argument("--only", default=",".join(case.__name__ for case in CASES))
-    options = parser.parse_args()
-    results = []
-    for case, words in CASES.items():
-        if case.__name__ in options.only.split(","):
-            with tempfile.TemporaryDirectory() as folder:
-                results.append((words, *case(pathlib.Path(folder), options.times)))
-    print(table(results))
-    return 0 if all(tried == survived for _, tried, survived in results) else 1
-
-
-if __name__ == "__main__":
-    sys.exit(main())
+CASES = (
+    (refused_files, "names that Windows forbids, pipes, devices, empty and missing arguments"),
+    (drawings_without_references, "drawings whose references cannot be selected"),
+    (places_of_tables, "headers that lie about where the drawing is"),
+    (unreadable_files, "files that are no drawing or no list"),
+    (forms, "bills as text, CSV and JSON"),
+    (two_runs_to_one_folder, "two runs to one folder at once"),
+    (interrupted, "Ctrl-C at some instant of a run"),
+    (killed, "kills at some instant of a run"),
+    (vanished_folder, "output folders that vanish midway"),
+    (permissions, "results over files with permissions and links"),
+)

@@ -1,30 +1,16 @@
-#!/usr/bin/python3
-"""Injects faults into the whole road: nothing that was there is lost, and there is one clear error or none.
+"""Faults injected into the whole road: full disks, files and folders that cannot be written or are gone, files that others
+change under the open drawing, and hosts that are killed while they save reports and price lists. Every case returns how
+often it tried and how often nothing was lost, or None where only root can try it."""
 
-usage: check_faults DRAWINGHOST.exe MODULE.arx PROBE.arx [--kills N] [--only CASE,...]
-
-Full disks, files and folders that cannot be written or are gone, files that others change under the open drawing, and
-hosts that are killed at N random instants while they save reports, price lists and drawings. Prints a table of what was
-tried and what survived. Needs the environment of tools/session; a second prefix is build/wine-second.
-"""
-
-import argparse
 import os
 import pathlib
 import random
 import resource
 import signal
 import subprocess
-import sys
-import tempfile
 import threading
-import time
 
-sys.dont_write_bytecode = True
-import bombs  # noqa: E402
-import saving  # noqa: E402
-from attacks import table  # noqa: E402
-from host import Host, windows_path  # noqa: E402
+from host import Host, kill_at_instants, windows_path
 
 OLD = b"what was there before"
 REFUSED = '@alert "File * could  not be opened"'
@@ -50,13 +36,16 @@ class Bench:
         self.drawing, self.prices = folder / "House.dxf", folder / "list.prc"
         self.drawing.write_bytes(drawing_bytes(blocks))
         self.prices.write_bytes(b"".join(b"block_%d|%d.5|text of %d\r\n" % (i, i, i) for i in range(blocks)))
-        module = folder / "module"
-        module.mkdir()
-        self.module_folder = module
+        self.module_folder = self.new_folder("module")
         target = folder / "whole.txt"
         self.run(self.report(target)).succeed()
         self.whole_report = target.read_bytes()
         assert len(self.whole_report) > 20000
+
+    def new_folder(self, name):
+        path = self.folder / name
+        path.mkdir()
+        return path
 
     def run(self, lines, before_start=None, drawing=None):
         return Host(self.options.host, [self.options.module, self.options.probe], self.module_folder, lines,
@@ -72,7 +61,7 @@ class Bench:
 
 
 def temporary_files(folder):
-    return [name for name in os.listdir(folder) if name.endswith(".tmp")]
+    return list(folder.glob("*.tmp"))
 
 
 def check_refused(bench, folder, what, before_start=None):
@@ -91,7 +80,6 @@ def check_refused(bench, folder, what, before_start=None):
 
 
 def put_old_files(folder):
-    folder.mkdir(exist_ok=True)
     for name in ("old_report.txt", "old_prices.prc"):
         (folder / name).write_bytes(OLD)
 
@@ -102,14 +90,14 @@ def limit_file_size():
 
 
 def no_room(bench):
-    put_old_files(bench.folder / "limited")
-    check_refused(bench, bench.folder / "limited", "files of at most 8000 bytes", limit_file_size)
+    folder = bench.new_folder("limited")
+    put_old_files(folder)
+    check_refused(bench, folder, "files of at most 8000 bytes", limit_file_size)
     return 5, 5
 
 
 def full_or_read_only_disk(bench):
-    disk = bench.folder / "disk"
-    disk.mkdir()
+    disk = bench.new_folder("disk")
     if subprocess.run(["mount", "-t", "tmpfs", "-o", "size=64k", "none", disk], stderr=subprocess.DEVNULL).returncode != 0:
         return None
     try:
@@ -124,7 +112,7 @@ def full_or_read_only_disk(bench):
 
 
 def locked_files(bench):
-    folder = bench.folder / "locked"
+    folder = bench.new_folder("locked")
     put_old_files(folder)
     for name, script in (("old_report.txt", bench.report), ("old_prices.prc", bench.price_list)):
         (folder / name).chmod(0o444)
@@ -136,8 +124,7 @@ def locked_files(bench):
 
 def vanished_things(bench):
     """The list's folder, the module's folder with the settings, and the drawing's file go while the host runs."""
-    gone = bench.folder / "gone"
-    gone.mkdir()
+    gone = bench.new_folder("gone")
     prices, report = gone / "list.prc", bench.folder / "after.txt"
     prices.write_bytes(bench.prices.read_bytes())
     run = bench.run(["HOLD", "QXBOMC", windows_path(prices), REFUSED] + bench.report(gone / "report.txt", REFUSED) +
@@ -216,53 +203,52 @@ def changed_while_it_is_read(bench):
     return 8, 8
 
 
-def killed_while_saving(bench, script, target, contents, source):
-    """Two contents take turns in one file until the host is killed, soon after a save has begun: one of them is there
-    then, whole. Whether a temporary file was left, that is, the kill came before the save's end."""
-    target.write_bytes(source.choice(sorted(contents)))
-    run = bench.run(script)
-    run.wait_until_held()
-    run.release()
-    save = source.randrange(1, 4)
-    while save > 0:
-        if temporary_files(target.parent):
-            save -= 1
-            while save > 0 and temporary_files(target.parent):
-                pass
-        assert run.process.poll() is None, run.words()
-    time.sleep(source.uniform(0, 0.008))
-    run.kill()
-    found = target.read_bytes()
-    assert found in contents, f"{target.name}: a mixture of {len(found)} bytes: {found[:60]}..."
-    left = list(target.parent.glob("*.tmp"))
-    for file in left:
-        file.unlink()
-    return bool(left)
-
-
-def killed(small):
-    """Lists and reports so long that their saving takes a while."""
+def killed_while_saving(small):
+    """Lists and reports so long that their saving takes a while. Two contents take turns in one file until the host is
+    killed, soon after a save has begun: one of them is there then, whole."""
     source = random.Random(small.options.seed)
-    folder = small.folder / "killed"
-    folder.mkdir()
+    folder = small.new_folder("killed")
     bench = Bench(small.options, folder, 40_000)
-    report, prices = folder / "report.txt", folder / "prices.prc"
+    report, prices, hidden = folder / "report.txt", folder / "prices.prc", folder / "hidden.txt"
     save_report = ['@press "Save to file"', windows_path(report), REPLACE]
+    save_list = ["@click-heading 1", '@press "Save As"', windows_path(prices), REPLACE]
     turns = [line for show in ("off", "on") * 300 for line in [f'@tick "Show Price" {show}', *save_report]]
-    reports = ["HOLD"] + bench.report(report, REPLACE, *turns)
-    save_list = ['@press "Save As"', windows_path(prices), REPLACE]
-    lists = ["HOLD"] + bench.price_list(prices, REPLACE, *[line for _ in range(600) for line in ["@click-heading 1", *save_list]])
-    hidden = folder / "hidden.txt"
+    scripts = {report: bench.report(report, REPLACE, *turns), prices: bench.price_list(prices, REPLACE, *save_list * 600)}
     bench.run(["QXBOMC", windows_path(bench.prices), "ALL", "", '@tick "Show Price" off', '@press "Save to file"',
                windows_path(hidden), '@press "Close"']).succeed()
     lines = bench.prices.read_bytes().splitlines(keepends=True)
     contents = {report: {bench.whole_report, hidden.read_bytes()}, prices: {b"".join(lines), b"".join(reversed(lines))}}
     within = 0
-    for _ in range(bench.options.kills):
-        for target, script in ((report, reports), (prices, lists)):
-            within += killed_while_saving(bench, script, target, contents[target], source)
+
+    def begin(target):
+        target.write_bytes(source.choice(sorted(contents[target])))
+        run = bench.run(["HOLD"] + scripts[target])
+        run.wait_until_held()
+        run.release()
+        saves = source.randrange(1, 4)
+        while saves > 0:
+            if temporary_files(folder):
+                saves -= 1
+                while saves > 0 and temporary_files(folder):
+                    pass
+            assert run.process.poll() is None, run.words()
+        return run
+
+    def whole(target):
+        nonlocal within
+        left = temporary_files(folder)
+        within += bool(left)
+        for file in left:
+            file.unlink()
+        found = target.read_bytes()
+        if found not in contents[target]:
+            print(f"{target.name}: a mixture of {len(found)} bytes: {found[:60]}...", flush=True)
+        return found in contents[target]
+
+    survived = sum(kill_at_instants(bench.options.kills, 0.008, source, lambda target=target: begin(target), Host.kill,
+                                    lambda _, target=target: whole(target)) for target in contents)
     assert within > 0, "no kill fell within a save"
-    return 2 * bench.options.kills, 2 * bench.options.kills
+    return 2 * bench.options.kills, survived
 
 
 def price_lists_of_all_kinds(bench):
@@ -291,45 +277,13 @@ def price_lists_of_all_kinds(bench):
 
 
 # What is tried, and in words for the table.
-CASES = {
-    "no_room": (no_room, "saves beyond the file size limit"),
-    "full_or_read_only_disk": (full_or_read_only_disk, "saves to a full disk and to a read-only one"),
-    "locked_files": (locked_files, "saves over files that may not be written"),
-    "vanished_things": (vanished_things, "the list, the settings and the drawing gone meanwhile"),
-    "changed_under_the_drawing": (changed_under_the_drawing, "the drawing's file changed while it is open"),
-    "changed_while_it_is_read": (changed_while_it_is_read, "drawings read while somebody rewrites them"),
-    "price_lists_of_all_kinds": (price_lists_of_all_kinds, "price lists in all encodings, and files that are none"),
-    "killed": (killed, "kills while a report or a price list is saved"),
-}
-CASES.update((case.__name__, (case, words)) for case, words in (*saving.CASES, *bombs.CASES))
-
-
-def main():
-    parser = argparse.ArgumentParser(description=__doc__.split("\n")[0])
-    parser.add_argument("host")
-    parser.add_argument("module", type=pathlib.Path)
-    parser.add_argument("probe", type=pathlib.Path)
-    parser.add_argument("--kills", type=int, default=100, help="instants for each kind of file")
-    parser.add_argument("--only", default=",".join(CASES), help="the cases to try")
-    parser.add_argument("--seed", default="faults")
-    options = parser.parse_args()
-    options.host = pathlib.Path(options.host).resolve()
-    results = []
-    with tempfile.TemporaryDirectory() as name:
-        bench = Bench(options, pathlib.Path(name) / "bench")
-        for case, words in (CASES[name] for name in options.only.split(",")):
-            try:
-                result = case(bench)
-                if result is None:
-                    print(f"{case.__name__}: skipped, only root can try it", flush=True)
-                    continue
-                results.append((words, *result))
-            except AssertionError as error:
-                results.append((words, 1, 0))
-                print(f"{case.__name__}: {error}", flush=True)
-    print(table(results))
-    return 0 if all(tried == survived for _, tried, survived in results) else 1
-
-
-if __name__ == "__main__":
-    sys.exit(main())
+CASES = (
+    (no_room, "saves beyond the file size limit"),
+    (full_or_read_only_disk, "saves to a full disk and to a read-only one"),
+    (locked_files, "saves over files that may not be written"),
+    (vanished_things, "the list, the settings and the drawing gone meanwhile"),
+    (changed_under_the_drawing, "the drawing's file changed while it is open"),
+    (changed_while_it_is_read, "drawings read while somebody rewrites them"),
+    (price_lists_of_all_kinds, "price lists in all encodings, and files that are none"),
+    (killed_while_saving, "kills while a report or a price list is saved"),
+)

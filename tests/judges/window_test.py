@@ -4,13 +4,11 @@
 usage: window_test.py DRAWINGHOST.exe MODULE.arx
 """
 
-from desktop import DesktopTest, main, seen, wait_until, windows_path, xdotool
+from bombs import groups
+from desktop import DesktopTest, main, seen, wait_until, xdotool
+from host import windows_path
 
 LEFT_TOP, RIGHT_BOTTOM = (200, 100), (800, 450)  # pixels of the drawing view
-
-
-def groups(*pairs):
-    return "".join(f"{code}\n{value}\n" for code, value in pairs)
 
 
 def drawing():

@@ -5,8 +5,11 @@ import pathlib
 import shutil
 import signal
 import subprocess
+import time
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
+SAMPLE = ROOT / "samples" / "house_plan.dxf"
+PRICES = ROOT / "samples" / "house_prices.prc"
 
 
 def windows_path(path):
@@ -16,6 +19,17 @@ def windows_path(path):
 def fresh_session(prefix, *runner):
     """What runs a command in a session of its own, with a Wine prefix of its own, by way of `runner`."""
     return ["env", "-u", "CORVANES_SESSION", f"CORVANES_PREFIX={prefix}", *runner, ROOT / "tools" / "session"]
+
+
+def kill_at_instants(times, lasts, random, begin, kill, whole):
+    """How often everything was whole after a kill: `times` runs are begun and killed, at instants spread over `lasts` seconds."""
+    survived = 0
+    for number in range(times):
+        run = begin()
+        time.sleep(lasts * (number + random.random()) / times)
+        kill(run)
+        survived += bool(whole(run))
+    return survived
 
 
 class Host:

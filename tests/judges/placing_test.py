@@ -8,7 +8,8 @@ import shutil
 
 import ezdxf
 
-from desktop import ROOT, DesktopTest, main, wait_until, windows_path
+from desktop import DesktopTest, main, wait_until
+from host import PRICES, SAMPLE, windows_path
 
 CORNER, RIGHT, BELOW = (640, 90), (760, 130), (700, 390)  # pixels of the drawing view
 
@@ -16,8 +17,8 @@ CORNER, RIGHT, BELOW = (640, 90), (760, 130), (700, 390)  # pixels of the drawin
 class Placing(DesktopTest):
     def setUp(self):
         super().setUp()
-        for name in ("house_plan.dxf", "house_prices.prc"):
-            shutil.copy(ROOT / "samples" / name, self.folder)
+        for file in (SAMPLE, PRICES):
+            shutil.copy(file, self.folder)
         self.open("house_plan.dxf")
 
     def insert_table(self):
@@ -58,17 +59,6 @@ class Placing(DesktopTest):
         placed = [(insert.dxf.name, tuple(insert.dxf.insert)[:2], (insert.dxf.xscale, insert.dxf.yscale))
                   for insert in drawing.modelspace().query("INSERT") if insert.dxf.name.upper().startswith("KVO")]
         return sizes, placed
-
-    def variables(self, *names):
-        values = []
-        for name in names:
-            self.desktop.type("setvar")
-            self.desktop.hear("variable name: ")
-            self.desktop.type(name)
-            values.append(int(self.desktop.hear(">: ").split("<")[1].rstrip(">: ")))
-            self.desktop.key("Return")
-            self.desktop.hear("\nCommand: ")
-        return values
 
     def test_the_frame_drawn_last_gives_the_scale(self):
         corner, right, below = self.desktop.points(CORNER, RIGHT, BELOW)
@@ -126,18 +116,6 @@ class Placing(DesktopTest):
         self.desktop.run("u")
         self.desktop.rest()
         wait_until(lambda: self.desktop.picture() == before, "the drawing without a trace of the frame")
-
-    def test_variables_come_back_crossed(self):
-        for name, value in (("snapmode", 1), ("osmode", 35)):
-            self.desktop.run("setvar", name, str(value))
-        self.place_table(CORNER, RIGHT)
-        self.assertEqual(self.variables("attreq", "cmdecho", "snapmode", "osmode"), [1, 1, 1, 1])
-        self.desktop.run("setvar", "osmode", "35")
-        self.insert_table()
-        self.desktop.key("Escape")
-        self.desktop.hear("\nCommand: ")
-        self.assertEqual(self.variables("attreq", "cmdecho", "snapmode", "osmode"), [1, 1, 1, 1])
-
 
 if __name__ == "__main__":
     main()

@@ -8,7 +8,7 @@ import shutil
 import subprocess
 import time
 
-from host import ROOT, Host, fresh_session, windows_path
+from host import ROOT, Host, fresh_session, kill_at_instants, windows_path
 
 LINES = 710_000  # 50 MB
 OWNER, MEMBER, GROUP = 12345, 12346, 54321
@@ -73,22 +73,27 @@ def killed_in_fresh_sessions(bench):
     large = LargeDrawing(bench)
     source = random.Random(bench.options.seed)
     session = fresh_session(SECOND_PREFIX)
-    times, survived, within = bench.options.kills, 0, 0
+    within = 0
     (large.folder / "big.dxf.0123456789abcdef.tmp").write_bytes(b"left before")
-    large.restore()
-    for number in range(times):
-        before = large.leftovers()
+    before = set()
+
+    def begin():
+        large.restore()
+        before.update(large.leftovers())
         run = large.save(1, session)
         run.wait_until_held()
         run.release()
-        time.sleep(large.lasts * 1.1 * (number + source.random()) / times)  # spread over the save
-        run.kill()
+        return run
+
+    def whole(_):
+        nonlocal within
         after = large.leftovers()
-        which = large.which()
-        survived += which in ("old", "new 1") and len(after) <= 1
         within += bool(after - before)
-        if which != "old":
-            large.restore()
+        before.clear()
+        return large.which() in ("old", "new 1") and len(after) <= 1
+
+    survived = kill_at_instants(bench.options.kills, large.lasts * 1.1, source, begin, Host.kill, whole)
+    large.restore()
     run = large.save(1, session)
     for _ in range(2):
         run.wait_until_held()
@@ -96,7 +101,7 @@ def killed_in_fresh_sessions(bench):
     run.succeed()
     assert large.which() == "new 1" and not large.leftovers(), "the save after the kills"
     assert within, "no kill fell into a save"
-    return times, survived
+    return bench.options.kills, survived
 
 
 def saved_by_two(bench):
@@ -123,8 +128,7 @@ def owned(path):
 
 def saved_with_permissions(bench):
     """Mode, owner and group of what is saved over stay; what is new obeys the umask of who saves."""
-    folder = bench.folder / "owned"
-    folder.mkdir()
+    folder = bench.new_folder("owned")
     root = os.geteuid() == 0
     cases = [(os.geteuid(), os.getegid(), mode) for mode in (0o600, 0o640, 0o644, 0o664, 0o755)]
     cases += [(OWNER, GROUP, mode) for mode in (0o600, 0o640, 0o664)] if root else []
@@ -147,8 +151,7 @@ def saved_by_other_users(bench):
     """The owner, and a member of the group, who can neither keep the owner nor, in the second folder, make a new file."""
     if os.geteuid() != 0:
         return None
-    home = bench.folder / "home"
-    home.mkdir()
+    home = bench.new_folder("home")
     os.chown(home, MEMBER, GROUP)
     bench.folder.chmod(0o755)
     bench.folder.parent.chmod(0o755)
@@ -179,8 +182,7 @@ def saved_by_other_users(bench):
 def stopped_in_the_midst(bench):
     """Writing in place that fails after it has begun: the whole new contents stay beside the file. The target is a mount
     point, which cannot be replaced, and a hole, which a full disk has no room to fill."""
-    disk = bench.folder / "small disk"
-    disk.mkdir()
+    disk = bench.new_folder("small disk")
     if subprocess.run(["mount", "-t", "tmpfs", "-o", "size=64k", "none", disk], stderr=subprocess.DEVNULL).returncode != 0:
         return None
     target = disk / "old.txt"
@@ -199,8 +201,7 @@ def stopped_in_the_midst(bench):
 
 def pointed_at_what_is_no_file(bench):
     """A link to nothing and a pipe are refused and stay what they are."""
-    folder = bench.folder / "odd"
-    folder.mkdir()
+    folder = bench.new_folder("odd")
     link, pipe = folder / "link.txt", folder / "pipe.txt"
     link.symlink_to("nowhere.txt")
     os.mkfifo(pipe)

@@ -6,14 +6,12 @@ usage: template_by_hand_test.py DRAWINGHOST.exe MODULE.arx [TEST...]   ($PICTURE
 """
 
 import os
-import pathlib
 import re
 import shutil
 import subprocess
-import sys
 
-sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[1] / "desktop"))
-from desktop import ROOT, DesktopTest, main, wait_until, windows_path, xdotool
+from desktop import DesktopTest, main, wait_until, xdotool
+from host import SAMPLE, windows_path
 
 TEMPLATE, REPORT = "^BOM Template$", "^BOM Report$"
 
@@ -45,7 +43,7 @@ def list_of(*rows):
 class TemplateByHand(DesktopTest):
     def setUp(self):
         super().setUp()
-        shutil.copy(ROOT / "samples" / "house_plan.dxf", self.folder)
+        shutil.copy(SAMPLE, self.folder)
         self.addCleanup(subprocess.run, ["setxkbmap", "us,il"], check=False)
         subprocess.run(["setxkbmap", "us"], check=True)
         self.open("house_plan.dxf")
