@@ -54,7 +54,7 @@ class EditedText {
     void insert(const std::wstring& text, TextRange range);
     void erase(TextRange range);
     void begin_anew(const std::wstring& text);
-    std::vector<size_t> walk(Motion motion);
+    std::vector<size_t> walk(Motion motion, std::set<size_t>& reached);
     bool between_halves(size_t gap) const;
 
     TextEditing editing_;
@@ -171,10 +171,11 @@ bool EditedText::between_halves(size_t gap) const {
     return (left + 1 == right && splits_pair(text_, right)) || (right + 1 == left && splits_pair(text_, left));
 }
 
-/// The gaps at which the caret stops on its way.
-std::vector<size_t> EditedText::walk(Motion motion) {
+/// The gaps at which the caret stops on its way; the places of the typed text there are added to `reached`.
+std::vector<size_t> EditedText::walk(Motion motion, std::set<size_t>& reached) {
     std::vector<size_t> gaps = {editing_.caret().gap};
     for (;;) {
+        reached.insert(editing_.caret().index);
         editing_.move(motion, false);
         if (editing_.caret().gap == gaps.back()) {
             return gaps;
@@ -192,10 +193,14 @@ void EditedText::check_walks() {
             stops.push_back(gap);
         }
     }
+    const size_t places = stops.size();
+    std::set<size_t> reached;
     editing_.place_at_gap(0, false);
-    require(walk(right_to_left ? Motion::left : Motion::right) == stops, "forward, the caret stops at every character");
+    require(walk(right_to_left ? Motion::left : Motion::right, reached) == stops,
+            "forward, the caret stops at every character");
     std::reverse(stops.begin(), stops.end());
-    require(walk(right_to_left ? Motion::right : Motion::left) == stops, "backward, it does too");
+    require(walk(right_to_left ? Motion::right : Motion::left, reached) == stops, "backward, it does too");
+    require(reached.size() == places, "and one way or the other it reaches every place of the typed text");
 }
 
 void EditedText::check_undo_of_an_insertion() {

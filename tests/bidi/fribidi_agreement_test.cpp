@@ -61,27 +61,5 @@ TEST(FriBidiAgreement, OnLinesOfOneScriptAndNumbers) {
     }
 }
 
-TEST(FriBidiAgreement, DiffersOnPurpose) {
-    struct Difference {
-        const wchar_t* logical;
-        bool left_to_right;
-        const wchar_t* ours;
-        const wchar_t* unicode;
-    };
-    const Difference differences[] = {
-        {L"AB 12 500", false, L"12 500 BA", L"500 12 BA"},  // a number with blanks stays one number
-        {L"AB 12 CD", true, L"BA 12 DC", L"DC 12 BA"},      // digits part Hebrew words of a left-to-right line
-        {L"(AB) CD", true, L"(DC )BA", L"(BA) DC"},         // brackets inside Hebrew are not paired
-        {L"ABcd", true, L"cdBA", L"BAcd"},                  // the first strong run does not turn over by itself
-        {L"ab.", false, L"ab.", L".ab"},                    // a full stop stays with its word
-        {L"AB -5", false, L"-5 BA", L"5- BA"},              // a sign stays before its number
-    };
-    for (const Difference& difference : differences) {
-        const std::wstring text = hebrew(difference.logical);
-        EXPECT_EQ(capitals(by_us(text, difference.left_to_right)), difference.ours);
-        EXPECT_EQ(capitals(by_fribidi(text, difference.left_to_right)), difference.unicode);
-    }
-}
-
 }  // namespace
 }  // namespace corvanes

@@ -102,24 +102,13 @@ TEST_F(MultiEdit, AKeyOfTheMessageLoopGivesOneCharacter) {
     EXPECT_EQ(text(), L"a1\x4E2D\xAC00") << "nor does one of an input method get lost";
 }
 
-TEST_F(MultiEdit, LimitUndoAndClipboard) {
-    const std::wstring full(1023, L'x');
-    editor.SetWindowText(full.c_str());
+TEST_F(MultiEdit, UndoAndClipboard) {
     key('A');
     key('B');
-    EXPECT_EQ(text(), L"a" + full);
-    editor.SetWindowText(L"");
-    for (const UINT code : {'A', 'B', 'C'}) {
-        key(code);
-    }
     hold({VK_CONTROL});
     key('Z');
-    EXPECT_EQ(text(), L"ab");
-    EXPECT_EQ(selection(), Range(0, 0));
-    key('Z');
     EXPECT_EQ(text(), L"a");
-    key('Z');
-    EXPECT_EQ(text(), L"ab");
+    EXPECT_EQ(selection(), Range(0, 0));
 
     set(L"AB\ncd");
     editor.SetSel(1, 4);

@@ -3,14 +3,13 @@
 #include <gmock/gmock.h>
 
 #include <numeric>
-#include <random>
 
 #include "bidi/code_page_1255_types.h"
 #include "bidi/system_character_types.h"
+#include "bidi/type_search.h"
 #include "base/code_page.h"
 #include "tests/bidi/all_types.h"
 #include "tests/bidi/capital_hebrew.h"
-#include "tests/bidi/plain_reordering.h"
 
 namespace corvanes {
 namespace {
@@ -256,43 +255,6 @@ TEST(Reordering, ByGivenLevels) {
     EXPECT_THAT(map, testing::ElementsAre(3, 1, 2, 0, 4));
     ReorderLevels(text.data(), 4, visual.data(), levels, nullptr, 0);
     EXPECT_EQ(visual, L")ba(");
-}
-
-std::wstring random_line(std::mt19937& random, std::wstring_view alphabet, size_t length) {
-    std::wstring line;
-    while (line.size() < length) {
-        const wchar_t character = alphabet[random() % alphabet.size()];
-        line.append(std::min<size_t>(1 + random() % 3, length - line.size()), character);
-    }
-    return line;
-}
-
-TEST(Reordering, EqualsTheRulesWrittenOutOnRandomLines) {
-    std::mt19937 random(5);
-    const CharacterTypes with_all_types = all_types();
-    const std::wstring ours = hebrew(L"ABCabc012 .,;-+$%()[]{}<>\n\t\x01\u05B0\u4E2D");
-    const std::wstring codes = std::wstring({0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11}) + L"abc \u00E0\u00E1.()*12,%%-";
-    for (int round = 0; round < 6000; ++round) {
-        const CharacterTypes& types = round % 2 != 0 ? with_all_types : *system_character_types();
-        const bool left_to_right = round % 4 < 2;
-        // The rules look at 64 characters at once: runs have to cross that border, and lines to end at it.
-        const size_t lengths[] = {random() % 40, 60 + random() % 10, 120 + random() % 80};
-        const size_t length = round < 5990 ? lengths[round / 4 % 3] : 5000 - random() % 9;
-        const std::wstring text = random_line(random, round % 2 != 0 ? codes : ours, length);
-        const PlainLine plain = PlainReordering(types, text, left_to_right).reorder();
-        Reordering reordering(types);
-        std::wstring visual(length, L'?');
-        Map map(length + 1);
-        reordering.reorder(text, visual.data(), map.data(), left_to_right);
-        std::vector<int> levels;
-        for (const LevelRun& run : reordering.level_runs()) {
-            ASSERT_EQ(run.start, levels.size());
-            levels.insert(levels.end(), run.length, run.level);
-        }
-        ASSERT_EQ(levels, plain.levels) << "round " << round;
-        ASSERT_EQ(map, plain.map) << "round " << round;
-        ASSERT_EQ(visual, plain.visual) << "round " << round;
-    }
 }
 
 TEST(Reordering, ReversesInPlace) {

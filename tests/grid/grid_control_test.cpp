@@ -49,23 +49,6 @@ TEST_F(Grid, RefusesArgumentsOutOfRange) {
     EXPECT_EQ(grid.GetSideHeadingWidth(), 50) << "a column left of the cells is the side heading's";
 }
 
-TEST_F(Grid, AcceptsTheLimits) {
-    EXPECT_EQ(grid.SetColumnCount(32000), 0);
-    EXPECT_EQ(grid.GetColumnWidth(2), 100);
-    EXPECT_EQ(grid.SetCellText(31999, -1, L"last"), 0);
-    EXPECT_EQ(grid.SetDefaultRowHeight(1024), 0);
-    EXPECT_EQ(grid.SetDefaultRowHeight(1), 0);
-    EXPECT_EQ(grid.SetSideHeadingWidth(1024), 0);
-    EXPECT_EQ(grid.SetSideHeadingWidth(0), 0);
-    EXPECT_EQ(grid.SetRowCount(64001), 0);
-    EXPECT_EQ(grid.SetRowHeight(0, 5), 1) << "uniform row heights above 64000 rows";
-    CString text;
-    EXPECT_EQ(grid.GetCellText(31999, -1, text), 0);
-    EXPECT_EQ(text, L"last");
-    EXPECT_EQ(grid.EnsureVisible(31999, 64000), 0);
-    pump();
-}
-
 TEST_F(Grid, RowsComeAndGoWithTheCurrentCell) {
     grid.SetRowCount(0);
     EXPECT_EQ(grid.take(), (Log{"row 0 -1", "cell 0 0 0 -1"}));

@@ -244,44 +244,6 @@ TEST(DatabaseObjects, ADrawingHasWhatItsFileLeavesOut) {
     EXPECT_EQ(acdbOpenAcDbObject(object, drawing->clayer(), AcDb::kForWrite), Acad::eWasOpenForRead);
 }
 
-/// Counts as an independent reader of the format gives them.
-TEST(DatabaseObjects, SamplesHoldTheirBlocks) {
-    const std::filesystem::path samples = std::filesystem::path(CORVANES_SOURCE_DIR) / "samples";
-    const std::map<std::wstring, size_t> counts = {
-        {L"*U1", 1},          {L"ARMCHAIR", 3},      {L"BATHTUB", 1},     {L"BED_DOUBLE", 1},    {L"BED_SINGLE", 2},
-        {L"BOOKCASE", 3},     {L"COFFEE_TABLE", 2},  {L"COOKER", 1},      {L"COUNTER_60", 3},    {L"DESK_160", 2},
-        {L"DINING_SET", 1},   {L"DOOR_80", 2},       {L"DOOR_90", 4},     {L"ENTRANCE_DOOR", 1}, {L"FRIDGE", 1},
-        {L"KITCHEN_SINK", 1}, {L"LIGHT_CEILING", 7}, {L"NIGHT_TABLE", 2}, {L"NORTH_ARROW", 1},   {L"OFFICE_CHAIR", 2},
-        {L"PLANT", 4},        {L"ROOM_TAG", 8},      {L"SHOWER", 1},      {L"SOCKET", 12},       {L"SOFA_3_SEATS", 2},
-        {L"SPOT", 1},         {L"SWITCH", 6},        {L"TV_UNIT", 1},     {L"WASH_BASIN", 3},    {L"WC_PAN", 2},
-        {L"WINDOW_160", 10},  {L"WINDOW_60", 2},     {L"ארון_בגדים", 3},  {L"נברשת", 2}};
-    for (const char* file :
-         {"house_plan.dxf", "house_plan_r12.dxf", "house_plan_r12_binary.dxf", "house_plan_r2000.dxf"}) {
-        dxf::Error error;
-        const auto database = host::open_database(samples / file, error);
-        ASSERT_NE(database, nullptr) << error.message();
-        const auto& entities = database->store().drawing().entities();
-        std::map<std::wstring, size_t> here;
-        for (const dxf::RecordId record : entities) {
-            const AcDbObjectPointer<AcDbBlockReference> reference(database->store().id_of_record(record),
-                                                                  AcDb::kForRead);
-            if (reference.openStatus() == Acad::eOk && reference->ownerId() != database->currentSpaceId()) {
-                continue;  // the title block in paper space
-            }
-            if (reference.openStatus() == Acad::eOk) {
-                // R12 has no blanks in names.
-                std::wstring name = block_name(reference->blockTableRecord());
-                std::replace(name.begin(), name.end(), L' ', L'_');
-                ++here[name];
-            } else {
-                EXPECT_EQ(reference.openStatus(), Acad::eNotThatKindOfClass);
-            }
-        }
-        EXPECT_EQ(here, counts) << file;
-    }
-    EXPECT_EQ(host::open_object_count(), 0U);
-}
-
 TEST(DatabaseObjects, ListTheirGroups) {
     const OpenDrawing drawing(
         section("HEADER", groups("9 $ACADVER|1 AC1015")) +

@@ -31,15 +31,6 @@ class Undo : public test_support::HostProgram {
             AcDbDatabase& database = *acdbHostApplicationServices()->workingDatabase();
             EXPECT_EQ(insert_block(database, L"door", {{1, 2, 0}, AcGeScale3d(1), 0}, id), Acad::eOk);
         });
-        editor().processor.add_built_in(L"TSTBLOCK", [] {
-            AcDbBlockTable* table = nullptr;
-            acdbHostApplicationServices()->workingDatabase()->getBlockTable(table, AcDb::kForWrite);
-            auto* const record = new AcDbBlockTableRecord;
-            record->setName(L"KVO0001");
-            EXPECT_EQ(table->add(record), Acad::eOk);
-            record->close();
-            table->close();
-        });
     }
     ~Undo() override { editor().documents.close(); }
 
@@ -53,14 +44,6 @@ class Undo : public test_support::HostProgram {
         }
         return count;
     }
-    static bool has_block(const wchar_t* name) {
-        AcDbBlockTable* table = nullptr;
-        acdbHostApplicationServices()->workingDatabase()->getBlockTable(table, AcDb::kForRead);
-        const bool found = table->has(name);
-        table->close();
-        return found;
-    }
-
     std::filesystem::path file_;
     ListPerson person_;
 };
@@ -78,15 +61,6 @@ TEST_F(Undo, TakesChangingCommandsBackOneByOne) {
     EXPECT_FALSE(editor().documents.document()->changed()) << "all is as it was";
     run(L"U");
     EXPECT_EQ(person_.said, L"\nTSTINSERT\nTSTINSERT\nNothing to undo.");
-}
-
-TEST_F(Undo, FreesTheNamesOfBlocks) {
-    run(L"TSTBLOCK");
-    EXPECT_TRUE(has_block(L"kvo0001"));
-    run(L"UNDO");
-    EXPECT_FALSE(has_block(L"kvo0001"));
-    run(L"TSTBLOCK");
-    EXPECT_TRUE(has_block(L"kvo0001"));
 }
 
 TEST_F(Undo, LeavesTheFileAsItWas) {

@@ -61,15 +61,6 @@ TEST_F(TemplateCommand, RefusesWhatWouldSpoilTheList) {
     EXPECT_EQ(read("list.prc"), "DOOR|1|x\r\nb|2|y\r\n");
 }
 
-TEST_F(TemplateCommand, LosesNothingThatWasTypedWhenAFileCannotBeWritten) {
-    write("list.prc", "a|1|x\r\n");
-    succeed("QXBOMT\n@press \"Open\"\nlist.prc\n" + fill(2, 0, "yz") +
-            "@press \"Save As\"\nno such folder\\b.prc\n@alert \"File *b.prc could  not be opened\"\n"
-            "@expect-enabled 200 on\n@press \"Save As\"\nlist2.prc\n@press \"Close\"\nQUIT\n");
-    EXPECT_EQ(read("list.prc"), "a|1|x\r\n");
-    EXPECT_EQ(read("list2.prc"), "a|1|xyz\r\n");
-}
-
 TEST_F(TemplateCommand, LeavesNoSettingsWhenNothingWasOpened) {
     succeed(
         "QXBOMT\n@press \"Close\"\nQXBOMT\n@press \"Open\"\nmissing.prc\n@alert \"File *missing.prc could  not be "

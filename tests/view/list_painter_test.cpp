@@ -168,16 +168,6 @@ TEST(ListPainter, FillsWithHolesByTheEvenOddRule) {
         painting.paint());
 }
 
-TEST(ListPainter, ComesToAnEndWithBlocksNestedLikeABomb) {
-    std::string bomb = block("B0", "0 LINE|8 0|10 0|20 0|11 8|21 8");
-    for (int level = 1; level < 40; ++level) {
-        const std::string inner = "0 INSERT|8 0|2 B" + std::to_string(level - 1) + "|10 0|20 0";
-        bomb.append("|").append(block("B" + std::to_string(level), inner + "|" + inner));
-    }
-    Painting painting(8, 8, blocks(bomb) + entities("0 INSERT|8 0|2 B39|10 0|20 0"));
-    EXPECT_NE(std::string::npos, painting.paint().find('#'));
-}
-
 TEST(ViewTransform, ShowsBoxesWholeAndGoesBothWays) {
     ViewTransform view(200, 100);
     view.show({{10, 10}, {30, 30}}, 0.25);
