@@ -1,10 +1,9 @@
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <iterator>
 #include <vector>
 
 #include "base/replace_file.h"
+#include "tests/support/temporary_folder.h"
 
 #ifndef _WIN32
 #include <sys/stat.h>
@@ -16,31 +15,20 @@ namespace {
 
 class ReplaceFile : public testing::Test {
   protected:
-    void SetUp() override {
-        folder_ = fs::temp_directory_path() /
-                  ("replace_file_" + std::string(testing::UnitTest::GetInstance()->current_test_info()->name()));
-        fs::remove_all(folder_);
-        fs::create_directories(folder_);
-    }
-    void TearDown() override {
-        fs::permissions(folder_, fs::perms::owner_all, fs::perm_options::add);
-        fs::remove_all(folder_);
-    }
+    void TearDown() override { fs::permissions(folder_.path(), fs::perms::owner_all, fs::perm_options::add); }
 
     static void put(const fs::path& path, const std::string& bytes) { std::ofstream(path, std::ios::binary) << bytes; }
-    static std::string bytes_of(const fs::path& path) {
-        std::ifstream stream(path, std::ios::binary);
-        return {std::istreambuf_iterator<char>(stream), {}};
-    }
+    static std::string bytes_of(const fs::path& path) { return test_support::contents(path); }
     std::vector<std::string> names() const {
         std::vector<std::string> result;
-        for (const auto& entry : fs::directory_iterator(folder_)) {
+        for (const auto& entry : fs::directory_iterator(folder_.path())) {
             result.push_back(entry.path().filename().string());
         }
         return result;
     }
 
-    fs::path folder_;
+    const test_support::TemporaryFolder folder_{
+        "replace_file_" + std::string(testing::UnitTest::GetInstance()->current_test_info()->name())};
 };
 
 TEST_F(ReplaceFile, PutsTheNewContentsInPlaceOnlyAtCommit) {
@@ -91,7 +79,7 @@ TEST_F(ReplaceFile, SaysWhyItCannotWrite) {
     EXPECT_EQ(bytes_of(locked), "old");
 #endif
     fs::permissions(locked, fs::perms::owner_all, fs::perm_options::add);
-    for (const auto& target : {folder_, folder_ / "missing" / "list.prc"}) {
+    for (const auto& target : {folder_.path(), folder_ / "missing" / "list.prc"}) {
         const auto status = base::replace_file(target, "new");
         EXPECT_FALSE(status) << target;
         EXPECT_FALSE(status.reason().empty()) << target;

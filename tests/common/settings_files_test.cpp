@@ -2,10 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <iterator>
-
 #include "common/text_file.h"
+#include "tests/support/temporary_folder.h"
 
 namespace fs = std::filesystem;
 
@@ -13,22 +11,12 @@ namespace {
 
 class SettingsFiles : public testing::Test {
   protected:
-    void SetUp() override {
-        folder_ = fs::temp_directory_path() /
-                  ("settings_" + std::string(testing::UnitTest::GetInstance()->current_test_info()->name()));
-        fs::remove_all(folder_);
-        fs::create_directories(folder_);
-    }
-    void TearDown() override { fs::remove_all(folder_); }
-
-    void put(const std::string& bytes) const { std::ofstream(file(), std::ios::binary) << bytes; }
-    std::string bytes() const {
-        std::ifstream stream(file(), std::ios::binary);
-        return {std::istreambuf_iterator<char>(stream), {}};
-    }
+    void put(const std::string& bytes) const { folder_.write("corvane1.set", bytes); }
+    std::string bytes() const { return folder_.read("corvane1.set"); }
     fs::path file() const { return folder_ / "corvane1.set"; }
 
-    fs::path folder_;
+    const test_support::TemporaryFolder folder_{
+        "settings_" + std::string(testing::UnitTest::GetInstance()->current_test_info()->name())};
 };
 
 TEST(SettingsPaths, StandBesideTheModule) {
@@ -70,7 +58,7 @@ TEST_F(SettingsFiles, WidthsComeBackAndGarbageLeavesTheRest) {
         EXPECT_TRUE(std::equal(widths, widths + 3, c.widths)) << c.bytes;
     }
     int kept[] = {1, 2, 3};
-    corvanes::read_column_widths(folder_, kept, 3);
+    corvanes::read_column_widths(folder_.path(), kept, 3);
     corvanes::read_column_widths(folder_ / "missing", kept, 3);
     EXPECT_EQ(kept[0] + kept[1] + kept[2], 6);
 }
@@ -100,8 +88,8 @@ TEST_F(SettingsFiles, TextsBeyondTheCodePageAreKeptInUtf8) {
     EXPECT_EQ(corvanes::read_text_file(file()), text);
     put("\xe3\xec\xfa");
     EXPECT_EQ(corvanes::read_text_file(file()), L"\u05d3\u05dc\u05ea");
-    EXPECT_EQ(corvanes::read_text_file(folder_), std::nullopt);
-    EXPECT_FALSE(corvanes::write_text_file(folder_, text));
+    EXPECT_EQ(corvanes::read_text_file(folder_.path()), std::nullopt);
+    EXPECT_FALSE(corvanes::write_text_file(folder_.path(), text));
 }
 
 }  // namespace

@@ -1,17 +1,18 @@
 // Drawings in memory and their index as text, for whole comparisons.
 #pragma once
 
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <memory>
 #include <sstream>
 #include <string>
 
 #include "base/code_page.h"
 #include "platform/host/dxf/drawing.h"
+#include "tests/support/temporary_folder.h"
 
 namespace dxf_test {
+
+using test_support::contents;
+using test_support::TemporaryFolder;
 
 /// "0 SECTION 2 HEADER …" in lines: groups are parted by commas, code and value by the first blank.
 inline std::string lines(const std::string& groups, const std::string& line_end = "\n") {
@@ -74,29 +75,5 @@ inline std::string drawing_text(const dxf::Drawing& drawing) {
     return text + "entities:" + run_text(drawing, drawing.entities()) +
            "\nobjects:" + run_text(drawing, drawing.objects()) + "\n";
 }
-
-inline std::string contents(const std::filesystem::path& path) {
-    std::ifstream in(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-}
-
-/// A folder of the test's own, removed with all its contents.
-class TemporaryFolder {
-  public:
-    explicit TemporaryFolder(const std::string& name) : path_(std::filesystem::temp_directory_path() / name) {
-        std::filesystem::remove_all(path_);
-        std::filesystem::create_directories(path_);
-    }
-    TemporaryFolder(const TemporaryFolder&) = delete;
-    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
-    ~TemporaryFolder() {
-        std::error_code error;
-        std::filesystem::remove_all(path_, error);
-    }
-    std::filesystem::path operator/(const std::string& name) const { return path_ / name; }
-
-  private:
-    std::filesystem::path path_;
-};
 
 }  // namespace dxf_test

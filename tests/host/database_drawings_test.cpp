@@ -10,9 +10,7 @@
 namespace {
 
 std::string file_bytes(const std::string& name) {
-    std::ifstream file(std::filesystem::path(CORVANES_SOURCE_DIR) / name, std::ios::binary);
-    EXPECT_TRUE(file) << name;
-    return std::string((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
+    return test_support::contents(std::filesystem::path(CORVANES_SOURCE_DIR) / name);
 }
 
 class Samples : public testing::TestWithParam<const char*> {};

@@ -5,8 +5,6 @@
 
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -20,20 +18,8 @@
 #include "dbobjptr.h"
 #include "dbsymtb.h"
 #include "platform/host/database/database_store.h"
-
-/// "0 LINE|8 walls|10 1.5" as the groups of a drawing, codes filled up with blanks to a width.
-inline std::string groups(std::string_view text, size_t code_width = 0) {
-    std::string bytes;
-    while (!text.empty()) {
-        const std::string_view group = text.substr(0, text.find('|'));
-        text.remove_prefix(std::min(text.size(), group.size() + 1));
-        const size_t blank = group.find(' ');
-        const std::string code(group.substr(0, blank));
-        bytes += std::string(code_width - std::min(code_width, code.size()), ' ') + code + "\n";
-        bytes += std::string(blank == std::string_view::npos ? "" : group.substr(blank + 1)) + "\n";
-    }
-    return bytes;
-}
+#include "tests/support/drawing_groups.h"
+#include "tests/support/temporary_folder.h"
 
 /// The groups with no blanks before their codes.
 inline std::string plain(const std::string& bytes) {
@@ -46,23 +32,6 @@ inline std::string plain(const std::string& bytes) {
         at = end;
     }
     return text;
-}
-
-inline std::string section(std::string_view name, const std::string& contents) {
-    return groups("0 SECTION|2 " + std::string(name)) + contents + groups("0 ENDSEC");
-}
-
-/// A table of entries given by their groups behind code 0.
-inline std::string table(const std::string& name, const std::vector<std::string>& entries) {
-    std::string bytes = groups("0 TABLE|2 " + name + "|70 " + std::to_string(entries.size()));
-    for (const std::string& entry : entries) {
-        bytes += groups("0 " + name + "|" + entry);
-    }
-    return bytes + groups("0 ENDTAB");
-}
-
-inline std::string end_of_file() {
-    return groups("0 EOF");
 }
 
 /// An open drawing that is the working one.
@@ -95,9 +64,7 @@ class OpenDrawing {
         const std::filesystem::path path =
             std::filesystem::temp_directory_path() / ("database_test_" + std::to_string(std::rand()) + ".dxf");
         EXPECT_TRUE(drawing().save(path));
-        std::ifstream file(path, std::ios::binary);
-        std::string bytes((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
-        file.close();
+        std::string bytes = test_support::contents(path);
         std::filesystem::remove(path);
         return bytes;
     }

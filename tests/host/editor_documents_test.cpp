@@ -7,6 +7,7 @@
 #include "dbapserv.h"
 #include "platform/host/dxf/drawing.h"
 #include "platform/host/editor/editor.h"
+#include "tests/support/drawing_groups.h"
 #include "tests/support/host_program.h"
 
 namespace host {
@@ -14,10 +15,10 @@ namespace {
 
 using testing::ElementsAre;
 
-constexpr char drawing[] =
-    "  0\nSECTION\n  2\nHEADER\n  9\n$ACADVER\n  1\nAC1009\n  9\n$SNAPMODE\n 70\n     1\n  9\n$CLAYER\n  8\nWalls\n"
-    "  9\n$INSBASE\n 10\n1.0\n 20\n2.0\n 30\n3.0\n  9\n$TEXTSIZE\n 40\nnan\n  9\n$LIMMIN\n 10\n-nan(ind)\n 20\n8.0\n"
-    "  0\nENDSEC\n  0\nSECTION\n  2\nENTITIES\n  0\nENDSEC\n  0\nEOF\n";
+const std::string drawing = groups(
+    "0 SECTION|2 HEADER|9 $ACADVER|1 AC1009|9 $SNAPMODE|70      1|9 $CLAYER|8 Walls|9 $INSBASE|10 1.0|20 2.0|30 3.0|"
+    "9 $TEXTSIZE|40 nan|9 $LIMMIN|10 -nan(ind)|20 8.0|0 ENDSEC|0 SECTION|2 ENTITIES|0 ENDSEC|0 EOF",
+    3);
 
 /// Writes down what it hears.
 class Listener final : public AcApDocManagerReactor {

@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <fstream>
 
+#include "tests/support/drawing_groups.h"
 #include "tests/support/host_program.h"
 
 namespace {
@@ -13,9 +14,10 @@ using test_support::Outcome;
 using testing::EndsWith;
 using testing::HasSubstr;
 
-constexpr char small_drawing[] =
-    "  0\nSECTION\n  2\nHEADER\n  9\n$ACADVER\n  1\nAC1009\n  9\n$TEXTSIZE\n 40\n3.5\n  0\nENDSEC\n"
-    "  0\nSECTION\n  2\nENTITIES\n  0\nLINE\n  8\n0\n 10\n0.0\n 20\n0.0\n 11\n1.0\n 21\n1.0\n  0\nENDSEC\n  0\nEOF\n";
+const std::string small_drawing = groups(
+    "0 SECTION|2 HEADER|9 $ACADVER|1 AC1009|9 $TEXTSIZE|40 3.5|0 ENDSEC|"
+    "0 SECTION|2 ENTITIES|0 LINE|8 0|10 0.0|20 0.0|11 1.0|21 1.0|0 ENDSEC|0 EOF",
+    3);
 
 class Program : public test_support::HostProgram {
   protected:

@@ -10,14 +10,16 @@
 #include "platform/host/editor/commands.h"
 #include "platform/host/editor/editor.h"
 #include "tests/host/list_person.h"
+#include "tests/support/drawing_groups.h"
 #include "tests/support/host_program.h"
 
 namespace host {
 namespace {
 
-constexpr char drawing[] =
-    "  0\nSECTION\n  2\nBLOCKS\n  0\nBLOCK\n  8\n0\n  2\nDOOR\n 70\n     0\n  0\nLINE\n  8\n0\n  0\nENDBLK\n  8\n0\n"
-    "  0\nENDSEC\n  0\nSECTION\n  2\nENTITIES\n  0\nPOINT\n  8\n0\n  0\nENDSEC\n  0\nEOF\n";
+const std::string drawing = groups(
+    "0 SECTION|2 BLOCKS|0 BLOCK|8 0|2 DOOR|70      0|0 LINE|8 0|0 ENDBLK|8 0|0 ENDSEC|"
+    "0 SECTION|2 ENTITIES|0 POINT|8 0|0 ENDSEC|0 EOF",
+    3);
 
 class Undo : public test_support::HostProgram {
   protected:

@@ -1,8 +1,6 @@
 #include "tests/pricelist/open_template.h"
 
 #include <cstring>
-#include <fstream>
-#include <iterator>
 #include <stdexcept>
 
 #include "common/module_path.h"
@@ -56,9 +54,7 @@ class OpenTemplate::Answers {
 };
 
 OpenTemplate::OpenTemplate(const std::vector<std::string>& blocks)
-    : folder_(std::filesystem::temp_directory_path() / ("template_" + std::to_string(::GetCurrentProcessId()))),
-      answers_(std::make_unique<Answers>()) {
-    std::filesystem::create_directories(folder_);
+    : folder_("template_" + std::to_string(::GetCurrentProcessId())), answers_(std::make_unique<Answers>()) {
     write(L"drawing.dxf", drawing_of(blocks));
     if (!host::editor().documents.open(folder_ / "drawing.dxf")) {
         throw std::runtime_error("the drawing cannot be read");
@@ -73,8 +69,6 @@ OpenTemplate::OpenTemplate(const std::vector<std::string>& blocks)
 OpenTemplate::~OpenTemplate() {
     dialog_->DestroyWindow();
     host::editor().documents.close();
-    std::error_code error;
-    std::filesystem::remove_all(folder_, error);
 }
 
 void OpenTemplate::press(int id, const std::wstring& file) {
@@ -169,15 +163,6 @@ std::wstring OpenTemplate::rows() const {
         }
     }
     return lines;
-}
-
-void OpenTemplate::write(const std::wstring& name, const std::string& bytes) const {
-    std::ofstream(path(name), std::ios::binary) << bytes;
-}
-
-std::string OpenTemplate::read(const std::wstring& name) const {
-    std::ifstream file(path(name), std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
 }
 
 }  // namespace test_support

@@ -1,12 +1,12 @@
 // The BOM Template dialog over a drawing, in this process: the real dialog with real messages, and its grid to look at.
 #pragma once
 
-#include <filesystem>
 #include <memory>
 #include <string>
 #include <vector>
 
 #include "pricelist/template_dialog.h"
+#include "tests/support/temporary_folder.h"
 
 namespace test_support {
 
@@ -51,13 +51,13 @@ class OpenTemplate {
     std::wstring rows() const;
 
     std::filesystem::path path(const std::wstring& name) const { return folder_ / name; }
-    void write(const std::wstring& name, const std::string& bytes) const;
-    std::string read(const std::wstring& name) const;
+    void write(const std::wstring& name, const std::string& bytes) const { folder_.write(name, bytes); }
+    std::string read(const std::wstring& name) const { return folder_.read(name); }
 
   private:
     class Answers;
 
-    std::filesystem::path folder_;
+    TemporaryFolder folder_;
     std::unique_ptr<Answers> answers_;
     std::unique_ptr<BlockPriceDialog> dialog_;
 };

@@ -102,15 +102,8 @@ TEST_F(ReportCommand, ComesBackAfterUnloading) {
 /// Two forms of the dynamic block WINDOW: *U3 says so itself, of *U4 its reference does. DOOR stands on a frozen layer,
 /// and twice in one place; two of it are inside *U3.
 std::string dynamic_drawing() {
-    std::string groups;
-    // "code value", and so on, with bars between.
-    const auto add = [&groups](const std::string& more) {
-        std::istringstream words(more);
-        for (std::string group; std::getline(words, group, '|');) {
-            const size_t blank = group.find(' ');
-            groups += group.substr(0, blank) + "\n" + group.substr(blank + 1) + "\n";
-        }
-    };
+    std::string bytes;
+    const auto add = [&bytes](const std::string& more) { bytes += groups(more); };
     const auto insert = [&add](const std::string& handle, const std::string& name, const std::string& layer,
                                const std::string& x) {
         add("0 INSERT|5 " + handle + (handle == "40" ? "|102 {ACAD_XDICTIONARY|360 50|102 }" : "") +
@@ -138,7 +131,7 @@ std::string dynamic_drawing() {
     insert("33", "DOOR", "COLD", "6");
     add("0 ENDSEC|0 SECTION|2 OBJECTS|0 DICTIONARY|5 50|3 AcDbBlockRepresentation|360 51");
     add("0 DICTIONARY|5 51|3 AcDbRepData|360 52|0 ACDB_BLOCKREPRESENTATION_DATA|5 52|340 23|0 ENDSEC|0 EOF");
-    return groups;
+    return bytes;
 }
 
 TEST_F(ReportCommand, SaysWhatItLeavesOutWhenAskedTo) {

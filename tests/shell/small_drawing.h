@@ -1,8 +1,9 @@
 // A drawing of references to named blocks, in text.
 #pragma once
 
-#include <string>
-#include <vector>
+#include <set>
+
+#include "tests/support/drawing_groups.h"
 
 namespace test_support {
 
@@ -11,22 +12,14 @@ namespace test_support {
 inline std::string drawing_of(const std::vector<std::string>& references) {
     std::string blocks;
     std::string inserts;
-    std::vector<std::string> defined;
-    for (const std::string& name : references) {
-        bool known = false;
-        for (const std::string& other : defined) {
-            known = known || other == name;
-        }
-        if (!known) {
-            blocks += "  0\nBLOCK\n  8\n0\n  2\n" + name + "\n 70\n0\n 10\n0.0\n 20\n0.0\n  3\n" + name +
-                      "\n  0\nENDBLK\n  8\n0\n";
-            defined.push_back(name);
-        }
-        inserts += "  0\nINSERT\n  8\n0\n  2\n" + name + "\n 10\n1.0\n 20\n2.0\n";
+    for (const std::string& name : std::set<std::string>(references.begin(), references.end())) {
+        blocks += groups("0 BLOCK|8 0|2 " + name + "|70 0|10 0.0|20 0.0|3 " + name + "|0 ENDBLK|8 0", 3);
     }
-    return "  0\nSECTION\n  2\nHEADER\n  9\n$ACADVER\n  1\nAC1009\n  9\n$DWGCODEPAGE\n  3\nANSI_1255\n  0\nENDSEC\n"
-           "  0\nSECTION\n  2\nBLOCKS\n" +
-           blocks + "  0\nENDSEC\n  0\nSECTION\n  2\nENTITIES\n" + inserts + "  0\nENDSEC\n  0\nEOF\n";
+    for (const std::string& name : references) {
+        inserts += groups("0 INSERT|8 0|2 " + name + "|10 1.0|20 2.0", 3);
+    }
+    return section("HEADER", groups("9 $ACADVER|1 AC1009|9 $DWGCODEPAGE|3 ANSI_1255")) + section("BLOCKS", blocks) +
+           section("ENTITIES", inserts) + end_of_file();
 }
 
 }  // namespace test_support

@@ -2,9 +2,6 @@
 
 #include <windows.h>
 
-#include <fstream>
-#include <iterator>
-
 #include "base/code_page.h"
 
 namespace test_support {
@@ -24,26 +21,9 @@ class Handle {
 
 }  // namespace
 
-std::string contents(const std::filesystem::path& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
-
 HostProgram::HostProgram()
-    : folder_(std::filesystem::temp_directory_path() /
-              ("drawinghost_" + std::to_string(GetCurrentProcessId()) + "_" +
-               testing::UnitTest::GetInstance()->current_test_info()->name())) {
-    std::filesystem::create_directories(folder_);
-}
-
-HostProgram::~HostProgram() {
-    std::error_code error;
-    std::filesystem::remove_all(folder_, error);
-}
-
-void HostProgram::write(const char* name, const std::string& bytes) const {
-    std::ofstream(folder_ / name, std::ios::binary) << bytes;
-}
+    : folder_("drawinghost_" + std::to_string(GetCurrentProcessId()) + "_" +
+              testing::UnitTest::GetInstance()->current_test_info()->name()) {}
 
 std::filesystem::path HostProgram::program_folder() const {
     wchar_t path[MAX_PATH];
@@ -66,8 +46,8 @@ Outcome HostProgram::start(const std::string& arguments) const {
         // Wine fails to start a program now and then on a busy machine.
         bool started = false;
         for (int tries = 0; tries < 3 && !started; ++tries) {
-            started = CreateProcessW(nullptr, command.data(), nullptr, nullptr, TRUE, 0, nullptr, folder_.c_str(),
-                                     &startup, &process) != 0;
+            started = CreateProcessW(nullptr, command.data(), nullptr, nullptr, TRUE, 0, nullptr,
+                                     folder_.path().c_str(), &startup, &process) != 0;
         }
         EXPECT_TRUE(started) << GetLastError();
     }

@@ -3,8 +3,9 @@
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <string>
+
+#include "tests/support/temporary_folder.h"
 
 namespace test_support {
 
@@ -14,22 +15,19 @@ struct Outcome {
     std::string said;  ///< its standard error
 };
 
-std::string contents(const std::filesystem::path& path);
-
 /// A test with a folder of its own, which the program runs in; it goes with the test.
 class HostProgram : public testing::Test {
   protected:
     HostProgram();
-    ~HostProgram() override;
 
-    void write(const char* name, const std::string& bytes) const;
-    std::string read(const char* name) const { return contents(folder_ / name); }
+    void write(const char* name, const std::string& bytes) const { folder_.write(name, bytes); }
+    std::string read(const char* name) const { return folder_.read(name); }
     std::filesystem::path program_folder() const;
 
     /// Waits for the program, whose watchdog ends a run that stalls. `arguments` are UTF-8.
     Outcome start(const std::string& arguments) const;
 
-    std::filesystem::path folder_;
+    TemporaryFolder folder_;
 };
 
 }  // namespace test_support

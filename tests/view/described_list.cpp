@@ -5,6 +5,7 @@
 #include <stdexcept>
 
 #include "base/code_page.h"
+#include "tests/support/drawing_groups.h"
 
 namespace host {
 
@@ -98,15 +99,7 @@ std::string section(const std::string& name, const std::string& groups) {
 }  // namespace
 
 std::unique_ptr<dxf::Drawing> drawing_of(const std::string& groups) {
-    std::string bytes;
-    const std::string all = groups + "0 EOF|";
-    for (size_t at = 0; at < all.size();) {
-        const size_t end = all.find('|', at);
-        const size_t blank = all.find(' ', at);
-        bytes += all.substr(at, blank - at) + "\n" + all.substr(blank + 1, end - blank - 1) + "\n";
-        at = end + 1;
-    }
-    dxf::OpenResult opened = dxf::Drawing::from_bytes(bytes, "test.dxf");
+    dxf::OpenResult opened = dxf::Drawing::from_bytes(::groups(groups + "0 EOF"), "test.dxf");
     if (!opened) {
         throw std::runtime_error(opened.error.message());
     }
