@@ -100,4 +100,4 @@ class WholeCommand:
 
 def ezdxf_count(drawing):
     """Seconds and MB that an ezdxf script takes to count the references."""
-    return timed([PYTHON, str(ROOT / "tests" / "tools" / "count_inserts.py"), "--only-inserts", str(drawing)])
+    return timed([PYTHON, str(ROOT / "bench" / "count_inserts.py"), str(drawing)])
