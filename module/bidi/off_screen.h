@@ -12,7 +12,7 @@ class OffScreen {
         dc_.CreateCompatibleDC(&screen);
         bitmap_.CreateCompatibleBitmap(&screen, width, height);
         former_ = ::SelectObject(dc_.m_hDC, bitmap_.GetSafeHandle());
-        dc_.FillSolidRect(0, 0, width, height, color);
+        dc_.FillSolidRect(CRect(0, 0, width, height), color);
     }
     ~OffScreen() { ::SelectObject(dc_.m_hDC, former_); }
     OffScreen(const OffScreen&) = delete;

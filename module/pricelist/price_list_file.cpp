@@ -19,9 +19,7 @@ std::optional<DecodedText> decoded_price_list(const wchar_t* path) {
     }
     const std::wstring kind(foreign_kind(contents->bytes()));
     if (!kind.empty()) {
-        CString message;
-        message.Format(L"File %s is not a price list: %s", path, kind.c_str());
-        acedAlert(message);
+        acedAlert(CString(L"File ") + path + L" is not a price list: " + kind.c_str());
         return std::nullopt;
     }
     return decoded_text(contents->bytes());
@@ -30,9 +28,7 @@ std::optional<DecodedText> decoded_price_list(const wchar_t* path) {
 }  // namespace
 
 void alert_cannot_open(const wchar_t* path) {
-    CString message;
-    message.Format(L"File %s could  not be opened", path);
-    acedAlert(message);
+    acedAlert(CString(L"File ") + path + L" could  not be opened");
 }
 
 std::optional<std::wstring> read_price_list(const wchar_t* path) {

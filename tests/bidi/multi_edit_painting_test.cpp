@@ -7,7 +7,7 @@ namespace {
 using Range = std::pair<int, int>;
 
 TEST_F(MultiEdit, PaintsFromTheSideOfItsDirection) {
-    EXPECT_TRUE(ink().IsRectEmpty());
+    EXPECT_TRUE(::IsRectEmpty(ink()));
     set(L"ab");
     const CRect left = ink();
     EXPECT_LT(left.right, width / 4);
@@ -28,7 +28,7 @@ TEST_F(MultiEdit, PaintsFromTheSideOfItsDirection) {
 
 TEST_F(MultiEdit, PaintsTheSelectionOfEitherDirection) {
     const COLORREF highlight = ::GetSysColor(COLOR_HIGHLIGHT);
-    EXPECT_TRUE(around(highlight).IsRectEmpty());
+    EXPECT_TRUE(::IsRectEmpty(around(highlight)));
     set(L"abcdef");
     editor.SetSel(0, 3);
     const CRect left = around(highlight);

@@ -11,9 +11,9 @@ TEST_F(MultiEdit, AnswersTheTextMessagesFromItsModel) {
     EXPECT_EQ(text(), L"AB cd\nEF");
     EXPECT_EQ(editor.GetWindowTextLength(), 8);
     wchar_t small[4];
-    EXPECT_EQ(editor.GetWindowText(small, 4), 3);
+    EXPECT_EQ(::GetWindowTextW(editor, small, 4), 3);
     EXPECT_EQ(capitals(small), L"AB ");
-    EXPECT_EQ(editor.GetLineCount(), 2);
+    EXPECT_EQ(editor.SendMessage(EM_GETLINECOUNT), 2);
     EXPECT_EQ(editor.SendMessage(EM_LINEFROMCHAR, 6), 1);
     EXPECT_EQ(editor.SendMessage(EM_LINEINDEX, 1), 6);
     EXPECT_EQ(editor.SendMessage(EM_LINEINDEX, 2), -1);
@@ -194,7 +194,7 @@ TEST_F(MultiEdit, CharactersThatTheCodePageLacks) {
             editor.SendMessage(WM_CHAR, static_cast<WPARAM>(character), 1);
         }
         EXPECT_EQ(text(), L"\x4E2D" + pair + L"\xD55C");
-        EXPECT_FALSE(ink().IsRectEmpty());
+        EXPECT_FALSE(::IsRectEmpty(ink()));
         // Neutrals run from left to right in lines of either direction. The pair is one step.
         key(VK_HOME);
         EXPECT_EQ(selection(), Range(0, 0));

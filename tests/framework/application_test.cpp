@@ -6,31 +6,17 @@
 
 namespace {
 
-class TestApp : public CWinApp {
-  public:
-    TestApp() : CWinApp(L"Test App") {}
-    BOOL OnIdle(LONG count) override {
-        counts.push_back(count);
-        if (count == 0) {
-            return TRUE;
-        }
-        m_pMainWnd->PostMessage(counts.size() < 4 ? WM_NULL : WM_CLOSE);
-        return CWinApp::OnIdle(count);
-    }
-    int ExitInstance() override { return CWinApp::ExitInstance() + 30; }
-    std::vector<LONG> counts;
-};
-
-TEST(Application, RunsUntilItsMainWindowGoes) {
+TEST(Application, EndsWithItsMainWindow) {
     EXPECT_EQ(AfxGetMainWnd(), nullptr);
-    TestApp app;
+    CWinApp app(L"Test App");
     OwnerWindow main;
     app.m_pMainWnd = &main;
     EXPECT_EQ(AfxGetApp(), &app);
     EXPECT_EQ(AfxGetMainWnd(), &main);
-    EXPECT_EQ(app.Run(), 30);
-    EXPECT_EQ(app.counts, (std::vector<LONG>{0, 1, 0, 1}));
+    main.DestroyWindow();
     EXPECT_EQ(AfxGetMainWnd(), nullptr);
+    MSG message;
+    EXPECT_TRUE(::PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
 }
 
 class Accelerated : public CWnd {

@@ -113,14 +113,7 @@ TEST(Dialog, ReturnPressesTheButtonThatHasTheFocus) {
     owner.on_idle = [](CWnd& running) { type_key(*running.GetDlgItem(IDC_PRESS), VK_RETURN); };
     EXPECT_EQ(clicked.DoModal(), 6) << "a click gives the focus in the same way";
     // Without a default button of its own, and with nothing before its one button.
-    struct OneButton {
-        DLGTEMPLATE head{WS_POPUP | WS_CAPTION, 0, 1, 0, 0, 80, 30};
-        WORD menu_class_title[3] = {0, 0, 0};
-        alignas(DWORD) DLGITEMTEMPLATE button{WS_CHILD | WS_VISIBLE | WS_TABSTOP, 0, 2, 2, 40, 14, IDC_PRESS};
-        WORD class_text_data[5] = {0xFFFF, 0x0080, 0, 0, 0};
-    } only_button;
-    TestDialog dialog(&owner);
-    dialog.InitModalIndirect(&only_button.head, &owner);
+    TestDialog dialog(&owner, IDD_ONE_BUTTON);
     dialog.on_press = [&] { dialog.EndDialog(7); };
     owner.on_idle = [](CWnd&) { ::PostMessageW(::GetFocus(), WM_KEYDOWN, VK_RETURN, 1); };
     EXPECT_EQ(dialog.DoModal(), 7);
@@ -224,29 +217,13 @@ TEST(Dialog, OffersItsFontToBeReplaced) {
     EXPECT_EQ(faces, (std::vector<std::wstring>{L"MS Sans Serif", L"Courier", L"MS Sans Serif"}));
 }
 
-/// A template without controls, as a program builds one.
-struct EmptyTemplate {
-    DLGTEMPLATE head{WS_POPUP | WS_CAPTION, 0, 0, 0, 0, 80, 30};
-    WORD menu_class_title[3] = {0, 0, 0};
-};
-
-TEST(Dialog, RunsFromMemoryAndModeless) {
+TEST(Dialog, StandsBesideItsOwner) {
     OwnerWindow owner;
-    EmptyTemplate empty;
-    CDialog dialog;
-    dialog.InitModalIndirect(&empty.head, &owner);
-    owner.on_idle = [](CWnd& running) { running.PostMessage(WM_COMMAND, IDOK); };
-    EXPECT_EQ(dialog.DoModal(), IDOK);
-
     CDialog modeless;
     ASSERT_TRUE(modeless.Create(IDD_FIELDS, &owner));
     EXPECT_TRUE(owner.IsWindowEnabled());
-    modeless.SetDefID(IDC_PRESS);
-    EXPECT_EQ(modeless.GetDefID(), static_cast<DWORD>(MAKELONG(IDC_PRESS, DC_HASDEFID)));
     modeless.GotoDlgCtrl(modeless.GetDlgItem(IDC_NAME));
     EXPECT_EQ(CWnd::GetFocus()->GetDlgCtrlID(), IDC_NAME);
-    modeless.NextDlgCtrl();
-    EXPECT_EQ(CWnd::GetFocus()->GetDlgCtrlID(), IDC_TICK);
 }
 
 }  // namespace

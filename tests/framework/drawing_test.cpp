@@ -28,6 +28,14 @@ int drawing_objects() {
     return static_cast<int>(std::count_if(table, table + kEntries, [](const Entry& entry) { return entry.type != 0; }));
 }
 
+/// A font of this face.
+LOGFONTW described(const wchar_t* face) {
+    LOGFONTW description{};
+    description.lfHeight = -13;
+    lstrcpynW(description.lfFaceName, face, LF_FACESIZE);
+    return description;
+}
+
 void draw_once() {
     CWnd window;
     window.CreateEx(0, nullptr, L"", WS_POPUP, 0, 0, 60, 40, nullptr, nullptr);
@@ -38,16 +46,17 @@ void draw_once() {
     CBitmap* const no_bitmap = memory.SelectObject(&bitmap);
     CBrush red(RGB(255, 0, 0));
     memory.FillRect(CRect(0, 0, 60, 40), &red);
-    memory.FillSolidRect(10, 10, 5, 5, RGB(0, 255, 0));
+    memory.FillSolidRect(CRect(10, 10, 15, 15), RGB(0, 255, 0));
     CPen blue(PS_SOLID, 1, RGB(0, 0, 255));
     CPen* const no_pen = memory.SelectObject(&blue);
     memory.MoveTo(0, 30);
     memory.LineTo(60, 30);
     EXPECT_EQ(memory.SelectObject(no_pen), &blue);
     CFont font;
-    ASSERT_TRUE(font.CreatePointFont(100, L"Courier"));
+    const LOGFONTW courier = described(L"Courier");
+    ASSERT_TRUE(font.CreateFontIndirect(&courier));
     CFont* const no_font = memory.SelectObject(&font);
-    EXPECT_EQ(memory.GetCurrentFont(), &font);
+    EXPECT_EQ(::GetCurrentObject(memory, OBJ_FONT), font.m_hObject);
     const CSize w = memory.GetTextExtent(L"W", 1), i = memory.GetTextExtent(CString(L"i"));
     EXPECT_EQ(memory.GetTextExtent(L"WiW and more", 3), CSize(w.cx * 2 + i.cx, w.cy));
     memory.SelectObject(no_font);
@@ -74,12 +83,12 @@ TEST(Drawing, LeavesNothingBehind) {
 TEST(Drawing, AFontThatATemporaryObjectGotGoesWithIt) {
     OwnerWindow window;
     CFont font;
-    font.CreatePointFont(80, L"Arial");
+    LOGFONTW description = described(L"Arial");
+    font.CreateFontIndirect(&description);
     const HFONT arial = static_cast<HFONT>(font.Detach());
     CGdiObject::DeleteTempMap();
     const int before = drawing_objects();
     CFont* const temporary = CFont::FromHandle(arial);
-    LOGFONTW description{};
     temporary->GetLogFont(&description);
     ASSERT_TRUE(temporary->CreateFontIndirect(&description));
     EXPECT_EQ(drawing_objects(), before + 1);
@@ -120,15 +129,9 @@ TEST(Drawing, PaintingGetsTheInvalidPart) {
     EXPECT_EQ(window.painted, std::vector<CRect>{CRect(5, 6, 20, 30)});
 }
 
-TEST(Geometry, Computes) {
-    CRect rect(30, 40, 10, 20);
-    rect.NormalizeRect();
-    EXPECT_EQ(rect, CRect(CPoint(10, 20), CSize(20, 20)));
-    rect.InflateRect(1, 2, 3, 4);
-    EXPECT_EQ(rect, CRect(9, 18, 33, 44));
-    EXPECT_EQ(rect & CRect(0, 0, 20, 30), CRect(9, 18, 20, 30));
-    EXPECT_EQ(rect.CenterPoint() - CPoint(1, 1), CSize(20, 30));
+TEST(Geometry, ReadsAMessagesPlace) {
     EXPECT_EQ(CPoint(static_cast<LPARAM>(MAKELPARAM(0xffff, 7))), CPoint(-1, 7));
+    EXPECT_EQ(CRect(CPoint(10, 20), CSize(20, 40)).CenterPoint(), CPoint(20, 40));
 }
 
 }  // namespace

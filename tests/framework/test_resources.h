@@ -6,7 +6,6 @@
 #define IDC_NOTES 104
 #define IDC_LABEL 105
 #define IDC_PRESS 106
+#define IDD_ONE_BUTTON 107
 #define IDD_EXTENSION 110
-#define IDS_PROGRAM 1
-#define IDS_BOTH 2
-#define IDS_EXTENSION 3
+#define IDS_BOTH 1

@@ -1,17 +1,14 @@
 #include "test_windows.h"
 
-BEGIN_MESSAGE_MAP(OwnerWindow, CWnd)
-    ON_WM_ENTERIDLE()
-END_MESSAGE_MAP()
-
 OwnerWindow::OwnerWindow() {
     CreateEx(0, nullptr, L"owner", WS_OVERLAPPEDWINDOW, 0, 0, 100, 100, nullptr, nullptr);
 }
 
-void OwnerWindow::OnEnterIdle(UINT why, CWnd* dialog) {
-    if (why == MSGF_DIALOGBOX && on_idle) {
-        on_idle(*dialog);
+LRESULT OwnerWindow::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_ENTERIDLE && wParam == MSGF_DIALOGBOX && on_idle) {
+        on_idle(*FromHandle(reinterpret_cast<HWND>(lParam)));
     }
+    return CWnd::WindowProc(message, wParam, lParam);
 }
 
 void run_waiting_messages() {

@@ -25,14 +25,12 @@ class ExceptionReports {
 
 /// An invisible top-level window. While a modal dialog that it owns has nothing to do, it calls `on_idle`.
 class OwnerWindow : public CWnd {
-    DECLARE_MESSAGE_MAP()
-
   public:
     OwnerWindow();
     std::function<void(CWnd& dialog)> on_idle;
 
-  private:
-    void OnEnterIdle(UINT why, CWnd* dialog);
+  protected:
+    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
 };
 
 /// Runs what is in the thread's queue, up to a thousand messages.

@@ -43,9 +43,9 @@ LRESULT CALLBACK grid_procedure(HWND window, UINT message, WPARAM wparam, LPARAM
         CString text;
         GetDlgItemTextW(GetParent(window), IDC_LAST_EVENT, text.GetBuffer(200), 200);
         text.ReleaseBuffer();
-        CString event;
-        event.Format(L"%s %d,%d;", name, static_cast<short>(LOWORD(lparam)), static_cast<short>(HIWORD(lparam)));
-        SetDlgItemTextW(GetParent(window), IDC_LAST_EVENT, text + event);
+        const CPoint at(lparam);
+        const std::wstring place = L" " + std::to_wstring(at.x) + L"," + std::to_wstring(at.y) + L";";
+        SetDlgItemTextW(GetParent(window), IDC_LAST_EVENT, text + name + place.c_str());
     }
     return DefWindowProcW(window, message, wparam, lparam);
 }

@@ -7,11 +7,6 @@
 #include "afxver_.h"
 
 #define ASSERT(condition) assert(condition)
-#ifdef NDEBUG
-#define VERIFY(condition) static_cast<void>(condition)
-#else
-#define VERIFY(condition) assert(condition)
-#endif
 
 class AFX_PUBLIC CObject {
   public:

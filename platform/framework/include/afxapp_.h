@@ -9,12 +9,6 @@ class AFX_PUBLIC CWinApp : public CCmdTarget {
     explicit CWinApp(LPCWSTR name = nullptr);
     ~CWinApp() override;
 
-    /// FALSE ends the program without Run.
-    virtual BOOL InitInstance() { return TRUE; }
-    /// Runs messages until WM_QUIT; the result of ExitInstance.
-    virtual int Run();
-    /// The program's exit code, by default that of WM_QUIT.
-    virtual int ExitInstance() { return exit_code_; }
     virtual BOOL PreTranslateMessage(MSG* message);
     /// Called while the queue is empty, with 0, 1, ... until it returns FALSE. The base deletes the temporary objects.
     virtual BOOL OnIdle(LONG count);
@@ -24,7 +18,6 @@ class AFX_PUBLIC CWinApp : public CCmdTarget {
     CString m_strAppName;
 
   private:
-    int exit_code_ = 0;
 };
 
 /// The program object, null in a program that has none.
@@ -49,4 +42,3 @@ AFX_PUBLIC LPCWSTR AfxRegisterWndClass(UINT style, HCURSOR cursor = nullptr, HBR
 /// Over the main window's active dialog. Without an icon in `type`, an OK, Cancel, Yes or No box gets the exclamation
 /// mark.
 AFX_PUBLIC int AfxMessageBox(LPCWSTR text, UINT type = MB_OK, UINT help_id = 0);
-AFX_PUBLIC int AfxMessageBox(UINT text_id, UINT type = MB_OK, UINT help_id = static_cast<UINT>(-1));

@@ -16,13 +16,11 @@ class AFX_PUBLIC CDC : public CObject {
     static CDC* FromHandle(HDC handle);
     static void DeleteTempMap();
 
-    HDC GetSafeHdc() const { return m_hDC; }
     operator HDC() const { return m_hDC; }
     BOOL Attach(HDC handle);
     HDC Detach();
     BOOL CreateCompatibleDC(CDC* dc) { return Attach(::CreateCompatibleDC(dc ? dc->m_hDC : nullptr)); }
     BOOL DeleteDC();
-    CWnd* GetWindow() const;
 
     CPen* SelectObject(CPen* pen) { return CPen::FromHandle(static_cast<HPEN>(select(pen))); }
     CBrush* SelectObject(CBrush* brush) { return CBrush::FromHandle(static_cast<HBRUSH>(select(brush))); }
@@ -32,8 +30,6 @@ class AFX_PUBLIC CDC : public CObject {
     CGdiObject* SelectStockObject(int index) {
         return CGdiObject::FromHandle(::SelectObject(m_hDC, ::GetStockObject(index)));
     }
-    CFont* GetCurrentFont() const;
-    CBitmap* GetCurrentBitmap() const;
 
     int SaveDC() { return ::SaveDC(m_hDC); }
     BOOL RestoreDC(int saved) { return ::RestoreDC(m_hDC, saved); }
@@ -42,67 +38,40 @@ class AFX_PUBLIC CDC : public CObject {
     COLORREF SetTextColor(COLORREF color) { return ::SetTextColor(m_hDC, color); }
     COLORREF GetTextColor() const { return ::GetTextColor(m_hDC); }
     COLORREF SetBkColor(COLORREF color) { return ::SetBkColor(m_hDC, color); }
-    COLORREF GetBkColor() const { return ::GetBkColor(m_hDC); }
     int SetBkMode(int mode) { return ::SetBkMode(m_hDC, mode); }
-    int GetBkMode() const { return ::GetBkMode(m_hDC); }
     UINT SetTextAlign(UINT flags) { return ::SetTextAlign(m_hDC, flags); }
-    UINT GetTextAlign() const { return ::GetTextAlign(m_hDC); }
     int SetROP2(int mode) { return ::SetROP2(m_hDC, mode); }
     int SetMapMode(int mode) { return ::SetMapMode(m_hDC, mode); }
     CPoint SetViewportOrg(int x, int y);
-    CPoint SetWindowOrg(int x, int y);
-    CPoint SetBrushOrg(int x, int y);
 
-    int GetClipBox(RECT* rect) const { return ::GetClipBox(m_hDC, rect); }
     int IntersectClipRect(const RECT* rect);
-    int IntersectClipRect(int l, int t, int r, int b) { return ::IntersectClipRect(m_hDC, l, t, r, b); }
-    int ExcludeClipRect(const RECT* rect);
-    /// Removes the clip region.
-    int SelectClipRgn(std::nullptr_t) { return ::SelectClipRgn(m_hDC, nullptr); }
-    BOOL RectVisible(const RECT* rect) const { return ::RectVisible(m_hDC, rect); }
 
     CPoint MoveTo(int x, int y);
-    CPoint MoveTo(POINT point) { return MoveTo(point.x, point.y); }
     BOOL LineTo(int x, int y) { return ::LineTo(m_hDC, x, y); }
-    BOOL LineTo(POINT point) { return ::LineTo(m_hDC, point.x, point.y); }
     BOOL Polyline(const POINT* points, int count) { return ::Polyline(m_hDC, points, count); }
     BOOL Polygon(const POINT* points, int count) { return ::Polygon(m_hDC, points, count); }
-    BOOL Rectangle(int l, int t, int r, int b) { return ::Rectangle(m_hDC, l, t, r, b); }
     BOOL Rectangle(const RECT* r) { return ::Rectangle(m_hDC, r->left, r->top, r->right, r->bottom); }
-    BOOL Ellipse(int l, int t, int r, int b) { return ::Ellipse(m_hDC, l, t, r, b); }
     BOOL Ellipse(const RECT* r) { return ::Ellipse(m_hDC, r->left, r->top, r->right, r->bottom); }
     BOOL Pie(const RECT* r, POINT start, POINT end);
     BOOL Arc(const RECT* r, POINT start, POINT end);
-    COLORREF SetPixel(int x, int y, COLORREF color) { return ::SetPixel(m_hDC, x, y, color); }
     COLORREF GetPixel(int x, int y) const { return ::GetPixel(m_hDC, x, y); }
 
     int FillRect(const RECT* rect, CBrush* brush) { return ::FillRect(m_hDC, rect, *brush); }
     int FrameRect(const RECT* rect, CBrush* brush) { return ::FrameRect(m_hDC, rect, *brush); }
     /// Leaves `color` as the background colour.
     void FillSolidRect(const RECT* rect, COLORREF color);
-    void FillSolidRect(int x, int y, int width, int height, COLORREF color);
-    void Draw3dRect(const RECT* rect, COLORREF top_left, COLORREF bottom_right);
-    BOOL InvertRect(const RECT* rect) { return ::InvertRect(m_hDC, rect); }
     BOOL DrawFocusRect(const RECT* rect) { return ::DrawFocusRect(m_hDC, rect); }
     BOOL DrawEdge(RECT* rect, UINT edge, UINT flags) { return ::DrawEdge(m_hDC, rect, edge, flags); }
     BOOL DrawFrameControl(RECT* rect, UINT type, UINT state) { return ::DrawFrameControl(m_hDC, rect, type, state); }
-    BOOL DrawIcon(int x, int y, HICON icon) { return ::DrawIcon(m_hDC, x, y, icon); }
 
-    BOOL PatBlt(int x, int y, int w, int h, DWORD operation) { return ::PatBlt(m_hDC, x, y, w, h, operation); }
     BOOL BitBlt(int x, int y, int w, int h, CDC* from, int from_x, int from_y, DWORD operation);
-    BOOL StretchBlt(int x, int y, int w, int h, CDC* from, int from_x, int from_y, int from_w, int from_h,
-                    DWORD operation);
 
     BOOL TextOut(int x, int y, LPCWSTR text, int length) { return ::TextOutW(m_hDC, x, y, text, length); }
-    BOOL TextOut(int x, int y, const CString& text) { return TextOut(x, y, text, text.GetLength()); }
     BOOL ExtTextOut(int x, int y, UINT options, const RECT* rect, LPCWSTR text, UINT length, const int* advances);
-    BOOL ExtTextOut(int x, int y, UINT options, const RECT* rect, const CString& text, const int* advances);
     int DrawText(LPCWSTR text, int length, RECT* rect, UINT format);
-    int DrawText(const CString& text, RECT* rect, UINT format);
     CSize GetTextExtent(LPCWSTR text, int length) const;
     CSize GetTextExtent(const CString& text) const { return GetTextExtent(text, text.GetLength()); }
     BOOL GetTextMetrics(TEXTMETRICW* metrics) const { return ::GetTextMetricsW(m_hDC, metrics); }
-    BOOL GetCharWidth(UINT first, UINT last, int* widths) const { return ::GetCharWidthW(m_hDC, first, last, widths); }
 
     HDC m_hDC = nullptr;
 
@@ -116,16 +85,6 @@ class AFX_PUBLIC CClientDC : public CDC {
   public:
     explicit CClientDC(CWnd* window);
     ~CClientDC() override;
-
-  private:
-    HWND window_;
-};
-
-/// The whole window with its frame.
-class AFX_PUBLIC CWindowDC : public CDC {
-  public:
-    explicit CWindowDC(CWnd* window);
-    ~CWindowDC() override;
 
   private:
     HWND window_;

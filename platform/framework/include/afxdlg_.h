@@ -18,8 +18,6 @@ class AFX_PUBLIC CDialog : public CWnd {
     BOOL Create(UINT id, CWnd* parent = nullptr) { return Create(MAKEINTRESOURCEW(id), parent); }
     BOOL Create(LPCWSTR name, CWnd* parent = nullptr);
     BOOL CreateIndirect(const DLGTEMPLATE* dialog, CWnd* parent = nullptr);
-    /// The template of a modal dialog in memory, which must stay until DoModal has returned.
-    BOOL InitModalIndirect(const DLGTEMPLATE* dialog, CWnd* parent = nullptr);
 
     /// Shows the dialog and runs it, the parent disabled, until EndDialog. The result that the last EndDialog gave; -1
     /// when the dialog could not be created, or when the program is quitting.
@@ -36,18 +34,11 @@ class AFX_PUBLIC CDialog : public CWnd {
     BOOL OnCmdMsg(UINT id, int code, void* extra, void* handler_info) override;
     BOOL PreTranslateMessage(MSG* message) override;
 
-    void NextDlgCtrl() const { SendMessage(WM_NEXTDLGCTL); }
-    void PrevDlgCtrl() const { SendMessage(WM_NEXTDLGCTL, 1); }
     void GotoDlgCtrl(CWnd* control);
-    void SetDefID(UINT id) { SendMessage(DM_SETDEFID, id); }
-    /// The low word is the default button's identifier, the high word DC_HASDEFID when there is one.
-    DWORD GetDefID() const { return static_cast<DWORD>(SendMessage(DM_GETDEFID)); }
-    void MapDialogRect(RECT* rect) const { ::MapDialogRect(m_hWnd, rect); }
 
   protected:
     CWnd* m_pParentWnd = nullptr;
     LPCWSTR m_lpszTemplateName = nullptr;
-    const DLGTEMPLATE* m_lpDialogTemplate = nullptr;
 
     LRESULT HandleInitDialog(WPARAM wParam, LPARAM lParam);
     LRESULT HandleSetFont(WPARAM wParam, LPARAM lParam);

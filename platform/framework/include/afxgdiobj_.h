@@ -24,7 +24,6 @@ class AFX_PUBLIC CGdiObject : public CObject {
     BOOL Attach(HGDIOBJ handle);
     HGDIOBJ Detach();
     BOOL DeleteObject();
-    BOOL CreateStockObject(int index) { return Attach(::GetStockObject(index)); }
     int GetObject(int size, void* description) const { return ::GetObjectW(m_hObject, size, description); }
 
     HGDIOBJ m_hObject = nullptr;
@@ -39,7 +38,6 @@ class AFX_PUBLIC CPen : public CGdiObject {
     static CPen* FromHandle(HPEN handle);
 
     BOOL CreatePen(int style, int width, COLORREF color) { return Attach(::CreatePen(style, width, color)); }
-    int GetLogPen(LOGPEN* description) const { return GetObject(sizeof(LOGPEN), description); }
     operator HPEN() const { return static_cast<HPEN>(m_hObject); }
 };
 
@@ -54,11 +52,6 @@ class AFX_PUBLIC CBrush : public CGdiObject {
     static CBrush* FromHandle(HBRUSH handle);
 
     BOOL CreateSolidBrush(COLORREF color) { return Attach(::CreateSolidBrush(color)); }
-    BOOL CreateHatchBrush(int style, COLORREF color) { return Attach(::CreateHatchBrush(style, color)); }
-    BOOL CreatePatternBrush(CBitmap* bitmap);
-    /// The system's own brush, which deleting leaves alone.
-    BOOL CreateSysColorBrush(int index) { return Attach(::GetSysColorBrush(index)); }
-    int GetLogBrush(LOGBRUSH* description) const { return GetObject(sizeof(LOGBRUSH), description); }
     operator HBRUSH() const { return static_cast<HBRUSH>(m_hObject); }
 };
 
@@ -69,11 +62,6 @@ class AFX_PUBLIC CFont : public CGdiObject {
     static CFont* FromHandle(HFONT handle);
 
     BOOL CreateFontIndirect(const LOGFONTW* description) { return Attach(::CreateFontIndirectW(description)); }
-    BOOL CreateFont(int height, int width, int escapement, int orientation, int weight, BYTE italic, BYTE underline,
-                    BYTE strike_out, BYTE char_set, BYTE out_precision, BYTE clip_precision, BYTE quality,
-                    BYTE pitch_and_family, LPCWSTR face);
-    /// The size is in tenths of a point, for the device of `dc` or the screen.
-    BOOL CreatePointFont(int size, LPCWSTR face, CDC* dc = nullptr);
     int GetLogFont(LOGFONTW* description) const { return GetObject(sizeof(LOGFONTW), description); }
     operator HFONT() const { return static_cast<HFONT>(m_hObject); }
 };
@@ -84,13 +72,6 @@ class AFX_PUBLIC CBitmap : public CGdiObject {
     ~CBitmap() override;
     static CBitmap* FromHandle(HBITMAP handle);
 
-    BOOL CreateBitmap(int width, int height, UINT planes, UINT bits, const void* data) {
-        return Attach(::CreateBitmap(width, height, planes, bits, data));
-    }
     BOOL CreateCompatibleBitmap(CDC* dc, int width, int height);
-    /// From the resources, see AfxFindResourceHandle.
-    BOOL LoadBitmap(LPCWSTR name);
-    BOOL LoadBitmap(UINT id) { return LoadBitmap(MAKEINTRESOURCEW(id)); }
-    int GetBitmap(BITMAP* description) const { return GetObject(sizeof(BITMAP), description); }
     operator HBITMAP() const { return static_cast<HBITMAP>(m_hObject); }
 };

@@ -10,7 +10,6 @@ class AFX_PUBLIC CMenu : public CObject {
     /// A temporary object, as with CWnd.
     static CMenu* FromHandle(HMENU menu);
 
-    HMENU GetSafeHmenu() const { return m_hMenu; }
     operator HMENU() const { return m_hMenu; }
     BOOL Attach(HMENU menu);
     HMENU Detach();
@@ -23,8 +22,6 @@ class AFX_PUBLIC CMenu : public CObject {
     BOOL AppendMenu(UINT flags, UINT_PTR id = 0, LPCWSTR text = nullptr);
     UINT EnableMenuItem(UINT item, UINT flags) { return ::EnableMenuItem(m_hMenu, item, flags); }
     UINT CheckMenuItem(UINT item, UINT flags) { return ::CheckMenuItem(m_hMenu, item, flags); }
-    int GetMenuItemCount() const { return ::GetMenuItemCount(m_hMenu); }
-    UINT GetMenuItemID(int position) const { return ::GetMenuItemID(m_hMenu, position); }
     CMenu* GetSubMenu(int position) const { return FromHandle(::GetSubMenu(m_hMenu, position)); }
     /// With TPM_RETURNCMD, the chosen command; otherwise the window gets it.
     BOOL TrackPopupMenu(UINT flags, int x, int y, CWnd* window);

@@ -52,12 +52,6 @@ BOOL invoke(CCmdTarget* target, AFX_MESSAGE& message) {
     return Kind::call(target, Handler, Arguments(message), message);
 }
 
-inline int low(LPARAM value) {
-    return static_cast<short>(LOWORD(value));
-}
-inline int high(LPARAM value) {
-    return static_cast<short>(HIWORD(value));
-}
 inline CWnd* window(WPARAM handle) {
     return CWnd::FromHandle(reinterpret_cast<HWND>(handle));
 }
@@ -68,9 +62,6 @@ inline CWnd* window(LPARAM handle) {
 inline std::tuple<> no_arguments(const AFX_MESSAGE&) {
     return {};
 }
-inline std::tuple<UINT> id_argument(const AFX_MESSAGE& m) {
-    return {static_cast<UINT>(m.wParam)};
-}
 inline std::tuple<WPARAM, LPARAM> raw_arguments(const AFX_MESSAGE& m) {
     return {m.wParam, m.lParam};
 }
@@ -79,9 +70,6 @@ inline std::tuple<NMHDR*, LRESULT*> notify_arguments(AFX_MESSAGE& m) {
 }
 inline std::tuple<UINT, int, int> size_arguments(const AFX_MESSAGE& m) {
     return {static_cast<UINT>(m.wParam), LOWORD(m.lParam), HIWORD(m.lParam)};
-}
-inline std::tuple<int, int> position_arguments(const AFX_MESSAGE& m) {
-    return {low(m.lParam), high(m.lParam)};
 }
 inline std::tuple<UINT, UINT, UINT> key_arguments(const AFX_MESSAGE& m) {
     return {static_cast<UINT>(m.wParam), LOWORD(m.lParam), HIWORD(m.lParam)};
@@ -116,29 +104,14 @@ inline std::tuple<CWnd*, UINT, UINT> cursor_arguments(const AFX_MESSAGE& m) {
 inline std::tuple<BOOL, UINT> show_arguments(const AFX_MESSAGE& m) {
     return {static_cast<BOOL>(m.wParam), static_cast<UINT>(m.lParam)};
 }
-inline std::tuple<BOOL> flag_argument(const AFX_MESSAGE& m) {
-    return {static_cast<BOOL>(m.wParam)};
-}
 inline std::tuple<CWnd*, CPoint> menu_arguments(const AFX_MESSAGE& m) {
     return {window(m.wParam), CPoint(m.lParam)};
 }
 inline std::tuple<UINT, UINT> two_numbers(const AFX_MESSAGE& m) {
     return {static_cast<UINT>(m.wParam), static_cast<UINT>(m.lParam)};
 }
-inline std::tuple<UINT, LPARAM> system_arguments(const AFX_MESSAGE& m) {
-    return {static_cast<UINT>(m.wParam), m.lParam};
-}
 inline std::tuple<CREATESTRUCTW*> creation_argument(const AFX_MESSAGE& m) {
     return {reinterpret_cast<CREATESTRUCTW*>(m.lParam)};
-}
-inline std::tuple<MINMAXINFO*> limits_argument(const AFX_MESSAGE& m) {
-    return {reinterpret_cast<MINMAXINFO*>(m.lParam)};
-}
-inline std::tuple<UINT, CWnd*, BOOL> activation_arguments(const AFX_MESSAGE& m) {
-    return {LOWORD(m.wParam), window(m.lParam), HIWORD(m.wParam)};
-}
-inline std::tuple<UINT, CWnd*> idle_arguments(const AFX_MESSAGE& m) {
-    return {static_cast<UINT>(m.wParam), window(m.lParam)};
 }
 
 }  // namespace framework
@@ -156,35 +129,15 @@ inline std::tuple<UINT, CWnd*> idle_arguments(const AFX_MESSAGE& m) {
 
 #define ON_COMMAND(id, handler) \
     AFX_ENTRY(WM_COMMAND, CN_COMMAND, id, id, framework::Signature<void()>, no_arguments, handler)
-#define ON_COMMAND_RANGE(first, last, handler) \
-    AFX_ENTRY(WM_COMMAND, CN_COMMAND, first, last, framework::Signature<void(UINT)>, id_argument, handler)
-#define ON_COMMAND_EX(id, handler) \
-    AFX_ENTRY(WM_COMMAND, CN_COMMAND, id, id, framework::Passing<BOOL(UINT)>, id_argument, handler)
 #define ON_CONTROL(code, id, handler) \
     AFX_ENTRY(WM_COMMAND, code, id, id, framework::Signature<void()>, no_arguments, handler)
-#define ON_CONTROL_RANGE(code, first, last, handler) \
-    AFX_ENTRY(WM_COMMAND, code, first, last, framework::Signature<void(UINT)>, id_argument, handler)
 #define ON_NOTIFY(code, id, handler) \
     AFX_ENTRY(WM_NOTIFY, code, id, id, framework::Signature<void(NMHDR*, LRESULT*)>, notify_arguments, handler)
 #define ON_MESSAGE(message, handler) \
     AFX_ENTRY(message, 0, 0, 0, framework::Signature<LRESULT(WPARAM, LPARAM)>, raw_arguments, handler)
 
 #define ON_BN_CLICKED(id, handler) ON_CONTROL(BN_CLICKED, id, handler)
-#define ON_BN_DOUBLECLICKED(id, handler) ON_CONTROL(BN_DOUBLECLICKED, id, handler)
-#define ON_STN_CLICKED(id, handler) ON_CONTROL(STN_CLICKED, id, handler)
 #define ON_EN_CHANGE(id, handler) ON_CONTROL(EN_CHANGE, id, handler)
-#define ON_EN_UPDATE(id, handler) ON_CONTROL(EN_UPDATE, id, handler)
-#define ON_EN_SETFOCUS(id, handler) ON_CONTROL(EN_SETFOCUS, id, handler)
-#define ON_EN_KILLFOCUS(id, handler) ON_CONTROL(EN_KILLFOCUS, id, handler)
-#define ON_LBN_SELCHANGE(id, handler) ON_CONTROL(LBN_SELCHANGE, id, handler)
-#define ON_LBN_DBLCLK(id, handler) ON_CONTROL(LBN_DBLCLK, id, handler)
-#define ON_LBN_SETFOCUS(id, handler) ON_CONTROL(LBN_SETFOCUS, id, handler)
-#define ON_LBN_KILLFOCUS(id, handler) ON_CONTROL(LBN_KILLFOCUS, id, handler)
-#define ON_CBN_SELCHANGE(id, handler) ON_CONTROL(CBN_SELCHANGE, id, handler)
-#define ON_CBN_DROPDOWN(id, handler) ON_CONTROL(CBN_DROPDOWN, id, handler)
-#define ON_CBN_CLOSEUP(id, handler) ON_CONTROL(CBN_CLOSEUP, id, handler)
-#define ON_CBN_EDITCHANGE(id, handler) ON_CONTROL(CBN_EDITCHANGE, id, handler)
-#define ON_CBN_KILLFOCUS(id, handler) ON_CONTROL(CBN_KILLFOCUS, id, handler)
 
 #define ON_WM_CREATE() AFX_WINDOW_ENTRY(WM_CREATE, int, (CREATESTRUCTW*), creation_argument, OnCreate)
 #define ON_WM_DESTROY() AFX_WINDOW_ENTRY(WM_DESTROY, void, (), no_arguments, OnDestroy)
@@ -192,44 +145,27 @@ inline std::tuple<UINT, CWnd*> idle_arguments(const AFX_MESSAGE& m) {
 #define ON_WM_CLOSE() AFX_WINDOW_ENTRY(WM_CLOSE, void, (), no_arguments, OnClose)
 #define ON_WM_PAINT() AFX_WINDOW_ENTRY(WM_PAINT, void, (), no_arguments, OnPaint)
 #define ON_WM_SIZE() AFX_WINDOW_ENTRY(WM_SIZE, void, (UINT, int, int), size_arguments, OnSize)
-#define ON_WM_MOVE() AFX_WINDOW_ENTRY(WM_MOVE, void, (int, int), position_arguments, OnMove)
-#define ON_WM_GETMINMAXINFO() AFX_WINDOW_ENTRY(WM_GETMINMAXINFO, void, (MINMAXINFO*), limits_argument, OnGetMinMaxInfo)
 #define ON_WM_KEYDOWN() AFX_WINDOW_ENTRY(WM_KEYDOWN, void, (UINT, UINT, UINT), key_arguments, OnKeyDown)
-#define ON_WM_KEYUP() AFX_WINDOW_ENTRY(WM_KEYUP, void, (UINT, UINT, UINT), key_arguments, OnKeyUp)
 #define ON_WM_CHAR() AFX_WINDOW_ENTRY(WM_CHAR, void, (UINT, UINT, UINT), key_arguments, OnChar)
 #define ON_WM_SYSKEYDOWN() AFX_WINDOW_ENTRY(WM_SYSKEYDOWN, void, (UINT, UINT, UINT), key_arguments, OnSysKeyDown)
-#define ON_WM_SYSCHAR() AFX_WINDOW_ENTRY(WM_SYSCHAR, void, (UINT, UINT, UINT), key_arguments, OnSysChar)
-#define ON_WM_SYSCOMMAND() AFX_WINDOW_ENTRY(WM_SYSCOMMAND, void, (UINT, LPARAM), system_arguments, OnSysCommand)
 #define ON_WM_TIMER() AFX_WINDOW_ENTRY(WM_TIMER, void, (UINT_PTR), timer_argument, OnTimer)
 #define ON_WM_LBUTTONDOWN() AFX_WINDOW_ENTRY(WM_LBUTTONDOWN, void, (UINT, CPoint), mouse_arguments, OnLButtonDown)
 #define ON_WM_LBUTTONUP() AFX_WINDOW_ENTRY(WM_LBUTTONUP, void, (UINT, CPoint), mouse_arguments, OnLButtonUp)
 #define ON_WM_LBUTTONDBLCLK() AFX_WINDOW_ENTRY(WM_LBUTTONDBLCLK, void, (UINT, CPoint), mouse_arguments, OnLButtonDblClk)
-#define ON_WM_MBUTTONDOWN() AFX_WINDOW_ENTRY(WM_MBUTTONDOWN, void, (UINT, CPoint), mouse_arguments, OnMButtonDown)
-#define ON_WM_MBUTTONUP() AFX_WINDOW_ENTRY(WM_MBUTTONUP, void, (UINT, CPoint), mouse_arguments, OnMButtonUp)
-#define ON_WM_MBUTTONDBLCLK() AFX_WINDOW_ENTRY(WM_MBUTTONDBLCLK, void, (UINT, CPoint), mouse_arguments, OnMButtonDblClk)
-#define ON_WM_RBUTTONDOWN() AFX_WINDOW_ENTRY(WM_RBUTTONDOWN, void, (UINT, CPoint), mouse_arguments, OnRButtonDown)
-#define ON_WM_RBUTTONUP() AFX_WINDOW_ENTRY(WM_RBUTTONUP, void, (UINT, CPoint), mouse_arguments, OnRButtonUp)
-#define ON_WM_RBUTTONDBLCLK() AFX_WINDOW_ENTRY(WM_RBUTTONDBLCLK, void, (UINT, CPoint), mouse_arguments, OnRButtonDblClk)
 #define ON_WM_MOUSEMOVE() AFX_WINDOW_ENTRY(WM_MOUSEMOVE, void, (UINT, CPoint), mouse_arguments, OnMouseMove)
-#define ON_WM_MOUSELEAVE() AFX_WINDOW_ENTRY(WM_MOUSELEAVE, void, (), no_arguments, OnMouseLeave)
 #define ON_WM_HSCROLL() AFX_WINDOW_ENTRY(WM_HSCROLL, void, (UINT, UINT, CScrollBar*), scroll_arguments, OnHScroll)
 #define ON_WM_VSCROLL() AFX_WINDOW_ENTRY(WM_VSCROLL, void, (UINT, UINT, CScrollBar*), scroll_arguments, OnVScroll)
 #define ON_WM_SETFOCUS() AFX_WINDOW_ENTRY(WM_SETFOCUS, void, (CWnd*), first_window, OnSetFocus)
 #define ON_WM_KILLFOCUS() AFX_WINDOW_ENTRY(WM_KILLFOCUS, void, (CWnd*), first_window, OnKillFocus)
-#define ON_WM_ACTIVATE() AFX_WINDOW_ENTRY(WM_ACTIVATE, void, (UINT, CWnd*, BOOL), activation_arguments, OnActivate)
 #define ON_WM_ERASEBKGND() AFX_WINDOW_ENTRY(WM_ERASEBKGND, BOOL, (CDC*), context_argument, OnEraseBkgnd)
 #define ON_WM_CTLCOLOR() AFX_WINDOW_ENTRY(WM_CTLCOLOR, HBRUSH, (CDC*, CWnd*, UINT), color_arguments, OnCtlColor)
 #define ON_WM_GETDLGCODE() AFX_WINDOW_ENTRY(WM_GETDLGCODE, UINT, (), no_arguments, OnGetDlgCode)
 #define ON_WM_SETCURSOR() AFX_WINDOW_ENTRY(WM_SETCURSOR, BOOL, (CWnd*, UINT, UINT), cursor_arguments, OnSetCursor)
 #define ON_WM_SHOWWINDOW() AFX_WINDOW_ENTRY(WM_SHOWWINDOW, void, (BOOL, UINT), show_arguments, OnShowWindow)
-#define ON_WM_ENABLE() AFX_WINDOW_ENTRY(WM_ENABLE, void, (BOOL), flag_argument, OnEnable)
 #define ON_WM_CONTEXTMENU() AFX_WINDOW_ENTRY(WM_CONTEXTMENU, void, (CWnd*, CPoint), menu_arguments, OnContextMenu)
 #define ON_WM_CAPTURECHANGED() AFX_WINDOW_ENTRY(WM_CAPTURECHANGED, void, (CWnd*), second_window, OnCaptureChanged)
-#define ON_WM_CANCELMODE() AFX_WINDOW_ENTRY(WM_CANCELMODE, void, (), no_arguments, OnCancelMode)
-#define ON_WM_INPUTLANGCHANGE() AFX_WINDOW_ENTRY(WM_INPUTLANGCHANGE, void, (UINT, UINT), two_numbers, OnInputLangChange)
 #define ON_WM_INPUTLANGCHANGEREQUEST() \
     AFX_WINDOW_ENTRY(WM_INPUTLANGCHANGEREQUEST, void, (UINT, UINT), two_numbers, OnInputLangChangeRequest)
-#define ON_WM_ENTERIDLE() AFX_WINDOW_ENTRY(WM_ENTERIDLE, void, (UINT, CWnd*), idle_arguments, OnEnterIdle)
 /// FALSE from the handler leaves the message to the default handling.
 #define ON_WM_MOUSEWHEEL()                                                                            \
     AFX_ENTRY(WM_MOUSEWHEEL, 0, 0, 0, framework::Passing<BOOL(UINT, short, CPoint)>, wheel_arguments, \

@@ -39,7 +39,3 @@ using TCHAR = wchar_t;
 #else
 #define AFX_PUBLIC
 #endif
-
-/// A position in a collection that is being walked; null at the end.
-struct __POSITION {};
-using POSITION = __POSITION*;

@@ -1,5 +1,7 @@
 #include "afxapp_.h"
 
+#include <filesystem>
+
 #include "message_pump.h"
 #include "thread_state.h"
 
@@ -18,9 +20,7 @@ CString program_name() {
     CString path;
     const DWORD length = ::GetModuleFileNameW(nullptr, path.GetBuffer(MAX_PATH), MAX_PATH);
     path.ReleaseBuffer(static_cast<int>(length));
-    const CString name = path.Mid(path.ReverseFind(L'\\') + 1);
-    const int dot = name.ReverseFind(L'.');
-    return dot < 0 ? name : name.Left(dot);
+    return std::filesystem::path(path.GetString()).stem().c_str();
 }
 
 }  // namespace
@@ -32,25 +32,6 @@ CWinApp::CWinApp(LPCWSTR name) : m_strAppName(name ? CString(name) : program_nam
 CWinApp::~CWinApp() {
     if (the_app == this) {
         the_app = nullptr;
-    }
-}
-
-int CWinApp::Run() {
-    LONG idle_count = 0;
-    for (bool idle_due = true;;) {
-        if (idle_due && framework::queue_is_empty()) {
-            idle_due = OnIdle(idle_count++);
-            continue;
-        }
-        MSG message;
-        if (!framework::pump_message(message)) {
-            exit_code_ = framework::thread_state().exit_code;
-            return ExitInstance();
-        }
-        if (framework::is_idle_message(message)) {
-            idle_due = true;
-            idle_count = 0;
-        }
     }
 }
 
@@ -89,10 +70,4 @@ int AfxMessageBox(LPCWSTR text, UINT type, UINT) {
     const HWND owner = main ? ::GetLastActivePopup(main->m_hWnd) : ::GetActiveWindow();
     const CString caption = the_app ? the_app->m_strAppName : program_name();
     return ::MessageBoxW(owner, text, caption, with_default_icon(type) | (owner ? 0u : MB_TASKMODAL));
-}
-
-int AfxMessageBox(UINT text_id, UINT type, UINT help_id) {
-    CString text;
-    text.LoadString(text_id);
-    return AfxMessageBox(text, type, help_id);
 }

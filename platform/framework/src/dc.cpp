@@ -57,20 +57,8 @@ BOOL CDC::DeleteDC() {
     return m_hDC && ::DeleteDC(Detach());
 }
 
-CWnd* CDC::GetWindow() const {
-    return CWnd::FromHandle(::WindowFromDC(m_hDC));
-}
-
 HGDIOBJ CDC::select(const CGdiObject* object) const {
     return object ? ::SelectObject(m_hDC, object->m_hObject) : nullptr;
-}
-
-CFont* CDC::GetCurrentFont() const {
-    return CFont::FromHandle(static_cast<HFONT>(::GetCurrentObject(m_hDC, OBJ_FONT)));
-}
-
-CBitmap* CDC::GetCurrentBitmap() const {
-    return CBitmap::FromHandle(static_cast<HBITMAP>(::GetCurrentObject(m_hDC, OBJ_BITMAP)));
 }
 
 CPoint CDC::SetViewportOrg(int x, int y) {
@@ -79,24 +67,8 @@ CPoint CDC::SetViewportOrg(int x, int y) {
     return before;
 }
 
-CPoint CDC::SetWindowOrg(int x, int y) {
-    CPoint before;
-    ::SetWindowOrgEx(m_hDC, x, y, &before);
-    return before;
-}
-
-CPoint CDC::SetBrushOrg(int x, int y) {
-    CPoint before;
-    ::SetBrushOrgEx(m_hDC, x, y, &before);
-    return before;
-}
-
 int CDC::IntersectClipRect(const RECT* rect) {
     return ::IntersectClipRect(m_hDC, rect->left, rect->top, rect->right, rect->bottom);
-}
-
-int CDC::ExcludeClipRect(const RECT* rect) {
-    return ::ExcludeClipRect(m_hDC, rect->left, rect->top, rect->right, rect->bottom);
 }
 
 CPoint CDC::MoveTo(int x, int y) {
@@ -119,42 +91,16 @@ void CDC::FillSolidRect(const RECT* rect, COLORREF color) {
     ::ExtTextOutW(m_hDC, 0, 0, ETO_OPAQUE, rect, nullptr, 0, nullptr);
 }
 
-void CDC::FillSolidRect(int x, int y, int width, int height, COLORREF color) {
-    const CRect rect(x, y, x + width, y + height);
-    FillSolidRect(rect, color);
-}
-
-void CDC::Draw3dRect(const RECT* rect, COLORREF top_left, COLORREF bottom_right) {
-    const CRect r(rect);
-    FillSolidRect(r.left, r.top, r.Width() - 1, 1, top_left);
-    FillSolidRect(r.left, r.top, 1, r.Height() - 1, top_left);
-    FillSolidRect(r.right - 1, r.top, 1, r.Height(), bottom_right);
-    FillSolidRect(r.left, r.bottom - 1, r.Width(), 1, bottom_right);
-}
-
 BOOL CDC::BitBlt(int x, int y, int w, int h, CDC* from, int from_x, int from_y, DWORD operation) {
     return ::BitBlt(m_hDC, x, y, w, h, from ? from->m_hDC : nullptr, from_x, from_y, operation);
-}
-
-BOOL CDC::StretchBlt(int x, int y, int w, int h, CDC* from, int from_x, int from_y, int from_w, int from_h,
-                     DWORD operation) {
-    return ::StretchBlt(m_hDC, x, y, w, h, from ? from->m_hDC : nullptr, from_x, from_y, from_w, from_h, operation);
 }
 
 BOOL CDC::ExtTextOut(int x, int y, UINT options, const RECT* rect, LPCWSTR text, UINT length, const int* advances) {
     return ::ExtTextOutW(m_hDC, x, y, options, rect, text, length, advances);
 }
 
-BOOL CDC::ExtTextOut(int x, int y, UINT options, const RECT* rect, const CString& text, const int* advances) {
-    return ExtTextOut(x, y, options, rect, text, static_cast<UINT>(text.GetLength()), advances);
-}
-
 int CDC::DrawText(LPCWSTR text, int length, RECT* rect, UINT format) {
     return ::DrawTextW(m_hDC, text, length, rect, format);
-}
-
-int CDC::DrawText(const CString& text, RECT* rect, UINT format) {
-    return DrawText(text, text.GetLength(), rect, format);
 }
 
 CSize CDC::GetTextExtent(LPCWSTR text, int length) const {
@@ -168,14 +114,6 @@ CClientDC::CClientDC(CWnd* window) : window_(handle_of(window)) {
 }
 
 CClientDC::~CClientDC() {
-    ::ReleaseDC(window_, Detach());
-}
-
-CWindowDC::CWindowDC(CWnd* window) : window_(handle_of(window)) {
-    attach_or_throw(*this, ::GetWindowDC(window_));
-}
-
-CWindowDC::~CWindowDC() {
     ::ReleaseDC(window_, Detach());
 }
 

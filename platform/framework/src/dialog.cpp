@@ -50,13 +50,6 @@ BOOL CDialog::CreateIndirect(const DLGTEMPLATE* dialog, CWnd* parent) {
     return create(dialog, owner ? owner->m_hWnd : nullptr, AfxGetResourceHandle());
 }
 
-BOOL CDialog::InitModalIndirect(const DLGTEMPLATE* dialog, CWnd* parent) {
-    m_lpDialogTemplate = dialog;
-    m_lpszTemplateName = nullptr;
-    m_pParentWnd = parent;
-    return TRUE;
-}
-
 BOOL CDialog::create(const DLGTEMPLATE* dialog, HWND parent, HINSTANCE instance) {
     if (!dialog || m_hWnd) {
         return FALSE;
@@ -71,17 +64,13 @@ INT_PTR CDialog::DoModal() {
     if (m_hWnd || modal_) {
         return -1;
     }
-    framework::DialogTemplate found{m_lpDialogTemplate, AfxGetResourceHandle()};
-    if (!found.dialog) {
-        found = framework::find_dialog_template(m_lpszTemplateName);
-    }
+    const auto found = framework::find_dialog_template(m_lpszTemplateName);
     const Scoped<bool> modal(modal_, true);
     ended_ = false;
     result_ = -1;
     framework::ModalOwner owner(m_pParentWnd ? m_pParentWnd->m_hWnd : nullptr);
     if (create(found.dialog, owner.window(), found.module) && !ended_) {
-        const bool no_idle = GetStyle() & DS_NOIDLEMSG;
-        RunModalLoop(MLF_SHOWONIDLE | (no_idle ? MLF_NOIDLEMSG : 0u));
+        RunModalLoop();
     }
     // Hidden before its owner is enabled, and the owner enabled before it goes: otherwise another program would be
     // activated.

@@ -53,20 +53,6 @@ HINSTANCE AfxFindResourceHandle(LPCWSTR name, LPCWSTR type) {
     return AfxGetResourceHandle();
 }
 
-BOOL CString::LoadString(UINT id) {
-    for (const HINSTANCE module : search_order()) {
-        // A buffer size of 0 asks for a pointer to the text in the resource, which has no null after it.
-        const wchar_t* text = nullptr;
-        const int length = ::LoadStringW(module, id, reinterpret_cast<LPWSTR>(&text), 0);
-        if (length > 0) {
-            *this = CString(text, length);
-            return TRUE;
-        }
-    }
-    Empty();
-    return FALSE;
-}
-
 BOOL AfxInitExtensionModule(AFX_EXTENSION_MODULE& state, HMODULE module) {
     if (state.bInitialized) {
         return state.hModule == module;

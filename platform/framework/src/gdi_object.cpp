@@ -67,32 +67,10 @@ CBrush* CBrush::FromHandle(HBRUSH handle) {
     return thread_state().drawing_objects.object<CBrush>(handle);
 }
 
-BOOL CBrush::CreatePatternBrush(CBitmap* bitmap) {
-    return Attach(::CreatePatternBrush(*bitmap));
-}
-
 CFont::~CFont() = default;
 
 CFont* CFont::FromHandle(HFONT handle) {
     return thread_state().drawing_objects.object<CFont>(handle);
-}
-
-BOOL CFont::CreateFont(int height, int width, int escapement, int orientation, int weight, BYTE italic, BYTE underline,
-                       BYTE strike_out, BYTE char_set, BYTE out_precision, BYTE clip_precision, BYTE quality,
-                       BYTE pitch_and_family, LPCWSTR face) {
-    return Attach(::CreateFontW(height, width, escapement, orientation, weight, italic, underline, strike_out, char_set,
-                                out_precision, clip_precision, quality, pitch_and_family, face));
-}
-
-BOOL CFont::CreatePointFont(int size, LPCWSTR face, CDC* dc) {
-    constexpr int kTenthsPerInch = 720;
-    CClientDC screen(nullptr);
-    const HDC device = dc ? dc->m_hDC : screen.m_hDC;
-    LOGFONTW description{};
-    description.lfCharSet = DEFAULT_CHARSET;
-    description.lfHeight = -::MulDiv(::GetDeviceCaps(device, LOGPIXELSY), size, kTenthsPerInch);
-    lstrcpynW(description.lfFaceName, face, LF_FACESIZE);
-    return CreateFontIndirect(&description);
 }
 
 CBitmap::~CBitmap() = default;
@@ -103,8 +81,4 @@ CBitmap* CBitmap::FromHandle(HBITMAP handle) {
 
 BOOL CBitmap::CreateCompatibleBitmap(CDC* dc, int width, int height) {
     return Attach(::CreateCompatibleBitmap(dc->m_hDC, width, height));
-}
-
-BOOL CBitmap::LoadBitmap(LPCWSTR name) {
-    return Attach(::LoadBitmapW(AfxFindResourceHandle(name, reinterpret_cast<LPCWSTR>(RT_BITMAP)), name));
 }

@@ -1,4 +1,5 @@
 #include <set>
+#include <sstream>
 #include <string>
 
 #include "afxapp_.h"
@@ -6,9 +7,9 @@
 LPCWSTR AfxRegisterWndClass(UINT style, HCURSOR cursor, HBRUSH background, HICON icon) {
     // The names that were given out stay valid.
     static std::set<std::wstring> names;
-    CString name;
-    name.Format(L"Afx:%x:%p:%p:%p", style, cursor, background, icon);
-    const auto [entry, is_new] = names.insert(name.GetString());
+    std::wostringstream name;
+    name << L"Afx:" << style << L':' << cursor << L':' << background << L':' << icon;
+    const auto [entry, is_new] = names.insert(name.str());
     if (is_new) {
         WNDCLASSW description{};
         description.style = style;

@@ -6,11 +6,6 @@
 
 using framework::thread_state;
 
-const CWnd CWnd::wndTop(HWND_TOP);
-const CWnd CWnd::wndBottom(HWND_BOTTOM);
-const CWnd CWnd::wndTopMost(HWND_TOPMOST);
-const CWnd CWnd::wndNoTopMost(HWND_NOTOPMOST);
-
 CWnd::~CWnd() {
     if (thread_state().windows.owns(this)) {
         CWnd::DestroyWindow();
@@ -60,17 +55,6 @@ BOOL CWnd::SubclassWindow(HWND window) {
     PreSubclassWindow();
     take_over_messages();
     return TRUE;
-}
-
-BOOL CWnd::SubclassDlgItem(UINT id, CWnd* parent) {
-    return SubclassWindow(::GetDlgItem(parent->m_hWnd, static_cast<int>(id)));
-}
-
-HWND CWnd::UnsubclassWindow() {
-    if (const WNDPROC before = std::exchange(window_procedure_, nullptr)) {
-        ::SetWindowLongPtrW(m_hWnd, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(before));
-    }
-    return Detach();
 }
 
 BOOL CWnd::Create(LPCWSTR class_name, LPCWSTR title, DWORD style, const RECT& rect, CWnd* parent, UINT id,
@@ -137,7 +121,6 @@ void CWnd::OnNcDestroy() {
         }
     }
     Detach();
-    owner_ = nullptr;
     if (in_modal_loop_) {
         continue_modal_ = false;
         ::PostThreadMessageW(::GetCurrentThreadId(), WM_NULL, 0, 0);

@@ -1,7 +1,6 @@
 // CWnd: how a message finds its handler.
 #include "afxwin.h"
 
-#include "data_exchange_refused.h"
 #include "thread_state.h"
 
 using framework::Scoped;
@@ -87,10 +86,6 @@ BOOL CWnd::UpdateData(BOOL save) {
     }
     CDataExchange exchange(this, save);
     const Scoped<HWND> exchanging(thread_state().exchanging, m_hWnd);
-    try {
-        DoDataExchange(&exchange);
-        return TRUE;
-    } catch (const framework::DataExchangeRefused&) {
-        return FALSE;
-    }
+    DoDataExchange(&exchange);
+    return TRUE;
 }

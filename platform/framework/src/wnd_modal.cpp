@@ -35,11 +35,11 @@ void CWnd::EndModalLoop(int result) {
     }
 }
 
-int CWnd::RunModalLoop(DWORD flags) {
+int CWnd::RunModalLoop() {
     const framework::Scoped<bool> running(in_modal_loop_, true);
     continue_modal_ = true;
     modal_result_ = -1;
-    bool show = (flags & MLF_SHOWONIDLE) && !IsWindowVisible();
+    bool show = !IsWindowVisible();
     const auto show_now = [&] {
         if (std::exchange(show, false) && m_hWnd) {
             ShowWindow(SW_SHOWNORMAL);
@@ -53,7 +53,7 @@ int CWnd::RunModalLoop(DWORD flags) {
             idle_due = false;
             show_now();
             const HWND parent = ::GetParent(m_hWnd);
-            if (!(flags & MLF_NOIDLEMSG) && parent) {
+            if (parent) {
                 ::SendMessageW(parent, WM_ENTERIDLE, MSGF_DIALOGBOX, reinterpret_cast<LPARAM>(m_hWnd));
             }
             continue;

@@ -9,20 +9,6 @@ HWND handle_of(const CWnd* window) {
     return window ? window->m_hWnd : nullptr;
 }
 
-BOOL modify_style(HWND window, int which, DWORD remove, DWORD add, UINT position_flags) {
-    const auto before = static_cast<DWORD>(::GetWindowLongPtrW(window, which));
-    const DWORD after = (before & ~remove) | add;
-    if (before == after) {
-        return FALSE;
-    }
-    ::SetWindowLongPtrW(window, which, static_cast<LONG_PTR>(after));
-    if (position_flags) {
-        ::SetWindowPos(window, nullptr, 0, 0, 0, 0,
-                       SWP_NOSIZE | SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE | position_flags);
-    }
-    return TRUE;
-}
-
 CRect work_area_of(HWND window) {
     MONITORINFO monitor{};
     monitor.cbSize = sizeof(monitor);
@@ -34,16 +20,8 @@ CRect work_area_of(HWND window) {
 
 void CWnd::GetWindowText(CString& text) const {
     const int length = GetWindowTextLength();
-    GetWindowText(text.GetBuffer(length + 1), length + 1);
+    ::GetWindowTextW(m_hWnd, text.GetBuffer(length + 1), length + 1);
     text.ReleaseBuffer();
-}
-
-BOOL CWnd::ModifyStyle(DWORD remove, DWORD add, UINT position_flags) {
-    return modify_style(m_hWnd, GWL_STYLE, remove, add, position_flags);
-}
-
-BOOL CWnd::ModifyStyleEx(DWORD remove, DWORD add, UINT position_flags) {
-    return modify_style(m_hWnd, GWL_EXSTYLE, remove, add, position_flags);
 }
 
 void CWnd::SetFont(CFont* font, BOOL redraw) {
@@ -52,10 +30,6 @@ void CWnd::SetFont(CFont* font, BOOL redraw) {
 
 CFont* CWnd::GetFont() const {
     return CFont::FromHandle(reinterpret_cast<HFONT>(SendMessage(WM_GETFONT)));
-}
-
-HICON CWnd::SetIcon(HICON icon, BOOL big) {
-    return reinterpret_cast<HICON>(SendMessage(WM_SETICON, static_cast<WPARAM>(big), reinterpret_cast<LPARAM>(icon)));
 }
 
 void CWnd::MoveWindow(int x, int y, int width, int height, BOOL repaint) {
@@ -70,20 +44,8 @@ BOOL CWnd::SetWindowPos(const CWnd* after, int x, int y, int width, int height, 
     return ::SetWindowPos(m_hWnd, handle_of(after), x, y, width, height, flags);
 }
 
-void CWnd::ClientToScreen(RECT* rect) const {
-    ::MapWindowPoints(m_hWnd, nullptr, reinterpret_cast<POINT*>(rect), 2);
-}
-
 void CWnd::ScreenToClient(RECT* rect) const {
     ::MapWindowPoints(nullptr, m_hWnd, reinterpret_cast<POINT*>(rect), 2);
-}
-
-void CWnd::MapWindowPoints(CWnd* to, POINT* points, UINT count) const {
-    ::MapWindowPoints(m_hWnd, handle_of(to), points, count);
-}
-
-void CWnd::MapWindowPoints(CWnd* to, RECT* rect) const {
-    MapWindowPoints(to, reinterpret_cast<POINT*>(rect), 2);
 }
 
 void CWnd::CenterWindow(CWnd* over) {
@@ -114,33 +76,12 @@ void CWnd::CenterWindow(CWnd* over) {
     SetWindowPos(nullptr, x, y, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-CWnd* CWnd::SetParent(CWnd* parent) {
-    return FromHandle(::SetParent(m_hWnd, handle_of(parent)));
-}
-
 CWnd* CWnd::GetTopLevelParent() const {
     HWND window = m_hWnd;
     while (const HWND parent = ::GetParent(window)) {
         window = parent;
     }
     return FromHandle(window);
-}
-
-int CWnd::GetDlgItemText(int id, CString& text) const {
-    const CWnd* const control = GetDlgItem(id);
-    text.Empty();
-    if (control) {
-        control->GetWindowText(text);
-    }
-    return text.GetLength();
-}
-
-UINT CWnd::GetDlgItemInt(int id, BOOL* read, BOOL is_signed) const {
-    return ::GetDlgItemInt(m_hWnd, id, read, is_signed);
-}
-
-LRESULT CWnd::SendDlgItemMessage(int id, UINT message, WPARAM wParam, LPARAM lParam) {
-    return ::SendDlgItemMessageW(m_hWnd, id, message, wParam, lParam);
 }
 
 LRESULT CWnd::SendMessage(UINT message, WPARAM wParam, LPARAM lParam) const {
@@ -155,11 +96,6 @@ UINT_PTR CWnd::SetTimer(UINT_PTR id, UINT milliseconds, TIMERPROC procedure) {
     return ::SetTimer(m_hWnd, id, milliseconds, procedure);
 }
 
-int CWnd::MessageBox(LPCWSTR text, LPCWSTR caption, UINT type) {
-    const CWinApp* const app = AfxGetApp();
-    return ::MessageBoxW(m_hWnd, text, caption || !app ? caption : app->m_strAppName.GetString(), type);
-}
-
 BOOL CWnd::RedrawWindow(const RECT* rect, HRGN region, UINT flags) {
     return ::RedrawWindow(m_hWnd, rect, region, flags);
 }
@@ -170,26 +106,6 @@ int CWnd::SetScrollPos(int bar, int position, BOOL redraw) {
 
 void CWnd::SetScrollRange(int bar, int first, int last, BOOL redraw) {
     ::SetScrollRange(m_hWnd, bar, first, last, redraw);
-}
-
-BOOL CWnd::GetScrollInfo(int bar, SCROLLINFO* info, UINT mask) const {
-    info->cbSize = sizeof(*info);
-    info->fMask = mask;
-    return ::GetScrollInfo(m_hWnd, bar, info);
-}
-
-BOOL CWnd::SetScrollInfo(int bar, SCROLLINFO* info, BOOL redraw) {
-    info->cbSize = sizeof(*info);
-    ::SetScrollInfo(m_hWnd, bar, info, redraw);
-    return TRUE;
-}
-
-BOOL CWnd::EnableScrollBar(int bar, UINT flags) {
-    return ::EnableScrollBar(m_hWnd, static_cast<UINT>(bar), flags);
-}
-
-void CWnd::ScrollWindow(int dx, int dy, const RECT* rect, const RECT* clip) {
-    ::ScrollWindow(m_hWnd, dx, dy, rect, clip);
 }
 
 CPoint CWnd::GetCaretPos() {

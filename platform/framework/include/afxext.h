@@ -1,4 +1,0 @@
-// The framework's extensions; sources include it by habit.
-#pragma once
-
-#include "afxwin.h"
