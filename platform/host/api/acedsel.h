@@ -18,8 +18,3 @@ int acedSSLength(const ads_name set, long* length);
 /// The entity at `index` from 0; RTERROR outside of the set.
 int acedSSName(const ads_name set, long index, ads_name entity);
 int acedSSFree(const ads_name set);
-/// Adds `entity` to `set` and gives the set again; with a null `set` a new set of one; both null: an empty set.
-int acedSSAdd(const ads_name entity, const ads_name set, ads_name result);
-int acedSSDel(const ads_name entity, const ads_name set);
-/// RTNORM when `entity` is in the set.
-int acedSSMemb(const ads_name entity, const ads_name set);

@@ -7,13 +7,10 @@
 
 void* acad_malloc(size_t size);
 void* acad_calloc(size_t count, size_t size);
-void* acad_realloc(void* memory, size_t size);
 void acad_free(void* memory);
 
 /// A copy of a text in host memory (null for null).
 ACHAR* acad__strdup(const ACHAR* text);
 
-/// Copies a text over `to`, which is released first; `to` receives the copy.
-void acutNewString(const ACHAR* from, ACHAR*& to);
 /// Releases a text that the host allocated and clears the pointer.
 void acutDelString(ACHAR*& text);

@@ -10,8 +10,6 @@ typedef wchar_t ACHAR;
 
 namespace Adesk {
 
-typedef signed char Int8;
-typedef unsigned char UInt8;
 typedef short Int16;
 typedef unsigned short UInt16;
 typedef int Int32;
@@ -19,7 +17,6 @@ typedef unsigned int UInt32;
 typedef long long Int64;
 typedef unsigned long long UInt64;
 typedef std::intptr_t LongPtr;
-typedef std::uintptr_t ULongPtr;
 /// An object id or an entity name in integer form.
 typedef LongPtr IntDbId;
 /// A count or an index of a container.

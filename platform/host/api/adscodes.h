@@ -19,13 +19,9 @@
 #define RTNIL 5019
 #define RTDXF0 5020  ///< group code 0 in acutBuildList, where 0 itself ends the list
 #define RTT 5021
-#define RTRESBUF 5023
-#define RTLONG_PTR 5032  ///< pointer-sized integer
 
 #define RTNORM 5100      ///< success
 #define RTERROR (-5001)  ///< some other error
 #define RTCAN (-5002)    ///< the user cancelled
 #define RTREJ (-5003)    ///< the host refused the request
-#define RTFAIL (-5004)
 #define RTKWORD (-5005)  ///< a keyword was entered
-#define RTINPUTTRUNCATED (-5008)

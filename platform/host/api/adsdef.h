@@ -36,7 +36,5 @@ struct resbuf {
 #define ads_point_set(from, to) ((to)[0] = (from)[0], (to)[1] = (from)[1], (to)[2] = (from)[2])
 #define ads_name_set(from, to) ((to)[0] = (from)[0], (to)[1] = (from)[1])
 #define ads_name_clear(name) ((name)[0] = (name)[1] = 0)
-#define ads_name_equal(name1, name2) ((name1)[0] == (name2)[0] && (name1)[1] == (name2)[1])
-#define ads_name_nil(name) ((name)[0] == 0 && (name)[1] == 0)
 
 enum { X = 0, Y = 1, Z = 2 };

@@ -22,7 +22,6 @@ class AcDbObjectId {
     /// Whether the id names an object (erased or not) of a drawing that is open.
     bool isValid() const;
     bool isErased() const;
-    bool isEffectivelyErased() const { return isErased(); }
 
     Adesk::IntDbId asOldId() const { return id_; }
     AcDbObjectId& setFromOldId(Adesk::IntDbId id) {
@@ -42,6 +41,3 @@ class AcDbObjectId {
   private:
     Adesk::IntDbId id_ = 0;
 };
-
-typedef AcDbObjectId AcDbHardOwnershipId;
-typedef AcDbObjectId AcDbSoftPointerId;

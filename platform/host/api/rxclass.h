@@ -33,9 +33,6 @@ class AcRxClass : public AcRxObject {
     Constructor constructor_;
 };
 
-/// The descriptor of the class with that name, or null.
-AcRxClass* acrxClassNamed(const ACHAR* className);
-
 inline bool AcRxObject::isKindOf(const AcRxClass* parent) const {
     return isA()->isDerivedFrom(parent);
 }

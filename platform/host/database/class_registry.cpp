@@ -1,17 +1,10 @@
 #include "platform/host/database/class_registry.h"
 
-#include <vector>
-
 #include "dbents.h"
 #include "dbsymtb.h"
 
 namespace host {
 namespace {
-
-std::vector<AcRxClass*>& known_classes() {
-    static std::vector<AcRxClass*> classes;
-    return classes;
-}
 
 struct RecordClass {
     std::wstring_view type;
@@ -45,18 +38,7 @@ AcRxClass::AcRxClass(const ACHAR* className, AcRxClass* parent, const ACHAR* dxf
     : name_(className),
       parent_(parent),
       dxf_name_(dxfName == nullptr && parent != nullptr ? parent->dxf_name_ : dxfName),
-      constructor_(constructor) {
-    host::known_classes().push_back(this);
-}
-
-AcRxClass* acrxClassNamed(const ACHAR* className) {
-    for (AcRxClass* const known : host::known_classes()) {
-        if (className != nullptr && std::wstring_view(known->name()) == className) {
-            return known;
-        }
-    }
-    return nullptr;
-}
+      constructor_(constructor) {}
 
 AcRxClass* AcRxObject::desc() {
     static AcRxClass descriptor(ACRX_T("AcRxObject"), nullptr, nullptr, nullptr);

@@ -12,10 +12,6 @@ void* acad_calloc(size_t count, size_t size) {
     return std::calloc(count, size);
 }
 
-void* acad_realloc(void* memory, size_t size) {
-    return std::realloc(memory, size);
-}
-
 void acad_free(void* memory) {
     std::free(memory);
 }
@@ -30,12 +26,6 @@ ACHAR* acad__strdup(const ACHAR* text) {
         std::memcpy(copy, text, bytes);
     }
     return copy;
-}
-
-void acutNewString(const ACHAR* from, ACHAR*& to) {
-    ACHAR* const copy = acad__strdup(from);
-    acutDelString(to);
-    to = copy;
 }
 
 void acutDelString(ACHAR*& text) {

@@ -31,17 +31,6 @@ host::SelectionSet* set_named(const ads_name name) {
                             : store->selections().at(host::address_of(AcDbObjectId().setFromOldId(name[0])).number);
 }
 
-/// The entity's record when it is one of that drawing.
-std::optional<dxf::RecordId> entity_named(const ads_name name, const host::DatabaseStore& store) {
-    AcDbObjectId id;
-    if (name == nullptr || name[1] != 0 || acdbGetObjectId(id, name) != Acad::eOk || host::store_of(id) != &store ||
-        host::address_of(id).space != host::ObjectSpace::record ||
-        !id.objectClass()->isDerivedFrom(AcDbEntity::desc())) {
-        return std::nullopt;
-    }
-    return host::address_of(id).number;
-}
-
 host::DatabaseStore* working_store() {
     const AcDbDatabase* const drawing = acdbHostApplicationServices()->workingDatabase();
     return drawing == nullptr ? nullptr : &drawing->store();
@@ -166,38 +155,4 @@ int acedSSFree(const ads_name set) {
     }
     store_of_set(set)->selections().free(host::address_of(AcDbObjectId().setFromOldId(set[0])).number);
     return RTNORM;
-}
-
-int acedSSAdd(const ads_name entity, const ads_name set, ads_name result) {
-    host::SelectionSet* const selected = set_named(set);
-    host::DatabaseStore* const store = selected == nullptr ? working_store() : store_of_set(set);
-    if (store == nullptr || (set != nullptr && selected == nullptr)) {
-        return RTERROR;
-    }
-    const auto record = entity_named(entity, *store);
-    if (entity != nullptr && !record) {
-        return RTERROR;
-    }
-    const std::vector<dxf::RecordId> added = record ? std::vector{*record} : std::vector<dxf::RecordId>();
-    if (selected == nullptr) {
-        name_set(*store, host::SelectionSet(added), result);
-        return RTNORM;
-    }
-    selected->add(added);
-    if (result != nullptr) {
-        ads_name_set(set, result);
-    }
-    return RTNORM;
-}
-
-int acedSSDel(const ads_name entity, const ads_name set) {
-    host::SelectionSet* const selected = set_named(set);
-    const auto record = selected == nullptr ? std::nullopt : entity_named(entity, *store_of_set(set));
-    return record && !selected->remove({*record}).empty() ? RTNORM : RTERROR;
-}
-
-int acedSSMemb(const ads_name entity, const ads_name set) {
-    const host::SelectionSet* const selected = set_named(set);
-    const auto record = selected == nullptr ? std::nullopt : entity_named(entity, *store_of_set(set));
-    return record && selected->contains(*record) ? RTNORM : RTERROR;
 }
