@@ -11,9 +11,6 @@
     }                                                                                                  \
     AcRxClass* CLASS_NAME::isA() const {                                                               \
         return CLASS_NAME::desc();                                                                     \
-    }                                                                                                  \
-    void CLASS_NAME::rxInit() {                                                                        \
-        CLASS_NAME::desc();                                                                            \
     }
 
 /// For a class that cannot be constructed by its descriptor.

@@ -6,17 +6,16 @@
 class AcRxClass;
 
 // NOLINTBEGIN(bugprone-macro-parentheses): classes' names stand for themselves
-/// The class's members for run-time typing: desc(), isA(), cast() and rxInit(). desc() makes the descriptor when it is
-/// first asked for; rxInit() asks for it, so that the class is known by name from then on.
+/// The class's members for run-time typing: isA(), cast() and desc(), which makes the descriptor when it is first asked
+/// for.
 #define ACRX_DECLARE_MEMBERS(CLASS_NAME)                                       \
     virtual AcRxClass* isA() const override;                                   \
-    static AcRxClass* desc();                                                  \
     static CLASS_NAME* cast(const AcRxObject* object) {                        \
         return object != nullptr && object->isKindOf(CLASS_NAME::desc())       \
                    ? static_cast<CLASS_NAME*>(const_cast<AcRxObject*>(object)) \
                    : nullptr;                                                  \
     }                                                                          \
-    static void rxInit()
+    static AcRxClass* desc()
 // NOLINTEND(bugprone-macro-parentheses)
 
 class AcRxObject {
@@ -29,7 +28,6 @@ class AcRxObject {
     virtual AcRxClass* isA() const;
     static AcRxClass* desc();
     static AcRxObject* cast(const AcRxObject* object) { return const_cast<AcRxObject*>(object); }
-    static void rxInit();
 
     /// Whether the object is of that class or of one derived from it.
     inline bool isKindOf(const AcRxClass* parent) const;

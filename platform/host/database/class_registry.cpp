@@ -49,8 +49,4 @@ AcRxClass* AcRxObject::isA() const {
     return AcRxObject::desc();
 }
 
-void AcRxObject::rxInit() {
-    AcRxObject::desc();
-}
-
 ACRX_NO_CONS_DEFINE_MEMBERS(AcRxClass, AcRxObject)
