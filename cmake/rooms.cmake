@@ -35,7 +35,8 @@ function(corvanes_precompiled name headers)
     if(CORVANES_PRECOMPILE)
         target_precompile_headers(${name} REUSE_FROM ${headers})
         # GCC takes precompiled system headers for the project's own, and warns of what it inlines from wchar.h.
-        target_compile_options(${name} PRIVATE -Wno-array-bounds -Wno-stringop-overread -Wno-stringop-overflow)
+        target_compile_options(${name} PRIVATE -Wno-array-bounds -Wno-stringop-overread -Wno-stringop-overflow
+            -Wno-restrict)
     endif()
 endfunction()
 
