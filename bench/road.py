@@ -1,5 +1,6 @@
 """The whole road, from a drawing's file to the saved report, timed from outside: for bench/all and bench/growth."""
 
+import functools
 import os
 import pathlib
 import subprocess
@@ -98,6 +99,7 @@ class WholeCommand:
         return best
 
 
+@functools.lru_cache
 def ezdxf_count(drawing):
     """Seconds and MB that an ezdxf script takes to count the references."""
     return timed([PYTHON, str(ROOT / "bench" / "count_inserts.py"), str(drawing)])

@@ -9,6 +9,9 @@ if(WIN32)
     target_compile_definitions(corvanes_options INTERFACE
         UNICODE _UNICODE STRICT NOMINMAX WINVER=0x0601 _WIN32_WINNT=0x0601)
 endif()
+if(CMAKE_CXX_COMPILER_ID STREQUAL GNU AND NOT WIN32)
+    target_compile_options(corvanes_options INTERFACE -Wno-restrict)  # GCC 12 raises it for a literal and a string joined
+endif()
 if(CORVANES_SANITIZE)
     add_compile_options(-fsanitize=address,undefined,fuzzer-no-link -fno-sanitize-recover=all -fno-omit-frame-pointer)
     add_link_options(-fsanitize=address,undefined)
