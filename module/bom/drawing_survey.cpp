@@ -18,6 +18,7 @@
 
 #include "bom/nested_references.h"
 #include "common/drawing_objects.h"
+#include "common/host_text.h"
 
 namespace corvanes {
 
@@ -85,10 +86,9 @@ std::wstring frozen_layers() {
         AcDbObjectId id;
         iterator->getRecordId(id);
         const AcDbObjectPointer<AcDbLayerTableRecord> layer(id, AcDb::kForRead);
-        wchar_t* name = nullptr;
-        if (layer.openStatus() == Acad::eOk && layer->isFrozen() && layer->getName(name) == Acad::eOk) {
-            pattern += (pattern.empty() ? L"" : L",") + exact_pattern(name);
-            acutDelString(name);
+        HostText name;
+        if (layer.openStatus() == Acad::eOk && layer->isFrozen() && layer->getName(name.place()) == Acad::eOk) {
+            pattern += (pattern.empty() ? L"" : L",") + exact_pattern(name.get());
         }
     }
     return pattern;
@@ -114,12 +114,14 @@ std::uint64_t handle_of(AcDbObjectId id) {
     return id.handle();
 }
 
-/// Stands for place, scale and rotation. Zeros of both signs are one.
+/// Stands for place, scale, rotation and the plane, which tells a mirrored reference. Zeros of both signs are one.
 std::uint64_t place_of(const AcDbBlockReference& reference) {
     const AcGePoint3d at = reference.position();
     const AcGeScale3d scale = reference.scaleFactors();
+    const AcGeVector3d normal = reference.normal();
     std::uint64_t place = 0;
-    for (const double number : {at.x, at.y, at.z, scale.sx, scale.sy, scale.sz, reference.rotation()}) {
+    for (const double number :
+         {at.x, at.y, at.z, scale.sx, scale.sy, scale.sz, reference.rotation(), normal.x, normal.y, normal.z}) {
         constexpr std::uint64_t odd = 0x9E3779B97F4A7C15;  // 2^64 divided by the golden ratio: it spreads the bits
         std::uint64_t bits = 0;
         const double without_sign_of_zero = number + 0.0;

@@ -128,6 +128,7 @@ std::string dynamic_drawing() {
     insert("40", "*U4", "0", "0");
     insert("31", "DOOR", "0", "5");
     insert("32", "DOOR", "0", "5");
+    insert("34", "DOOR", "0", "-5|210 0|220 0|230 -1");  // at the same point, but mirrored
     insert("33", "DOOR", "COLD", "6");
     add("0 ENDSEC|0 SECTION|2 OBJECTS|0 DICTIONARY|5 50|3 AcDbBlockRepresentation|360 51");
     add("0 DICTIONARY|5 51|3 AcDbRepData|360 52|0 ACDB_BLOCKREPRESENTATION_DATA|5 52|340 23|0 ENDSEC|0 EOF");
@@ -155,7 +156,7 @@ TEST_F(ReportCommand, SaysWhatItLeavesOutWhenAskedTo) {
     const std::string silent = read("report.txt");
     const std::string said = said_with({L"CORVANES_NOTES", L"CORVANES_JSON"});
     EXPECT_EQ(read("report.txt"), silent);
-    for (const char* line : {"No price for 4 references of 3 blocks: DOOR 2, *U3 1, *U4 1",
+    for (const char* line : {"No price for 5 references of 3 blocks: DOOR 3, *U3 1, *U4 1",
                              "Not counted, on frozen layers (1 reference): DOOR 1",
                              "Not counted, inside other blocks (2 references): DOOR 2",
                              "In the place of another of their block (1 reference): DOOR 1",

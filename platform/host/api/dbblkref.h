@@ -10,6 +10,7 @@
 #include "gemat3d.h"
 #include "gepnt3d.h"
 #include "gescl3d.h"
+#include "gevec3d.h"
 
 namespace dxf {
 struct Insert;
@@ -35,6 +36,9 @@ class AcDbBlockReference : public AcDbEntity {
     /// Radians.
     double rotation() const;
     Acad::ErrorStatus setRotation(double angle);
+
+    /// The direction of the z axis that the reference lies across.
+    AcGeVector3d normal() const;
 
     /// From the block's space to the reference's, the block's origin taken off.
     AcGeMatrix3d blockTransform() const;

@@ -79,6 +79,11 @@ Acad::ErrorStatus AcDbBlockReference::setRotation(double angle) {
     return change(placement().rotation, angle);
 }
 
+AcGeVector3d AcDbBlockReference::normal() const {
+    const dxf::Vec3& extrusion = placed().extrusion;
+    return {extrusion.x, extrusion.y, extrusion.z};
+}
+
 AcGeMatrix3d AcDbBlockReference::blockTransform() const {
     const AcDbObjectPointer<AcDbBlockTableRecord> record(blockTableRecord(), AcDb::kForRead);
     const AcGePoint3d origin = record.openStatus() == Acad::eOk ? record->origin() : AcGePoint3d();

@@ -65,7 +65,7 @@ struct Picture {
     Box2 box;    ///< around all primitives that are not endless
     Box2 reach;  ///< around all primitives
 
-    /// Not all of them are looked at for each visit.
+    /// There are so many primitives that a visit finds them through a tree.
     bool many() const { return primitives.size() > 64; }
     /// Nothing in it says how large it is.
     bool endless() const { return box.empty() && !reach.empty(); }
