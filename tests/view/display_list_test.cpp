@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/support/drawing_groups.h"
 #include "tests/view/described_list.h"
 
 namespace host {
@@ -200,6 +201,61 @@ TEST(DisplayList, IsSharedByAllWhoLookAtOneState) {
     const auto edited = DisplayList::shared(*drawing);
     EXPECT_EQ(2U, edited->top.primitives.size());
     EXPECT_NE(edited, DisplayList::shared(*other));
+}
+
+/// An edit after which a list that was drawn before goes on, or is drawn anew.
+struct LaterEdit {
+    const char* name;
+    bool goes_on;
+    void (*make)(dxf::Drawing& drawing);
+};
+
+TEST(DisplayList, GoesOnWhereOnlyAdditionsWereMade) {
+    const LaterEdit edits[] = {
+        {"a line", true, [](dxf::Drawing& d) { d.append_entity(groups("0 LINE|8 0|62 1|10 1|20 2|11 3|21 4")); }},
+        {"a line in paper space", true,
+         [](dxf::Drawing& d) { d.append_entity(groups("0 LINE|8 0|67 1|10 1|20 2|11 3|21 4")); }},
+        {"references to a block that is there, and to a new one", true,
+         [](dxf::Drawing& d) {
+             d.append_entry("STYLE", groups("0 STYLE|2 NARROW|70 0|41 0.5|3 times.ttf"));
+             const dxf::BlockId made =
+                 d.append_block(groups("0 BLOCK|8 0|2 NEW|70 0|10 0|20 0"), groups("0 ENDBLK|8 0"));
+             d.append_to_block(made, groups("0 TEXT|8 0|7 NARROW|10 0|20 0|40 1|1 added"));
+             d.append_to_block(made, groups("0 LINE|8 0|6 DASHED|10 0|20 0|11 1|21 0"));
+             d.append_entity(groups("0 INSERT|8 0|2 ONE|10 5|20 5"));
+             d.append_entity(groups("0 INSERT|8 0|2 NEW|10 6|20 6"));
+         }},
+        {"a line that goes again", true,
+         [](dxf::Drawing& d) { d.erase(d.append_entity(groups("0 LINE|8 0|10 1|20 2|11 3|21 4"))); }},
+        {"a point gone", false, [](dxf::Drawing& d) { d.erase(d.entities()[0]); }},
+        {"a layer that was missing", false,
+         [](dxf::Drawing& d) { d.append_entry("LAYER", groups("0 LAYER|2 THERE|70 0|62 3")); }},
+        {"another scale of dashes", false,
+         [](dxf::Drawing& d) { d.append_header_variable(groups("9 $LTSCALE|40 2")); }},
+        {"more in a block", false, [](dxf::Drawing& d) { d.append_to_block(0, groups("0 POINT|8 0|10 9|20 9")); }},
+        {"the block that was missing", false,
+         [](dxf::Drawing& d) {
+             const dxf::BlockId made = d.append_block(groups("0 BLOCK|8 0|2 GONE|70 0"), groups("0 ENDBLK|8 0"));
+             d.append_to_block(made, groups("0 POINT|8 0|10 9|20 9"));
+         }},
+    };
+    for (const LaterEdit& edit : edits) {
+        const auto drawing =
+            drawing_of(tables("0 TABLE|2 LTYPE|70 1|0 LTYPE|2 DASHED|73 2|40 3|49 2|49 -1|0 ENDTAB|"
+                              "0 TABLE|2 STYLE|70 1|0 STYLE|2 STANDARD|70 0|3 txt|0 ENDTAB") +
+                       blocks(block("ONE", "0 POINT|8 0|10 1|20 0")) +
+                       entities("0 POINT|8 THERE|10 3|20 4|0 INSERT|8 0|2 ONE|10 1|20 1|0 INSERT|8 0|2 GONE|10 1|20 1|"
+                                "0 TEXT|8 0|10 0|20 0|40 1|1 old|0 LINE|8 0|6 DASHED|10 0|20 0|11 9|21 0"));
+        auto former = DisplayList::shared(*drawing);
+        edit.make(*drawing);
+        EXPECT_EQ(edit.goes_on, former->state.still_holds(*drawing, former->lacking)) << edit.name;
+        const auto later = DisplayList::shared(*drawing, DisplayList::Space::model, std::move(former));
+        const DisplayList anew = DisplayList::build(*drawing);
+        EXPECT_EQ(described(anew), described(*later)) << edit.name;
+        EXPECT_EQ(anew.extents().low, later->extents().low) << edit.name;
+        EXPECT_EQ(anew.extents().high, later->extents().high) << edit.name;
+        EXPECT_EQ(anew.fonts, later->fonts) << edit.name;
+    }
 }
 
 TEST(DisplayList, SeesTiltedBlocksFromAbove) {

@@ -79,6 +79,8 @@ class Drawing {
     /// How many edits were made since the drawing was opened: tells whether there are some after a certain moment.
     /// Taking edits back makes new ones.
     uint64_t edits_made() const { return edits_.made(); }
+    /// The records that edits changed or erased, one for each such edit in its order. Additions are not among them.
+    const std::vector<RecordId>& changed_records() const { return changed_; }
     /// Whether new records need handles: R13 and later always, R12 where the drawing uses them.
     bool uses_handles() const;
     /// A handle that the drawing does not use; 0 when it uses none. $HANDSEED follows at save().
@@ -137,6 +139,7 @@ class Drawing {
     DrawingIndex index_;
     EditList edits_;
     UndoHistory history_;
+    std::vector<RecordId> changed_;
     const uint64_t serial_;
     uint64_t next_handle_ = 0;
     bool hand_seed_due_ = false;

@@ -10,6 +10,7 @@ void Drawing::note_addition(RecordId id) {
 void Drawing::note_change(RecordId id) {
     const std::string_view bytes = record(id).is(Record::erased) ? std::string_view() : bytes_of(record(id));
     history_.note({id, std::string(bytes)});
+    changed_.push_back(id);
 }
 
 std::optional<std::wstring> Drawing::undo() {

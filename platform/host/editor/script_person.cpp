@@ -24,7 +24,7 @@ void paint_windows() {
 /// Around what is drawn. What is a point, or nothing, or beyond all measure counts as one unit wide.
 Box2 drawn_area(DrawingPane& pane) {
     constexpr double largest = 1e15;  // beyond it the places beside the drawing are no longer apart
-    Box2 area = pane.extents();
+    Box2 area = pane.list().extents();
     const auto usable = [](double number) { return std::fabs(number) <= largest; };
     if (area.empty() || !usable(area.low.x) || !usable(area.low.y) || !usable(area.high.x) || !usable(area.high.y)) {
         return Box2::between({0, 0}, {1, 1});

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "platform/host/dxf/drawing.h"
+#include "platform/host/view/drawn_state.h"
 #include "platform/host/view/picture.h"
 #include "platform/host/view/picture_budget.h"
 
@@ -36,7 +37,7 @@ struct Surroundings {
     }
 };
 
-/// Independent of the drawing that it was built from, and never changed after that.
+/// Independent of the drawing that it was built from, and never changed while somebody has it.
 struct DisplayList {
     enum class Space { model, paper };
 
@@ -47,14 +48,24 @@ struct DisplayList {
     Surroundings surroundings;          ///< of the top picture
     size_t left_out = 0;                ///< entities that are not shown, or not whole, for they would take too much
 
+    // For a list that goes on where this one ended.
+    Space space = Space::model;
+    DrawnState state;
+    std::vector<uint32_t> picture_of_block;  ///< by BlockId; no_picture where none was needed
+    PictureBudget budget{PictureLimits()};   ///< what is left of it
+    bool lacking = false;                    ///< something names a text style or a block that is not there
+    static constexpr uint32_t no_picture = 0xFFFFFFFF;
+
     /// Around everything that is in the space; empty for an empty one.
     const Box2& extents() const { return top.box; }
 
     static DisplayList build(const dxf::Drawing& drawing, Space space = Space::model);
     static DisplayList build(const dxf::Drawing& drawing, Space space, const PictureLimits& limits);
-    /// The list that somebody has of this state of the drawing, or a new one: who looks at the same shares it. On the
-    /// main thread only.
-    static std::shared_ptr<const DisplayList> shared(const dxf::Drawing& drawing, Space space = Space::model);
+    /// The list that somebody has of this state of the drawing, or a new one: who looks at the same shares it. A
+    /// `former` list that nobody else has is given up for it: where edits only added things since then, they are drawn
+    /// into it, which takes no time for what was there. On the main thread only.
+    static std::shared_ptr<const DisplayList> shared(const dxf::Drawing& drawing, Space space = Space::model,
+                                                     std::shared_ptr<const DisplayList> former = nullptr);
 };
 
 }  // namespace host

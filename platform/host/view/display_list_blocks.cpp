@@ -91,6 +91,7 @@ void DisplayListBuilder::draw_referenced(dxf::RecordId id, dxf::NameId layer, co
     }
     const dxf::BlockId block = block_named(fields_.text(2));
     if (block == dxf::no_block) {
+        list_.lacking = true;
         return;
     }
     Copies copies;
@@ -114,17 +115,17 @@ void DisplayListBuilder::place_block(dxf::RecordId id, dxf::BlockId block, const
         return;
     }
     Instance placed = look;
-    placed.picture = block == dxf::no_block ? no_picture : picture_of(block);
+    placed.picture = block == dxf::no_block ? DisplayList::no_picture : picture_of(block);
     placed.placement = placement.plan();
     const bool has_parts = drawing_.record(id).is(dxf::Record::has_parts);
-    PictureBuilder cell(budget_);
+    PictureBuilder cell(list_.budget);
     PictureBuilder& out = single || !has_parts ? target.out : cell;
     const Repeats repeats{target.space.vector(copies.column_step).plan(), target.space.vector(copies.row_step).plan(),
                           copies.columns, copies.rows};
     out.begin_entity(id, look.ink, false);
-    if (placed.picture != no_picture && !single && !has_parts) {
+    if (placed.picture != DisplayList::no_picture && !single && !has_parts) {
         out.instances(placed, list_.pictures[placed.picture], repeats);
-    } else if (placed.picture != no_picture) {
+    } else if (placed.picture != DisplayList::no_picture) {
         out.instance(placed, list_.pictures[placed.picture]);
     }
     draw_attributes(id, record, look, {out, target.space, target.in_block});
@@ -142,8 +143,8 @@ void DisplayListBuilder::place_tilted(dxf::BlockId block, const Copies& copies, 
                                       const Target& target) {
     for (uint32_t row = 0; row < copies.rows; ++row) {
         for (uint32_t column = 0; column < copies.columns; ++column) {
-            if (being_drawn_[block] || depth_ >= deepest_nesting || !budget_.take(sizeof(Picture)) ||
-                !budget_.work(steps_of_a_copy)) {
+            if (being_drawn_[block] || depth_ >= deepest_nesting || !list_.budget.take(sizeof(Picture)) ||
+                !list_.budget.work(steps_of_a_copy)) {
                 return;
             }
             const Vec3 step =
@@ -164,17 +165,17 @@ uint32_t DisplayListBuilder::add_picture(Picture picture) {
 
 uint32_t DisplayListBuilder::picture_of(dxf::BlockId block) {
     if (being_drawn_[block] || depth_ >= deepest_nesting) {
-        return no_picture;
+        return DisplayList::no_picture;
     }
-    if (picture_of_block_[block] == no_picture) {
+    if (list_.picture_of_block[block] == DisplayList::no_picture) {
         Picture picture = draw_block(block, {}, false);
-        picture_of_block_[block] = add_picture(std::move(picture));
+        list_.picture_of_block[block] = add_picture(std::move(picture));
     }
-    return picture_of_block_[block];
+    return list_.picture_of_block[block];
 }
 
 Picture DisplayListBuilder::draw_block(dxf::BlockId block, const Transform3& space, bool anew) {
-    PictureBuilder out(budget_);
+    PictureBuilder out(list_.budget);
     being_drawn_[block] = true;
     ++depth_;
     for (const dxf::RecordId id : drawing_.blocks()[block].entities) {

@@ -1,7 +1,6 @@
 #include "platform/host/view/display_list_builder.h"
 
 #include <algorithm>
-#include <tuple>
 
 #include "base/case_folding.h"
 
@@ -43,49 +42,67 @@ constexpr NamedDraw draws[] = {
 constexpr int64_t colour_of_block = 0;
 constexpr int64_t colour_of_layer = 256;
 
+DisplayList blank_list(DisplayList::Space space, const PictureLimits& limits) {
+    DisplayList list;
+    list.space = space;
+    list.patterns.resize(1);  // the continuous one
+    list.budget = PictureBudget(limits);
+    return list;
+}
+
+PictureLimits limits_for(const dxf::Drawing& drawing) {
+    return PictureLimits::for_drawing(drawing.size());
+}
+
 constexpr wchar_t by_layer[] = L"ByLayer";
 constexpr wchar_t by_block[] = L"ByBlock";
 
 }  // namespace
 
 DisplayList DisplayList::build(const dxf::Drawing& drawing, Space space) {
-    return build(drawing, space, PictureLimits::for_drawing(drawing.size()));
+    return build(drawing, space, limits_for(drawing));
 }
 
 DisplayList DisplayList::build(const dxf::Drawing& drawing, Space space, const PictureLimits& limits) {
-    return DisplayListBuilder(drawing, limits).build(space);
+    return DisplayListBuilder(drawing, blank_list(space, limits)).build();
 }
 
-std::shared_ptr<const DisplayList> DisplayList::shared(const dxf::Drawing& drawing, Space space) {
+std::shared_ptr<const DisplayList> DisplayList::shared(const dxf::Drawing& drawing, Space space,
+                                                       std::shared_ptr<const DisplayList> former) {
     static std::weak_ptr<const DisplayList> known;
-    static std::tuple<uint64_t, uint64_t, Space> known_state;
-    const std::tuple state(drawing.serial(), drawing.edits_made(), space);
-    std::shared_ptr<const DisplayList> list = known_state == state ? known.lock() : nullptr;
-    if (list == nullptr) {
-        list = std::make_shared<const DisplayList>(build(drawing, space));
+    const DrawnState state = DrawnState::of(drawing);
+    std::shared_ptr<const DisplayList> list = known.lock();
+    if (list == nullptr || list->state != state || list->space != space) {
+        list.reset();
+        const bool grows =
+            former.use_count() == 1 && former->space == space && former->state.still_holds(drawing, former->lacking);
+        DisplayList begun =
+            grows ? std::move(*std::const_pointer_cast<DisplayList>(former)) : blank_list(space, limits_for(drawing));
+        former.reset();
+        list = std::make_shared<DisplayList>(DisplayListBuilder(drawing, std::move(begun)).build());
         known = list;
-        known_state = state;
     }
     return list;
 }
 
-DisplayListBuilder::DisplayListBuilder(const dxf::Drawing& drawing, const PictureLimits& limits)
+DisplayListBuilder::DisplayListBuilder(const dxf::Drawing& drawing, DisplayList list)
     : drawing_(drawing),
       layers_(drawing),
-      line_types_(drawing),
-      styles_(drawing),
+      line_types_(drawing, std::move(list.patterns)),
+      styles_(drawing, std::move(list.fonts)),
       drawers_(drawing.type_names().size()),
-      picture_of_block_(drawing.blocks().size(), no_picture),
       base_of_block_(drawing.blocks().size()),
       being_drawn_(drawing.blocks().size(), false),
-      budget_(limits) {}
+      list_(std::move(list)) {
+    list_.picture_of_block.resize(drawing.blocks().size(), DisplayList::no_picture);
+}
 
-DisplayList DisplayListBuilder::build(DisplayList::Space space) {
-    const bool paper = space == DisplayList::Space::paper;
-    PictureBuilder out(budget_);
+DisplayList DisplayListBuilder::build() {
+    const bool paper = list_.space == DisplayList::Space::paper;
+    PictureBuilder out(list_.budget, std::move(list_.top));
     const Target target{out, {}, false};
     const auto stands_here = [&](dxf::RecordId id) {
-        return drawing_.record(id).is(dxf::Record::paper_space) == paper;
+        return id >= list_.state.records && drawing_.record(id).is(dxf::Record::paper_space) == paper;
     };
     size_t entities = 0;
     size_t references = 0;
@@ -93,16 +110,18 @@ DisplayList DisplayListBuilder::build(DisplayList::Space space) {
         entities += stands_here(id) ? 1 : 0;
         references += stands_here(id) && drawing_.record(id).type == dxf::type_insert ? 1 : 0;
     }
-    const auto room = static_cast<size_t>(budget_.bytes_left() / 4 / sizeof(Primitive));
+    const auto room = static_cast<size_t>(list_.budget.bytes_left() / 4 / sizeof(Primitive));
     const size_t parts = entities / 16 + 256;  // of entities that have several, as references with attributes
-    out.reserve(std::min(entities + parts, room), std::min(references, room));
+    out.reserve(std::min(entities + parts, room), std::min(references + parts, room));
     for (const dxf::RecordId id : drawing_.entities()) {
         if (stands_here(id)) {
             draw_record(id, target);
         }
     }
     list_.top = out.take();
-    list_.left_out = budget_.left_out();
+    list_.left_out = list_.budget.left_out();
+    list_.state = DrawnState::of(drawing_);
+    list_.lacking |= styles_.lacking();
     list_.fonts = styles_.fonts();
     list_.surroundings.layer_ink = layers_.zero_state().ink;
     list_.surroundings.layer_pattern = line_types_.pattern(layers_.zero_state().line_type, 1);
@@ -165,10 +184,10 @@ void DisplayListBuilder::draw_record(dxf::RecordId id, const Target& target) {
         return;
     }
     if (!target.anew) {
-        budget_.begin_entity();
+        list_.budget.begin_entity();
     }
-    if (budget_.spent() || !budget_.work(entry.length)) {
-        budget_.leave_out();
+    if (list_.budget.spent() || !list_.budget.work(entry.length)) {
+        list_.budget.leave_out();
         return;
     }
     const dxf::RecordView record = drawing_.view(id);

@@ -13,9 +13,11 @@ namespace host {
 
 class DisplayListBuilder {
   public:
-    DisplayListBuilder(const dxf::Drawing& drawing, const PictureLimits& limits);
+    /// `list`: what was drawn before, which holds for the drawing still, or one in which nothing is drawn.
+    DisplayListBuilder(const dxf::Drawing& drawing, DisplayList list);
 
-    DisplayList build(DisplayList::Space space);
+    /// The list with all that the drawing has now.
+    DisplayList build();
 
   private:
     /// Where entities stand and where their primitives go.
@@ -46,7 +48,7 @@ class DisplayListBuilder {
     void place_tilted(dxf::BlockId block, const Copies& copies, const Instance& look, const Target& target);
     uint32_t add_picture(Picture picture);
 
-    /// The block's picture; no_picture for a block that is being drawn, for it contains itself.
+    /// The block's picture; DisplayList::no_picture for a block that is being drawn, for it contains itself.
     uint32_t picture_of(dxf::BlockId block);
     Picture draw_block(dxf::BlockId block, const Transform3& space, bool anew);
     const Vec3& base_of(dxf::BlockId block);
@@ -57,7 +59,6 @@ class DisplayListBuilder {
     uint16_t pattern_of(dxf::NameId layer);
     Instance look_of(dxf::NameId layer);
 
-    static constexpr uint32_t no_picture = 0xFFFFFFFF;
     using Draw = void (*)(const EntityScope&);
     Draw drawer_of(uint16_t type);
 
@@ -67,11 +68,9 @@ class DisplayListBuilder {
     TextStyles styles_;
     dxf::RecordFields fields_;
     std::vector<std::optional<Draw>> drawers_;        ///< by record type, found when one is first met
-    std::vector<uint32_t> picture_of_block_;          ///< by BlockId
     std::vector<std::optional<Vec3>> base_of_block_;  ///< by BlockId, read when one is first met
     std::vector<bool> being_drawn_;                   ///< by BlockId
     size_t depth_ = 0;
-    PictureBudget budget_;
     DisplayList list_;
 };
 

@@ -1,5 +1,7 @@
 #include "platform/host/view/drawing_frame.h"
 
+#include <utility>
+
 namespace host {
 
 FrameBitmap::FrameBitmap(int width, int height)
@@ -35,6 +37,11 @@ DrawingFrame::DrawingFrame(size_t most_texts) : list_(std::make_shared<DisplayLi
 void DrawingFrame::set_list(std::shared_ptr<const DisplayList> list) {
     list_ = std::move(list);
     stale_ = true;
+}
+
+std::shared_ptr<const DisplayList> DrawingFrame::take_list() {
+    stale_ = true;
+    return std::exchange(list_, std::make_shared<DisplayList>());
 }
 
 void DrawingFrame::set_background(uint32_t colour) {

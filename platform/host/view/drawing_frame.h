@@ -52,6 +52,8 @@ class DrawingFrame {
 
     const DisplayList& list() const { return *list_; }
     void set_list(std::shared_ptr<const DisplayList> list);
+    /// An empty one takes its place.
+    std::shared_ptr<const DisplayList> take_list();
     void set_background(uint32_t colour);
     const PaintColours& colours() const { return colours_; }
     void set_highlighted(EntitySet entities);

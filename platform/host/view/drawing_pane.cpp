@@ -147,7 +147,6 @@ void DrawingPane::resize(int width, int height) {
 
 void DrawingPane::drawing_opened() {
     shown_ = PaneContent();
-    measured_ = PaneContent();
     fit_ = true;
     vectors_.clear();
     frame_.set_highlighted({});
@@ -174,9 +173,9 @@ void DrawingPane::refresh_list() {
     const PaneContent content = content_();
     if (!(content == shown_)) {
         shown_ = content;
-        frame_.set_list(std::make_shared<const DisplayList>());  // so that there are not two of them at a time
+        std::shared_ptr<const DisplayList> former = frame_.take_list();
         if (content.drawing != nullptr) {
-            frame_.set_list(DisplayList::shared(*content.drawing, content.space));
+            frame_.set_list(DisplayList::shared(*content.drawing, content.space, std::move(former)));
             if (list_listener_) {
                 list_listener_(*content.drawing, frame_.list());
             }
@@ -191,19 +190,6 @@ void DrawingPane::refresh_list() {
 const DisplayList& DrawingPane::list() {
     refresh_list();
     return frame_.list();
-}
-
-Box2 DrawingPane::extents() {
-    const PaneContent content = content_();
-    if (content == shown_) {
-        return frame_.list().extents();
-    }
-    if (!(content == measured_)) {
-        measured_ = content;
-        measured_extents_ =
-            content.drawing == nullptr ? Box2() : DisplayList::shared(*content.drawing, content.space)->extents();
-    }
-    return measured_extents_;
 }
 
 void DrawingPane::set_view(const ViewTransform& view) {

@@ -60,8 +60,6 @@ class DrawingPane final {
 
     const ViewTransform& view() const { return frame_.view(); }
     const DisplayList& list();
-    /// Around all that there is to show. A list that only this needs is not kept.
-    Box2 extents();
     void set_view(const ViewTransform& view);
     void zoom_extents();
     /// Keeps the view as it is, for restore_view(); the last ten are kept.
@@ -102,8 +100,6 @@ class DrawingPane final {
     ListListener list_listener_;
     DrawingFrame frame_{DrawingFrame::texts_in_motion};
     PaneContent shown_;
-    PaneContent measured_;
-    Box2 measured_extents_;
     bool fit_ = true;  ///< to be seen whole at the next painting
     std::deque<ViewTransform> earlier_;
     VectorOverlay vectors_;

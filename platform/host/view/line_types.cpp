@@ -25,7 +25,7 @@ double drawing_scale(const dxf::Drawing& drawing) {
 
 }  // namespace
 
-LineTypes::LineTypes(const dxf::Drawing& drawing) : patterns_(1) {
+LineTypes::LineTypes(const dxf::Drawing& drawing, std::vector<LinePattern> known) : patterns_(std::move(known)) {
     const dxf::Table* const table = drawing.table("LTYPE");
     if (table == nullptr) {
         return;

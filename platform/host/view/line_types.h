@@ -14,7 +14,8 @@ namespace host {
 /// Hands out numbers for the patterns that entities use. Patterns have the drawing's linetype scale in them.
 class LineTypes {
   public:
-    explicit LineTypes(const dxf::Drawing& drawing);
+    /// Numbers go on behind the `known` patterns, the first of which is continuous.
+    explicit LineTypes(const dxf::Drawing& drawing, std::vector<LinePattern> known);
 
     /// The number of the pattern of a linetype, by name without regard to case, at an entity's own scale. Continuous
     /// for an unknown linetype.

@@ -3,15 +3,13 @@
 namespace host {
 
 void Picture::finish() {
-    box = Box2();
-    reach = Box2();
-    for (const Primitive& primitive : primitives) {
+    for (; finished_ < primitives.size(); ++finished_) {
+        const Primitive& primitive = primitives[finished_];
         reach.add(primitive.box);
         if (!primitive.endless) {
             box.add(primitive.box);
         }
     }
-    tree_ = BoxTree();
 }
 
 }  // namespace host

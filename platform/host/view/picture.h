@@ -69,7 +69,7 @@ struct Picture {
     bool many() const { return primitives.size() > 64; }
     /// Nothing in it says how large it is.
     bool endless() const { return box.empty() && !reach.empty(); }
-    /// Computes the boxes once all primitives are there.
+    /// Computes the boxes of what was added since the last time.
     void finish();
 
     /// Calls visit(number) for primitives that touch `area`, in no order. See BoxTree::visit.
@@ -77,13 +77,13 @@ struct Picture {
     void visit(const Box2& area, double detail, Visit visit) const {
         if (many()) {
             const auto box_of = [this](uint32_t number) -> const Box2& { return primitives[number].box; };
-            if (tree_.empty()) {
+            if (primitives.size() - in_tree_ > in_tree_ / 8) {
                 tree_ = BoxTree(primitives.size(), box_of);
+                in_tree_ = static_cast<uint32_t>(primitives.size());
             }
             tree_.visit(area, detail, box_of, visit);
-            return;
         }
-        for (uint32_t number = 0; number < primitives.size(); ++number) {
+        for (uint32_t number = in_tree_; number < primitives.size(); ++number) {
             if (primitives[number].box.intersects(area)) {
                 visit(number);
             }
@@ -91,7 +91,9 @@ struct Picture {
     }
 
   private:
-    mutable BoxTree tree_;  ///< over many primitives, made when they are first visited: extents alone need none
+    size_t finished_ = 0;           ///< primitives that the boxes are around
+    mutable BoxTree tree_;          ///< over many primitives, made when they are first visited: extents alone need none
+    mutable uint32_t in_tree_ = 0;  ///< primitives that the tree is over: what was added later stands behind them
 };
 
 }  // namespace host

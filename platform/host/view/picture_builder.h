@@ -13,6 +13,8 @@ class PictureBuilder {
   public:
     /// The budget outlives the builder.
     explicit PictureBuilder(PictureBudget& budget) : budget_(budget) {}
+    /// Goes on with a picture that was finished before.
+    PictureBuilder(PictureBudget& budget, Picture picture) : budget_(budget), picture_(std::move(picture)) {}
 
     PictureBudget& budget() { return budget_; }
     /// Makes room for this many primitives, of which some are instances.

@@ -8,6 +8,7 @@ namespace host {
 
 namespace {
 
+constexpr wchar_t standard_name[] = L"standard";
 constexpr int extended_string = 1000;
 constexpr int extended_integer = 1071;
 
@@ -45,7 +46,7 @@ FontFace read_face(const dxf::RecordView& entry, const std::wstring& font_file) 
 
 }  // namespace
 
-TextStyles::TextStyles(const dxf::Drawing& drawing) {
+TextStyles::TextStyles(const dxf::Drawing& drawing, std::vector<FontFace> known) : fonts_(std::move(known)) {
     standard_.font = font_number({TextStyles::usual_family});
     const dxf::Table* const table = drawing.table("STYLE");
     if (table == nullptr) {
@@ -60,11 +61,13 @@ TextStyles::TextStyles(const dxf::Drawing& drawing) {
         styles_.emplace(base::lower(said.name),
                         TextStyle{said.width_factor, said.oblique, font_number(read_face(entry, said.font_file))});
     }
-    standard_ = named(L"Standard");
+    standard_ = named(standard_name);
+    lacking_ = false;
 }
 
 const TextStyle& TextStyles::named(const std::wstring& name) const {
-    const auto found = styles_.find(base::lower(name));
+    const auto found = styles_.find(name.empty() ? standard_name : base::lower(name));
+    lacking_ |= found == styles_.end();
     return found == styles_.end() ? standard_ : found->second;
 }
 

@@ -21,9 +21,12 @@ class TextStyles {
     /// The face that stands for shape fonts and for files that nothing is known about.
     static constexpr wchar_t usual_family[] = L"Arial";
 
-    explicit TextStyles(const dxf::Drawing& drawing);
+    /// Numbers of fonts go on behind the `known` ones.
+    explicit TextStyles(const dxf::Drawing& drawing, std::vector<FontFace> known);
     /// The style by name without regard to case; "Standard" for an empty or unknown one.
     const TextStyle& named(const std::wstring& name) const;
+    /// A style that is not there was asked for.
+    bool lacking() const { return lacking_; }
     const std::vector<FontFace>& fonts() const { return fonts_; }
     /// The number of a font in fonts(), which grows when it is new.
     uint16_t font_number(const FontFace& face);
@@ -32,6 +35,7 @@ class TextStyles {
     std::unordered_map<std::wstring, TextStyle> styles_;
     std::vector<FontFace> fonts_;
     TextStyle standard_;
+    mutable bool lacking_ = false;
 };
 
 }  // namespace host

@@ -1,0 +1,55 @@
+#include "platform/host/view/drawn_state.h"
+
+#include <algorithm>
+
+namespace host {
+
+namespace {
+
+bool is_table_head(const dxf::Drawing& drawing, dxf::RecordId id) {
+    return std::any_of(drawing.tables().begin(), drawing.tables().end(),
+                       [id](const dxf::Table& table) { return table.head == id; });
+}
+
+/// Whether a new record of this type may change the look of what was there before it.
+bool governs_others(const std::wstring& type, bool lacking) {
+    const bool header_variable = type.starts_with(L"$") && type != L"$HANDSEED";
+    const bool named = type == L"STYLE" || type == L"BLOCK";
+    return header_variable || type == L"LAYER" || type == L"LTYPE" || (named && lacking);
+}
+
+}  // namespace
+
+DrawnState DrawnState::of(const dxf::Drawing& drawing) {
+    return {drawing.serial(),
+            drawing.edits_made(),
+            drawing.changed_records().size(),
+            drawing.record_count(),
+            static_cast<dxf::BlockId>(drawing.blocks().size()),
+            drawing.block_names().size()};
+}
+
+bool DrawnState::still_holds(const dxf::Drawing& drawing, bool lacking) const {
+    if (serial != drawing.serial()) {
+        return false;
+    }
+    const auto& changed = drawing.changed_records();
+    const bool all_kept = std::all_of(changed.begin() + static_cast<ptrdiff_t>(changes), changed.end(), [&](auto id) {
+        return id >= records || is_table_head(drawing, id);  // the count of a table's entries
+    });
+    if (!all_kept) {
+        return false;
+    }
+    for (dxf::RecordId id = records; id < drawing.record_count(); ++id) {
+        const dxf::Record& added = drawing.record(id);
+        const bool names_known_block = added.type == dxf::type_block && added.block_name < block_names;
+        if (names_known_block || governs_others(drawing.type_names().name(added.type), lacking)) {
+            return false;
+        }
+    }
+    return std::all_of(drawing.blocks().begin(), drawing.blocks().begin() + blocks, [this](const dxf::Block& block) {
+        return block.entities.empty() || block.entities[block.entities.size() - 1] < records;
+    });
+}
+
+}  // namespace host
