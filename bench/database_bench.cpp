@@ -64,14 +64,14 @@ size_t count_letters(const ads_name set, long length) {
 
 bool run(const std::filesystem::path& path, Times& times) {
     Timer timer;
-    dxf::Error error;
-    const auto drawing = host::open_database(path, error);
-    if (drawing == nullptr) {
-        std::fprintf(stderr, "%s\n", error.message().c_str());
+    const host::OpenDatabase opened = host::open_database(path);
+    if (!opened) {
+        std::fprintf(stderr, "%s\n", opened.reason().message().c_str());
         return false;
     }
+    AcDbDatabase* const drawing = opened->get();
     times[opening] = timer.lap();
-    acdbHostApplicationServices()->setWorkingDatabase(drawing.get());
+    acdbHostApplicationServices()->setWorkingDatabase(drawing);
     struct resbuf* const filter = acutBuildList(RTDXF0, L"INSERT", RTNONE);
     ads_name set;
     long length = 0;

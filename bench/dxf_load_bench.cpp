@@ -34,12 +34,12 @@ void open_and_count(const char* path, Round& round) {
     const auto start = Clock::now();
     const auto opened = dxf::Drawing::open(std::filesystem::path(path));
     if (!opened) {
-        round.error = opened.error.message();
+        round.error = opened.reason().message();
         return;
     }
-    std::vector<uint64_t> counts(opened.drawing->block_names().size() + 1);
-    for (const dxf::RecordId id : opened.drawing->entities()) {
-        const dxf::Record& record = opened.drawing->record(id);
+    std::vector<uint64_t> counts((*opened)->block_names().size() + 1);
+    for (const dxf::RecordId id : (*opened)->entities()) {
+        const dxf::Record& record = (*opened)->record(id);
         if (record.type == dxf::type_insert) {
             ++counts[std::min<size_t>(record.block_name, counts.size() - 1)];
         }
@@ -48,7 +48,7 @@ void open_and_count(const char* path, Round& round) {
         round.inserts += count;
     }
     round.open_seconds = seconds_since(start);
-    round.index_bytes = opened.drawing->record_count() * uint64_t{sizeof(dxf::Record)};
+    round.index_bytes = (*opened)->record_count() * uint64_t{sizeof(dxf::Record)};
 }
 
 /// The floor: reading the file and looking at each byte once.

@@ -106,12 +106,12 @@ void measure(const char* what, DrawingFrame& frame, ViewTransform view, Move mov
 int main() {
     const dxf::OpenResult opened = dxf::Drawing::from_bytes(drawing_of_many(), "many.dxf");
     if (!opened) {
-        std::fprintf(stderr, "%s\n", opened.error.message().c_str());
+        std::fprintf(stderr, "%s\n", opened.reason().message().c_str());
         return 1;
     }
     DrawingFrame frame(DrawingFrame::texts_in_motion);
     const auto start = std::chrono::steady_clock::now();
-    frame.set_list(std::make_shared<const DisplayList>(DisplayList::build(*opened.drawing)));
+    frame.set_list(std::make_shared<const DisplayList>(DisplayList::build(**opened)));
     std::printf("%d entities, %dx%d pixels; made ready in %.1f ms\n", entity_count, width, height, milliseconds(start));
     ViewTransform whole(width, height);
     whole.show(frame.list().extents(), 0.02);

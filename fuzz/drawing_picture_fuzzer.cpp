@@ -39,8 +39,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     const dxf::OpenResult opened = dxf::Drawing::from_bytes(std::string(fuzz::bytes_of(data, size)), "fuzz.dxf");
     if (opened) {
         const host::PictureLimits limits{8 << 20, 20'000'000};
-        look_at(host::DisplayList::build(*opened.drawing, host::DisplayList::Space::model, limits));
-        look_at(host::DisplayList::build(*opened.drawing, host::DisplayList::Space::paper, limits));
+        look_at(host::DisplayList::build(**opened, host::DisplayList::Space::model, limits));
+        look_at(host::DisplayList::build(**opened, host::DisplayList::Space::paper, limits));
     }
     return 0;
 }

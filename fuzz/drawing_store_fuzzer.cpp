@@ -105,7 +105,7 @@ void save_and_compare(Drawing& drawing, const fuzz::ScratchFile& file) {
     require(static_cast<bool>(drawing.save(file.path())), "a drawing can be written");
     const dxf::OpenResult again = Drawing::open(file.path());
     require(static_cast<bool>(again), "what was written can be read");
-    require(records_of(*again.drawing) == records_of(drawing), "what was written reads as it was seen");
+    require(records_of(**again) == records_of(drawing), "what was written reads as it was seen");
 }
 
 }  // namespace
@@ -115,12 +115,12 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     const std::string bytes(fuzz::bytes_of(data, size));
     dxf::OpenResult opened = Drawing::from_bytes(bytes, "fuzz.dxf");
     if (!opened) {
-        const std::string message = opened.error.message();
-        require(message.find('\n') == std::string::npos && !opened.error.reason.empty(), "a refusal is one line");
-        require(opened.error.position <= size + 1, "the place of an error is in the file");
+        const std::string message = opened.reason().message();
+        require(message.find('\n') == std::string::npos && !opened.reason().reason.empty(), "a refusal is one line");
+        require(opened.reason().position <= size + 1, "the place of an error is in the file");
         return 0;
     }
-    Drawing& drawing = *opened.drawing;
+    Drawing& drawing = **opened;
     for (RecordId id = 0; id < drawing.record_count(); ++id) {
         read_whole(drawing.view(id));
     }

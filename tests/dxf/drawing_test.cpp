@@ -90,11 +90,11 @@ TEST(Drawing, RefusesWhatIsNoWholeDrawing) {
     for (const auto& item : cases) {
         const auto opened = dxf::Drawing::from_bytes(item.bytes, "memory.dxf");
         EXPECT_FALSE(opened);
-        EXPECT_EQ(opened.error.message(), item.message) << item.bytes;
+        EXPECT_EQ(opened.reason().message(), item.message) << item.bytes;
     }
     const dxf_test::TemporaryFolder folder("corvanes_dxf_refused");
-    EXPECT_EQ(dxf::Drawing::open(folder / "none.dxf").error.reason, "no such file");
-    EXPECT_EQ(dxf::Drawing::open(folder / "").error.reason, "is a directory");
+    EXPECT_EQ(dxf::Drawing::open(folder / "none.dxf").reason().reason, "no such file");
+    EXPECT_EQ(dxf::Drawing::open(folder / "").reason().reason, "is a directory");
 }
 
 TEST(Drawing, TakesOddities) {
@@ -121,8 +121,8 @@ TEST(Drawing, TakesOddities) {
     };
     for (const auto& item : cases) {
         const auto opened = dxf::Drawing::from_bytes(item.bytes, "memory.dxf");
-        ASSERT_TRUE(opened) << opened.error.message() << "\n" << item.bytes;
-        EXPECT_EQ(drawing_text(*opened.drawing), item.text) << item.bytes;
+        ASSERT_TRUE(opened) << opened.reason().message() << "\n" << item.bytes;
+        EXPECT_EQ(drawing_text(**opened), item.text) << item.bytes;
     }
 }
 
@@ -138,8 +138,8 @@ TEST(Drawing, SurvivesCutAndGarbledBytes) {
             std::string garbled = whole;
             garbled[length] = static_cast<char>(garbled[length] ^ 0x11);
             const auto opened = dxf::Drawing::from_bytes(std::move(garbled), "garbled");
-            for (dxf::RecordId id = 0; opened && id < opened.drawing->record_count(); ++id) {
-                opened.drawing->view(id).parts();
+            for (dxf::RecordId id = 0; opened && id < (*opened)->record_count(); ++id) {
+                (*opened)->view(id).parts();
             }
         }
         EXPECT_LT(taken, whole.size() / 10) << "a drawing that is cut within a section must be refused";

@@ -30,7 +30,7 @@ inline std::string lines(const std::string& groups, const std::string& line_end 
 
 inline std::unique_ptr<dxf::Drawing> read(const std::string& bytes) {
     auto opened = dxf::Drawing::from_bytes(bytes, "memory.dxf");
-    return std::move(opened.drawing);
+    return opened ? *std::move(opened) : nullptr;
 }
 
 inline std::string type_of(const dxf::Drawing& drawing, dxf::RecordId id) {

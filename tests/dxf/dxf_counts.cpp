@@ -42,11 +42,11 @@ int main(int count, char** arguments) {
     for (int i = 1; i < count; ++i) {
         const auto opened = dxf::Drawing::open(std::filesystem::path(arguments[i]));
         if (!opened) {
-            std::printf("%s\terror\t%s\n", arguments[i], opened.error.message().c_str());
+            std::printf("%s\terror\t%s\n", arguments[i], opened.reason().message().c_str());
             continue;
         }
-        const Counts counts = count_inserts(*opened.drawing);
-        std::printf("%s\t%s\t%llu\t%llu\t%llu\n", arguments[i], opened.drawing->version().c_str(),
+        const Counts counts = count_inserts(**opened);
+        std::printf("%s\t%s\t%llu\t%llu\t%llu\n", arguments[i], (*opened)->version().c_str(),
                     static_cast<unsigned long long>(counts.model), static_cast<unsigned long long>(counts.paper),
                     static_cast<unsigned long long>(counts.in_blocks));
     }

@@ -39,10 +39,10 @@ size_t expect_identity(const std::vector<fs::path>& drawings) {
             continue;
         }
         ++opened_count;
-        EXPECT_TRUE(opened.drawing->save(folder / "copy.dxf"));
+        EXPECT_TRUE((*opened)->save(folder / "copy.dxf"));
         EXPECT_TRUE(dxf_test::contents(folder / "copy.dxf") == dxf_test::contents(path)) << path;
-        rewrite_all(*opened.drawing);
-        EXPECT_TRUE(opened.drawing->save(folder / "copy.dxf"));
+        rewrite_all(**opened);
+        EXPECT_TRUE((*opened)->save(folder / "copy.dxf"));
         EXPECT_TRUE(dxf_test::contents(folder / "copy.dxf") == dxf_test::contents(path)) << path;
     }
     return opened_count;
@@ -69,9 +69,9 @@ TEST(DrawingIdentity, SavesUnchangedDrawingsByteForByte) {
 std::string counts_of(const fs::path& path) {
     const auto opened = dxf::Drawing::open(path);
     if (!opened) {
-        return opened.error.reason;
+        return opened.reason().reason;
     }
-    const dxf::Drawing& drawing = *opened.drawing;
+    const dxf::Drawing& drawing = **opened;
     int counts[3] = {};
     for (const dxf::RecordId id : drawing.entities()) {
         const dxf::Record& record = drawing.record(id);
@@ -113,7 +113,7 @@ TEST(DrawingCounts, SampleTellsItsNamesAlikeInEveryVersion) {
     for (const char* const name : {"house_plan.dxf", "house_plan_r2000.dxf", "house_plan_r12_binary.dxf"}) {
         const auto opened = dxf::Drawing::open(source / "samples" / name);
         ASSERT_TRUE(opened) << name;
-        const dxf::Drawing& drawing = *opened.drawing;
+        const dxf::Drawing& drawing = **opened;
         const dxf::NameId wardrobe = drawing.block_names().find(
             drawing.version() == "AC1009" ? L"\u05D0\u05E8\u05D5\u05DF_\u05D1\u05D2\u05D3\u05D9\u05DD"
                                           : L"\u05D0\u05E8\u05D5\u05DF \u05D1\u05D2\u05D3\u05D9\u05DD");

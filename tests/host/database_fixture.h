@@ -38,11 +38,11 @@ inline std::string plain(const std::string& bytes) {
 class OpenDrawing {
   public:
     explicit OpenDrawing(std::string bytes) {
-        dxf::Error error;
-        database_ = host::open_database_from_bytes(std::move(bytes), "test.dxf", error);
-        if (database_ == nullptr) {
-            throw std::runtime_error(error.message());
+        host::OpenDatabase opened = host::open_database_from_bytes(std::move(bytes), "test.dxf");
+        if (!opened) {
+            throw std::runtime_error(opened.reason().message());
         }
+        database_ = *std::move(opened);
         acdbHostApplicationServices()->setWorkingDatabase(database_.get());
     }
     ~OpenDrawing() { acdbHostApplicationServices()->setWorkingDatabase(nullptr); }

@@ -129,9 +129,7 @@ TEST(Selection, MethodsFindWhatTheHostFinds) {
     const ads_point inside = {60, 0, 0};
     EXPECT_EQ(select(nullptr, nullptr, on_the_rim), "6");
     EXPECT_EQ(select(nullptr, nullptr, inside), "nothing");
-    host::set_pick_aperture(5.5);
-    EXPECT_EQ(select(nullptr, nullptr, inside), "6");
-    host::set_pick_aperture(0);
+    EXPECT_EQ(host::EntitySelector(drawing.store()).at_point(AcGePoint3d(60, 0, 0), 5.5).size(), 1U);
 
     drawing->setTilemode(false);
     EXPECT_EQ(select(L"A"), "7 8");

@@ -19,15 +19,15 @@ class TableCommand : public test_support::ModuleProgram {
     std::vector<std::string> tables(const char* name) const {
         const dxf::OpenResult opened = dxf::Drawing::open(folder_ / name);
         std::vector<std::string> found;
-        for (const dxf::Block& block : opened.drawing->blocks()) {
-            const std::wstring& wide = opened.drawing->block_names().name(block.name);
+        for (const dxf::Block& block : (*opened)->blocks()) {
+            const std::wstring& wide = (*opened)->block_names().name(block.name);
             std::string line(wide.begin(), wide.end());
             if (line.substr(0, 3) != "KVO") {
                 continue;
             }
-            for (const dxf::RecordId id : opened.drawing->entities()) {
-                if (opened.drawing->record(id).block_name == block.name) {
-                    line += " " + std::to_string(opened.drawing->view(id).real(41, 1)).substr(0, 4);
+            for (const dxf::RecordId id : (*opened)->entities()) {
+                if ((*opened)->record(id).block_name == block.name) {
+                    line += " " + std::to_string((*opened)->view(id).real(41, 1)).substr(0, 4);
                 }
             }
             found.push_back(line);

@@ -101,9 +101,9 @@ std::string section(const std::string& name, const std::string& groups) {
 std::unique_ptr<dxf::Drawing> drawing_of(const std::string& groups) {
     dxf::OpenResult opened = dxf::Drawing::from_bytes(::groups(groups + "0 EOF"), "test.dxf");
     if (!opened) {
-        throw std::runtime_error(opened.error.message());
+        throw std::runtime_error(opened.reason().message());
     }
-    return std::move(opened.drawing);
+    return *std::move(opened);
 }
 
 std::string entities(const std::string& groups) {

@@ -115,23 +115,21 @@ Acad::ErrorStatus AcDbDatabase::getFilename(const ACHAR*& path) const {
 namespace host {
 namespace {
 
-std::unique_ptr<AcDbDatabase> adopt(dxf::OpenResult result, dxf::Error& error) {
-    if (!result) {
-        error = std::move(result.error);
-        return nullptr;
+OpenDatabase adopt(dxf::OpenResult drawing) {
+    if (!drawing) {
+        return base::Failure{drawing.reason()};
     }
-    return std::make_unique<AcDbDatabase>(std::make_unique<DatabaseStore>(std::move(result.drawing)));
+    return std::make_unique<AcDbDatabase>(std::make_unique<DatabaseStore>(*std::move(drawing)));
 }
 
 }  // namespace
 
-std::unique_ptr<AcDbDatabase> open_database(const std::filesystem::path& path, dxf::Error& error) {
-    return adopt(dxf::Drawing::open(path), error);
+OpenDatabase open_database(const std::filesystem::path& path) {
+    return adopt(dxf::Drawing::open(path));
 }
 
-std::unique_ptr<AcDbDatabase> open_database_from_bytes(std::string bytes, const std::filesystem::path& name,
-                                                       dxf::Error& error) {
-    return adopt(dxf::Drawing::from_bytes(std::move(bytes), name), error);
+OpenDatabase open_database_from_bytes(std::string bytes, const std::filesystem::path& name) {
+    return adopt(dxf::Drawing::from_bytes(std::move(bytes), name));
 }
 
 }  // namespace host

@@ -143,10 +143,10 @@ class DatabaseStore {
     std::unordered_map<dxf::RecordId, BlockNumber> added_to_;  ///< for the entities added since the drawing was opened
 };
 
-/// Opens a drawing as a database; null, and why, when it cannot be read.
-std::unique_ptr<AcDbDatabase> open_database(const std::filesystem::path& path, dxf::Error& error);
-/// The same for a drawing in memory.
-std::unique_ptr<AcDbDatabase> open_database_from_bytes(std::string bytes, const std::filesystem::path& name,
-                                                       dxf::Error& error);
+/// A drawing opened as a database, or why it cannot be read.
+using OpenDatabase = base::Result<std::unique_ptr<AcDbDatabase>, dxf::Error>;
+OpenDatabase open_database(const std::filesystem::path& path);
+/// The same for a drawing in memory; `name` stands for the file in errors.
+OpenDatabase open_database_from_bytes(std::string bytes, const std::filesystem::path& name);
 
 }  // namespace host

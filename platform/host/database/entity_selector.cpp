@@ -8,22 +8,11 @@
 namespace host {
 namespace {
 
-constexpr double usual_aperture = 0.25;
-double current_aperture = usual_aperture;
-
 Vec2 plan(const AcGePoint3d& point) {
     return vector_of(point).plan();
 }
 
 }  // namespace
-
-double pick_aperture() {
-    return current_aperture;
-}
-
-void set_pick_aperture(double units) {
-    current_aperture = units > 0 ? units : usual_aperture;
-}
 
 EntitySelector::EntitySelector(const DatabaseStore& store)
     : store_(store), drawing_(store.drawing()), layers_(drawing_) {}
@@ -108,8 +97,10 @@ const DisplayList& EntitySelector::display_list() {
     return *display_list_;
 }
 
-std::vector<dxf::RecordId> EntitySelector::at_point(const AcGePoint3d& point) {
-    const dxf::RecordId hit = HitTest(display_list()).pick(Box2::around(plan(point), pick_aperture()));
+std::vector<dxf::RecordId> EntitySelector::at_point(const AcGePoint3d& point, double reach) {
+    constexpr double usual_reach = 0.25;
+    const Box2 pick_box = Box2::around(plan(point), reach > 0 ? reach : usual_reach);
+    const dxf::RecordId hit = HitTest(display_list()).pick(pick_box);
     return hit == dxf::no_record ? std::vector<dxf::RecordId>() : std::vector<dxf::RecordId>{hit};
 }
 

@@ -25,8 +25,9 @@ class EntitySelector {
     /// The entity that was added last, or none.
     std::vector<dxf::RecordId> last() const;
     std::vector<dxf::RecordId> previous() const;
-    /// The topmost entity within pick_aperture of the point, or none.
-    std::vector<dxf::RecordId> at_point(const AcGePoint3d& point);
+    /// The topmost entity that touches the pick box around the point, or none. `reach`: half the box's side, in drawing
+    /// units; 0 for a point that nobody pointed at.
+    std::vector<dxf::RecordId> at_point(const AcGePoint3d& point, double reach = 0);
     /// Entirely inside the rectangle between two corners.
     std::vector<dxf::RecordId> in_window(const AcGePoint3d& one, const AcGePoint3d& other);
     /// Inside it or touching it.
@@ -43,9 +44,5 @@ class EntitySelector {
     LayerStates layers_;
     std::shared_ptr<const DisplayList> display_list_;
 };
-
-/// Half the side of the pick box, in drawing units; the view keeps it as large as the cursor's box. Always positive.
-double pick_aperture();
-void set_pick_aperture(double units);
 
 }  // namespace host

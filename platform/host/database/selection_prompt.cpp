@@ -67,7 +67,7 @@ bool SelectionPrompt::ask() {
             return true;
         }
         taking_out_ = removing_ || answer.with_shift;
-        if (!take_answer(answer.text)) {
+        if (!take_answer(answer)) {
             return false;
         }
         if (single_ && !selected_.empty()) {
@@ -84,11 +84,11 @@ Answer SelectionPrompt::next_answer() {
                           {PointerGuide::Kind::pick_box, {}});
 }
 
-bool SelectionPrompt::take_answer(std::wstring_view answer) {
-    if (const auto point = read_point(answer)) {
-        return take_point(*point);
+bool SelectionPrompt::take_answer(const Answer& answer) {
+    if (const auto point = read_point(answer.text)) {
+        return take_point(*point, answer.reach);
     }
-    const std::wstring_view word = recognise(answer);
+    const std::wstring_view word = recognise(answer.text);
     if (word == L"window" || word == L"crossing" || word == L"box") {
         return take_rectangle(word);
     }
@@ -108,8 +108,8 @@ bool SelectionPrompt::take_answer(std::wstring_view answer) {
     return true;
 }
 
-bool SelectionPrompt::take_point(const AcGePoint3d& point) {
-    const std::vector<dxf::RecordId> hit = selector_.at_point(point);
+bool SelectionPrompt::take_point(const AcGePoint3d& point, double reach) {
+    const std::vector<dxf::RecordId> hit = selector_.at_point(point, reach);
     if (hit.empty() && !single_) {
         return take_opposite(point, L"box");
     }

@@ -36,8 +36,8 @@ class SelectionPrompt {
 
     Answer next_answer();
     /// False when the user cancelled.
-    bool take_answer(std::wstring_view answer);
-    bool take_point(const AcGePoint3d& point);
+    bool take_answer(const Answer& answer);
+    bool take_point(const AcGePoint3d& point, double reach);
     /// Asks for what is missing of a rectangle.
     bool take_rectangle(std::wstring_view kind);
     Corner ask_corner(std::wstring_view prompt, const PointerGuide& guide, AcGePoint3d& corner);

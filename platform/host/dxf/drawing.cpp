@@ -25,12 +25,9 @@ Drawing::Drawing(std::filesystem::path path, base::FileContents contents, std::s
     : path_(std::move(path)), contents_(std::move(contents)), memory_(std::move(memory)), serial_(next_serial()) {}
 
 OpenResult Drawing::open(const std::filesystem::path& path) {
-    OpenResult result;
     auto contents = base::FileContents::read(path);
     if (!contents) {
-        result.error.file = path;
-        result.error.reason = contents.reason();
-        return result;
+        return base::Failure{Error{path, Error::Place::none, 0, contents.reason()}};
     }
     return load(std::unique_ptr<Drawing>(new Drawing(path, *std::move(contents), {})));
 }
@@ -40,14 +37,12 @@ OpenResult Drawing::from_bytes(std::string bytes, const std::filesystem::path& n
 }
 
 OpenResult Drawing::load(std::unique_ptr<Drawing> drawing) {
-    OpenResult result;
-    if (auto error = build_index(drawing->original(), drawing->index_)) {
-        result.error = *std::move(error);
-        result.error.file = drawing->path_;
-        return result;
+    if (const base::Outcome<Error> indexed = build_index(drawing->original(), drawing->index_); !indexed) {
+        Error error = indexed.reason();
+        error.file = drawing->path_;
+        return base::Failure{std::move(error)};
     }
-    result.drawing = std::move(drawing);
-    return result;
+    return drawing;
 }
 
 std::string_view Drawing::original() const {

@@ -10,6 +10,7 @@
 
 #include "base/file_contents.h"
 #include "base/replace_file.h"
+#include "base/result.h"
 #include "platform/host/dxf/edit_list.h"
 #include "platform/host/dxf/error.h"
 #include "platform/host/dxf/index.h"
@@ -23,11 +24,7 @@ namespace dxf {
 class Drawing;
 
 /// A drawing, or why there is none.
-struct OpenResult {
-    std::unique_ptr<Drawing> drawing;
-    Error error;
-    explicit operator bool() const { return drawing != nullptr; }
-};
+using OpenResult = base::Result<std::unique_ptr<Drawing>, Error>;
 
 /// One open drawing. Reading gives the state with all edits so far; nothing reaches the disk before save().
 class Drawing {

@@ -314,15 +314,13 @@ bool IndexBuilder::read_run(RecordRun* run) {
     return true;
 }
 
-std::optional<Error> build_index(std::string_view bytes, DrawingIndex& index) {
+base::Outcome<Error> build_index(std::string_view bytes, DrawingIndex& index) {
     uint64_t start = 0;
     if (auto reason = judge_start(bytes, index, start)) {
-        Error error;
-        error.reason = *std::move(reason);
-        return error;
+        return base::Failure{Error{{}, Error::Place::none, 0, *std::move(reason)}};
     }
     IndexBuilder builder(bytes, index, start);
-    return builder.read_drawing() ? std::nullopt : builder.error();
+    return builder.read_drawing() ? base::Outcome<Error>() : base::Failure{*builder.error()};
 }
 
 std::optional<Record> read_record(std::string_view bytes, DrawingIndex& index) {

@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "base/result.h"
 #include "platform/host/dxf/index.h"
 #include "platform/host/dxf/record_reader.h"
 
@@ -17,6 +18,7 @@ class IndexBuilder {
         : bytes_(bytes), index_(index), reader_(bytes, index, start) {}
 
     bool read_drawing();
+    /// Why read_drawing() gave up; nothing before that.
     const std::optional<Error>& error() const { return reader_.error(); }
 
   private:
@@ -44,8 +46,9 @@ class IndexBuilder {
     uint16_t type_ = 0;  ///< of the record ahead
 };
 
-/// One pass over a whole drawing. On failure the error says where and why (its file is left empty).
-std::optional<Error> build_index(std::string_view bytes, DrawingIndex& index);
+/// One pass over a whole drawing. The reason of a failure says where and why (its file is left empty); the index then
+/// holds what was read before it.
+base::Outcome<Error> build_index(std::string_view bytes, DrawingIndex& index);
 
 /// The record that stands alone in `bytes` (with its sub-records), its names interned in `index`; nothing when the
 /// bytes are not exactly one record. Its place is left to the caller.

@@ -21,12 +21,11 @@ void AcApDocManagerReactor::documentTitleUpdated(AcApDocument*) {}
 namespace host {
 
 base::Result<std::unique_ptr<Document>> Document::open(const std::filesystem::path& path) {
-    dxf::Error error;
-    std::unique_ptr<AcDbDatabase> database = open_database(path, error);
-    if (database == nullptr) {
-        return base::Failure{base::wide_from_utf8(error.message())};
+    OpenDatabase database = open_database(path);
+    if (!database) {
+        return base::Failure{base::wide_from_utf8(database.reason().message())};
     }
-    return std::unique_ptr<Document>(new Document(std::move(database), path));
+    return std::unique_ptr<Document>(new Document(*std::move(database), path));
 }
 
 Document::Document(std::unique_ptr<AcDbDatabase> database, const std::filesystem::path& path)

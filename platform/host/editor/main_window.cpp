@@ -1,6 +1,5 @@
 #include "platform/host/editor/main_window.h"
 
-#include "platform/host/database/entity_selector.h"
 #include "platform/host/editor/system_variables.h"
 #include "platform/host/view/window_class.h"
 
@@ -215,8 +214,8 @@ void MainWindow::take_pane_event(const PaneEvent& event) {
     } else if (event.kind == PaneEvent::Kind::finish) {
         take_typed_line();
     } else if (event.kind == PaneEvent::Kind::pick && pane_->guide().kind != PointerGuide::Kind::idle) {
-        set_pick_aperture(PointerShape::pick_box / pane_->view().pixels_per_unit());
-        answer_ = Answer{Answer::line, format_point(point), event.with_shift};
+        const double reach = PointerShape::pick_box / pane_->view().pixels_per_unit();
+        answer_ = Answer{Answer::line, format_point(point), event.with_shift, reach};
     }
 }
 

@@ -23,6 +23,7 @@ struct Answer {
     Kind kind = cancel;
     std::wstring text;
     bool with_shift = false;  ///< a point that was picked while the Shift key was down
+    double reach = 0;         ///< of a point that was picked: half the side of the pick box, in drawing units
 };
 
 /// What the pointer looks like while a question is asked.
