@@ -76,6 +76,7 @@ class Describer {
             const char* const anchors[] = {"left", "centre", "right"};
             text_ += "text \"" + base::utf8_from_wide(item.text) + "\" " + anchors[static_cast<int>(item.anchor)] +
                      pair(frame.origin) + " x" + pair(frame.x) + " y" + pair(frame.y);
+            text_ += item.from_right ? " from right" : "";
             text_ += item.fit_width > 0 ? " fit " + number(item.fit_width) : "";
         } else {
             text_ += primitive.kind == Primitive::Kind::fill  ? "fill"

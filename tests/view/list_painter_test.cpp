@@ -10,6 +10,25 @@ namespace host {
 
 namespace {
 
+/// Letters are boxes: each is 1 wide with its blank behind it, and half as wide as high.
+class Boxes final : public Typesetter {
+  public:
+    const TextShape& shape(const TextItem& item, const FontFace&) override {
+        ++asked;
+        line_ = TextShape();
+        const Outline letter{{{0, 0}, {0.5, 0}, {0.5, 1}, {0, 1}}, {4}};
+        for (size_t i = 0; i < item.text.size(); ++i) {
+            line_.outline.append(letter, static_cast<double>(i));
+        }
+        line_.width = static_cast<double>(item.text.size());
+        return line_;
+    }
+    size_t asked = 0;
+
+  private:
+    TextShape line_;
+};
+
 /// A small picture of a drawing: "." for the background, "#" for the foreground, and letters for other colours.
 class Painting {
   public:
@@ -18,12 +37,12 @@ class Painting {
         view.show({{0, 0}, {static_cast<double>(width), static_cast<double>(height)}});
     }
 
-    std::string paint(PaintColours colours = {}, const EntitySet& highlighted = {}) {
+    std::string paint(PaintColours colours = {}, const EntitySet& highlighted = {}, size_t most_small_texts = 9) {
         std::vector<uint32_t> pixels(static_cast<size_t>(view.width()) * static_cast<size_t>(view.height()));
         Raster raster(pixels.data(), view.width(), view.height());
-        ListPainter painter(list, view, raster);
-        painter.paint(colours, highlighted);
-        texts = painter.texts().size();
+        Boxes boxes;
+        ListPainter(list, view, raster, &boxes).paint(colours, highlighted, most_small_texts);
+        texts = boxes.asked;
         std::string picture = "\n";
         for (int y = 0; y < view.height(); ++y) {
             for (int x = 0; x < view.width(); ++x) {
@@ -134,22 +153,67 @@ TEST(ListPainter, ShowsSmallThingsAsDots) {
     EXPECT_EQ(1U, painting.texts);
 }
 
-TEST(ListPainter, ShowsManySmallTextsAsLines) {
-    const auto drawing = drawing_of(entities("0 TEXT|8 0|10 0|20 1|40 3|1 a|0 TEXT|8 0|10 0|20 9|40 6|1 b"));
-    const DisplayList list = DisplayList::build(*drawing);
-    ViewTransform view(20, 20);
-    view.show({{0, 0}, {20, 20}});
-    std::vector<uint32_t> pixels(400);
-    Raster raster(pixels.data(), 20, 20);
-    ListPainter painter(list, view, raster);
-    painter.paint({});
-    painter.simplify_texts(2);
-    EXPECT_EQ(painter.texts().size(), 2U);
-    EXPECT_EQ(raster.at(1, 17), 0U);
-    painter.simplify_texts(1);
-    EXPECT_EQ(painter.texts().size(), 1U);
-    EXPECT_EQ(painter.texts().front().item->text, L"b");
-    EXPECT_EQ(raster.at(1, 17), 0xFFFFFFU) << "a line instead of the small one";
+TEST(ListPainter, PaintsTextsByTheirOutlinesInTheirTurn) {
+    Painting painting(14, 12,
+                      entities("0 SOLID|8 0|62 1|10 0|20 4|11 14|21 4|12 0|22 12|13 14|23 12|"
+                               "0 TEXT|8 0|10 1|20 0|40 4|1 ab|"                              // under what follows
+                               "0 TEXT|8 0|62 3|10 0|20 0|11 8|21 8|40 4|50 90|72 1|1 c|"     // centred, upwards
+                               "0 TEXT|8 0|62 3|10 0|20 0|11 14|21 5|40 4|72 2|41 0.5|1 de|"  // from the right
+                               "0 SOLID|8 0|62 1|10 5|20 0|11 7|21 0|12 5|22 2|13 7|23 2"));
+    EXPECT_EQ(
+        "\n"
+        "rrrrrrrrrrrrrr\n"
+        "rrrrrrrrrrrrrr\n"
+        "rrrrrrrrrrrrrr\n"
+        "rrrrrrrrrrgrgr\n"
+        "rrrrggggrrgrgr\n"
+        "rrrrggggrrgrgr\n"
+        "rrrrrrrrrrgrgr\n"
+        "rrrrrrrrrrrrrr\n"
+        "r##rr##rrrrrrr\n"
+        ".##..##.......\n"
+        ".##..rrr......\n"
+        ".##..rrr......\n",
+        painting.paint());
+}
+
+TEST(ListPainter, PaintsManySmallTextsAsLines) {
+    Painting painting(20, 20,
+                      entities("0 TEXT|8 0|10 0|20 1|40 3|1 a|0 TEXT|8 0|10 0|20 5|40 3|1 b|"
+                               "0 TEXT|8 0|10 0|20 9|40 6|1 c"));
+    painting.paint({}, {}, 1);
+    EXPECT_EQ(2U, painting.texts) << "the large one, and one of the small";
+}
+
+TEST(SmoothFill, CoversPixelsByTheirParts) {
+    struct Case {
+        const char* what;
+        Outline outline;
+        std::vector<uint32_t> covered;  // of three by two pixels, in 256ths
+    };
+    const Case cases[] = {
+        {"a box between pixels", {{{0.5, 0}, {1.75, 0}, {1.75, 1.5}, {0.5, 1.5}}, {4}}, {128, 192, 0, 64, 96, 0}},
+        {"the other way round", {{{0.5, 1.5}, {1.75, 1.5}, {1.75, 0}, {0.5, 0}}, {4}}, {128, 192, 0, 64, 96, 0}},
+        {"a triangle", {{{0, 0}, {2, 0}, {0, 2}}, {3}}, {256, 128, 0, 128, 0, 0}},
+        {"a flat one", {{{0, 0}, {3, 0}, {3, 1}}, {3}}, {43, 128, 213, 0, 0, 0}},
+        {"a hole",
+         {{{0, 0}, {3, 0}, {3, 2}, {0, 2}, {1, 0}, {1, 2}, {2, 2}, {2, 0}}, {4, 8}},
+         {256, 0, 256, 256, 0, 256}},
+        {"beyond all edges", {{{-9, -9}, {99, -9}, {99, 99}, {-9, 99}}, {4}}, {256, 256, 256, 256, 256, 256}},
+        {"twice the same",
+         {{{0, 0}, {1, 0}, {1, 2}, {0, 2}, {0, 0}, {1, 0}, {1, 2}, {0, 2}}, {4, 8}},
+         {256, 0, 0, 256, 0, 0}},
+        {"beside", {{{5, 0}, {6, 0}, {6, 1}}, {3}}, {0, 0, 0, 0, 0, 0}},
+    };
+    for (const Case& one : cases) {
+        std::vector<uint32_t> pixels(6);
+        Raster raster(pixels.data(), 3, 2);
+        raster.set_pen(0xFF);
+        SmoothFill().fill(raster, one.outline);
+        for (size_t i = 0; i < pixels.size(); ++i) {
+            EXPECT_NEAR(static_cast<double>(pixels[i]), one.covered[i] * 255 / 256.0, 2) << one.what << " " << i;
+        }
+    }
 }
 
 TEST(ListPainter, FillsWithHolesByTheEvenOddRule) {

@@ -38,7 +38,7 @@ TEST(TextEntities, OfOneLineLeaveWidthSlantAndMirroringOfTheStyleToNewText) {
         "------ text \"A\" left 1,1 x 6,0 y 0,-2\n"
         "------ text \"A\" left -1,1 x -2,0 y 0,2\n"
         // Paragraphs have the style's.
-        "------ text \"A\" left -1,-1 x 1,0 y 2,2\n",
+        "------ text \"A\" left 1,-1 x 1,0 y 2,2\n",
         described(styles + entities("0 TEXT" + text + "0 TEXT" + text + "51 45|71 2|0 TEXT" + text + "41 3|71 4|" +
                                     "0 TEXT" + text + "210 0|220 0|230 -1|0 MTEXT" + text.substr(0, text.size() - 1))));
 }
@@ -60,19 +60,43 @@ TEST(TextEntities, OfParagraphsStackTheirLines) {
                   entities(paragraphs + paragraphs + "71 5|" + paragraphs + "71 9|44 2|50 30|11 0|21 1|31 0")));
 }
 
-TEST(TextEntities, OfParagraphsBreakAtTheirWidthAndTakeTheirFirstFormat) {
+TEST(TextEntities, OfParagraphsBreakAtTheirWidth) {
     EXPECT_EQ(
         "ff0000 text \"alpha beta\" left 0,-2 x 2,0 y 0,2\n"
         "ff0000 text \"gamma\" left 0,-5.333 x 2,0 y 0,2\n"
         "ff0000 text \"extraordinarily\" left 0,-8.667 x 2,0 y 0,2\n"
-        "ff0000 text \"long\" left 0,-12 x 2,0 y 0,2\n"
-        // The long text comes in pieces; the second colour is the default again.
-        "------ text \"piece after piece\" left 0,0 x 1,0 y 0,1\n",
+        "------ text \"long\" left 0,-10.333 x 1,0 y 0,1\n"
+        // The long text comes in pieces, and a character of it in two.
+        "------ text \"piece after \xD7\xA9\" left 0,0 x 1,0 y 0,1\n",
         described(styles +
                   entities("0 MTEXT|8 0|10 0|20 0|40 1|41 16|1 {\\H2x;\\C1;alpha beta gamma extraordinarily} long|"
-                           "0 MTEXT|8 0|10 0|20 1|40 1|3 piece after|1  piece")));
+                           "0 MTEXT|8 0|10 0|20 1|40 1|3 piece after \\U+05|1 E9")));
     EXPECT_GT(estimated_width(L"alpha beta gamma"), 8);
     EXPECT_LT(estimated_width(L"alpha beta"), 8);
+}
+
+/// Runs of one line follow each other by their estimated widths: an "H" is about 1 wide.
+TEST(TextEntities, OfSeveralLooksStandBesideEachOther) {
+    EXPECT_EQ(
+        "------ text \"H\" left 0,-1 x 1,0 y 0,1 fit 1.008\n"
+        "ff0000 text \"H\" left 1.008,-1 x 1,0 y 0,1 fit 1.008\n"
+        "------ text \"H\" left 2.017,-0.5 x 0.6,0 y 0,0.6 fit 1.008\n"
+        "------ strip 2.017,-0.62 2.622,-0.62\n"
+        "------ text \"HH\" left 2.017,-1.25 x 0.6,0 y 0,0.6 fit 2.017\n"
+        // In the middle and at the right of the text's width; the line below is as far off as its letters are high.
+        "------ text \"H\" centre 5,-1 x 1,0 y 0,1\n"
+        "------ text \"H\" right 10,-4.333 x 2,0 y 0,2\n"
+        // A line of Hebrew goes on at the left.
+        "ff0000 text \"12\" left 0.777,-1 x 1,0 y 0,1 from right fit 1.553\n"
+        "------ text \"\xD7\xA9\" left 0,-1 x 1,0 y 0,1 from right fit 0.777\n"
+        // Under a part of a line.
+        "------ text \"H\" left -1.008,0 x 1,0 y 0,1 fit 1.008\n"
+        "------ text \"H\" left 0,0 x 1,0 y 0,1 fit 1.008\n"
+        "------ strip 0,-0.2 1.008,-0.2\n",
+        described(styles + entities("0 MTEXT|8 0|10 0|20 0|40 1|1 H{\\C1;H}\\SH/HH;|"
+                                    "0 MTEXT|8 0|10 0|20 0|40 1|41 10|1 \\pxqc;H\\P\\pxqr;\\H2;H|"
+                                    "0 MTEXT|8 0|10 0|20 0|40 1|1 {\\C1;12}\\U+05E9|"
+                                    "0 TEXT|8 0|10 0|20 0|11 0|21 0|72 1|40 1|1 H%%uH")));
 }
 
 }  // namespace host

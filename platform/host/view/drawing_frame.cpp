@@ -32,7 +32,8 @@ Raster FrameBitmap::raster() const {
     return Raster(pixels_, width_, height_);
 }
 
-DrawingFrame::DrawingFrame(size_t most_texts) : list_(std::make_shared<DisplayList>()), most_texts_(most_texts) {}
+DrawingFrame::DrawingFrame(size_t most_small_texts)
+    : list_(std::make_shared<DisplayList>()), most_small_texts_(most_small_texts) {}
 
 void DrawingFrame::set_list(std::shared_ptr<const DisplayList> list) {
     list_ = std::move(list);
@@ -76,10 +77,7 @@ FrameBitmap* DrawingFrame::picture() {
         return nullptr;
     }
     Raster raster = picture_->raster();
-    ListPainter painter(*list_, view_, raster);
-    painter.paint(colours_, highlighted_);
-    painter.simplify_texts(most_texts_);
-    texts_.draw(picture_->context(), painter.texts(), list_->fonts);
+    ListPainter(*list_, view_, raster, &typesetter_).paint(colours_, highlighted_, most_small_texts_);
     stale_ = false;
     return picture_.get();
 }

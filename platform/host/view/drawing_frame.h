@@ -10,7 +10,7 @@
 #include "platform/host/view/gdi_handles.h"
 #include "platform/host/view/list_painter.h"
 #include "platform/host/view/raster.h"
-#include "platform/host/view/text_drawer.h"
+#include "platform/host/view/system_typesetter.h"
 
 namespace host {
 
@@ -44,11 +44,12 @@ class FrameBitmap {
 /// Paints only when something has changed since the last picture.
 class DrawingFrame {
   public:
-    /// As many texts as a frame has the time for that follows a person's hand: one costs ten times as much as a line.
+    /// As many small texts as a frame has the time for that follows a person's hand: one costs ten times as much as a
+    /// line.
     static constexpr size_t texts_in_motion = 2000;
 
-    /// For more texts than `most_texts` see ListPainter::simplify_texts.
-    explicit DrawingFrame(size_t most_texts = std::numeric_limits<size_t>::max());
+    /// For more small texts see ListPainter::paint.
+    explicit DrawingFrame(size_t most_small_texts = std::numeric_limits<size_t>::max());
 
     const DisplayList& list() const { return *list_; }
     void set_list(std::shared_ptr<const DisplayList> list);
@@ -72,9 +73,9 @@ class DrawingFrame {
     ViewTransform view_;
     PaintColours colours_;
     EntitySet highlighted_;
-    TextDrawer texts_;
+    SystemTypesetter typesetter_;
     std::unique_ptr<FrameBitmap> picture_;
-    size_t most_texts_;
+    size_t most_small_texts_;
     bool stale_ = true;
 };
 

@@ -15,8 +15,7 @@ constexpr double readable_height = 2.5;       // pixels; smaller text is shown a
 constexpr double easily_readable_height = 5;  // pixels
 constexpr double dense_points = 0.5;          // pixels; nearer points of a strip are left out
 constexpr double shortest_pattern = 3;        // pixels; of a shorter one no dashes can be told apart
-constexpr size_t most_texts = 1'000'000;
-constexpr size_t most_effort = 4'000'000;  // blocks nested like a bomb are cut off here
+constexpr size_t most_effort = 4'000'000;     // blocks nested like a bomb are cut off here
 
 /// The primitives of a large picture that are to be painted, by number and then in order.
 template <typename Paint>
@@ -41,17 +40,17 @@ uint32_t PaintColours::of(Ink ink) const {
     return ink.value > 0xFFFFFF || ink.value == background ? foreground() : ink.value;
 }
 
-ListPainter::ListPainter(const DisplayList& list, const ViewTransform& view, Raster& raster)
-    : list_(list), view_(view), raster_(raster) {
+ListPainter::ListPainter(const DisplayList& list, const ViewTransform& view, Raster& raster, Typesetter* typesetter)
+    : list_(list), view_(view), raster_(raster), typesetter_(typesetter) {
     for (const LinePattern& pattern : list.patterns) {
         patterns_.push_back(pattern.in_pixels(view.pixels_per_unit()));
     }
 }
 
-void ListPainter::paint(const PaintColours& colours, const EntitySet& highlighted) {
+void ListPainter::paint(const PaintColours& colours, const EntitySet& highlighted, size_t most_small_texts) {
     colours_ = colours;
     highlighted_ = &highlighted;
-    texts_.clear();
+    small_texts_left_ = most_small_texts;
     effort_ = 0;
     raster_.clear(colours.background);
     paint_picture(list_.top, {view_.to_pixels(), list_.surroundings});
@@ -101,7 +100,7 @@ void ListPainter::paint_primitive(const Picture& picture, const Primitive& primi
             paint_strip(placing.surroundings.resolve_pattern(primitive.pattern));
             break;
         case Primitive::Kind::text:
-            paint_text(picture.texts[primitive.first], placing, colour);
+            paint_text(picture.texts[primitive.first], placing.to_pixels * picture.texts[primitive.first].frame);
             break;
         default:
             paint_points(picture, primitive, placing);
@@ -193,30 +192,26 @@ void ListPainter::paint_sample(const Picture& picture, const Placing& placing) {
     }
 }
 
-void ListPainter::paint_text(const TextItem& item, const Placing& placing, uint32_t colour) {
-    const Affine2 to_pixels = placing.to_pixels * item.frame;
-    if (to_pixels.y.length() >= readable_height && texts_.size() < most_texts) {
-        texts_.push_back({&item, to_pixels, colour, highlighting_});
+void ListPainter::paint_text(const TextItem& item, const Affine2& to_pixels) {
+    const double height = to_pixels.y.length();
+    const bool small = height < easily_readable_height;
+    if (typesetter_ == nullptr || height < readable_height || (small && small_texts_left_ == 0)) {
+        const Box2 area = text_area(item);
+        raster_.line(to_pixels({area.low.x, 0.5}), to_pixels({area.high.x, 0.5}));
         return;
     }
-    paint_as_line({&item, to_pixels, colour, highlighting_});
-}
-
-void ListPainter::paint_as_line(const PlacedText& text) {
-    const Box2 area = text_area(*text.item);
-    raster_.set_pen(text.colour, text.highlighted);
-    raster_.line(text.to_pixels({area.low.x, 0.5}), text.to_pixels({area.high.x, 0.5}));
-}
-
-void ListPainter::simplify_texts(size_t most) {
-    if (texts_.size() <= most) {
-        return;
+    small_texts_left_ -= small ? 1 : 0;
+    const TextShape& shape = typesetter_->shape(item, list_.fonts[item.font]);
+    const double stretch = item.fit_width > 0 && shape.width > 0 ? item.fit_width / shape.width : 1;
+    const double begin = shape.width * (item.anchor == TextItem::Anchor::left     ? 0
+                                        : item.anchor == TextItem::Anchor::centre ? -0.5
+                                                                                  : -1);
+    outline_.clear();
+    for (const Vec2 point : shape.outline.points) {
+        outline_.points.push_back(to_pixels({(point.x + begin) * stretch, point.y}));
     }
-    const auto small = std::stable_partition(texts_.begin(), texts_.end(), [](const PlacedText& text) {
-        return text.to_pixels.y.length() >= easily_readable_height;
-    });
-    std::for_each(small, texts_.end(), [this](const PlacedText& text) { paint_as_line(text); });
-    texts_.erase(small, texts_.end());
+    outline_.ends = shape.outline.ends;
+    smooth_.fill(raster_, outline_);
 }
 
 }  // namespace host

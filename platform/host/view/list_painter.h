@@ -1,22 +1,16 @@
-// Paints a display list: lines and areas into pixels, texts as a list for whoever has fonts.
+// Paints a display list into pixels.
 #pragma once
 
 #include <algorithm>
+#include <limits>
 #include <vector>
 
 #include "platform/host/view/display_list.h"
 #include "platform/host/view/raster.h"
+#include "platform/host/view/smooth_fill.h"
 #include "platform/host/view/view_transform.h"
 
 namespace host {
-
-/// A text to be drawn over what has been painted.
-struct PlacedText {
-    const TextItem* item;
-    Affine2 to_pixels;  ///< from the item's own plane
-    uint32_t colour;    ///< 0x00RRGGBB
-    bool highlighted;
-};
 
 struct PaintColours {
     uint32_t background = 0x000000;
@@ -48,14 +42,12 @@ class EntitySet {
 
 class ListPainter {
   public:
-    /// All of them must outlive the painter, and the list what texts() gives.
-    ListPainter(const DisplayList& list, const ViewTransform& view, Raster& raster);
+    /// All of them must outlive the painter. Without a typesetter texts are lines.
+    ListPainter(const DisplayList& list, const ViewTransform& view, Raster& raster, Typesetter* typesetter = nullptr);
 
-    void paint(const PaintColours& colours, const EntitySet& highlighted = {});
-
-    const std::vector<PlacedText>& texts() const { return texts_; }
-    /// When there are more texts than `most`, shows those that can hardly be read as lines.
-    void simplify_texts(size_t most);
+    /// Of texts that can hardly be read, those behind the first `most_small_texts` are painted as lines.
+    void paint(const PaintColours& colours, const EntitySet& highlighted = {},
+               size_t most_small_texts = std::numeric_limits<size_t>::max());
 
   private:
     struct Placing {
@@ -70,8 +62,7 @@ class ListPainter {
     void paint_strip(uint16_t pattern);
     void paint_instances(const Picture& holder, const Instance& instance, const Placing& placing);
     void paint_instance(const Instance& instance, const Placing& placing);
-    void paint_as_line(const PlacedText& text);
-    void paint_text(const TextItem& item, const Placing& placing, uint32_t colour);
+    void paint_text(const TextItem& item, const Affine2& to_pixels);
     void project(const Picture& picture, const Primitive& primitive, const Affine2& to_pixels);
 
     const DisplayList& list_;
@@ -85,7 +76,10 @@ class ListPainter {
     std::vector<Vec2> points_;
     std::vector<Vec2> dashes_;
     std::vector<LinePattern> patterns_;  ///< the list's, in pixels
-    std::vector<PlacedText> texts_;
+    Typesetter* typesetter_;
+    SmoothFill smooth_;
+    Outline outline_;
+    size_t small_texts_left_ = 0;
 };
 
 }  // namespace host

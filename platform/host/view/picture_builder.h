@@ -21,6 +21,7 @@ class PictureBuilder {
     void reserve(size_t primitives, size_t instances);
     /// The primitives that follow belong to this entity.
     void begin_entity(dxf::RecordId entity, Ink ink, bool on_layer_zero, uint16_t pattern = LinePattern::continuous);
+    Ink ink() const { return ink_; }
     /// Replaces the entity's colour for what follows.
     void set_ink(Ink ink) { ink_ = ink; }
 

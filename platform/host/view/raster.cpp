@@ -51,6 +51,17 @@ void Raster::dot(Vec2 point) {
     }
 }
 
+void Raster::blend(int x, int y, float part) {
+    uint32_t& pixel = pixels_[static_cast<ptrdiff_t>(y) * width_ + x];
+    const auto weight = static_cast<uint32_t>(part * 256);
+    const auto mix = [&](int shift) {
+        const uint32_t under = pixel >> shift & 0xFF;
+        const uint32_t over = colour_ >> shift & 0xFF;
+        return (under * (256 - weight) + over * weight) >> 8 << shift;
+    };
+    pixel = mix(16) | mix(8) | mix(0);
+}
+
 bool Raster::clip(Vec2& from, Vec2& to) const {
     const Box2 area = box();
     if (area.contains(from) && area.contains(to)) {

@@ -24,6 +24,8 @@ class Raster {
     /// For all that is drawn from now on. Dashed lines leave out every second group of four pixels.
     void set_pen(uint32_t colour, bool dashed = false);
     void dot(Vec2 point);
+    /// Mixes a part of the pen's colour, from 0 to 1, into a pixel of the raster.
+    void blend(int x, int y, float part);
     void line(Vec2 from, Vec2 to);
     void strip(const std::vector<Vec2>& points);
     /// The inside of a closed polygon by the even-odd rule.

@@ -6,24 +6,38 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/host/view/ink.h"
+#include "platform/host/view/text_item.h"
+
 namespace host {
 
-/// A TEXT or attribute value as it is read: %%d, %%p, %%c and %%nnn become characters, %%u, %%o and %%k go.
-std::wstring plain_text(std::wstring_view value);
+/// Characters of one line that look alike.
+struct TextRun {
+    enum Rule : uint8_t { under = 1, over = 2, through = 4 };
 
-/// A paragraph text without its formatting codes. What is formatted from the very first character on counts for the
-/// whole text; later changes of format are dropped.
-struct ParagraphText {
-    std::vector<std::wstring> lines;
-    std::optional<double> height;         ///< in drawing units
-    std::optional<double> height_factor;  ///< of the height that the entity gives
-    std::optional<double> width_factor;
-    std::optional<int> colour_index;
-    std::wstring font_family;
-    bool bold = false;
-    bool italic = false;
+    std::wstring text;
+    double height = 1;  ///< of capitals, in drawing units
+    double width_factor = 1;
+    double slant = 0;              ///< radians
+    double raise = 0;              ///< of the base line above the line's, in drawing units
+    bool stacked = false;          ///< begins where the run before it begins
+    uint8_t rules = 0;             ///< lines along the run
+    std::optional<Ink> ink;        ///< where it is not the entity's
+    std::optional<FontFace> face;  ///< where it is not the style's
+
+    /// Whether characters of both may stand in one run.
+    bool looks_like(const TextRun& other) const;
 };
 
-ParagraphText parse_paragraphs(std::wstring_view value);
+struct TextLine {
+    std::vector<TextRun> runs;
+    std::optional<TextItem::Anchor> alignment;  ///< where it is not that of the whole text
+};
+
+/// A TEXT or attribute value in runs like `first`: %%d, %%p, %%c and %%nnn become characters, %%u, %%o and %%k rules.
+std::vector<TextRun> line_runs(std::wstring_view value, const TextRun& first = {});
+
+/// The lines of an MTEXT value, unbroken; `first` is what the entity and its style say of how it begins.
+std::vector<TextLine> paragraph_lines(std::wstring_view value, const TextRun& first);
 
 }  // namespace host

@@ -1,7 +1,7 @@
 // TEXT, ATTRIB, ATTDEF and MTEXT.
 #include "platform/host/dxf/entities.h"
 #include "platform/host/view/entity_scope.h"
-#include "platform/host/view/text_codes.h"
+#include "platform/host/view/text_layout.h"
 #include "platform/host/view/text_metrics.h"
 
 namespace host {
@@ -48,14 +48,51 @@ dxf::Text read_text(const EntityScope& scope, dxf::TextKind kind) {
     return text;
 }
 
+/// The lines along a run, as wide as it is estimated to be.
+void draw_rules(const EntityScope& scope, const PlacedRun& placed, const Transform3& plane) {
+    struct Rule {
+        TextRun::Rule rule;
+        double height;  // of the capitals'
+    };
+    constexpr Rule rules[] = {{TextRun::under, -0.2}, {TextRun::over, 1.2}, {TextRun::through, 0.4}};
+    const double begin = placed.anchor == TextItem::Anchor::left     ? 0
+                         : placed.anchor == TextItem::Anchor::centre ? -placed.width / 2
+                                                                     : -placed.width;
+    for (const auto& [rule, height] : rules) {
+        if ((placed.run.rules & rule) != 0) {
+            const double y = height * placed.run.height;
+            scope.out.line(plane({begin, y, 0}).plan(), plane({begin + placed.width, y, 0}).plan());
+        }
+    }
+}
+
+/// A run where its text places it; `plane` is the text's, in drawing units.
+void draw_run(const EntityScope& scope, const PlacedRun& placed, const Transform3& plane, uint16_t font) {
+    const TextRun& run = placed.run;
+    const Transform3 at = plane * Transform3::translation({placed.at.x, placed.at.y, 0});
+    if (run.ink) {
+        scope.out.set_ink(*run.ink);
+    }
+    TextItem item;
+    item.text = run.text;
+    item.font = run.face && !run.face->family.empty() ? scope.styles.font_number(*run.face) : font;
+    item.anchor = placed.anchor;
+    item.from_right = placed.from_right;
+    item.fit_width = placed.fitted ? placed.width / (run.height * run.width_factor) : 0;
+    item.frame = (at * text_frame(run.height, run.width_factor, run.slant, 0)).plan();
+    scope.out.text(std::move(item));
+    draw_rules(scope, placed, at);
+}
+
 void draw_line_text(const EntityScope& scope, const dxf::Text& text, const std::wstring& value) {
     const int justification = text.horizontal;
     int vertical = justification == middle ? 2 : text.vertical;
     double rotation = text.rotation;
     double width_factor = text.width_factor;
-    TextItem item;
-    item.text = plain_text(value);
-    item.font = scope.styles.named(text.style).font;
+    const std::vector<TextRun> runs = line_runs(value);
+    const uint16_t font = scope.styles.named(text.style).font;
+    TextItem::Anchor side = TextItem::Anchor::left;
+    double fit_width = 0;
     Vec3 anchor = text.alignment;
     if (justification == aligned || justification == fit) {
         const Vec3 along = text.alignment - text.position;
@@ -63,64 +100,42 @@ void draw_line_text(const EntityScope& scope, const dxf::Text& text, const std::
         vertical = 0;
         rotation = std::atan2(along.y, along.x);
         width_factor = 1;
-        item.fit_width = along.length() / text.height;
+        fit_width = along.length() / text.height;
     } else if (justification == left && vertical == 0) {
         anchor = text.position;
     } else {
-        item.anchor = justification == right  ? TextItem::Anchor::right
-                      : justification == left ? TextItem::Anchor::left
-                                              : TextItem::Anchor::centre;
+        side = justification == right  ? TextItem::Anchor::right
+               : justification == left ? TextItem::Anchor::left
+                                       : TextItem::Anchor::centre;
     }
     const auto mirrored = [&text](int flag) { return (text.generation & flag) != 0 ? -1.0 : 1.0; };
     Transform3 frame = text_frame(text.height, width_factor, text.oblique, rotation);
     frame = frame * Transform3::scaling({mirrored(dxf::Text::backward_flag), mirrored(dxf::Text::upside_down_flag), 1});
     frame = frame * Transform3::translation({0, base_line_above(vertical), 0});
     frame.origin = frame.origin + anchor;
-    item.frame = (scope.object_space() * frame).plan();
-    scope.out.text(std::move(item));
-}
-
-/// Breaks a line at blanks so that no part is wider than `width` (in heights of the capitals), where it can be.
-void wrap(const std::wstring& line, double width, std::vector<std::wstring>& lines) {
-    std::wstring part;
-    double part_width = 0;
-    size_t at = 0;
-    while (at < line.size()) {
-        const size_t word_end = std::min(line.find(L' ', line.find_first_not_of(L' ', at)), line.size());
-        const std::wstring word = line.substr(at, word_end - at);
-        const double word_width = estimated_width(word);
-        if (!part.empty() && part_width + word_width > width) {
-            lines.push_back(part);
-            part = word.substr(std::min(word.find_first_not_of(L' '), word.size()));
-            part_width = estimated_width(part);
-        } else {
-            part += word;
-            part_width += word_width;
-        }
-        at = word_end;
-    }
-    lines.push_back(part);
-}
-
-std::vector<std::wstring> wrapped_lines(const ParagraphText& text, double width) {
-    std::vector<std::wstring> lines;
-    for (const std::wstring& line : text.lines) {
-        if (width > 0) {
-            wrap(line, width, lines);
-        } else {
-            lines.push_back(line);
+    const Transform3 plane = scope.object_space() * frame;
+    std::vector<PlacedRun> placed = place_line(runs, side);
+    if (fit_width > 0 && !placed.empty()) {
+        const double stretch = fit_width / std::max(placed.back().at.x + placed.back().width, 1e-9);
+        for (PlacedRun& run : placed) {
+            run.at.x *= stretch;
+            run.width *= stretch;
+            run.fitted = true;
         }
     }
-    return lines;
+    for (const PlacedRun& run : placed) {
+        draw_run(scope, run, plane, font);
+    }
 }
 
 std::wstring paragraph_value(const EntityScope& scope) {
-    std::wstring value;
+    std::string raw;  // a character or a code may be cut in two between groups
     for (const dxf::Group& group : scope.fields.groups()) {
         if (group.code == 3 || group.code == 1) {
-            value += scope.fields.decode(group.value);
+            raw += group.value;
         }
     }
+    std::wstring value = scope.fields.decode(raw);
     if (value.size() > longest_paragraphs) {
         value.resize(longest_paragraphs);
         scope.out.budget().leave_out();
@@ -146,10 +161,6 @@ Transform3 paragraph_plane(const dxf::RecordFields& fields) {
     }
     plane.origin = fields.point(10);
     return plane;
-}
-
-FontFace paragraph_face(const ParagraphText& text) {
-    return {text.font_family, text.bold, text.italic};
 }
 
 }  // namespace
@@ -180,30 +191,21 @@ void draw_attribute_definition(const EntityScope& scope) {
 void draw_paragraphs(const EntityScope& scope) {
     const dxf::RecordFields& fields = scope.fields;
     const TextStyle& style = scope.styles.named(fields.text(7));
-    const ParagraphText text = parse_paragraphs(paragraph_value(scope));
-    const double height = text.height.value_or(fields.real(40, 1) * text.height_factor.value_or(1));
-    const double width_factor = text.width_factor.value_or(style.width_factor);
-    if (!(height > 0)) {
+    TextRun first;
+    first.height = fields.real(40, 1);
+    first.width_factor = style.width_factor;
+    first.slant = style.slant;
+    if (!(first.height > 0)) {
         return;
     }
-    const std::vector<std::wstring> lines = wrapped_lines(text, fields.real(41) / (height * width_factor));
-    if (text.colour_index && *text.colour_index > 0 && *text.colour_index < 256) {
-        scope.out.set_ink(indexed_ink(*text.colour_index));
-    }
     const auto attachment = static_cast<int>(std::clamp<int64_t>(fields.integer(71, 1), 1, 9)) - 1;
-    const double spacing = fields.real(44, 1) * 5 / 3;
-    const double depth = spacing * static_cast<double>(lines.size() - 1);  // from the first base line to the last
-    const double above[] = {-1, (depth - 1) / 2, depth};
-    const Transform3 plane = scope.space * paragraph_plane(fields) * text_frame(height, width_factor, style.slant, 0);
-    constexpr TextItem::Anchor anchors[] = {TextItem::Anchor::left, TextItem::Anchor::centre, TextItem::Anchor::right};
-    for (size_t i = 0; i < lines.size(); ++i) {
-        TextItem item;
-        item.text = lines[i];
-        item.anchor = anchors[attachment % 3];
-        item.font = text.font_family.empty() ? style.font : scope.styles.font_number(paragraph_face(text));
-        const Vec3 down{0, above[attachment / 3] - spacing * static_cast<double>(i), 0};
-        item.frame = (plane * Transform3::translation(down)).plan();
-        scope.out.text(std::move(item));
+    constexpr TextItem::Anchor columns[] = {TextItem::Anchor::left, TextItem::Anchor::centre, TextItem::Anchor::right};
+    const ParagraphSetting setting{fields.real(41), columns[attachment % 3], attachment / 3, fields.real(44, 1)};
+    const Transform3 plane = scope.space * paragraph_plane(fields);
+    const Ink own = scope.out.ink();
+    for (const PlacedRun& run : place_paragraphs(paragraph_lines(paragraph_value(scope), first), setting)) {
+        scope.out.set_ink(own);
+        draw_run(scope, run, plane, style.font);
     }
 }
 

@@ -26,7 +26,8 @@ struct TextItem {
     /// Where not 0, the line is stretched along x to this width (in the text's own plane).
     double fit_width = 0;
     Anchor anchor = Anchor::left;
-    uint16_t font = 0;  ///< in DisplayList::fonts
+    bool from_right = false;  ///< the line that it is in begins at the right, as Hebrew does
+    uint16_t font = 0;        ///< in DisplayList::fonts
 };
 
 }  // namespace host

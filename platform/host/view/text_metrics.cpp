@@ -1,5 +1,7 @@
 #include "platform/host/view/text_metrics.h"
 
+#include <algorithm>
+
 namespace host {
 
 namespace {
@@ -24,7 +26,22 @@ double advance(wchar_t character) {
     return wide ? ideograph_advance : usual_advance;
 }
 
+/// Letters of any script; blanks, digits and signs say nothing about a line's direction.
+bool is_letter(wchar_t character) {
+    return (character >= L'A' && character <= L'Z') || (character >= L'a' && character <= L'z') ||
+           (character >= 0xC0 && (character < 0x2000 || character >= 0x2C00));
+}
+
+bool is_right_to_left(wchar_t character) {
+    return character >= 0x590 && character < 0x900;
+}
+
 }  // namespace
+
+bool runs_from_right(std::wstring_view text) {
+    const auto letter = std::find_if(text.begin(), text.end(), is_letter);
+    return letter != text.end() && is_right_to_left(*letter);
+}
 
 double estimated_width(std::wstring_view text) {
     double width = 0;
