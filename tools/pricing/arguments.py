@@ -23,8 +23,8 @@ Prices a drawing: opens it in the drawing host, runs "QXBOMC" with a price list,
   --quiet           no notes, no progress
   --version, --help
 
-DIR gets report.txt, report.csv, report.json, drawing.dxf (with the report as a table beside it), dialog.png and drawing.png:
-all of this run, or none. Notes on what the bill leaves out go to standard error.
+DIR gets report.txt, report.csv, report.json, drawing.dxf (with the report as a table beside it), dialog.png, drawing.png and
+table.png, and drawing-detail.png where things far away make the drawing a speck: all of this run, or none. Notes on what the bill leaves out go to standard error.
 
 Examples:
   ./run plan.dxf prices.prc --out bill

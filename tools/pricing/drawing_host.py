@@ -13,15 +13,16 @@ from references import why_none
 from windows_names import own_paths, windows_path
 
 
-# Beside what is drawn, and half as wide: in percent of its extents.
-TABLE_PLACE = ("105%,100%", "move 155%,100%", "pick 155%,100%")
+TABLE_PLACE = ("beside", "move beside-end", "pick beside-end")
 
 
 def price_script(work, prices, hide_prices):
     return ["QXBOMC", windows_path(prices) if prices else "^C", "ALL", "",
             f'@tick "Show Price" {"off" if hide_prices else "on"}', f'@picture "{windows_path(work.file("dialog.png"))}"',
             '@press "Save to file"', windows_path(work.file("report.txt")), '@press "Insert"', *TABLE_PLACE,
-            "SAVEAS", windows_path(work.file("drawing.dxf")), "PNGOUT", windows_path(work.file("drawing.png")), "QUIT"]
+            "SAVEAS", windows_path(work.file("drawing.dxf")), "PNGOUT", windows_path(work.file("drawing.png")),
+            "PNGDETAIL", "Last", windows_path(work.file("table.png")),
+            "PNGDETAIL", "Most", windows_path(work.file("drawing-detail.png")), "QUIT"]
 
 
 def values_for(work, arguments):

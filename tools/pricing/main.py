@@ -20,7 +20,8 @@ from session import Session  # noqa: E402
 from work_folder import WorkFolder  # noqa: E402
 
 ROOT = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
-RESULTS = ("report.txt", "report.csv", "report.json", "drawing.dxf", "dialog.png", "drawing.png")
+RESULTS = ("report.txt", "report.csv", "report.json", "drawing.dxf", "dialog.png", "drawing.png", "table.png")
+DETAIL = "drawing-detail.png"  # where the whole drawing is a speck in its picture
 
 
 def build(session, progress):
@@ -83,7 +84,7 @@ def price_into(out, drawing, prices, arguments, session, progress):
         with open(work.file({"text": "report.txt", "csv": "report.csv", "json": "report.json"}[arguments.format]), "rb") as file:
             printed = file.read()
         if arguments.out != "-":
-            work.deliver(RESULTS)
+            work.deliver(RESULTS, (DETAIL,))
         return bill, printed
     finally:
         work.remove()
@@ -110,7 +111,7 @@ def run(words):
             raise Failure(USAGE, "--desktop needs a display")
         check_input(drawing, DRAWING)
     else:
-        check(drawing, prices, None if arguments.out == "-" else arguments.out, RESULTS)
+        check(drawing, prices, None if arguments.out == "-" else arguments.out, (*RESULTS, DETAIL))
     progress = Progress(not arguments.quiet)
     session = Session(ROOT, "--display" if arguments.desktop else "--brief")
     try:
@@ -127,6 +128,9 @@ def run(words):
     if not arguments.quiet:
         for line in bill.note_lines:
             print(one_line(line), file=sys.stderr)
+        detail = os.path.join(arguments.out, DETAIL)
+        if arguments.out != "-" and os.path.exists(detail):
+            print(f"The drawing is a speck in drawing.png, for a few things lie far away; {detail} shows most of it.", file=sys.stderr)
     sys.stdout.buffer.write(shown(printed) if arguments.format == "text" else printed)
     sys.stdout.flush()
     return NOTHING if arguments.strict and bill.note_lines else 0

@@ -72,7 +72,11 @@ class WorkFolder:
                 if not may_replace(staged, target):
                     overwritten.append((target, overwrite(target, contents(staged))))
             for staged, target in pairs:
-                if may_replace(staged, target):
+                if os.path.getsize(staged) == 0:
+                    os.unlink(staged)
+                    with contextlib.suppress(FileNotFoundError):
+                        os.unlink(target)
+                elif may_replace(staged, target):
                     os.rename(staged, target)
         except OSError:
             for target, old in overwritten:
@@ -81,12 +85,16 @@ class WorkFolder:
         finally:
             os.close(folder)
 
-    def deliver(self, names):
-        """Puts the results in place, with mode, owner and group of what they replace."""
+    def deliver(self, names, optional=()):
+        """Puts the results in place, with mode, owner and group of what they replace. Of the optional ones, those that this run
+        did not make go away (an empty file stands for that)."""
         try:
             staging = self.file("staging")
             os.mkdir(staging)
-            for name in names:
+            for name in optional:
+                with open(self.file(name), "ab"):
+                    pass
+            for name in (*names, *optional):
                 stage(self.file(name), os.path.join(staging, name), os.path.realpath(os.path.join(self.out, name)))
             os.rename(staging, self.file(READY))  # from here on the delivery is completed, by the next run if need be
             self.put_in_place(self.file(READY))

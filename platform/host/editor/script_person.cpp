@@ -7,6 +7,7 @@
 
 #include "platform/host/editor/main_window.h"
 #include "platform/host/editor/script_run.h"
+#include "platform/host/view/areas.h"
 
 namespace host {
 namespace {
@@ -34,17 +35,38 @@ Box2 drawn_area(DrawingPane& pane) {
     return area;
 }
 
-/// A line whose last word is a point in percent of the drawn area, with that point in drawing units.
+/// The corners of the block that was made last, at its place beside what is drawn.
+Box2 place_of_last_block(DrawingPane& pane) {
+    const dxf::Drawing* const drawing = pane.drawing();
+    const Box2 area = drawn_area(pane);
+    const bool has_blocks = drawing != nullptr && !drawing->blocks().empty();
+    const auto last = static_cast<dxf::BlockId>(has_blocks ? drawing->blocks().size() - 1 : 0);
+    const Box2 block = has_blocks ? block_area(*drawing, last) : Box2();
+    const Vec2 size = block.empty() ? Vec2{1, 1} : Vec2{block.width(), block.height()};
+    const BesidePlace place = place_beside(area, size);
+    return {{place.upper_left.x, place.upper_left.y - place.scale * size.y},
+            {place.upper_left.x + place.scale * size.x, place.upper_left.y}};
+}
+
+/// A word that names a place, in drawing units: in percent of the drawn area, or beside it.
+std::optional<Vec2> named_place(std::wstring_view word, DrawingPane& pane) {
+    if (word == L"beside" || word == L"beside-end") {
+        const Box2 place = place_of_last_block(pane);
+        return word == L"beside" ? Vec2{place.low.x, place.high.y} : Vec2{place.high.x, place.low.y};
+    }
+    if (const std::optional<Point> parts = parse_percent_point(word)) {
+        const Box2 area = drawn_area(pane);
+        return Vec2{area.low.x + parts->x * area.width(), area.low.y + parts->y * area.height()};
+    }
+    return std::nullopt;
+}
+
+/// A line whose last word names a place, with that point instead.
 std::wstring with_place(const std::wstring& line, DrawingPane& pane) {
     const size_t blank = line.find_last_of(L" \t");
     const size_t word = blank == std::wstring::npos ? 0 : blank + 1;
-    const std::optional<Point> parts = parse_percent_point(std::wstring_view(line).substr(word));
-    if (!parts) {
-        return line;
-    }
-    const Box2 area = drawn_area(pane);
-    return line.substr(0, word) +
-           format_point({area.low.x + parts->x * area.width(), area.low.y + parts->y * area.height()});
+    const std::optional<Vec2> place = named_place(std::wstring_view(line).substr(word), pane);
+    return place ? line.substr(0, word) + format_point({place->x, place->y}) : line;
 }
 
 }  // namespace

@@ -113,25 +113,80 @@ void choose_background(DrawingPane& pane) {
     }
 }
 
+std::optional<std::wstring> ask_picture_file(const Document& document) {
+    std::filesystem::path proposal = document.path();
+    proposal.replace_extension(L".png");
+    return ask_file_name({L"Save picture as", proposal.wstring(), L"png", true, false});
+}
+
+std::shared_ptr<const DisplayList> list_for_picture(Editor& editor, const Document& document) {
+    if (editor.window != nullptr) {
+        editor.view()->list();  // the window shows what the picture is made of: one list serves both
+    }
+    return DisplayList::shared(document.drawing());
+}
+
 void save_picture(Editor& editor) {
     const Document* const document = editor.documents.document();
     if (document == nullptr) {
         person().report(L"No drawing is open.");
         return;
     }
-    std::filesystem::path proposal = document->path();
-    proposal.replace_extension(L".png");
-    const std::optional<std::wstring> file =
-        ask_file_name({L"Save picture as", proposal.wstring(), L"png", true, false});
+    const std::optional<std::wstring> file = ask_picture_file(*document);
     if (!file) {
         return;
     }
-    if (editor.window != nullptr) {
-        editor.view()->list();  // the window shows what the picture is made of: one list serves both
-    }
-    const std::shared_ptr<const DisplayList> list = DisplayList::shared(document->drawing());
+    const std::shared_ptr<const DisplayList> list = list_for_picture(editor, *document);
     editor.say_left_out(document->drawing(), *list);
-    if (succeeded(save_drawing_png(list, *file))) {
+    if (succeeded(save_drawing_png(list, {list->extents()}, *file))) {
+        person().print(L"\n" + *file + L" saved.");
+    }
+}
+
+/// The entity that was added last, so large that its letters can be read.
+PictureArea picture_of_last(const DisplayList& list) {
+    constexpr double readable = 14;  // pixels
+    constexpr double narrowest = 400;
+    constexpr double widest = 6000;
+    const LastArea last = last_area(list);
+    PictureArea area{last.box};
+    if (last.letters > 0 && !last.box.empty()) {
+        const double longest = std::max(last.box.width(), last.box.height());
+        const double scale = std::min(readable / last.letters, widest / longest);
+        area.width = static_cast<int>(std::max(narrowest, last.box.width() * scale * 1.05));
+        area.height = static_cast<int>(std::max(narrowest, last.box.height() * scale * 1.05));
+    }
+    return area;
+}
+
+/// A picture of the entity that was added last, or of where most things are, where the whole drawing shows them too
+/// small.
+void save_detail(Editor& editor) {
+    const Document* const document = editor.documents.document();
+    if (document == nullptr) {
+        person().report(L"No drawing is open.");
+        return;
+    }
+    acedInitGet(0, L"Last Most");
+    ACHAR what[longest_input] = {};
+    if (acedGetKword(L"\nEnter what the picture is to show [Last/Most]: ", what) != RTNORM) {
+        return;
+    }
+    const std::optional<std::wstring> file = ask_picture_file(*document);
+    if (!file) {
+        return;
+    }
+    const std::shared_ptr<const DisplayList> list = list_for_picture(editor, *document);
+    PictureArea area = picture_of_last(*list);
+    if (std::wstring_view(what) == L"Most") {
+        const std::optional<Box2> crowded = crowded_area(*list);
+        if (!crowded) {
+            person().print(L"\nThe picture of the whole drawing shows most things large enough.");
+            return;
+        }
+        area = {*crowded};
+    }
+    if (succeeded(save_drawing_png(list, area, *file))) {
         person().print(L"\n" + *file + L" saved.");
     }
 }
@@ -152,6 +207,7 @@ void add_view_commands(Editor& editor) {
     add(L"REDRAW", [](DrawingPane& pane) { pane.redraw(); });
     add(L"REGEN", [](DrawingPane& pane) { pane.redraw(); });
     add(L"ZOOM", zoom);
+    editor.add_command(L"PNGDETAIL", save_detail);
     editor.add_command(L"PNGOUT", save_picture);
 }
 

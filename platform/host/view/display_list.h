@@ -59,6 +59,8 @@ struct DisplayList {
     /// Around everything that is in the space; empty for an empty one.
     const Box2& extents() const { return top.box; }
 
+    /// One in which nothing is drawn yet.
+    static DisplayList blank(Space space, const PictureLimits& limits);
     static DisplayList build(const dxf::Drawing& drawing, Space space = Space::model);
     static DisplayList build(const dxf::Drawing& drawing, Space space, const PictureLimits& limits);
     /// The list that somebody has of this state of the drawing, or a new one: who looks at the same shares it. A

@@ -42,14 +42,6 @@ constexpr NamedDraw draws[] = {
 constexpr int64_t colour_of_block = 0;
 constexpr int64_t colour_of_layer = 256;
 
-DisplayList blank_list(DisplayList::Space space, const PictureLimits& limits) {
-    DisplayList list;
-    list.space = space;
-    list.patterns.resize(1);  // the continuous one
-    list.budget = PictureBudget(limits);
-    return list;
-}
-
 PictureLimits limits_for(const dxf::Drawing& drawing) {
     return PictureLimits::for_drawing(drawing.size());
 }
@@ -59,12 +51,20 @@ constexpr wchar_t by_block[] = L"ByBlock";
 
 }  // namespace
 
+DisplayList DisplayList::blank(Space space, const PictureLimits& limits) {
+    DisplayList list;
+    list.space = space;
+    list.patterns.resize(1);  // the continuous one
+    list.budget = PictureBudget(limits);
+    return list;
+}
+
 DisplayList DisplayList::build(const dxf::Drawing& drawing, Space space) {
     return build(drawing, space, limits_for(drawing));
 }
 
 DisplayList DisplayList::build(const dxf::Drawing& drawing, Space space, const PictureLimits& limits) {
-    return DisplayListBuilder(drawing, blank_list(space, limits)).build();
+    return DisplayListBuilder(drawing, blank(space, limits)).build();
 }
 
 std::shared_ptr<const DisplayList> DisplayList::shared(const dxf::Drawing& drawing, Space space,
@@ -77,7 +77,7 @@ std::shared_ptr<const DisplayList> DisplayList::shared(const dxf::Drawing& drawi
         const bool grows =
             former.use_count() == 1 && former->space == space && former->state.still_holds(drawing, former->lacking);
         DisplayList begun =
-            grows ? std::move(*std::const_pointer_cast<DisplayList>(former)) : blank_list(space, limits_for(drawing));
+            grows ? std::move(*std::const_pointer_cast<DisplayList>(former)) : blank(space, limits_for(drawing));
         former.reset();
         list = std::make_shared<DisplayList>(DisplayListBuilder(drawing, std::move(begun)).build());
         known = list;
@@ -128,6 +128,10 @@ DisplayList DisplayListBuilder::build() {
     list_.surroundings.layer_zero_shown = layers_.zero_state().shown();
     list_.patterns = line_types_.take_patterns();
     return std::move(list_);
+}
+
+Box2 DisplayListBuilder::area_of(dxf::BlockId block) {
+    return draw_block(block, Transform3::translation(base_of(block) * -1), false).box;
 }
 
 DisplayListBuilder::Draw DisplayListBuilder::drawer_of(uint16_t type) {

@@ -18,6 +18,8 @@ class DisplayListBuilder {
 
     /// The list with all that the drawing has now.
     DisplayList build();
+    /// Around a block with its base point at 0, 0.
+    Box2 area_of(dxf::BlockId block);
 
   private:
     /// Where entities stand and where their primitives go.

@@ -59,6 +59,8 @@ class DrawingPane final {
     void redraw();
 
     const ViewTransform& view() const { return frame_.view(); }
+    /// What is to be shown; null when nothing is open.
+    const dxf::Drawing* drawing() const { return content_().drawing; }
     const DisplayList& list();
     void set_view(const ViewTransform& view);
     void zoom_extents();

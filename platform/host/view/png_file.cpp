@@ -86,14 +86,15 @@ base::Outcome<> save_window_png(HWND window, const std::filesystem::path& path) 
     return save_png(copy, path);
 }
 
-base::Outcome<> save_drawing_png(std::shared_ptr<const DisplayList> list, const std::filesystem::path& path) {
+base::Outcome<> save_drawing_png(std::shared_ptr<const DisplayList> list, const PictureArea& area,
+                                 const std::filesystem::path& path) {
     constexpr double margin = 0.02;
     constexpr uint32_t paper = 0xFFFFFF;
     DrawingFrame frame;
     frame.set_list(std::move(list));
     frame.set_background(paper);
-    ViewTransform view(1600, 1200);
-    view.show(frame.list().extents(), margin);
+    ViewTransform view(area.width, area.height);
+    view.show(area.box, margin);
     frame.set_view(view);
     const FrameBitmap* const picture = frame.picture();
     if (picture == nullptr) {

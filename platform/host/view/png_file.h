@@ -7,14 +7,22 @@
 #include <memory>
 
 #include "base/result.h"
-#include "platform/host/view/display_list.h"
+#include "platform/host/view/areas.h"
 
 namespace host {
 
 /// Saves what the window shows, frame and title bar included.
 base::Outcome<> save_window_png(HWND window, const std::filesystem::path& path);
 
-/// Saves all that a list shows, 1600 by 1200 pixels on white.
-base::Outcome<> save_drawing_png(std::shared_ptr<const DisplayList> list, const std::filesystem::path& path);
+/// A part of a drawing, and the size of its picture in pixels.
+struct PictureArea {
+    Box2 box;
+    int width = picture_width;
+    int height = picture_height;
+};
+
+/// Saves what a list shows there, on white.
+base::Outcome<> save_drawing_png(std::shared_ptr<const DisplayList> list, const PictureArea& area,
+                                 const std::filesystem::path& path);
 
 }  // namespace host
