@@ -5,6 +5,7 @@
 #include <string>
 
 #include "platform/host/view/display_list.h"
+#include "platform/host/view/outline.h"
 
 namespace host {
 
@@ -22,5 +23,24 @@ std::string layer(const std::string& name, int colour, int flags = 0);
 /// One line for each primitive that is seen, block references resolved: kind, colour and world coordinates.
 std::string described(const DisplayList& list);
 std::string described(const std::string& groups);
+
+/// Letters are boxes: each is 1 wide with its blank behind it, and half as wide as high.
+class BoxLetters final : public Typesetter {
+  public:
+    const TextShape& shape(const TextItem& item, const FontFace&) override {
+        ++asked;
+        line_ = TextShape();
+        const Outline letter{{{0, 0}, {0.5, 0}, {0.5, 1}, {0, 1}}, {4}};
+        for (size_t i = 0; i < item.text.size(); ++i) {
+            line_.outline.append(letter, static_cast<double>(i));
+        }
+        line_.width = static_cast<double>(item.text.size());
+        return line_;
+    }
+    size_t asked = 0;
+
+  private:
+    TextShape line_;
+};
 
 }  // namespace host

@@ -10,25 +10,6 @@ namespace host {
 
 namespace {
 
-/// Letters are boxes: each is 1 wide with its blank behind it, and half as wide as high.
-class Boxes final : public Typesetter {
-  public:
-    const TextShape& shape(const TextItem& item, const FontFace&) override {
-        ++asked;
-        line_ = TextShape();
-        const Outline letter{{{0, 0}, {0.5, 0}, {0.5, 1}, {0, 1}}, {4}};
-        for (size_t i = 0; i < item.text.size(); ++i) {
-            line_.outline.append(letter, static_cast<double>(i));
-        }
-        line_.width = static_cast<double>(item.text.size());
-        return line_;
-    }
-    size_t asked = 0;
-
-  private:
-    TextShape line_;
-};
-
 /// A small picture of a drawing: "." for the background, "#" for the foreground, and letters for other colours.
 class Painting {
   public:
@@ -40,7 +21,7 @@ class Painting {
     std::string paint(PaintColours colours = {}, const EntitySet& highlighted = {}, size_t most_small_texts = 9) {
         std::vector<uint32_t> pixels(static_cast<size_t>(view.width()) * static_cast<size_t>(view.height()));
         Raster raster(pixels.data(), view.width(), view.height());
-        Boxes boxes;
+        BoxLetters boxes;
         ListPainter(list, view, raster, &boxes).paint(colours, highlighted, most_small_texts);
         texts = boxes.asked;
         std::string picture = "\n";
