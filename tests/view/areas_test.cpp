@@ -43,15 +43,15 @@ TEST(Areas, ABlockBesideADrawingLeavesItHalfOfThePicture) {
 }
 
 TEST(Areas, OfTheLastEntityAndOfMostThings) {
-    std::string near;
+    std::string cluster;
     for (int i = 0; i < 30; ++i) {
-        near += "0 CIRCLE|8 0|10 " + std::to_string(i % 6 * 10) + "|20 " + std::to_string(i / 6 * 10) + "|40 1|";
+        cluster += "0 CIRCLE|8 0|10 " + std::to_string(i % 6 * 10) + "|20 " + std::to_string(i / 6 * 10) + "|40 1|";
     }
     const std::string frame = "0 LWPOLYLINE|8 0|90 2|70 0|10 0|20 0|10 9000|20 5000|";
     const std::string last =
         "0 INSERT|8 0|2 B|66 1|10 0|20 0|0 ATTRIB|8 0|10 1|20 2|40 3|1 x|0 ATTRIB|8 0|10 1|20 9|40 2|1 x|0 SEQEND|8 0";
     const std::string b = blocks(block("B", "0 LINE|8 0|10 0|20 0|11 50|21 40"));
-    const auto drawing = drawing_of(b + entities(frame + near + last));
+    const auto drawing = drawing_of(b + entities(frame + cluster + last));
     const DisplayList list = DisplayList::build(*drawing);
     const LastArea area = last_area(list);
     EXPECT_EQ((Vec2{50, 40}), area.box.high);
@@ -61,7 +61,7 @@ TEST(Areas, OfTheLastEntityAndOfMostThings) {
     ASSERT_TRUE(crowded.has_value());
     EXPECT_EQ((Vec2{-1, -1}), crowded->low);
     EXPECT_EQ((Vec2{51, 41}), crowded->high);
-    EXPECT_FALSE(crowded_area(DisplayList::build(*drawing_of(b + entities(near + last)))));
+    EXPECT_FALSE(crowded_area(DisplayList::build(*drawing_of(b + entities(cluster + last)))));
     EXPECT_FALSE(crowded_area(DisplayList()));
     EXPECT_TRUE(last_area(DisplayList()).box.empty());
 }

@@ -46,7 +46,7 @@ class DrawingFrame {
   public:
     /// As many small texts as a frame has the time for that follows a person's hand: one costs ten times as much as a
     /// line.
-    static constexpr size_t texts_in_motion = 2000;
+    static constexpr size_t texts_in_motion = 1000;
 
     /// For more small texts see ListPainter::paint.
     explicit DrawingFrame(size_t most_small_texts = std::numeric_limits<size_t>::max());

@@ -14,6 +14,7 @@ constexpr double chord_error = 0.3;           // pixels
 constexpr double readable_height = 2.5;       // pixels; smaller text is shown as a line
 constexpr double easily_readable_height = 5;  // pixels
 constexpr double dense_points = 0.5;          // pixels; nearer points of a strip are left out
+constexpr double same_place = 0.4;            // pixels; of points of an outline
 constexpr double shortest_pattern = 3;        // pixels; of a shorter one no dashes can be told apart
 constexpr size_t most_effort = 4'000'000;     // blocks nested like a bomb are cut off here
 
@@ -192,6 +193,25 @@ void ListPainter::paint_sample(const Picture& picture, const Placing& placing) {
     }
 }
 
+/// An outline in pixels, without points that would fall on the same place.
+void ListPainter::project(const Outline& outline, const Affine2& to_pixels) {
+    outline_.clear();
+    uint32_t first = 0;
+    for (const uint32_t end : outline.ends) {
+        Vec2 last = to_pixels(outline.points[first]);
+        outline_.points.push_back(last);
+        for (uint32_t i = first + 1; i < end; ++i) {
+            const Vec2 point = to_pixels(outline.points[i]);
+            if (std::fabs(point.x - last.x) + std::fabs(point.y - last.y) > same_place) {
+                outline_.points.push_back(point);
+                last = point;
+            }
+        }
+        outline_.ends.push_back(static_cast<uint32_t>(outline_.points.size()));
+        first = end;
+    }
+}
+
 void ListPainter::paint_text(const TextItem& item, const Affine2& to_pixels) {
     const double height = to_pixels.y.length();
     const bool small = height < easily_readable_height;
@@ -206,11 +226,10 @@ void ListPainter::paint_text(const TextItem& item, const Affine2& to_pixels) {
     const double begin = shape.width * (item.anchor == TextItem::Anchor::left     ? 0
                                         : item.anchor == TextItem::Anchor::centre ? -0.5
                                                                                   : -1);
-    outline_.clear();
-    for (const Vec2 point : shape.outline.points) {
-        outline_.points.push_back(to_pixels({(point.x + begin) * stretch, point.y}));
-    }
-    outline_.ends = shape.outline.ends;
+    Affine2 placed = to_pixels;
+    placed.x = to_pixels.x * stretch;
+    placed.origin = to_pixels({begin * stretch, 0});
+    project(shape.outline, placed);
     smooth_.fill(raster_, outline_);
 }
 

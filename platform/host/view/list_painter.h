@@ -63,6 +63,7 @@ class ListPainter {
     void paint_instances(const Picture& holder, const Instance& instance, const Placing& placing);
     void paint_instance(const Instance& instance, const Placing& placing);
     void paint_text(const TextItem& item, const Affine2& to_pixels);
+    void project(const Outline& outline, const Affine2& to_pixels);
     void project(const Picture& picture, const Primitive& primitive, const Affine2& to_pixels);
 
     const DisplayList& list_;

@@ -11,7 +11,7 @@ namespace host {
 namespace {
 
 constexpr int em = 1024;  // of every font, in its own units
-constexpr size_t most_known = 20000;
+constexpr size_t most_lines = 20000;
 constexpr int chords = 4;  // of a Bezier curve: letters have several a turn
 
 /// Faces for letters that a font lacks, in the order in which they are tried.
@@ -169,35 +169,48 @@ TextShape SystemTypesetter::patched(const Face& own, const FontFace& wanted, con
     return whole;
 }
 
-const TextShape& SystemTypesetter::known_shape(Face& own, const FontFace& wanted, const std::wstring& text,
-                                               bool from_right) {
-    const std::wstring name = (from_right ? L"<" : L">") + text;
-    const auto found = own.known.find(name);
-    if (found != own.known.end()) {
-        return found->second;
-    }
-    if (own.known.size() >= most_known) {
-        own.known.clear();
-    }
+/// In units of the capitals' height, narrowed, from whichever faces have the letters.
+TextShape SystemTypesetter::made(const Face& own, const FontFace& wanted, const std::wstring& text, bool from_right) {
     const Face& able = able_face(own, wanted, text);
-    TextShape shape = has_letters(able, text) || text.size() == 1 ? outlined(able, text, from_right)
+    TextShape shape = text.size() == 1 || has_letters(able, text) ? outlined(able, text, from_right)
                                                                   : patched(own, wanted, text, from_right);
     for (Vec2& point : shape.outline.points) {
         point.x *= own.narrowing;
     }
     shape.width *= own.narrowing;
-    return own.known.emplace(name, std::move(shape)).first->second;
+    return shape;
+}
+
+const TextShape& SystemTypesetter::line_shape(Face& own, const FontFace& wanted, const TextItem& item) {
+    const std::wstring name = (item.from_right ? L"<" : L">") + item.text;
+    const auto found = own.lines.find(name);
+    if (found != own.lines.end()) {
+        return found->second;
+    }
+    if (own.lines.size() >= most_lines) {
+        own.lines.clear();
+    }
+    return own.lines.emplace(name, made(own, wanted, item.text, item.from_right)).first->second;
+}
+
+/// There are no more letters than 65536.
+const TextShape& SystemTypesetter::letter_shape(Face& own, const FontFace& wanted, wchar_t letter) {
+    const auto found = own.letters.find(letter);
+    if (found != own.letters.end()) {
+        return found->second;
+    }
+    return own.letters.emplace(letter, made(own, wanted, std::wstring(1, letter), false)).first->second;
 }
 
 const TextShape& SystemTypesetter::shape(const TextItem& item, const FontFace& wanted) {
     Face& own = face(wanted);
     if (!std::all_of(item.text.begin(), item.text.end(), stands_alone)) {
-        return known_shape(own, wanted, item.text, item.from_right);
+        return line_shape(own, wanted, item);
     }
     line_.outline.clear();
     line_.width = 0;
     for (const wchar_t letter : item.text) {
-        const TextShape& next = known_shape(own, wanted, std::wstring(1, letter), false);
+        const TextShape& next = letter_shape(own, wanted, letter);
         line_.outline.append(next.outline, line_.width);
         line_.width += next.width;
     }

@@ -23,14 +23,16 @@ class SystemTypesetter final : public Typesetter {
         GdiObject font;
         double capitals = 1;   ///< the height of a capital in the font's units
         double narrowing = 1;  ///< the usual face may be missing and shown by a wider one, made as narrow as lines need
-        std::unordered_map<std::wstring, TextShape>
-            known;  ///< letters, and lines that are shaped as a whole, behind their direction
+        std::unordered_map<wchar_t, TextShape> letters;
+        std::unordered_map<std::wstring, TextShape> lines;  ///< those shaped as a whole, behind their direction
     };
     using Key = std::tuple<std::wstring, bool, bool>;
 
     Face& face(const FontFace& wanted);
     const Face& able_face(const Face& own, const FontFace& wanted, const std::wstring& text);
-    const TextShape& known_shape(Face& own, const FontFace& wanted, const std::wstring& text, bool from_right);
+    const TextShape& letter_shape(Face& own, const FontFace& wanted, wchar_t letter);
+    const TextShape& line_shape(Face& own, const FontFace& wanted, const TextItem& item);
+    TextShape made(const Face& own, const FontFace& wanted, const std::wstring& text, bool from_right);
     TextShape patched(const Face& own, const FontFace& wanted, const std::wstring& text, bool from_right);
     TextShape outlined(const Face& face, const std::wstring& text, bool from_right);
     bool has_letters(const Face& face, const std::wstring& text);
