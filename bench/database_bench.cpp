@@ -72,7 +72,8 @@ bool run(const std::filesystem::path& path, Times& times) {
     AcDbDatabase* const drawing = opened->get();
     times[opening] = timer.lap();
     acdbHostApplicationServices()->setWorkingDatabase(drawing);
-    struct resbuf* const filter = acutBuildList(RTDXF0, L"INSERT", RTNONE);
+    struct resbuf* const filter = acutNewRb(0);
+    filter->resval.rstring = acad__strdup(L"INSERT");
     ads_name set;
     long length = 0;
     timer.lap();

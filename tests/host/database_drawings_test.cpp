@@ -1,6 +1,7 @@
 // The database on whole drawings: our samples and those that others wrote.
 #include <cmath>
-#include <map>
+#include <set>
+#include <tuple>
 
 #include "acedsel.h"
 #include "platform/host/database/insert_block.h"
@@ -33,12 +34,10 @@ TEST_P(Samples, TakeManyEntitiesWithHandlesOfTheirOwn) {
     space->close();
     const OpenDrawing again(drawing.saved());
     ASSERT_EQ(again.drawing().entities().size(), before + rows);
-    const AcDbObjectPointer<AcDbLine> last(again.entity(before + rows - 1), AcDb::kForRead);
     EXPECT_EQ(again.drawing().view(again.drawing().entities()[before + rows - 1]).real(21), rows - 1);
-    EXPECT_EQ(last->ownerId(), again->currentSpaceId());
-    std::map<Adesk::UInt64, int> handles;
+    std::set<Adesk::UInt64> handles;
     for (const dxf::RecordId record : again.drawing().entities()) {
-        ++handles[again.store().id_of_record(record).handle()];
+        handles.insert(again.store().id_of_record(record).handle());
     }
     EXPECT_EQ(handles.size(), handles.count(0) != 0 ? 1 : before + rows) << "every handle is used once";
 }
@@ -47,34 +46,6 @@ INSTANTIATE_TEST_SUITE_P(Database, Samples,
                          testing::Values("samples/house_plan.dxf", "samples/house_plan_r12.dxf",
                                          "samples/house_plan_r12_binary.dxf", "samples/house_plan_r2000.dxf",
                                          "tests/dxf/data/no_layouts.dxf", "tests/dxf/data/binary_r12.dxf"));
-
-TEST(DatabaseDrawings, DamagedDrawingsCanBeWalked) {
-    // References in model space, and how many of them have a block.
-    const std::map<std::string, std::pair<int, int>> wanted = {
-        {"blocks_with_no_names.dxf", {0, 0}}, {"empty_handles.dxf", {0, 0}},        {"trash_beyond_eof.dxf", {0, 0}},
-        {"minsert_attribs.dxf", {1, 1}},      {"insert_colcount_zero.dxf", {1, 1}},
-    };
-    std::map<std::string, std::pair<int, int>> found;
-    for (const auto& expected : wanted) {
-        const OpenDrawing drawing(file_bytes("tests/dxf/data/" + expected.first));
-        auto& [references, defined] = found[expected.first];
-        const AcDbObjectPointer<AcDbBlockTableRecord> space(drawing->currentSpaceId(), AcDb::kForRead);
-        AcDbBlockTableRecordIterator* made = nullptr;
-        ASSERT_EQ(space->newIterator(made), Acad::eOk);
-        const std::unique_ptr<AcDbBlockTableRecordIterator> iterator(made);
-        for (; !iterator->done(); iterator->step()) {
-            AcDbObjectId id;
-            iterator->getEntityId(id);
-            const AcDbObjectPointer<AcDbEntity> entity(id, AcDb::kForRead);
-            ASSERT_EQ(entity.openStatus(), Acad::eOk);
-            if (const auto* const reference = AcDbBlockReference::cast(entity)) {
-                ++references;
-                defined += reference->blockTableRecord().isNull() ? 0 : 1;
-            }
-        }
-    }
-    EXPECT_EQ(found, wanted);
-}
 
 TEST(DatabaseDrawings, TheActiveLayoutHasItsNameInFilters) {
     const OpenDrawing drawing(
@@ -88,40 +59,13 @@ TEST(DatabaseDrawings, TheActiveLayoutHasItsNameInFilters) {
     const std::pair<const ACHAR*, long> wanted[] = {
         {L"Model", 1}, {L"sheet a", 1}, {L"Second", 0}, {L"Page", 0}, {L"*", 2}};
     for (const auto& [layout, count] : wanted) {
-        const std::unique_ptr<struct resbuf, decltype(&acutRelRb)> filter(acutBuildList(410, layout, RTNONE),
-                                                                          acutRelRb);
         ads_name set;
         long length = 0;
-        EXPECT_EQ(acedSSGet(L"X", nullptr, nullptr, filter.get(), set), count == 0 ? RTERROR : RTNORM) << layout;
+        EXPECT_EQ(acedSSGet(L"X", nullptr, nullptr, list(410, layout).get(), set), count == 0 ? RTERROR : RTNORM)
+            << layout;
         acedSSLength(set, &length);
         EXPECT_EQ(length, count) << layout;
     }
-}
-
-TEST(DatabaseDrawings, AttributesTurnWithTheirReference) {
-    const OpenDrawing drawing(
-        section("HEADER", groups("9 $ACADVER|1 AC1009")) +
-        section("BLOCKS", groups("0 BLOCK|8 0|2 T|70 2|10 1.0|20 1.0|30 0.0|0 ATTDEF|8 0|62 3|10 2.0|20 1.0|40 0.5|1 v|"
-                                 "3 p|2 TAG|70 0|50 90.0|41 0.8|0 ENDBLK")) +
-        section("ENTITIES", "") + end_of_file());
-    AcDbObjectId definition_id;
-    definition_id = drawing.store().id_of_record(drawing.drawing().blocks()[0].entities[0]);
-    const AcDbObjectPointer<AcDbAttributeDefinition> definition(definition_id, AcDb::kForRead);
-    AcDbBlockReference reference({10, 10, 0}, drawing.block(L"T"));
-    reference.setScaleFactors(AcGeScale3d(2, 4, 1));
-    reference.setRotation(std::acos(-1.0));
-
-    AcDbAttribute attribute;
-    EXPECT_EQ(attribute.setAttributeFromBlock(nullptr, reference.blockTransform()), Acad::eNullObjectPointer);
-    ASSERT_EQ(attribute.setAttributeFromBlock(definition, reference.blockTransform()), Acad::eOk);
-    EXPECT_EQ(take(attribute.tag()) + take(attribute.textString()), L"TAGv");
-    EXPECT_EQ(attribute.colorIndex(), 3);
-    EXPECT_NEAR(attribute.position().x, 8, 1e-12);
-    EXPECT_NEAR(attribute.position().y, 10, 1e-12);
-    // The text stands upright in the block: along y, where the scale is 4, and half a turn more.
-    EXPECT_NEAR(attribute.rotation(), -std::acos(0.0), 1e-12);
-    EXPECT_NEAR(attribute.height(), 0.5 * 2, 1e-12);
-    EXPECT_NEAR(attribute.widthFactor(), 0.8 * 2, 1e-12);
 }
 
 /// The transform that commands get is the one that the picture shows, whatever plane the reference stands in.
@@ -148,24 +92,33 @@ TEST(DatabaseDrawings, ReferencesStandWhereTheyAreDrawn) {
     }
 }
 
-TEST(DatabaseDrawings, AttributesAreMirroredWithTheirReference) {
-    const OpenDrawing drawing(section("HEADER", groups("9 $ACADVER|1 AC1009")) +
-                              section("BLOCKS", groups("0 BLOCK|8 0|2 T|70 2|10 0|20 0|0 ATTDEF|8 0|10 5|20 5|40 2|1 v|"
-                                                       "3 p|2 TAG|70 0|0 ENDBLK")) +
-                              section("ENTITIES", "") + end_of_file());
-    const std::pair<AcGeScale3d, const char*> mirrorings[] = {
-        {AcGeScale3d(-1, 1, 1), "10 95.0|20 105.0|30 0.0|40 2.0|1 v|71 2|2 TAG|70 0"},
-        {AcGeScale3d(1, -1, 1), "10 105.0|20 95.0|30 0.0|40 2.0|1 v|50 -180.0|71 2|2 TAG|70 0"},
-        {AcGeScale3d(-1, -1, 1), "10 95.0|20 95.0|30 0.0|40 2.0|1 v|50 180.0|2 TAG|70 0"},
-    };
-    for (const auto& [scale, attribute] : mirrorings) {
+/// The attribute's text stands upright in the block, along y.
+TEST(DatabaseDrawings, AttributesTurnAndAreMirroredWithTheirReference) {
+    const OpenDrawing drawing(
+        section("HEADER", groups("9 $ACADVER|1 AC1009")) +
+        section("BLOCKS", groups("0 BLOCK|8 0|2 T|70 2|10 1.0|20 1.0|30 0.0|0 ATTDEF|8 0|62 3|10 6.0|20 6.0|40 2|1 v|"
+                                 "3 p|2 TAG|70 0|50 90.0|41 0.8|0 ENDBLK")) +
+        section("ENTITIES", "") + end_of_file());
+    const std::tuple<AcGeScale3d, double, const char*> insertions[] = {
+        {AcGeScale3d(2, 4, 1), std::acos(-1.0), "9000 8000 400 160 -9000 0 "},
+        {AcGeScale3d(-1, 1, 1), 0, "9500 10500 200 80 -9000 2 "},
+        {AcGeScale3d(1, -1, 1), 0, "10500 9500 200 80 9000 2 "},
+        {AcGeScale3d(-1, -1, 1), 0, "9500 9500 200 80 -9000 0 "}};
+    for (const auto& [scale, rotation, expected] : insertions) {
         AcDbObjectId id;
-        ASSERT_EQ(host::insert_block(*drawing, L"t", {{100, 100, 0}, scale, 0}, id), Acad::eOk);
-        const std::string saved = plain(drawing.saved());
-        EXPECT_NE(saved.find(groups(std::string("0 ATTRIB|8 0|") + attribute + "|0 SEQEND")), std::string::npos)
-            << attribute << "\n"
-            << saved;
+        ASSERT_EQ(host::insert_block(*drawing, L"t", {{100, 100, 0}, scale, rotation}, id), Acad::eOk);
+        const OpenDrawing again(drawing.saved());
+        const dxf::RecordRun& entities = again.drawing().entities();
+        const dxf::RecordView attribute = again.drawing().view(entities[entities.size() - 1]).parts()[0];
+        EXPECT_EQ(base::utf8_from_wide(attribute.text(2) + attribute.text(1)) + std::to_string(attribute.integer(62)),
+                  "TAGv3");
+        std::string hundredths;
+        for (const int code : {10, 20, 40, 41, 50}) {
+            hundredths += std::to_string(std::lround(attribute.real(code) * 100)) + " ";
+        }
+        EXPECT_EQ(hundredths + std::to_string(attribute.integer(71)) + " ", expected);
     }
+    EXPECT_EQ(AcDbAttribute().setAttributeFromBlock(nullptr, AcGeMatrix3d()), Acad::eNullObjectPointer);
 }
 
 /// An embedded object has groups of the same codes as the attribute whose it is.
@@ -176,11 +129,8 @@ TEST(DatabaseDrawings, AttributesOfSeveralLinesAreReadAndWrittenByTheirOwnGroups
     {
         const AcDbObjectPointer<AcDbAttributeDefinition> note(drawing.store().id_of_record(record), AcDb::kForWrite);
         ASSERT_EQ(note.openStatus(), Acad::eOk);
-        EXPECT_EQ(note->widthFactor(), 1.0);
         EXPECT_EQ(note->setAlignmentPoint({}), Acad::eNotApplicable);
         EXPECT_EQ(take(note->tag()), L"NOTE");
-        const AcDbObjectPointer<AcDbTextStyleTableRecord> style(note->textStyle(), AcDb::kForRead);
-        EXPECT_EQ(name_of(*style), L"Standard");
         EXPECT_EQ(note->setHeight(0.75), Acad::eOk);
         EXPECT_EQ(note->setWidthFactor(2.0), Acad::eOk);
     }

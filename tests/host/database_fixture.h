@@ -11,6 +11,7 @@
 #include <utility>
 #include <vector>
 
+#include "acdbads.h"
 #include "acutads.h"
 #include "base/code_page.h"
 #include "dbapserv.h"
@@ -88,4 +89,58 @@ inline std::wstring name_of(const AcDbSymbolTableRecord& record) {
 inline std::wstring block_name(AcDbObjectId id) {
     const AcDbObjectPointer<AcDbBlockTableRecord> record(id, AcDb::kForRead);
     return record.openStatus() == Acad::eOk ? name_of(*record) : L"(" + std::to_wstring(record.openStatus()) + L")";
+}
+
+/// The names of a table's records as its iterator gives them.
+template <class Table, class Record, class Iterator>
+std::vector<std::wstring> walk(const OpenDrawing& drawing, bool forward, bool skip_erased) {
+    Table* table = nullptr;
+    EXPECT_EQ(drawing->getSymbolTable(table, AcDb::kForRead), Acad::eOk);
+    Iterator* made = nullptr;
+    EXPECT_EQ(table->newIterator(made, forward, skip_erased), Acad::eOk);
+    const std::unique_ptr<Iterator> iterator(made);
+    std::vector<std::wstring> names;
+    for (; !iterator->done(); iterator->step(forward, skip_erased)) {
+        Record* record = nullptr;
+        EXPECT_EQ(iterator->getRecord(record, AcDb::kForRead, true), Acad::eOk);
+        names.push_back(name_of(*record));
+        EXPECT_EQ(record->ownerId(), table->objectId());
+        record->close();
+    }
+    AcDbObjectId id;
+    EXPECT_EQ(iterator->getRecordId(id), Acad::eInvalidIndex);
+    table->close();
+    return names;
+}
+
+constexpr auto layers = walk<AcDbLayerTable, AcDbLayerTableRecord, AcDbLayerTableIterator>;
+constexpr auto styles = walk<AcDbTextStyleTable, AcDbTextStyleTableRecord, AcDbTextStyleTableIterator>;
+constexpr auto blocks = walk<AcDbBlockTable, AcDbBlockTableRecord, AcDbBlockTableIterator>;
+
+/// A list for the interface's functions, released with this.
+using List = std::unique_ptr<resbuf, decltype(&acutRelRb)>;
+
+inline void put(ads_u_val& value, int number) {
+    value.rint = static_cast<short>(number);
+}
+inline void put(ads_u_val& value, double number) {
+    value.rreal = number;
+}
+inline void put(ads_u_val& value, const ACHAR* text) {
+    value.rstring = acad__strdup(text);
+}
+inline void put(ads_u_val& value, const ads_real* point) {
+    std::copy(point, point + 3, value.rpoint);
+}
+
+/// A list of group codes, each with its value.
+inline List list() {
+    return {nullptr, acutRelRb};
+}
+template <class Value, class... More>
+List list(int code, Value value, More... more) {
+    List first(acutNewRb(code), acutRelRb);
+    put(first->resval, value);
+    first->rbnext = list(more...).release();
+    return first;
 }

@@ -1,15 +1,15 @@
 #include "acedsel.h"
-#include "gtest/gtest.h"
 #include "platform/host/database/entity_selector.h"
 #include "platform/host/database/name_pattern.h"
 #include "tests/host/database_fixture.h"
 #include "tests/host/list_person.h"
+#include "tests/support/rows.h"
 
 namespace {
 
 /// Entities 0 to 9 by handle A0 to A9. Layers: "ice" frozen, "dark" off, "safe" locked.
-std::string mixed_drawing() {
-    return section("HEADER", groups("9 $ACADVER|1 AC1009")) +
+std::string mixed_drawing(const std::string& tilemode = "1") {
+    return section("HEADER", groups("9 $ACADVER|1 AC1009|9 $TILEMODE|70 " + tilemode)) +
            section("TABLES", table("LAYER", {"2 0|70 0|62 7|6 CONTINUOUS", "2 ice|70 1|62 1|6 CONTINUOUS",
                                              "2 DARK|70 0|62 -2|6 CONTINUOUS", "2 safe|70 4|62 3|6 CONTINUOUS"})) +
            section("BLOCKS", groups("0 BLOCK|8 0|2 DOOR|70 0|10 0|20 0|0 LINE|8 0|10 0|20 0|11 2|21 0|0 ENDBLK|"
@@ -41,13 +41,6 @@ std::string members(const ads_name set) {
     return text;
 }
 
-using List = std::unique_ptr<struct resbuf, decltype(&acutRelRb)>;
-
-template <class... Items>
-List list(Items... items) {
-    return List(acutBuildList(items..., RTNONE), acutRelRb);
-}
-
 std::string select(const ACHAR* mode, const struct resbuf* filter = nullptr, const ads_real* one = nullptr,
                    const ads_real* other = nullptr) {
     ads_name set;
@@ -70,43 +63,17 @@ Question ask(std::deque<std::wstring> answers, const struct resbuf* filter = nul
 }  // namespace
 
 TEST(NamePattern, MatchesAsTheHostDoes) {
-    struct Case {
-        const wchar_t* text;
-        const wchar_t* pattern;
-        bool fits;
-    };
-    const Case cases[] = {
-        {L"door", L"door", true},
-        {L"door", L"Door", false},
-        {L"door", L"d*r", true},
-        {L"door", L"d??r", true},
-        {L"door", L"d?r", false},
-        {L"door7", L"door#", true},
-        {L"doors", L"door#", false},
-        {L"doors", L"door@", true},
-        {L"a-b", L"a.b", true},
-        {L"axb", L"a.b", false},
-        {L"door", L"~d*", false},
-        {L"wall", L"~d*", true},
-        {L"wall", L"door,wall", true},
-        {L"wall", L"door,~wall", false},
-        {L"c", L"[abc]", true},
-        {L"d", L"[a-c]", false},
-        {L"d", L"[~a-c]", true},
-        {L"a,b", L"a`,b", true},
-        {L"a*b", L"a`*b", true},
-        {L"axb", L"a`*b", false},
-        {L"", L"*", true},
-        {L"", L"", true},
-        {L"x", L"", false},
-        {L"aXbXc", L"*X*c", true},
-        {L"mississippi", L"*ss*pi", true},
-        {L"[x", L"[x", true},
-        {L"a~b", L"a~b", true},
-    };
-    for (const Case& one : cases) {
-        EXPECT_EQ(host::NamePattern(one.pattern).matches(one.text), one.fits) << one.text << " " << one.pattern;
-        EXPECT_EQ(acutWcMatch(one.text, one.pattern) == 1, one.fits);
+    const wchar_t* const fitting =
+        L"door=door|door=d*r|door=d??r|door7=door#|doors=door@|a-b=a.b|wall=~d*|wall=door,wall|c=[abc]|d=[~a-c]|a,b=a`,"
+        L"b|"
+        L"a*b=a`*b|=*|=|aXbXc=*X*c|mississippi=*ss*pi|[x=[x|a~b=a~b";
+    const wchar_t* const others =
+        L"door=Door|door=d?r|doors=door#|axb=a.b|door=~d*|wall=door,~wall|d=[a-c]|axb=a`*b|x=";
+    for (const wchar_t* const rows : {fitting, others}) {
+        for (const auto& row : test_support::rows_of(rows)) {
+            EXPECT_EQ(host::NamePattern(row[1]).matches(row[0]), rows == fitting) << row[0] << " " << row[1];
+            EXPECT_EQ(acutWcMatch(row[0].c_str(), row[1].c_str()) == 1, rows == fitting);
+        }
     }
     // Stays quick where backtracking over every star would not.
     EXPECT_FALSE(host::NamePattern(L"*a*a*a*a*a*a*a*a*a*b").matches(std::wstring(5000, L'a')));
@@ -131,7 +98,7 @@ TEST(Selection, MethodsFindWhatTheHostFinds) {
     EXPECT_EQ(select(nullptr, nullptr, inside), "nothing");
     EXPECT_EQ(host::EntitySelector(drawing.store()).at_point(AcGePoint3d(60, 0, 0), 5.5).size(), 1U);
 
-    drawing->setTilemode(false);
+    const OpenDrawing paper(mixed_drawing("0"));
     EXPECT_EQ(select(L"A"), "7 8");
     EXPECT_EQ(select(L"C", nullptr, low, high), "7 8");
 }
@@ -143,27 +110,27 @@ TEST(Selection, FiltersTakeTheListsOfTheHost) {
         const char* found;
     };
     const Case cases[] = {
-        {list(RTDXF0, L"INSERT"), "0 1 3 4 5 7"},
-        {list(RTDXF0, L"insert"), "0 1 3 4 5 7"},
-        {list(RTDXF0, L"LINE,CIRC*"), "2 6"},
-        {list(RTDXF0, L"~INSERT"), "2 6 8 9"},
-        {list(RTDXF0, L"INSERT", 2, L"door"), "0 3 4 5 7"},
-        {list(RTDXF0, L"INSERT", 2, L"*#"), "1"},
+        {list(0, L"INSERT"), "0 1 3 4 5 7"},
+        {list(0, L"insert"), "0 1 3 4 5 7"},
+        {list(0, L"LINE,CIRC*"), "2 6"},
+        {list(0, L"~INSERT"), "2 6 8 9"},
+        {list(0, L"INSERT", 2, L"door"), "0 3 4 5 7"},
+        {list(0, L"INSERT", 2, L"*#"), "1"},
         {list(8, L"ICE,dark"), "3 4"},
         {list(8, L"0"), "0 1 2 7 8 9"},
         {list(62, 1), "1 6"},
         {list(62, 256), "0 3 4 5 7 8 9"},
         {list(67, 1), "7 8"},
-        {list(67, 0, RTDXF0, L"TEXT"), "9"},
+        {list(67, 0, 0, L"TEXT"), "9"},
         {list(410, L"model"), "0 1 2 3 4 5 6 9"},
         {list(410, L"Layout*"), "7 8"},
         {list(1, L"NOTE*"), "8 9"},
         {list(40, 1.0), "8 9"},
         {list(-4, L">", 40, 1.0), "6"},
-        {list(-4, L"<OR", RTDXF0, L"LINE", 62, 1, -4, L"OR>"), "1 2 6"},
-        {list(-4, L"<or", -4, L"<and", RTDXF0, L"INSERT", 8, L"ice", -4, L"and>", RTDXF0, L"LINE", -4, L"or>"), "2 3"},
-        {list(-4, L"<NOT", RTDXF0, L"INSERT", -4, L"NOT>", 67, 0), "2 6 9"},
-        {list(-4, L"<XOR", RTDXF0, L"INSERT", 62, 1, -4, L"XOR>"), "0 3 4 5 6 7"},
+        {list(-4, L"<OR", 0, L"LINE", 62, 1, -4, L"OR>"), "1 2 6"},
+        {list(-4, L"<or", -4, L"<and", 0, L"INSERT", 8, L"ice", -4, L"and>", 0, L"LINE", -4, L"or>"), "2 3"},
+        {list(-4, L"<NOT", 0, L"INSERT", -4, L"NOT>", 67, 0), "2 6 9"},
+        {list(-4, L"<XOR", 0, L"INSERT", 62, 1, -4, L"XOR>"), "0 3 4 5 6 7"},
         {list(-4, L"&", 62, 4), "2"},
         {list(-4, L">=", 62, 5), "0 2 3 4 5 7 8 9"},
     };
@@ -182,7 +149,7 @@ TEST(Selection, FiltersTakeTheListsOfTheHost) {
 
 TEST(Selection, TheQuestionTakesTheUsersAnswers) {
     const OpenDrawing drawing(mixed_drawing());
-    const List inserts = list(RTDXF0, L"INSERT");
+    const List inserts = list(0, L"INSERT");
 
     const Question all = ask({L"ALL", L""}, inserts.get());
     EXPECT_EQ(all.selected, "0 1 4 5");
@@ -244,8 +211,7 @@ TEST(Selection, SetsAreKeptUntilTheyAreFreed) {
         ads_name entity;
         EXPECT_EQ(acedSSName(set, 2, entity), RTERROR);
         EXPECT_EQ(acedSSName(set, -1, entity), RTERROR);
-        ads_name freed;
-        ads_name_set(set, freed);
+        const ads_name freed = {set[0], set[1]};
         EXPECT_EQ(acedSSFree(set), RTNORM);
         EXPECT_EQ(acedSSFree(freed), RTERROR);
         EXPECT_EQ(members(freed), "no set");

@@ -23,31 +23,6 @@ std::string styled_drawing() {
            section("ENTITIES", groups("0 INSERT|5 50|330 30|8 walls|2 part|10 0|20 0")) + end_of_file();
 }
 
-template <class Table, class Record, class Iterator>
-Names walk(const OpenDrawing& drawing, bool forward, bool skip_erased = true) {
-    Table* table = nullptr;
-    EXPECT_EQ(drawing->getSymbolTable(table, AcDb::kForRead), Acad::eOk);
-    Iterator* made = nullptr;
-    EXPECT_EQ(table->newIterator(made, forward, skip_erased), Acad::eOk);
-    const std::unique_ptr<Iterator> iterator(made);
-    Names names;
-    for (; !iterator->done(); iterator->step(forward, skip_erased)) {
-        Record* record = nullptr;
-        EXPECT_EQ(iterator->getRecord(record, AcDb::kForRead, true), Acad::eOk);
-        names.push_back(name_of(*record));
-        EXPECT_EQ(record->ownerId(), table->objectId());
-        record->close();
-    }
-    AcDbObjectId id;
-    EXPECT_EQ(iterator->getRecordId(id), Acad::eInvalidIndex);
-    table->close();
-    return names;
-}
-
-constexpr auto layers = walk<AcDbLayerTable, AcDbLayerTableRecord, AcDbLayerTableIterator>;
-constexpr auto styles = walk<AcDbTextStyleTable, AcDbTextStyleTableRecord, AcDbTextStyleTableIterator>;
-constexpr auto blocks = walk<AcDbBlockTable, AcDbBlockTableRecord, AcDbBlockTableIterator>;
-
 AcDbObjectId by_handle(const OpenDrawing& drawing, const ACHAR* handle) {
     AcDbObjectId id;
     EXPECT_EQ(drawing->getAcDbObjectId(id, false, AcDbHandle(handle)), Acad::eOk);
@@ -99,19 +74,6 @@ TEST(DatabaseTables, ErasedRecordsAreSkippedUnlessAskedFor) {
     EXPECT_EQ(erase(drawing->layerTableId()), Acad::eCannotBeErasedByCaller);
 }
 
-TEST(DatabaseTables, RecordsTellWhatTheFileSays) {
-    const OpenDrawing drawing(styled_drawing());
-    const AcDbObjectPointer<AcDbLayerTableRecord> walls(drawing->clayer(), AcDb::kForRead);
-    EXPECT_EQ(name_of(*walls), L"walls");
-    EXPECT_TRUE(walls->isOff() && walls->isLocked() && !walls->isFrozen());
-    EXPECT_EQ(walls->colorIndex(), 30);
-
-    const AcDbObjectPointer<AcDbTextStyleTableRecord> notes(drawing->textstyle(), AcDb::kForRead);
-    ACHAR* file = nullptr;
-    notes->fileName(file);
-    EXPECT_EQ(take(file), L"romans.shx");
-}
-
 TEST(DatabaseTables, ABlockIsKnownByTheHandleOfItsRecord) {
     const OpenDrawing drawing(styled_drawing());
     EXPECT_EQ(by_handle(drawing, L"32"), drawing.block(L"PART"));
@@ -138,44 +100,4 @@ TEST(DatabaseTables, ABlockIsKnownByTheHandleOfItsRecord) {
     EXPECT_STREQ(text, L"123456789ABCDEF");
     EXPECT_EQ(AcDbHandle(L"123456789abcdef"), AcDbHandle(0x89ABCDEF, 0x1234567));
     EXPECT_TRUE(AcDbHandle(L"12G").isNull());
-}
-
-TEST(DatabaseTables, AddedLayersCanBeUsedAtOnce) {
-    const std::string before = styled_drawing();
-    const OpenDrawing drawing(before);
-    AcDbLayerTable* table = nullptr;
-    EXPECT_EQ(by_handle(drawing, L"50"), drawing.entity(0));
-    ASSERT_EQ(drawing->getSymbolTable(table, AcDb::kForRead), Acad::eOk);
-    auto layer = std::make_unique<AcDbLayerTableRecord>();
-    layer->setName(L"Added");
-    layer->setIsLocked(true);
-    EXPECT_EQ(layer->setColorIndex(0), Acad::eInvalidInput);
-    EXPECT_EQ(layer->setColorIndex(3), Acad::eOk);
-    EXPECT_EQ(table->add(layer.get()), Acad::eNotOpenForWrite);
-    EXPECT_EQ(table->close(), Acad::eOk);
-    ASSERT_EQ(drawing->getSymbolTable(table, AcDb::kForWrite), Acad::eOk);
-    AcDbObjectId id;
-    EXPECT_EQ(table->add(id, layer.get()), Acad::eOk);
-    EXPECT_EQ(layer.release()->close(), Acad::eOk);
-    auto twin = std::make_unique<AcDbLayerTableRecord>();
-    twin->setName(L"ADDED");
-    EXPECT_EQ(table->add(twin.get()), Acad::eDuplicateRecordName);
-    EXPECT_TRUE(table->has(id));
-    EXPECT_EQ(table->close(), Acad::eOk);
-    EXPECT_EQ(by_handle(drawing, L"100"), id);
-
-    const AcDbObjectPointer<AcDbLine> line(AcDbObjectId(), AcDb::kForRead);
-    EXPECT_EQ(line.openStatus(), Acad::eNullObjectId);
-    AcDbObjectPointer<AcDbBlockReference> reference(drawing.entity(0), AcDb::kForWrite);
-    EXPECT_EQ(reference->setLayer(L"missing"), Acad::eKeyNotFound);
-    EXPECT_EQ(reference->setLayer(L"Added"), Acad::eOk);
-    EXPECT_EQ(reference->setColorIndex(257), Acad::eInvalidInput);
-    EXPECT_EQ(reference->setColorIndex(0), Acad::eOk);
-    EXPECT_EQ(take(reference->layer()), L"Added");
-    EXPECT_EQ(reference.close(), Acad::eOk);
-    const std::string saved = plain(drawing.saved());
-    EXPECT_NE(saved.find(groups("0 LAYER|5 100|100 AcDbSymbolTableRecord|100 AcDbLayerTableRecord|2 Added|70 4|62 3|"
-                                "6 CONTINUOUS|0 ENDTAB")),
-              std::string::npos);
-    EXPECT_NE(saved.find(groups("0 INSERT|5 50|330 30|8 Added|62 0|2 part|10 0|20 0")), std::string::npos);
 }

@@ -9,9 +9,6 @@
 struct resbuf* acutNewRb(int type);
 /// Releases a whole list with its texts. RTNORM.
 int acutRelRb(struct resbuf* list);
-/// A list of pairs of a result type (or DXF group code) and a value, ended by RTNONE or 0; RTDXF0 stands for group code
-/// 0. Reals are doubles, points and names arrays, texts are copied. Null for a type without a known kind of value.
-struct resbuf* acutBuildList(int rtype, ...);
 
 /// Prints on the command line, formatted as by wprintf with the host's rules: %s is a wide text. RTNORM.
 int acutPrintf(const ACHAR* format, ...);

@@ -33,8 +33,6 @@ struct resbuf {
     union ads_u_val resval;
 };
 
-#define ads_point_set(from, to) ((to)[0] = (from)[0], (to)[1] = (from)[1], (to)[2] = (from)[2])
-#define ads_name_set(from, to) ((to)[0] = (from)[0], (to)[1] = (from)[1])
 #define ads_name_clear(name) ((name)[0] = (name)[1] = 0)
 
 enum { X = 0, Y = 1, Z = 2 };

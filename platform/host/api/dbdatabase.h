@@ -41,10 +41,6 @@ class AcDbDatabase {
     /// The block of the space that commands work in: that of model space, or of paper space while TILEMODE is 0.
     AcDbObjectId currentSpaceId() const;
     bool tilemode() const;
-    Acad::ErrorStatus setTilemode(bool modelSpace);
-    /// The current layer ($CLAYER) and text style ($TEXTSTYLE); layer "0" and style "Standard" where they are missing.
-    AcDbObjectId clayer() const;
-    AcDbObjectId textstyle() const;
 
     /// The drawing's file. Valid until the drawing is saved under another name.
     Acad::ErrorStatus getFilename(const ACHAR*& path) const;

@@ -13,12 +13,6 @@ class AcDbEntity : public AcDbObject {
 
     /// The layer's name in host memory, to be released with acutDelString.
     ACHAR* layer() const;
-    /// eKeyNotFound for an unknown layer.
-    Acad::ErrorStatus setLayer(const ACHAR* name);
-
-    /// 0 by block, 256 by layer, else the colour's number.
-    Adesk::UInt16 colorIndex() const;
-    Acad::ErrorStatus setColorIndex(Adesk::UInt16 color);
 
   protected:
     AcDbEntity() = default;
@@ -34,8 +28,8 @@ class AcDbEntity : public AcDbObject {
   private:
     friend class host::ObjectGate;
 
-    std::wstring layer_;  ///< empty: the current layer when the entity is added
-    Adesk::UInt16 color_ = 256;
+    std::wstring layer_;         ///< empty: the current layer when the entity is added
+    Adesk::UInt16 color_ = 256;  ///< 0 by block, 256 by layer, else the colour's number
     bool invisible_ = false;
     bool paper_space_ = false;
 };

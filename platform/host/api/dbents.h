@@ -40,26 +40,21 @@ class AcDbText : public AcDbEntity {
     Acad::ErrorStatus setPosition(const AcGePoint3d& point);
     /// The point that a justified text keeps to; without justification it has no meaning and cannot be set
     /// (eNotApplicable).
-    AcGePoint3d alignmentPoint() const;
     Acad::ErrorStatus setAlignmentPoint(const AcGePoint3d& point);
 
     double height() const;
     Acad::ErrorStatus setHeight(double height);
-    double widthFactor() const;
     Acad::ErrorStatus setWidthFactor(double factor);
     /// Radians.
     double rotation() const;
     Acad::ErrorStatus setRotation(double angle);
 
-    AcDb::TextHorzMode horizontalMode() const;
     Acad::ErrorStatus setHorizontalMode(AcDb::TextHorzMode mode);
 
     /// In host memory, to be released with acutDelString.
     ACHAR* textString() const;
     Acad::ErrorStatus setTextString(const ACHAR* text);
 
-    /// Null for a style that the drawing does not define.
-    AcDbObjectId textStyle() const;
     Acad::ErrorStatus setTextStyle(AcDbObjectId style);
 
   protected:
@@ -73,8 +68,6 @@ class AcDbText : public AcDbEntity {
 
   private:
     friend class AcDbAttribute;
-
-    AcDbObjectId style_id_;  ///< while the text is in no drawing
 };
 
 class AcDbAttributeDefinition : public AcDbText {

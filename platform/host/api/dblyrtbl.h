@@ -15,14 +15,6 @@ class AcDbLayerTableRecord : public AcDbSymbolTableRecord {
     AcDbLayerTableRecord();
 
     bool isFrozen() const;
-    Acad::ErrorStatus setIsFrozen(bool frozen);
-    bool isOff() const;
-    void setIsOff(bool off);
-    bool isLocked() const;
-    void setIsLocked(bool locked);
-    /// 1 to 255.
-    Adesk::UInt16 colorIndex() const;
-    Acad::ErrorStatus setColorIndex(Adesk::UInt16 color);
 
   protected:
     void read_fields(const dxf::RecordFields& from) override;

@@ -14,8 +14,6 @@ class AcDbTextStyleTableRecord : public AcDbSymbolTableRecord {
     ACRX_DECLARE_MEMBERS(AcDbTextStyleTableRecord);
     AcDbTextStyleTableRecord();
 
-    /// In host memory, to be released with acutDelString.
-    Acad::ErrorStatus fileName(ACHAR*& file) const;
     Acad::ErrorStatus setFileName(const ACHAR* file);
 
   protected:

@@ -82,7 +82,6 @@ Acad::ErrorStatus AcDbAttribute::setAttributeFromBlock(const AcDbAttributeDefini
         return status;
     }
     fields_->kind = dxf::TextKind::attribute;
-    style_id_ = source.style_id_;
     copy_properties(source);
     transform_text(blockTransform);
     return Acad::eOk;

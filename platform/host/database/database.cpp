@@ -92,21 +92,6 @@ bool AcDbDatabase::tilemode() const {
     return store_->tilemode();
 }
 
-Acad::ErrorStatus AcDbDatabase::setTilemode(bool modelSpace) {
-    store_->set_tilemode(modelSpace);
-    return Acad::eOk;
-}
-
-AcDbObjectId AcDbDatabase::clayer() const {
-    const AcDbObjectId current = store_->table_entry_named(host::TableKind::layers, store_->current_layer());
-    return current.isNull() ? store_->table_entry_named(host::TableKind::layers, L"0") : current;
-}
-
-AcDbObjectId AcDbDatabase::textstyle() const {
-    const AcDbObjectId current = store_->table_entry_named(host::TableKind::text_styles, store_->current_text_style());
-    return current.isNull() ? store_->table_entry_named(host::TableKind::text_styles, L"Standard") : current;
-}
-
 Acad::ErrorStatus AcDbDatabase::getFilename(const ACHAR*& path) const {
     path = store_->file_name().c_str();
     return Acad::eOk;

@@ -229,30 +229,15 @@ std::wstring DatabaseStore::entry_name(TableKind kind, AcDbObjectId id) const {
     return at.space == ObjectSpace::implied ? implied_names[at.number] : drawing_->view(at.number).text(2);
 }
 
-std::wstring DatabaseStore::header_text(std::string_view variable, int code, std::wstring_view fallback) const {
-    const dxf::RecordId record = drawing_->header_variable(variable);
-    std::wstring text = record == dxf::no_record ? std::wstring() : drawing_->view(record).text(code);
-    return text.empty() ? std::wstring(fallback) : text;
-}
-
 std::wstring DatabaseStore::current_layer() const {
-    return header_text("$CLAYER", 8, L"0");
-}
-
-std::wstring DatabaseStore::current_text_style() const {
-    return header_text("$TEXTSTYLE", 7, L"Standard");
+    const dxf::RecordId record = drawing_->header_variable("$CLAYER");
+    const std::wstring name = record == dxf::no_record ? std::wstring() : drawing_->view(record).text(8);
+    return name.empty() ? L"0" : name;
 }
 
 bool DatabaseStore::tilemode() const {
-    if (tilemode_override_ >= 0) {
-        return tilemode_override_ != 0;
-    }
     const dxf::RecordId variable = drawing_->header_variable("$TILEMODE");
     return variable == dxf::no_record || drawing_->view(variable).integer(70, 1) != 0;
-}
-
-void DatabaseStore::set_tilemode(bool model_space) {
-    tilemode_override_ = model_space ? 1 : 0;
 }
 
 BlockNumber DatabaseStore::current_space() const {

@@ -74,9 +74,7 @@ class DatabaseStore {
     // What is current.
     BlockNumber current_space() const;
     bool tilemode() const;
-    void set_tilemode(bool model_space);
     std::wstring current_layer() const;
-    std::wstring current_text_style() const;
 
     // Opening and closing.
     Acad::ErrorStatus open(AcDbObject*& object, AcDbObjectId id, const AcRxClass* wanted, AcDb::OpenMode mode,
@@ -114,7 +112,6 @@ class DatabaseStore {
     std::unique_ptr<AcDbObject> make_instance(ObjectAddress at, AcRxClass* type) const;
     AcRxClass* class_of_record(dxf::RecordId record) const;
     const dxf::Table* table(TableKind kind) const;
-    std::wstring header_text(std::string_view variable, int code, std::wstring_view fallback) const;
     void read_block_handles() const;
     void index_handles() const;
     /// Keeps the index of handles, once there is one, in step with an addition.
@@ -130,7 +127,6 @@ class DatabaseStore {
     OpenObjects open_;
     SelectionSets selections_;
     uint32_t serial_;
-    int tilemode_override_ = -1;
     mutable std::vector<AcRxClass*> class_of_type_;  ///< by dxf type; null: not asked for yet
     mutable std::vector<uint64_t> block_handles_;    ///< by BlockNumber; empty: not read yet
     mutable std::unordered_map<uint64_t, AcDbObjectId> by_handle_;

@@ -20,25 +20,6 @@ ACHAR* AcDbEntity::layer() const {
     return acad__strdup(loaded(layer_).c_str());
 }
 
-Acad::ErrorStatus AcDbEntity::setLayer(const ACHAR* name) {
-    const host::DatabaseStore* const owner = store();
-    if (name == nullptr || *name == 0) {
-        return Acad::eInvalidInput;
-    }
-    if (owner != nullptr && owner->table_entry_named(host::TableKind::layers, name).isNull()) {
-        return Acad::eKeyNotFound;
-    }
-    return change(layer_, name);
-}
-
-Adesk::UInt16 AcDbEntity::colorIndex() const {
-    return loaded(color_);
-}
-
-Acad::ErrorStatus AcDbEntity::setColorIndex(Adesk::UInt16 color) {
-    return color > by_layer ? Acad::eInvalidInput : change(color_, color);
-}
-
 void AcDbEntity::copy_properties(const AcDbEntity& other) {
     layer_ = other.layer_;
     color_ = other.color_;

@@ -4,7 +4,6 @@ set(host_database_sources
     block_catalogue.cpp
     block_reference.cpp
     block_table.cpp
-    build_list.cpp
     class_registry.cpp
     database.cpp
     database_handles.cpp

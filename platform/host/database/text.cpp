@@ -33,10 +33,6 @@ Acad::ErrorStatus AcDbText::setPosition(const AcGePoint3d& point) {
     return change(fields_->position, host::vector_of(point));
 }
 
-AcGePoint3d AcDbText::alignmentPoint() const {
-    return host::point_of(loaded(fields_->alignment));
-}
-
 Acad::ErrorStatus AcDbText::setAlignmentPoint(const AcGePoint3d& point) {
     return loaded(*fields_).justified() ? change(fields_->alignment, host::vector_of(point)) : Acad::eNotApplicable;
 }
@@ -47,10 +43,6 @@ double AcDbText::height() const {
 
 Acad::ErrorStatus AcDbText::setHeight(double height) {
     return height > 0 ? change(fields_->height, height) : Acad::eInvalidInput;
-}
-
-double AcDbText::widthFactor() const {
-    return loaded(fields_->width_factor);
 }
 
 Acad::ErrorStatus AcDbText::setWidthFactor(double factor) {
@@ -65,10 +57,6 @@ Acad::ErrorStatus AcDbText::setRotation(double angle) {
     return change(fields_->rotation, angle);
 }
 
-AcDb::TextHorzMode AcDbText::horizontalMode() const {
-    return static_cast<AcDb::TextHorzMode>(loaded(fields_->horizontal));
-}
-
 Acad::ErrorStatus AcDbText::setHorizontalMode(AcDb::TextHorzMode mode) {
     return change(fields_->horizontal, mode);
 }
@@ -81,11 +69,6 @@ Acad::ErrorStatus AcDbText::setTextString(const ACHAR* text) {
     return text == nullptr ? Acad::eInvalidInput : change(fields_->value, text);
 }
 
-AcDbObjectId AcDbText::textStyle() const {
-    const std::wstring& name = loaded(fields_->style);
-    return store() == nullptr ? style_id_ : store()->table_entry_named(host::TableKind::text_styles, name);
-}
-
 Acad::ErrorStatus AcDbText::setTextStyle(AcDbObjectId style) {
     if (style.isNull()) {
         return Acad::eNullObjectId;
@@ -96,7 +79,6 @@ Acad::ErrorStatus AcDbText::setTextStyle(AcDbObjectId style) {
     if (name.empty()) {
         return Acad::eWrongObjectType;
     }
-    style_id_ = style;
     return change(fields_->style, name);
 }
 

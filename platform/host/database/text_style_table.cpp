@@ -1,6 +1,5 @@
 #include "dbtxttbl.h"
 
-#include "acutmem.h"
 #include "platform/host/database/database_store.h"
 #include "platform/host/dxf/entities.h"
 
@@ -10,11 +9,6 @@ ACRX_DXF_DEFINE_MEMBERS(AcDbTextStyleTableRecord, AcDbSymbolTableRecord, 0, 0, 0
 AcDbTextStyleTable::AcDbTextStyleTable() : AcDbTypedSymbolTable(host::TableKind::text_styles) {}
 
 AcDbTextStyleTableRecord::AcDbTextStyleTableRecord() : fields_(std::make_shared<dxf::TextStyle>()) {}
-
-Acad::ErrorStatus AcDbTextStyleTableRecord::fileName(ACHAR*& file) const {
-    file = acad__strdup(loaded(fields_->font_file).c_str());
-    return Acad::eOk;
-}
 
 Acad::ErrorStatus AcDbTextStyleTableRecord::setFileName(const ACHAR* file) {
     return file == nullptr ? Acad::eInvalidInput : change(fields_->font_file, file);
