@@ -2,31 +2,17 @@
 #pragma once
 
 #include <memory>
-#include <sstream>
 #include <string>
 
 #include "base/code_page.h"
 #include "platform/host/dxf/drawing.h"
+#include "tests/support/drawing_groups.h"
 #include "tests/support/temporary_folder.h"
 
 namespace dxf_test {
 
 using test_support::contents;
 using test_support::TemporaryFolder;
-
-/// "0 SECTION 2 HEADER …" in lines: groups are parted by commas, code and value by the first blank.
-inline std::string lines(const std::string& groups, const std::string& line_end = "\n") {
-    std::istringstream in(groups);
-    std::string group;
-    std::string out;
-    while (std::getline(in, group, ',')) {
-        const size_t first = group.find_first_not_of(" \n");
-        const size_t blank = group.find(' ', first);
-        const bool has_value = blank != std::string::npos;
-        out += group.substr(first, blank - first) + line_end + (has_value ? group.substr(blank + 1) : "") + line_end;
-    }
-    return out;
-}
 
 inline std::unique_ptr<dxf::Drawing> read(const std::string& bytes) {
     auto opened = dxf::Drawing::from_bytes(bytes, "memory.dxf");

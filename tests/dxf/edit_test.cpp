@@ -5,6 +5,7 @@
 
 #include "drawing_text.h"
 #include "platform/host/dxf/edit_list.h"
+#include "tests/support/rows.h"
 
 namespace {
 
@@ -94,7 +95,7 @@ class DrawingEdit : public testing::TestWithParam<Kind> {
     dxf_test::TemporaryFolder folder_{std::string("corvanes_dxf_edit_") + GetParam().name};
 };
 
-TEST_P(DrawingEdit, AddsRecordsThatReadBackAsTheyWereSeen) {
+TEST_P(DrawingEdit, AddsRecordsThatReadBackAndChangesNothingElse) {
     ASSERT_TRUE(drawing_);
     EXPECT_FALSE(drawing_->edited());
     add_things(*drawing_);
@@ -105,23 +106,18 @@ TEST_P(DrawingEdit, AddsRecordsThatReadBackAsTheyWereSeen) {
     ASSERT_TRUE(again) << again.reason().message();
     EXPECT_EQ(drawing_text(**again), seen);
     EXPECT_EQ((*again)->view((*again)->table("STYLE")->head).integer(70), 2);
-    const auto seed = (*again)->view((*again)->header_variable("$HANDSEED")).handle(5);
-    EXPECT_EQ(seed, 0x40 + 11U + (GetParam().version[2] == L'1' && (*again)->version() > "AC1012" ? 1 : 0));
-}
-
-TEST_P(DrawingEdit, ChangesNothingElse) {
-    add_things(*drawing_);
-    ASSERT_TRUE(drawing_->save(folder_ / "new.dxf"));
-    const std::string saved = contents(folder_ / "new.dxf");
-    const auto again = dxf_test::read(saved);
+    const auto seed = (*again)->view((*again)->header_variable("$HANDSEED"));
+    EXPECT_EQ(seed.handle(5),
+              0x40 + 11U + (GetParam().version[2] == L'1' && (*again)->version() > "AC1012" ? 1 : 0));
     // The original's bytes must all be found in the new file in their order, but for the two values that follow.
     std::string expected = original_;
     const auto table = [this](int64_t count) {
         return dxf::RecordWriter(drawing_->manner()).text(2, L"STYLE").integer(70, count).take();
     };
-    expected.replace(expected.find("0040"), 4, again->view(again->header_variable("$HANDSEED")).group(5)->value);
+    expected.replace(expected.find("0040"), 4, seed.group(5)->value);
     expected.replace(expected.find(table(1)), table(1).size(), table(2));
     size_t matched = 0;
+    const std::string saved = contents(folder_ / "new.dxf");
     for (const char byte : saved) {
         matched += matched < expected.size() && expected[matched] == byte ? 1 : 0;
     }
@@ -225,40 +221,31 @@ INSTANTIATE_TEST_SUITE_P(
 
 /// Whatever $HANDSEED says, and however high the drawing's handles are (one of them is an attribute's).
 TEST(DrawingEditAtEdges, GivesHandlesThatNobodyHas) {
-    const struct {
-        const char* seed;
-        const char* others;
-        uint64_t first;
-        uint64_t next_seed;
-    } cases[] = {
-        {"100", "20", 0x100, 0x103},
-        {"1", "20", 0x51, 0x54},
-        {"", "20", 0x51, 0x54},
-        {"00000000000000000100", "20", 0x51, 0x54},
-        {"234567890ABCDEF0", "20", 0x234567890ABCDEF0, 0x234567890ABCDEF3},
-        {"FFFFFFFFFFFFFFFF", "20", 0x51, 0x54},
-        {"FFFFFFFFFFFFFFFE", "4000000000000000", 0x51, 0x4000000000000001},
-        {"4000000000000001", "4000000000000001", 0x51, 0x4000000000000002},
-        {"60", "FFFFFFFFFFFFFFFF", 0x60, 0x63},
-        {"60", "3FFFFFFFFFFFFFFF", 0x4000000000000000, 0x4000000000000003},
-        {"60", "3FFFFFFFFFFFFFFF, 0 POINT, 5 A000000000000000", 0x4000000000000000, 0xA000000000000001},
-        {"60",
-         "3FFFFFFFFFFFFFFF, 0 POINT, 5 7FFFFFFFFFFFFFFF, 0 POINT, 5 BFFFFFFFFFFFFFFF, 0 POINT, 5 FFFFFFFFFFFFFFF0",
-         0x4000000000000000, 0xFFFFFFFFFFFFFFF1},
-    };
+    // $HANDSEED, the handles of points, the first new handle, and $HANDSEED behind three.
+    const auto rows = test_support::rows_of(
+        "100=20=100=103|1=20=51=54|=20=51=54|00000000000000000100=20=51=54|"
+        "234567890ABCDEF0=20=234567890ABCDEF0=234567890ABCDEF3|FFFFFFFFFFFFFFFF=20=51=54|"
+        "FFFFFFFFFFFFFFFE=4000000000000000=51=4000000000000001|4000000000000001=4000000000000001=51=4000000000000002|"
+        "60=FFFFFFFFFFFFFFFF=60=63|60=3FFFFFFFFFFFFFFF=4000000000000000=4000000000000003|"
+        "60=3FFFFFFFFFFFFFFF A000000000000000=4000000000000000=A000000000000001|"
+        "60=3FFFFFFFFFFFFFFF 7FFFFFFFFFFFFFFF BFFFFFFFFFFFFFFF FFFFFFFFFFFFFFF0=4000000000000000=FFFFFFFFFFFFFFF1");
     const dxf_test::TemporaryFolder folder("corvanes_dxf_handles");
-    for (const auto& item : cases) {
-        const auto drawing = dxf_test::read(dxf_test::lines(
-            std::string("0 SECTION, 2 HEADER, 9 $ACADVER, 1 AC1015, 9 $HANDSEED, 5 ") + item.seed +
-            ", 0 ENDSEC, 0 SECTION, 2 ENTITIES, 0 INSERT, 5 10, 66 1, 0 ATTRIB, 5 50, 0 SEQEND, 0 POINT, 5 " +
-            item.others + ", 0 ENDSEC, 0 EOF"));
+    for (const auto& row : rows) {
+        std::string points;
+        for (const std::string& handle : test_support::split<char>(row[1], ' ')) {
+            points += "|0 POINT|5 " + handle;
+        }
+        const auto drawing = dxf_test::read(groups(
+            "0 SECTION|2 HEADER|9 $ACADVER|1 AC1015|9 $HANDSEED|5 " + row[0] +
+            "|0 ENDSEC|0 SECTION|2 ENTITIES|0 INSERT|5 10|66 1|0 ATTRIB|5 50|0 SEQEND" + points + "|0 ENDSEC|0 EOF"));
         ASSERT_TRUE(drawing);
         for (uint64_t i = 0; i < 3; ++i) {
-            EXPECT_EQ(drawing->allocate_handle(), item.first + i) << item.seed << " " << item.others;
+            EXPECT_EQ(drawing->allocate_handle(), std::stoull(row[2], nullptr, 16) + i) << row[0] << " " << row[1];
         }
         ASSERT_TRUE(drawing->save(folder / "new.dxf"));
         const auto again = dxf_test::read(contents(folder / "new.dxf"));
-        EXPECT_EQ(again->view(again->header_variable("$HANDSEED")).handle(5), item.next_seed) << item.seed;
+        EXPECT_EQ(again->view(again->header_variable("$HANDSEED")).handle(5), std::stoull(row[3], nullptr, 16))
+            << row[0];
     }
 }
 

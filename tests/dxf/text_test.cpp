@@ -6,6 +6,7 @@
 #include "platform/host/dxf/record_fields.h"
 #include "platform/host/dxf/record_writer.h"
 #include "platform/host/dxf/text_codec.h"
+#include "tests/support/rows.h"
 
 namespace {
 
@@ -14,16 +15,11 @@ using dxf::TextCodec;
 using namespace std::string_literals;
 
 TEST(TextCodec, ChoosesTheCodePage) {
-    const struct {
-        const char* version;
-        const char* name;
-        unsigned code_page;
-    } cases[] = {{"AC1009", "ANSI_1255", 1255}, {"AC1015", "ansi_1252", 1252},  {"AC1009", "dos850", 850},
-                 {"AC1015", "", 1252},          {"AC1015", "ANSI_99999", 1252}, {"AC1021", "ANSI_949", 65001},
-                 {"AC1032", "", 65001},         {"", "ANSI_1255", 1255},        {"AC1018", "ANSI_936", 936},
-                 {"AC1009", "UTF-8", 65001},    {"AC1009", "undefined", 1252}};
-    for (const auto& item : cases) {
-        EXPECT_EQ(TextCodec::for_drawing(item.version, item.name).code_page(), item.code_page) << item.name;
+    for (const auto& row : test_support::rows_of(
+             "AC1009=ANSI_1255=1255|AC1015=ansi_1252=1252|AC1009=dos850=850|AC1015==1252|AC1015=ANSI_99999=1252|"
+             "AC1021=ANSI_949=65001|AC1032==65001|=ANSI_1255=1255|AC1018=ANSI_936=936|AC1009=UTF-8=65001|"
+             "AC1009=undefined=1252")) {
+        EXPECT_EQ(std::to_string(TextCodec::for_drawing(row[0], row[1]).code_page()), row[2]) << row[1];
     }
 }
 
@@ -110,22 +106,14 @@ TEST(RecordWriter, WritesInTheDrawingsManner) {
 
 TEST(RecordWriter, WritesRealsThatReadBackTheSame) {
     const dxf::Manner manner;
-    const struct {
-        double value;
-        const char* text;
-    } cases[] = {{0, "0.0"},
-                 {-1, "-1.0"},
-                 {0.1, "0.1"},
-                 {1.0 / 3, "0.3333333333333333"},
-                 {1e20, "1.0E+20"},
-                 {2.5e-9, "2.5E-09"},
-                 {123456.75, "123456.75"}};
-    for (const auto& item : cases) {
-        const std::string text = dxf::encode_value(40, item.value, manner);
-        EXPECT_EQ(text, item.text);
+    for (const auto& row : test_support::rows_of("0=0.0|-1=-1.0|0.1=0.1|0.33333333333333331=0.3333333333333333|"
+                                                 "1e20=1.0E+20|2.5e-9=2.5E-09|123456.75=123456.75")) {
+        const double value = std::stod(row[0]);
+        const std::string text = dxf::encode_value(40, value, manner);
+        EXPECT_EQ(text, row[1]);
         dxf::Group group;
         group.value = text;
-        EXPECT_EQ(group.real(), item.value);
+        EXPECT_EQ(group.real(), value);
     }
     EXPECT_EQ(dxf::encode_value(70, std::wstring(L"7"), manner), "7");
     EXPECT_EQ(dxf::encode_value(40, int64_t{7}, manner), "7.0");
