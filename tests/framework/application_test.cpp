@@ -2,22 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include "afxmenu_.h"
 #include "test_windows.h"
 
 namespace {
-
-TEST(Application, EndsWithItsMainWindow) {
-    EXPECT_EQ(AfxGetMainWnd(), nullptr);
-    CWinApp app(L"Test App");
-    OwnerWindow main;
-    app.m_pMainWnd = &main;
-    EXPECT_EQ(AfxGetApp(), &app);
-    EXPECT_EQ(AfxGetMainWnd(), &main);
-    main.DestroyWindow();
-    EXPECT_EQ(AfxGetMainWnd(), nullptr);
-    MSG message;
-    EXPECT_TRUE(::PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
-}
 
 class Accelerated : public CWnd {
   public:
@@ -45,14 +33,19 @@ TEST(Application, OffersKeysToTheParentsBeforeTheWindow) {
     EXPECT_EQ(ExceptionReports::texts(), (std::vector<std::wstring>{L"F9"}));
 }
 
-TEST(Application, RegistersAWindowClassOnce) {
-    const HCURSOR arrow = ::LoadCursorW(nullptr, reinterpret_cast<LPCWSTR>(IDC_ARROW));
-    const LPCWSTR name = AfxRegisterWndClass(CS_DBLCLKS, arrow);
-    EXPECT_EQ(AfxRegisterWndClass(CS_DBLCLKS, arrow), name);
-    EXPECT_STRNE(AfxRegisterWndClass(CS_DBLCLKS), name);
-    WNDCLASSW description{};
-    ASSERT_TRUE(::GetClassInfoW(AfxGetInstanceHandle(), name, &description));
-    EXPECT_EQ(description.hCursor, arrow);
+TEST(Menu, BelongsToItsObject) {
+    HMENU handle = nullptr;
+    {
+        CMenu menu;
+        ASSERT_TRUE(menu.CreatePopupMenu());
+        CMenu sub;
+        sub.CreatePopupMenu();
+        sub.AppendMenu(MF_STRING, 5, L"&Five");
+        menu.AppendMenu(MF_POPUP, reinterpret_cast<UINT_PTR>(sub.Detach()), L"Sub");
+        EXPECT_EQ(::GetMenuItemID(::GetSubMenu(menu, 0), 0), 5u);
+        handle = menu;
+    }
+    EXPECT_FALSE(::IsMenu(handle));
 }
 
 }  // namespace

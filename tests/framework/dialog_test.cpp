@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "afxdd_.h"
 #include "test_resources.h"
 #include "test_windows.h"
 
@@ -20,15 +21,8 @@ class TestDialog : public CDialog {
         }
         return TRUE;
     }
-    void OnSetFont(CFont* font) override {
-        if (on_font) {
-            on_font(*font);
-        }
-        CDialog::OnSetFont(font);
-    }
 
     std::function<void()> on_start, on_press;
-    std::function<void(CFont&)> on_font;
 
   private:
     void OnPress() {
@@ -61,6 +55,9 @@ TEST(Dialog, RunsOverItsDisabledOwner) {
     dialog.on_press = [&] { dialog.EndDialog(7); };
     owner.on_idle = [&](CWnd& running) {
         log.push_back(&running == &dialog && running.IsWindowVisible() ? "idle, visible" : "idle, not visible");
+        CDataExchange exchange(&running, TRUE);
+        CStatic missing;
+        EXPECT_THROW(DDX_Control(&exchange, 9999, missing), std::logic_error);
         press(running, IDC_PRESS);
         log.push_back("pressed");
     };
@@ -119,44 +116,6 @@ TEST(Dialog, ReturnPressesTheButtonThatHasTheFocus) {
     EXPECT_EQ(dialog.DoModal(), 7);
 }
 
-TEST(Dialog, Nests) {
-    OwnerWindow owner;
-    TestDialog outer(&owner), inner(&outer);
-    INT_PTR inner_result = 0;
-    bool outer_disabled = false, owner_stays_disabled = false;
-    inner.on_start = [&] {
-        outer_disabled = !outer.IsWindowEnabled();
-        inner.PostMessage(WM_COMMAND, IDOK);
-    };
-    outer.on_press = [&] {
-        inner_result = inner.DoModal();
-        owner_stays_disabled = !owner.IsWindowEnabled() && outer.IsWindowEnabled();
-        outer.EndDialog(static_cast<int>(inner_result) + 40);
-    };
-    owner.on_idle = [&](CWnd& running) { press(running, IDC_PRESS); };
-    EXPECT_EQ(outer.DoModal(), 41);
-    EXPECT_EQ(inner_result, IDOK);
-    EXPECT_TRUE(outer_disabled && owner_stays_disabled && owner.IsWindowEnabled());
-}
-
-TEST(Dialog, TakesAForeignWindowsChildAsItsParent) {
-    const HWND top =
-        ::CreateWindowExW(0, L"STATIC", L"", WS_OVERLAPPEDWINDOW, 0, 0, 90, 90, nullptr, nullptr, nullptr, nullptr);
-    const HWND child = ::CreateWindowExW(0, L"STATIC", L"", WS_CHILD, 0, 0, 9, 9, top, nullptr, nullptr, nullptr);
-    TestDialog dialog(CWnd::FromHandle(child));
-    HWND owner = nullptr;
-    dialog.on_start = [&] {
-        owner = ::GetWindow(dialog.m_hWnd, GW_OWNER);
-        EXPECT_FALSE(::IsWindowEnabled(top));
-        dialog.PostMessage(WM_COMMAND, IDOK);
-    };
-    EXPECT_EQ(dialog.DoModal(), IDOK);
-    EXPECT_EQ(owner, top);
-    EXPECT_TRUE(::IsWindowEnabled(top));
-    EXPECT_EQ(CWnd::FromHandlePermanent(top), nullptr);
-    EXPECT_TRUE(::DestroyWindow(top));
-}
-
 TEST(Dialog, GivesMinusOneWhenItCannotRun) {
     OwnerWindow owner;
     EXPECT_EQ(TestDialog(&owner, 9999).DoModal(), -1);
@@ -177,53 +136,6 @@ TEST(Dialog, GivesMinusOneWhenItCannotRun) {
     ASSERT_TRUE(::PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));  // left for the loop below
     EXPECT_EQ(message.wParam, 5u);
     EXPECT_TRUE(owner.IsWindowEnabled());
-}
-
-TEST(Dialog, ThrowingHandlersLeaveItOpen) {
-    const ExceptionReports reports;
-    OwnerWindow owner;
-    TestDialog dialog(&owner);
-    dialog.on_press = [] { throw std::runtime_error("pressed"); };
-    owner.on_idle = [&](CWnd& running) {
-        press(running, IDC_PRESS);
-        running.PostMessage(WM_COMMAND, IDOK);
-    };
-    EXPECT_EQ(dialog.DoModal(), IDOK);
-    EXPECT_EQ(ExceptionReports::texts(), (std::vector<std::wstring>{L"pressed"}));
-}
-
-TEST(Dialog, OffersItsFontToBeReplaced) {
-    OwnerWindow owner;
-    TestDialog dialog(&owner);
-    std::vector<std::wstring> faces;
-    dialog.on_font = [&](CFont& font) {
-        LOGFONTW description{};
-        font.GetLogFont(&description);
-        faces.push_back(description.lfFaceName);
-        lstrcpynW(description.lfFaceName, L"Courier", LF_FACESIZE);
-        CFont courier;
-        ASSERT_TRUE(courier.CreateFontIndirect(&description));
-        ASSERT_TRUE(font.Attach(courier.Detach()));
-        font.GetLogFont(&description);
-        faces.push_back(description.lfFaceName);
-    };
-    owner.on_idle = [&](CWnd& running) {
-        LOGFONTW description{};
-        running.GetFont()->GetLogFont(&description);
-        faces.push_back(description.lfFaceName);
-        running.PostMessage(WM_COMMAND, IDOK);
-    };
-    EXPECT_EQ(dialog.DoModal(), IDOK);
-    EXPECT_EQ(faces, (std::vector<std::wstring>{L"MS Sans Serif", L"Courier", L"MS Sans Serif"}));
-}
-
-TEST(Dialog, StandsBesideItsOwner) {
-    OwnerWindow owner;
-    CDialog modeless;
-    ASSERT_TRUE(modeless.Create(IDD_FIELDS, &owner));
-    EXPECT_TRUE(owner.IsWindowEnabled());
-    modeless.GotoDlgCtrl(modeless.GetDlgItem(IDC_NAME));
-    EXPECT_EQ(CWnd::GetFocus()->GetDlgCtrlID(), IDC_NAME);
 }
 
 }  // namespace

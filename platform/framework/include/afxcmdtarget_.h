@@ -5,8 +5,7 @@
 
 class CCmdTarget;
 
-/// A message on its way to a handler. For a command, wParam is the control's identifier and lParam the notification's
-/// data.
+/// A message on its way to a handler. For a command, wParam is the control's identifier.
 struct AFX_MESSAGE {
     UINT message;
     WPARAM wParam;
@@ -31,11 +30,6 @@ struct AFX_MSGMAP {
 };
 
 #define CN_COMMAND 0
-
-struct AFX_NOTIFY {
-    LRESULT* pResult;
-    NMHDR* pNMHDR;
-};
 
 #define DECLARE_MESSAGE_MAP()                     \
   protected:                                      \
@@ -64,8 +58,7 @@ class AFX_PUBLIC CCmdTarget : public CObject {
     CCmdTarget() = default;
     ~CCmdTarget() override;
 
-    /// Routes a command (code 0, as a button's click) or a control's notification; `extra` is the AFX_NOTIFY of a
-    /// WM_NOTIFY, whose code is then MAKELONG(code, WM_NOTIFY). TRUE when a handler took it.
+    /// Routes a command (code 0, as a button's click) or a control's notification. TRUE when a handler took it.
     virtual BOOL OnCmdMsg(UINT id, int code, void* extra, void* handler_info);
 
   protected:

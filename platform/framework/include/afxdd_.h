@@ -19,4 +19,3 @@ class AFX_PUBLIC CDataExchange {
 AFX_PUBLIC void DDX_Control(CDataExchange* exchange, int id, CWnd& control);
 /// BST_UNCHECKED, BST_CHECKED or BST_INDETERMINATE.
 AFX_PUBLIC void DDX_Check(CDataExchange* exchange, int id, int& value);
-AFX_PUBLIC void DDX_Text(CDataExchange* exchange, int id, CString& value);

@@ -65,9 +65,6 @@ inline std::tuple<> no_arguments(const AFX_MESSAGE&) {
 inline std::tuple<WPARAM, LPARAM> raw_arguments(const AFX_MESSAGE& m) {
     return {m.wParam, m.lParam};
 }
-inline std::tuple<NMHDR*, LRESULT*> notify_arguments(AFX_MESSAGE& m) {
-    return {reinterpret_cast<NMHDR*>(m.lParam), &m.result};
-}
 inline std::tuple<UINT, int, int> size_arguments(const AFX_MESSAGE& m) {
     return {static_cast<UINT>(m.wParam), LOWORD(m.lParam), HIWORD(m.lParam)};
 }
@@ -131,13 +128,10 @@ inline std::tuple<CREATESTRUCTW*> creation_argument(const AFX_MESSAGE& m) {
     AFX_ENTRY(WM_COMMAND, CN_COMMAND, id, id, framework::Signature<void()>, no_arguments, handler)
 #define ON_CONTROL(code, id, handler) \
     AFX_ENTRY(WM_COMMAND, code, id, id, framework::Signature<void()>, no_arguments, handler)
-#define ON_NOTIFY(code, id, handler) \
-    AFX_ENTRY(WM_NOTIFY, code, id, id, framework::Signature<void(NMHDR*, LRESULT*)>, notify_arguments, handler)
 #define ON_MESSAGE(message, handler) \
     AFX_ENTRY(message, 0, 0, 0, framework::Signature<LRESULT(WPARAM, LPARAM)>, raw_arguments, handler)
 
 #define ON_BN_CLICKED(id, handler) ON_CONTROL(BN_CLICKED, id, handler)
-#define ON_EN_CHANGE(id, handler) ON_CONTROL(EN_CHANGE, id, handler)
 
 #define ON_WM_CREATE() AFX_WINDOW_ENTRY(WM_CREATE, int, (CREATESTRUCTW*), creation_argument, OnCreate)
 #define ON_WM_DESTROY() AFX_WINDOW_ENTRY(WM_DESTROY, void, (), no_arguments, OnDestroy)

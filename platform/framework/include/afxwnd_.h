@@ -133,7 +133,6 @@ class AFX_PUBLIC CWnd : public CCmdTarget {
     /// The default handling of the message that is being handled.
     LRESULT Default();
     virtual BOOL OnCommand(WPARAM wParam, LPARAM lParam);
-    virtual BOOL OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* result);
     virtual void DoDataExchange(CDataExchange*) {}
     /// The last call for a window; here an object may delete itself.
     virtual void PostNcDestroy() {}

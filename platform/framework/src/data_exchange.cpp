@@ -3,18 +3,6 @@
 #include <stdexcept>
 #include <string>
 
-namespace {
-
-CString text_of(HWND control) {
-    CString text;
-    const int length = ::GetWindowTextLengthW(control);
-    ::GetWindowTextW(control, text.GetBuffer(length + 1), length + 1);
-    text.ReleaseBuffer();
-    return text;
-}
-
-}  // namespace
-
 HWND CDataExchange::PrepareCtrl(int id) {
     const HWND control = ::GetDlgItem(m_pDlgWnd->m_hWnd, id);
     if (!control) {
@@ -38,14 +26,5 @@ void DDX_Check(CDataExchange* exchange, int id, int& value) {
         value = static_cast<int>(::SendMessageW(control, BM_GETCHECK, 0, 0));
     } else {
         ::SendMessageW(control, BM_SETCHECK, static_cast<WPARAM>(value), 0);
-    }
-}
-
-void DDX_Text(CDataExchange* exchange, int id, CString& value) {
-    const HWND control = exchange->PrepareCtrl(id);
-    if (exchange->m_bSaveAndValidate) {
-        value = text_of(control);
-    } else if (text_of(control) != value) {
-        ::SetWindowTextW(control, value);
     }
 }

@@ -24,9 +24,6 @@ BOOL CWnd::OnWndMsg(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* result)
         *result = taken;
         return taken;
     }
-    if (message == WM_NOTIFY) {
-        return OnNotify(wParam, lParam, result);
-    }
 
     const bool asks_color = message >= WM_CTLCOLORMSGBOX && message <= WM_CTLCOLORSTATIC;
     const AFX_MSGMAP_ENTRY* entry = FindMessageEntry(GetMessageMap(), asks_color ? WM_CTLCOLOR : message, 0, 0);
@@ -65,19 +62,6 @@ BOOL CWnd::OnCommand(WPARAM wParam, LPARAM lParam) {
         return TRUE;
     }
     return OnCmdMsg(id, from_control ? HIWORD(wParam) : CN_COMMAND, nullptr, nullptr);
-}
-
-BOOL CWnd::OnNotify(WPARAM, LPARAM lParam, LRESULT* result) {
-    auto* const header = reinterpret_cast<NMHDR*>(lParam);
-    if (!header || !header->hwndFrom) {
-        return FALSE;
-    }
-    if (thread_state().exchanging == m_hWnd) {
-        return TRUE;
-    }
-    AFX_NOTIFY notify{result, header};
-    const int code = static_cast<int>(MAKELONG(header->code, WM_NOTIFY));
-    return OnCmdMsg(static_cast<UINT>(::GetDlgCtrlID(header->hwndFrom)), code, &notify, nullptr);
 }
 
 BOOL CWnd::UpdateData(BOOL save) {
