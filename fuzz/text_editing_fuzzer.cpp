@@ -29,8 +29,6 @@ class PlainUndo {
         cursor_ = cursor_ <= 0 ? last_ + 1 : cursor_;
         return cursor_ > 0 ? slots_[static_cast<size_t>(--cursor_)] : initial;
     }
-    /// Whether the next walk begins at the text that was saved last.
-    bool at_begin() const { return cursor_ <= 0; }
 
   private:
     std::array<std::wstring, 10> slots_;
@@ -45,10 +43,8 @@ class EditedText {
     void apply(unsigned operation, unsigned argument, unsigned more);
     void check() const;
     void check_walks();
-    void check_undo_of_an_insertion();
 
   private:
-    TextRange whole() const { return {0, text_.size()}; }
     size_t position(unsigned argument, unsigned more) const { return (argument * 256 + more) % (text_.size() + 1); }
     static std::wstring some_text(unsigned argument, unsigned more);
     void insert(const std::wstring& text, TextRange range);
@@ -203,19 +199,6 @@ void EditedText::check_walks() {
     require(reached.size() == places, "and one way or the other it reaches every place of the typed text");
 }
 
-void EditedText::check_undo_of_an_insertion() {
-    const std::wstring before = text_;
-    const bool at_begin = undo_.at_begin();
-    if (before.empty() || before.size() == TextEditing::max_length) {
-        return;
-    }
-    insert(L"x", editing_.selection().empty() ? editing_.selection() : whole());
-    if (at_begin) {
-        editing_.undo();
-        require(editing_.model().logical() == before, "undoing takes the last insertion back");
-    }
-}
-
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
@@ -226,6 +209,5 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
         text.check();
     }
     text.check_walks();
-    text.check_undo_of_an_insertion();
     return 0;
 }

@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include <array>
 #include <numeric>
 
 #include "bidi/code_page_1255_types.h"
@@ -10,6 +11,7 @@
 #include "base/code_page.h"
 #include "tests/bidi/all_types.h"
 #include "tests/bidi/capital_hebrew.h"
+#include "tests/support/rows.h"
 
 namespace corvanes {
 namespace {
@@ -17,61 +19,40 @@ namespace {
 using Map = std::vector<std::uint32_t>;
 using Entry = decltype(&LogicalToVisual);
 
-std::wstring reordered(const std::wstring& text, bool left_to_right, Map* map = nullptr,
-                       Entry entry = LogicalToVisual) {
+std::wstring shown(std::wstring_view text, bool left_to_right, Entry entry = LogicalToVisual) {
+    const std::wstring logical = hebrew(text);
     std::wstring visual(text.size() + 1, L'?');
-    if (map != nullptr) {
-        map->assign(text.size() + 1, 99);
-    }
-    const int direction = left_to_right ? 1 : 0;
-    EXPECT_EQ(entry(text.data(), text.size(), visual.data(), map != nullptr ? map->data() : nullptr, direction), 1);
+    EXPECT_EQ(entry(logical.data(), logical.size(), visual.data(), nullptr, left_to_right ? 1 : 0), 1);
     EXPECT_EQ(visual.back(), L'\0');
     visual.pop_back();
-    return visual;
+    return capitals(visual);
 }
 
-std::wstring shown(std::wstring_view text, bool left_to_right, Entry entry = LogicalToVisual) {
-    return capitals(reordered(hebrew(text), left_to_right, nullptr, entry));
-}
+/// A line as typed and as painted, with the levels by typed index from which the painted one follows by hand.
+using Examples = std::vector<std::array<const wchar_t*, 3>>;
 
-struct Example {
-    const wchar_t* logical;
-    const wchar_t* visual;
-    /// The levels, by logical index, from which the visual line follows by hand.
-    const char* levels;
-};
-
-void check(const std::vector<Example>& examples, bool left_to_right) {
-    for (const Example& example : examples) {
-        EXPECT_EQ(shown(example.logical, left_to_right), example.visual)
-            << "line " << capitals(example.logical).c_str() << ", levels " << example.levels;
+void check(const Examples& examples, bool left_to_right) {
+    for (const auto& [logical, visual, levels] : examples) {
+        EXPECT_EQ(shown(logical, left_to_right), visual) << capitals(logical).c_str() << ", levels " << levels;
     }
 }
 
 TEST(Reordering, LeftToRightLines) {
     check(
         {
-            {L"", L"", ""},
-            {L"abc 12, (x)", L"abc 12, (x)", "all 0"},
-            {L"ABC", L"CBA", "111"},
-            {L"abc DEF ghi", L"abc FED ghi", "0000 111 0000: spaces between unlike neighbours follow the line"},
-            // The first strong run keeps the base level and is lifted to 1; Latin then toggles to 1 and is lifted to 2.
-            {L"ABC def", L"CBA def", "111 0 222"},
-            {L"ABCdef", L"defCBA", "111222: at level 1 both words turn over together"},
-            {L"A (B) C", L"C )B( A", "all 1: nothing is mirrored in a left-to-right line"},
-            {L"abc (DEF) ghi", L"abc (FED) ghi", "00000 111 00000"},
-            {L"AB 12 CD", L"BA 12 DC", "11 0 00 0 11: digits at the base level part the words"},
-            {L"AB.", L"BA.", "110: LevelDirection of an even level is L"},
-            {L"AB ", L" BA", "111: a space takes its only neighbour"},
-            {L"AB\nCD", L"DC\nBA", "11111: a line feed is a neutral"},
-            {L"ab\ncd", L"ab\ncd", "00000"},
+            {L"", L"", L""},
+            {L"abc DEF ghi", L"abc FED ghi", L"0000 111 0000: spaces between unlike neighbours follow the line"},
+            {L"ABCdef", L"defCBA", L"111222: at level 1 both words turn over together"},
+            {L"A (B) C", L"C )B( A", L"all 1: nothing is mirrored in a left-to-right line"},
+            {L"AB 12 CD", L"BA 12 DC", L"11 0 00 0 11: digits at the base level part the words"},
+            {L"AB\nCD", L"DC\nBA", L"11111: a line feed is a neutral"},
+            {L"A\u05B0B", L"B\u05B0A", L"111: a vowel point is a neutral"},
+            {L"A\u4E2DB x\u4E2Dy", L"B\u4E2DA x\u4E2Dy", L"1110202: so is a character that the code page lacks"},
             {L"Ac\x01"
              L"dB",
              L"cA\x01"
              L"dB",
-             "12001: back at the base level, d no longer turns over with the Hebrew"},
-            {L"A\u05B0B", L"B\u05B0A", "111: a vowel point is a neutral"},
-            {L"A\u4E2DB x\u4E2Dy", L"B\u4E2DA x\u4E2Dy", "1110202: so is a character that the code page lacks"},
+             L"12001: back at the base level, d does not turn over with the Hebrew"},
         },
         true);
 }
@@ -79,36 +60,20 @@ TEST(Reordering, LeftToRightLines) {
 TEST(Reordering, RightToLeftLines) {
     check(
         {
-            {L"ABC", L"ABC", "111"},
-            {L"abc", L"cba", "222: no odd level, only the last reversal"},
-            {L"ABC def", L"ABC fed", "111 1 222"},
-            {L"abc DEF", L"cba DEF", "222 1 333"},
-            {L"abcDEF", L"DEFcba", "222333: lowest odd level 3, Latin is only reversed at the end"},
-            {L"ABC 12 DEF", L"ABC 21 DEF", "1111 22 1111"},
-            {L"ABC 12 500 D", L"ABC 005 21 D", "1111 222222 11: one number"},
-            {L"A 1.5% B", L"A %5.1 B", "11 2222 11"},
-            {L"A $5 B", L"A 5$ B", "11 22 11"},
-            {L"A -5 B", L"A 5- B", "11 22 11: a hyphen that joins nothing is L"},
-            {L"A 1-2 B", L"A 2-1 B", "11 222 11"},
-            {L"(ABC)", L")ABC(", "11111"},
-            {L"ABC (def) GHI", L"ABC )fed( GHI", "11111 222 11111"},
-            {L"a(b) C", L"b(a( C", "222 11 3: the closing bracket follows the line, between unlike neighbours"},
-            // The bracket of level 2 is painted at index 3, where the logical line has level 3.
-            {L"a(bCD", L"CDb)a", "22233"},
-            {L"abc.", L".cba", "2222: LevelDirection of an odd level is L here"},
-            {L" ABC", L" ABC", "1111"},
-            {L"AB\nCD", L"AB\nCD", "11111"},
-            {L"AB\x01"
-             L"CD",
-             L"CD\x01"
-             L"AB",
-             "11011: no type, level 0"},
-            {L"\x01", L"\x01", "0"},
+            {L"abc", L"cba", L"222: no odd level, only the last reversal"},
+            {L"abc DEF", L"cba DEF", L"222 1 333"},
+            {L"abcDEF", L"DEFcba", L"222333: lowest odd level 3, Latin is only reversed at the end"},
+            {L"ABC 12 500 D", L"ABC 005 21 D", L"1111 222222 11: one number"},
+            {L"A -5 B", L"A 5- B", L"11 22 11: a hyphen that joins nothing is L"},
+            {L"ABC (def) GHI", L"ABC )fed( GHI", L"11111 222 11111"},
+            {L"a(b) C", L"b(a( C", L"222 11 3: the closing bracket follows the line, between unlike neighbours"},
+            {L"a(bCD", L"CDb)a", L"22233: the bracket of level 2 is painted at index 3, where level 3 stands"},
+            {L"AB\nCD", L"AB\nCD", L"11111"},
             {L"aB\x01"
              L"Cd",
              L"Cd\x01"
              L"Ba",
-             "23012: back at the base level"},
+             L"23012: back at the base level"},
         },
         false);
 }
@@ -134,87 +99,38 @@ std::string levels_of(std::string_view characters, bool left_to_right) {
 }
 
 TEST(Reordering, LevelsByEachRule) {
-    struct Row {
-        const char* characters;
-        const char* left_to_right;
-        const char* right_to_left;
-    };
-    const Row rows[] = {
+    // Characters, their levels in a left-to-right line, and in a right-to-left one.
+    const char* const rows[] = {
         // The first strong run keeps the base level, the other direction stands one higher; then all go up that run
         // against their level.
-        {"", "", ""},
-        {"a", "0", "2"},
-        {"A", "1", "1"},
-        {"aAaA", "0101", "2323"},
-        {"AaAa", "1212", "1212"},
+        "==|a=0=2|A=1=1|aAaA=0101=2323|AaAa=1212=1212",
         // Without a type: level 0, and the base level for the direction that went on.
-        {"^", "0", "0"},
-        {"a^A", "001", "203"},
-        {"aA^Aa", "01010", "23012"},
-        {"Aa^aA", "12001", "12021"},
+        "^=0=0|a^A=001=203|aA^Aa=01010=23012|Aa^aA=12001=12021",
         // A separator between two numbers of a kind joins them; no other does.
-        {"A1+1A", "10001", "12221"},
-        {"A1,1A", "10001", "12221"},
-        {"A%,%A", "12221", "12221"},
-        {"A1+A", "1001", "1221"},
-        {"A+1A", "1001", "1221"},
-        {"A1,A", "1001", "1211"},
-        {"A%+%A", "12121", "12121"},
-        {"A%,1A", "12001", "12121"},
+        "A1+1A=10001=12221|A1,1A=10001=12221|A%,%A=12221=12221|A1+A=1001=1221|A+1A=1001=1221",
+        "A1,A=1001=1211|A%+%A=12121=12121|A%,1A=12001=12121",
         // Terminators go with a number on either side.
-        {"A$$1A", "10001", "12221"},
-        {"A1$$A", "10001", "12221"},
-        {"$1", "00", "22"},
-        {"A$A", "111", "111"},
-        {"a$A", "001", "223"},
+        "A$$1A=10001=12221|A1$$A=10001=12221|$1=00=22|A$A=111=111|a$A=001=223",
         // So do neutrals with numbers on both sides.
-        {"A1 1A", "10001", "12221"},
-        {"A1 \t!1A", "1000001", "1222221"},
-        {"A1 A", "1001", "1211"},
-        {"A1!A", "1001", "1221"},
+        "A1 1A=10001=12221|A1 \t!1A=1000001=1222221|A1 A=1001=1211|A1!A=1001=1221",
         // Arabic numbers stand two above an even level, and are no neighbour for neutrals.
-        {"A %A", "1121", "1121"},
-        {"a %A", "0021", "2123"},
-        {"% a", "200", "222"},
+        "A %A=1121=1121|a %A=0021=2123|% a=200=222",
         // Between like directions.
-        {"A*A", "111", "111"},
-        {"A(A", "111", "111"},
-        {"A!A", "111", "111"},
-        {"a(a", "000", "222"},
+        "A*A=111=111|A(A=111=111|A!A=111=111|a(a=000=222",
         // Between unlike ones.
-        {"a*A", "001", "213"},
-        {"a(A", "001", "213"},
-        {"a!A", "001", "223"},
-        {"A*a", "102", "112"},
-        {"A(a", "102", "112"},
-        {"A!a", "102", "122"},
+        "a*A=001=213|a(A=001=213|a!A=001=223|A*a=102=112|A(a=102=112|A!a=102=122",
         // With one neighbour.
-        {" A", "11", "11"},
-        {"*A", "01", "21"},
-        {"(A", "01", "11"},
-        {"!A", "01", "21"},
-        {"A ", "11", "11"},
-        {"A*", "10", "12"},
-        {"A(", "10", "11"},
-        {"A!", "10", "12"},
-        {"a ", "00", "22"},
-        {"a(", "00", "21"},
+        " A=11=11|*A=01=21|(A=01=11|!A=01=21|A =11=11|A*=10=12|A(=10=11|A!=10=12|a =00=22|a(=00=21",
         // With none.
-        {" ", "0", "2"},
-        {"*", "0", "2"},
-        {"(", "0", "1"},
-        {"!", "0", "2"},
+        " =0=2|*=0=2|(=0=1|!=0=2",
         // What is left of a character without a type counts as resolved, what is right of it does not yet.
-        {"a^ A", "0001", "2013"},
-        {"A ^ ", "1101", "1101"},
-        {"A!^ ", "1000", "1202"},
-        {" ^ ", "000", "202"},
-        {"*^ A", "0001", "2011"},
-        {"%^ a", "2000", "2022"},
+        "a^ A=0001=2013|A ^ =1101=1101|A!^ =1000=1202| ^ =000=202|*^ A=0001=2011|%^ a=2000=2022",
     };
-    for (const Row& row : rows) {
-        EXPECT_EQ(levels_of(row.characters, true), row.left_to_right) << row.characters;
-        EXPECT_EQ(levels_of(row.characters, false), row.right_to_left) << row.characters;
+    for (const char* const group : rows) {
+        for (const auto& row : test_support::rows_of(group)) {
+            EXPECT_EQ(levels_of(row[0], true), row[1]) << row[0];
+            EXPECT_EQ(levels_of(row[0], false), row[2]) << row[0];
+        }
     }
     for (const char separator : std::string_view(" ./;,\"*@`~")) {
         EXPECT_EQ(levels_of(std::string{'a', separator, 'A'}, false), "213") << separator;
@@ -225,16 +141,6 @@ TEST(Reordering, LevelsByEachRule) {
     for (const char other : std::string_view("!:'+-_#$&=?\\|\n\t")) {
         EXPECT_EQ(levels_of(std::string{'a', other, 'A'}, false), "223") << other;
     }
-}
-
-TEST(Reordering, MapsTellWhereEachCharacterCameFrom) {
-    Map map;
-    reordered(hebrew(L"ab CD"), true, &map);
-    EXPECT_THAT(map, testing::ElementsAre(0, 1, 2, 4, 3, 5));
-    reordered(hebrew(L"AB.."), false, &map);
-    EXPECT_THAT(map, testing::ElementsAre(0, 1, 3, 2, 4));
-    reordered(L"", false, &map);
-    EXPECT_THAT(map, testing::ElementsAre(0));
 }
 
 TEST(Reordering, OtherEntries) {
@@ -269,31 +175,24 @@ TEST(Reordering, ReversesInPlace) {
 
 TEST(TypeSearch, FindsTheNearestOfItsGroup) {
     using T = BidiType;
+    /// The place and type that a search from a place ends with, and whether it found them.
+    const auto find = [](auto search, const auto* text, int limit, int position, bool forward) {
+        T found = T::not_applicable;
+        const bool success = search(text, limit, position, found, forward);
+        return std::tuple(position, found, success);
+    };
+    using Types = bool (*)(const T*, int, int&, T&, bool);
+    using Bytes = bool (*)(const char*, int, int&, T&, bool);
     const T types[] = {T::right_to_left, T::white_space, T::european_number, T::other_neutral, T::left_to_right};
-    int position = 1;
-    T found = T::not_applicable;
-    EXPECT_TRUE(FindStrongType(types, 4, position, found, true));
-    EXPECT_EQ(std::pair(position, found), std::pair(4, T::left_to_right));
-    position = 3;
-    EXPECT_TRUE(FindStrongType(types, 4, position, found, false));
-    EXPECT_EQ(std::pair(position, found), std::pair(0, T::right_to_left));
-    position = 1;
-    EXPECT_FALSE(FindStrongType(types, 3, position, found, true));
-    EXPECT_EQ(std::pair(position, found), std::pair(1, T::right_to_left));
-    EXPECT_TRUE(FindWeakType(types, 4, position, found, true));
-    EXPECT_EQ(std::pair(position, found), std::pair(2, T::european_number));
-    EXPECT_TRUE(FindNeutralType(types, 4, position, found, false));
-    EXPECT_EQ(std::pair(position, found), std::pair(1, T::white_space));
-
+    EXPECT_EQ(find(Types{FindStrongType}, types, 4, 1, true), std::tuple(4, T::left_to_right, true));
+    EXPECT_EQ(find(Types{FindStrongType}, types, 4, 3, false), std::tuple(0, T::right_to_left, true));
+    EXPECT_EQ(find(Types{FindStrongType}, types, 3, 1, true), std::tuple(1, T::not_applicable, false));
+    EXPECT_EQ(find(Types{FindWeakType}, types, 4, 1, true), std::tuple(2, T::european_number, true));
+    EXPECT_EQ(find(Types{FindNeutralType}, types, 4, 2, false), std::tuple(1, T::white_space, true));
     const char text[] = "a 1,\xE0";
-    position = 1;
-    EXPECT_TRUE(FindStrongType(text, 4, position, found, true));
-    EXPECT_EQ(std::pair(position, found), std::pair(4, T::right_to_left));
-    EXPECT_TRUE(FindWeakType(text, 4, position, found, false));
-    EXPECT_EQ(std::pair(position, found), std::pair(3, T::common_separator));
-    position = 0;
-    EXPECT_TRUE(FindNeutralType(text, 4, position, found, true));
-    EXPECT_EQ(std::pair(position, found), std::pair(1, T::white_space));
+    EXPECT_EQ(find(Bytes{FindStrongType}, text, 4, 1, true), std::tuple(4, T::right_to_left, true));
+    EXPECT_EQ(find(Bytes{FindWeakType}, text, 4, 4, false), std::tuple(3, T::common_separator, true));
+    EXPECT_EQ(find(Bytes{FindNeutralType}, text, 4, 0, true), std::tuple(1, T::white_space, true));
 }
 
 TEST(CharacterTypes, SystemAndTableAgreeOnCodePage1255) {

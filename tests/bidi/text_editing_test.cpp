@@ -18,29 +18,6 @@ std::wstring text_of(const TextEditing& editing) {
     return capitals(editing.model().logical());
 }
 
-TEST(UndoRing, WalksBackAndBeginsAgain) {
-    UndoRing ring;
-    EXPECT_EQ(ring.take(), nullptr);
-    ring.save(L"");
-    EXPECT_EQ(ring.take(), nullptr);
-    ring.save(L"a");
-    ring.save(L"ab");
-    EXPECT_EQ(*ring.take(), L"ab");
-    EXPECT_EQ(*ring.take(), L"a");
-    EXPECT_EQ(*ring.take(), L"ab");
-    ring.save(L"abc");  // does not move the place of the walk
-    EXPECT_EQ(*ring.take(), L"a");
-    EXPECT_EQ(*ring.take(), L"abc");
-    // Eleven more after "a": slots 0 and 1 hold the youngest two.
-    ring.clear();
-    for (int i = 0; i < 12; ++i) {
-        ring.save(std::to_wstring(i));
-    }
-    EXPECT_EQ(*ring.take(), L"11");
-    EXPECT_EQ(*ring.take(), L"10");
-    EXPECT_EQ(*ring.take(), L"11");
-}
-
 TEST(TextModel, KeepsBothOrders) {
     TextModel model;
     EXPECT_EQ(model.line_count(), 0);
@@ -152,28 +129,6 @@ TEST(TextEditing, DeletesSelectionsCharactersAndPairs) {
     editing.move(Motion::left, false);
     editing.delete_after();
     EXPECT_EQ(text_of(editing), L"az");
-}
-
-TEST(TextEditing, PairAfterPair) {
-    const std::wstring faces = L"\xD83D\xDE00\xD83D\xDE01";
-    for (const bool right_to_left : {false, true}) {
-        // Between Hebrew letters the pairs are painted backwards.
-        TextEditing editing = editor_with(L"A" + faces + L"B", right_to_left);
-        editing.place_at_gap(0, false);
-        std::vector<size_t> gaps;
-        for (int i = 0; i < 4; ++i) {
-            editing.move(right_to_left ? Motion::left : Motion::right, false);
-            gaps.push_back(editing.caret().gap);
-        }
-        EXPECT_THAT(gaps, testing::ElementsAre(1, 3, 5, 6));
-        editing.select(4, 2);
-        EXPECT_EQ(std::pair(editing.selection().start, editing.selection().end), std::pair(size_t{1}, size_t{3}));
-        editing.select(5, 5);
-        editing.delete_before();
-        EXPECT_EQ(text_of(editing),
-                  L"A\xD83D\xDE00"
-                  L"B");
-    }
 }
 
 TEST(TextEditing, SelectsWhatTheCaretPasses) {

@@ -139,6 +139,45 @@ class TemplateByHand(DesktopTest):
         desktop.key("alt+c", title=REPORT)
         desktop.hear("\nCommand: ")
 
+    def describe(self, *strokes):
+        """A list of one row with a Hebrew name: its description is typed by keycodes, or by "keydown" and the like."""
+        desktop = self.desktop
+        desktop.type("qxbomt")
+        desktop.key("alt+n", title=TEMPLATE)
+        self.new_list()
+        self.hebrew("א")
+        xdotool("key", "Return", "Right", "Right", "F2", "keydown", "Control_R", "key", "Shift_R", "keyup", "Control_R")
+        for stroke in strokes:
+            xdotool(*stroke.split()) if stroke.startswith("key") else xdotool("key", "--delay", 12, *stroke.split())
+            self.look()
+        xdotool("key", "Return")
+        self.face_dialog()
+        self.click("Save")
+        return wait_until(lambda: (self.folder / "list.prc").read_bytes(), "the list")
+
+    def test_keys_of_all_kinds(self):
+        a, s, n1, n2, n5, slash, x, v, z, comma, full_stop, semicolon = 38, 39, 10, 11, 14, 61, 53, 55, 52, 59, 60, 47
+        saved = self.describe(
+            f"{a} {s} {n1} {n2} {slash} {n5} {a}",  # a number inside Hebrew
+            "--clearmodifiers shift+Right shift+Right", f"ctrl+{x} ctrl+{v}", f"ctrl+{z} ctrl+{z}",  # out and in, back by two
+            "keydown Control_L key Shift_L keyup Control_L", f"{a} shift+{a}",  # English, at the left
+            f"Caps_Lock {a} {n1} Caps_Lock",
+            "keydown Alt_L key Shift_L keyup Alt_L", f"{a}",  # Hebrew again
+            "87 83 Num_Lock 87 83 Num_Lock",  # End and Left, then 1 and 4
+            "keydown Control_R key Shift_R keyup Control_R",
+            f"{n1} {comma} {full_stop} {semicolon} shift+{comma}")  # the letters of the punctuation keys, after a number
+        self.assertEqual(saved.decode("cp1255"), "א|0|aAA!ששד12.141תץף<5ש\r\n")
+
+        # Where the system's code page has no Hebrew, the keyboard's letters come all the same.
+        self.desktop.key("Escape", title=TEMPLATE)
+        subprocess.run(["setxkbmap", "us"], check=True)
+        self.desktop.run("quit")
+        os.environ["LC_ALL"] = "C.UTF-8"
+        self.addCleanup(os.environ.update, LC_ALL="he_IL.UTF-8")
+        (self.folder / "list.prc").unlink()
+        self.open("house_plan.dxf")
+        self.assertEqual(self.describe(f"{a} {n1} {s} {comma}").decode("utf-8-sig"), "א|0|ש1דת\r\n")
+
     # The mouse.
 
     def point_at(self, x, y, *button):
