@@ -193,42 +193,6 @@ TEST(Questions, FollowTheRulesOfInitGet) {
     EXPECT_STREQ(input, L"Yes");
 }
 
-TEST(Questions, GiveFileNamesAtTheCommandLine) {
-    const auto ask = [](const wchar_t* proposal, const wchar_t* answer) -> std::wstring {
-        ListPerson person({answer});
-        resbuf result{};
-        if (acedGetFileD(L"Open", proposal, L"prc;txt", 2, &result) != RTNORM) {
-            return L"none";
-        }
-        const std::unique_ptr<ACHAR, decltype(&acad_free)> owner(result.resval.rstring, acad_free);
-        return result.restype == RTSTR ? result.resval.rstring : L"no text";
-    };
-    EXPECT_EQ(ask(nullptr, L"C:\\a b\\list"), L"C:\\a b\\list.prc");
-    EXPECT_EQ(ask(nullptr, L"C:\\a.b\\list.old"), L"C:\\a.b\\list.old");
-    EXPECT_EQ(ask(L"C:\\last.prc", L""), L"C:\\last.prc");
-    EXPECT_EQ(ask(L"", L""), L"none");
-    EXPECT_EQ(ask(L"C:\\last.prc", L"^C"), L"none");
-}
-
-TEST(Questions, ReportPointerEvents) {
-    ListPerson person({L"move 1,2", L"nonsense", L"pick 3,4", L"move 9,9", L"", L"^C"});
-    int type = 0;
-    resbuf result{};
-    EXPECT_EQ(acedGrRead(9, &type, &result), RTNORM);
-    EXPECT_EQ(type, ACED_GR_MOVE);
-    EXPECT_EQ(result.resval.rpoint[Y], 2);
-    EXPECT_EQ(acedGrRead(9, &type, &result), RTNORM);
-    EXPECT_EQ(type, ACED_GR_PICK);
-    EXPECT_EQ(acedGrRead(8, &type, &result), RTNORM) << "the movement is not asked for";
-    EXPECT_EQ(type, ACED_GR_KEYBOARD);
-    EXPECT_EQ(result.resval.rint, 13);
-    EXPECT_EQ(result.restype, RTSHORT) << "a key carries no point";
-    EXPECT_EQ(acedGrRead(9, &type, &result), RTCAN);
-    EXPECT_EQ(type * 100 + result.resval.rint, 213) << "as they were";
-    EXPECT_EQ(person.said, L"<><>!A pointer event is needed: move x,y, pick x,y or return.<><><><>")
-        << "no message on a cancel with bit 8";
-}
-
 TEST(Variables, PassThroughResultBuffers) {
     resbuf value{};
     EXPECT_EQ(acedGetVar(L"cmdecho", &value), RTNORM);
@@ -249,20 +213,6 @@ TEST(Variables, PassThroughResultBuffers) {
     acad_free(value.resval.rstring);
     EXPECT_EQ(acedGetVar(L"NOSUCH", &value), RTERROR);
     EXPECT_EQ(acedGetVar(nullptr, &value), RTERROR);
-}
-
-TEST(ResourceHandles, Nest) {
-    ListPerson person;
-    const HINSTANCE before = AfxGetResourceHandle();
-    const auto first = reinterpret_cast<HINSTANCE>(1 << 16);
-    acDocManagerPtr()->pushResourceHandle(first);
-    acDocManagerPtr()->pushResourceHandle(before);
-    acDocManagerPtr()->popResourceHandle();
-    EXPECT_EQ(AfxGetResourceHandle(), first);
-    acDocManagerPtr()->popResourceHandle();
-    EXPECT_EQ(AfxGetResourceHandle(), before);
-    acDocManagerPtr()->popResourceHandle();
-    EXPECT_EQ(person.said, L"!popResourceHandle was called without a handle pushed.");
 }
 
 }  // namespace

@@ -99,13 +99,5 @@ TEST_F(Documents, BringTheirVariables) {
     EXPECT_EQ(read("a.dxf"), drawing);
 }
 
-TEST_F(Documents, SayWhyTheyCannotBeSaved) {
-    EXPECT_EQ(editor().documents.save(folder_ / "x.dxf").reason(), L"no drawing is open");
-    ASSERT_TRUE(editor().documents.open(folder_ / "a.dxf"));
-    const std::wstring reason = editor().documents.save(folder_ / "nowhere" / "x.dxf").reason();
-    EXPECT_THAT(std::filesystem::path(reason).string(), testing::HasSubstr("x.dxf could not be saved: "));
-    EXPECT_EQ(std::filesystem::path(acDocManager->curDocument()->docTitle()), "a.dxf");
-}
-
 }  // namespace
 }  // namespace host

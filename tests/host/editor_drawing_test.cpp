@@ -165,6 +165,7 @@ TEST_F(HeaderVariables, ChangeWithTheirCommand) {
     EXPECT_TRUE(changed()) << "the file has what was taken back";
     run(L"qsave", {});
     EXPECT_EQ(saved(), unchanged);
+    EXPECT_EQ(run(L"undo", {}), L"\nNothing to undo.");
 }
 
 TEST_F(DrawingCommands, AskBeforeTheWindowsSessionEnds) {
@@ -244,21 +245,6 @@ TEST_F(DrawingCommands, SayOnceHowMuchIsNotShown) {
     editor().say_left_out(drawing, list);
     editor().say_left_out(drawing, list);
     EXPECT_EQ(person.said, L"\nNot shown, or not whole: 2 entities, which would take too much memory or time.");
-}
-
-TEST_F(DrawingCommands, TellHowFarTheDrawingReaches) {
-    const VariableValue nothing = Point{1e20, 1e20, 1e20};
-    EXPECT_EQ(editor().variables.get(L"EXTMIN"), nothing) << "nobody draws";
-    MainWindow window([] {
-        const dxf::Drawing& drawing = editor().documents.document()->drawing();
-        return PaneContent{&drawing, drawing.edits_made()};
-    });
-    editor().window = &window;
-    EXPECT_EQ(editor().variables.get(L"EXTMIN"), VariableValue(Point{3, 4, 0}));
-    EXPECT_EQ(editor().variables.get(L"EXTMAX"), VariableValue(Point{10, 20, 0}));
-    editor().window = nullptr;
-    run(L"saveas", {(folder_ / "b.dxf").wstring()});
-    EXPECT_EQ(fs::file_size(folder_ / "b.dxf"), drawing_with_attributes().size()) << "the header says what it said";
 }
 
 }  // namespace

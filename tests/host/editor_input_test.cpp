@@ -5,6 +5,7 @@
 #include "platform/host/prompt/keywords.h"
 #include "platform/host/editor/system_variables.h"
 #include "platform/host/prompt/input_text.h"
+#include "tests/support/rows.h"
 
 namespace host {
 namespace {
@@ -15,12 +16,10 @@ TEST(CommandName, KnowsItsPrefixes) {
         return (name.transparent ? L"t" : L"") + std::wstring(name.built_in ? L"b" : L"") +
                (name.global_only ? L"g" : L"") + L"[" + name.name + L"]";
     };
-    EXPECT_EQ(show(L"  qxbomc "), L"[qxbomc]");
-    EXPECT_EQ(show(L"'_.INSERT"), L"tbg[INSERT]");
-    EXPECT_EQ(show(L"._A.B_C"), L"bg[A.B_C]");
-    EXPECT_EQ(show(L"__X"), L"g[_X]");
-    EXPECT_EQ(show(L"'"), L"t[]");
-    EXPECT_EQ(show(L" "), L"[]");
+    for (const auto& row :
+         test_support::rows_of(L"  qxbomc =[qxbomc]|'_.INSERT=tbg[INSERT]|._A.B_C=bg[A.B_C]|__X=g[_X]|'=t[]| =[]")) {
+        EXPECT_EQ(show(row[0]), row[1]);
+    }
 }
 
 TEST(InputText, ReadsNumbersAndPoints) {
@@ -59,14 +58,9 @@ TEST(InputText, ReadsPointerEvents) {
 
 TEST(Keywords, TakeAbbreviations) {
     const Keywords keywords(L"Load  Unload eXit LType");
-    EXPECT_EQ(keywords.match(L"l"), L"Load");
-    EXPECT_EQ(keywords.match(L"LO"), L"Load");
-    EXPECT_EQ(keywords.match(L"lt"), L"LType");
-    EXPECT_EQ(keywords.match(L"X"), L"eXit");
-    EXPECT_EQ(keywords.match(L"exit"), L"eXit");
-    EXPECT_EQ(keywords.match(L"e"), L"");
-    EXPECT_EQ(keywords.match(L"loads"), L"");
-    EXPECT_EQ(keywords.match(L""), L"");
+    for (const auto& row : test_support::rows_of(L"l=Load|LO=Load|lt=LType|X=eXit|exit=eXit|e=|loads=|=")) {
+        EXPECT_EQ(keywords.match(row[0]), row[1]);
+    }
 }
 
 TEST(SystemVariables, KeepTypesLimitsAndAccess) {

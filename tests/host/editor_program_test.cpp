@@ -79,83 +79,18 @@ TEST_F(Program, RunsCommandsAndModules) {
     EXPECT_THAT(outcome.said, HasSubstr("\ncommand 5100 37"));
     EXPECT_THAT(outcome.said, HasSubstr("TEXTSIZE <3.5>")) << "from the drawing's header";
     EXPECT_THAT(outcome.said, HasSubstr("[Files/Commands/Load/Unload]: Commands\nCommand: ")) << "none are left";
-    EXPECT_THAT(outcome.said, HasSubstr("TST_GROUP: GLOBAL_TSTDLG, TSTDLG, 0\n"));
+    EXPECT_THAT(outcome.said, HasSubstr("TST_GROUP: GLOBAL_TSTPOINT, TSTPOINT, 0\n"));
     EXPECT_THAT(outcome.said, HasSubstr("\nmessage 4\nto be destroyed plan.dxf\nmessage 3\nactivated"));
     EXPECT_THAT(outcome.said, EndsWith("\nmessage 4\nto be destroyed plan.dxf\nmessage 8"));
-}
-
-TEST_F(Program, DrivesDialogsAsAPersonDoes) {
-    const Outcome outcome =
-        run("TSTDLG\n"
-            "@type \"Ab c\"\n"
-            "@key SHIFT+HOME\n"
-            "@type \"New\"\n"
-            "@tick \"Tick me\" on\n"
-            "@tick 102 on\n"
-            "@expect-text 101 \"New\"\n"
-            "@press \"&Echo\"\n"
-            "@click-cell 1 2\n"
-            "@click-heading 0\n"
-            "@double-click-cell 0 0\n"
-            "@drag-border 0 12\n"
-            "@expect-text 108 \"down 30,35;up 30,35;down 10,5;up 10,5;down 10,15;up 10,15;double 10,15;up 10,15;"
-            "down 19,5;up 31,5;\"\n"
-            "@press \"Alert\"\n"
-            "@alert \"\\nFile * could  not be opened\"\n"
-            "@press 106\n"
-            "@alert \"Go on?\" YES\n"
-            "@press 106\n"
-            "@picture box.png\n"
-            "@alert \"Go*\"\n"
-            "@picture dialog.png\n"
-            "@key ESCAPE\n"
-            "TSTDLG\n"
-            "@close\n");
-    EXPECT_EQ(outcome.status, 0u) << outcome.said;
-    EXPECT_THAT(outcome.said, HasSubstr("\necho [New] 1\nquestion 6\nquestion 7\ndialog 2"));
-    for (const char* picture : {"box.png", "dialog.png"}) {
-        EXPECT_EQ(contents(folder_ / picture).substr(0, 8), "\x89PNG\r\n\x1A\n") << picture;
-    }
-}
-
-TEST_F(Program, AnswersFileQuestionsFromTheScript) {
-    write("taken.txt", "old");
-    const Outcome outcome =
-        run("TSTDLG\n"
-            "@press \"Ask file\"\nother\n"
-            "@press \"Ask file\"\n\n"
-            "@press \"Ask file\"\n^C\n"
-            "@press \"Ask file\"\ntaken.txt\n@alert \"*taken.txt already exists.\\nDo you want to replace it?\" "
-            "NO\nfree.doc\n"
-            "@press \"Ask file\"\ntaken.txt\n@alert \"*replace it?\" YES\n"
-            "@press \"Close\"\n");
-    EXPECT_EQ(outcome.status, 0u);
-    EXPECT_THAT(outcome.said, HasSubstr("\nfile 5100 other.txt\n"));
-    EXPECT_THAT(outcome.said, HasSubstr("\nfile 5100 proposal.txt\n"));
-    EXPECT_THAT(outcome.said, HasSubstr("\nfile -5001 -\n"));
-    EXPECT_THAT(outcome.said, HasSubstr("\nfile 5100 free.doc\n"));
-    EXPECT_THAT(outcome.said, HasSubstr("\nfile 5100 taken.txt\n"));
 }
 
 TEST_F(Program, StopsScriptsThatDoNotFit) {
     const std::pair<const char*, const char*> failing[] = {
         {"NOSUCH\n", "script a.scr:1: Unknown command \"NOSUCH\".\n"},
         {"TSTPOINT\n\n", "script a.scr:2: A point is needed: x,y or x,y,z.\n"},
-        {"TSTPOINT\n'TSTDLG\n1,1\n", "script a.scr:2: TSTDLG cannot run while another command is active.\n"},
+        {"TSTPOINT\n'TSTEVENTS\n1,1\n", "script a.scr:2: TSTEVENTS cannot run while another command is active.\n"},
         {"TSTPOINT\n", "script a.scr:1: the script ended, but an answer is needed: \"Point:\"\n"},
         {"TSTPOINT\n@close\n", "script a.scr:2: no dialog is open for this line; an answer is needed: \"Point:\"\n"},
-        {"TSTDLG\n", "script a.scr:1: the script ended with a dialog open: \"Test Dialog\"\n"},
-        {"TSTDLG\nQUIT\n", "script a.scr:2: a dialog is open, which this line does not drive: \"Test Dialog\"\n"},
-        {"TSTDLG\n@press \"Open\"\n", "script a.scr:2: the dialog \"Test Dialog\" shows no button \"Open\"\n"},
-        {"TSTDLG\n@press 109\n", "script a.scr:2: the control 109 is disabled\n"},
-        {"TSTDLG\n@click-cell 3 0\n", "script a.scr:2: the dialog \"Test Dialog\" shows no cell in column 3, row 0\n"},
-        {"TSTDLG\n@expect-text 101 \"x\"\n", "script a.scr:2: the control 101 has the text \"\"\n"},
-        {"TSTDLG\n@alert \"x\"\n", "script a.scr:2: no alert is up, but the dialog \"Test Dialog\"\n"},
-        {"TSTDLG\n@press 105\n@close\n",
-         "script a.scr:3: an alert waits for an answer: \" File C:\\x could  not be opened\"\n"},
-        {"TSTDLG\n@press 106\n@alert \"Stop?\"\n", "script a.scr:3: the alert says \"Go on?\"\n"},
-        {"TSTDLG\n@press 106\n@alert \"Go on?\" RETRY\n", "script a.scr:3: the alert has no button RETRY\n"},
-        {"TSTDLG\n@press 106\n", "script a.scr:2: the script ended with a dialog open: \"Go on?\"\n"},
         {"TSTTHROW\n", "script a.scr:1: TSTTHROW ended with an exception: out of order\n"},
         {"TSTLEAK\n", "script a.scr:1: TSTLEAK left the resource handles unbalanced.\n"},
         {"TSTUNLOAD\n", "script a.scr:1: testmodule.arx cannot be unloaded: one of its commands is active\n"},

@@ -1,4 +1,4 @@
-// The main window with a person's keys, posted input, and pictures of windows.
+// The main window, posted input, and pictures of windows.
 #include <windows.h>
 
 #include <gmock/gmock.h>
@@ -12,7 +12,6 @@
 #include "platform/host/editor/main_window.h"
 #include "platform/host/editor/posted_input.h"
 #include "platform/host/editor/script_words.h"
-#include "platform/host/editor/window_person.h"
 #include "platform/host/view/window_class.h"
 #include "platform/host/view/png_file.h"
 
@@ -27,38 +26,6 @@ std::vector<HWND> edit_fields(HWND parent) {
         }
     }
     return fields;
-}
-
-void type_at(HWND window, const wchar_t* text, int end_key) {
-    for (; *text != 0; ++text) {
-        PostMessageW(window, WM_CHAR, static_cast<WPARAM>(*text), 1);
-    }
-    PostMessageW(window, WM_KEYDOWN, static_cast<WPARAM>(end_key), 1);
-}
-
-TEST(MainWindow, TakesAnswersThatAPersonTypes) {
-    std::wstring name = L"plan.dxf";
-    MainWindow window([] { return PaneContent(); }, [&name] { return name; });
-    WindowPerson line(window, editor().processor);
-    const std::vector<HWND> fields = edit_fields(window.window());
-    ASSERT_EQ(fields.size(), 2u) << "the history and the line";
-    window.update_title();
-    EXPECT_EQ(window_text(window.window()), L"plan.dxf - Drawing Host");
-
-    type_at(fields[1], L"qxbomc", VK_RETURN);
-    EXPECT_EQ(line.prompt(L"\nCommand: ").text, L"qxbomc");
-    name = L"*plan.dxf";
-    type_at(fields[1], L"half", VK_ESCAPE);
-    EXPECT_EQ(line.prompt(L"\nPoint: ").kind, Answer::cancel);
-    EXPECT_EQ(window_text(window.window()), L"*plan.dxf - Drawing Host") << "the command has changed it";
-    type_at(fields[1], L"", VK_RETURN);
-    EXPECT_EQ(line.prompt(L"\nNext: ").kind, Answer::return_only) << "what was cancelled is gone";
-    line.report(L"Bad.");
-    EXPECT_EQ(window_text(fields[0]), L"\r\nCommand: qxbomc\r\nPoint: *Cancel*\r\nNext: \r\nBad.");
-
-    PostMessageW(window.window(), WM_CLOSE, 0, 0);
-    EXPECT_EQ(line.prompt(L"\nCommand: ").kind, Answer::cancel);
-    EXPECT_TRUE(window.close_requested());
 }
 
 TEST(MainWindow, IsNeverTooSmallForItsParts) {

@@ -1,89 +1,18 @@
-// A module for the host's tests: commands that ask, show dialogs, and misbehave.
-#include <afxwin.h>
-#include <afxdllx.h>
+// A module for tests and judges: commands that ask, misbehave, hold the host at a line of its script (HOLD), and tell
+// what the process holds (RESOURCES). The last two speak over the standard streams, which the judge has pipes to.
+#include <windows.h>
 
 #include <aced.h>
 #include <rxdlinkr.h>
 
+#include <cstdio>
 #include <stdexcept>
+#include <string>
+#include <vector>
 
-#include "test_module.h"
+#include "platform/host/database/open_objects.h"
 
 namespace {
-
-AFX_EXTENSION_MODULE extension_module = {FALSE, nullptr, nullptr};
-
-/// Three columns and three rows of cells, 20 by 10 pixels; row -1 is the heading above them.
-struct CellQuestion {
-    int column;
-    int row;
-    RECT box;
-};
-
-constexpr int cell_width = 20;
-constexpr int cell_height = 10;
-
-LRESULT CALLBACK grid_procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
-    static const UINT query = RegisterWindowMessageW(L"CellRectangleQuery");
-    if (message == query) {
-        auto& cell = *reinterpret_cast<CellQuestion*>(lparam);
-        if (cell.column < 0 || cell.column > 2 || cell.row < -1 || cell.row > 2) {
-            return 0;
-        }
-        cell.box = {cell.column * cell_width, (cell.row + 1) * cell_height, (cell.column + 1) * cell_width,
-                    (cell.row + 2) * cell_height};
-        MapWindowPoints(window, nullptr, reinterpret_cast<POINT*>(&cell.box), 2);
-        return 1;
-    }
-    const wchar_t* name = message == WM_LBUTTONDOWN     ? L"down"
-                          : message == WM_LBUTTONUP     ? L"up"
-                          : message == WM_LBUTTONDBLCLK ? L"double"
-                                                        : nullptr;
-    if (name != nullptr) {
-        CString text;
-        GetDlgItemTextW(GetParent(window), IDC_LAST_EVENT, text.GetBuffer(200), 200);
-        text.ReleaseBuffer();
-        const CPoint at(lparam);
-        const std::wstring place = L" " + std::to_wstring(at.x) + L"," + std::to_wstring(at.y) + L";";
-        SetDlgItemTextW(GetParent(window), IDC_LAST_EVENT, text + name + place.c_str());
-    }
-    return DefWindowProcW(window, message, wparam, lparam);
-}
-
-class TestDialog : public CDialog {
-  public:
-    TestDialog() : CDialog(IDD_TEST, CWnd::FromHandle(adsw_acadMainWnd())) {}
-
-  private:
-    void echo() {
-        CString text;
-        GetDlgItem(IDC_TEXT)->GetWindowText(text);
-        acutPrintf(L"\necho [%s] %d", static_cast<const wchar_t*>(text), IsDlgButtonChecked(IDC_TICK));
-    }
-    void ask_file() {
-        resbuf result{};
-        const int outcome = acedGetFileD(L"Save as", L"proposal.txt", L"txt", 1, &result);
-        acutPrintf(L"\nfile %d %s", outcome, outcome == RTNORM ? wcsrchr(result.resval.rstring, L'\\') + 1 : L"-");
-        acad_free(result.resval.rstring);
-    }
-    void alert() { acedAlert(L"\nFile C:\\x could  not be opened"); }
-    void question() { acutPrintf(L"\nquestion %d", AfxMessageBox(L"Go on?", MB_YESNOCANCEL | MB_DEFBUTTON2)); }
-    DECLARE_MESSAGE_MAP()
-};
-
-BEGIN_MESSAGE_MAP(TestDialog, CDialog)
-    ON_BN_CLICKED(IDC_ECHO, &ThisClass::echo)
-    ON_BN_CLICKED(IDC_ASK_FILE, &ThisClass::ask_file)
-    ON_BN_CLICKED(IDC_ALERT, &ThisClass::alert)
-    ON_BN_CLICKED(IDC_QUESTION, &ThisClass::question)
-END_MESSAGE_MAP()
-
-void show_dialog() {
-    acDocManagerPtr()->pushResourceHandle(extension_module.hResource);
-    const INT_PTR result = TestDialog().DoModal();
-    acDocManagerPtr()->popResourceHandle();
-    acutPrintf(L"\ndialog %d", static_cast<int>(result));
-}
 
 void print_state() {
     resbuf names{};
@@ -125,7 +54,7 @@ void throw_exception() {
     throw std::runtime_error("out of order");
 }
 void leak_resources() {
-    acDocManagerPtr()->pushResourceHandle(extension_module.hResource);
+    acDocManagerPtr()->pushResourceHandle(GetModuleHandleW(L"TestModule.arx"));
 }
 void hang() {
     Sleep(INFINITE);
@@ -146,34 +75,103 @@ class Listener : public AcApDocManagerReactor {
 
 Listener listener;
 
+void say(const std::string& line) {
+    const std::string bytes = line + "\n";
+    DWORD written = 0;
+    WriteFile(GetStdHandle(STD_OUTPUT_HANDLE), bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr);
+}
+
+/// Until the test has written a line.
+void hold() {
+    say("held");
+    char byte = 0;
+    DWORD count = 0;
+    while (byte != '\n' && ReadFile(GetStdHandle(STD_INPUT_HANDLE), &byte, 1, &count, nullptr) != 0 && count != 0) {
+    }
+}
+
+/// Wine counts none in GetGuiResources. A handle's low word is its place in the system's table; the high word may be 0.
+unsigned gdi_objects() {
+    constexpr DWORD object_types[] = {OBJ_PEN, OBJ_BRUSH, OBJ_FONT, OBJ_BITMAP, OBJ_REGION, OBJ_DC, OBJ_MEMDC, OBJ_PAL};
+    unsigned count = 0;
+    for (ULONG_PTR index = 0; index < 0x10000; ++index) {
+        const DWORD type = GetObjectType(reinterpret_cast<HGDIOBJ>(index));
+        for (const DWORD known : object_types) {
+            count += type == known ? 1 : 0;
+        }
+    }
+    return count;
+}
+
+/// Windows and menus, in the same way.
+unsigned user_objects() {
+    unsigned count = 0;
+    for (ULONG_PTR index = 0x20; index < 0x8000; index += 2) {
+        DWORD process = 0;
+        const HWND window = reinterpret_cast<HWND>(index);
+        GetWindowThreadProcessId(window, &process);
+        count += process == GetCurrentProcessId() ? 1 : 0;
+        count += IsMenu(reinterpret_cast<HMENU>(index)) != 0 ? 1 : 0;
+    }
+    return count;
+}
+
+/// What the heaps of the process have given out.
+size_t heap_bytes() {
+    std::vector<HANDLE> heaps(GetProcessHeaps(0, nullptr) + 8);
+    const DWORD count = GetProcessHeaps(static_cast<DWORD>(heaps.size()), heaps.data());
+    size_t bytes = 0;
+    for (DWORD i = 0; i < count; ++i) {
+        HeapLock(heaps[i]);
+        PROCESS_HEAP_ENTRY entry = {};
+        while (HeapWalk(heaps[i], &entry) != 0) {
+            bytes += (entry.wFlags & PROCESS_HEAP_ENTRY_BUSY) != 0 ? entry.cbData : 0;
+        }
+        HeapUnlock(heaps[i]);
+    }
+    return bytes;
+}
+
+/// The command line's history has a limit of its own, and is no leak.
+BOOL CALLBACK clear_history(HWND window, LPARAM) {
+    wchar_t name[16] = {};
+    GetClassNameW(window, name, 16);
+    if (_wcsicmp(name, L"EDIT") == 0) {
+        SetWindowTextW(window, L"");
+    }
+    return TRUE;
+}
+
+void tell_resources() {
+    EnumChildWindows(adsw_acadMainWnd(), clear_history, 0);
+    char line[100];
+    std::snprintf(line, sizeof line, "gdi %u user %u objects %zu heap %zu", gdi_objects(), user_objects(),
+                  host::open_object_count(), heap_bytes());
+    say(line);
+}
+
+void leak() {
+    CreateSolidBrush(RGB(1, 2, 3));
+    CreateMenu();
+    HeapAlloc(GetProcessHeap(), 0, 1000);
+}
+
 void add_commands() {
     const struct {
         const wchar_t* name;
         void (*function)();
         int flags;
-    } commands[] = {{L"TSTDLG", show_dialog, ACRX_CMD_MODAL},
-                    {L"TSTSTATE", print_state, ACRX_CMD_TRANSPARENT},
-                    {L"TSTPOINT", ask_point, ACRX_CMD_MODAL},
-                    {L"TSTEVENTS", read_events, ACRX_CMD_MODAL},
-                    {L"TSTSETVAR", run_built_in, ACRX_CMD_MODAL},
-                    {L"TSTUNKNOWN", run_unknown, ACRX_CMD_MODAL},
-                    {L"TSTTHROW", throw_exception, ACRX_CMD_MODAL},
-                    {L"TSTLEAK", leak_resources, ACRX_CMD_MODAL},
-                    {L"TSTHANG", hang, ACRX_CMD_MODAL},
-                    {L"TSTUNLOAD", unload_itself, ACRX_CMD_MODAL}};
+    } commands[] = {
+        {L"TSTSTATE", print_state, ACRX_CMD_TRANSPARENT},     {L"TSTPOINT", ask_point, ACRX_CMD_MODAL},
+        {L"TSTEVENTS", read_events, ACRX_CMD_MODAL},          {L"TSTSETVAR", run_built_in, ACRX_CMD_MODAL},
+        {L"TSTUNKNOWN", run_unknown, ACRX_CMD_MODAL},         {L"TSTTHROW", throw_exception, ACRX_CMD_MODAL},
+        {L"TSTLEAK", leak_resources, ACRX_CMD_MODAL},         {L"TSTHANG", hang, ACRX_CMD_MODAL},
+        {L"TSTUNLOAD", unload_itself, ACRX_CMD_MODAL},        {L"HOLD", hold, ACRX_CMD_TRANSPARENT},
+        {L"RESOURCES", tell_resources, ACRX_CMD_TRANSPARENT}, {L"LEAK", leak, ACRX_CMD_MODAL}};
     for (const auto& command : commands) {
-        acedRegCmds->addCommand(L"TST_GROUP", (CString(L"GLOBAL_") + command.name), command.name, command.flags,
-                                command.function);
+        acedRegCmds->addCommand(L"TST_GROUP", (std::wstring(L"GLOBAL_") + command.name).c_str(), command.name,
+                                command.flags, command.function);
     }
-}
-
-void register_grid() {
-    WNDCLASSW description{};
-    description.style = CS_DBLCLKS;
-    description.lpfnWndProc = grid_procedure;
-    description.hInstance = extension_module.hModule;
-    description.lpszClassName = L"TestModuleGrid";
-    RegisterClassW(&description);
 }
 
 }  // namespace
@@ -181,11 +179,9 @@ void register_grid() {
 extern "C" AcRx::AppRetCode acrxEntryPoint(AcRx::AppMsgCode message, void* application) {
     if (message == AcRx::kInitAppMsg) {
         acrxDynamicLinker->unlockApplication(application);
-        register_grid();
         add_commands();
     } else if (message == AcRx::kUnloadAppMsg) {
         acedRegCmds->removeGroup(L"TST_GROUP");
-        UnregisterClassW(L"TestModuleGrid", extension_module.hModule);
     } else {
         acutPrintf(L"\nmessage %d", message);
     }
@@ -194,13 +190,4 @@ extern "C" AcRx::AppRetCode acrxEntryPoint(AcRx::AppMsgCode message, void* appli
 
 extern "C" int acrxGetApiVersion() {
     return ACRX_API_VERSION;
-}
-
-extern "C" BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, LPVOID) {
-    if (reason == DLL_PROCESS_ATTACH && AfxInitExtensionModule(extension_module, instance)) {
-        new CDynLinkLibrary(extension_module);
-    } else if (reason == DLL_PROCESS_DETACH) {
-        AfxTermExtensionModule(extension_module);
-    }
-    return TRUE;
 }

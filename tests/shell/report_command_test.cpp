@@ -76,21 +76,6 @@ TEST_F(ReportCommand, EndsWhenThereIsNothingToReport) {
     succeed("QXBOMC\nlist.prc\nALL\n\nQUIT\n");
 }
 
-TEST_F(ReportCommand, SaysWhichPriceListCannotBeOpened) {
-    fs::create_directory(folder_ / "folder.prc");
-    for (const std::string name : {"missing.prc", "folder.prc"}) {
-        succeed("QXBOMC\n" + name + "\n@alert \"File *" + name + " could  not be opened\"\nQUIT\n");
-    }
-}
-
-TEST_F(ReportCommand, PassesOverALineWithoutEnd) {
-    write("line.prc", std::string(10'000'000, 'x') + "\r\nDOOR|2|\r\nbolt|1|y\r\n");
-    succeed(
-        "QXBOMC\nline.prc\nALL\n\n@press \"Save to file\"\n^C\n@press \"Save to file\"\nline.txt\n@press "
-        "\"Close\"\nQUIT\n");
-    EXPECT_THAT(read("line.txt"), HasSubstr("  Summary:                                                  7.00"));
-}
-
 TEST_F(ReportCommand, ComesBackAfterUnloading) {
     succeed(
         "ARX\nUnload\nCorvanes\nARX\nLoad\nCorvanes.arx\n"

@@ -1,32 +1,14 @@
-// "QXBOMT": price lists made, edited, checked and saved in the real dialog, as a person would.
+// "QXBOMT": price lists sorted and saved in the real dialog.
 #include <cstdio>
 
 #include "tests/shell/module_program.h"
-
-namespace fs = std::filesystem;
 
 namespace {
 
 class TemplateCommand : public test_support::ModuleProgram {
   protected:
-    TemplateCommand() { write("House.dxf", test_support::drawing_of({"DOOR", "bolt", "*U3", "\xe3\xec\xfa 80"})); }
+    TemplateCommand() { write("House.dxf", test_support::drawing_of({"DOOR"})); }
 };
-
-/// Types a text into a cell and ends the edit with Tab.
-std::string fill(int column, int row, const std::string& text) {
-    return "@click-cell " + std::to_string(column) + ' ' + std::to_string(row) + "\n@key CTRL+END\n@type \"" + text +
-           "\"\n@key TAB\n";
-}
-
-TEST_F(TemplateCommand, KeepsAListThatTheReportThenUses) {
-    succeed("QXBOMT\n@press \"New\"\nlist.prc\n" + fill(0, 0, "DOOR") + fill(1, 0, ".5") + fill(2, 0, "steel door") +
-            "@press \"Insert Row\"\n" + fill(0, 1, "bolt") + fill(1, 1, "7") + fill(2, 1, "\xd7\x91\xd7\xa8\xd7\x92") +
-            "@press \"Move Up\"\n@press \"Save\"\n@press \"Close\"\n"
-            "QXBOMC\n\nALL\n\n@press \"Save to file\"\nreport.txt\n@press \"Close\"\nQUIT\n");
-    EXPECT_EQ(read("list.prc"), "bolt|07|\xe1\xf8\xe2\r\nDOOR|0.5|steel door\r\n");
-    EXPECT_THAT(read("report.txt"),
-                testing::HasSubstr("  Summary:                                                  7.50\r\n"));
-}
 
 TEST_F(TemplateCommand, SortsAndKeepsWidthsAndTheLastFile) {
     write("list.prc", "a|10|x\r\nB|9.5|\r\nc|100|y\r\n");
@@ -46,28 +28,45 @@ TEST_F(TemplateCommand, SortsAndKeepsWidthsAndTheLastFile) {
     EXPECT_THAT(read("filename.set"), testing::EndsWith("names.prc"));
 }
 
-TEST_F(TemplateCommand, RefusesWhatWouldSpoilTheList) {
-    write("list.prc", "DOOR|1|x\r\nb|2|y\r\n");
-    succeed("QXBOMT\n@press \"Open\"\nlist.prc\n" +
-            // A name that another row has: the edit goes on until Escape leaves it.
-            std::string("@click-cell 0 1\n@key CTRL+END\n@key BACKSPACE\n@type \"door\"\n@key RETURN\n"
-                        "@alert \"Block name door is not unique\"\n@key ESCAPE\n@press \"Save\"\n") +
-            // Neither a name nor a price may be missing.
-            "@press \"Insert Row\"\n" + fill(2, 2, "z") +
-            "@press \"Save\"\n@expect-text 1001 \"Block name is absent\"\n@click-cell 0 0\n@key ESCAPE\n" +
-            "@expect-text 1001 \"\"\n@press \"Close\"\n@alert \"Save changes to *list.prc\" YES\n"
-            "@expect-text 1001 \"Block name is absent\"\n@press \"Close\"\n@alert \"Save changes to *\" CANCEL\n"
-            "@press \"Close\"\n@alert \"Save changes to *\" NO\nQUIT\n");
-    EXPECT_EQ(read("list.prc"), "DOOR|1|x\r\nb|2|y\r\n");
+/// The host's scripts, over the module's dialog.
+TEST_F(TemplateCommand, IsNotDrivenByScriptsThatDoNotFit) {
+    const std::string open = "QXBOMT\n@press \"Open\"\nnone.prc\n";
+    const std::string alert = "\"File " + (folder_ / "none.prc").string() + " could  not be opened\"\n";
+    const std::pair<std::string, std::string> failing[] = {
+        {"QXBOMT\n", "1: the script ended with a dialog open: \"BOM Template\"\n"},
+        {"QXBOMT\nQUIT\n", "2: a dialog is open, which this line does not drive: \"BOM Template\"\n"},
+        {"QXBOMT\n@press \"Print\"\n", "2: the dialog \"BOM Template\" shows no button \"Print\"\n"},
+        {"QXBOMT\n@press 204\n", "2: the control 204 is disabled\n"},
+        {"QXBOMT\n@click-cell 3 0\n", "2: the dialog \"BOM Template\" shows no cell in column 3, row 0\n"},
+        {"QXBOMT\n@expect-text 1001 \"x\"\n", "2: the control 1001 has the text \"\"\n"},
+        {"QXBOMT\n@alert \"x\"\n", "2: no alert is up, but the dialog \"BOM Template\"\n"},
+        {open + "@close\n", "4: an alert waits for an answer: " + alert},
+        {open + "@alert \"Stop?\"\n", "4: the alert says " + alert},
+        {open + "@alert \"File *\" RETRY\n", "4: the alert has no button RETRY\n"},
+        {open, "3: the script ended with a dialog open: " + alert},
+    };
+    for (const auto& [script, line] : failing) {
+        write("a.scr", script);
+        EXPECT_EQ(start("House.dxf --load Corvanes.arx --script a.scr --hidden").said, "script a.scr:" + line);
+    }
 }
 
-TEST_F(TemplateCommand, LeavesNoSettingsWhenNothingWasOpened) {
+/// Ways of a script that no other one goes.
+TEST_F(TemplateCommand, TakesKeysClicksAndAnswersOfAllKinds) {
+    write("list.prc", "a|1|x\r\nb|2|y\r\n");
+    write("taken.prc", "old");
     succeed(
-        "QXBOMT\n@press \"Close\"\nQXBOMT\n@press \"Open\"\nmissing.prc\n@alert \"File *missing.prc could  not be "
-        "opened\"\n"
-        "@press \"Close\"\nQXBOMT\n@close\nQUIT\n");
-    EXPECT_FALSE(fs::exists(folder_ / "corvane1.set"));
-    EXPECT_FALSE(fs::exists(folder_ / "filename.set"));
+        "QXBOMT\n@press \"Open\"\nlist.prc\n@double-click-cell 2 1\n@key SHIFT+HOME\n@type \"New\"\n@key TAB\n"
+        "@press 204\ntaken.prc\n@alert \"*already exists.\\nDo you want to replace it?\" NO\nfree.txt\n"
+        "@press \"Save As\"\ntaken.prc\n@alert \"*replace it?\" YES\n@press \"Save As\"\nbare\n"
+        "@press \"Open\"\n^C\n@picture dialog.png\n@press \"Open\"\nnone.prc\n@picture box.png\n@alert \"File*\"\n"
+        "@key ESCAPE\nQUIT\n");
+    for (const char* list : {"free.txt", "taken.prc", "bare.prc"}) {
+        EXPECT_EQ(read(list), "a|1|x\r\nb|2|New\r\n") << list;
+    }
+    for (const char* picture : {"box.png", "dialog.png"}) {
+        EXPECT_EQ(read(picture).substr(0, 8), "\x89PNG\r\n\x1A\n") << picture;
+    }
 }
 
 }  // namespace
