@@ -5,10 +5,6 @@
 #include "base/replace_file.h"
 #include "tests/support/temporary_folder.h"
 
-#ifndef _WIN32
-#include <sys/stat.h>
-#endif
-
 namespace fs = std::filesystem;
 
 namespace {
@@ -106,36 +102,6 @@ TEST_F(ReplaceFile, WritesIntoAFileThatAReaderHasOpen) {
         EXPECT_EQ(bytes_of(target), text);
     }
     EXPECT_EQ(names(), std::vector<std::string>{"list.prc"});
-}
-#else
-TEST_F(ReplaceFile, FollowsLinksAndRefusesWhatIsNoFile) {
-    put(folder_ / "real", "old");
-    fs::create_symlink("real", folder_ / "link");
-    EXPECT_TRUE(base::replace_file(folder_ / "link", "new"));
-    EXPECT_TRUE(fs::is_symlink(folder_ / "link"));
-    EXPECT_EQ(bytes_of(folder_ / "real"), "new");
-    fs::create_symlink("nowhere", folder_ / "broken");
-    EXPECT_EQ(base::replace_file(folder_ / "broken", "new").reason(), "It is a link to a file that does not exist");
-    EXPECT_TRUE(fs::is_symlink(folder_ / "broken"));
-    ASSERT_EQ(::mkfifo((folder_ / "pipe").c_str(), 0666), 0);
-    EXPECT_EQ(base::replace_file(folder_ / "pipe", "new").reason(), "It is not a regular file");
-    EXPECT_EQ(names().size(), 4U);
-}
-
-TEST_F(ReplaceFile, KeepsTheModeAndObeysTheUmask) {
-    const auto mode_of = [this](const char* name) {
-        return static_cast<unsigned>(fs::status(folder_ / name).permissions());
-    };
-    for (const unsigned mode : {0600U, 0640U, 0664U}) {
-        put(folder_ / "list.prc", "old");
-        fs::permissions(folder_ / "list.prc", fs::perms(mode));
-        EXPECT_TRUE(base::replace_file(folder_ / "list.prc", "new"));
-        EXPECT_EQ(mode_of("list.prc"), mode);
-    }
-    const mode_t umask_before = ::umask(027);
-    EXPECT_TRUE(base::replace_file(folder_ / "made.prc", "new"));
-    ::umask(umask_before);
-    EXPECT_EQ(mode_of("made.prc"), 0640U);
 }
 #endif
 

@@ -2,6 +2,7 @@
 
 #include "base/case_folding.h"
 #include "base/code_page.h"
+#include "tests/support/rows.h"
 
 namespace {
 
@@ -12,15 +13,9 @@ TEST(CaseFolding, LowersBeyondAscii) {
 }
 
 TEST(CaseFolding, OrdersWithoutRegardToCase) {
-    const struct {
-        std::wstring left, right;
-        int expected;
-    } cases[] = {
-        {L"", L"", 0},        {L"Door", L"DOOR", 0}, {L"a", L"B", -1},          {L"B", L"a", 1},
-        {L"door", L"doo", 1}, {L"doo", L"door", -1}, {L"\u0416", L"\u0436", 0}, {L"Z", L"_", 1},
-    };
-    for (const auto& c : cases) {
-        EXPECT_EQ(base::compare_ignoring_case(c.left, c.right), c.expected);
+    for (const auto& row :
+         test_support::rows_of(L"==0|Door=DOOR=0|a=B=-1|B=a=1|door=doo=1|doo=door=-1|\u0416=\u0436=0|Z=_=1")) {
+        EXPECT_EQ(std::to_wstring(base::compare_ignoring_case(row[0], row[1])), row[2]);
     }
 }
 

@@ -6,6 +6,8 @@
 #include <limits>
 #include <string>
 
+#include "tests/support/rows.h"
+
 using corvanes::number_from_text;
 using corvanes::take_integer;
 
@@ -13,43 +15,13 @@ namespace {
 
 TEST(PriceText, ReadsTheNumberAtTheFront) {
     constexpr double infinity = std::numeric_limits<double>::infinity();
-    const struct {
-        const wchar_t* text;
-        double number;
-    } cases[] = {
-        {L"", 0},
-        {L"12.5", 12.5},
-        {L"  \t7", 7},
-        {L"\u00a07", 7},
-        {L"-3.25", -3.25},
-        {L"+4", 4},
-        {L".5", 0.5},
-        {L"5.", 5},
-        {L".", 0},
-        {L"abc", 0},
-        {L"12abc", 12},
-        {L"1,234.5", 1},
-        {L"1e3", 1000},
-        {L"1e", 1},
-        {L"1e+", 1},
-        {L"2.5E-1x", 0.25},
-        {L"- 5", 0},
-        {L"--5", 0},
-        {L"-x", 0},
-        {L"-0", -0.0},
-        {L"0x10", 0},
-        {L"inf", 0},
-        {L"nan", 0},
-        {L"1e999", infinity},
-        {L"1e-999", 0},
-        {L"-1e999", -infinity},
-        {L"\u0661\u0662", 0},
-        {L"12.5\u20aa", 12.5},
-    };
-    for (const auto& c : cases) {
-        EXPECT_EQ(number_from_text(c.text), c.number) << c.text;
-        const bool minus = std::signbit(number_from_text(c.text));
-        EXPECT_EQ(minus, std::signbit(c.number)) << c.text << ": a report would show -0.00";
+    for (const auto& row : test_support::rows_of(
+             L"=0|12.5=12.5|  \t7=7|\u00a07=7|-3.25=-3.25|+4=4|.5=0.5|5.=5|.=0|abc=0|12abc=12|1,234.5=1|1e3=1000|1e=1|"
+             L"1e+=1|2.5E-1x=0.25|- 5=0|--5=0|-x=0|-0=-0|0x10=0|inf=0|nan=0|1e999=inf|1e-999=0|-1e999=-inf|"
+             L"\u0661\u0662=0|12.5\u20aa=12.5")) {
+        const double number = number_from_text(row[0]);
+        EXPECT_EQ(number, std::stod(row[1])) << row[0];
+        EXPECT_EQ(std::signbit(number), row[1][0] == L'-') << row[0] << ": a report would show -0.00";
     }
     const std::wstring zeros(400, L'0');
     EXPECT_EQ(number_from_text(L"0." + zeros.substr(0, 200) + L"1"), 1e-201) << "longer than the small buffer";
@@ -79,16 +51,10 @@ TEST(PriceText, TakesIntegersOneAfterAnother) {
 }
 
 TEST(PriceText, RoundsAmountsCorrectly) {
-    const struct {
-        double amount;
-        const wchar_t* text;
-    } cases[] = {{0, L"0.00"},       {2.5, L"2.50"},
-                 {7.5, L"7.50"},     {1.005, L"1.00"},
-                 {0.125, L"0.12"},   {0.375, L"0.38"},
-                 {-3.456, L"-3.46"}, {1234567.891, L"1234567.89"},
-                 {-0.001, L"-0.00"}, {1e15, L"1000000000000000.00"}};
-    for (const auto& c : cases) {
-        EXPECT_EQ(corvanes::amount_text(c.amount), c.text);
+    for (const auto& row : test_support::rows_of(
+             L"0=0.00|2.5=2.50|7.5=7.50|1.005=1.00|0.125=0.12|0.375=0.38|-3.456=-3.46|1234567.891=1234567.89|"
+             L"-0.001=-0.00|1e15=1000000000000000.00")) {
+        EXPECT_EQ(corvanes::amount_text(std::stod(row[0])), row[1]);
     }
     EXPECT_EQ(corvanes::amount_text(1.7976931348623157e308).size(), 312U);
 }
@@ -97,17 +63,8 @@ TEST(PriceText, KnowsWhatIsReadOnlyInPart) {
     for (const wchar_t* whole : {L"12.5", L" 12 ", L"-1e3", L".5"}) {
         EXPECT_EQ(corvanes::partly_read_number(whole), std::nullopt) << whole;
     }
-    const std::pair<const wchar_t*, double> cases[] = {{L"12,50", 12},
-                                                       {L"1,000", 1},
-                                                       {L"abc", 0},
-                                                       {L"3 for 2", 3},
-                                                       {L"12.5.1", 12.5},
-                                                       {L"-", 0},
-                                                       {L"\x20AA"
-                                                        L"5",
-                                                        0}};
-    for (const auto& [text, value] : cases) {
-        EXPECT_EQ(corvanes::partly_read_number(text), value) << text;
+    for (const auto& row : test_support::rows_of(L"12,50=12|1,000=1|abc=0|3 for 2=3|12.5.1=12.5|-=0|\x20AA 5=0")) {
+        EXPECT_EQ(corvanes::partly_read_number(row[0]), std::stod(row[1])) << row[0];
     }
 }
 

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "common/text_file.h"
 #include "tests/support/temporary_folder.h"
 
 namespace fs = std::filesystem;
@@ -79,17 +78,6 @@ TEST_F(SettingsFiles, LastFileComesBackUpToItsFirstBlank) {
     EXPECT_EQ(corvanes::read_last_file(folder_ / "missing"), std::nullopt);
     corvanes::write_last_file(folder_ / "missing" / "filename.set", L"x");
     EXPECT_FALSE(fs::exists(folder_ / "missing"));
-}
-
-TEST_F(SettingsFiles, TextsBeyondTheCodePageAreKeptInUtf8) {
-    const std::wstring text = L"\ubb38|1|\u05d3\u05dc\u05ea\r\n";
-    EXPECT_TRUE(corvanes::write_text_file(file(), text));
-    EXPECT_EQ(bytes(), "\xef\xbb\xbf\xeb\xac\xb8|1|\xd7\x93\xd7\x9c\xd7\xaa\r\n");
-    EXPECT_EQ(corvanes::read_text_file(file()), text);
-    put("\xe3\xec\xfa");
-    EXPECT_EQ(corvanes::read_text_file(file()), L"\u05d3\u05dc\u05ea");
-    EXPECT_EQ(corvanes::read_text_file(folder_.path()), std::nullopt);
-    EXPECT_FALSE(corvanes::write_text_file(folder_.path(), text));
 }
 
 }  // namespace

@@ -52,14 +52,4 @@ TEST_F(BlockNames, FindsEveryNameOfAListOfAnyLength) {
     }
 }
 
-TEST_F(BlockNames, UsingAllLeavesNothing) {
-    fill({L"x", L"y"});
-    names_.MarkUsed(L"X", 1);
-    names_.MarkUsed(L"Y", 1);
-    EXPECT_EQ(list(), L"");
-    names_.Clear();
-    names_.MarkUsed(L"x", 1);
-    EXPECT_EQ(list(), L"");
-}
-
 }  // namespace

@@ -329,28 +329,6 @@ TEST_F(TemplateDialog, ReadsFilesThatPeopleMade) {
     EXPECT_EQ(run.read(L"list.prc"), "a|1|x\r\nA|2|y\r\n");
 }
 
-TEST_F(TemplateDialog, OffersTheNamesThatNoRowUses) {
-    run.press(IDC_TEMPLATE_NEW, path(L"list.prc"));
-    run.grid().SetFocus();
-    run.key(VK_F4);
-    run.type(L"d");
-    run.key(VK_RETURN);
-    EXPECT_EQ(run.rows(), L"DOOR|0|\n");
-    run.press(IDC_TEMPLATE_INSERT_ROW);
-    run.click(0, 1, 5);
-    const HWND list = ::GetFocus();
-    EXPECT_EQ(::SendMessageW(list, CB_GETCOUNT, 0, 0), 2) << "bolt and the Hebrew door";
-    run.type(L"\x05D3");
-    run.key(VK_RETURN);
-    EXPECT_EQ(run.rows(), L"DOOR|0|\n\x05D3\x05DC\x05EA 80|0|\n");
-    run.key(VK_RIGHT);
-    run.key(VK_F2);
-    run.type(L".7");
-    run.key(VK_TAB);
-    run.type(L"z");
-    EXPECT_EQ(run.rows(), L"DOOR|0|\n\x05D3\x05DC\x05EA 80|0.7|\n") << "typing begins an edit of a name only";
-}
-
 TEST_F(TemplateDialog, GoesOnInTheGridAfterAButton) {
     run.press(IDC_TEMPLATE_NEW, path(L"list.prc"));
     run.type(L"dd");

@@ -209,22 +209,6 @@ TEST_F(DrawingPaneTest, ZoomsAndPansUnderThePointer) {
     EXPECT_FALSE(pane().restore_view());
 }
 
-TEST_F(DrawingPaneTest, AnswersQuestionsForPoints) {
-    {
-        const PointerGuide point{PointerGuide::Kind::crosshair, {}};
-        post(WM_LBUTTONDOWN, pixel(20, 80));
-        const std::optional<Point> picked = parse_point(person_.prompt(L"\nPoint: ", point).text);
-        ASSERT_TRUE(picked);
-        EXPECT_NEAR(20, picked->x, 1 / pane().view().pixels_per_unit());
-        EXPECT_NEAR(80, picked->y, 1 / pane().view().pixels_per_unit());
-        post(WM_RBUTTONDOWN, pixel(20, 80));
-        EXPECT_EQ(Answer::return_only, person_.prompt(L"\nPoint: ", point).kind);
-    }
-    post(WM_LBUTTONDOWN, pixel(20, 80));  // nobody wants a point now
-    post(WM_RBUTTONDOWN, pixel(20, 80));
-    EXPECT_EQ(Answer::return_only, person_.prompt(L"\nCommand: ").kind);
-}
-
 TEST_F(DrawingPaneTest, EndsASelectionWhereTheButtonIsLetGo) {
     const auto answer = [&](PointerGuide::Kind kind) {
         const Answer given = person_.prompt(L"\nCorner: ", {kind, {20, 80}});
@@ -247,25 +231,6 @@ TEST_F(DrawingPaneTest, EndsASelectionWhereTheButtonIsLetGo) {
     drag(pixel(40, 60), 0);
     EXPECT_EQ("20", answer(PointerGuide::Kind::crosshair));
     EXPECT_EQ("none", answer(PointerGuide::Kind::rectangle));
-}
-
-TEST_F(DrawingPaneTest, GivesEventsToFollowThePointer) {
-    post(WM_MOUSEMOVE, pixel(20, 80));
-    std::optional<InputEvent> event = window_.wait_for_event();
-    ASSERT_TRUE(event);
-    EXPECT_EQ(InputEvent::move, event->kind);
-    EXPECT_NEAR(80, event->point.y, 1 / pane().view().pixels_per_unit());
-    post(WM_LBUTTONDOWN, pixel(30, 10));
-    event = window_.wait_for_event();
-    ASSERT_TRUE(event);
-    EXPECT_EQ(InputEvent::pick, event->kind);
-    EXPECT_NEAR(30, event->point.x, 1 / pane().view().pixels_per_unit());
-    PostMessageW(window_.window(), WM_KEYDOWN, VK_RETURN, 1);
-    event = window_.wait_for_event();
-    ASSERT_TRUE(event);
-    EXPECT_EQ(L'\r', event->character);
-    PostMessageW(window_.window(), WM_KEYDOWN, VK_ESCAPE, 1);
-    EXPECT_FALSE(window_.wait_for_event());
 }
 
 TEST_F(DrawingPaneTest, FollowsTheCommandsForLooking) {

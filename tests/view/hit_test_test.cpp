@@ -106,19 +106,6 @@ TEST(HitTest, ComesToAnEndWithBlocksNestedLikeABomb) {
     EXPECT_EQ("0 1 2", find.window({-8, -8}, {8, 8}));
 }
 
-TEST(HitTest, AgreesWithItselfInALargeDrawing) {
-    std::string lines;
-    for (int i = 0; i < 400; ++i) {
-        const std::string x = std::to_string(i % 20 * 10);
-        const std::string y = std::to_string(i / 20 * 10);
-        lines.append(i > 0 ? "|" : "").append("0 POINT|8 0|10 ").append(x).append("|20 ").append(y);
-    }
-    const Finder find(entities(lines));
-    EXPECT_EQ("21 22 41 42", find.window({5, 5}, {25, 25}));
-    EXPECT_EQ("21 22 41 42", find.crossing({5, 5}, {25, 25}));
-    EXPECT_EQ("399", find.pick(190, 190));
-}
-
 TEST(HitTest, FindsArraysByTheirCopies) {
     const std::string bar = blocks(block("BAR", "0 LINE|8 0|10 0|20 0|11 2|21 1"));
     const Finder find(bar +

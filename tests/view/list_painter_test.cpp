@@ -197,22 +197,6 @@ TEST(SmoothFill, CoversPixelsByTheirParts) {
     }
 }
 
-TEST(ListPainter, FillsWithHolesByTheEvenOddRule) {
-    Painting painting(8, 6,
-                      entities("0 HATCH|8 0|10 0|20 0|30 0|2 SOLID|70 1|91 2|"
-                               "92 2|72 0|73 1|93 4|10 1|20 0|10 7|20 0|10 7|20 6|10 1|20 6|97 0|"
-                               "92 2|72 0|73 1|93 4|10 3|20 2|10 5|20 2|10 5|20 4|10 3|20 4|97 0|75 0|76 1|98 0"));
-    EXPECT_EQ(
-        "\n"
-        ".######.\n"
-        ".######.\n"
-        ".##..##.\n"
-        ".##..##.\n"
-        ".######.\n"
-        ".######.\n",
-        painting.paint());
-}
-
 TEST(ViewTransform, ShowsBoxesWholeAndGoesBothWays) {
     ViewTransform view(200, 100);
     view.show({{10, 10}, {30, 30}}, 0.25);
