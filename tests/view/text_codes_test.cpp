@@ -53,22 +53,29 @@ TEST(TextCodes, OfSingleLines) {
 }
 
 TEST(TextCodes, OfParagraphs) {
-    const ParagraphText text = parse_paragraphs(
-        L"{\\fDavid|b1|i0|c177;\\H2.5x;\\C3;\\W0.8;\\LTitle\\l}\\P"
-        L"\\A1;line\\~two \\H9;\\S1/2;\\S+0.1^-0.2; \\\\ \\{x\\} 45%%d\nthree\\Q15;^");
-    EXPECT_EQ((std::vector<std::wstring>{L"Title",
-                                         L"line\x00A0"
-                                         L"two 1/2+0.1/-0.2 \\ {x} 45\x00B0",
-                                         L"three^"}),
-              text.lines);
-    EXPECT_EQ(2.5, text.height_factor.value());
-    EXPECT_FALSE(text.height);
-    EXPECT_EQ(0.8, text.width_factor.value());
-    EXPECT_EQ(3, text.colour_index.value());
-    EXPECT_EQ(L"David", text.font_family);
-    EXPECT_TRUE(text.bold);
-    EXPECT_FALSE(text.italic);
-    EXPECT_EQ(3, parse_paragraphs(L"\\H3;a").height.value());
+    EXPECT_EQ(
+        "Title [h2.5 w0.8 up0 under #00ff00 David bold]\n"
+        "line\xC2\xA0two  \\ {x} 45°\n"
+        "=middle [#123456]\n"
+        "=also  [#123456]\n"
+        ">\n",
+        told(paragraph_lines(
+            L"{\\fDavid|b1|i0|c177;\\H2.5x;\\C3;\\W0.8;\\LTitle\\l}\\P"
+            L"\\A1;line\\~two \\H1;\\Q0; \\\\ \\{x\\} 45%%d\n\\pi0,xqc;\\c5649426;middle^Jalso^I^M\\P\\pqr;",
+            {})));
+    EXPECT_EQ(
+        "3|1 [h0.6 w1 up0.5 under]|2 [h0.6 w1 up-0.25 stacked]|;|+0.1 [h0.6 w1 up0.5]|-0.2 [h0.6 w1 up-0.25 stacked]\n",
+        told(paragraph_lines(L"3\\S1/2;;\\S+0.1^-0.2;", {})));
+    EXPECT_EQ("a [#ff0000]|b|c [slanted]|d [h3 w1 up0 slanted]\n",
+              told(paragraph_lines(L"{\\C1;a}b\\C256;\\Q15;c\\H3;d", {})));
+}
+
+TEST(TextCodes, CutOffAnywhereAreStillRead) {
+    const std::wstring whole = L"{\\fArial|b1;\\H3;a\\S1#2;\\C7;b}}\\P%%065^J\\pxqc;\\";
+    for (size_t length = 0; length <= whole.size(); ++length) {
+        EXPECT_FALSE(paragraph_lines(whole.substr(0, length), {}).empty());
+        line_runs(whole.substr(0, length));
+    }
 }
 
 }  // namespace host
