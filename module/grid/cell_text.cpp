@@ -138,6 +138,11 @@ void DrawCellText(CDC& dc, const RECT& rect, const wchar_t* text, const CellLook
     }
 }
 
+SIZE CellTextSize(CDC& dc, const wchar_t* text) {
+    const SIZE lines = text_size(dc, text != nullptr ? text : L"");
+    return {lines.cx + 2 * cell_text_margin, lines.cy};
+}
+
 bool CellTextFits(CDC& dc, const RECT& rect, const wchar_t* text) {
     LinePainter painter(dc, rect, false, false, 0);
     std::wstring_view rest = text != nullptr ? text : L"";

@@ -26,6 +26,9 @@ void DrawCellText(CDC& dc, const RECT& rect, const wchar_t* text, const CellLook
 int text_width(CDC& dc, std::wstring_view line);
 SIZE text_size(CDC& dc, std::wstring_view text);
 
+// The smallest rectangle, in pixels, in which DrawCellText shows every line of the text whole.
+SIZE CellTextSize(CDC& dc, const wchar_t* text);
+
 // Whether DrawCellText would show every line of the text whole.
 bool CellTextFits(CDC& dc, const RECT& rect, const wchar_t* text);
 

@@ -12,6 +12,10 @@ bool CUGCellType::CutsText(CDC& dc, const RECT& rect, const CUGCell& cell) const
     return !corvanes::CellTextFits(dc, TextPlace(rect), cell.GetText());
 }
 
+SIZE CUGCellType::BestSize(CDC& dc, const CUGCell& cell) const {
+    return corvanes::CellTextSize(dc, cell.GetText());
+}
+
 bool CUGCellType::OnLeftClick(corvanes::CellGrid&, const corvanes::CellPlace&, int, POINT) {
     return false;
 }

@@ -37,6 +37,9 @@ class CUGCellType {
     virtual RECT TextPlace(const RECT& cell) const;
     // Whether a cell of this size does not show its text whole, so that a hint has to.
     virtual bool CutsText(CDC& dc, const RECT& rect, const CUGCell& cell) const;
+    // The smallest size, in pixels and without the grid lines, in which the cell shows all that it has. `dc` has the
+    // grid's font selected.
+    virtual SIZE BestSize(CDC& dc, const CUGCell& cell) const;
     // True when the type acted on the event. `updn` is 1 for the button going down and 0 for its coming up.
     virtual bool OnLeftClick(corvanes::CellGrid& grid, const corvanes::CellPlace& place, int updn, POINT point);
     virtual bool OnKeyDown(corvanes::CellGrid& grid, const corvanes::CellPlace& place, UINT key);

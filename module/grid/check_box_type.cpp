@@ -34,6 +34,10 @@ void CUGCheckBoxType::OnDraw(CDC& dc, const RECT& rect, const CUGCell& cell, con
     ::DrawFrameControl(dc.m_hDC, &box, DFC_BUTTON, DFCS_BUTTONCHECK | (ticked(cell.GetText()) ? DFCS_CHECKED : 0));
 }
 
+SIZE CUGCheckBoxType::BestSize(CDC&, const CUGCell&) const {
+    return {box_size, box_size};
+}
+
 bool CUGCheckBoxType::OnLeftClick(CellGrid& grid, const CellPlace& place, int updn, POINT point) {
     const RECT box = box_in(place.rect);
     if (::PtInRect(&box, point) == 0) {

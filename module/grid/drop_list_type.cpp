@@ -26,6 +26,11 @@ RECT CUGDropListType::TextPlace(const RECT& cell) const {
     return {cell.left, cell.top, strip_of(cell).left, cell.bottom};
 }
 
+SIZE CUGDropListType::BestSize(CDC& dc, const CUGCell& cell) const {
+    const SIZE text = CellTextSize(dc, cell.GetText());
+    return {text.cx + button_strip, text.cy};
+}
+
 bool CUGDropListType::OnLeftClick(CellGrid& grid, const CellPlace& place, int updn, POINT point) {
     const RECT strip = strip_of(place.rect);
     if (::PtInRect(&strip, point) == 0) {

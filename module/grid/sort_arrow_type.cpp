@@ -8,6 +8,7 @@ namespace {
 
 constexpr int arrow_height = 5;
 constexpr int arrow_margin = 6;
+constexpr int strip = 2 * arrow_margin + 2 * arrow_height - 1;
 
 // A filled triangle, `arrow_height` lines of pixels high, drawn line by line so that it is the same on every device.
 void draw_arrow(CDC& dc, int center, int top, bool down, COLORREF color) {
@@ -26,7 +27,6 @@ void CUGSortArrowType::OnDraw(CDC& dc, const RECT& rect, const CUGCell& cell, co
         CUGCellType::OnDraw(dc, rect, cell, look);
         return;
     }
-    constexpr int strip = 2 * arrow_margin + 2 * arrow_height - 1;
     RECT text = rect;
     text.right = std::max(rect.left, rect.right - strip);
     DrawCellText(dc, text, cell.GetText(), look);
@@ -38,4 +38,9 @@ void CUGSortArrowType::OnDraw(CDC& dc, const RECT& rect, const CUGCell& cell, co
         draw_arrow(dc, rect.right - strip / 2 - 1, top, (options & arrow_down_ascending) != 0,
                    ::GetSysColor(COLOR_BTNTEXT));
     }
+}
+
+SIZE CUGSortArrowType::BestSize(CDC& dc, const CUGCell& cell) const {
+    const SIZE text = CellTextSize(dc, cell.GetText());
+    return {text.cx + strip, text.cy};
 }

@@ -109,6 +109,31 @@ TEST_F(Grid, SortsByItsOwnOrderAndTheOwnersFlags) {
     EXPECT_EQ(picture(), "|1*|\n|4*|\n9|2|\n10|0|\n100|3|\n") << "and so does the anchor";
 }
 
+TEST_F(Grid, TheBestSizeOfACellIsTheLeastThatShowsItWhole) {
+    CClientDC dc(&grid);
+    dc.SelectObject(CFont::FromHandle(grid.GetGridFont()));
+    CUGSortArrowType arrow;
+    const int arrow_index = grid.AddCellType(&arrow);
+    grid.SetCellTypeOptions(0, 0, corvanes::arrow_down_ascending);
+    for (const wchar_t* text : {L"", L"a name", L"two\nlines, the second long", L"\x5E9\x5DC\x5D5\x5DD 12"}) {
+        grid.SetCellText(0, 0, text);
+        for (const int type : {static_cast<int>(corvanes::type_normal), static_cast<int>(corvanes::type_drop_list)}) {
+            grid.SetCellTypeIndex(0, 0, type);
+            CUGCell cell;
+            grid.GetCell(0, 0, &cell);
+            const SIZE best = grid.CellType(type).BestSize(dc, cell);
+            EXPECT_FALSE(grid.CellType(type).CutsText(dc, {5, 0, 5 + best.cx, best.cy}, cell)) << narrow(text);
+            EXPECT_EQ(grid.CellType(type).CutsText(dc, {5, 0, 4 + best.cx, best.cy}, cell), text[0] != 0);
+        }
+        CUGCell cell;
+        grid.GetCell(0, 0, &cell);
+        EXPECT_GT(arrow.BestSize(dc, cell).cx, grid.CellType(0).BestSize(dc, cell).cx);
+    }
+    EXPECT_EQ(arrow_index, corvanes::standard_cell_types);
+    CUGCell none;
+    EXPECT_EQ(grid.CellType(corvanes::type_check_box).BestSize(dc, none).cx, 13);
+}
+
 TEST_F(Grid, NeverStandsInAHiddenColumn) {
     grid.SetColumnWidth(2, 0);
     hold({VK_CONTROL});
