@@ -58,13 +58,13 @@ TEST(Script, ReadsActions) {
                             "8 kind 5 [] 1 0 -30 0 off 0"));
     EXPECT_THAT(read("@type \"a\\\"b\\n\\\\c:\\dir\"\n@key ctrl+Shift+a\n@key F12\n@key ALT+escape\n@key CTRL+SHIFT\n"
                      "@picture Z:\\new\\a.png\n@picture \"Z:\\t b\\n.png\"\n@expect-text 214 \"\"\n@close\n"
-                     "@alert \"\\nNo * here\"\n@alert \"?\" YES\n@expect-enabled 200 off\n"),
+                     "@alert \"\\nNo * here\"\n@alert \"?\" YES\n@expect-enabled 200 off\n@print Z:\\new\\a.png\n"),
                 ElementsAre("1 kind 6 [a\"b\n\\c:\\dir] 0 0 0 0 off 0", "2 kind 7 [] 0 0 0 65 off 3",
                             "3 kind 7 [] 0 0 0 123 off 0", "4 kind 7 [] 0 0 0 27 off 4", "5 kind 7 [] 0 0 0 16 off 1",
                             "6 kind 8 [Z:\\new\\a.png] 0 0 0 0 off 0", "7 kind 8 [Z:\\t b\\n.png] 0 0 0 0 off 0",
                             "8 kind 9 id 214 [] 0 0 0 0 off 0", "9 kind 10 [] 0 0 0 0 off 0",
                             "10 kind 11 [\nNo * here] 0 0 0 0 off 0", "11 kind 11 [?] button YES 0 0 0 0 off 0",
-                            "12 kind 12 id 200 [] 0 0 0 0 off 0"));
+                            "12 kind 12 id 200 [] 0 0 0 0 off 0", "13 kind 13 [Z:\\new\\a.png] 0 0 0 0 off 0"));
 }
 
 TEST(Script, RefusesWhatItCannotDoBeforeAnythingRuns) {

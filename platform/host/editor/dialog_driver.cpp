@@ -131,6 +131,8 @@ base::Outcome<> DialogDriver::perform(const ModalDialog& dialog, const DialogAct
             // Without a visible main window the dialog does not look active, though it has the focus.
             SendMessageW(dialog.window(), WM_NCACTIVATE, TRUE, 0);
             return save_window_png(dialog.window(), action.text);
+        case DialogAction::print:
+            return print(dialog, action);
         case DialogAction::expect_text:
             return expect_text(dialog, action);
         case DialogAction::expect_enabled:
@@ -179,6 +181,30 @@ base::Outcome<> DialogDriver::point_at_cell(const ModalDialog& dialog, const Dia
         post_double_click(at->window, at->point);
     } else {
         post_click(at->window, at->point);
+    }
+    return {};
+}
+
+base::Outcome<> DialogDriver::print(const ModalDialog& dialog, const DialogAction& action) {
+    // A4 upright.
+    constexpr int dots_per_inch = 150;
+    constexpr int width = 1240;
+    constexpr int height = 1754;
+    int pages = 1;
+    for (int page = 0; page < pages; ++page) {
+        std::filesystem::path file = action.text;
+        if (page > 0) {
+            file.replace_filename(file.stem().wstring() + L"-" + std::to_wstring(page + 1) +
+                                  file.extension().wstring());
+        }
+        const auto paint = [&](HDC context) -> base::Outcome<> {
+            pages = dialog.print({context, width, height, dots_per_inch, page});
+            return pages > 0 ? base::Outcome<>()
+                             : base::Failure{L"the dialog \"" + dialog.title() + L"\" has nothing to print"};
+        };
+        if (base::Outcome<> saved = save_painted_png(width, height, paint, file); !saved) {
+            return saved;
+        }
     }
     return {};
 }

@@ -33,6 +33,7 @@ class DialogDriver {
     base::Outcome<> press(const ModalDialog& dialog, const DialogAction& action);
     base::Outcome<> tick(const ModalDialog& dialog, const DialogAction& action);
     base::Outcome<> point_at_cell(const ModalDialog& dialog, const DialogAction& action);
+    static base::Outcome<> print(const ModalDialog& dialog, const DialogAction& action);
     base::Outcome<> expect_text(const ModalDialog& dialog, const DialogAction& action);
     base::Outcome<> expect_enabled(const ModalDialog& dialog, const DialogAction& action);
 

@@ -110,9 +110,27 @@ std::optional<WindowPoint> ModalDialog::cell(int column, int row, CellPlace plac
     return std::nullopt;
 }
 
+int ModalDialog::print(const PrintedPage& page) const {
+    static const UINT question = RegisterWindowMessageW(L"PrintedPageQuery");
+    for (const HWND window : descendants()) {
+        if (IsWindowVisible(window) != 0) {
+            if (const auto pages = SendMessageW(window, question, 0, reinterpret_cast<LPARAM>(&page)); pages > 0) {
+                return static_cast<int>(pages);
+            }
+        }
+    }
+    return 0;
+}
+
 HWND dialog_owner(HWND main_window) {
     const std::optional<ModalDialog> dialog = ModalDialog::find();
-    return dialog ? dialog->window() : main_window;
+    HWND owner = dialog ? dialog->window() : main_window;
+    // A dialog that leaves its own owner usable is an aid of that one, which has to wait too.
+    for (HWND below = owner; below != nullptr && below != main_window && IsWindowEnabled(below) != 0;) {
+        owner = below;
+        below = GetWindow(below, GW_OWNER);
+    }
+    return owner;
 }
 
 }  // namespace host

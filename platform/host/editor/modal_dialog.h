@@ -18,6 +18,17 @@ struct CellRectangle {
     RECT rectangle;
 };
 
+/// The registered message "PrintedPageQuery" carries a pointer to this in lParam (wParam is 0). A window that can be
+/// printed paints the page, counted from 0, in that many pixels, and returns how many pages there are; every other one
+/// returns 0.
+struct PrintedPage {
+    HDC context;
+    int width;
+    int height;
+    int dots_per_inch;
+    int page;
+};
+
 /// A place in a window's client area.
 struct WindowPoint {
     HWND window;
@@ -51,6 +62,8 @@ class ModalDialog {
     HWND default_button() const;
     /// Where to point for a cell of a grid; nothing when no grid has the cell.
     std::optional<WindowPoint> cell(int column, int row, CellPlace place) const;
+    /// Has a page painted; how many pages there are, 0 when nothing here can be printed.
+    int print(const PrintedPage& page) const;
     /// All windows inside, outer ones before inner ones.
     std::vector<HWND> descendants() const;
 

@@ -32,6 +32,7 @@ constexpr ActionForm action_forms[] = {
     {L"@type", DialogAction::type, {Argument::text}, L"@type \"TEXT\""},
     {L"@key", DialogAction::key, {Argument::key}, L"@key [CTRL+][SHIFT+][ALT+]NAME"},
     {L"@picture", DialogAction::picture, {Argument::text}, L"@picture \"FILE.png\""},
+    {L"@print", DialogAction::print, {Argument::text}, L"@print \"FILE.png\""},
     {L"@expect-text", DialogAction::expect_text, {Argument::number, Argument::text}, L"@expect-text ID \"TEXT\""},
     {L"@expect-enabled",
      DialogAction::expect_enabled,
@@ -40,6 +41,11 @@ constexpr ActionForm action_forms[] = {
     {L"@close", DialogAction::close, {}, L"@close"},
     {L"@alert", DialogAction::alert, {Argument::text, Argument::optional_button}, L"@alert \"TEXT\" [BUTTON]"},
 };
+
+/// The text is a file's name, in which a backslash is itself.
+bool names_file(DialogAction::Kind kind) {
+    return kind == DialogAction::picture || kind == DialogAction::print;
+}
 
 bool is_button_name(std::wstring_view name) {
     for (const std::wstring_view known : {L"OK", L"CANCEL", L"ABORT", L"RETRY", L"IGNORE", L"YES", L"NO"}) {
@@ -76,7 +82,7 @@ bool take_argument(DialogAction& action, Argument argument, size_t place, const 
             return number.has_value();
         case Argument::text:
             action.text = word.text;
-            return word.quoted || action.kind == DialogAction::picture;
+            return word.quoted || names_file(action.kind);
         case Argument::on_or_off:
             action.on = word.text == L"on";
             return !word.quoted && (word.text == L"on" || word.text == L"off");
@@ -116,7 +122,7 @@ base::Result<DialogAction> parse_action(const std::wstring& line) {
         }
         DialogAction action;
         action.kind = form.kind;
-        const Escapes escapes = action.kind == DialogAction::picture ? Escapes::none : Escapes::taken;
+        const Escapes escapes = names_file(action.kind) ? Escapes::none : Escapes::taken;
         const std::optional<std::vector<ScriptWord>> words = split_script_words(line, escapes);
         if (!words) {
             return base::Failure{L"a quoted text is not closed"};

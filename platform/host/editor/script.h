@@ -27,6 +27,7 @@ struct DialogAction {
         close,              ///< @close: the title bar's close box
         alert,              ///< @alert "text" [BUTTON]: "*" in the text stands for anything
         expect_enabled,     ///< @expect-enabled TARGET on|off
+        print,              ///< @print "file.png": the pages that the dialog would print, as pictures
     };
 
     Kind kind = press;

@@ -86,6 +86,13 @@ base::Outcome<> save_window_png(HWND window, const std::filesystem::path& path) 
     return save_png(copy, path);
 }
 
+base::Outcome<> save_painted_png(int width, int height, const std::function<base::Outcome<>(HDC)>& paint,
+                                 const std::filesystem::path& path) {
+    const FrameBitmap picture(width, height);
+    const base::Outcome<> painted = picture ? paint(picture.context()) : base::Outcome<>();
+    return painted ? save_png(picture, path) : painted;
+}
+
 base::Outcome<> save_drawing_png(std::shared_ptr<const DisplayList> list, const PictureArea& area,
                                  const std::filesystem::path& path) {
     constexpr double margin = 0.02;

@@ -4,6 +4,7 @@
 #include <windows.h>
 
 #include <filesystem>
+#include <functional>
 #include <memory>
 
 #include "base/result.h"
@@ -13,6 +14,10 @@ namespace host {
 
 /// Saves what the window shows, frame and title bar included.
 base::Outcome<> save_window_png(HWND window, const std::filesystem::path& path);
+
+/// Saves what `paint` paints on a context of that many pixels; nothing, when that fails.
+base::Outcome<> save_painted_png(int width, int height, const std::function<base::Outcome<>(HDC)>& paint,
+                                 const std::filesystem::path& path);
 
 /// A part of a drawing, and the size of its picture in pixels.
 struct PictureArea {
