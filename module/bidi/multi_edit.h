@@ -56,6 +56,7 @@ class CUGMultiEdit : public CEdit {
     /// Hebrew a number has begun.
     void TypeFirstCharacter(wchar_t character);
     void SelectAll();
+    void SelectWord();
     /// The caret at the end of the typed text, or beside the character at a point of this window; nothing is selected.
     void CaretToEnd();
     void CaretTo(CPoint point);

@@ -1,23 +1,12 @@
-// The editor's mouse, focus and context menu.
+// The editor's mouse and focus.
 #include <algorithm>
 #include <optional>
 
-#include "bidi/clipboard_text.h"
 #include "bidi/multi_edit.h"
 
 using namespace corvanes;
 
 namespace {
-
-enum MenuCommand : UINT {
-    menu_undo = 1,
-    menu_cut,
-    menu_copy,
-    menu_paste,
-    menu_delete,
-    menu_select_all,
-    menu_right_to_left,
-};
 
 constexpr UINT_PTR drag_timer = 0x1D0C;
 constexpr UINT drag_interval = 50;  // milliseconds
@@ -32,10 +21,6 @@ std::optional<Motion> direction_outside(const RECT& client, const POINT& point, 
         return point.x < client.left ? Motion::left : Motion::right;
     }
     return std::nullopt;
-}
-
-UINT enabled_if(bool enabled) {
-    return MF_STRING | (enabled ? MF_ENABLED : MF_GRAYED);
 }
 
 }  // namespace
@@ -162,57 +147,4 @@ void CUGMultiEdit::OnSize(UINT, int, int) {
 // The keys are the editor's, Tab, Enter and Escape too.
 UINT CUGMultiEdit::OnGetDlgCode() {
     return DLGC_WANTALLKEYS | DLGC_WANTCHARS | DLGC_WANTARROWS | DLGC_HASSETSEL;
-}
-
-/// What a person chooses, 0 for nothing. The keyboard asks for the menu at -1, -1: it comes up at the caret.
-UINT CUGMultiEdit::AskContextMenu(CPoint point) {
-    const bool selected = !editing_.selection().empty();
-    CMenu menu;
-    menu.CreatePopupMenu();
-    menu.AppendMenu(enabled_if(editing_.can_undo()), menu_undo, L"&Undo");
-    menu.AppendMenu(MF_SEPARATOR);
-    menu.AppendMenu(enabled_if(selected), menu_cut, L"Cu&t");
-    menu.AppendMenu(enabled_if(selected), menu_copy, L"&Copy");
-    menu.AppendMenu(enabled_if(clipboard_has_text()), menu_paste, L"&Paste");
-    menu.AppendMenu(enabled_if(selected), menu_delete, L"&Delete");
-    menu.AppendMenu(MF_SEPARATOR);
-    menu.AppendMenu(enabled_if(!TypedText().empty()), menu_select_all, L"Select &All");
-    menu.AppendMenu(MF_SEPARATOR);
-    menu.AppendMenu(MF_STRING | (editing_.model().right_to_left() ? MF_CHECKED : 0U), menu_right_to_left,
-                    L"&Right to left Reading order");
-    if (point.x == -1 && point.y == -1) {
-        point = GetCaretPos();
-        ClientToScreen(&point);
-    }
-    return static_cast<UINT>(
-        menu.TrackPopupMenu(TPM_LEFTALIGN | TPM_RIGHTBUTTON | TPM_RETURNCMD, point.x, point.y, this));
-}
-
-void CUGMultiEdit::OnContextMenu(CWnd*, CPoint point) {
-    switch (AskContextMenu(point)) {
-        case menu_undo:
-            SendMessage(WM_UNDO);
-            break;
-        case menu_cut:
-            SendMessage(WM_CUT);
-            break;
-        case menu_copy:
-            SendMessage(WM_COPY);
-            break;
-        case menu_paste:
-            SendMessage(WM_PASTE);
-            break;
-        case menu_delete:
-            SendMessage(WM_CLEAR);
-            break;
-        case menu_select_all:
-            SelectAll();
-            break;
-        case menu_right_to_left:
-            SetDirection(editing_.model().right_to_left() ? ParagraphDirection::left_to_right
-                                                          : ParagraphDirection::right_to_left);
-            break;
-        default:
-            break;
-    }
 }

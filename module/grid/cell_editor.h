@@ -16,8 +16,8 @@ enum class EditOutcome { ended, refused, busy };
 class CellEditOwner {
   public:
     // To be called by the editor on Enter, Tab, Escape or the loss of the focus. `key` is the virtual key that asked
-    // for the end, 0 when none did: after a committing Enter or Tab the grid moves on to the next cell. When the edit
-    // ended, the editor has been hidden by the time this returns.
+    // for the end, 0 when none did: after a committing Enter, Tab, Up or Down the grid moves on to the next cell. When
+    // the edit ended, the editor has been hidden by the time this returns.
     virtual EditOutcome end_edit(EditEnd how, UINT key) = 0;
 
   protected:

@@ -68,13 +68,21 @@ void CUGMaskedEdit::end() {
 }
 
 void CUGMaskedEdit::OnKeyDown(UINT key, UINT repeat, UINT flags) {
-    if (owner_ != nullptr && (key == VK_RETURN || key == VK_TAB)) {
+    const bool leaves = key == VK_RETURN || key == VK_TAB || LeavesToRow(key);
+    if (owner_ != nullptr && leaves) {
         owner_->end_edit(EditEnd::commit, key);
     } else if (owner_ != nullptr && key == VK_ESCAPE) {
         owner_->end_edit(EditEnd::cancel, key);
     } else {
         CUGMultiEdit::OnKeyDown(key, repeat, flags);
     }
+}
+
+// In a text of several lines the arrows go from line to line, and with others held they are the editor's.
+bool CUGMaskedEdit::LeavesToRow(UINT key) const {
+    const auto held = [](int other) { return ::GetKeyState(other) < 0; };
+    return (key == VK_UP || key == VK_DOWN) && !held(VK_SHIFT) && !held(VK_CONTROL) &&
+           TypedText().find(L'\n') == std::wstring::npos;
 }
 
 void CUGMaskedEdit::OnKillFocus(CWnd* next) {

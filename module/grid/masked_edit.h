@@ -8,9 +8,9 @@
 #include "bidi/multi_edit.h"
 #include "grid/cell_editor.h"
 
-// Enter and Tab commit, Escape cancels, losing the focus commits. No mask can be set: any text is accepted. A text with
-// Hebrew is edited from right to left, from its first Hebrew letter on, unless the person chooses otherwise. The caret
-// begins at the end, or where the click was that opened the editor.
+// Enter, Tab, Up and Down commit, Escape cancels, losing the focus commits. No mask can be set: any text is accepted. A
+// text with Hebrew is edited from right to left, from its first Hebrew letter on, unless the person chooses otherwise.
+// The caret begins at the end, or where the click was that opened the editor.
 class CUGMaskedEdit : public CUGMultiEdit, public corvanes::CellEditor {
   public:
     // How an empty cell is begun; when nothing is said, as the keyboard's language goes.
@@ -31,6 +31,8 @@ class CUGMaskedEdit : public CUGMultiEdit, public corvanes::CellEditor {
     DECLARE_MESSAGE_MAP()
 
   private:
+    // Up and Down, where they lead to the row above or below.
+    bool LeavesToRow(UINT key) const;
     corvanes::ParagraphDirection first_direction(std::wstring_view text, UINT key) const;
     // A direction that the person did not choose.
     void TakeDirection(corvanes::ParagraphDirection direction);
