@@ -1,6 +1,7 @@
 #include "bidi/clipboard_text.h"
 
 #include <algorithm>
+#include <cstring>
 #include <memory>
 
 namespace corvanes {
@@ -33,7 +34,7 @@ using GlobalMemory = std::unique_ptr<void, FreeGlobal>;
 std::wstring with_carriage_returns(std::wstring_view text) {
     std::wstring result;
     for (const wchar_t character : text) {
-        if (character == L'\n') {
+        if (character == L'\n' && !result.ends_with(L'\r')) {
             result.push_back(L'\r');
         }
         result.push_back(character);
@@ -41,26 +42,47 @@ std::wstring with_carriage_returns(std::wstring_view text) {
     return result;
 }
 
+GlobalMemory copy_of(std::string_view bytes) {
+    GlobalMemory memory(::GlobalAlloc(GMEM_MOVEABLE, bytes.size()));
+    void* const target = memory ? ::GlobalLock(memory.get()) : nullptr;
+    if (target == nullptr) {
+        return nullptr;
+    }
+    std::memcpy(target, bytes.data(), bytes.size());
+    ::GlobalUnlock(memory.get());
+    return memory;
+}
+
 }  // namespace
 
-bool put_clipboard_text(HWND owner, std::wstring_view text) {
-    const std::wstring copied = with_carriage_returns(text);
-    GlobalMemory memory(::GlobalAlloc(GMEM_MOVEABLE, (copied.size() + 1) * sizeof(wchar_t)));
-    if (!memory) {
-        return false;
+bool put_clipboard(HWND owner, const std::vector<ClipboardForm>& forms) {
+    std::vector<GlobalMemory> copies;
+    for (const ClipboardForm& form : forms) {
+        copies.push_back(copy_of(form.bytes));
+        if (!copies.back()) {
+            return false;
+        }
     }
-    auto* target = static_cast<wchar_t*>(::GlobalLock(memory.get()));
-    if (target == nullptr) {
-        return false;
-    }
-    std::copy_n(copied.c_str(), copied.size() + 1, target);
-    ::GlobalUnlock(memory.get());
     const OpenClipboardSession session(owner);
-    if (!session || !::EmptyClipboard() || ::SetClipboardData(CF_UNICODETEXT, memory.get()) == nullptr) {
+    if (!session || ::EmptyClipboard() == 0) {
         return false;
     }
-    static_cast<void>(memory.release());  // the clipboard's from now on
+    for (size_t i = 0; i < forms.size(); ++i) {
+        if (::SetClipboardData(forms[i].format, copies[i].get()) == nullptr) {
+            return false;
+        }
+        static_cast<void>(copies[i].release());  // the clipboard's from now on
+    }
     return true;
+}
+
+ClipboardForm clipboard_form(const std::wstring& text) {
+    const size_t size = (text.size() + 1) * sizeof(wchar_t);
+    return {CF_UNICODETEXT, {reinterpret_cast<const char*>(text.c_str()), size}};
+}
+
+bool put_clipboard_text(HWND owner, std::wstring_view text) {
+    return put_clipboard(owner, {clipboard_form(with_carriage_returns(text))});
 }
 
 std::optional<std::wstring> clipboard_text(HWND owner) {

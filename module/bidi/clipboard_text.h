@@ -6,10 +6,23 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace corvanes {
 
-/// Puts a text there as CF_UNICODETEXT, its line feeds as CR LF. False when the clipboard is not to be had.
+/// One form of what goes to the clipboard: the bytes, a terminator included where the format has one.
+struct ClipboardForm {
+    UINT format;
+    std::string_view bytes;
+};
+
+/// Puts the forms there, the best first, in place of what was there. False when the clipboard is not to be had.
+bool put_clipboard(HWND owner, const std::vector<ClipboardForm>& forms);
+
+/// The form CF_UNICODETEXT of a text, which must outlive it.
+ClipboardForm clipboard_form(const std::wstring& text);
+
+/// Puts a text there as CF_UNICODETEXT, its line ends as CR LF. False when the clipboard is not to be had.
 bool put_clipboard_text(HWND owner, std::wstring_view text);
 
 /// The clipboard's text as it is there, or nothing when it holds none.

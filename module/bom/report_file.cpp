@@ -1,26 +1,16 @@
 #include "bom/report_file.h"
 
 #include <afxwin.h>
-#include <aced.h>
 
+#include "bom/drawing_name.h"
 #include "bom/report_options.h"
 #include "bom/report_rows.h"
 #include "bom/report_text.h"
 #include "common/file_question.h"
-#include "common/host_text.h"
 #include "common/text_file.h"
 #include "pricelist/price_list_file.h"
 
 namespace corvanes {
-namespace {
-
-std::wstring drawing_name() {
-    resbuf value{};
-    const bool known = acedGetVar(L"DWGNAME", &value) == RTNORM;
-    return HostText(known ? value.resval.rstring : nullptr).get();
-}
-
-}  // namespace
 
 void SaveReportToFile(MyCug2& grid) {
     const std::wstring proposal = default_report_name(report_options().price_list_path, drawing_name());

@@ -1,5 +1,6 @@
 #include "bom/report_grid.h"
 
+#include "bom/drawing_name.h"
 #include "bom/report_options.h"
 #include "common/price_text.h"
 
@@ -103,4 +104,11 @@ void MyCug2::OnGridHeadingClick(int column, long, int updn, RECT*, POINT*, int) 
         GotoCell(GetCurrentColumn(), GetRowCount() - 1);
     }
     RedrawAll();
+}
+
+bool MyCug2::OnGridPrint(PrintTitles* titles) {
+    const std::wstring& list = report_options().price_list_path;
+    titles->left = list.substr(list.find_last_of(L"\\/") + 1);
+    titles->right = drawing_name();
+    return true;
 }

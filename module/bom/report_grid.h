@@ -23,6 +23,10 @@ class MyCug2 : public SortingGrid {
     void OnGridSetup() override;
     void OnGridColumnSizing(int column, int* width) override;
     void OnGridHeadingClick(int column, long row, int updn, RECT* rect, POINT* point, int processed) override;
+    /// The price list above the left half of each page, the drawing above the right one.
+    bool OnGridPrint(corvanes::PrintTitles* titles) override;
+    /// Letters lead to the next row that begins with them.
+    bool GoesToTyped() const override { return true; }
     /// Return in a cell is not the dialog's, where it would start placing a table that nobody has built.
     bool TakesReturn() const override { return true; }
 

@@ -65,6 +65,12 @@ int CellGrid::SetCellTypeOptions(int column, int row, DWORD bits) {
     return ChangeCell(column, row, [bits](CUGCell& cell) { cell.SetCellTypeOptions(bits); });
 }
 
+void CellGrid::OfferColumnWidth(int column, int width) {
+    width = std::clamp(width, ColumnLayout::narrowest_column, ColumnLayout::widest_column);
+    OnGridColumnSizing(column, &width);
+    SetColumnWidth(column, std::max(0, width));
+}
+
 int CellGrid::AddCellType(CUGCellType* type) {
     if (type == nullptr) {
         return -1;

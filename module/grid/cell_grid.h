@@ -15,6 +15,8 @@ class CUGTopHdg;
 
 namespace corvanes {
 
+class CommandTarget;
+
 // Operations return 0, or 1 for a refused argument, and then change nothing.
 class CellGrid : public CWnd, public CUGNotifications {
   public:
@@ -41,23 +43,34 @@ class CellGrid : public CWnd, public CUGNotifications {
 
     virtual CUGGrid& GetGrid() = 0;
     virtual CUGTopHdg& GetTopHeading() = 0;
+    virtual CommandTarget& Commands() = 0;
     // Brings the windows inside and the scroll bars up to date, if they are not.
     virtual void UpdateLayout() = 0;
     virtual int RedrawCell(int column, int row) = 0;
+    virtual void RedrawAll() = 0;
+    virtual int SetRowCount(int count, BOOL redraw = TRUE) = 0;
     virtual int SetColumnWidth(int column, int width) = 0;
+    virtual int ShowColumn(int column, BOOL show) = 0;
+    // Gives a column a width that a person chose, within what can be dragged, if OnGridColumnSizing leaves it.
+    void OfferColumnWidth(int column, int width);
 
+    virtual int GotoCell(int column, int row) = 0;
+    virtual int SelectCell(int column, int row) = 0;
+    virtual int ClearSelection() = 0;
     virtual void ClickCell(int column, int row, bool stretch, bool add) = 0;
     virtual int MoveCurrentRow(int direction) = 0;
     virtual int MoveCurrentColumn(int steps) = 0;
     virtual int MoveCurrentCell(int column, int row) = 0;
 
     virtual bool IsEditing() const = 0;
+    virtual bool FinishEdit() = 0;
     virtual void OpenDropList(int column, int row) = 0;
     // Stores a text that the user chose without an editor; the verification and finish notifications may refuse it.
     virtual bool OfferCellText(int column, int row, LPCWSTR text) = 0;
     // Gives the focus to a part of the grid that was clicked, which ends an open edit. False when that is refused.
     virtual bool TakeFocus(CWnd& part) = 0;
-    // Goes on from an edit that Tab or Return ended: to the next column or row, with Shift to the one before.
+    // Goes on from an edit that a key ended: Tab and Return go to the next column or row, with Shift to the one before;
+    // the arrows go up and down.
     virtual void GoOnFromEdit(UINT key) = 0;
     // Gives the focus to the open editor when the next message is processed.
     virtual void RefocusEditor() = 0;
@@ -65,6 +78,10 @@ class CellGrid : public CWnd, public CUGNotifications {
     virtual void PointInEditor(POINT point, const RECT& cell) = 0;
     // Whether Return in a cell moves to the next row, instead of pressing the dialog's default button.
     virtual bool TakesReturn() const { return false; }
+    // Whether typed letters lead to the next row that begins with them in the current column.
+    virtual bool GoesToTyped() const { return false; }
+    // Whether commands (pasting, replacing) may change the cells' texts.
+    virtual bool AllowsChanges() const { return false; }
 
   protected:
     bool Addresses(int column, int row) const;

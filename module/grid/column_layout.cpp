@@ -19,12 +19,19 @@ bool ColumnLayout::set_count(int count) {
     }
     widths_.resize(static_cast<std::size_t>(count), default_width);
     aligned_right_.resize(widths_.size());
+    hidden_.resize(widths_.size());
     stale_ = true;
     return true;
 }
 
 void ColumnLayout::set_width(int column, int width) {
     widths_[column] = width;
+    hidden_[column] = false;
+    stale_ = true;
+}
+
+void ColumnLayout::hide(int column, bool hide) {
+    hidden_[column] = hide;
     stale_ = true;
 }
 
@@ -35,7 +42,7 @@ void ColumnLayout::update() const {
     edges_.assign(widths_.size() + 1, 0);
     long long edge = 0;
     for (std::size_t column = 0; column < widths_.size(); ++column) {
-        edge = std::min(edge + std::max(widths_[column], 0), farthest_edge);
+        edge = std::min(edge + (hidden_[column] ? 0 : std::max(widths_[column], 0)), farthest_edge);
         edges_[column + 1] = static_cast<int>(edge);
     }
     stale_ = false;

@@ -20,6 +20,9 @@ class ColumnLayout {
     bool contains(int column) const { return column >= 0 && column < count(); }
     int width(int column) const { return widths_[column]; }
     void set_width(int column, int width);
+    // A hidden column keeps its width for when it is shown again; a new width shows it.
+    bool hidden(int column) const { return hidden_[column]; }
+    void hide(int column, bool hide);
     // Whether the cells' texts stand at the right edge; at first they do not.
     bool aligned_right(int column) const { return aligned_right_[column]; }
     void align_right(int column, bool right) { aligned_right_[column] = right; }
@@ -27,7 +30,7 @@ class ColumnLayout {
     // The column's left edge; `column` may be the count, which gives the total width.
     int left(int column) const;
     int shown_width(int column) const { return left(column + 1) - left(column); }
-    // Whether there is such a column and it is not hidden by a width of 0.
+    // Whether there is such a column, and it is neither hidden nor 0 wide.
     bool shows(int column) const { return contains(column) && shown_width(column) > 0; }
     // -1 when all are hidden.
     int first_shown() const { return at(0); }
@@ -46,6 +49,7 @@ class ColumnLayout {
 
     std::vector<int> widths_;
     std::vector<bool> aligned_right_;
+    std::vector<bool> hidden_;
     // Left edges, one more than columns; brought up to date when asked for.
     mutable std::vector<int> edges_;
     mutable bool stale_ = true;

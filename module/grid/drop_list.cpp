@@ -14,9 +14,6 @@ constexpr int lines_shown = 10;
 // How far a combo box's text stands below the text of the cell under it, in pixels.
 constexpr int combo_frame = 2;
 
-// Letters that come later than this after the last one begin a new word.
-constexpr ULONGLONG typing_pause = 1000;
-
 // Keeps a window from painting, and from counting what it shows, while it is filled.
 class PaintingOff {
   public:
@@ -135,17 +132,12 @@ void DropList::OnChar(UINT character, UINT, UINT) {
         typed_.clear();
         return;
     }
-    const ULONGLONG now = ::GetTickCount64();
-    if (now - typed_at_ > typing_pause) {
-        typed_.clear();
-    }
-    typed_at_ = now;
-    typed_ += static_cast<wchar_t>(character);
+    typed_.add(static_cast<wchar_t>(character), ::GetTickCount64());
     const LRESULT selected = SendMessage(CB_GETCURSEL);
     // A search begins after the item that it is given; -1 stands before the first.
-    LRESULT found = find_item(std::max<LRESULT>(selected, 0) - 1, typed_);
-    if (typed_.find_first_not_of(typed_.front()) == std::wstring::npos && (found == CB_ERR || found == selected)) {
-        found = find_item(selected, typed_.substr(0, 1));
+    LRESULT found = find_item(std::max<LRESULT>(selected, 0) - 1, typed_.letters());
+    if (typed_.is_one_letter() && (found == CB_ERR || found == selected)) {
+        found = find_item(selected, typed_.letters().substr(0, 1));
     }
     if (found != CB_ERR) {
         SendMessage(CB_SETCURSEL, static_cast<WPARAM>(found));

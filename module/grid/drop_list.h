@@ -8,6 +8,7 @@
 #include <string>
 
 #include "grid/cell_editor.h"
+#include "grid/typed_word.h"
 
 namespace corvanes {
 
@@ -42,8 +43,7 @@ class DropList : public CWnd, public CellEditor {
     CellEditOwner* owner_ = nullptr;
     CString former_;
     bool chosen_ = false;
-    std::wstring typed_;
-    ULONGLONG typed_at_ = 0;  // in milliseconds, as GetTickCount64 counts
+    TypedWord typed_;
 };
 
 }  // namespace corvanes

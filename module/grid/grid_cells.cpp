@@ -55,12 +55,24 @@ int CUGCtrl::SetColumnWidth(int column, int width) {
         }
         return 1;
     }
-    if (state_.columns.width(column) != width) {
+    if (state_.columns.width(column) != width || state_.columns.hidden(column)) {
         state_.columns.set_width(column, width);
         LayoutChanged();
         RedrawAll();
         KeepCurrentCellInside();
     }
+    return 0;
+}
+
+int CUGCtrl::ShowColumn(int column, BOOL show) {
+    const bool last_one = state_.columns.first_shown() == column && state_.columns.last_shown() == column;
+    if (!state_.columns.contains(column) || (show == FALSE && last_one)) {
+        return 1;
+    }
+    state_.columns.hide(column, show == FALSE);
+    LayoutChanged();
+    RedrawAll();
+    KeepCurrentCellInside();
     return 0;
 }
 

@@ -4,6 +4,8 @@
 #include <algorithm>
 
 #include "grid/cell_query.h"
+#include "grid/page_painter.h"
+#include "grid/page_query.h"
 
 using namespace corvanes;
 
@@ -19,6 +21,11 @@ constexpr UINT default_editor_id = 124;
 
 UINT cell_query() {
     static const UINT message = ::RegisterWindowMessageW(cell_rectangle_query_message);
+    return message;
+}
+
+UINT page_query() {
+    static const UINT message = ::RegisterWindowMessageW(printed_page_query_message);
     return message;
 }
 
@@ -41,7 +48,7 @@ BEGIN_MESSAGE_MAP(CUGCtrl, CWnd)
     ON_MESSAGE(refocus_editor_message, &CUGCtrl::OnRefocusEditor)
 END_MESSAGE_MAP()
 
-CUGCtrl::CUGCtrl() : edit_(*this) {
+CUGCtrl::CUGCtrl() : edit_(*this), commands_(*this) {
     font_ = static_cast<HFONT>(::GetStockObject(DEFAULT_GUI_FONT));
     for (CUGCellType* const standard :
          {&normal_type_, static_cast<CUGCellType*>(&drop_list_type_), static_cast<CUGCellType*>(&check_box_type_)}) {
@@ -88,7 +95,7 @@ bool CUGCtrl::CreateWindows(DWORD style, DWORD edge, const RECT& place, CWnd* pa
     if (!CWnd::CreateEx(edge, window_class, L"", style | WS_CLIPCHILDREN | WS_CLIPSIBLINGS, place, parent, id)) {
         return false;
     }
-    if (!cells_.Create(*this, cells_id) || !top_heading_.Create(*this, top_heading_id) ||
+    if (!cells_.Create(*this, cells_id) || !top_heading_.Create(*this, top_heading_id, true) ||
         !side_heading_.Create(*this, side_heading_id) ||
         !default_editor_.Create(WS_CHILD | WS_BORDER | ES_AUTOHSCROLL, CRect(0, 0, 0, 0), this, default_editor_id)) {
         DestroyWindow();
@@ -205,6 +212,7 @@ void CUGCtrl::OnKeyDown(UINT key, UINT repeat, UINT flags) {
 
 void CUGCtrl::OnDestroy() {
     edit_.abandon();
+    commands_.CloseWindows();
     layout_due_ = false;
     CWnd::OnDestroy();
 }
@@ -243,6 +251,9 @@ LRESULT CUGCtrl::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == cell_query() && lParam != 0) {
         return AnswerCellQuery(lParam);
     }
+    if (message == page_query() && lParam != 0) {
+        return AnswerPageQuery(lParam);
+    }
     return CWnd::WindowProc(message, wParam, lParam);
 }
 
@@ -268,4 +279,17 @@ LRESULT CUGCtrl::AnswerCellQuery(LPARAM query) {
     }
     ::MapWindowPoints(pane->m_hWnd, nullptr, reinterpret_cast<POINT*>(&asked->rect), 2);
     return 1;
+}
+
+LRESULT CUGCtrl::AnswerPageQuery(LPARAM query) {
+    const auto* asked = reinterpret_cast<const PrintedPageQuery*>(query);
+    PrintTitles titles;
+    if (!OnGridPrint(&titles)) {
+        return 0;
+    }
+    PagePainter painter(*this, titles, asked->dc, {asked->width, asked->height, asked->dots_per_inch});
+    if (asked->page >= 0 && asked->page < painter.page_count()) {
+        painter.Paint(asked->page);
+    }
+    return painter.page_count();
 }

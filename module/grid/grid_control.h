@@ -8,6 +8,7 @@
 #include "grid/drop_list.h"
 #include "grid/drop_list_type.h"
 #include "grid/edit_session.h"
+#include "grid/grid_commands.h"
 #include "grid/masked_edit.h"
 #include "grid/painting_area.h"
 #include "grid/scroll_bars.h"
@@ -35,9 +36,12 @@ class CUGCtrl : public corvanes::CellGrid {
 
     // Columns and rows.
     int SetColumnCount(int count, BOOL redraw = TRUE);
-    int SetRowCount(int count, BOOL redraw = TRUE);
+    int SetRowCount(int count, BOOL redraw = TRUE) override;
     int SetColumnWidth(int column, int width) override;
     int GetColumnWidth(int column) const;
+    // Hides a column from the eye, or shows it again as wide as it was; its width and cells stay what they are. Refused
+    // for the last one that is shown.
+    int ShowColumn(int column, BOOL show) override;
     // Whether the column's texts stand at the right edges of its cells; the heading's stays where it is.
     int AlignColumnRight(int column, BOOL right);
     int SetDefaultRowHeight(int height);
@@ -63,14 +67,14 @@ class CUGCtrl : public corvanes::CellGrid {
     int GetCurrentColumn() const { return state_.current_column; }
     int GetCurrentRow() const { return state_.current_row; }
     int GetPreviousRow() const { return state_.previous_row; }
-    int GotoCell(int column, int row);
+    int GotoCell(int column, int row) override;
     int GotoRow(int row) { return GotoCell(state_.current_column, row); }
     // See corvanes::RowMovement for the directions.
     int MoveCurrentRow(int direction) override;
     int MoveCurrentColumn(int steps) override;
     int MoveCurrentCell(int column, int row) override;
-    int SelectCell(int column, int row);
-    int ClearSelection();
+    int SelectCell(int column, int row) override;
+    int ClearSelection() override;
     bool IsSelected(int column, int row) const { return state_.selection.contains(column, row); }
 
     // Editing. 1 when OnGridEditStart refuses or the editor cannot be used.
@@ -79,12 +83,12 @@ class CUGCtrl : public corvanes::CellGrid {
     int StartEdit(UINT key) { return StartEdit(state_.current_column, state_.current_row, key); }
     bool IsEditing() const override { return edit_.active(); }
     // Ends an open edit as if the focus had left it. False when that is refused and the edit goes on.
-    bool FinishEdit();
+    bool FinishEdit() override;
 
     // Redrawing and scrolling.
     int RedrawCell(int column, int row) override;
     int RedrawRow(int row);
-    void RedrawAll();
+    void RedrawAll() override;
     // 1 to begin with. While it is 0 nothing asks for repainting; setting it again repaints the grid.
     int SetDisplayFlag(int flag);
     int GetDisplayFlag() const { return state_.display_flag; }
@@ -102,6 +106,7 @@ class CUGCtrl : public corvanes::CellGrid {
 
     CUGGrid& GetGrid() override { return cells_; }
     CUGTopHdg& GetTopHeading() override { return top_heading_; }
+    corvanes::CommandTarget& Commands() override { return commands_; }
     CUGSideHdg& GetSideHeading() { return side_heading_; }
 
     void UpdateLayout() override;
@@ -137,6 +142,7 @@ class CUGCtrl : public corvanes::CellGrid {
     void LayoutChanged();
     int ChangeRowCount(int count, BOOL redraw);
     LRESULT AnswerCellQuery(LPARAM query);
+    LRESULT AnswerPageQuery(LPARAM query);
     void KeepCurrentCellInside();
     void MakeCurrent(int column, int row);
     int ColumnAfter(int steps) const;
@@ -150,6 +156,7 @@ class CUGCtrl : public corvanes::CellGrid {
     CUGMaskedEdit default_editor_;
     corvanes::DropList drop_list_;
     corvanes::EditSession edit_;
+    corvanes::GridCommands commands_;
     corvanes::WheelSum wheel_rows_;
     corvanes::WheelSum wheel_columns_;
     bool layout_due_ = false;

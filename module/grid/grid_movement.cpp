@@ -71,6 +71,8 @@ void CUGCtrl::GoOnFromEdit(UINT key) {
         GotoCell(ColumnAfter(step), state_.current_row);
     } else if (key == VK_RETURN) {
         GotoCell(state_.current_column, state_.current_row + step);
+    } else if (key == VK_UP || key == VK_DOWN) {
+        GotoCell(state_.current_column, state_.current_row + (key == VK_UP ? -1 : 1));
     }
 }
 
@@ -99,7 +101,8 @@ int CUGCtrl::MoveCurrentCell(int column, int row) {
     return 0;
 }
 
-// A plain click makes the cell current; with Shift it stretches the selection to it, with Ctrl it adds the cell.
+// A plain click makes the cell current; with Shift it stretches the selection to it, with Ctrl it adds the cell, or
+// takes it out.
 void CUGCtrl::ClickCell(int column, int row, bool stretch, bool add) {
     if (!stretch && !add) {
         ClearSelection();
@@ -111,6 +114,9 @@ void CUGCtrl::ClickCell(int column, int row, bool stretch, bool add) {
     if (stretch) {
         state_.selection.stretch_to(column, row);
         RedrawAll();
+    } else if (add && IsSelected(column, row)) {
+        state_.selection.remove(column, row);
+        RedrawCell(column, row);
     } else if (add) {
         SelectCell(column, row);
     } else {

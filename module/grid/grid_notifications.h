@@ -4,10 +4,14 @@
 #include <afxwin.h>
 
 #include <memory>
+#include <string>
+#include <vector>
 
 #include "grid/cell.h"
+#include "grid/cell_change.h"
 #include "grid/cell_order.h"
 #include "grid/keyed_order.h"
+#include "grid/print_titles.h"
 
 // A derived grid overrides what it needs; the versions here do nothing, or agree. `updn` is 1 when the left button went
 // down and 0 when it came up. Rectangles and points are in pixels of the window that was clicked. `processed` is
@@ -56,6 +60,13 @@ class CUGNotifications {
     // Before a sort: the order that OnGridSortCompare has for `flags`, which then is not called. Null when it must be.
     // The grid uses the object until the sort is over.
     virtual std::unique_ptr<corvanes::KeyedOrder> OnGridSortOrder(int /*flags*/) { return nullptr; }
+    // Before a command changes several cells at once; they still hold their former texts, and rows beyond the last are
+    // still to come. Words refuse all of it, and are shown. Asks OnGridEditVerify and OnGridEditFinish for each.
+    virtual std::wstring OnGridCellsChange(const std::vector<corvanes::CellChange>& changes);
+    // After that, when rows were appended for the texts that follow.
+    virtual void OnGridRowsAppend(long /*first*/, long /*count*/) {}
+    // Before the grid is printed: what stands above each page. False when it is not for printing.
+    virtual bool OnGridPrint(corvanes::PrintTitles* /*titles*/) { return false; }
 
   protected:
     virtual ~CUGNotifications() = default;

@@ -13,11 +13,11 @@ BEGIN_MESSAGE_MAP(GridPane, CWnd)
     ON_MESSAGE(WM_MOUSEHWHEEL, &GridPane::OnWheel)
 END_MESSAGE_MAP()
 
-bool GridPane::Create(CellGrid& grid, UINT id) {
+bool GridPane::Create(CellGrid& grid, UINT id, bool double_clicks) {
     grid_ = &grid;
     place_ = {0, 0, 0, 0};
     redraw_due_ = false;
-    const LPCWSTR window_class = AfxRegisterWndClass(0, ::LoadCursorW(nullptr, IDC_ARROW));
+    const LPCWSTR window_class = AfxRegisterWndClass(double_clicks ? CS_DBLCLKS : 0, ::LoadCursorW(nullptr, IDC_ARROW));
     return CWnd::Create(window_class, L"", WS_CHILD | WS_CLIPSIBLINGS, CRect(0, 0, 0, 0), &grid, id) != FALSE;
 }
 

@@ -13,7 +13,8 @@ struct GridState;
 // asking again for what is already due costs next to nothing, which keeps filling a grid row by row cheap.
 class GridPane : public CWnd {
   public:
-    bool Create(CellGrid& grid, UINT id);
+    // `double_clicks`: whether the window is told of them; otherwise the second click is one like the first.
+    bool Create(CellGrid& grid, UINT id, bool double_clicks = false);
     void Redraw();
     void RedrawPart(const RECT& part);
     // Moves the window if it has to move, and hides it when it is empty.

@@ -4,6 +4,7 @@
 
 #include "grid/cell_grid.h"
 #include "grid/cell_movement.h"
+#include "grid/grid_command.h"
 #include "grid/top_heading.h"
 
 using namespace corvanes;
@@ -13,6 +14,9 @@ namespace {
 // The pixels at a cell's right and lower edge that belong to the grid lines.
 constexpr int line_width = 1;
 constexpr COLORREF line_color = RGB(192, 192, 192);
+
+constexpr UINT_PTR drag_timer = 1;
+constexpr UINT_PTR status_timer = 2;
 
 bool key_held(int key) {
     return ::GetKeyState(key) < 0;
@@ -30,6 +34,9 @@ BEGIN_MESSAGE_MAP(CUGGrid, GridPane)
     ON_WM_SETFOCUS()
     ON_WM_KILLFOCUS()
     ON_WM_CAPTURECHANGED()
+    ON_WM_CONTEXTMENU()
+    ON_WM_TIMER()
+    ON_MESSAGE(WM_RBUTTONDOWN, &CUGGrid::OnRightDown)
     ON_WM_GETDLGCODE()
     ON_WM_DESTROY()
     ON_MESSAGE(WM_MOUSEHOVER, &CUGGrid::OnMouseHover)
@@ -75,6 +82,11 @@ void CUGGrid::RedrawRow(int row) {
 }
 
 void CUGGrid::Paint(CDC& dc, const RECT& dirty) {
+    if (grid().Commands().StatusDue()) {
+        // Once the selection has stood for a moment: it may be a million cells.
+        constexpr UINT moment = 150;  // milliseconds
+        SetTimer(status_timer, moment);
+    }
     const RowLayout& rows = state().rows;
     int top = 0;
     for (int row = state().top_row; row < rows.count() && top < dirty.bottom; ++row) {
@@ -195,18 +207,71 @@ void CUGGrid::OnMouseMove(UINT keys, CPoint point) {
     if (!pressed_ || (keys & MK_LBUTTON) == 0 || grid().IsEditing()) {
         return;
     }
-    const POINT inside{std::clamp<LONG>(point.x, 0, std::max(0, width() - 1)), point.y};
-    int column = -1;
-    int row = -1;
-    CellAt(inside, &column, &row);
-    if (point.y < 0) {
-        row = std::max(0, state().top_row - 1);
-    } else if (point.y >= height()) {
-        row = std::min(state().rows.count() - 1, row);
-    }
+    DragTo(point);
+}
+
+CellAddress CUGGrid::CellTowards(POINT point) const {
+    const ColumnLayout& columns = state().columns;
+    // Just outside lies the next column, which is scrolled in.
+    const LONG beside = std::clamp<LONG>(point.x, -1, width());
+    const int column =
+        columns.at(std::clamp(static_cast<int>(beside) + state().scroll_x, 0, columns.total_width() - 1));
+    const int row = point.y < 0 ? std::max(0, state().top_row - 1) : state().rows.at(point.y, state().top_row);
+    const bool below = row < 0 && point.y >= height();
+    return {column, below ? state().rows.count() - 1 : row};
+}
+
+void CUGGrid::DragTo(POINT point) {
+    constexpr UINT interval = 50;  // milliseconds
+    dragged_to_ = point;
+    const auto [column, row] = CellTowards(point);
     if (column >= 0 && row >= 0 && (column != state().current_column || row != state().current_row)) {
         grid().ClickCell(column, row, true, false);
     }
+    const RECT inside{0, 0, width(), height()};
+    if (::PtInRect(&inside, point) != 0) {
+        KillTimer(drag_timer);
+    } else {
+        SetTimer(drag_timer, interval);
+    }
+}
+
+void CUGGrid::OnTimer(UINT_PTR timer) {
+    if (timer == drag_timer && pressed_) {
+        DragTo(dragged_to_);
+        return;
+    }
+    KillTimer(timer);
+    if (timer == status_timer) {
+        grid().Commands().ShowStatus();
+    }
+}
+
+// A menu is for the selection that it is asked over, or else for the cell under the pointer.
+LRESULT CUGGrid::OnRightDown(WPARAM, LPARAM point) {
+    hint_.Hide();
+    if (grid().TakeFocus(*this)) {
+        grid().UpdateLayout();
+        const CellPlace place = PlaceAt(CPoint(point));
+        if (place.column >= 0 && place.row >= 0 && !state().selection.contains(place.column, place.row)) {
+            grid().ClickCell(place.column, place.row, false, false);
+        }
+    }
+    return 0;
+}
+
+// The keyboard asks for the menu at -1, -1: it comes up at the current cell.
+void CUGGrid::OnContextMenu(CWnd*, CPoint point) {
+    hint_.Hide();
+    if (grid().IsEditing()) {
+        return;
+    }
+    if (point.x == -1 && point.y == -1) {
+        const RECT cell = CurrentPlace().rect;
+        point = CPoint(cell.left, std::min<LONG>(cell.bottom, height()));
+        ClientToScreen(&point);
+    }
+    grid().Commands().ShowMenu(*this, point, state().current_column);
 }
 
 // A hint stays while the pointer is over its cell; over another one it waits until the pointer rests.
@@ -265,7 +330,7 @@ void CUGGrid::OnKeyDown(UINT key, UINT, UINT) {
     const bool has_cell = place.column >= 0 && place.row >= 0;
     const bool processed = has_cell && grid().CellTypeAt(place.column, place.row).OnKeyDown(grid(), place, key);
     grid().OnGridKeyDown(&key, processed ? TRUE : FALSE);
-    if (!processed && key != 0 && m_hWnd != nullptr) {
+    if (!processed && key != 0 && m_hWnd != nullptr && !grid().Commands().KeyDown(key)) {
         Navigate(key);
     }
 }
@@ -274,7 +339,10 @@ void CUGGrid::OnSysKeyDown(UINT key, UINT repeat, UINT flags) {
     hint_.Hide();
     const CellPlace place = CurrentPlace();
     const bool has_cell = place.column >= 0 && place.row >= 0;
-    if (!has_cell || !grid().CellTypeAt(place.column, place.row).OnKeyDown(grid(), place, key)) {
+    const bool processed = has_cell && grid().CellTypeAt(place.column, place.row).OnKeyDown(grid(), place, key);
+    if (!processed) {
+        grid().Commands().SysKeyDown(key);
+        // Also what was a command: the system must know that Alt was not pressed for the menu.
         CWnd::OnSysKeyDown(key, repeat, flags);
     }
 }
@@ -328,6 +396,9 @@ void CUGGrid::OnChar(UINT character, UINT, UINT) {
     const bool has_cell = place.column >= 0 && place.row >= 0;
     const bool processed = has_cell && grid().CellTypeAt(place.column, place.row).OnCharDown(grid(), place, character);
     grid().OnGridCharDown(&character, processed ? TRUE : FALSE);
+    if (!processed && character != 0 && m_hWnd != nullptr) {
+        grid().Commands().CharDown(static_cast<wchar_t>(character));
+    }
 }
 
 void CUGGrid::OnSetFocus(CWnd*) {
@@ -340,6 +411,7 @@ void CUGGrid::OnKillFocus(CWnd*) {
 
 void CUGGrid::OnCaptureChanged(CWnd*) {
     pressed_.reset();
+    KillTimer(drag_timer);
 }
 
 // The dialog keeps Tab, and Return as a rule; arrows, characters and Escape are the grid's.

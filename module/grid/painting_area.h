@@ -3,6 +3,7 @@
 
 #include <optional>
 
+#include "grid/cell_change.h"
 #include "grid/grid_pane.h"
 #include "grid/hint_window.h"
 
@@ -24,6 +25,9 @@ class CUGGrid : public corvanes::GridPane {
     void OnLButtonDown(UINT keys, CPoint point);
     void OnLButtonUp(UINT keys, CPoint point);
     void OnMouseMove(UINT keys, CPoint point);
+    LRESULT OnRightDown(WPARAM keys, LPARAM point);
+    void OnContextMenu(CWnd* window, CPoint point);
+    void OnTimer(UINT_PTR timer);
     void OnKeyDown(UINT key, UINT repeat, UINT flags);
     void OnSysKeyDown(UINT key, UINT repeat, UINT flags);
     void OnChar(UINT character, UINT repeat, UINT flags);
@@ -47,9 +51,13 @@ class CUGGrid : public corvanes::GridPane {
     corvanes::CellPlace CurrentPlace() const;
     void Navigate(UINT key);
     void WaitForHint(POINT point);
+    // Stretches the selection to a point; while that is outside, cells come in from there.
+    void DragTo(POINT point);
+    corvanes::CellAddress CellTowards(POINT point) const;
 
     // Where the left button went down, while it is held. Showing that cell whole may have moved another one there.
     std::optional<corvanes::CellPlace> pressed_;
+    POINT dragged_to_{0, 0};
     corvanes::HintWindow hint_;
     int hinted_column_ = -1;
     int hinted_row_ = -1;

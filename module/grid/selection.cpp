@@ -18,6 +18,27 @@ void Selection::add(int column, int row) {
     }
 }
 
+void Selection::remove(int column, int row) {
+    set_anchor(column, row);
+    std::vector<CellRange> left;
+    for (const CellRange& range : ranges_) {
+        const bool holds = column >= range.left && column <= range.right && row >= range.top && row <= range.bottom;
+        if (!holds) {
+            left.push_back(range);
+            continue;
+        }
+        for (const CellRange& part :
+             {CellRange{range.left, range.top, range.right, row - 1}, CellRange{range.left, row, column - 1, row},
+              CellRange{column + 1, row, range.right, row},
+              CellRange{range.left, row + 1, range.right, range.bottom}}) {
+            if (part.left <= part.right && part.top <= part.bottom) {
+                left.push_back(part);
+            }
+        }
+    }
+    ranges_ = std::move(left);
+}
+
 void Selection::set_anchor(int column, int row) {
     anchor_column_ = column;
     anchor_row_ = row;

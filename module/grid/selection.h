@@ -21,6 +21,8 @@ class Selection {
     bool contains(int column, int row) const;
     // Adds one cell, which becomes the anchor.
     void add(int column, int row);
+    // Takes one cell out, which becomes the anchor.
+    void remove(int column, int row);
     // Where the next stretch begins, without selecting anything yet.
     void set_anchor(int column, int row);
     // Makes the last rectangle reach from the anchor to this cell; begins it when there is none.

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "grid/cell_grid.h"
+#include "grid/grid_command.h"
 
 using namespace corvanes;
 
@@ -19,6 +20,8 @@ BEGIN_MESSAGE_MAP(CUGTopHdg, GridPane)
     ON_WM_MOUSEMOVE()
     ON_WM_SETCURSOR()
     ON_WM_CAPTURECHANGED()
+    ON_WM_CONTEXTMENU()
+    ON_MESSAGE(WM_LBUTTONDBLCLK, &CUGTopHdg::OnDoubleClick)
 END_MESSAGE_MAP()
 
 RECT CUGTopHdg::CellRectangle(int column) const {
@@ -105,11 +108,25 @@ void CUGTopHdg::OnMouseMove(UINT keys, CPoint point) {
         return;
     }
     const int edge = point.x + state().scroll_x - grip_;
-    int dragged =
-        std::clamp(edge - state().columns.left(sizing_), ColumnLayout::narrowest_column, ColumnLayout::widest_column);
-    grid().OnGridColumnSizing(sizing_, &dragged);
-    if (dragged != state().columns.width(sizing_)) {
-        grid().SetColumnWidth(sizing_, std::max(0, dragged));
+    grid().OfferColumnWidth(sizing_, edge - state().columns.left(sizing_));
+}
+
+// A second click on a border fits its column; anywhere else it is a click like the first.
+LRESULT CUGTopHdg::OnDoubleClick(WPARAM keys, LPARAM point) {
+    const int column = BorderAt(CPoint(point));
+    if (column < 0) {
+        OnLButtonDown(static_cast<UINT>(keys), CPoint(point));
+    } else if (grid().TakeFocus(grid())) {
+        grid().Commands().Run(GridCommand::fit_column, column);
+    }
+    return 0;
+}
+
+void CUGTopHdg::OnContextMenu(CWnd*, CPoint point) {
+    CPoint inside = point;
+    ScreenToClient(&inside);
+    if (grid().TakeFocus(grid())) {
+        grid().Commands().ShowMenu(*this, point, state().columns.at(inside.x + state().scroll_x));
     }
 }
 

@@ -18,6 +18,8 @@ class CUGTopHdg : public corvanes::GridPane {
     void OnMouseMove(UINT keys, CPoint point);
     BOOL OnSetCursor(CWnd* window, UINT hit, UINT message);
     void OnCaptureChanged(CWnd* taker);
+    void OnContextMenu(CWnd* window, CPoint point);
+    LRESULT OnDoubleClick(WPARAM keys, LPARAM point);
     DECLARE_MESSAGE_MAP()
 
   private:

@@ -1,5 +1,10 @@
 #include "pricelist/template_grid.h"
 
+#include <algorithm>
+#include <map>
+#include <unordered_map>
+
+#include "base/case_folding.h"
 #include "bidi/reordering.h"
 
 using namespace corvanes;
@@ -7,6 +12,10 @@ using namespace corvanes;
 namespace {
 
 const std::vector<GridColumn> columns = {{L"Block name", false}, {L"Price", true}, {L"Description", false}};
+
+std::wstring words_of_double_name(std::wstring_view name) {
+    return L"Block name " + std::wstring(name) + L" is not unique";
+}
 
 }  // namespace
 
@@ -105,9 +114,55 @@ int MyCug::OnGridEditFinish(int column, long row, CWnd*, LPCWSTR new_text, BOOL 
         warn_of_loss(column, row, new_text);
         return 1;
     }
-    const std::wstring message = std::wstring(L"Block name ") + new_text + L" is not unique";
-    AfxMessageBox(message.c_str(), MB_OK);
+    AfxMessageBox(words_of_double_name(new_text).c_str(), MB_OK);
     GotoCell(column, row);
     sorting_allowed_ = false;
     return 0;
+}
+
+std::optional<std::wstring> MyCug::name_made_twice(const std::vector<CellChange>& changes) {
+    std::map<int, std::wstring_view> changed;
+    for (const CellChange& change : changes) {
+        if (change.cell.column == name_column) {
+            changed[change.cell.row] = change.text;
+        }
+    }
+    std::unordered_map<std::wstring, int> rows_of;
+    for (int row = 0; row < GetRowCount() && !changed.empty(); ++row) {
+        if (!changed.contains(row)) {
+            const wchar_t* const name = GetCellText(name_column, row);
+            ++rows_of[base::lower(name == nullptr ? L"" : name)];
+        }
+    }
+    for (const auto& [row, name] : changed) {
+        ++rows_of[base::lower(name)];
+    }
+    const auto twice = std::find_if(changed.begin(), changed.end(), [&rows_of](const auto& row_and_name) {
+        return !row_and_name.second.empty() && rows_of[base::lower(row_and_name.second)] > 1;
+    });
+    return twice == changed.end() ? std::nullopt : std::optional(std::wstring(twice->second));
+}
+
+std::wstring MyCug::OnGridCellsChange(const std::vector<CellChange>& changes) {
+    if (const auto name = name_made_twice(changes)) {
+        return words_of_double_name(*name);
+    }
+    sorting_allowed_ = true;
+    modified_ = true;
+    dialog_.enable_save(true);
+    clear_status();
+    std::any_of(changes.begin(), changes.end(), [this](const CellChange& change) {
+        return warn_of_loss(change.cell.column, change.cell.row, change.text.c_str());
+    });
+    return {};
+}
+
+void MyCug::OnGridRowsAppend(long first, long count) {
+    for (long row = first; row < first + count; ++row) {
+        SetCellTypeIndex(name_column, row, type_drop_list);
+        SetCellText(name_column, row, L"");
+        SetCellText(price_column, row, L"0");
+        SetCellText(description_column, row, L"");
+    }
+    OnGridRowChange(GetCurrentRow(), GetCurrentRow());
 }

@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "common/sorting_grid.h"
 #include "common/text_conversion.h"
@@ -73,6 +74,11 @@ class MyCug : public SortingGrid {
     void OnGridCharDown(UINT* character, BOOL processed) override;
     int OnGridEditStart(int column, long row, CWnd** edit) override;
     int OnGridEditFinish(int column, long row, CWnd* edit, LPCWSTR text, BOOL cancelled) override;
+    /// Names are checked as in an edit, all of them as they will be; the first price or text that loses something is
+    /// told.
+    std::wstring OnGridCellsChange(const std::vector<corvanes::CellChange>& changes) override;
+    void OnGridRowsAppend(long first, long count) override;
+    bool AllowsChanges() const override { return true; }
 
   private:
     enum Column { name_column, price_column, description_column };
@@ -84,7 +90,10 @@ class MyCug : public SortingGrid {
     int SwapRows(long row_a, long row_b);
     std::wstring text(int column, long row);
     corvanes::PriceListEntry entry(long row);
-    void warn_of_loss(int column, long row, const wchar_t* new_text);
+    /// Of the changed names the first that another row has too, with these changes.
+    std::optional<std::wstring> name_made_twice(const std::vector<corvanes::CellChange>& changes);
+    /// Whether there was something to tell.
+    bool warn_of_loss(int column, long row, const wchar_t* new_text);
     /// Blinks and beeps about a cell until clear_status, or for a time, if one is given.
     void show_status(const std::wstring& message, int column, long row, int milliseconds);
     int complain(const wchar_t* message, int column, long row);

@@ -165,15 +165,17 @@ bool MyCug::may_save_losses() {
     return true;
 }
 
-void MyCug::warn_of_loss(int column, long row, const wchar_t* new_text) {
+bool MyCug::warn_of_loss(int column, long row, const wchar_t* new_text) {
     PriceListEntry changed = entry(row);
     (column == name_column ? changed.name : column == price_column ? changed.price : changed.description) = new_text;
-    if (const EntryLoss loss = loss_on_reading(changed); loss != EntryLoss::nothing) {
-        show_status(words_of(loss, row), column, row, notice_milliseconds);
-    } else if (const std::wstring words = words_of_price(changed.price, row);
-               column == price_column && !words.empty()) {
+    const EntryLoss loss = loss_on_reading(changed);
+    const std::wstring words = loss != EntryLoss::nothing ? words_of(loss, row)
+                               : column == price_column   ? words_of_price(changed.price, row)
+                                                          : std::wstring();
+    if (!words.empty()) {
         show_status(words, column, row, notice_milliseconds);
     }
+    return !words.empty();
 }
 
 void MyCug::show_status(const std::wstring& message, int column, long row, int milliseconds) {

@@ -2,10 +2,14 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <string>
+#include <vector>
 
+#include "bidi/clipboard_text.h"
 #include "bom/report_options.h"
 #include "bom/report_rows.h"
+#include "grid/page_query.h"
 
 namespace {
 
@@ -168,6 +172,87 @@ TEST_F(ReportGrid, HidesMoneyAndHoldsTheOtherWidths) {
     int dragged = 33;
     grid_.OnGridColumnSizing(corvanes::name_column, &dragged);
     EXPECT_EQ(dragged, 33);
+}
+
+/// A page of paper in memory.
+class Page {
+  public:
+    Page() {
+        BITMAPINFO info{{sizeof(BITMAPINFOHEADER), width, -height, 1, 32, BI_RGB, 0, 0, 0, 0, 0}, {}};
+        bitmap_ = ::CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, reinterpret_cast<void**>(&pixels_), nullptr, 0);
+        former_ = ::SelectObject(context_, bitmap_);
+    }
+    ~Page() {
+        ::SelectObject(context_, former_);
+        ::DeleteObject(bitmap_);
+        ::DeleteDC(context_);
+    }
+    Page(const Page&) = delete;
+    Page& operator=(const Page&) = delete;
+
+    /// How many pages there are; the asked one is painted.
+    LRESULT ask(HWND grid, int page) {
+        corvanes::PrintedPageQuery query{context_, width, height, 72, page};
+        const UINT message = ::RegisterWindowMessageW(L"PrintedPageQuery");
+        const LRESULT pages = ::SendMessageW(grid, message, 0, reinterpret_cast<LPARAM>(&query));
+        ::GdiFlush();
+        return pages;
+    }
+    std::vector<std::uint32_t> pixels() const { return {pixels_, pixels_ + width * height}; }
+
+  private:
+    static constexpr int width = 595;
+    static constexpr int height = 842;
+    HDC context_ = ::CreateCompatibleDC(nullptr);
+    HBITMAP bitmap_ = nullptr;
+    HGDIOBJ former_ = nullptr;
+    std::uint32_t* pixels_ = nullptr;
+};
+
+TEST_F(ReportGrid, NeitherPrintsNorCopiesNorFindsHiddenMoney) {
+    Page page;
+    const auto printed_with = [&](double price, bool shown) {
+        corvanes::report_options().show_prices = shown;
+        rows_.RemoveAll();
+        add(L"door", price, 1, L"Wood", price);
+        grid_.FillReportGrid(rows_);
+        grid_.ApplyShowPrice();
+        EXPECT_EQ(page.ask(grid_.m_hWnd, 0), 1);
+        return page.pixels();
+    };
+    EXPECT_NE(printed_with(10, true), printed_with(99, true));
+    EXPECT_EQ(printed_with(10, false), printed_with(99, false));
+    grid_.Commands().Run(corvanes::GridCommand::select_all, 0);
+    grid_.Commands().Run(corvanes::GridCommand::copy_with_headings, 0);
+    EXPECT_EQ(corvanes::clipboard_text(nullptr),
+              L"Block name\tQuantity\tDescription\r\ndoor\t1\tWood\r\nSummary:\t\t\r\n");
+    grid_.Commands().Run(corvanes::GridCommand::show_column, -1);
+    EXPECT_EQ(grid_.GetColumnWidth(corvanes::price_column), 0);
+
+    for (int row = 0; row < 200; ++row) {
+        add(L"bolt", 1, 1, L"", 1);
+    }
+    grid_.FillReportGrid(rows_);
+    const LRESULT pages = page.ask(grid_.m_hWnd, 0);
+    EXPECT_TRUE(pages > 2 && pages < 10) << pages;
+    const auto first = page.pixels();
+    page.ask(grid_.m_hWnd, 1);
+    EXPECT_NE(page.pixels(), first);
+}
+
+TEST_F(ReportGrid, KeepsTheWidthsOfColumnsThatAPersonHides) {
+    fill();
+    const std::string before = widths();
+    EXPECT_EQ(grid_.ShowColumn(corvanes::price_column, FALSE) + grid_.ShowColumn(corvanes::name_column, FALSE), 0);
+    grid_.StoreColumnWidths();
+    EXPECT_EQ(widths(), before);
+    corvanes::report_options().show_prices = false;
+    grid_.ApplyShowPrice();
+    corvanes::report_options().show_prices = true;
+    grid_.ApplyShowPrice();
+    EXPECT_EQ(widths(), before);
+    EXPECT_TRUE(grid_.state().columns.hidden(corvanes::name_column));
+    EXPECT_EQ(printed().substr(0, 24), L"door|10.00|3|Wood|30.00|");
 }
 
 }  // namespace

@@ -31,6 +31,7 @@ class RecordingGrid : public CUGCtrl {
     Log log;
     int sizing_result = -1;  // what OnGridColumnSizing makes of the width, -1: leaves it
     bool may_move = true;
+    bool changeable = false;  // by commands
     bool edit_on_click = false;
     int allow_start = 1;
     int verified = 1;
@@ -38,6 +39,8 @@ class RecordingGrid : public CUGCtrl {
     UINT replace_key = ~0U;
     CWnd* editor = nullptr;
 
+    bool AllowsChanges() const override { return changeable; }
+    bool GoesToTyped() const override { return !changeable; }
     Log take() { return std::exchange(log, {}); }
 
     void OnGridSetup() override {

@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "grid/column_layout.h"
+#include "grid/page_layout.h"
 #include "grid/row_layout.h"
 #include "grid/side_heading_layout.h"
 
@@ -152,6 +153,15 @@ TEST(SideHeadingLayout, ScalesItsColumns) {
     EXPECT_EQ(scaled(60), (std::vector<int>{20, 20, 20}));
     ASSERT_TRUE(heading.set_width(0, 0));
     EXPECT_EQ(heading.total_width(), 40);
+}
+
+TEST(PageLayout, SharesTheWidthAndBreaksBetweenRows) {
+    EXPECT_EQ(fitted_widths({50, 20, 30}, 203), (std::vector<int>{101, 40, 60}));
+    EXPECT_EQ(fitted_widths({500, 20, 90, 300}, 200), (std::vector<int>{60, 20, 60, 60})) << "the narrow one is whole";
+    EXPECT_EQ(fitted_widths({9, 9}, 0), (std::vector<int>{1, 1}));
+    EXPECT_EQ(fitted_widths({}, 100), std::vector<int>());
+    EXPECT_EQ(rows_of_pages({40, 40, 20, 10, 120, 10}, 100), (std::vector<RowSpan>{{0, 2}, {3, 3}, {4, 4}, {5, 5}}));
+    EXPECT_EQ(rows_of_pages({}, 100), (std::vector<RowSpan>{{0, -1}})) << "headings alone";
 }
 
 }  // namespace

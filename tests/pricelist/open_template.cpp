@@ -1,5 +1,6 @@
 #include "tests/pricelist/open_template.h"
 
+#include <array>
 #include <cstring>
 #include <stdexcept>
 
@@ -60,14 +61,17 @@ OpenTemplate::OpenTemplate(const std::vector<std::string>& blocks)
         throw std::runtime_error("the drawing cannot be read");
     }
     corvanes::set_module_path((folder_ / "Corvanes.arx").wstring());
+    // As a modal dialog stands over a main window.
+    main_window_.CreateEx(0, nullptr, L"", WS_POPUP | WS_DISABLED, CRect(0, 0, 0, 0), nullptr, 0);
     dialog_ = std::make_unique<BlockPriceDialog>(nullptr);
-    dialog_->Create(IDD_BOM_TEMPLATE);
+    dialog_->Create(IDD_BOM_TEMPLATE, &main_window_);
     dialog_->ShowWindow(SW_SHOW);
     pump();
 }
 
 OpenTemplate::~OpenTemplate() {
     dialog_->DestroyWindow();
+    main_window_.DestroyWindow();
     host::editor().documents.close();
 }
 
@@ -84,16 +88,22 @@ void OpenTemplate::press(int id, const std::wstring& file) {
 void OpenTemplate::pump() {
     MSG message;
     while (::PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != 0) {
-        if (!dialog_->PreTranslateMessage(&message)) {
+        if (!CWnd::WalkPreTranslateTree(nullptr, &message)) {
             ::TranslateMessage(&message);
             ::DispatchMessageW(&message);
         }
     }
 }
 
-void OpenTemplate::key(UINT code) {
+void OpenTemplate::key(UINT code, std::initializer_list<int> held) {
+    BYTE states[256] = {};
+    for (const int other : held) {
+        states[other] = 0x80;
+    }
+    ::SetKeyboardState(states);
     ::PostMessageW(::GetFocus(), WM_KEYDOWN, code, 1);
     pump();
+    ::SetKeyboardState(std::array<BYTE, 256>{}.data());
 }
 
 void OpenTemplate::type(const wchar_t* text) {

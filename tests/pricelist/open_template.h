@@ -24,8 +24,8 @@ class OpenTemplate {
     /// it.
     void press(int id, const std::wstring& file = L"");
     void open(const wchar_t* name) { press(203, path(name).wstring()); }
-    /// A key to whatever has the focus, through the dialog's own translation.
-    void key(UINT code);
+    /// A key to whatever has the focus, with others held, through the translation of the dialog that has it.
+    void key(UINT code, std::initializer_list<int> held = {});
     /// Characters to whatever has the focus.
     void type(const wchar_t* text);
     /// A click on a cell; `from_right` counts pixels from its right edge.
@@ -59,6 +59,7 @@ class OpenTemplate {
 
     TemporaryFolder folder_;
     std::unique_ptr<Answers> answers_;
+    CWnd main_window_;
     std::unique_ptr<BlockPriceDialog> dialog_;
 };
 

@@ -69,6 +69,14 @@ TEST_F(ReportCommand, RemembersWidthsAndThePriceList) {
     }
 }
 
+TEST_F(ReportCommand, IsPrintedBesideTheWindowForFinding) {
+    succeed(
+        "QXBOMC\nlist.prc\nALL\n\n@click-cell 0 0\n@key CTRL+F\n@type \"bolt\"\n@key RETURN\n"
+        "@type \"s\"\n@key RETURN\n@alert \"Item not found\"\n@key ESCAPE\n@print \"page.png\"\n"
+        "@key CTRL+F\n@key ESCAPE\n@press \"Close\"\nQUIT\n");
+    EXPECT_EQ(read("page.png").substr(0, 8), "\x89PNG\r\n\x1A\n");
+}
+
 TEST_F(ReportCommand, EndsWhenThereIsNothingToReport) {
     succeed("QXBOMC\nlist.prc\n\nQUIT\n");
     succeed("QXBOMC\nlist.prc\n^C\nQUIT\n");

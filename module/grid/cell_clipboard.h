@@ -1,0 +1,21 @@
+// A grid's cells and the clipboard.
+#pragma once
+
+namespace corvanes {
+
+class CellGrid;
+
+// Copies the selected cells that are shown (the current one, when none is selected), as a text of tabs and lines and,
+// up to a size that spreadsheets still read quickly, as a table; `headings` puts those of the columns above. False when
+// there are none or the clipboard is not to be had; then the system's sound is heard.
+bool copy_cells(CellGrid& grid, bool headings);
+
+// Takes the clipboard's text as cells, from the first selected cell on, or the current one, in the columns that are
+// shown. Rows that are missing are appended; one cell goes into every selected one. All of it is stored, or nothing
+// after one message. Line breaks within a cell become blanks, as in the cells' own editor.
+void paste_cells(CellGrid& grid);
+
+// Empties the selected cells that are shown.
+void clear_cells(CellGrid& grid);
+
+}  // namespace corvanes

@@ -1,0 +1,11 @@
+// Making a grid's column as wide as what it shows.
+#pragma once
+
+namespace corvanes {
+
+class CellGrid;
+
+// The width in which the heading and the longest text of the column show whole, in pixels.
+int fitting_width(CellGrid& grid, int column);
+
+}  // namespace corvanes

@@ -1,0 +1,15 @@
+// Escape as the end of a work that takes long.
+#pragma once
+
+#include <windows.h>
+
+namespace corvanes {
+
+// Whether Escape is the next key in the queue; then it is taken out of it.
+inline bool escape_waits() {
+    MSG key;
+    return ::PeekMessageW(&key, nullptr, WM_KEYDOWN, WM_KEYDOWN, PM_NOREMOVE) != 0 && key.wParam == VK_ESCAPE &&
+           ::PeekMessageW(&key, nullptr, WM_KEYDOWN, WM_KEYDOWN, PM_REMOVE) != 0;
+}
+
+}  // namespace corvanes

@@ -1,0 +1,48 @@
+// The commands that a person may give to a grid.
+#pragma once
+
+#include <afxwin.h>
+
+namespace corvanes {
+
+enum class GridCommand {
+    copy,
+    copy_with_headings,
+    cut,
+    paste,
+    clear,
+    select_all,
+    find,
+    find_next,
+    replace,
+    fit_column,
+    sort,
+    hide_column,
+    print,
+    show_column,  // of column -1: all that are hidden
+};
+
+// What does the commands, as the grid's windows know it.
+class CommandTarget {
+  public:
+    // A key that went down in the painting area, with what else is held; true when it stands for a command.
+    virtual bool KeyDown(UINT key) = 0;
+    // With Alt: the arrows to the left and right make the current column narrower and wider.
+    virtual void SysKeyDown(UINT key) = 0;
+    // A printable character that was typed in the painting area.
+    virtual void CharDown(wchar_t character) = 0;
+    // `column`: for those that are about one.
+    virtual void Run(GridCommand command, int column) = 0;
+    // Asks with a menu at a point of the screen and runs what was chosen; `column` is the one that was pointed at, or
+    // -1.
+    virtual void ShowMenu(CWnd& window, POINT point, int column) = 0;
+    // Shows what is selected, added up, or takes that away.
+    virtual void ShowStatus() = 0;
+    // Whether that is due after the grid was painted.
+    virtual bool StatusDue() const = 0;
+
+  protected:
+    ~CommandTarget() = default;
+};
+
+}  // namespace corvanes
