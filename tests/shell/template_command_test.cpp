@@ -36,6 +36,7 @@ TEST_F(TemplateCommand, IsNotDrivenByScriptsThatDoNotFit) {
         {"QXBOMT\n", "1: the script ended with a dialog open: \"BOM Template\"\n"},
         {"QXBOMT\nQUIT\n", "2: a dialog is open, which this line does not drive: \"BOM Template\"\n"},
         {"QXBOMT\n@press \"Print\"\n", "2: the dialog \"BOM Template\" shows no button \"Print\"\n"},
+        {"QXBOMT\n@print a.png\n", "2: the dialog \"BOM Template\" has nothing to print\n"},
         {"QXBOMT\n@press 204\n", "2: the control 204 is disabled\n"},
         {"QXBOMT\n@click-cell 3 0\n", "2: the dialog \"BOM Template\" shows no cell in column 3, row 0\n"},
         {"QXBOMT\n@expect-text 1001 \"x\"\n", "2: the control 1001 has the text \"\"\n"},
