@@ -6,14 +6,12 @@
 #include <string>
 #include <string_view>
 
+#include "base/number_text.h"
+
 namespace corvanes {
 
-/// The number at the front of a text: leading white space, an optional sign, decimal digits with an optional "." and
-/// exponent; whatever follows is ignored, and a text without a number is 0. Too large a number is infinite.
-double number_from_text(std::wstring_view text);
-
-/// The same, and `text` moves past the number; where there is none it stays as it is.
-double take_number(std::wstring_view& text);
+using base::number_from_text;
+using base::take_number;
 
 /// What a text is read as whose number ends before the text does (blanks aside), or that has none, so that a person
 /// may have meant another: 12 for "12,50", 0 for "abc". Nothing for a text that is read whole.
