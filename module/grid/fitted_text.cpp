@@ -74,4 +74,16 @@ FittedLine fit_line(std::wstring_view line, const std::vector<int>& ends, const 
     return {FittedLine::Shown::beginning, length};
 }
 
+int largest_fitting(int least, int most, const std::function<bool(int)>& fits) {
+    while (least < most) {
+        const int middle = least + (most - least + 1) / 2;
+        if (fits(middle)) {
+            least = middle;
+        } else {
+            most = middle - 1;
+        }
+    }
+    return least;
+}
+
 }  // namespace corvanes

@@ -35,4 +35,8 @@ std::wstring wrapped_text(std::wstring_view text, int width, const std::function
 // `ends` holds, for each character, the pixels from the line's start to the character's end.
 FittedLine fit_line(std::wstring_view line, const std::vector<int>& ends, const LineSpace& space);
 
+// The largest size from `least` to `most` for which `fits` holds, where each size above one that does not fit does not
+// either; `least` when none does.
+int largest_fitting(int least, int most, const std::function<bool(int)>& fits);
+
 }  // namespace corvanes

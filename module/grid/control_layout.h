@@ -1,0 +1,63 @@
+// Where the parts of a cell's control lie: as for a language that goes from left to right, and mirrored. Pure, in
+// pixels; boxes may be empty but never turned inside out.
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <vector>
+
+#include "bidi/text_layout.h"
+
+namespace corvanes {
+
+using Box = LayoutRect;
+
+bool holds(const Box& box, int x, int y);
+// The same part in a cell that goes the other way; also from there back.
+Box mirrored(const Box& part, const Box& cell);
+int mirrored_x(int x, const Box& cell);
+
+// Less by so much at each side; at least an empty box in the middle.
+Box deflated(const Box& box, int by_x, int by_y);
+// The strip at the end of a cell that holds its button, at most so wide; and what it leaves to the text.
+Box end_strip(const Box& cell, int width);
+Box before_end(const Box& cell, int width);
+// A box of this size, or less, in the middle of another.
+Box centered(const Box& around, int width, int height);
+
+struct SpinBoxes {
+    Box up;
+    Box down;
+};
+SpinBoxes spin_boxes(const Box& strip);
+
+struct SliderBoxes {
+    Box groove;
+    Box thumb;
+};
+SliderBoxes slider_boxes(const Box& cell, double fraction);
+// The fraction at which the thumb's left edge would be at x, from 0 to 1.
+double slider_fraction(const Box& cell, int x);
+
+// A bar, and below it what there is room for: ticks, and numbers of this height.
+struct GaugeBoxes {
+    Box bar;
+    Box ticks;
+    Box numbers;
+};
+GaugeBoxes gauge_boxes(const Box& cell, bool ticks, int number_height);
+
+// Choices in columns, each filled downwards before the next.
+struct ChoiceGrid {
+    int rows;
+    int columns;
+    bool operator==(const ChoiceGrid&) const = default;
+};
+ChoiceGrid choice_grid(int count, int height, int line_height);
+// The boxes of the choices, as wide as the widest of their column; those beyond the cell's end are left out.
+std::vector<Box> choice_boxes(const Box& cell, int count, int line_height, const std::function<int(int)>& width_of);
+// The choice that so many columns and rows away lies; one off an end goes on at the other. `now` is -1 for none, which
+// leads to the first. Nothing else lies there: `now`.
+int next_choice(const ChoiceGrid& grid, int count, int now, int columns, int rows);
+
+}  // namespace corvanes

@@ -1,0 +1,38 @@
+// A text whose parts have fonts and colours of their own, as a label tells them. Pure.
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "grid/pixel_color.h"
+
+namespace corvanes {
+
+struct RunStyle {
+    bool bold = false;
+    bool italic = false;
+    bool underline = false;
+    bool strike_out = false;
+    int points = 0;  // the font's size, 0 for the grid's
+    std::optional<PixelColor> color;
+    std::wstring font;  // empty for the grid's
+
+    bool operator==(const RunStyle&) const = default;
+};
+
+struct TextRun {
+    std::size_t start;
+    std::size_t length;
+    RunStyle style;
+    bool operator==(const TextRun&) const = default;
+};
+
+// The runs of a text of this length, which they cover without a gap. The label has for each its number of characters
+// and its style, "5 bold red; 3 italic size=14 font=Courier New": the words bold, italic, underline and strikeout, a
+// colour, a size in points, and last the name of a font. What the label does not cover is plain.
+std::vector<TextRun> runs_from_label(std::wstring_view label, std::size_t length);
+
+}  // namespace corvanes
