@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <limits>
+#include <utility>
 
 namespace corvanes {
 namespace {
@@ -94,6 +95,26 @@ CUGCellType& CellGrid::CellTypeAt(int column, int row) {
     CUGCell cell;
     GetCell(column, row, &cell);
     return CellType(cell.GetCellType());
+}
+
+void CellGrid::HoldCell(CellHold hold) {
+    hold_ = std::move(hold);
+    RedrawCell(hold_->column, hold_->row);
+}
+
+std::optional<CellHold> CellGrid::TakeHold() {
+    const std::optional<CellHold> taken = std::exchange(hold_, std::nullopt);
+    if (taken) {
+        RedrawCell(taken->column, taken->row);
+    }
+    return taken;
+}
+
+void CellGrid::CellsRearranged() {
+    ++arrangement_;
+    if (TakeHold()) {
+        ::ReleaseCapture();
+    }
 }
 
 }  // namespace corvanes

@@ -3,8 +3,10 @@
 
 #include <afxwin.h>
 
+#include <optional>
 #include <vector>
 
+#include "grid/cell_hold.h"
 #include "grid/cell_memory.h"
 #include "grid/cell_type.h"
 #include "grid/grid_notifications.h"
@@ -62,6 +64,18 @@ class CellGrid : public CWnd, public CUGNotifications {
     virtual int MoveCurrentColumn(int steps) = 0;
     virtual int MoveCurrentCell(int column, int row) = 0;
 
+    // A cell type takes hold of one of its cells, whose control looks pressed from then on, until the button or the key
+    // that it came from is released: the pointer's moves and that release are the type's.
+    void HoldCell(CellHold hold);
+    // Null while no cell is held.
+    CellHold* HeldCell() { return hold_ ? &*hold_ : nullptr; }
+    // Ends the hold, if there is one, without a word to its type.
+    std::optional<CellHold> TakeHold();
+    // Changes when rows or columns move or go, and when the window does: a cell's place that was kept from before may
+    // be another's.
+    unsigned arrangement() const { return arrangement_; }
+    void CellsRearranged();
+
     virtual bool IsEditing() const = 0;
     virtual bool FinishEdit() = 0;
     virtual void OpenDropList(int column, int row) = 0;
@@ -96,6 +110,8 @@ class CellGrid : public CWnd, public CUGNotifications {
     int ChangeCell(int column, int row, Change change);
 
     std::vector<CUGCellType*> types_;
+    std::optional<CellHold> hold_;
+    unsigned arrangement_ = 0;
 };
 
 }  // namespace corvanes

@@ -38,11 +38,12 @@ bool take_line(std::wstring_view& rest, std::wstring_view& line) {
 // Paints the lines of one cell between its margins.
 class LinePainter {
   public:
-    LinePainter(CDC& dc, const RECT& cell, bool right_to_left, bool align_right, int height)
+    LinePainter(CDC& dc, const RECT& cell, bool right_to_left, const CellLook& look, int height)
         : dc_(dc),
           inside_{cell.left + cell_text_margin, cell.top, cell.right - cell_text_margin, cell.bottom},
           right_to_left_(right_to_left),
-          align_right_(align_right),
+          from_right_(right_to_left || look.align_right),
+          centered_(look.centered),
           line_height_(height) {}
 
     FittedLine fit(std::wstring_view line) {
@@ -58,18 +59,18 @@ class LinePainter {
         const FittedLine fitted = fit(line);
         if (fitted.shown == FittedLine::Shown::number_signs) {
             const std::wstring signs(fitted.length, number_sign.front());
-            return place(signs, align_right_ || right_to_left_ ? inside_.right - text_width(dc_, signs) : inside_.left,
-                         top);
+            return place(signs, from_right_ ? inside_.right - text_width(dc_, signs) : inside_.left, top);
         }
         const bool cut = fitted.shown == FittedLine::Shown::beginning;
         const int width = fitted.length == 0 ? 0 : ends_[fitted.length - 1];
         const int whole_width = width + (cut ? text_width(dc_, ellipsis) : 0);
+        const int indent = centered_ ? std::max<int>(0, (inside_.right - inside_.left - whole_width) / 2) : 0;
         if (right_to_left_) {
-            const RECT row{inside_.left, top, inside_.right, top + line_height_};
+            const RECT row{inside_.left, top, inside_.right - indent, top + line_height_};
             DrawRightToLeftLine(dc_.m_hDC, line.substr(0, fitted.length), row, inside_);
         }
-        const int left = align_right_ || right_to_left_ ? static_cast<int>(inside_.right) - whole_width
-                                                        : static_cast<int>(inside_.left);
+        const int left = from_right_ ? static_cast<int>(inside_.right) - indent - whole_width
+                                     : static_cast<int>(inside_.left) + indent;
         if (!right_to_left_) {
             place(line.substr(0, fitted.length), left, top);
         }
@@ -87,7 +88,8 @@ class LinePainter {
     CDC& dc_;
     RECT inside_;
     bool right_to_left_;
-    bool align_right_;
+    bool from_right_;
+    bool centered_;
     int line_height_;
     std::vector<int> ends_;
 };
@@ -120,10 +122,13 @@ SIZE text_size(CDC& dc, std::wstring_view text) {
 }
 
 void DrawCellText(CDC& dc, const RECT& rect, const wchar_t* text, const CellLook& look) {
-    dc.SetTextColor(look.text);
     dc.SetBkColor(look.background);
     dc.SetBkMode(OPAQUE);
     ::ExtTextOutW(dc.m_hDC, 0, 0, ETO_OPAQUE, &rect, L"", 0, nullptr);
+    DrawTextOver(dc, rect, text, look);
+}
+
+void DrawTextOver(CDC& dc, const RECT& rect, const wchar_t* text, const CellLook& look) {
     if (text == nullptr || text[0] == L'\0') {
         return;
     }
@@ -131,8 +136,9 @@ void DrawCellText(CDC& dc, const RECT& rect, const wchar_t* text, const CellLook
     std::wstring_view rest = text;
     const int space = static_cast<int>(rect.bottom - rect.top) - line_count(rest) * height;
     int y = rect.top + std::max(0, space / 2);
+    dc.SetTextColor(look.text);
     dc.SetBkMode(TRANSPARENT);
-    LinePainter painter(dc, rect, contains_right_to_left(rest), look.align_right, height);
+    LinePainter painter(dc, rect, contains_right_to_left(rest), look, height);
     for (std::wstring_view line; y < rect.bottom && take_line(rest, line); y += height) {
         painter.draw(line, y);
     }
@@ -144,7 +150,7 @@ SIZE CellTextSize(CDC& dc, const wchar_t* text) {
 }
 
 bool CellTextFits(CDC& dc, const RECT& rect, const wchar_t* text) {
-    LinePainter painter(dc, rect, false, false, 0);
+    LinePainter painter(dc, rect, false, {}, 0);
     std::wstring_view rest = text != nullptr ? text : L"";
     for (std::wstring_view line; take_line(rest, line);) {
         if (painter.fit(line).shown != FittedLine::Shown::whole) {

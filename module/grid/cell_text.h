@@ -15,12 +15,17 @@ struct CellLook {
     COLORREF text;
     COLORREF background;
     bool align_right = false;
+    bool centered = false;
+    int pressed_part = 0;  // of a control that is held down, as its type numbers them
 };
 
 // Fills `rect` with the background colour and draws the text over it in the font that `dc` has selected, centred
 // upright (several lines from the top). A line that does not fit ends in an ellipsis; a number becomes number signs.
 // The one place where the grid's texts, headings included, are drawn.
 void DrawCellText(CDC& dc, const RECT& rect, const wchar_t* text, const CellLook& look);
+
+// The same over what is there already.
+void DrawTextOver(CDC& dc, const RECT& rect, const wchar_t* text, const CellLook& look);
 
 // In pixels: of one line, and of a text of any number of lines.
 int text_width(CDC& dc, std::wstring_view line);

@@ -10,6 +10,8 @@ namespace corvanes {
 
 class CellGrid;
 
+struct CellHold;
+
 struct CellPlace {
     int column;
     int row;
@@ -17,7 +19,23 @@ struct CellPlace {
 };
 
 // The indices that every grid's table begins with; types that are added follow.
-enum StandardCellType { type_normal = 0, type_drop_list = 1, type_check_box = 2, standard_cell_types = 3 };
+enum StandardCellType {
+    type_normal = 0,
+    type_drop_list = 1,
+    type_check_box = 2,
+    type_arrow = 3,
+    type_button = 4,
+    type_ellipsis = 5,
+    type_spin_button = 6,
+    type_slider = 7,
+    type_radio = 8,
+    type_progress = 9,
+    type_advanced_progress = 10,
+    type_pie_chart = 11,
+    type_multi_font = 12,
+    type_auto_font = 13,
+    standard_cell_types = 14
+};
 
 }  // namespace corvanes
 
@@ -33,8 +51,10 @@ class CUGCellType {
     virtual const wchar_t* GetName() const { return L"Normal Cell Type (default)"; }
     // Paints the whole of `rect`.
     virtual void OnDraw(CDC& dc, const RECT& rect, const CUGCell& cell, const corvanes::CellLook& look);
-    // The part of a cell in which its text is painted.
-    virtual RECT TextPlace(const RECT& cell) const;
+    // The part of a cell at `rect` in which its text is painted, and whether a text without Hebrew stands at the right
+    // there, whatever its column says.
+    virtual RECT TextPlace(const RECT& rect, const CUGCell& cell) const;
+    virtual bool TextAtRight(const CUGCell& /*cell*/) const { return false; }
     // Whether a cell of this size does not show its text whole, so that a hint has to.
     virtual bool CutsText(CDC& dc, const RECT& rect, const CUGCell& cell) const;
     // The smallest size, in pixels and without the grid lines, in which the cell shows all that it has. `dc` has the
@@ -44,4 +64,19 @@ class CUGCellType {
     virtual bool OnLeftClick(corvanes::CellGrid& grid, const corvanes::CellPlace& place, int updn, POINT point);
     virtual bool OnKeyDown(corvanes::CellGrid& grid, const corvanes::CellPlace& place, UINT key);
     virtual bool OnCharDown(corvanes::CellGrid& grid, const corvanes::CellPlace& place, UINT character);
+    // The wheel turned by whole notches, away from the person above 0, over the current cell; 0 while parts of a notch
+    // add up. False leaves it to the grid, which scrolls.
+    virtual bool OnWheel(corvanes::CellGrid& grid, const corvanes::CellPlace& place, int notches);
+
+    // What comes to the type that holds a cell (CellGrid::HoldCell), wherever the pointer is. The place's rectangle is
+    // empty while the cell is out of sight.
+    virtual void OnDrag(corvanes::CellGrid& grid, const corvanes::CellPlace& place, POINT point);
+    // Some twenty times a second while the button is held, after a first pause. False ends these calls.
+    virtual bool OnHoldOn(corvanes::CellGrid& grid, const corvanes::CellPlace& place);
+    // The button or the space bar came up; the hold is over and `hold` tells what it was.
+    virtual void OnRelease(corvanes::CellGrid& grid, const corvanes::CellPlace& place, const corvanes::CellHold& hold);
+
+  protected:
+    // F4, or Alt with the arrow down: what opens or presses a cell's button.
+    static bool IsOpenKey(UINT key);
 };

@@ -16,14 +16,14 @@ RECT strip_of(const RECT& cell) {
 
 void CUGDropListType::OnDraw(CDC& dc, const RECT& rect, const CUGCell& cell, const CellLook& look) {
     RECT button = strip_of(rect);
-    DrawCellText(dc, TextPlace(rect), cell.GetText(), look);
+    DrawCellText(dc, TextPlace(rect, cell), cell.GetText(), look);
     dc.FillSolidRect(&button, look.background);
     ::InflateRect(&button, -1, -1);
     ::DrawFrameControl(dc.m_hDC, &button, DFC_SCROLL, DFCS_SCROLLCOMBOBOX);
 }
 
-RECT CUGDropListType::TextPlace(const RECT& cell) const {
-    return {cell.left, cell.top, strip_of(cell).left, cell.bottom};
+RECT CUGDropListType::TextPlace(const RECT& rect, const CUGCell&) const {
+    return {rect.left, rect.top, strip_of(rect).left, rect.bottom};
 }
 
 SIZE CUGDropListType::BestSize(CDC& dc, const CUGCell& cell) const {
@@ -44,8 +44,7 @@ bool CUGDropListType::OnLeftClick(CellGrid& grid, const CellPlace& place, int up
 }
 
 bool CUGDropListType::OnKeyDown(CellGrid& grid, const CellPlace& place, UINT key) {
-    const bool alt = ::GetKeyState(VK_MENU) < 0;
-    if (key != VK_F4 && !(key == VK_DOWN && alt)) {
+    if (!IsOpenKey(key)) {
         return false;
     }
     grid.OpenDropList(place.column, place.row);

@@ -10,7 +10,7 @@ class CUGDropListType : public CUGCellType {
 
     const wchar_t* GetName() const override { return L"Standard DropList"; }
     void OnDraw(CDC& dc, const RECT& rect, const CUGCell& cell, const corvanes::CellLook& look) override;
-    RECT TextPlace(const RECT& cell) const override;
+    RECT TextPlace(const RECT& rect, const CUGCell& cell) const override;
     SIZE BestSize(CDC& dc, const CUGCell& cell) const override;
     // A click on the button, F4 and Alt+Down open the list; a cell whose label has no lines has nothing to open.
     bool OnLeftClick(corvanes::CellGrid& grid, const corvanes::CellPlace& place, int updn, POINT point) override;

@@ -84,15 +84,19 @@ void EditSession::point_at(POINT point, const RECT& clicked) {
     if (!active() || window_->m_hWnd == nullptr) {
         return;
     }
+    CUGCell cell;
+    grid_.GetCell(column_, row_, &cell);
+    CUGCellType& type = grid_.CellType(cell.GetCellType());
     // The text may have moved: the cell was scrolled into sight, and an editor has its text at the cell's edge.
-    const RECT shown = grid_.CellTypeAt(column_, row_).TextPlace(clicked);
+    const RECT shown = type.TextPlace(clicked, cell);
     const RECT edited = grid_.GetGrid().CellRectangle(column_, row_);
     CString text;
     grid_.GetCellText(column_, row_, text);
     if (contains_right_to_left(text.GetString())) {
         point.x += edited.right - shown.right;
     } else {
-        const LONG before_text = indent(shown, text.GetString());
+        const bool at_right = grid_.state().columns.aligned_right(column_) || type.TextAtRight(cell);
+        const LONG before_text = at_right ? indent(shown, text.GetString()) : 0;
         if (point.x < shown.left + before_text) {
             return;  // beside a text that stands at the right: the caret is at its end already
         }
@@ -103,9 +107,6 @@ void EditSession::point_at(POINT point, const RECT& clicked) {
 }
 
 LONG EditSession::indent(const RECT& shown, std::wstring_view text) {
-    if (!grid_.state().columns.aligned_right(column_)) {
-        return 0;
-    }
     CClientDC dc(&grid_);
     const HGDIOBJ former = ::SelectObject(dc.m_hDC, grid_.GetGridFont());
     const int width = text_width(dc, text);
@@ -113,7 +114,19 @@ LONG EditSession::indent(const RECT& shown, std::wstring_view text) {
     return std::max<LONG>(0, shown.right - shown.left - 2 * cell_text_margin - width);
 }
 
+bool EditSession::offer(int column, int row, LPCWSTR text) {
+    const unsigned arrangement = grid_.arrangement();
+    if (grid_.OnGridEditVerify(column, row, nullptr, text) != 1 || arrangement != grid_.arrangement() ||
+        grid_.OnGridEditFinish(column, row, nullptr, text, FALSE) == 0 || arrangement != grid_.arrangement() ||
+        grid_.SetCellText(column, row, text) != 0) {
+        return false;
+    }
+    grid_.RedrawCell(column, row);
+    return true;
+}
+
 void EditSession::abandon() {
+    grid_.CellsRearranged();
     if (active()) {
         close();
     }

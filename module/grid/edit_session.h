@@ -19,7 +19,11 @@ class EditSession final : public CellEditOwner {
     // Opens `window` over the cell. False when the window is no CellEditor or nothing of the cell is visible.
     bool start(int column, int row, CWnd& window, UINT key);
     EditOutcome end_edit(EditEnd how, UINT key) override;
-    // Closes the editor without asking or storing anything: the cell is gone, or the grid is.
+    // Asks the grid's owner about a text that was chosen without an editor, and stores it. False when that was refused,
+    // or when the cell went away meanwhile.
+    bool offer(int column, int row, LPCWSTR text);
+    // Closes the editor without asking or storing anything, and lets go of a held cell: the cell is gone, or the grid
+    // is.
     void abandon();
     // Gives the focus to the open editor, if there is one.
     void focus();
@@ -29,7 +33,7 @@ class EditSession final : public CellEditOwner {
 
   private:
     void close();
-    // How far from the left edge of its cell a text without Hebrew is painted, beyond the margin.
+    // How far from the left edge of its cell a text that stands at the right is painted, beyond the margin.
     LONG indent(const RECT& shown, std::wstring_view text);
 
     CellGrid& grid_;

@@ -38,9 +38,9 @@ std::vector<double> scale_marks(const ValueRange& range, double distance, int mo
     distance *= std::max(1.0, std::ceil(span / distance / (most - 1)));
     // A whole number of distances reaches the end in spite of the rounding of each.
     const int count = static_cast<int>(span / distance + 1e-9) + 1;
-    std::vector<double> marks;
-    for (int mark = 0; mark < count; ++mark) {
-        marks.push_back(range.least + mark * distance);
+    std::vector<double> marks(static_cast<std::size_t>(count), range.least);
+    for (std::size_t mark = 1; mark < marks.size(); ++mark) {
+        marks[mark] += static_cast<double>(mark) * distance;
     }
     return marks;
 }

@@ -50,8 +50,7 @@ END_MESSAGE_MAP()
 
 CUGCtrl::CUGCtrl() : edit_(*this), commands_(*this) {
     font_ = static_cast<HFONT>(::GetStockObject(DEFAULT_GUI_FONT));
-    for (CUGCellType* const standard :
-         {&normal_type_, static_cast<CUGCellType*>(&drop_list_type_), static_cast<CUGCellType*>(&check_box_type_)}) {
+    for (CUGCellType* const standard : standard_types_.all()) {
         AddCellType(standard);
     }
 }

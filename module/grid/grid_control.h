@@ -4,9 +4,7 @@
 #include <afxwin.h>
 
 #include "grid/cell_grid.h"
-#include "grid/check_box_type.h"
 #include "grid/drop_list.h"
-#include "grid/drop_list_type.h"
 #include "grid/edit_session.h"
 #include "grid/grid_commands.h"
 #include "grid/masked_edit.h"
@@ -14,6 +12,7 @@
 #include "grid/scroll_bars.h"
 #include "grid/side_heading.h"
 #include "grid/sort_arrow_type.h"
+#include "grid/standard_cell_types.h"
 #include "grid/top_heading.h"
 
 // Data columns and rows count from 0; row -1 is the top heading and column -1 the side heading. Operations return 0, or
@@ -147,9 +146,7 @@ class CUGCtrl : public corvanes::CellGrid {
     void MakeCurrent(int column, int row);
     int ColumnAfter(int steps) const;
 
-    CUGCellType normal_type_;
-    CUGDropListType drop_list_type_;
-    CUGCheckBoxType check_box_type_;
+    corvanes::StandardCellTypes standard_types_;
     CUGGrid cells_;
     CUGTopHdg top_heading_;
     CUGSideHdg side_heading_;

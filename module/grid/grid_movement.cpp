@@ -185,12 +185,7 @@ void CUGCtrl::OpenDropList(int column, int row) {
 }
 
 bool CUGCtrl::OfferCellText(int column, int row, LPCWSTR text) {
-    if (OnGridEditVerify(column, row, nullptr, text) != 1 || OnGridEditFinish(column, row, nullptr, text, FALSE) == 0 ||
-        SetCellText(column, row, text) != 0) {
-        return false;
-    }
-    RedrawCell(column, row);
-    return true;
+    return edit_.offer(column, row, text);
 }
 
 int CUGCtrl::RedrawCell(int column, int row) {

@@ -13,6 +13,26 @@
 #include "grid/keyed_order.h"
 #include "grid/print_titles.h"
 
+namespace corvanes {
+
+// Of OnGridCellTypeNotify. `value` is the cell's text and `part` is 1 where nothing else is said.
+enum CellNotice {
+    notice_arrow = 1,  // `part` is the arrow's ArrowDirection
+    notice_button = 2,
+    notice_ellipsis = 3,
+    notice_spin = 4,           // the text changed: `part` 1 up, 2 down
+    notice_slider = 5,         // the text changed
+    notice_slider_moving = 6,  // the thumb is being dragged; `value` is what releasing it there would store
+    notice_radio = 7,          // the text changed: `part` counts the label's lines from 0
+    notice_progress = 8,
+    notice_advanced_progress = 9,  // `part` counts the bands from 0: the one that the value lies in; -1 without bands
+    notice_pie_chart = 10,         // `part` counts the numbers from 0, `value` is that number; -1 for all of them
+    notice_multi_font = 11,        // `part` counts the runs from 0, `value` is the run's text; -1 for all of them
+    notice_auto_font = 12
+};
+
+}  // namespace corvanes
+
 // A derived grid overrides what it needs; the versions here do nothing, or agree. `updn` is 1 when the left button went
 // down and 0 when it came up. Rectangles and points are in pixels of the window that was clicked. `processed` is
 // nonzero when the cell's type has already acted on the event. `UINT*` arguments may be changed: the grid goes on with
@@ -35,7 +55,7 @@ class CUGNotifications {
     // On a click on a heading cell of the top heading (row -1), not on a border between two.
     virtual void OnGridHeadingClick(int /*col*/, long /*row*/, int /*updn*/, RECT* /*rect*/, POINT* /*point*/,
                                     int /*processed*/) {}
-    // For every key that goes down in the painting area, before the grid acts on it.
+    // For every key that goes down in the painting area, before the grid acts on it; not while a control is held.
     virtual void OnGridKeyDown(UINT* /*vcKey*/, BOOL /*processed*/) {}
     // For every printable character typed in the painting area.
     virtual void OnGridCharDown(UINT* /*vcKey*/, BOOL /*processed*/) {}
@@ -67,6 +87,9 @@ class CUGNotifications {
     virtual void OnGridRowsAppend(long /*first*/, long /*count*/) {}
     // Before the grid is printed: what stands above each page. False when it is not for printing.
     virtual bool OnGridPrint(corvanes::PrintTitles* /*titles*/) { return false; }
+    // What a person did to the control in a cell, after a change of its text went through OnGridEditVerify and
+    // OnGridEditFinish. `kind` is a corvanes::CellNotice, which says what `part` and `value` stand for.
+    virtual void OnGridCellTypeNotify(int /*col*/, long /*row*/, int /*kind*/, int /*part*/, LPCWSTR /*value*/) {}
 
   protected:
     virtual ~CUGNotifications() = default;

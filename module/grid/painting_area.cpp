@@ -15,8 +15,6 @@ namespace {
 constexpr int line_width = 1;
 constexpr COLORREF line_color = RGB(192, 192, 192);
 
-constexpr UINT_PTR drag_timer = 1;
-constexpr UINT_PTR status_timer = 2;
 
 bool key_held(int key) {
     return ::GetKeyState(key) < 0;
@@ -39,6 +37,8 @@ BEGIN_MESSAGE_MAP(CUGGrid, GridPane)
     ON_MESSAGE(WM_RBUTTONDOWN, &CUGGrid::OnRightDown)
     ON_WM_GETDLGCODE()
     ON_WM_DESTROY()
+    ON_MESSAGE(WM_KEYUP, &CUGGrid::OnKeyUp)
+    ON_MESSAGE(WM_MOUSEWHEEL, &CUGGrid::OnCellWheel)
     ON_MESSAGE(WM_MOUSEHOVER, &CUGGrid::OnMouseHover)
     ON_MESSAGE(WM_MOUSELEAVE, &CUGGrid::OnMouseLeave)
 END_MESSAGE_MAP()
@@ -139,10 +139,17 @@ void CUGGrid::PaintCell(CDC& dc, int column, int row, const RECT& inside) {
     CUGCell cell;
     grid().GetCell(column, row, &cell);
     const bool selected = state().selection.contains(column, row);
-    const CellLook look{::GetSysColor(selected ? COLOR_HIGHLIGHTTEXT : COLOR_WINDOWTEXT),
-                        ::GetSysColor(selected ? COLOR_HIGHLIGHT : COLOR_WINDOW),
-                        state().columns.aligned_right(column)};
-    grid().CellType(cell.GetCellType()).OnDraw(dc, inside, cell, look);
+    CellLook look{::GetSysColor(selected ? COLOR_HIGHLIGHTTEXT : COLOR_WINDOWTEXT),
+                  ::GetSysColor(selected ? COLOR_HIGHLIGHT : COLOR_WINDOW), state().columns.aligned_right(column)};
+    CUGCellType& type = grid().CellType(cell.GetCellType());
+    const CellHold* hold = grid().HeldCell();
+    if (hold != nullptr && hold->column == column && hold->row == row && hold->type == &type) {
+        look.pressed_part = hold->over ? hold->part : 0;
+        if (hold->text) {
+            cell.SetText(hold->text->c_str());
+        }
+    }
+    type.OnDraw(dc, inside, cell, look);
 }
 
 // Two pixels of the highlight colour with the focus, one grey pixel without; on the grid lines below and beside, so
@@ -168,8 +175,12 @@ CellPlace CUGGrid::PlaceAt(POINT point) const {
 }
 
 void CUGGrid::NotifyClick(const CellPlace& place, int updn, POINT point, bool in_cell) {
+    const unsigned arrangement = grid().arrangement();
     const bool processed =
         in_cell && grid().CellTypeAt(place.column, place.row).OnLeftClick(grid(), place, updn, point);
+    if (arrangement != grid().arrangement()) {
+        return;  // the place is another cell's now
+    }
     RECT cell = place.rect;
     grid().OnGridLeftClick(place.column, place.row, updn, &cell, &point, processed ? 1 : 0);
 }
@@ -179,6 +190,7 @@ void CUGGrid::OnLButtonDown(UINT keys, CPoint point) {
     if (!grid().TakeFocus(*this)) {
         return;
     }
+    grid().TakeHold();
     grid().UpdateLayout();
     const CellPlace place = PlaceAt(point);
     const bool in_cell = place.column >= 0 && place.row >= 0;
@@ -189,6 +201,10 @@ void CUGGrid::OnLButtonDown(UINT keys, CPoint point) {
     SetCapture();
     pressed_ = place;
     NotifyClick(place, 1, point, in_cell);
+    if (grid().HeldCell() != nullptr) {
+        WaitToHoldOn();
+        return;
+    }
     grid().PointInEditor(point, place.rect);
 }
 
@@ -197,12 +213,21 @@ void CUGGrid::OnLButtonUp(UINT, CPoint point) {
         return;
     }
     const CellPlace pressed = *pressed_;
+    const std::optional<CellHold> hold = grid().TakeHold();
     ::ReleaseCapture();
+    if (hold) {
+        ReleaseHold(*hold, point);
+        return;
+    }
     const bool stayed = ::PtInRect(&pressed.rect, point) != 0 && pressed.row < state().rows.count();
     NotifyClick(stayed ? pressed : PlaceAt(point), 0, point, stayed);
 }
 
 void CUGGrid::OnMouseMove(UINT keys, CPoint point) {
+    if (const CellHold* hold = grid().HeldCell(); hold != nullptr && !hold->by_key) {
+        hold->type->OnDrag(grid(), PlaceOf(*hold), point);
+        return;
+    }
     WaitForHint(point);
     if (!pressed_ || (keys & MK_LBUTTON) == 0 || grid().IsEditing()) {
         return;
@@ -244,6 +269,8 @@ void CUGGrid::OnTimer(UINT_PTR timer) {
     KillTimer(timer);
     if (timer == status_timer) {
         grid().Commands().ShowStatus();
+    } else if (timer == hold_timer) {
+        HoldOn();
     }
 }
 
@@ -326,9 +353,20 @@ CellPlace CUGGrid::CurrentPlace() const {
 
 void CUGGrid::OnKeyDown(UINT key, UINT, UINT) {
     hint_.Hide();
+    // Escape lets go of a control and leaves its cell as it was; other keys wait for its release.
+    if (grid().HeldCell() != nullptr) {
+        if (key == VK_ESCAPE && grid().TakeHold()) {
+            ::ReleaseCapture();
+        }
+        return;
+    }
     const CellPlace place = CurrentPlace();
     const bool has_cell = place.column >= 0 && place.row >= 0;
+    const unsigned arrangement = grid().arrangement();
     const bool processed = has_cell && grid().CellTypeAt(place.column, place.row).OnKeyDown(grid(), place, key);
+    if (processed && arrangement != grid().arrangement()) {
+        return;
+    }
     grid().OnGridKeyDown(&key, processed ? TRUE : FALSE);
     if (!processed && key != 0 && m_hWnd != nullptr && !grid().Commands().KeyDown(key)) {
         Navigate(key);
@@ -394,7 +432,11 @@ void CUGGrid::OnChar(UINT character, UINT, UINT) {
     }
     const CellPlace place = CurrentPlace();
     const bool has_cell = place.column >= 0 && place.row >= 0;
+    const unsigned arrangement = grid().arrangement();
     const bool processed = has_cell && grid().CellTypeAt(place.column, place.row).OnCharDown(grid(), place, character);
+    if (arrangement != grid().arrangement()) {
+        return;
+    }
     grid().OnGridCharDown(&character, processed ? TRUE : FALSE);
     if (!processed && character != 0 && m_hWnd != nullptr) {
         grid().Commands().CharDown(static_cast<wchar_t>(character));
@@ -406,12 +448,16 @@ void CUGGrid::OnSetFocus(CWnd*) {
 }
 
 void CUGGrid::OnKillFocus(CWnd*) {
+    if (grid().TakeHold()) {
+        ::ReleaseCapture();
+    }
     RedrawCell(state().current_column, state().current_row);
 }
 
 void CUGGrid::OnCaptureChanged(CWnd*) {
     pressed_.reset();
     KillTimer(drag_timer);
+    grid().TakeHold();
 }
 
 // The dialog keeps Tab, and Return as a rule; arrows, characters and Escape are the grid's.

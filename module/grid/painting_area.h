@@ -6,6 +6,7 @@
 #include "grid/cell_change.h"
 #include "grid/grid_pane.h"
 #include "grid/hint_window.h"
+#include "grid/scroll_bars.h"
 
 class CUGGrid : public corvanes::GridPane {
   public:
@@ -35,6 +36,8 @@ class CUGGrid : public corvanes::GridPane {
     void OnKillFocus(CWnd* next);
     void OnCaptureChanged(CWnd* taker);
     UINT OnGetDlgCode();
+    LRESULT OnKeyUp(WPARAM key, LPARAM flags);
+    LRESULT OnCellWheel(WPARAM turn, LPARAM point);
     void OnDestroy();
     LRESULT OnMouseHover(WPARAM keys, LPARAM point);
     LRESULT OnMouseLeave(WPARAM unused, LPARAM unused_too);
@@ -49,15 +52,28 @@ class CUGGrid : public corvanes::GridPane {
     // `in_cell`: the button went down in that cell too, whose type may act on it.
     void NotifyClick(const corvanes::CellPlace& place, int updn, POINT point, bool in_cell);
     corvanes::CellPlace CurrentPlace() const;
+    // Where the held cell is now.
+    corvanes::CellPlace PlaceOf(const corvanes::CellHold& hold) const;
+    void WaitToHoldOn();
+    // The held control does once more what it does.
+    void HoldOn();
+    void ReleaseHold(const corvanes::CellHold& hold, POINT point);
+    // The type of the current cell acts on a wheel above it. False when the wheel is the grid's.
+    bool TurnCell(int turn, POINT point);
     void Navigate(UINT key);
     void WaitForHint(POINT point);
     // Stretches the selection to a point; while that is outside, cells come in from there.
     void DragTo(POINT point);
     corvanes::CellAddress CellTowards(POINT point) const;
 
+    static constexpr UINT_PTR drag_timer = 1;
+    static constexpr UINT_PTR status_timer = 2;
+    static constexpr UINT_PTR hold_timer = 3;
+
     // Where the left button went down, while it is held. Showing that cell whole may have moved another one there.
     std::optional<corvanes::CellPlace> pressed_;
     POINT dragged_to_{0, 0};
+    corvanes::WheelSum cell_wheel_;
     corvanes::HintWindow hint_;
     int hinted_column_ = -1;
     int hinted_row_ = -1;

@@ -91,6 +91,11 @@ std::wstring value_text(const ValueRange& range, double value, std::wstring_view
     return number_text(value, std::max(range.decimals, decimals_in(former)));
 }
 
+std::wstring stepped_text(std::wstring_view label, std::wstring_view text, int steps) {
+    const ValueRange range = range_from_label(label);
+    return value_text(range, stepped(range, base::number_from_text(text), steps), text);
+}
+
 std::wstring number_text(double number, int decimals) {
     constexpr double least_with_exponent = 1e15;
     char digits[64];

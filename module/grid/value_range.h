@@ -30,6 +30,9 @@ double stepped(const ValueRange& range, double value, int steps);
 // The number that a cell with this text gets, where `former` says how many decimals it has had.
 std::wstring value_text(const ValueRange& range, double value, std::wstring_view former);
 
+// The number of a cell with this label and text, so many steps on.
+std::wstring stepped_text(std::wstring_view label, std::wstring_view text, int steps);
+
 // How many steps a page is: a tenth of the range.
 int steps_a_page(const ValueRange& range);
 

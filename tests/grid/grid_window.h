@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -38,6 +39,8 @@ class RecordingGrid : public CUGCtrl {
     int finished = 1;
     UINT replace_key = ~0U;
     CWnd* editor = nullptr;
+    std::function<void()> on_verify;
+    std::function<void()> on_notify;
 
     bool AllowsChanges() const override { return changeable; }
     bool GoesToTyped() const override { return !changeable; }
@@ -85,11 +88,20 @@ class RecordingGrid : public CUGCtrl {
     }
     int OnGridEditVerify(int col, long row, CWnd*, LPCWSTR text) override {
         note("verify " + narrow(text), {col, row});
+        if (on_verify) {
+            on_verify();
+        }
         return verified;
     }
     int OnGridEditFinish(int col, long row, CWnd*, LPCWSTR text, BOOL cancelled) override {
         note("finish " + narrow(text), {col, row, cancelled});
         return finished;
+    }
+    void OnGridCellTypeNotify(int col, long row, int kind, int part, LPCWSTR value) override {
+        note("notify " + narrow(value), {col, row, kind, part});
+        if (on_notify) {
+            on_notify();
+        }
     }
     int OnGridCanMove(int from_col, long from, int to_col, long to) override {
         note("can move", {from_col, from, to_col, to});

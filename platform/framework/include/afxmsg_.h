@@ -132,6 +132,7 @@ inline std::tuple<CREATESTRUCTW*> creation_argument(const AFX_MESSAGE& m) {
     AFX_ENTRY(message, 0, 0, 0, framework::Signature<LRESULT(WPARAM, LPARAM)>, raw_arguments, handler)
 
 #define ON_BN_CLICKED(id, handler) ON_CONTROL(BN_CLICKED, id, handler)
+#define ON_EN_CHANGE(id, handler) ON_CONTROL(EN_CHANGE, id, handler)
 
 #define ON_WM_CREATE() AFX_WINDOW_ENTRY(WM_CREATE, int, (CREATESTRUCTW*), creation_argument, OnCreate)
 #define ON_WM_DESTROY() AFX_WINDOW_ENTRY(WM_DESTROY, void, (), no_arguments, OnDestroy)

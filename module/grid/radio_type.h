@@ -1,0 +1,22 @@
+// CUGRadioType, a choice among the lines of the cell's label, all of them laid out in the cell; its text is the chosen
+// one.
+#pragma once
+
+#include "grid/control_type.h"
+
+// The lines stand below each other in as few columns as the cell's height allows. Choosing one is an edit that the
+// grid's owner may refuse. The arrows along which there are other lines choose; the others, and those with Ctrl, are
+// the grid's.
+class CUGRadioType : public corvanes::ControlType {
+  public:
+    const wchar_t* GetName() const override { return L"Radio Type"; }
+    SIZE BestSize(CDC& dc, const CUGCell& cell) const override;
+
+  protected:
+    corvanes::CellNotice notice() const override { return corvanes::notice_radio; }
+    void Draw(CDC& dc, const corvanes::ControlScene& scene, const corvanes::CellLook& look) const override;
+    int PartAt(CDC& dc, const corvanes::ControlScene& scene, POINT point) const override;
+    int KeyPart(const corvanes::ControlScene& scene) const override;
+    void Act(const Target& target, int part) override;
+    bool OnControlKey(const Target& target, UINT key) override;
+};
