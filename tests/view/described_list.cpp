@@ -26,7 +26,7 @@ std::string pair(Vec2 v) {
 std::string colour(Ink ink) {
     char text[16];
     std::snprintf(text, sizeof text, "%06x", ink.value);
-    return ink == Ink::foreground() ? "------" : text;
+    return ink == Ink::foreground() ? "------" : ink == Ink::background() ? "  mask" : text;
 }
 
 class Describer {

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "platform/host/view/hit_test.h"
 #include "tests/view/described_list.h"
 
 namespace host {
@@ -74,7 +75,23 @@ TEST(ListPainter, PaintsLinesAreasAndDots) {
         ".rrrrr..#..g\n",
         painting.paint());
     EXPECT_EQ(painting.paint({0x000000}), painting.paint({0xFFFFFF})) << "colour 7 is black on white";
-    EXPECT_EQ('#', painting.paint({0xFF0000})[1 + 13 * 5 + 3]) << "what would vanish in the background does not";
+    EXPECT_EQ('.', painting.paint({0xFF0000})[1 + 13 * 5 + 3]) << "an area hides what it covers";
+    EXPECT_EQ('#', painting.paint({0x00FF00})[1 + 13 * 2 + 11]) << "a line does not vanish in the background";
+}
+
+TEST(ListPainter, HidesWhatMasksCoverInTheOrderOfDrawing) {
+    const std::string image = "|8 0|10 1|20 0|11 4|21 0|12 0|22 4|13 1|23 1|";
+    // A triangle with its frame over the first line; the entity with the lowest sort handle is drawn first.
+    Painting painting(8, 4,
+                      tables("0 TABLE|2 BLOCK_RECORD|0 BLOCK_RECORD|5 1F|2 *Model_Space|0 ENDTAB") +
+                          entities("0 LINE|5 A|8 0|62 1|10 0|20 1.5|11 8|21 1.5|"
+                                   "0 LINE|5 B|8 0|62 3|10 0|20 2.5|11 8|21 2.5|0 WIPEOUT|5 C" +
+                                   image + "71 2|91 3|14 -0.5|24 0.5|14 0.5|24 0.5|14 0.5|24 -0.5") +
+                          "0 SECTION|2 OBJECTS|0 SORTENTSTABLE|5 D|330 2|100 AcDbSortentsTable|330 1F|331 B|5 C|"
+                          "331 C|5 B|0 WIPEOUTVARIABLES|5 E|70 0|0 ENDSEC|");
+    EXPECT_EQ("\n........\ngggggggg\nrr...rrr\n........\n", painting.paint({0xFFFFFF}));
+    EXPECT_EQ(painting.entity(0), HitTest(painting.list).pick({{0, 1}, {1, 2}}));
+    EXPECT_EQ(dxf::no_record, HitTest(painting.list).pick({{3.8, 0.6}, {4.2, 0.9}})) << "inside of a mask";
 }
 
 TEST(ListPainter, CutsOffAtTheEdgesAndZoomsAboutAPoint) {

@@ -60,6 +60,18 @@ TEST(TextEntities, OfParagraphsStackTheirLines) {
                   entities(paragraphs + paragraphs + "71 5|" + paragraphs + "71 9|44 2|50 30|11 0|21 1|31 0")));
 }
 
+TEST(TextEntities, OfParagraphsHaveABackground) {
+    const std::string text = "0 MTEXT|8 0|10 5|20 100|40 2|1 a\\Pa|41 10|";
+    EXPECT_EQ(
+        "00ff00 fill 4,93.067 16,93.067 16,101 4,101\n"
+        "------ text \"a\" left 5,98 x 2,0 y 0,2\n------ text \"a\" left 5,94.667 x 2,0 y 0,2\n"
+        // Centred, in the colour of the window, and framed.
+        "  mask fill 0,96.733 10,96.733 10,102.667 0,102.667\n"
+        "------ strip 0,96.733 10,96.733 10,102.667 0,102.667 0,96.733\n"
+        "------ text \"a\" centre 5,100.667 x 2,0 y 0,2\n------ text \"a\" centre 5,97.333 x 2,0 y 0,2\n",
+        described(styles + entities(text + "90 1|63 3|" + text + "71 5|90 18|45 1")));
+}
+
 TEST(TextEntities, OfParagraphsBreakAtTheirWidth) {
     EXPECT_EQ(
         "ff0000 text \"alpha beta\" left 0,-2 x 2,0 y 0,2\n"

@@ -154,12 +154,4 @@ void draw_multiline(const EntityScope& scope) {
     }
 }
 
-void draw_image_frame(const EntityScope& scope) {
-    const Vec3 corner = scope.fields.point(10);
-    const Vec3 across = scope.fields.point(11) * scope.fields.real(13);
-    const Vec3 up = scope.fields.point(12) * scope.fields.real(23);
-    scope.out.strip({scope.world(corner), scope.world(corner + across), scope.world(corner + across + up),
-                     scope.world(corner + up), scope.world(corner)});
-}
-
 }  // namespace host

@@ -178,9 +178,11 @@ Picture DisplayListBuilder::draw_block(dxf::BlockId block, const Transform3& spa
     PictureBuilder out(list_.budget);
     being_drawn_[block] = true;
     ++depth_;
-    for (const dxf::RecordId id : drawing_.blocks()[block].entities) {
-        draw_record(id, {out, space, true, anew});
-    }
+    const dxf::Block& drawn = drawing_.blocks()[block];
+    draw_all(drawn.name == dxf::no_name ? std::wstring() : drawing_.block_names().name(drawn.name), drawn.entities,
+             [&](dxf::RecordId id) {
+                 draw_record(id, {out, space, true, anew});
+             });
     --depth_;
     being_drawn_[block] = false;
     return out.take();

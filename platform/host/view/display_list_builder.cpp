@@ -25,7 +25,7 @@ constexpr NamedDraw draws[] = {
     {L"LEADER", draw_leader},
     {L"MLINE", draw_multiline},
     {L"IMAGE", draw_image_frame},
-    {L"WIPEOUT", draw_image_frame},
+    {L"WIPEOUT", draw_wipeout},
     {L"LWPOLYLINE", draw_light_polyline},
     {L"POLYLINE", draw_polyline},
     {L"SOLID", draw_solid},
@@ -90,6 +90,8 @@ DisplayListBuilder::DisplayListBuilder(const dxf::Drawing& drawing, DisplayList 
       layers_(drawing),
       line_types_(drawing, std::move(list.patterns)),
       styles_(drawing, std::move(list.fonts)),
+      settings_(drawing),
+      order_(drawing, settings_),
       drawers_(drawing.type_names().size()),
       base_of_block_(drawing.blocks().size()),
       being_drawn_(drawing.blocks().size(), false),
@@ -113,11 +115,11 @@ DisplayList DisplayListBuilder::build() {
     const auto room = static_cast<size_t>(list_.budget.bytes_left() / 4 / sizeof(Primitive));
     const size_t parts = entities / 16 + 256;  // of entities that have several, as references with attributes
     out.reserve(std::min(entities + parts, room), std::min(references + parts, room));
-    for (const dxf::RecordId id : drawing_.entities()) {
+    draw_all(paper ? L"*Paper_Space" : L"*Model_Space", drawing_.entities(), [&](dxf::RecordId id) {
         if (stands_here(id)) {
             draw_record(id, target);
         }
-    }
+    });
     list_.top = out.take();
     list_.left_out = list_.budget.left_out();
     list_.state = DrawnState::of(drawing_);
@@ -217,7 +219,7 @@ void DisplayListBuilder::draw_plain(dxf::RecordId id, const dxf::RecordView& rec
     const Draw draw = drawer_of(entry.type);
     const uint16_t pattern = draw == draw_hatch ? LinePattern::continuous : pattern_of(entry.layer);
     target.out.begin_entity(id, ink_of(entry.layer), layers_.is_zero(entry.layer), pattern);
-    draw({drawing_, record, fields_, target.space, styles_, target.out, target.in_block});
+    draw({drawing_, record, fields_, target.space, styles_, settings_, target.out, target.in_block});
 }
 
 /// The ATTRIBs that follow an INSERT, which stand in the same coordinates as the INSERT itself but look like a part of
@@ -239,7 +241,7 @@ void DisplayListBuilder::draw_attributes(dxf::RecordId id, const dxf::RecordView
         if (fields_.integer(60) == 0 && shown) {
             target.out.begin_entity(id, inside.resolve(ink_of(layer)),
                                     like_reference && look.layer_zero == Instance::LayerZero::inherited);
-            draw_attribute({drawing_, part, fields_, target.space, styles_, target.out, target.in_block});
+            draw_attribute({drawing_, part, fields_, target.space, styles_, settings_, target.out, target.in_block});
         }
     }
 }

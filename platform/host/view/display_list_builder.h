@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "platform/host/view/display_list.h"
+#include "platform/host/view/draw_order.h"
 #include "platform/host/view/entity_scope.h"
 #include "platform/host/view/layer_states.h"
 #include "platform/host/view/line_types.h"
@@ -22,6 +23,8 @@ class DisplayListBuilder {
     Box2 area_of(dxf::BlockId block);
 
   private:
+    static constexpr size_t steps_of_sorting = 30;  ///< for each entity
+
     /// Where entities stand and where their primitives go.
     struct Target {
         PictureBuilder& out;
@@ -38,6 +41,16 @@ class DisplayListBuilder {
         uint32_t rows = 1;
     };
 
+    /// Calls draw(id) for the entities of a space or block in the order in which they are drawn.
+    template <typename Draw>
+    void draw_all(const std::wstring& owner, const dxf::RecordRun& entities, Draw draw) {
+        if (!order_.governs(owner)) {
+            std::for_each(entities.begin(), entities.end(), draw);
+        } else if (list_.budget.work(entities.size() * steps_of_sorting)) {
+            const std::vector<dxf::RecordId> sorted = order_.sorted(owner, entities);
+            std::for_each(sorted.begin(), sorted.end(), draw);
+        }
+    }
     void draw_record(dxf::RecordId id, const Target& target);
     void draw_plain(dxf::RecordId id, const dxf::RecordView& record, const Target& target);
     void draw_insert(dxf::RecordId id, const dxf::RecordView& record, dxf::NameId layer, const Target& target);
@@ -68,6 +81,8 @@ class DisplayListBuilder {
     LayerStates layers_;
     LineTypes line_types_;
     TextStyles styles_;
+    DrawingSettings settings_;
+    DrawOrder order_;
     dxf::RecordFields fields_;
     std::vector<std::optional<Draw>> drawers_;        ///< by record type, found when one is first met
     std::vector<std::optional<Vec3>> base_of_block_;  ///< by BlockId, read when one is first met

@@ -18,7 +18,7 @@ bool same(const VectorOverlay::Vector& a, const VectorOverlay::Vector& b) {
 }
 
 COLORREF colour_of(int colour, const PaintColours& colours) {
-    const uint32_t rgb = colour == 0 ? colours.background : colours.of(indexed_ink(colour));
+    const uint32_t rgb = colour == 0 ? colours.background : colours.of_line(indexed_ink(colour));
     return RGB(rgb >> 16 & 0xFF, rgb >> 8 & 0xFF, rgb & 0xFF);
 }
 

@@ -15,7 +15,8 @@ bool is_table_head(const dxf::Drawing& drawing, dxf::RecordId id) {
 bool governs_others(const std::wstring& type, bool lacking) {
     const bool header_variable = type.starts_with(L"$") && type != L"$HANDSEED";
     const bool named = type == L"STYLE" || type == L"BLOCK";
-    return header_variable || type == L"LAYER" || type == L"LTYPE" || (named && lacking);
+    return header_variable || type == L"LAYER" || type == L"LTYPE" || type == L"SORTENTSTABLE" ||
+           type == L"WIPEOUTVARIABLES" || type == L"SPATIAL_FILTER" || (named && lacking);
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 // Everything that drawing one entity needs: its groups, its space, the styles, and the picture that it goes into.
 #pragma once
 
+#include "platform/host/view/drawing_settings.h"
 #include "platform/host/view/picture_builder.h"
 #include "platform/host/view/text_styles.h"
 #include "platform/host/view/transform3.h"
@@ -14,6 +15,7 @@ struct EntityScope {
     /// From world coordinates (of the space or block that the entity stands in) to the picture.
     const Transform3& space;
     TextStyles& styles;
+    DrawingSettings& settings;
     PictureBuilder& out;
     bool in_block = false;
 
@@ -32,7 +34,9 @@ void draw_ray(const EntityScope& scope);
 void draw_construction_line(const EntityScope& scope);
 void draw_leader(const EntityScope& scope);
 void draw_multiline(const EntityScope& scope);
+
 void draw_image_frame(const EntityScope& scope);
+void draw_wipeout(const EntityScope& scope);
 
 void draw_light_polyline(const EntityScope& scope);
 void draw_polyline(const EntityScope& scope);
@@ -45,5 +49,7 @@ void draw_text(const EntityScope& scope);
 void draw_attribute(const EntityScope& scope);
 void draw_attribute_definition(const EntityScope& scope);
 void draw_paragraphs(const EntityScope& scope);
+/// What an MTEXT has behind its letters, which take `area` of `plane`, in drawing units; `height` is that of capitals.
+void draw_text_background(const EntityScope& scope, const Transform3& plane, const Box2& area, double height);
 
 }  // namespace host

@@ -79,7 +79,8 @@ std::vector<Vec2> outline(const Picture& picture, const Primitive& primitive, co
 }
 
 bool has_area(const Primitive& primitive) {
-    return primitive.kind == Primitive::Kind::fill || primitive.kind == Primitive::Kind::text;
+    const bool mask = primitive.ink == Ink::background();  // seen by its frame alone
+    return (primitive.kind == Primitive::Kind::fill && !mask) || primitive.kind == Primitive::Kind::text;
 }
 
 /// How many primitives inside of blocks are looked at before blocks nested like a bomb are cut off: several times what

@@ -12,11 +12,13 @@ struct Ink {
     static constexpr uint32_t mark_foreground = 0xFF000000;   ///< colour 7: black on white, white on black
     static constexpr uint32_t mark_block = 0xFF000001;        ///< the colour of the block reference
     static constexpr uint32_t mark_block_layer = 0xFF000002;  ///< the colour of the block reference's layer
+    static constexpr uint32_t mark_background = 0xFF000003;   ///< hides what was drawn before
 
     static constexpr Ink rgb(uint32_t colour) { return {colour & 0xFFFFFF}; }
     static constexpr Ink foreground() { return {mark_foreground}; }
     static constexpr Ink by_block() { return {mark_block}; }
     static constexpr Ink by_block_layer() { return {mark_block_layer}; }
+    static constexpr Ink background() { return {mark_background}; }
     constexpr bool operator==(const Ink&) const = default;
 };
 

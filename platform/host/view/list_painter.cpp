@@ -37,8 +37,13 @@ bool PaintColours::is_dark(uint32_t colour) {
     return brightness < 128 * 100;
 }
 
-uint32_t PaintColours::of(Ink ink) const {
-    return ink.value > 0xFFFFFF || ink.value == background ? foreground() : ink.value;
+uint32_t PaintColours::of_area(Ink ink) const {
+    return ink == Ink::background() ? background : ink.value > 0xFFFFFF ? foreground() : ink.value;
+}
+
+uint32_t PaintColours::of_line(Ink ink) const {
+    const uint32_t colour = of_area(ink);
+    return colour == background ? foreground() : colour;
 }
 
 ListPainter::ListPainter(const DisplayList& list, const ViewTransform& view, Raster& raster, Typesetter* typesetter)
@@ -84,7 +89,8 @@ void ListPainter::paint_picture(const Picture& picture, const Placing& placing) 
 
 void ListPainter::paint_primitive(const Picture& picture, const Primitive& primitive, const Placing& placing) {
     effort_ += depth_ > 0 ? 1 : 0;
-    const uint32_t colour = colours_.of(placing.surroundings.resolve(primitive.ink));
+    const Ink ink = placing.surroundings.resolve(primitive.ink);
+    const uint32_t colour = primitive.kind == Primitive::Kind::fill ? colours_.of_area(ink) : colours_.of_line(ink);
     raster_.set_pen(colour, highlighting_);
     const double size = std::max(primitive.box.width(), primitive.box.height()) * placing.scale;
     if (size < one_pixel || effort_ > most_effort) {
@@ -127,7 +133,7 @@ void ListPainter::paint_points(const Picture& picture, const Primitive& primitiv
     project(picture, primitive, placing.to_pixels);
     if (primitive.kind == Primitive::Kind::fill) {
         raster_.fill(points_);
-        if (!primitive.bridged) {
+        if (!primitive.bridged && primitive.ink != Ink::background()) {
             points_.push_back(points_.front());
             raster_.strip(points_);  // so that narrow areas have no gaps
         }

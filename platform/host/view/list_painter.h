@@ -16,8 +16,10 @@ struct PaintColours {
     uint32_t background = 0x000000;
     /// Colour 7.
     uint32_t foreground() const { return is_dark(background) ? 0xFFFFFF : 0x000000; }
-    /// A colour as it is painted: the one that could not be told from the background becomes the foreground.
-    uint32_t of(Ink ink) const;
+    /// The colour of an area, which may be one that hides what lies under it.
+    uint32_t of_area(Ink ink) const;
+    /// The colour of a line or text: one that could not be told from the background becomes the foreground.
+    uint32_t of_line(Ink ink) const;
     static bool is_dark(uint32_t colour);
 };
 

@@ -203,7 +203,11 @@ void draw_paragraphs(const EntityScope& scope) {
     const ParagraphSetting setting{fields.real(41), columns[attachment % 3], attachment / 3, fields.real(44, 1)};
     const Transform3 plane = scope.space * paragraph_plane(fields);
     const Ink own = scope.out.ink();
-    for (const PlacedRun& run : place_paragraphs(paragraph_lines(paragraph_value(scope), first), setting)) {
+    const std::vector<PlacedRun> runs = place_paragraphs(paragraph_lines(paragraph_value(scope), first), setting);
+    if (fields.has(90)) {
+        draw_text_background(scope, plane, area_of(runs, setting), first.height);
+    }
+    for (const PlacedRun& run : runs) {
         scope.out.set_ink(own);
         draw_run(scope, run, plane, style.font);
     }

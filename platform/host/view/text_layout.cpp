@@ -137,4 +137,19 @@ std::vector<PlacedRun> place_paragraphs(const std::vector<TextLine>& lines, cons
     return placed;
 }
 
+Box2 area_of(const std::vector<PlacedRun>& runs, const ParagraphSetting& setting) {
+    constexpr double descent = 0.3;  // of letters under the base line, of the height
+    Box2 area;
+    for (const PlacedRun& run : runs) {
+        const double left = run.at.x - run.width * part_before(run.anchor);
+        area.add(Vec2{left, run.at.y - descent * run.run.height});
+        area.add(Vec2{left + run.width, run.at.y + run.run.height});
+    }
+    if (setting.width > 0 && !runs.empty()) {
+        area.low.x = -setting.width * part_before(setting.column);
+        area.high.x = area.low.x + setting.width;
+    }
+    return area;
+}
+
 }  // namespace host

@@ -30,4 +30,7 @@ struct ParagraphSetting {
 
 std::vector<PlacedRun> place_paragraphs(const std::vector<TextLine>& lines, const ParagraphSetting& setting);
 
+/// Around all letters, from the foot of the lowest to the top of the highest, and as wide as the setting says.
+Box2 area_of(const std::vector<PlacedRun>& runs, const ParagraphSetting& setting);
+
 }  // namespace host
