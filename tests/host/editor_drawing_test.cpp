@@ -242,9 +242,12 @@ TEST_F(DrawingCommands, SayOnceHowMuchIsNotShown) {
     editor().say_left_out(drawing, list);
     EXPECT_EQ(person.said, L"");
     list.left_out = 2;
+    list.not_shown = {{L"3DSOLID", 12}, {L"REGION", 1}};
     editor().say_left_out(drawing, list);
     editor().say_left_out(drawing, list);
-    EXPECT_EQ(person.said, L"\nNot shown, or not whole: 2 entities, which would take too much memory or time.");
+    EXPECT_EQ(person.said,
+              L"\nNot shown: 12 3DSOLID, 1 REGION."
+              L"\nNot shown, or not whole: 2 entities, which would take too much memory or time.");
 }
 
 }  // namespace

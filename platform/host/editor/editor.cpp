@@ -132,7 +132,18 @@ void Editor::variable_was_set() {
 }
 
 void Editor::say_left_out(const dxf::Drawing& drawing, const DisplayList& list) {
-    if (list.left_out != 0 && std::exchange(said_left_out_of_, drawing.serial()) != drawing.serial()) {
+    if ((list.left_out == 0 && list.not_shown.empty()) ||
+        std::exchange(said_left_out_of_, drawing.serial()) == drawing.serial()) {
+        return;
+    }
+    if (!list.not_shown.empty()) {
+        std::wstring kinds;
+        for (const auto& [kind, count] : list.not_shown) {
+            kinds += (kinds.empty() ? L"" : L", ") + std::to_wstring(count) + L" " + kind;
+        }
+        person().print(L"\nNot shown: " + kinds + L".");
+    }
+    if (list.left_out != 0) {
         person().print(L"\nNot shown, or not whole: " + std::to_wstring(list.left_out) +
                        (list.left_out == 1 ? L" entity, which" : L" entities, which") +
                        L" would take too much memory or time.");

@@ -45,7 +45,7 @@ class Editor {
     /// To be called when a user or a module has set a variable. Those of the drawing reach it when the command that is
     /// running ends, so that one that is held at a value meanwhile is no change; what the database needs does at once.
     void variable_was_set();
-    /// Says, once for a drawing, how many of its entities the list leaves out.
+    /// Says, once for a drawing, which of its entities the list does not show, or leaves out.
     void say_left_out(const dxf::Drawing& drawing, const DisplayList& list);
     /// To be called before the drawing is saved or left: all variables are in it then.
     void store_variables();

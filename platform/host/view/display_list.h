@@ -1,7 +1,9 @@
 // A drawing's space ready to be painted and picked from.
 #pragma once
 
+#include <map>
 #include <memory>
+#include <string>
 #include <vector>
 
 #include "platform/host/dxf/drawing.h"
@@ -47,6 +49,8 @@ struct DisplayList {
     std::vector<LinePattern> patterns;  ///< the first one is continuous
     Surroundings surroundings;          ///< of the top picture
     size_t left_out = 0;                ///< entities that are not shown, or not whole, for they would take too much
+
+    std::map<std::wstring, size_t> not_shown;  ///< entities of kinds that nothing is known to draw of, by kind
 
     // For a list that goes on where this one ended.
     Space space = Space::model;

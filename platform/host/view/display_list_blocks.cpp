@@ -81,27 +81,26 @@ void DisplayListBuilder::draw_insert(dxf::RecordId id, const dxf::RecordView& re
     place_block(id, block, copies, look_of(layer), target, record);
 }
 
-/// Dimensions and tables show a block of their own.
-void DisplayListBuilder::draw_referenced(dxf::RecordId id, dxf::NameId layer, const Target& target) {
-    const std::wstring& type = drawing_.type_names().name(drawing_.record(id).type);
-    const bool table = type == L"ACAD_TABLE";
-    if ((!table && type != L"DIMENSION" && type != L"ARC_DIMENSION" && type != L"LARGE_RADIAL_DIMENSION") ||
-        !visible(layer, target.in_block)) {
-        return;
+/// Dimensions and tables show a block of their own. False where there is none.
+bool DisplayListBuilder::draw_own_block(dxf::RecordId id, dxf::NameId layer, const Target& target) {
+    const EntityKind* const kind = kind_of(drawing_.record(id).type);
+    if (kind == nullptr || !kind->has_block) {
+        return false;
     }
     const dxf::BlockId block = block_named(fields_.text(2));
     if (block == dxf::no_block) {
         list_.lacking = true;
-        return;
+        return false;
     }
     Copies copies;
     copies.first = Transform3::translation(base_of(block) * -1);
-    if (table) {
+    if (kind->draw == draw_table) {
         const Vec3 along = fields_.point(11, {1, 0, 0});
         copies.first = Transform3::translation(fields_.point(10)) * Transform3::rotation(std::atan2(along.y, along.x)) *
                        copies.first;
     }
     place_block(id, block, copies, look_of(layer), target, drawing_.view(id));
+    return true;
 }
 
 void DisplayListBuilder::place_block(dxf::RecordId id, dxf::BlockId block, const Copies& copies, const Instance& look,

@@ -8,12 +8,7 @@ namespace host {
 
 namespace {
 
-struct NamedDraw {
-    const wchar_t* type;
-    void (*draw)(const EntityScope&);
-};
-
-constexpr NamedDraw draws[] = {
+constexpr EntityKind kinds[] = {
     {L"LINE", draw_line},
     {L"CIRCLE", draw_circle},
     {L"ARC", draw_arc},
@@ -36,6 +31,11 @@ constexpr NamedDraw draws[] = {
     {L"ATTRIB", draw_attribute},
     {L"ATTDEF", draw_attribute_definition},
     {L"MTEXT", draw_paragraphs},
+    {L"DIMENSION", draw_dimension, true},
+    {L"ARC_DIMENSION", draw_dimension, true},
+    {L"LARGE_RADIAL_DIMENSION", draw_dimension, true},
+    {L"ACAD_TABLE", draw_table, true},
+    {L"VIEWPORT", [](const EntityScope&) {}},
 };
 
 /// Group 62: 0 is the block's colour, 256 (or nothing) the layer's.
@@ -92,7 +92,7 @@ DisplayListBuilder::DisplayListBuilder(const dxf::Drawing& drawing, DisplayList 
       styles_(drawing, std::move(list.fonts)),
       settings_(drawing),
       order_(drawing, settings_),
-      drawers_(drawing.type_names().size()),
+      kinds_(drawing.type_names().size()),
       base_of_block_(drawing.blocks().size()),
       being_drawn_(drawing.blocks().size(), false),
       list_(std::move(list)) {
@@ -136,17 +136,22 @@ Box2 DisplayListBuilder::area_of(dxf::BlockId block) {
     return draw_block(block, Transform3::translation(base_of(block) * -1), false).box;
 }
 
-DisplayListBuilder::Draw DisplayListBuilder::drawer_of(uint16_t type) {
-    if (type >= drawers_.size()) {
+const EntityKind* DisplayListBuilder::kind_of(uint16_t type) {
+    if (type >= kinds_.size()) {
         return nullptr;
     }
-    if (!drawers_[type]) {
+    if (!kinds_[type]) {
         const std::wstring& name = drawing_.type_names().name(type);
-        const auto found = std::find_if(std::begin(draws), std::end(draws),
-                                        [&name](const NamedDraw& draw) { return draw.type == name; });
-        drawers_[type] = found == std::end(draws) ? nullptr : found->draw;
+        const auto* const found = std::find_if(std::begin(kinds), std::end(kinds),
+                                               [&name](const EntityKind& kind) { return kind.type == name; });
+        kinds_[type] = found == std::end(kinds) ? nullptr : found;
     }
-    return *drawers_[type];
+    return *kinds_[type];
+}
+
+EntityScope DisplayListBuilder::scope_of(const dxf::RecordView& record, const Target& target) {
+    return {drawing_,  record,  fields_,     target.space, styles_,
+            settings_, layers_, line_types_, target.out,   target.in_block};
 }
 
 bool DisplayListBuilder::visible(dxf::NameId layer, bool in_block) const {
@@ -163,7 +168,7 @@ Ink DisplayListBuilder::ink_of(dxf::NameId layer) const {
         return Ink::by_block();
     }
     if (index == colour_of_layer) {
-        return layers_.is_zero(layer) ? Ink::by_block_layer() : layers_.of(layer).ink;
+        return layers_.ink(layer);
     }
     return indexed_ink(static_cast<int>(std::abs(index) % colour_of_layer));
 }
@@ -203,23 +208,23 @@ void DisplayListBuilder::draw_record(dxf::RecordId id, const Target& target) {
     }
     if (entry.type == dxf::type_insert) {
         draw_insert(id, record, entry.layer, target);
-    } else if (drawer_of(entry.type) != nullptr) {
+    } else if (visible(entry.layer, target.in_block) && !draw_own_block(id, entry.layer, target)) {
         draw_plain(id, record, target);
-    } else {
-        draw_referenced(id, entry.layer, target);
     }
 }
 
 /// Draws the entity in `fields_` by its geometry alone.
 void DisplayListBuilder::draw_plain(dxf::RecordId id, const dxf::RecordView& record, const Target& target) {
     const dxf::Record& entry = drawing_.record(id);
-    if (!visible(entry.layer, target.in_block)) {
-        return;
+    const EntityKind* const kind = kind_of(entry.type);
+    const bool dashed = kind == nullptr || kind->draw != draw_hatch;
+    target.out.begin_entity(id, ink_of(entry.layer), layers_.is_zero(entry.layer),
+                            dashed ? pattern_of(entry.layer) : LinePattern::continuous);
+    if (kind != nullptr) {
+        kind->draw(scope_of(record, target));
+    } else if (!draw_proxy_graphics(scope_of(record, target))) {
+        ++list_.not_shown[drawing_.type_names().name(entry.type)];
     }
-    const Draw draw = drawer_of(entry.type);
-    const uint16_t pattern = draw == draw_hatch ? LinePattern::continuous : pattern_of(entry.layer);
-    target.out.begin_entity(id, ink_of(entry.layer), layers_.is_zero(entry.layer), pattern);
-    draw({drawing_, record, fields_, target.space, styles_, settings_, target.out, target.in_block});
 }
 
 /// The ATTRIBs that follow an INSERT, which stand in the same coordinates as the INSERT itself but look like a part of
@@ -241,7 +246,7 @@ void DisplayListBuilder::draw_attributes(dxf::RecordId id, const dxf::RecordView
         if (fields_.integer(60) == 0 && shown) {
             target.out.begin_entity(id, inside.resolve(ink_of(layer)),
                                     like_reference && look.layer_zero == Instance::LayerZero::inherited);
-            draw_attribute({drawing_, part, fields_, target.space, styles_, settings_, target.out, target.in_block});
+            draw_attribute(scope_of(part, target));
         }
     }
 }

@@ -12,6 +12,14 @@
 
 namespace host {
 
+/// How entities of a type are drawn.
+struct EntityKind {
+    const wchar_t* type;
+    void (*draw)(const EntityScope&);
+    /// By a block of their own that group 2 names, as long as there is one.
+    bool has_block = false;
+};
+
 class DisplayListBuilder {
   public:
     /// `list`: what was drawn before, which holds for the drawing still, or one in which nothing is drawn.
@@ -55,7 +63,7 @@ class DisplayListBuilder {
     void draw_plain(dxf::RecordId id, const dxf::RecordView& record, const Target& target);
     void draw_insert(dxf::RecordId id, const dxf::RecordView& record, dxf::NameId layer, const Target& target);
     void draw_attributes(dxf::RecordId id, const dxf::RecordView& record, const Instance& look, const Target& target);
-    void draw_referenced(dxf::RecordId id, dxf::NameId layer, const Target& target);
+    bool draw_own_block(dxf::RecordId id, dxf::NameId layer, const Target& target);
 
     Copies read_copies(const Vec3& base) const;
     void place_block(dxf::RecordId id, dxf::BlockId block, const Copies& copies, const Instance& look,
@@ -74,8 +82,9 @@ class DisplayListBuilder {
     uint16_t pattern_of(dxf::NameId layer);
     Instance look_of(dxf::NameId layer);
 
-    using Draw = void (*)(const EntityScope&);
-    Draw drawer_of(uint16_t type);
+    /// How the entities of a type are drawn; null for a type that nothing is known of.
+    const EntityKind* kind_of(uint16_t type);
+    EntityScope scope_of(const dxf::RecordView& record, const Target& target);
 
     const dxf::Drawing& drawing_;
     LayerStates layers_;
@@ -84,9 +93,9 @@ class DisplayListBuilder {
     DrawingSettings settings_;
     DrawOrder order_;
     dxf::RecordFields fields_;
-    std::vector<std::optional<Draw>> drawers_;        ///< by record type, found when one is first met
-    std::vector<std::optional<Vec3>> base_of_block_;  ///< by BlockId, read when one is first met
-    std::vector<bool> being_drawn_;                   ///< by BlockId
+    std::vector<std::optional<const EntityKind*>> kinds_;  ///< by record type, found when one is first met
+    std::vector<std::optional<Vec3>> base_of_block_;       ///< by BlockId, read when one is first met
+    std::vector<bool> being_drawn_;                        ///< by BlockId
     size_t depth_ = 0;
     DisplayList list_;
 };

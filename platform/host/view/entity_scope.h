@@ -2,6 +2,8 @@
 #pragma once
 
 #include "platform/host/view/drawing_settings.h"
+#include "platform/host/view/layer_states.h"
+#include "platform/host/view/line_types.h"
 #include "platform/host/view/picture_builder.h"
 #include "platform/host/view/text_styles.h"
 #include "platform/host/view/transform3.h"
@@ -16,6 +18,8 @@ struct EntityScope {
     const Transform3& space;
     TextStyles& styles;
     DrawingSettings& settings;
+    const LayerStates& layers;
+    LineTypes& line_types;
     PictureBuilder& out;
     bool in_block = false;
 
@@ -49,7 +53,13 @@ void draw_text(const EntityScope& scope);
 void draw_attribute(const EntityScope& scope);
 void draw_attribute_definition(const EntityScope& scope);
 void draw_paragraphs(const EntityScope& scope);
+/// Dimensions and tables as their own groups say, for those without a block.
+void draw_dimension(const EntityScope& scope);
+void draw_table(const EntityScope& scope);
 /// What an MTEXT has behind its letters, which take `area` of `plane`, in drawing units; `height` is that of capitals.
 void draw_text_background(const EntityScope& scope, const Transform3& plane, const Box2& area, double height);
+
+/// The picture that an entity of a kind of its application's own brings along; false when it has none.
+bool draw_proxy_graphics(const EntityScope& scope);
 
 }  // namespace host

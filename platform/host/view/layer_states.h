@@ -25,6 +25,10 @@ class LayerStates {
     /// The number of layer "0", or no_name when nothing is on it.
     dxf::NameId zero() const { return zero_; }
     bool is_zero(dxf::NameId layer) const { return layer == zero_ || layer == dxf::no_name; }
+    /// The colour of what has the colour of its layer.
+    Ink ink(dxf::NameId layer) const { return is_zero(layer) ? Ink::by_block_layer() : of(layer).ink; }
+    /// Whether a part of an entity on this layer is shown; one on layer 0 is where the entity is.
+    bool shows_part(dxf::NameId layer) const { return is_zero(layer) || of(layer).shown(); }
     const LayerState& zero_state() const { return zero_state_; }
 
   private:

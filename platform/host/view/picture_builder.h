@@ -24,6 +24,8 @@ class PictureBuilder {
     Ink ink() const { return ink_; }
     /// Replaces the entity's colour for what follows.
     void set_ink(Ink ink) { ink_ = ink; }
+    uint16_t pattern() const { return pattern_; }
+    void set_pattern(uint16_t pattern) { pattern_ = pattern; }
 
     void strip(const std::vector<Vec2>& points);
     void line(Vec2 from, Vec2 to);

@@ -293,6 +293,14 @@ std::vector<TextRun> line_runs(std::wstring_view value, const TextRun& first) {
     return runs;
 }
 
+std::wstring plain_text(std::wstring_view value) {
+    std::wstring text;
+    for (const TextRun& run : line_runs(value)) {
+        text += run.text;
+    }
+    return text;
+}
+
 std::vector<TextLine> paragraph_lines(std::wstring_view value, const TextRun& first) {
     return ParagraphParser(value, first).parse();
 }

@@ -37,6 +37,9 @@ struct TextLine {
 /// A TEXT or attribute value in runs like `first`: %%d, %%p, %%c and %%nnn become characters, %%u, %%o and %%k rules.
 std::vector<TextRun> line_runs(std::wstring_view value, const TextRun& first = {});
 
+/// The same without rules.
+std::wstring plain_text(std::wstring_view value);
+
 /// The lines of an MTEXT value, unbroken; `first` is what the entity and its style say of how it begins.
 std::vector<TextLine> paragraph_lines(std::wstring_view value, const TextRun& first);
 
