@@ -26,24 +26,6 @@ std::vector<Vec2> plan(const Transform3& map, const std::vector<Vec3>& points) {
     return seen;
 }
 
-double header_real(const dxf::Drawing& drawing, std::string_view name, double fallback) {
-    const dxf::RecordId id = drawing.header_variable(name);
-    return id == dxf::no_record ? fallback : drawing.view(id).real(40, fallback);
-}
-
-void draw_arrow(const EntityScope& scope, const Vec3& tip, const Vec3& next) {
-    const double scale = header_real(scope.drawing, "$DIMSCALE", 1);
-    const double size = header_real(scope.drawing, "$DIMASZ", 0.18) * (scale > 0 ? scale : 1);
-    const Vec3 shaft = next - tip;
-    const double length = shaft.length();
-    if (!(size > 0) || !(length > size)) {
-        return;
-    }
-    const Vec3 back = shaft * (size / length);
-    const Vec3 side = Vec3{-back.y, back.x, 0} * (1.0 / 6);
-    scope.out.fill({scope.world(tip), scope.world(tip + back + side), scope.world(tip + back - side)});
-}
-
 }  // namespace
 
 void draw_line(const EntityScope& scope) {
@@ -99,16 +81,6 @@ void draw_construction_line(const EntityScope& scope) {
     const Vec3 through = scope.fields.point(10);
     const Vec3 reach = scope.fields.point(11) * endless;
     scope.out.endless_line(scope.world(through - reach), scope.world(through + reach));
-}
-
-void draw_leader(const EntityScope& scope) {
-    const std::vector<Vec3> points = scope.fields.points(10);
-    const bool curved = scope.fields.integer(72) == 1;
-    scope.out.strip(
-        plan(scope.space, curved ? curve_through(points, false, scope.out.budget().most_chords()) : points));
-    if (scope.fields.integer(71, 1) == 1 && points.size() > 1) {
-        draw_arrow(scope, points[0], points[1]);
-    }
 }
 
 /// A multiline's elements stand at distances that each vertex gives along its mitre.

@@ -103,6 +103,27 @@ bool DisplayListBuilder::draw_own_block(dxf::RecordId id, dxf::NameId layer, con
     return true;
 }
 
+bool DisplayListBuilder::PartPlacer::place(const std::wstring& name, const Transform3& where) {
+    const dxf::BlockId block = builder_.block_named(name);
+    if (block == dxf::no_block) {
+        builder_.list_.lacking = true;
+        return false;
+    }
+    dxf::RecordFields& fields = builder_.fields_;
+    const dxf::NameId layer = builder_.drawing_.record(id_).layer;
+    const Ink ink = target_.out.ink();
+    Instance look = builder_.look_of(layer);
+    look.ink = ink;
+    Copies copies;
+    copies.first = where * Transform3::translation(builder_.base_of(block) * -1);
+    dxf::RecordFields kept;  // drawing the block reads other entities
+    std::swap(kept, fields);
+    builder_.place_block(id_, block, copies, look, target_, builder_.drawing_.view(id_));
+    std::swap(kept, fields);
+    target_.out.begin_entity(id_, ink, builder_.layers_.is_zero(layer), target_.out.pattern());
+    return true;
+}
+
 void DisplayListBuilder::place_block(dxf::RecordId id, dxf::BlockId block, const Copies& copies, const Instance& look,
                                      const Target& target, const dxf::RecordView& record) {
     const bool single = copies.columns == 1 && copies.rows == 1;

@@ -18,8 +18,15 @@ constexpr EntityKind kinds[] = {
     {L"RAY", draw_ray},
     {L"XLINE", draw_construction_line},
     {L"LEADER", draw_leader},
+    {L"MULTILEADER", draw_multileader},
+    {L"MLEADER", draw_multileader},
+    {L"TOLERANCE", draw_tolerance},
+    {L"MESH", draw_subdivision_mesh},
     {L"MLINE", draw_multiline},
-    {L"IMAGE", draw_image_frame},
+    {L"IMAGE", draw_image},
+    {L"PDFUNDERLAY", draw_underlay},
+    {L"DGNUNDERLAY", draw_underlay},
+    {L"DWFUNDERLAY", draw_underlay},
     {L"WIPEOUT", draw_wipeout},
     {L"LWPOLYLINE", draw_light_polyline},
     {L"POLYLINE", draw_polyline},
@@ -149,9 +156,9 @@ const EntityKind* DisplayListBuilder::kind_of(uint16_t type) {
     return *kinds_[type];
 }
 
-EntityScope DisplayListBuilder::scope_of(const dxf::RecordView& record, const Target& target) {
-    return {drawing_,  record,  fields_,     target.space, styles_,
-            settings_, layers_, line_types_, target.out,   target.in_block};
+EntityScope DisplayListBuilder::scope_of(const dxf::RecordView& record, const Target& target, BlockPlacer& blocks) {
+    return {drawing_, record,      fields_, target.space, styles_,        settings_,
+            layers_,  line_types_, blocks,  target.out,   target.in_block};
 }
 
 bool DisplayListBuilder::visible(dxf::NameId layer, bool in_block) const {
@@ -220,9 +227,11 @@ void DisplayListBuilder::draw_plain(dxf::RecordId id, const dxf::RecordView& rec
     const bool dashed = kind == nullptr || kind->draw != draw_hatch;
     target.out.begin_entity(id, ink_of(entry.layer), layers_.is_zero(entry.layer),
                             dashed ? pattern_of(entry.layer) : LinePattern::continuous);
+    PartPlacer blocks(*this, id, target);
+    const EntityScope scope = scope_of(record, target, blocks);
     if (kind != nullptr) {
-        kind->draw(scope_of(record, target));
-    } else if (!draw_proxy_graphics(scope_of(record, target))) {
+        kind->draw(scope);
+    } else if (!draw_proxy_graphics(scope)) {
         ++list_.not_shown[drawing_.type_names().name(entry.type)];
     }
 }
@@ -246,7 +255,8 @@ void DisplayListBuilder::draw_attributes(dxf::RecordId id, const dxf::RecordView
         if (fields_.integer(60) == 0 && shown) {
             target.out.begin_entity(id, inside.resolve(ink_of(layer)),
                                     like_reference && look.layer_zero == Instance::LayerZero::inherited);
-            draw_attribute(scope_of(part, target));
+            PartPlacer blocks(*this, id, target);
+            draw_attribute(scope_of(part, target, blocks));
         }
     }
 }

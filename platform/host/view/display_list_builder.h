@@ -59,6 +59,19 @@ class DisplayListBuilder {
             std::for_each(sorted.begin(), sorted.end(), draw);
         }
     }
+    /// Places blocks for the entity in `fields_`.
+    class PartPlacer final : public BlockPlacer {
+      public:
+        PartPlacer(DisplayListBuilder& builder, dxf::RecordId id, const Target& target)
+            : builder_(builder), id_(id), target_(target) {}
+        bool place(const std::wstring& block, const Transform3& where) override;
+
+      private:
+        DisplayListBuilder& builder_;
+        const dxf::RecordId id_;
+        const Target& target_;
+    };
+
     void draw_record(dxf::RecordId id, const Target& target);
     void draw_plain(dxf::RecordId id, const dxf::RecordView& record, const Target& target);
     void draw_insert(dxf::RecordId id, const dxf::RecordView& record, dxf::NameId layer, const Target& target);
@@ -84,7 +97,7 @@ class DisplayListBuilder {
 
     /// How the entities of a type are drawn; null for a type that nothing is known of.
     const EntityKind* kind_of(uint16_t type);
-    EntityScope scope_of(const dxf::RecordView& record, const Target& target);
+    EntityScope scope_of(const dxf::RecordView& record, const Target& target, BlockPlacer& blocks);
 
     const dxf::Drawing& drawing_;
     LayerStates layers_;

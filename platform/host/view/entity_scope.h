@@ -10,6 +10,16 @@
 
 namespace host {
 
+/// Places blocks for entities that show one as a part of themselves.
+class BlockPlacer {
+  public:
+    /// False when there is no such block. `where`: from the block to the coordinates that the entity stands in.
+    virtual bool place(const std::wstring& block, const Transform3& where) = 0;
+
+  protected:
+    ~BlockPlacer() = default;
+};
+
 struct EntityScope {
     const dxf::Drawing& drawing;
     const dxf::RecordView& record;
@@ -20,6 +30,7 @@ struct EntityScope {
     DrawingSettings& settings;
     const LayerStates& layers;
     LineTypes& line_types;
+    BlockPlacer& blocks;
     PictureBuilder& out;
     bool in_block = false;
 
@@ -37,13 +48,17 @@ void draw_point(const EntityScope& scope);
 void draw_ray(const EntityScope& scope);
 void draw_construction_line(const EntityScope& scope);
 void draw_leader(const EntityScope& scope);
+void draw_multileader(const EntityScope& scope);
+void draw_tolerance(const EntityScope& scope);
 void draw_multiline(const EntityScope& scope);
 
-void draw_image_frame(const EntityScope& scope);
+void draw_image(const EntityScope& scope);
+void draw_underlay(const EntityScope& scope);
 void draw_wipeout(const EntityScope& scope);
 
 void draw_light_polyline(const EntityScope& scope);
 void draw_polyline(const EntityScope& scope);
+void draw_subdivision_mesh(const EntityScope& scope);
 
 void draw_solid(const EntityScope& scope);
 void draw_face(const EntityScope& scope);

@@ -1,12 +1,13 @@
-// WIPEOUT, and the masks behind texts.
-#include "platform/host/view/entity_scope.h"
+// IMAGE, WIPEOUT and underlays, and the grounds of texts.
+#include "platform/host/view/dim_style.h"
+#include "platform/host/view/text_metrics.h"
 
 namespace host {
 
 namespace {
 
 /// The frame of an image in the drawing, by its clipping boundary. Pixels count from the middle of the upper left one.
-std::vector<Vec2> image_outline(const EntityScope& scope) {
+std::vector<Vec3> image_outline(const EntityScope& scope) {
     const Vec3 corner = scope.fields.point(10);
     const Vec3 across = scope.fields.point(11);
     const Vec3 up = scope.fields.point(12);
@@ -20,9 +21,9 @@ std::vector<Vec2> image_outline(const EntityScope& scope) {
     if (clip.size() == 2) {
         clip = {clip[0], {clip[1].x, clip[0].y, 0}, clip[1], {clip[0].x, clip[1].y, 0}};
     }
-    std::vector<Vec2> outline;
+    std::vector<Vec3> outline;
     for (const Vec3& pixel : clip) {
-        outline.push_back(scope.world(corner + across * (pixel.x + 0.5) + up * (height - 0.5 - pixel.y)));
+        outline.push_back(corner + across * (pixel.x + 0.5) + up * (height - 0.5 - pixel.y));
     }
     if (outline.size() > 1 && outline.front() == outline.back()) {
         outline.pop_back();
@@ -30,23 +31,82 @@ std::vector<Vec2> image_outline(const EntityScope& scope) {
     return outline;
 }
 
-}  // namespace
+std::vector<Vec2> plan(const EntityScope& scope, const std::vector<Vec3>& points) {
+    std::vector<Vec2> seen;
+    for (const Vec3& point : points) {
+        seen.push_back(scope.world(point));
+    }
+    return seen;
+}
 
-void draw_image_frame(const EntityScope& scope) {
-    std::vector<Vec2> outline = image_outline(scope);
+void draw_closed(const EntityScope& scope, std::vector<Vec2> outline) {
     outline.push_back(outline.front());
     scope.out.strip(outline);
 }
 
+/// The name, without its folders, of the file that the definition in group 340 names.
+std::wstring file_name(const EntityScope& scope) {
+    const dxf::RecordId definition = scope.settings.by_handle(scope.fields.handle(340));
+    const std::wstring path = definition == dxf::no_record ? std::wstring() : scope.drawing.view(definition).text(1);
+    return path.substr(path.find_last_of(L"/\\") + 1);
+}
+
+/// A name in the middle of a frame, as large as fits well.
+void draw_name(const EntityScope& scope, const std::vector<Vec3>& frame, const Vec3& along) {
+    constexpr double part_of_width = 0.8;
+    constexpr double part_of_height = 0.1;
+    Box2 area;
+    for (const Vec3& corner : frame) {
+        area.add(corner.plan());
+    }
+    MadeText text;
+    text.value = file_name(scope);
+    text.direction = along;
+    text.attachment = 5;
+    text.position = {area.centre().x, area.centre().y, frame.front().z};
+    text.height = std::min(area.height() * part_of_height,
+                           area.width() * part_of_width / std::max(estimated_width(text.value), 1.0));
+    if (!text.value.empty()) {
+        draw_made_text(scope, text);
+    }
+}
+
+}  // namespace
+
+void draw_image(const EntityScope& scope) {
+    const std::vector<Vec3> outline = image_outline(scope);
+    draw_closed(scope, plan(scope, outline));
+    draw_name(scope, outline, scope.fields.point(11));
+}
+
+/// By its boundary, in units of its page; how large a whole page is stands in its own file alone.
+void draw_underlay(const EntityScope& scope) {
+    std::vector<Vec3> boundary = scope.fields.points(11);
+    if (boundary.size() == 2) {
+        boundary = {boundary[0], {boundary[1].x, boundary[0].y, 0}, boundary[1], {boundary[0].x, boundary[1].y, 0}};
+    }
+    const bool unknown = boundary.size() < 3;
+    if (unknown) {
+        boundary = {{0, 0, 0}, {1, 0, 0}, {1, 1, 0}, {0, 1, 0}};
+    }
+    const Transform3 page = object_coordinates(scope.fields) * Transform3::translation(scope.fields.point(10)) *
+                            Transform3::rotation(scope.fields.angle(50)) *
+                            Transform3::scaling({scope.fields.real(41, 1), scope.fields.real(42, 1), 1});
+    for (Vec3& corner : boundary) {
+        corner = page(corner);
+    }
+    draw_closed(scope, plan(scope, boundary));
+    draw_name(scope, boundary, page.x);
+}
+
 void draw_wipeout(const EntityScope& scope) {
-    std::vector<Vec2> outline = image_outline(scope);
+    const std::vector<Vec2> outline = plan(scope, image_outline(scope));
     const Ink frame = scope.out.ink();
     scope.out.set_ink(Ink::background());
     scope.out.fill(outline);
     scope.out.set_ink(frame);
     if (scope.settings.wipeout_frames()) {
-        outline.push_back(outline.front());
-        scope.out.strip(outline);
+        draw_closed(scope, outline);
     }
 }
 
@@ -76,8 +136,7 @@ void draw_text_background(const EntityScope& scope, const Transform3& plane, con
         scope.out.set_ink(text);
     }
     if ((kinds & framed) != 0) {
-        outline.push_back(outline.front());
-        scope.out.strip(outline);
+        draw_closed(scope, outline);
     }
 }
 

@@ -164,6 +164,41 @@ void draw_light_polyline(const EntityScope& scope) {
     add_path(vertices, (scope.fields.integer(70) & closed_flag) != 0, scope.object_space(), scope.out);
 }
 
+/// A MESH by its edges as they are stored, those of its faces where there are none.
+void draw_subdivision_mesh(const EntityScope& scope) {
+    std::vector<Vec2> nodes;
+    std::vector<int64_t> faces;
+    std::vector<int64_t> edges;
+    std::vector<int64_t>* numbers = nullptr;
+    for (const dxf::Group& group : scope.fields.groups()) {
+        if (group.code == 93 || group.code == 94 || group.code == 95) {
+            numbers = group.code == 93 ? &faces : group.code == 94 ? &edges : nullptr;
+        } else if (group.code == 90 && numbers != nullptr) {
+            numbers->push_back(group.integer());
+        }
+    }
+    for (const Vec3& point : scope.fields.points(10)) {
+        nodes.push_back(scope.world(point));
+    }
+    const auto draw_edge = [&](int64_t from, int64_t to) {
+        const auto count = static_cast<int64_t>(nodes.size());
+        if (from >= 0 && to >= 0 && from < count && to < count) {
+            scope.out.line(nodes[static_cast<size_t>(from)], nodes[static_cast<size_t>(to)]);
+        }
+    };
+    for (size_t i = 0; i + 1 < edges.size(); i += 2) {
+        draw_edge(edges[i], edges[i + 1]);
+    }
+    const bool by_faces = edges.empty();
+    for (size_t at = 0; by_faces && at < faces.size();) {
+        const auto corners = static_cast<size_t>(std::max<int64_t>(faces[at++], 0));
+        for (size_t i = 0; i < corners && at + corners <= faces.size(); ++i) {
+            draw_edge(faces[at + i], faces[at + (i + 1) % corners]);
+        }
+        at += std::min(corners, faces.size() - at);
+    }
+}
+
 void draw_polyline(const EntityScope& scope) {
     const int64_t flags = scope.fields.integer(70);
     const std::vector<Vertex> vertices = read_vertices(scope);
