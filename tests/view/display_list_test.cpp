@@ -92,6 +92,42 @@ TEST(DisplayList, OfAreas) {
                            head + "2 U|70 0|91 1|" + square + "75 0|76 0|98 0")));
 }
 
+TEST(DisplayList, OfPointsByTheirMode) {
+    const auto header = [](const std::string& mode, const std::string& size) {
+        return "0 SECTION|2 HEADER|9 $PDMODE|70 " + mode + "|9 $PDSIZE|40 " + size +
+               "|9 $EXTMIN|10 0|20 0|9 $EXTMAX|10 9|" + "20 40|0 ENDSEC|";
+    };
+    const std::string point = entities("0 POINT|8 0|10 5|20 6");
+    EXPECT_EQ("", described(header("1", "2") + point));
+    EXPECT_EQ("------ dot 5,6\n------ arc 5,6 u 1,0 v 0,1 from 0 by 360\n", described(header("32", "2") + point));
+    EXPECT_EQ("------ strip 3,4 7,8\n------ strip 3,8 7,4\n------ strip 4,5 6,5 6,7 4,7 4,5\n",
+              described(header("67", "0") + point));
+    EXPECT_EQ("------ strip 5,6 5,8\n", described(header("4", "-10") + point));
+}
+
+TEST(DisplayList, OfHatchesByTheirStyle) {
+    const auto square = [](int low, int high) {
+        const std::string near = std::to_string(low);
+        const std::string far = std::to_string(high);
+        return "92 2|72 0|73 1|93 4|10 " + near + "|20 " + near + "|10 " + far + "|20 " + near + "|10 " + far + "|20 " +
+               far + "|10 " + near + "|20 " + far + "|97 0|";
+    };
+    const std::string nested = "0 HATCH|8 0|10 0|20 0|30 0|70 1|91 3|" + square(0, 9) + square(4, 5) + square(2, 7);
+    EXPECT_EQ(
+        "------ fill 0,0 9,0 9,9 0,9 0,0 0,0 2,2 7,2 7,7 2,7 2,2 0,0\n"
+        "------ fill 0,0 9,0 9,9 0,9 0,0\n"
+        // A gradient's mean, and a filled pattern without lines.
+        "2040c0 fill 0,0 9,0 9,9 0,9 0,0\n"
+        "------ fill 0,0 9,0 9,9 0,9 0,0\n",
+        described(entities(nested + "75 1|" + nested + "75 2|" + nested +
+                           "75 2|450 1|453 2|463 0|63 5|421 255|463 1|63 2|421 4227201|"
+                           "0 HATCH|8 0|2 Solid|10 0|20 0|70 0|91 1|" +
+                           square(0, 9) +
+                           "75 0|78 0|"
+                           "0 HATCH|8 0|2 ANSI31|10 0|20 0|70 0|91 1|" +
+                           square(0, 9) + "75 0|78 0")));
+}
+
 TEST(DisplayList, OfHatchesWithCurvedEdges) {
     const DisplayList list = DisplayList::build(
         *drawing_of(entities("0 HATCH|8 0|10 0|20 0|30 0|2 SOLID|70 1|91 1|92 1|93 2|"

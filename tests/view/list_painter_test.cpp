@@ -94,6 +94,31 @@ TEST(ListPainter, HidesWhatMasksCoverInTheOrderOfDrawing) {
     EXPECT_EQ(dxf::no_record, HitTest(painting.list).pick({{3.8, 0.6}, {4.2, 0.9}})) << "inside of a mask";
 }
 
+TEST(ListPainter, ClipsReferencesToTheirBoundary) {
+    // Two corners in the block's coordinates doubled; the matrix halves them.
+    const std::string filter =
+        "70 2|10 2|20 0|10 12|20 4|210 0|220 0|230 1|11 0|21 0|31 0|71 1|72 0|73 0|40 0.5|40 0|40 0|"
+        "40 0|40 0|40 0.5|40 0|40 0|40 0|40 0|40 0.5|40 0|40 1|40 0|40 0|40 0|40 0|40 1|40 0|40 0|"
+        "40 0|40 0|40 1|40 0";
+    const std::string reference = "102 {ACAD_XDICTIONARY|360 A1|102 }|8 0|2 BAR|10 1|20 1|";
+    Painting painting(10, 4,
+                      blocks(block("BAR",
+                                   "0 LINE|8 0|10 -1|20 1.5|11 9|21 1.5|0 SOLID|8 0|62 1|10 0|20 0|11 8|21 0|"
+                                   "12 0|22 1|13 8|23 1|0 TEXT|8 0|10 7|20 0|40 3|1 cut off")) +
+                          entities("0 INSERT|" + reference + "0 INSERT|8 0|2 NONE|10 0|20 0") +
+                          "0 SECTION|2 OBJECTS|0 DICTIONARY|5 A1|3 OTHER|350 A9|3 ACAD_FILTER|360 A2|"
+                          "0 DICTIONARY|5 A2|3 SPATIAL|360 A3|0 SPATIAL_FILTER|5 A3|" +
+                          filter + "|0 ENDSEC|");
+    EXPECT_EQ("\n..........\n..#####...\n..rrrrr...\n..........\n", painting.paint());
+    EXPECT_EQ(0U, painting.texts);
+    EXPECT_EQ(2, painting.list.extents().low.x);
+    EXPECT_EQ(7, painting.list.extents().high.x);
+    const HitTest hits(painting.list);
+    EXPECT_EQ(painting.entity(0), hits.pick({{3, 2}, {4, 3}}));
+    EXPECT_EQ(1U, hits.window({{2, 1}, {7, 3}}).size()) << "with all that is seen of it";
+    EXPECT_EQ(0U, hits.crossing({{7.5, 0}, {9, 4}}).size());
+}
+
 TEST(ListPainter, CutsOffAtTheEdgesAndZoomsAboutAPoint) {
     Painting painting(8, 4,
                       blocks(block("AXIS", "0 XLINE|8 0|10 0|20 0|11 1|21 0")) +

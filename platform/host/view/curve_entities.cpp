@@ -68,8 +68,39 @@ void draw_spline(const EntityScope& scope) {
                          curve_through(fit.empty() ? spline.controls : fit, closed, scope.out.budget().most_chords())));
 }
 
+/// By $PDMODE a dot, nothing, or a mark; a size by $PDSIZE that is not positive is a part of what is seen in percent.
 void draw_point(const EntityScope& scope) {
-    scope.out.dot(scope.world(scope.fields.point(10)));
+    constexpr int circled = 32;
+    constexpr int boxed = 64;
+    enum Mark { single_dot, nothing, upright_cross, slanted_cross, tick };
+    const auto [mode, size] = scope.settings.point_marks();
+    const double half = size / 2;
+    const int mark = mode & 7;
+    if (mark == single_dot || !(size > 0)) {
+        scope.out.dot(scope.world(scope.fields.point(10)));
+    }
+    if (mode == single_dot || !(size > 0)) {
+        return;
+    }
+    const Transform3 place = scope.space * object_coordinates(scope.fields);
+    Transform3 map = place * Transform3::rotation(-scope.fields.angle(50));
+    map.origin = scope.space(scope.fields.point(10));
+    const auto at = [&map](double x, double y) { return map({x, y, 0}).plan(); };
+    if (mark == upright_cross) {
+        scope.out.line(at(-size, 0), at(size, 0));
+        scope.out.line(at(0, -size), at(0, size));
+    } else if (mark == slanted_cross) {
+        scope.out.line(at(-size, -size), at(size, size));
+        scope.out.line(at(-size, size), at(size, -size));
+    } else if (mark == tick) {
+        scope.out.line(at(0, 0), at(0, half));
+    }
+    if ((mode & circled) != 0) {
+        scope.out.arc({map.origin.plan(), map.vector({half, 0, 0}).plan(), map.vector({0, half, 0}).plan()});
+    }
+    if ((mode & boxed) != 0) {
+        scope.out.strip({at(-half, -half), at(half, -half), at(half, half), at(-half, half), at(-half, -half)});
+    }
 }
 
 void draw_ray(const EntityScope& scope) {

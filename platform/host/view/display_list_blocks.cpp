@@ -130,13 +130,16 @@ void DisplayListBuilder::place_block(dxf::RecordId id, dxf::BlockId block, const
     const Transform3 placement = target.space * copies.first;
     if (block != dxf::no_block && (!placement.flat() || !target.space.flat())) {
         target.out.begin_entity(id, look.ink, false);
-        place_tilted(block, copies, look, target);
+        place_tilted(block, copies, look, target, record);
         draw_attributes(id, record, look, target);
         return;
     }
     Instance placed = look;
     placed.picture = block == dxf::no_block ? DisplayList::no_picture : picture_of(block);
     placed.placement = placement.plan();
+    if (single && placed.picture != DisplayList::no_picture) {
+        clip(id, placed, clip_in(placement, record));
+    }
     const bool has_parts = drawing_.record(id).is(dxf::Record::has_parts);
     PictureBuilder cell(list_.budget);
     PictureBuilder& out = single || !has_parts ? target.out : cell;
@@ -158,9 +161,33 @@ void DisplayListBuilder::place_block(dxf::RecordId id, dxf::BlockId block, const
     }
 }
 
+/// The boundary that clips the reference, for a block placed so.
+std::vector<Vec2> DisplayListBuilder::clip_in(const Transform3& placement, const dxf::RecordView& record) {
+    std::vector<Vec2> boundary;
+    for (const Vec3& corner : settings_.clip_of(record)) {
+        boundary.push_back(placement(corner).plan());
+    }
+    const bool usable = std::all_of(boundary.begin(), boundary.end(), [](Vec2 corner) { return finite(corner); });
+    return usable && list_.budget.take(boundary.size() * sizeof(Vec2)) ? boundary : std::vector<Vec2>();
+}
+
+/// Makes of a placed block a clipped picture, which stands where it stands.
+void DisplayListBuilder::clip(dxf::RecordId id, Instance& placed, std::vector<Vec2> boundary) {
+    if (boundary.empty() || !list_.budget.take(sizeof(Picture))) {
+        return;
+    }
+    PictureBuilder whole(list_.budget);
+    whole.begin_entity(id, placed.ink, false);
+    whole.instance(placed, list_.pictures[placed.picture]);
+    Picture clipped = whole.take();
+    clipped.clip_to(std::move(boundary));
+    placed.picture = add_picture(std::move(clipped));
+    placed.placement = Affine2();
+}
+
 /// A block seen askew is drawn anew for each reference: heights inside of it move what is seen from above.
 void DisplayListBuilder::place_tilted(dxf::BlockId block, const Copies& copies, const Instance& look,
-                                      const Target& target) {
+                                      const Target& target, const dxf::RecordView& record) {
     for (uint32_t row = 0; row < copies.rows; ++row) {
         for (uint32_t column = 0; column < copies.columns; ++column) {
             if (being_drawn_[block] || depth_ >= deepest_nesting || !list_.budget.take(sizeof(Picture)) ||
@@ -171,8 +198,12 @@ void DisplayListBuilder::place_tilted(dxf::BlockId block, const Copies& copies, 
                 copies.column_step * static_cast<double>(column) + copies.row_step * static_cast<double>(row);
             Instance placed = look;
             placed.placement = Affine2();
-            placed.picture =
-                add_picture(draw_block(block, target.space * Transform3::translation(step) * copies.first, true));
+            const Transform3 placement = target.space * Transform3::translation(step) * copies.first;
+            Picture picture = draw_block(block, placement, true);
+            if (const std::vector<Vec2> boundary = clip_in(placement, record); !boundary.empty()) {
+                picture.clip_to(boundary);
+            }
+            placed.picture = add_picture(std::move(picture));
             target.out.instance(placed, list_.pictures[placed.picture]);
         }
     }

@@ -81,7 +81,10 @@ class DisplayListBuilder {
     Copies read_copies(const Vec3& base) const;
     void place_block(dxf::RecordId id, dxf::BlockId block, const Copies& copies, const Instance& look,
                      const Target& target, const dxf::RecordView& record);
-    void place_tilted(dxf::BlockId block, const Copies& copies, const Instance& look, const Target& target);
+    void place_tilted(dxf::BlockId block, const Copies& copies, const Instance& look, const Target& target,
+                      const dxf::RecordView& record);
+    std::vector<Vec2> clip_in(const Transform3& placement, const dxf::RecordView& record);
+    void clip(dxf::RecordId id, Instance& placed, std::vector<Vec2> boundary);
     uint32_t add_picture(Picture picture);
 
     /// The block's picture; DisplayList::no_picture for a block that is being drawn, for it contains itself.

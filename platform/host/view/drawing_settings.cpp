@@ -1,6 +1,55 @@
 #include "platform/host/view/drawing_settings.h"
 
+#include "platform/host/dxf/own_groups.h"
+#include "platform/host/view/transform3.h"
+
 namespace host {
+
+namespace {
+
+/// The handle of a record's extension dictionary, which is not among its own groups; 0 without one.
+uint64_t extension_dictionary(const dxf::RecordView& record) {
+    dxf::GroupCursor cursor = record.groups();
+    dxf::Group group;
+    bool own_type = true;
+    bool inside = false;
+    while (cursor.next(group) && (own_type || group.code != 0)) {
+        own_type = false;
+        if (group.code == 102) {
+            inside = group.word() == "{ACAD_XDICTIONARY";
+        } else if (inside && group.code == 360) {
+            return group.handle();
+        }
+    }
+    return 0;
+}
+
+/// The boundary of a SPATIAL_FILTER, two corners or a polygon, by the first of its matrices in the block's coordinates.
+std::vector<Vec3> read_boundary(const dxf::RecordFields& filter) {
+    constexpr size_t matrix_size = 12;
+    std::vector<Vec3> boundary = filter.points(10);
+    std::vector<double> numbers = filter.reals(40);
+    if (numbers.size() > 2 * matrix_size) {  // distances of clipping planes go before
+        numbers.erase(numbers.begin(), numbers.end() - 2 * matrix_size);
+    }
+    if (boundary.size() == 2) {
+        boundary = {boundary[0], {boundary[1].x, boundary[0].y, 0}, boundary[1], {boundary[0].x, boundary[1].y, 0}};
+    }
+    if (boundary.size() < 3 || numbers.size() < matrix_size) {
+        return {};
+    }
+    const Transform3 to_world = object_coordinates(filter);
+    const Transform3 to_block{{numbers[0], numbers[4], numbers[8]},
+                              {numbers[1], numbers[5], numbers[9]},
+                              {numbers[2], numbers[6], numbers[10]},
+                              {numbers[3], numbers[7], numbers[11]}};
+    for (Vec3& corner : boundary) {
+        corner = to_block(to_world({corner.x, corner.y, 0}));
+    }
+    return boundary;
+}
+
+}  // namespace
 
 double DrawingSettings::header_real(const std::string& name, int code, double absent) {
     const auto [found, added] = variables_.try_emplace(name, dxf::no_record);
@@ -8,6 +57,21 @@ double DrawingSettings::header_real(const std::string& name, int code, double ab
         found->second = drawing_.header_variable(name);
     }
     return found->second == dxf::no_record ? absent : drawing_.view(found->second).real(code, absent);
+}
+
+const PointMarks& DrawingSettings::point_marks() {
+    if (!point_marks_) {
+        constexpr double usual_percent = 5;
+        point_marks_.emplace();
+        point_marks_->mode = static_cast<int>(header_real("$PDMODE", 70, 0));
+        double size = header_real("$PDSIZE", 40, 0);
+        if (size <= 0) {
+            const double height = header_real("$EXTMAX", 20, 0) - header_real("$EXTMIN", 20, 0);
+            size = height * (size < 0 ? -size : usual_percent) / 100;
+        }
+        point_marks_->size = size;
+    }
+    return *point_marks_;
 }
 
 bool DrawingSettings::wipeout_frames() {
@@ -46,6 +110,32 @@ dxf::RecordId DrawingSettings::by_handle(uint64_t handle) {
     }
     const auto found = by_handle_.find(handle);
     return found == by_handle_.end() ? dxf::no_record : found->second;
+}
+
+dxf::RecordId DrawingSettings::entry_of(dxf::RecordId dictionary, std::string_view name) {
+    if (dictionary == dxf::no_record) {
+        return dxf::no_record;
+    }
+    dxf::OwnGroupCursor cursor(drawing_.view(dictionary).groups());
+    dxf::Group group;
+    bool named = false;
+    while (cursor.next(group)) {
+        if (group.code == 3) {
+            named = group.word() == name;
+        } else if (named && (group.code == 350 || group.code == 360)) {
+            return by_handle(group.handle());
+        }
+    }
+    return dxf::no_record;
+}
+
+std::vector<Vec3> DrawingSettings::clip_of(const dxf::RecordView& reference) {
+    const uint64_t dictionary = has_clips_ ? extension_dictionary(reference) : 0;
+    if (dictionary == 0) {
+        return {};
+    }
+    const dxf::RecordId filter = entry_of(entry_of(by_handle(dictionary), "ACAD_FILTER"), "SPATIAL");
+    return filter == dxf::no_record ? std::vector<Vec3>() : read_boundary(dxf::RecordFields(drawing_.view(filter)));
 }
 
 std::wstring DrawingSettings::block_name(uint64_t handle) {

@@ -1,4 +1,5 @@
 // SOLID, TRACE, 3DFACE and HATCH.
+#include "base/case_folding.h"
 #include "platform/host/view/entity_scope.h"
 #include "platform/host/view/hatch_boundary.h"
 #include "platform/host/view/hatch_pattern.h"
@@ -27,6 +28,49 @@ std::vector<Vec2> joined(const std::vector<std::vector<Vec2>>& contours) {
         }
     }
     return polygon;
+}
+
+/// Those contours that the hatch's style lets count: islands within islands do not where the outermost alone are filled
+/// (1), nor any island where islands are passed over (2).
+void drop_islands(std::vector<std::vector<Vec2>>& contours, int64_t style, PictureBudget& budget) {
+    if (style != 1 && style != 2) {
+        return;
+    }
+    std::vector<std::vector<Vec2>> kept;
+    for (const std::vector<Vec2>& contour : contours) {
+        int64_t around = 0;
+        for (const std::vector<Vec2>& other : contours) {
+            if (!budget.work(other.size())) {
+                return;
+            }
+            around += &other != &contour && encloses(other, contour.front()) ? 1 : 0;
+        }
+        if (around + style <= 2) {
+            kept.push_back(contour);
+        }
+    }
+    contours = std::move(kept);
+}
+
+/// The mean of a gradient's colours; nothing without any.
+std::optional<Ink> mean_ink(const dxf::RecordFields& hatch) {
+    uint64_t sums[3] = {};
+    uint64_t count = 0;
+    bool begun = false;
+    for (const dxf::Group& group : hatch.groups()) {
+        begun = begun || group.code == 463;
+        if (begun && group.code == 421) {
+            const auto colour = static_cast<uint32_t>(group.integer());
+            for (size_t i = 0; i < 3; ++i) {
+                sums[i] += colour >> 8 * i & 0xFF;
+            }
+            ++count;
+        }
+    }
+    if (count == 0) {
+        return std::nullopt;
+    }
+    return Ink::rgb(static_cast<uint32_t>(sums[2] / count << 16 | sums[1] / count << 8 | sums[0] / count));
 }
 
 /// False when the pattern has no lines here, or more than can be shown.
@@ -69,9 +113,16 @@ void draw_hatch(const EntityScope& scope) {
     const Transform3 map = scope.object_space() * Transform3::translation({0, 0, scope.fields.real(30)});
     PictureBudget& budget = scope.out.budget();
     std::vector<std::vector<Vec2>> contours = read_hatch_boundary(scope.fields, budget.most_chords());
-    const bool solid = scope.fields.integer(70) == 1 || scope.fields.integer(450) == 1;
-    if (!solid && draw_pattern(scope, contours, map)) {
+    drop_islands(contours, scope.fields.integer(75), budget);
+    const bool gradient = scope.fields.integer(450) == 1;
+    const bool no_lines = scope.fields.has(78) && scope.fields.integer(78) == 0;
+    const bool solid = scope.fields.integer(70) == 1 || gradient ||
+                       (no_lines && base::compare_ignoring_case(scope.fields.text(2), L"SOLID") == 0);
+    if (!solid && (no_lines || draw_pattern(scope, contours, map))) {
         return;
+    }
+    if (gradient) {
+        scope.out.set_ink(mean_ink(scope.fields).value_or(scope.out.ink()));
     }
     for (std::vector<Vec2>& contour : contours) {
         for (Vec2& point : contour) {

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <limits>
 #include <optional>
+#include <vector>
 
 #include "platform/host/dxf/vectors.h"
 
@@ -52,6 +53,10 @@ struct Box2 {
         return low.x <= point.x && point.x <= high.x && low.y <= point.y && point.y <= high.y;
     }
     bool contains(const Box2& other) const { return contains(other.low) && contains(other.high); }
+    Box2 common(const Box2& other) const {
+        return {{std::max(low.x, other.low.x), std::max(low.y, other.low.y)},
+                {std::min(high.x, other.high.x), std::min(high.y, other.high.y)}};
+    }
     /// The box between two opposite corners.
     static Box2 between(Vec2 a, Vec2 b) {
         Box2 box;
@@ -63,6 +68,20 @@ struct Box2 {
         return {{centre.x - half, centre.y - half}, {centre.x + half, centre.y + half}};
     }
 };
+
+/// Whether the point is inside a closed polygon by the even-odd rule.
+inline bool encloses(const std::vector<Vec2>& polygon, Vec2 point) {
+    bool inside = false;
+    for (size_t i = 0; i < polygon.size(); ++i) {
+        const Vec2 from = polygon[i];
+        const Vec2 to = polygon[(i + 1) % polygon.size()];
+        if ((from.y <= point.y) != (to.y <= point.y) &&
+            point.x < from.x + (to.x - from.x) * (point.y - from.y) / (to.y - from.y)) {
+            inside = !inside;
+        }
+    }
+    return inside;
+}
 
 /// An affine map of the plane: where the unit vectors and the origin go.
 struct Affine2 {

@@ -38,20 +38,6 @@ bool strip_touches(const std::vector<Vec2>& points, const Box2& box) {
     return points.size() == 1 && box.contains(points.front());
 }
 
-/// Whether the point is inside a closed polygon by the even-odd rule.
-bool encloses(const std::vector<Vec2>& polygon, Vec2 point) {
-    bool inside = false;
-    for (size_t i = 0; i < polygon.size(); ++i) {
-        const Vec2 from = polygon[i];
-        const Vec2 to = polygon[(i + 1) % polygon.size()];
-        if ((from.y <= point.y) != (to.y <= point.y) &&
-            point.x < from.x + (to.x - from.x) * (point.y - from.y) / (to.y - from.y)) {
-            inside = !inside;
-        }
-    }
-    return inside;
-}
-
 std::vector<Vec2> corners(const Affine2& map, const Box2& box) {
     return {map(box.low), map({box.high.x, box.low.y}), map(box.high), map({box.low.x, box.high.y}), map(box.low)};
 }
@@ -115,6 +101,7 @@ class BoxProbe {
     bool touches(const Picture& picture, const Primitive& primitive, const Placing& placing);
     bool any_touches(const Picture& holder, const Instance& instance, const Placing& placing);
     bool copy_touches(const Instance& instance, const Placing& placing);
+    bool meets_clip(const Picture& picture, const Placing& placing) const;
     bool inside(const Picture& picture, const Primitive& primitive, const Placing& placing);
     bool all_inside(const Picture& holder, const Instance& instance, const Placing& placing);
     bool copy_inside(const Instance& instance, const Placing& placing);
@@ -161,7 +148,7 @@ bool BoxProbe::copy_touches(const Instance& instance, const Placing& placing) {
     const Picture& picture = list_.pictures[instance.picture];
     const Placing inner = within(instance, placing);
     const std::optional<Affine2> to_picture = inverse(inner.to_world);
-    if (!to_picture) {
+    if (!to_picture || !meets_clip(picture, inner)) {
         return false;
     }
     bool found = false;
@@ -170,6 +157,19 @@ bool BoxProbe::copy_touches(const Instance& instance, const Placing& placing) {
         found = found || touches(picture, picture.primitives[number], inner);
     });
     return found;
+}
+
+/// Whether some of the box is inside of the picture's clipping boundary.
+bool BoxProbe::meets_clip(const Picture& picture, const Placing& placing) const {
+    std::vector<Vec2> boundary;
+    for (const Vec2 corner : picture.clip) {
+        boundary.push_back(placing.to_world(corner));
+    }
+    if (boundary.empty() || encloses(boundary, box_.centre())) {
+        return true;
+    }
+    boundary.push_back(boundary.front());
+    return strip_touches(boundary, box_);
 }
 
 bool BoxProbe::inside(const Picture& picture, const Primitive& primitive, const Placing& placing) {

@@ -62,7 +62,25 @@ void ListPainter::paint(const PaintColours& colours, const EntitySet& highlighte
     paint_picture(list_.top, {view_.to_pixels(), list_.surroundings});
 }
 
+/// Inside of its clipping boundary, where it has one. Boundaries within many others cut nothing more off.
 void ListPainter::paint_picture(const Picture& picture, const Placing& placing) {
+    constexpr size_t most_clips = 4;
+    if (picture.clip.empty() || clips_.size() == most_clips) {
+        paint_primitives(picture, placing);
+        return;
+    }
+    std::vector<Vec2> boundary;
+    for (const Vec2 corner : picture.clip) {
+        boundary.push_back(placing.to_pixels(corner));
+    }
+    raster_.begin_clip(boundary);
+    clips_.push_back(std::move(boundary));
+    paint_primitives(picture, placing);
+    clips_.pop_back();
+    raster_.end_clip();
+}
+
+void ListPainter::paint_primitives(const Picture& picture, const Placing& placing) {
     const std::optional<Affine2> to_picture = inverse(placing.to_pixels);
     if (!to_picture) {
         return;  // flattened to a line: its box alone says where it would be
@@ -219,6 +237,10 @@ void ListPainter::project(const Outline& outline, const Affine2& to_pixels) {
 }
 
 void ListPainter::paint_text(const TextItem& item, const Affine2& to_pixels) {
+    const Vec2 middle = to_pixels(text_area(item).centre());
+    if (!std::all_of(clips_.begin(), clips_.end(), [middle](const auto& clip) { return encloses(clip, middle); })) {
+        return;
+    }
     const double height = to_pixels.y.length();
     const bool small = height < easily_readable_height;
     if (typesetter_ == nullptr || height < readable_height || (small && small_texts_left_ == 0)) {

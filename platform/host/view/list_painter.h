@@ -58,6 +58,7 @@ class ListPainter {
         double scale = to_pixels.scale();
     };
     void paint_picture(const Picture& picture, const Placing& placing);
+    void paint_primitives(const Picture& picture, const Placing& placing);
     void paint_sample(const Picture& picture, const Placing& placing);
     void paint_primitive(const Picture& picture, const Primitive& primitive, const Placing& placing);
     void paint_points(const Picture& picture, const Primitive& primitive, const Placing& placing);
@@ -75,7 +76,8 @@ class ListPainter {
     const EntitySet* highlighted_ = nullptr;
     bool highlighting_ = false;  ///< the entity that is being painted is highlighted
     size_t depth_ = 0;
-    size_t effort_ = 0;  ///< primitives inside of blocks painted so far
+    size_t effort_ = 0;                     ///< primitives inside of blocks painted so far
+    std::vector<std::vector<Vec2>> clips_;  ///< the boundaries around what is being painted, in pixels
     std::vector<Vec2> points_;
     std::vector<Vec2> dashes_;
     std::vector<LinePattern> patterns_;  ///< the list's, in pixels

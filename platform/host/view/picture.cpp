@@ -12,4 +12,14 @@ void Picture::finish() {
     }
 }
 
+void Picture::clip_to(std::vector<Vec2> polygon) {
+    Box2 seen;
+    for (const Vec2 corner : polygon) {
+        seen.add(corner);
+    }
+    box = box.common(seen);
+    reach = reach.common(seen);
+    clip = std::move(polygon);
+}
+
 }  // namespace host

@@ -62,8 +62,9 @@ struct Picture {
     std::vector<TextItem> texts;
     std::vector<Instance> instances;
     std::vector<Repeats> repeats;
-    Box2 box;    ///< around all primitives that are not endless
-    Box2 reach;  ///< around all primitives
+    std::vector<Vec2> clip;  ///< a polygon outside of which nothing of it is seen; empty for none
+    Box2 box;                ///< around all primitives that are not endless
+    Box2 reach;              ///< around all primitives
 
     /// There are so many primitives that a visit finds them through a tree.
     bool many() const { return primitives.size() > 64; }
@@ -71,6 +72,8 @@ struct Picture {
     bool endless() const { return box.empty() && !reach.empty(); }
     /// Computes the boxes of what was added since the last time.
     void finish();
+    /// Cuts a finished picture off outside of a polygon.
+    void clip_to(std::vector<Vec2> polygon);
 
     /// Calls visit(number) for primitives that touch `area`, in no order. See BoxTree::visit.
     template <typename Visit>

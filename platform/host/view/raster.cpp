@@ -43,6 +43,43 @@ void Raster::set_pen(uint32_t colour, bool dashed) {
     colour_ = colour;
     dashed_ = dashed;
     dash_ = 0;
+    width_of_lines_ = 1;
+}
+
+void Raster::begin_clip(const std::vector<Vec2>& polygon) {
+    Box2 area;
+    for (const Vec2 corner : polygon) {
+        area.add(corner);
+    }
+    area = area.common(box());
+    Mask mask;
+    if (!area.empty()) {
+        mask.left = static_cast<int>(area.low.x);
+        mask.top = static_cast<int>(area.low.y);
+        mask.width = std::min(static_cast<int>(area.high.x) + 1, width_) - mask.left;
+        mask.height = std::min(static_cast<int>(area.high.y) + 1, height_) - mask.top;
+        mask.seen.resize(static_cast<size_t>(mask.width) * static_cast<size_t>(mask.height));
+        std::vector<Vec2> moved;
+        for (const Vec2 corner : polygon) {
+            moved.push_back(corner - Vec2{static_cast<double>(mask.left), static_cast<double>(mask.top)});
+        }
+        Raster inside(mask.seen.data(), mask.width, mask.height);
+        inside.set_pen(1);
+        inside.fill(moved);
+    }
+    for (size_t i = 0; i < mask.seen.size() && !masks_.empty(); ++i) {
+        const auto place = static_cast<int>(i);
+        mask.seen[i] &= masks_.back().has(mask.left + place % mask.width, mask.top + place / mask.width) ? 1 : 0;
+    }
+    masks_.push_back(std::move(mask));
+}
+
+/// The pixels across a wide line at one of its steps.
+void Raster::put_across(int x, int y, bool steep, int width) {
+    for (int i = 0; i < width; ++i) {
+        const int beside = i - (width - 1) / 2;
+        steep ? put(x + beside, y) : put(x, y + beside);
+    }
 }
 
 void Raster::dot(Vec2 point) {
@@ -96,9 +133,16 @@ void Raster::line(Vec2 from, Vec2 to) {
     const double inside = std::clamp((begin + 0.5 - first) * step, 0.0, std::fabs(long_run)) * step;
     int64_t across = fixed((steep ? from.x : from.y) + inside * slope);
     const int64_t across_step = fixed(slope * step);
+    const int width = dashed_ || width_of_lines_ < 2
+                          ? 1
+                          : static_cast<int>(std::lround(width_of_lines_ * std::sqrt(1 + slope * slope)));
     for (int along = begin;; along += step) {
         const auto side = static_cast<int>(across >> fraction_bits);
-        steep ? put(side, along) : put(along, side);
+        if (width == 1) {
+            steep ? put(side, along) : put(along, side);
+        } else {
+            put_across(steep ? side : along, steep ? along : side, steep, width);
+        }
         if (along == end) {
             return;
         }

@@ -23,6 +23,11 @@ class Raster {
     void clear(uint32_t colour);
     /// For all that is drawn from now on. Dashed lines leave out every second group of four pixels.
     void set_pen(uint32_t colour, bool dashed = false);
+    /// Of lines, in pixels; 1 after each set_pen. Dashed ones stay thin.
+    void set_width(int width) { width_of_lines_ = width; }
+    /// What is drawn until the matching end_clip() shows only inside of this polygon, and of those begun before it.
+    void begin_clip(const std::vector<Vec2>& polygon);
+    void end_clip() { masks_.pop_back(); }
     void dot(Vec2 point);
     /// Mixes a part of the pen's colour, from 0 to 1, into a pixel of the raster.
     void blend(int x, int y, float part);
@@ -36,10 +41,24 @@ class Raster {
         int row;
         float x;
     };
+    /// Which pixels of a part of the raster are seen.
+    struct Mask {
+        int left = 0;
+        int top = 0;
+        int width = 0;
+        int height = 0;
+        std::vector<uint32_t> seen;
+        bool has(int x, int y) const {
+            return x >= left && y >= top && x - left < width && y - top < height &&
+                   seen[static_cast<size_t>(y - top) * static_cast<size_t>(width) + static_cast<size_t>(x - left)] != 0;
+        }
+    };
     bool clip(Vec2& from, Vec2& to) const;
+    void put_across(int x, int y, bool steep, int width);
     void put(int x, int y) {
         if (static_cast<unsigned>(x) < static_cast<unsigned>(width_) &&
-            static_cast<unsigned>(y) < static_cast<unsigned>(height_) && (!dashed_ || (dash_++ & 4) == 0)) {
+            static_cast<unsigned>(y) < static_cast<unsigned>(height_) && (!dashed_ || (dash_++ & 4) == 0) &&
+            (masks_.empty() || masks_.back().has(x, y))) {
             pixels_[static_cast<ptrdiff_t>(y) * width_ + x] = colour_;
         }
     }
@@ -54,6 +73,8 @@ class Raster {
     int height_;
     uint32_t colour_ = 0;
     bool dashed_ = false;
+    int width_of_lines_ = 1;
+    std::vector<Mask> masks_;  ///< each lies within the one before
     unsigned dash_ = 0;
     std::vector<Crossing> crossings_;
     /// Where there are too many crossings: whether a pixel is the first behind an odd number of them. Else empty.
