@@ -164,6 +164,23 @@ TEST(ListPainter, DashesByTheLineTypeWhereItCanBeSeen) {
     EXPECT_EQ("\n................\n.....######.....\n................\n", painting.paint());
 }
 
+TEST(ListPainter, WidensLinesByTheirWeight) {
+    const std::string layers = "0 TABLE|2 LAYER|" + layer("0", 7) + "|" + layer("WIDE", 1) + "|370 70|0 ENDTAB";
+    const std::string drawing =
+        tables(layers) + blocks(block("B", "0 LINE|8 0|10 0|20 0|11 7|21 0|0 LINE|8 0|370 -2|10 0|20 3|11 7|21 3")) +
+        entities(
+            "0 INSERT|8 WIDE|370 50|2 B|10 0.5|20 1.5|0 LINE|8 0|62 3|370 100|10 10|20 7.5|11 10|21 0.5|"
+            "0 LINE|8 WIDE|370 -3|10 0.5|20 7.5|11 6.5|21 7.5");
+    const std::string wide =
+        "\nrrrrrrr..gggg\n.........gggg\n.........gggg\nrrrrrrrr.gggg\nrrrrrrrr.gggg\nrrrrrrrr.gggg\n"
+        "rrrrrrrr.gggg\nrrrrrrrr.gggg\n";
+    EXPECT_EQ(wide, Painting(13, 8, "0 SECTION|2 HEADER|9 $LWDISPLAY|290 1|0 ENDSEC|" + drawing).paint());
+    EXPECT_EQ(
+        "\nrrrrrrr...g..\n..........g..\n..........g..\nrrrrrrrr..g..\n..........g..\n..........g..\n"
+        "rrrrrrrr..g..\n..........g..\n",
+        Painting(13, 8, drawing).paint());
+}
+
 TEST(ListPainter, ShowsSmallThingsAsDots) {
     const std::string leaf = blocks(block("LEAF", "0 LINE|8 0|10 0|20 0|11 1|21 1|0 TEXT|8 0|10 0|20 0|40 1|1 x"));
     Painting painting(4, 2,

@@ -20,6 +20,8 @@ struct Surroundings {
     bool layer_zero_shown = true;
     uint16_t pattern = LinePattern::continuous;
     uint16_t layer_pattern = LinePattern::continuous;
+    uint8_t weight = LineWeight::thin;
+    uint8_t layer_weight = LineWeight::thin;
 
     Ink resolve(Ink wanted) const {
         return wanted == Ink::by_block() ? ink : wanted == Ink::by_block_layer() ? layer_ink : wanted;
@@ -29,13 +31,21 @@ struct Surroundings {
                : wanted == LinePattern::of_block_layer ? layer_pattern
                                                        : wanted;
     }
+    uint8_t resolve_weight(uint8_t wanted) const {
+        return wanted == LineWeight::of_block ? weight : wanted == LineWeight::of_block_layer ? layer_weight : wanted;
+    }
     bool shows(const Primitive& primitive) const { return layer_zero_shown || !primitive.on_layer_zero; }
     Surroundings inside(const Instance& instance) const {
         const bool shown = instance.layer_zero == Instance::LayerZero::inherited
                                ? layer_zero_shown
                                : instance.layer_zero == Instance::LayerZero::shown;
-        return {resolve(instance.ink), resolve(instance.layer_ink), shown, resolve_pattern(instance.pattern),
-                resolve_pattern(instance.layer_pattern)};
+        return {resolve(instance.ink),
+                resolve(instance.layer_ink),
+                shown,
+                resolve_pattern(instance.pattern),
+                resolve_pattern(instance.layer_pattern),
+                resolve_weight(instance.weight),
+                resolve_weight(instance.layer_weight)};
     }
 };
 
@@ -48,6 +58,7 @@ struct DisplayList {
     std::vector<FontFace> fonts;
     std::vector<LinePattern> patterns;  ///< the first one is continuous
     Surroundings surroundings;          ///< of the top picture
+    bool shows_weights = false;         ///< the drawing wants its line weights to be seen on the screen
     size_t left_out = 0;                ///< entities that are not shown, or not whole, for they would take too much
 
     std::map<std::wstring, size_t> not_shown;  ///< entities of kinds that nothing is known to draw of, by kind

@@ -41,6 +41,8 @@ Instance DisplayListBuilder::look_of(dxf::NameId layer) {
     Instance look;
     look.ink = ink_of(layer);
     look.pattern = pattern_of(layer);
+    look.weight = weight_of(layer);
+    look.layer_weight = layers_.weight(layer);
     if (layers_.is_zero(layer)) {
         look.layer_ink = Ink::by_block_layer();
         look.layer_pattern = LinePattern::of_block_layer;
@@ -112,6 +114,8 @@ bool DisplayListBuilder::PartPlacer::place(const std::wstring& name, const Trans
     dxf::RecordFields& fields = builder_.fields_;
     const dxf::NameId layer = builder_.drawing_.record(id_).layer;
     const Ink ink = target_.out.ink();
+    const uint16_t pattern = target_.out.pattern();
+    const uint8_t weight = target_.out.weight();
     Instance look = builder_.look_of(layer);
     look.ink = ink;
     Copies copies;
@@ -120,7 +124,7 @@ bool DisplayListBuilder::PartPlacer::place(const std::wstring& name, const Trans
     std::swap(kept, fields);
     builder_.place_block(id_, block, copies, look, target_, builder_.drawing_.view(id_));
     std::swap(kept, fields);
-    target_.out.begin_entity(id_, ink, builder_.layers_.is_zero(layer), target_.out.pattern());
+    target_.out.begin_entity(id_, ink, builder_.layers_.is_zero(layer), pattern, weight);
     return true;
 }
 

@@ -134,6 +134,8 @@ DisplayList DisplayListBuilder::build() {
     list_.fonts = styles_.fonts();
     list_.surroundings.layer_ink = layers_.zero_state().ink;
     list_.surroundings.layer_pattern = line_types_.pattern(layers_.zero_state().line_type, 1);
+    list_.surroundings.layer_weight = layers_.zero_state().weight;
+    list_.shows_weights = settings_.header_real("$LWDISPLAY", 290, 0) != 0;
     list_.surroundings.layer_zero_shown = layers_.zero_state().shown();
     list_.patterns = line_types_.take_patterns();
     return std::move(list_);
@@ -196,6 +198,16 @@ uint16_t DisplayListBuilder::pattern_of(dxf::NameId layer) {
                                   : line_types_.pattern(layers_.of(layer).line_type, scale);
 }
 
+/// The line weight of the entity in `fields_`: group 370, where -1 is the layer's and -2 the block's.
+uint8_t DisplayListBuilder::weight_of(dxf::NameId layer) const {
+    constexpr int64_t of_layer = -1;
+    constexpr int64_t of_block = -2;
+    const int64_t said = fields_.integer(370, of_layer);
+    return said == of_layer   ? layers_.weight(layer)
+           : said == of_block ? LineWeight::of_block
+                              : LineWeight::in_pixels(said);
+}
+
 void DisplayListBuilder::draw_record(dxf::RecordId id, const Target& target) {
     const dxf::Record& entry = drawing_.record(id);
     if (entry.is(dxf::Record::erased)) {
@@ -226,7 +238,7 @@ void DisplayListBuilder::draw_plain(dxf::RecordId id, const dxf::RecordView& rec
     const EntityKind* const kind = kind_of(entry.type);
     const bool dashed = kind == nullptr || kind->draw != draw_hatch;
     target.out.begin_entity(id, ink_of(entry.layer), layers_.is_zero(entry.layer),
-                            dashed ? pattern_of(entry.layer) : LinePattern::continuous);
+                            dashed ? pattern_of(entry.layer) : LinePattern::continuous, weight_of(entry.layer));
     PartPlacer blocks(*this, id, target);
     const EntityScope scope = scope_of(record, target, blocks);
     if (kind != nullptr) {

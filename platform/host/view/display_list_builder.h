@@ -96,6 +96,7 @@ class DisplayListBuilder {
     bool visible(dxf::NameId layer, bool in_block) const;
     Ink ink_of(dxf::NameId layer) const;
     uint16_t pattern_of(dxf::NameId layer);
+    uint8_t weight_of(dxf::NameId layer) const;
     Instance look_of(dxf::NameId layer);
 
     /// How the entities of a type are drawn; null for a type that nothing is known of.

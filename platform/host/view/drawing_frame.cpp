@@ -77,7 +77,9 @@ FrameBitmap* DrawingFrame::picture() {
         return nullptr;
     }
     Raster raster = picture_->raster();
-    ListPainter(*list_, view_, raster, &typesetter_).paint(colours_, highlighted_, most_small_texts_);
+    ListPainter painter(*list_, view_, raster, &typesetter_);
+    painter.show_weights(weights_ || list_->shows_weights);
+    painter.paint(colours_, highlighted_, most_small_texts_);
     stale_ = false;
     return picture_.get();
 }

@@ -56,6 +56,8 @@ class DrawingFrame {
     /// An empty one takes its place.
     std::shared_ptr<const DisplayList> take_list();
     void set_background(uint32_t colour);
+    /// Shows line weights whether or not the drawing wants them on the screen.
+    void show_weights() { weights_ = true; }
     const PaintColours& colours() const { return colours_; }
     void set_highlighted(EntitySet entities);
     const EntitySet& highlighted() const { return highlighted_; }
@@ -76,6 +78,7 @@ class DrawingFrame {
     SystemTypesetter typesetter_;
     std::unique_ptr<FrameBitmap> picture_;
     size_t most_small_texts_;
+    bool weights_ = false;
     bool stale_ = true;
 };
 

@@ -6,13 +6,15 @@ namespace host {
 
 namespace {
 
-LayerState read_state(const dxf::Layer& layer, const dxf::Group* true_colour) {
+LayerState read_state(const dxf::Layer& layer, const dxf::RecordFields& entry) {
+    const dxf::Group* const true_colour = entry.group(420);
     LayerState state;
     state.ink = true_colour != nullptr ? Ink::rgb(static_cast<uint32_t>(true_colour->integer()))
                                        : indexed_ink(layer.colour_index());
     state.on = layer.on();
     state.frozen = layer.frozen();
     state.line_type = layer.line_type;
+    state.weight = LineWeight::in_pixels(entry.integer(370, -1));
     return state;
 }
 
@@ -30,7 +32,7 @@ LayerStates::LayerStates(const dxf::Drawing& drawing)
         }
         const dxf::RecordFields entry(drawing.view(id));
         const auto layer = dxf::read<dxf::Layer>(entry);
-        const LayerState state = read_state(layer, entry.group(420));
+        const LayerState state = read_state(layer, entry);
         if (layer.name == L"0") {
             zero_state_ = state;
         }

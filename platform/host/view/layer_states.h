@@ -6,6 +6,7 @@
 
 #include "platform/host/dxf/drawing.h"
 #include "platform/host/view/ink.h"
+#include "platform/host/view/line_weight.h"
 
 namespace host {
 
@@ -14,6 +15,7 @@ struct LayerState {
     bool on = true;
     bool frozen = false;
     std::wstring line_type;
+    uint8_t weight = LineWeight::thin;
     bool shown() const { return on && !frozen; }
 };
 
@@ -27,6 +29,8 @@ class LayerStates {
     bool is_zero(dxf::NameId layer) const { return layer == zero_ || layer == dxf::no_name; }
     /// The colour of what has the colour of its layer.
     Ink ink(dxf::NameId layer) const { return is_zero(layer) ? Ink::by_block_layer() : of(layer).ink; }
+    /// The width of what has the width of its layer.
+    uint8_t weight(dxf::NameId layer) const { return is_zero(layer) ? LineWeight::of_block_layer : of(layer).weight; }
     /// Whether a part of an entity on this layer is shown; one on layer 0 is where the entity is.
     bool shows_part(dxf::NameId layer) const { return is_zero(layer) || of(layer).shown(); }
     const LayerState& zero_state() const { return zero_state_; }

@@ -47,7 +47,7 @@ uint32_t PaintColours::of_line(Ink ink) const {
 }
 
 ListPainter::ListPainter(const DisplayList& list, const ViewTransform& view, Raster& raster, Typesetter* typesetter)
-    : list_(list), view_(view), raster_(raster), typesetter_(typesetter) {
+    : list_(list), view_(view), raster_(raster), weights_(list.shows_weights), typesetter_(typesetter) {
     for (const LinePattern& pattern : list.patterns) {
         patterns_.push_back(pattern.in_pixels(view.pixels_per_unit()));
     }
@@ -65,7 +65,7 @@ void ListPainter::paint(const PaintColours& colours, const EntitySet& highlighte
 /// Inside of its clipping boundary, where it has one. Boundaries within many others cut nothing more off.
 void ListPainter::paint_picture(const Picture& picture, const Placing& placing) {
     constexpr size_t most_clips = 4;
-    if (picture.clip.empty() || clips_.size() == most_clips) {
+    if (picture.clip.empty() || clips_ == most_clips) {
         paint_primitives(picture, placing);
         return;
     }
@@ -74,9 +74,9 @@ void ListPainter::paint_picture(const Picture& picture, const Placing& placing) 
         boundary.push_back(placing.to_pixels(corner));
     }
     raster_.begin_clip(boundary);
-    clips_.push_back(std::move(boundary));
+    ++clips_;
     paint_primitives(picture, placing);
-    clips_.pop_back();
+    --clips_;
     raster_.end_clip();
 }
 
@@ -122,7 +122,7 @@ void ListPainter::paint_primitive(const Picture& picture, const Primitive& primi
         case Primitive::Kind::arc:
             points_.clear();
             image(placing.to_pixels, picture.arcs[primitive.first]).flatten(chord_error, points_);
-            paint_strip(placing.surroundings.resolve_pattern(primitive.pattern));
+            paint_strip(primitive, placing.surroundings);
             break;
         case Primitive::Kind::text:
             paint_text(picture.texts[primitive.first], placing.to_pixels * picture.texts[primitive.first].frame);
@@ -158,13 +158,17 @@ void ListPainter::paint_points(const Picture& picture, const Primitive& primitiv
     } else if (primitive.kind == Primitive::Kind::dot) {
         raster_.dot(points_.front());
     } else {
-        paint_strip(placing.surroundings.resolve_pattern(primitive.pattern));
+        paint_strip(primitive, placing.surroundings);
     }
 }
 
 /// The line through `points_`. Dashes are as long inside a block as outside; where they would run together, or the
 /// selection has dashes of its own, the line is painted whole.
-void ListPainter::paint_strip(uint16_t pattern) {
+void ListPainter::paint_strip(const Primitive& primitive, const Surroundings& surroundings) {
+    if (weights_ && primitive.weight != LineWeight::thin) {
+        raster_.set_width(surroundings.resolve_weight(primitive.weight));
+    }
+    const uint16_t pattern = surroundings.resolve_pattern(primitive.pattern);
     if (pattern >= patterns_.size() || highlighting_ || patterns_[pattern].total() < shortest_pattern) {
         raster_.strip(points_);
         return;
@@ -237,10 +241,6 @@ void ListPainter::project(const Outline& outline, const Affine2& to_pixels) {
 }
 
 void ListPainter::paint_text(const TextItem& item, const Affine2& to_pixels) {
-    const Vec2 middle = to_pixels(text_area(item).centre());
-    if (!std::all_of(clips_.begin(), clips_.end(), [middle](const auto& clip) { return encloses(clip, middle); })) {
-        return;
-    }
     const double height = to_pixels.y.length();
     const bool small = height < easily_readable_height;
     if (typesetter_ == nullptr || height < readable_height || (small && small_texts_left_ == 0)) {

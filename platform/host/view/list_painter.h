@@ -47,6 +47,8 @@ class ListPainter {
     /// All of them must outlive the painter. Without a typesetter texts are lines.
     ListPainter(const DisplayList& list, const ViewTransform& view, Raster& raster, Typesetter* typesetter = nullptr);
 
+    /// Whether line weights are seen: as the drawing says, if nobody says other.
+    void show_weights(bool shown) { weights_ = shown; }
     /// Of texts that can hardly be read, those behind the first `most_small_texts` are painted as lines.
     void paint(const PaintColours& colours, const EntitySet& highlighted = {},
                size_t most_small_texts = std::numeric_limits<size_t>::max());
@@ -62,7 +64,7 @@ class ListPainter {
     void paint_sample(const Picture& picture, const Placing& placing);
     void paint_primitive(const Picture& picture, const Primitive& primitive, const Placing& placing);
     void paint_points(const Picture& picture, const Primitive& primitive, const Placing& placing);
-    void paint_strip(uint16_t pattern);
+    void paint_strip(const Primitive& primitive, const Surroundings& surroundings);
     void paint_instances(const Picture& holder, const Instance& instance, const Placing& placing);
     void paint_instance(const Instance& instance, const Placing& placing);
     void paint_text(const TextItem& item, const Affine2& to_pixels);
@@ -74,10 +76,11 @@ class ListPainter {
     Raster& raster_;
     PaintColours colours_;
     const EntitySet* highlighted_ = nullptr;
+    bool weights_ = false;
     bool highlighting_ = false;  ///< the entity that is being painted is highlighted
     size_t depth_ = 0;
-    size_t effort_ = 0;                     ///< primitives inside of blocks painted so far
-    std::vector<std::vector<Vec2>> clips_;  ///< the boundaries around what is being painted, in pixels
+    size_t effort_ = 0;  ///< primitives inside of blocks painted so far
+    size_t clips_ = 0;   ///< boundaries around what is being painted
     std::vector<Vec2> points_;
     std::vector<Vec2> dashes_;
     std::vector<LinePattern> patterns_;  ///< the list's, in pixels

@@ -9,6 +9,7 @@
 #include "platform/host/view/box_tree.h"
 #include "platform/host/view/ink.h"
 #include "platform/host/view/line_pattern.h"
+#include "platform/host/view/line_weight.h"
 #include "platform/host/view/repeats.h"
 #include "platform/host/view/text_item.h"
 
@@ -38,7 +39,9 @@ struct Primitive {
     bool bridged = false;
     /// Of lines and arcs: a number of DisplayList::patterns, or one that stands for another.
     uint16_t pattern = LinePattern::continuous;
+    uint8_t weight = LineWeight::thin;  ///< of lines and arcs
 };
+static_assert(sizeof(Primitive) <= 56, "a million of them are in one list");
 
 /// A picture placed in another one, once or several times.
 struct Instance {
@@ -51,9 +54,12 @@ struct Instance {
     Ink ink;                  ///< what by_block() means inside
     Ink layer_ink;            ///< what by_block_layer() means inside
     LayerZero layer_zero = LayerZero::shown;
+    uint8_t weight = LineWeight::thin;                 ///< what LineWeight::of_block means inside
     uint16_t pattern = LinePattern::continuous;        ///< what LinePattern::of_block means inside
     uint16_t layer_pattern = LinePattern::continuous;  ///< what LinePattern::of_block_layer means inside
+    uint8_t layer_weight = LineWeight::thin;           ///< what LineWeight::of_block_layer means inside
 };
+static_assert(sizeof(Instance) <= 72, "a million of them are in one list");
 
 struct Picture {
     std::vector<Primitive> primitives;

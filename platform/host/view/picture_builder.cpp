@@ -17,11 +17,12 @@ void PictureBuilder::reserve(size_t primitives, size_t instances) {
     picture_.instances.reserve(instances);
 }
 
-void PictureBuilder::begin_entity(dxf::RecordId entity, Ink ink, bool on_layer_zero, uint16_t pattern) {
+void PictureBuilder::begin_entity(dxf::RecordId entity, Ink ink, bool on_layer_zero, uint16_t pattern, uint8_t weight) {
     entity_ = entity;
     ink_ = ink;
     on_layer_zero_ = on_layer_zero;
     pattern_ = pattern;
+    weight_ = weight;
 }
 
 Primitive* PictureBuilder::add(Primitive::Kind kind, size_t first, size_t count, const Box2& box, size_t bytes) {
@@ -37,6 +38,7 @@ Primitive* PictureBuilder::add(Primitive::Kind kind, size_t first, size_t count,
     primitive.kind = kind;
     primitive.on_layer_zero = on_layer_zero_;
     primitive.pattern = pattern_;
+    primitive.weight = weight_;
     picture_.primitives.push_back(primitive);
     return &picture_.primitives.back();
 }

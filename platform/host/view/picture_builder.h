@@ -20,12 +20,15 @@ class PictureBuilder {
     /// Makes room for this many primitives, of which some are instances.
     void reserve(size_t primitives, size_t instances);
     /// The primitives that follow belong to this entity.
-    void begin_entity(dxf::RecordId entity, Ink ink, bool on_layer_zero, uint16_t pattern = LinePattern::continuous);
+    void begin_entity(dxf::RecordId entity, Ink ink, bool on_layer_zero, uint16_t pattern = LinePattern::continuous,
+                      uint8_t weight = LineWeight::thin);
     Ink ink() const { return ink_; }
     /// Replaces the entity's colour for what follows.
     void set_ink(Ink ink) { ink_ = ink; }
     uint16_t pattern() const { return pattern_; }
     void set_pattern(uint16_t pattern) { pattern_ = pattern; }
+    uint8_t weight() const { return weight_; }
+    void set_weight(uint8_t weight) { weight_ = weight; }
 
     void strip(const std::vector<Vec2>& points);
     void line(Vec2 from, Vec2 to);
@@ -56,6 +59,7 @@ class PictureBuilder {
     Ink ink_;
     bool on_layer_zero_ = false;
     uint16_t pattern_ = LinePattern::continuous;
+    uint8_t weight_ = LineWeight::thin;
 };
 
 }  // namespace host

@@ -100,6 +100,7 @@ base::Outcome<> save_drawing_png(std::shared_ptr<const DisplayList> list, const 
     DrawingFrame frame;
     frame.set_list(std::move(list));
     frame.set_background(paper);
+    frame.show_weights();
     ViewTransform view(area.width, area.height);
     view.show(area.box, margin);
     frame.set_view(view);

@@ -26,7 +26,7 @@ struct PictureArea {
     int height = picture_height;
 };
 
-/// Saves what a list shows there, on white.
+/// Saves what a list shows there, on white, with its line weights as on paper.
 base::Outcome<> save_drawing_png(std::shared_ptr<const DisplayList> list, const PictureArea& area,
                                  const std::filesystem::path& path);
 

@@ -27,6 +27,7 @@ enum class Part : uint32_t {
     line_type = 18,
     fill = 20,
     true_colour = 22,
+    line_weight = 23,
     line_type_scale = 24,
     push_matrix = 29,
     push_other_matrix = 30,
@@ -51,6 +52,7 @@ class ProxyPainter {
         : scope_(scope),
           own_ink_(scope.out.ink()),
           own_pattern_(scope.out.pattern()),
+          own_weight_(scope.out.weight()),
           layer_(scope.drawing.layer_names().find(scope.fields.text(8))) {}
 
     void paint(std::string_view bytes) {
@@ -74,6 +76,7 @@ class ProxyPainter {
     void set_colour(uint32_t index);
     void set_true_colour(uint32_t colour);
     void set_line_type(uint32_t number);
+    void set_line_weight(int32_t weight);
     void set_layer(uint32_t number);
     void push_matrix(ProxyStream body);
 
@@ -101,6 +104,7 @@ class ProxyPainter {
     const EntityScope& scope_;
     const Ink own_ink_;
     const uint16_t own_pattern_;
+    const uint8_t own_weight_;
     dxf::NameId layer_;
     uint32_t colour_ = of_block;
     bool filled_ = false;
@@ -121,6 +125,9 @@ bool ProxyPainter::set_trait(Part part, ProxyStream body) {
             return true;
         case Part::line_type:
             set_line_type(body.word());
+            return true;
+        case Part::line_weight:
+            set_line_weight(static_cast<int32_t>(body.word()));
             return true;
         case Part::line_type_scale:
             line_type_scale_ = body.real();
@@ -188,6 +195,11 @@ void ProxyPainter::set_line_type(uint32_t number) {
     const std::wstring name = known ? scope_.drawing.view(table->entries[number]).text(2) : std::wstring();
     const bool inherited = !known || name.starts_with(L"By") || name.starts_with(L"BY");
     scope_.out.set_pattern(inherited ? own_pattern_ : scope_.line_types.pattern(name, line_type_scale_));
+}
+
+/// What has the weight of its layer or block has that of the entity.
+void ProxyPainter::set_line_weight(int32_t weight) {
+    scope_.out.set_weight(weight < 0 ? own_weight_ : LineWeight::in_pixels(weight));
 }
 
 /// Four rows of four, of which the last says nothing.

@@ -89,6 +89,9 @@ void Raster::dot(Vec2 point) {
 }
 
 void Raster::blend(int x, int y, float part) {
+    if (!masks_.empty() && !masks_.back().has(x, y)) {
+        return;
+    }
     uint32_t& pixel = pixels_[static_cast<ptrdiff_t>(y) * width_ + x];
     const auto weight = static_cast<uint32_t>(part * 256);
     const auto mix = [&](int shift) {
@@ -153,6 +156,21 @@ void Raster::line(Vec2 from, Vec2 to) {
 void Raster::strip(const std::vector<Vec2>& points) {
     for (size_t i = 1; i < points.size(); ++i) {
         line(points[i - 1], points[i]);
+        if (!dashed_ && width_of_lines_ > 2 && i + 1 < points.size() && box().contains(points[i])) {
+            joint(points[i]);
+        }
+    }
+}
+
+/// A disc that closes the gap at a corner of a wide line.
+void Raster::joint(Vec2 corner) {
+    const int reach = width_of_lines_ / 2;
+    for (int y = -reach; y <= reach; ++y) {
+        for (int x = -reach; x <= reach; ++x) {
+            if (4 * (x * x + y * y) <= width_of_lines_ * width_of_lines_) {
+                put(static_cast<int>(corner.x) + x, static_cast<int>(corner.y) + y);
+            }
+        }
     }
 }
 

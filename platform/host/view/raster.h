@@ -54,6 +54,7 @@ class Raster {
         }
     };
     bool clip(Vec2& from, Vec2& to) const;
+    void joint(Vec2 corner);
     void put_across(int x, int y, bool steep, int width);
     void put(int x, int y) {
         if (static_cast<unsigned>(x) < static_cast<unsigned>(width_) &&
