@@ -110,7 +110,6 @@ TEST(ListPainter, ClipsReferencesToTheirBoundary) {
                           "0 DICTIONARY|5 A2|3 SPATIAL|360 A3|0 SPATIAL_FILTER|5 A3|" +
                           filter + "|0 ENDSEC|");
     EXPECT_EQ("\n..........\n..#####...\n..rrrrr...\n..........\n", painting.paint());
-    EXPECT_EQ(0U, painting.texts);
     EXPECT_EQ(2, painting.list.extents().low.x);
     EXPECT_EQ(7, painting.list.extents().high.x);
     const HitTest hits(painting.list);

@@ -64,7 +64,7 @@ TEST(ProxyGraphics, AreReadPartByPart) {
         "123456 strip 10,20 10,22 8,22 8,20\n"
         "ff0000 strip 0,0 2,0 2,2 0,0\n"
         "ff0000 text \"ab\" left 1,2 x 0,6 y -3,0\n"
-        "ff0000 text \"\u05d0\" left 1,2 x 0,6 y -3,0\n"
+        "ff0000 text \"\u05d0\" left 1,2 x 0,6 y -3,0 from right\n"
         // Two points of a path, the second one's y like the first one's, with a bulge of 1.
         "ff0000 arc 1.5,1 u 0.5,0 v 0,0.5 from 180 by 180\n",
         described(layers +
