@@ -107,8 +107,7 @@ TEST_P(DrawingEdit, AddsRecordsThatReadBackAndChangesNothingElse) {
     EXPECT_EQ(drawing_text(**again), seen);
     EXPECT_EQ((*again)->view((*again)->table("STYLE")->head).integer(70), 2);
     const auto seed = (*again)->view((*again)->header_variable("$HANDSEED"));
-    EXPECT_EQ(seed.handle(5),
-              0x40 + 11U + (GetParam().version[2] == L'1' && (*again)->version() > "AC1012" ? 1 : 0));
+    EXPECT_EQ(seed.handle(5), 0x40 + 11U + (GetParam().version[2] == L'1' && (*again)->version() > "AC1012" ? 1 : 0));
     // The original's bytes must all be found in the new file in their order, but for the two values that follow.
     std::string expected = original_;
     const auto table = [this](int64_t count) {

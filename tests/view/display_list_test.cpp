@@ -107,10 +107,10 @@ TEST(DisplayList, OfPointsByTheirMode) {
 
 TEST(DisplayList, OfHatchesByTheirStyle) {
     const auto square = [](int low, int high) {
-        const std::string near = std::to_string(low);
-        const std::string far = std::to_string(high);
-        return "92 2|72 0|73 1|93 4|10 " + near + "|20 " + near + "|10 " + far + "|20 " + near + "|10 " + far + "|20 " +
-               far + "|10 " + near + "|20 " + far + "|97 0|";
+        const std::string from = std::to_string(low);
+        const std::string to = std::to_string(high);
+        return "92 2|72 0|73 1|93 4|10 " + from + "|20 " + from + "|10 " + to + "|20 " + from + "|10 " + to + "|20 " +
+               to + "|10 " + from + "|20 " + to + "|97 0|";
     };
     const std::string nested = "0 HATCH|8 0|10 0|20 0|30 0|70 1|91 3|" + square(0, 9) + square(4, 5) + square(2, 7);
     EXPECT_EQ(
