@@ -30,12 +30,12 @@ TEST(Annotations, OfDimensionsWithoutTheirBlock) {
         "00ff00 strip 0,4 0,7.657\n"
         "ff0000 arc 0,0 u 5.657,0 v 0,5.657 from 0 by 90\n"
         "ff0000 strip 5.657,0 6.657,2\n"
-        "------ strip 4,5 9,5\n"
-        "------ text \"3.0000\" centre 8.91,5 x 0,0.18 y -0.18,0\n",
+        "------ strip 4,5 4,8.28 9,8.64 9,9\n"
+        "------ text \"3.0000\" centre 8.91,9 x 0,0.18 y -0.18,0\n",
         described(styles + entities("0 DIMENSION|8 0|3 OPEN|70 0|10 10|20 5|13 0|23 0|14 10|24 0|50 0|"
                                     "0 DIMENSION|8 0|3 OPEN|70 4|10 0|20 0|15 3|25 4|1 about <>|11 9|21 9|"
                                     "0 DIMENSION|8 0|3 OPEN|70 5|15 0|25 0|13 4|23 0|14 0|24 4|10 4|20 4|1  |"
-                                    "0 DIMENSION|8 0|3 NONE|70 70|10 1|20 1|13 4|23 5|14 9|24 5")));
+                                    "0 DIMENSION|8 0|3 NONE|70 70|10 1|20 1|13 4|23 5|14 9|24 9")));
 }
 
 TEST(Annotations, OfLeaders) {

@@ -107,10 +107,10 @@ TEST(DisplayList, OfPointsByTheirMode) {
 
 TEST(DisplayList, OfHatchesByTheirStyle) {
     const auto square = [](int low, int high) {
-        const std::string from = std::to_string(low);
-        const std::string to = std::to_string(high);
-        return "92 2|72 0|73 1|93 4|10 " + from + "|20 " + from + "|10 " + to + "|20 " + from + "|10 " + to + "|20 " +
-               to + "|10 " + from + "|20 " + to + "|97 0|";
+        const std::string begin = std::to_string(low);
+        const std::string end = std::to_string(high);
+        return "92 2|72 0|73 1|93 4|10 " + begin + "|20 " + begin + "|10 " + end + "|20 " + begin + "|10 " + end +
+               "|20 " + end + "|10 " + begin + "|20 " + end + "|97 0|";
     };
     const std::string nested = "0 HATCH|8 0|10 0|20 0|30 0|70 1|91 3|" + square(0, 9) + square(4, 5) + square(2, 7);
     EXPECT_EQ(
@@ -268,6 +268,8 @@ TEST(DisplayList, GoesOnWhereOnlyAdditionsWereMade) {
          [](dxf::Drawing& d) { d.append_entry("LAYER", groups("0 LAYER|2 THERE|70 0|62 3")); }},
         {"another scale of dashes", false,
          [](dxf::Drawing& d) { d.append_header_variable(groups("9 $LTSCALE|40 2")); }},
+        {"an order of drawing", false,
+         [](dxf::Drawing& d) { d.append_object(groups("0 SORTENTSTABLE|330 1F|331 A|5 B")); }},
         {"more in a block", false, [](dxf::Drawing& d) { d.append_to_block(0, groups("0 POINT|8 0|10 9|20 9")); }},
         {"the block that was missing", false,
          [](dxf::Drawing& d) {

@@ -190,15 +190,21 @@ void DimensionPainter::paint_radial(const wchar_t* sign, bool both_arrows) {
     paint_text(sign + length(run.length()), (from + to) * 0.5, run * (1 / run.length()));
 }
 
-/// Flag 64 measures along x.
+/// Flag 64 measures along x. The line leaves its point and comes to its end along the other axis.
 void DimensionPainter::paint_ordinate() {
     const bool along_x = (scope_.fields.integer(70) & 64) != 0;
     const Vec2 feature = point(13).plan();
     const Vec2 end = point(14).plan();
     const Vec2 offset = feature - point(10).plan();
+    const Vec2 axis = along_x ? Vec2{0, 1} : Vec2{1, 0};
+    const double reach = dot(end - feature, axis);
+    const double straight = std::copysign(std::min(2 * style_.arrow_size(), std::fabs(reach) / 2), reach);
+    const Vec2 first_corner = feature + axis * (reach - 2 * straight);
+    const Vec2 second_corner = end - axis * straight;
     take_ink(176);
-    line(feature, end);
-    paint_text(length(std::fabs(along_x ? offset.x : offset.y)), end, along_x ? Vec2{0, 1} : Vec2{1, 0});
+    scope_.out.strip({scope_.world(at_height(feature)), scope_.world(at_height(first_corner)),
+                      scope_.world(at_height(second_corner)), scope_.world(at_height(end))});
+    paint_text(length(std::fabs(along_x ? offset.x : offset.y)), end, axis);
 }
 
 }  // namespace

@@ -52,11 +52,11 @@ class DisplayListBuilder {
     /// Calls draw(id) for the entities of a space or block in the order in which they are drawn.
     template <typename Draw>
     void draw_all(const std::wstring& owner, const dxf::RecordRun& entities, Draw draw) {
-        if (!order_.governs(owner)) {
-            std::for_each(entities.begin(), entities.end(), draw);
-        } else if (list_.budget.work(entities.size() * steps_of_sorting)) {
+        if (order_.governs(owner) && list_.budget.work(entities.size() * steps_of_sorting)) {
             const std::vector<dxf::RecordId> sorted = order_.sorted(owner, entities);
             std::for_each(sorted.begin(), sorted.end(), draw);
+        } else {
+            std::for_each(entities.begin(), entities.end(), draw);
         }
     }
     /// Places blocks for the entity in `fields_`.
