@@ -77,7 +77,8 @@ TEST(Annotations, OfFramesWithTexts) {
         "------ text \"b\" centre 120,42.91 x 0.18,0 y 0,0.18\n",
         described(styles + entities("0 TOLERANCE|8 0|3 OPEN|10 5|20 5|1 {\\Fgdt;j}%%v{\\Fgdt;n}0.5%%v%%v^JA|11 0|21 1|"
                                     "0 ACAD_TABLE|8 0|2 *GONE|10 100|20 50|141 4|141 6|142 10|142 20|"
-                                    "171 1|175 2|176 1|1 Title|140 2|171 1|1 under it|171 1|1 a|171 1|302 b")));
+                                    "171 1|175 2|176 1|1 Title|140 2|171 1|1 under it|171 1|1 a|171 1|301 "
+                                    "CELL_VALUE|140 100|302 b|304 ACVALUE_END")));
 }
 
 TEST(Annotations, OfMeshesAndPictures) {

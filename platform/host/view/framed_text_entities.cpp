@@ -61,6 +61,7 @@ std::vector<TableCell> read_cells(const EntityScope& scope) {
         return static_cast<size_t>(std::max<int64_t>(group.integer(), 1));
     };
     std::vector<TableCell> cells;
+    bool in_value = false;  // in which 140 is a number that is shown
     for (const dxf::Group& group : scope.fields.groups()) {
         if (group.code == 171) {
             cells.emplace_back();
@@ -68,7 +69,9 @@ std::vector<TableCell> read_cells(const EntityScope& scope) {
             continue;
         } else if (group.code == 1 || (group.code == 302 && cells.back().text.empty())) {
             cells.back().text = scope.fields.decode(group.value);
-        } else if (group.code == 140) {
+        } else if (group.code == 301 || group.code == 304) {
+            in_value = group.code == 301;
+        } else if (group.code == 140 && !in_value) {
             cells.back().height = group.real();
         } else if (group.code == 170) {
             cells.back().alignment = group.integer();
