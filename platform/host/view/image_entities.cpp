@@ -22,6 +22,7 @@ std::vector<Vec3> image_outline(const EntityScope& scope) {
         clip = {clip[0], {clip[1].x, clip[0].y, 0}, clip[1], {clip[0].x, clip[1].y, 0}};
     }
     std::vector<Vec3> outline;
+    outline.reserve(clip.size());
     for (const Vec3& pixel : clip) {
         outline.push_back(corner + across * (pixel.x + 0.5) + up * (height - 0.5 - pixel.y));
     }
@@ -33,6 +34,7 @@ std::vector<Vec3> image_outline(const EntityScope& scope) {
 
 std::vector<Vec2> plan(const EntityScope& scope, const std::vector<Vec3>& points) {
     std::vector<Vec2> seen;
+    seen.reserve(points.size());
     for (const Vec3& point : points) {
         seen.push_back(scope.world(point));
     }

@@ -65,20 +65,18 @@ class ContextReader {
     LeaderContext read() {
         enum Level { outside, context, leader, line } level = outside;
         for (const dxf::Group& group : scope_.fields.groups()) {
-            if (group.code == 300 && level == outside) {
-                level = context;
+            const bool opens = group.code == 300 && level == outside;
+            const bool closes = (group.code == 303 && level == leader) || (group.code == 305 && level == line);
+            if (opens || closes) {
+                level = level == line ? leader : context;
             } else if (group.code == 301 && level == context) {
                 break;
             } else if (group.code == 302 && level == context) {
                 level = leader;
                 said_.leaders.emplace_back();
-            } else if (group.code == 303 && level == leader) {
-                level = context;
             } else if (group.code == 304 && level == leader) {
                 level = line;
                 said_.leaders.back().lines.emplace_back();
-            } else if (group.code == 305 && level == line) {
-                level = leader;
             } else if (level == context) {
                 read_content(group);
             } else if (level == leader) {

@@ -60,6 +60,7 @@ void Raster::begin_clip(const std::vector<Vec2>& polygon) {
         mask.height = std::min(static_cast<int>(area.high.y) + 1, height_) - mask.top;
         mask.seen.resize(static_cast<size_t>(mask.width) * static_cast<size_t>(mask.height));
         std::vector<Vec2> moved;
+        moved.reserve(polygon.size());
         for (const Vec2 corner : polygon) {
             moved.push_back(corner - Vec2{static_cast<double>(mask.left), static_cast<double>(mask.top)});
         }
