@@ -27,7 +27,7 @@ const wchar_t* lower_letters() {
 }  // namespace
 
 wchar_t CellSearch::folded(wchar_t letter) const {
-    const auto code = static_cast<std::uint32_t>(letter);
+    const auto code = static_cast<char32_t>(letter);
     return code < remembered_letters ? lower_[code] : base::to_lower(letter);
 }
 

@@ -15,7 +15,6 @@ namespace {
 constexpr int line_width = 1;
 constexpr COLORREF line_color = RGB(192, 192, 192);
 
-
 bool key_held(int key) {
     return ::GetKeyState(key) < 0;
 }

@@ -15,7 +15,7 @@ WidestTexts::WidestTexts(std::function<int(wchar_t)> width_of)
     : ask_(std::move(width_of)), known_(remembered_characters, -1) {}
 
 int WidestTexts::width_of(wchar_t character) {
-    const auto code = static_cast<std::uint32_t>(character);
+    const auto code = static_cast<char32_t>(character);
     if (code >= known_.size()) {
         return ask_(character);
     }
