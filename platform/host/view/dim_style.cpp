@@ -8,6 +8,7 @@ namespace host {
 namespace {
 
 constexpr size_t steps_of_an_entry = 20;
+constexpr size_t steps_of_a_text = 1000;
 
 /// The values behind "DSTYLE" in an entity's extended data of "ACAD", by the codes that a style has them under.
 std::map<int, dxf::Group> read_overrides(const dxf::RecordView& record) {
@@ -41,7 +42,7 @@ DimStyle::DimStyle(const EntityScope& scope) : scope_(scope), overrides_(read_ov
         return;
     }
     const dxf::RecordId id = scope.drawing.table_entry("DIMSTYLE", scope.fields.text(3, L"Standard"));
-    if (id != dxf::no_record) {
+    if (scope.may_read(id)) {
         style_.emplace(scope.drawing.view(id));
     }
 }
@@ -74,7 +75,7 @@ bool DimStyle::drops_trailing_zeros() const {
 std::wstring DimStyle::text_style() const {
     const dxf::Group* const said = find(340);
     const dxf::RecordId id = said != nullptr ? scope_.settings.by_handle(said->handle()) : dxf::no_record;
-    return id == dxf::no_record ? std::wstring() : scope_.drawing.view(id).text(2);
+    return scope_.text_of(id, 2);
 }
 
 std::optional<Ink> DimStyle::ink(int code) const {
@@ -109,6 +110,9 @@ void draw_arrow_head(const EntityScope& scope, const std::wstring& block, const 
 }
 
 void draw_made_text(const EntityScope& scope, const MadeText& text) {
+    if (!scope.out.budget().work(steps_of_a_text)) {
+        return;
+    }
     const dxf::Manner manner{dxf::Encoding::ascii, "\n", scope.record.codec()};
     dxf::RecordWriter writer(manner);
     const auto point = [&writer](int code, const Vec3& at) { writer.point(code, at.x, at.y, at.z); };

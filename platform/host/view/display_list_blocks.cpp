@@ -111,6 +111,9 @@ bool DisplayListBuilder::PartPlacer::place(const std::wstring& name, const Trans
         builder_.list_.lacking = true;
         return false;
     }
+    if (!builder_.list_.budget.work(steps_of_a_copy)) {
+        return true;
+    }
     dxf::RecordFields& fields = builder_.fields_;
     const dxf::NameId layer = builder_.drawing_.record(id_).layer;
     const Ink ink = target_.out.ink();
@@ -167,12 +170,17 @@ void DisplayListBuilder::place_block(dxf::RecordId id, dxf::BlockId block, const
 
 /// The boundary that clips the reference, for a block placed so.
 std::vector<Vec2> DisplayListBuilder::clip_in(const Transform3& placement, const dxf::RecordView& record) {
+    const std::vector<Vec3>& clip = settings_.clip_of(record);
     std::vector<Vec2> boundary;
-    for (const Vec3& corner : settings_.clip_of(record)) {
+    if (clip.empty() || !list_.budget.take(clip.size() * sizeof(Vec2))) {
+        return boundary;
+    }
+    boundary.reserve(clip.size());
+    for (const Vec3& corner : clip) {
         boundary.push_back(placement(corner).plan());
     }
     const bool usable = std::all_of(boundary.begin(), boundary.end(), [](Vec2 corner) { return finite(corner); });
-    return usable && list_.budget.take(boundary.size() * sizeof(Vec2)) ? boundary : std::vector<Vec2>();
+    return usable ? boundary : std::vector<Vec2>();
 }
 
 /// Makes of a placed block a clipped picture, which stands where it stands.

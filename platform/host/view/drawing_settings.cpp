@@ -112,10 +112,7 @@ dxf::RecordId DrawingSettings::by_handle(uint64_t handle) {
     return found == by_handle_.end() ? dxf::no_record : found->second;
 }
 
-dxf::RecordId DrawingSettings::entry_of(dxf::RecordId dictionary, std::string_view name) {
-    if (dictionary == dxf::no_record) {
-        return dxf::no_record;
-    }
+dxf::RecordId DrawingSettings::find_entry(dxf::RecordId dictionary, std::string_view name) {
     dxf::OwnGroupCursor cursor(drawing_.view(dictionary).groups());
     dxf::Group group;
     bool named = false;
@@ -129,21 +126,41 @@ dxf::RecordId DrawingSettings::entry_of(dxf::RecordId dictionary, std::string_vi
     return dxf::no_record;
 }
 
-std::vector<Vec3> DrawingSettings::clip_of(const dxf::RecordView& reference) {
-    const uint64_t dictionary = has_clips_ ? extension_dictionary(reference) : 0;
-    if (dictionary == 0) {
-        return {};
+dxf::RecordId DrawingSettings::entry_of(dxf::RecordId dictionary, std::string_view name) {
+    if (dictionary == dxf::no_record) {
+        return dxf::no_record;
     }
-    const dxf::RecordId filter = entry_of(entry_of(by_handle(dictionary), "ACAD_FILTER"), "SPATIAL");
-    return filter == dxf::no_record ? std::vector<Vec3>() : read_boundary(dxf::RecordFields(drawing_.view(filter)));
+    const auto [found, added] = entries_.try_emplace({dictionary, name}, dxf::no_record);
+    if (added) {
+        found->second = find_entry(dictionary, name);
+    }
+    return found->second;
 }
 
-std::wstring DrawingSettings::block_name(uint64_t handle) {
-    const dxf::RecordId id = handle == 0 ? dxf::no_record : by_handle(handle);
-    if (id == dxf::no_record || drawing_.type_names().name(drawing_.record(id).type) != L"BLOCK_RECORD") {
-        return {};
+const std::vector<Vec3>& DrawingSettings::clip_of(const dxf::RecordView& reference) {
+    static const std::vector<Vec3> none;
+    const uint64_t dictionary = has_clips_ ? extension_dictionary(reference) : 0;
+    if (dictionary == 0) {
+        return none;
     }
-    return drawing_.view(id).text(2);
+    const dxf::RecordId filter = entry_of(entry_of(by_handle(dictionary), "ACAD_FILTER"), "SPATIAL");
+    if (filter == dxf::no_record) {
+        return none;
+    }
+    const auto [found, added] = clips_.try_emplace(filter);
+    if (added) {
+        found->second = read_boundary(dxf::RecordFields(drawing_.view(filter)));
+    }
+    return found->second;
+}
+
+const std::wstring& DrawingSettings::block_name(uint64_t handle) {
+    const auto [found, added] = block_names_.try_emplace(handle);
+    const dxf::RecordId id = added && handle != 0 ? by_handle(handle) : dxf::no_record;
+    if (id != dxf::no_record && drawing_.type_names().name(drawing_.record(id).type) == L"BLOCK_RECORD") {
+        found->second = drawing_.view(id).text(2);
+    }
+    return found->second;
 }
 
 }  // namespace host

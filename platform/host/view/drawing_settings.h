@@ -1,6 +1,7 @@
 // What the look of entities depends on besides their own groups: header variables, and records named by handle.
 #pragma once
 
+#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -32,16 +33,20 @@ class DrawingSettings {
     /// The table entry or object with this handle that is not erased, or no_record.
     dxf::RecordId by_handle(uint64_t handle);
     /// The boundary that clips a block reference (its SPATIAL_FILTER), in the block's coordinates. Empty for none.
-    std::vector<Vec3> clip_of(const dxf::RecordView& reference);
+    const std::vector<Vec3>& clip_of(const dxf::RecordView& reference);
     /// The block whose BLOCK_RECORD has this handle; empty for none.
-    std::wstring block_name(uint64_t handle);
+    const std::wstring& block_name(uint64_t handle);
 
   private:
     void index_handles();
     dxf::RecordId entry_of(dxf::RecordId dictionary, std::string_view name);
+    dxf::RecordId find_entry(dxf::RecordId dictionary, std::string_view name);
 
     const dxf::Drawing& drawing_;
     const bool has_clips_;
+    std::map<std::pair<dxf::RecordId, std::string_view>, dxf::RecordId> entries_;  ///< of dictionaries
+    std::unordered_map<dxf::RecordId, std::vector<Vec3>> clips_;                   ///< by their SPATIAL_FILTER
+    std::unordered_map<uint64_t, std::wstring> block_names_;
     std::unordered_map<std::string, dxf::RecordId> variables_;
     std::unordered_map<uint64_t, dxf::RecordId> by_handle_;
     bool handles_indexed_ = false;

@@ -34,6 +34,13 @@ struct EntityScope {
     PictureBuilder& out;
     bool in_block = false;
 
+    /// A text of another record that this entity depends on, which costs time; empty where there is no record.
+    std::wstring text_of(dxf::RecordId id, int code) const {
+        return may_read(id) ? drawing.view(id).text(code) : std::wstring();
+    }
+    bool may_read(dxf::RecordId id) const {
+        return id != dxf::no_record && out.budget().work(drawing.record(id).length);
+    }
     Transform3 object_space() const { return fields.has(210) ? space * object_coordinates(fields) : space; }
     Vec2 world(const Vec3& point) const { return space(point).plan(); }
 };

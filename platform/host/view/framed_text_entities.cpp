@@ -146,9 +146,9 @@ void draw_table(const EntityScope& scope) {
         return;
     }
     const dxf::RecordId table_style = scope.settings.by_handle(scope.fields.handle(342));
-    const std::vector<double> heights = table_style == dxf::no_record
-                                            ? std::vector<double>()
-                                            : dxf::RecordFields(scope.drawing.view(table_style)).reals(140);
+    const std::vector<double> heights = scope.may_read(table_style)
+                                            ? dxf::RecordFields(scope.drawing.view(table_style)).reals(140)
+                                            : std::vector<double>();
     const Vec3 along = scope.fields.point(11, {1, 0, 0});
     const Transform3 world =
         Transform3::translation(scope.fields.point(10)) * Transform3::rotation(std::atan2(along.y, along.x));

@@ -49,7 +49,7 @@ void draw_closed(const EntityScope& scope, std::vector<Vec2> outline) {
 /// The name, without its folders, of the file that the definition in group 340 names.
 std::wstring file_name(const EntityScope& scope) {
     const dxf::RecordId definition = scope.settings.by_handle(scope.fields.handle(340));
-    const std::wstring path = definition == dxf::no_record ? std::wstring() : scope.drawing.view(definition).text(1);
+    const std::wstring path = scope.text_of(definition, 1);
     return path.substr(path.find_last_of(L"/\\") + 1);
 }
 

@@ -155,9 +155,7 @@ void ContextReader::read_content(const dxf::Group& group) {
             said_.text.value = scope_.fields.decode(group.value);
             break;
         case 340:
-            if (const dxf::RecordId style = scope_.settings.by_handle(group.handle()); style != dxf::no_record) {
-                said_.text.style = scope_.drawing.view(style).text(2);
-            }
+            said_.text.style = scope_.text_of(scope_.settings.by_handle(group.handle()), 2);
             break;
         case 341:
             said_.block = group.handle();

@@ -192,7 +192,7 @@ void ProxyPainter::set_layer(uint32_t number) {
 void ProxyPainter::set_line_type(uint32_t number) {
     const dxf::Table* const table = scope_.drawing.table("LTYPE");
     const bool known = table != nullptr && number < table->entries.size();
-    const std::wstring name = known ? scope_.drawing.view(table->entries[number]).text(2) : std::wstring();
+    const std::wstring name = known ? scope_.text_of(table->entries[number], 2) : std::wstring();
     const bool inherited = !known || name.starts_with(L"By") || name.starts_with(L"BY");
     scope_.out.set_pattern(inherited ? own_pattern_ : scope_.line_types.pattern(name, line_type_scale_));
 }
