@@ -49,6 +49,10 @@ void CalcPriceDialog::DoDataExchange(CDataExchange* exchange) {
     DDX_Check(exchange, IDC_REPORT_SHOW_PRICE, show_price_);
 }
 
+BOOL CalcPriceDialog::PreTranslateMessage(MSG* message) {
+    return grid_.TakesKey(*message) || CDialog::PreTranslateMessage(message) ? TRUE : FALSE;
+}
+
 BOOL CalcPriceDialog::OnInitDialog() {
     CDialog::OnInitDialog();
     grid_.AttachGrid(this, IDC_REPORT_GRID);

@@ -45,6 +45,7 @@ class CalcPriceDialog : public CDialog, private corvanes::GridOwner {
 
   protected:
     void DoDataExchange(CDataExchange* exchange) override;
+    BOOL PreTranslateMessage(MSG* message) override;
     BOOL OnInitDialog() override;
 
     DECLARE_MESSAGE_MAP()

@@ -61,6 +61,13 @@ std::unique_ptr<KeyedOrder> SortingGrid::OnGridSortOrder(int flags) {
     return std::make_unique<EmptyLastOrder>(flags, sorts_by_value());
 }
 
+bool SortingGrid::TakesKey(const MSG& message) {
+    const bool letter = message.message == WM_KEYDOWN && message.wParam >= L'A' && message.wParam <= L'Z';
+    return letter && ::GetKeyState(VK_CONTROL) < 0 && m_hWnd != nullptr && message.hwnd != m_hWnd &&
+           ::IsChild(m_hWnd, message.hwnd) == 0 && ::IsChild(::GetParent(m_hWnd), message.hwnd) != 0 &&
+           Commands().KeyDown(static_cast<UINT>(message.wParam));
+}
+
 void SortingGrid::OnGridKeyDown(UINT* key, BOOL) {
     if (*key == VK_ESCAPE && owner_ != nullptr) {
         owner_->Close();

@@ -62,6 +62,10 @@ void BlockPriceDialog::DoDataExchange(CDataExchange* exchange) {
     DDX_Control(exchange, IDC_TEMPLATE_STATUS, status_);
 }
 
+BOOL BlockPriceDialog::PreTranslateMessage(MSG* message) {
+    return grid_.TakesKey(*message) || CDialog::PreTranslateMessage(message) ? TRUE : FALSE;
+}
+
 BOOL BlockPriceDialog::OnInitDialog() {
     CDialog::OnInitDialog();
     template_active_ = false;

@@ -26,6 +26,7 @@ class BlockPriceDialog : public CDialog, public TemplateGridOwner {
 
   protected:
     void DoDataExchange(CDataExchange* exchange) override;
+    BOOL PreTranslateMessage(MSG* message) override;
     BOOL OnInitDialog() override;
     void OnSetFont(CFont* font) override;
 
