@@ -116,8 +116,11 @@ bool Raster::clip(Vec2& from, Vec2& to) const {
         return false;
     }
     const Vec2 start = from;
-    from = start + run * begin;
-    to = start + run * end;
+    const auto inside = [&area](Vec2 point) {  // for what rounding leaves of lines to far away
+        return Vec2{std::clamp(point.x, area.low.x, area.high.x), std::clamp(point.y, area.low.y, area.high.y)};
+    };
+    from = inside(start + run * begin);
+    to = inside(start + run * end);
     return finite(from) && finite(to);
 }
 
