@@ -175,4 +175,14 @@ std::wstring OpenTemplate::rows() const {
     return lines;
 }
 
+std::string OpenTemplate::buttons() const {
+    std::string enabled;
+    for (const auto& [id, letter] : {std::pair(IDC_TEMPLATE_SAVE, 'S'), std::pair(IDC_TEMPLATE_SAVE_AS, 'A'),
+                                     std::pair(IDC_TEMPLATE_INSERT_ROW, 'I'), std::pair(IDC_TEMPLATE_DELETE_ROW, 'D'),
+                                     std::pair(IDC_TEMPLATE_MOVE_UP, 'U'), std::pair(IDC_TEMPLATE_MOVE_DOWN, 'd')}) {
+        enabled += ::IsWindowEnabled(control(id)) != 0 ? letter : '-';
+    }
+    return enabled;
+}
+
 }  // namespace test_support

@@ -44,6 +44,8 @@ class OpenTemplate {
     MyCug& grid() const;
     BlockPriceDialog& dialog() { return *dialog_; }
     HWND control(int id) const { return ::GetDlgItem(dialog_->m_hWnd, id); }
+    /// Which of Save, Save As, Insert Row, Delete Row, Move Up and Move Down are enabled: a letter each.
+    std::string buttons() const;
     std::wstring text_of(int id) const;
     /// Whether the dialog has not been ended.
     bool is_open() const { return ::IsWindowVisible(dialog_->m_hWnd) != 0; }
