@@ -243,7 +243,7 @@ void DisplayListBuilder::draw_plain(dxf::RecordId id, const dxf::RecordView& rec
     const EntityScope scope = scope_of(record, target, blocks);
     if (kind != nullptr) {
         kind->draw(scope);
-    } else if (!draw_proxy_graphics(scope)) {
+    } else if (!(record.type() == "SHAPE" ? draw_shape(scope) : draw_proxy_graphics(scope))) {
         ++list_.not_shown[drawing_.type_names().name(entry.type)];
     }
 }

@@ -1,5 +1,6 @@
 #include "platform/host/view/drawing_settings.h"
 
+#include "base/file_contents.h"
 #include "platform/host/dxf/own_groups.h"
 #include "platform/host/view/transform3.h"
 
@@ -161,6 +162,40 @@ const std::wstring& DrawingSettings::block_name(uint64_t handle) {
         found->second = drawing_.view(id).text(2);
     }
     return found->second;
+}
+
+/// Files are named by styles of shapes, with or without a folder, which is another machine's.
+void DrawingSettings::read_shape_files() {
+    constexpr int64_t of_shapes = 1;
+    constexpr size_t most_files = 20;
+    shape_files_.emplace();
+    const dxf::Table* const table = drawing_.table("STYLE");
+    if (table == nullptr) {
+        return;
+    }
+    for (const dxf::RecordId id : table->entries) {
+        if (drawing_.record(id).is(dxf::Record::erased) || shape_files_->size() == most_files ||
+            (drawing_.view(id).integer(70) & of_shapes) == 0) {
+            continue;
+        }
+        const std::wstring said = drawing_.view(id).text(3);
+        std::filesystem::path path = drawing_.path().parent_path() / said.substr(said.find_last_of(L"/\\") + 1);
+        const auto contents = base::FileContents::read(path.has_extension() ? path : path.replace_extension(L".shx"));
+        if (std::optional<ShapeFile> file = contents ? ShapeFile::read(contents->bytes()) : std::nullopt) {
+            shape_files_->push_back(*std::move(file));
+        }
+    }
+}
+
+const std::vector<ShapeStroke>& DrawingSettings::shape(const std::string& name) {
+    if (!shape_files_) {
+        read_shape_files();
+    }
+    const auto [place, is_new] = shapes_.try_emplace(name);
+    for (size_t file = 0; is_new && file < shape_files_->size() && place->second.empty(); ++file) {
+        place->second = (*shape_files_)[file].strokes(name);
+    }
+    return place->second;
 }
 
 }  // namespace host

@@ -10,6 +10,7 @@
 
 #include "platform/host/dxf/drawing.h"
 #include "platform/host/view/geometry.h"
+#include "platform/host/view/shape_file.h"
 
 namespace host {
 
@@ -34,10 +35,13 @@ class DrawingSettings {
     dxf::RecordId by_handle(uint64_t handle);
     /// The boundary that clips a block reference (its SPATIAL_FILTER), in the block's coordinates. Empty for none.
     const std::vector<Vec3>& clip_of(const dxf::RecordView& reference);
+    /// The strokes of a shape, of the first style of shapes whose file lies beside the drawing and has it; none else.
+    const std::vector<ShapeStroke>& shape(const std::string& name);
     /// The block whose BLOCK_RECORD has this handle; empty for none.
     const std::wstring& block_name(uint64_t handle);
 
   private:
+    void read_shape_files();
     void index_handles();
     dxf::RecordId entry_of(dxf::RecordId dictionary, std::string_view name);
     dxf::RecordId find_entry(dxf::RecordId dictionary, std::string_view name);
@@ -52,6 +56,8 @@ class DrawingSettings {
     bool handles_indexed_ = false;
     std::optional<bool> wipeout_frames_;
     std::optional<PointMarks> point_marks_;
+    std::optional<std::vector<ShapeFile>> shape_files_;
+    std::map<std::string, std::vector<ShapeStroke>> shapes_;
 };
 
 }  // namespace host

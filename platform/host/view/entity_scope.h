@@ -81,6 +81,9 @@ void draw_table(const EntityScope& scope);
 /// What an MTEXT has behind its letters, which take `area` of `plane`, in drawing units; `height` is that of capitals.
 void draw_text_background(const EntityScope& scope, const Transform3& plane, const Box2& area, double height);
 
+/// False where the shape's file is not beside the drawing, or has no such shape.
+bool draw_shape(const EntityScope& scope);
+
 /// The picture that an entity of a kind of its application's own brings along; false when it has none.
 bool draw_proxy_graphics(const EntityScope& scope);
 
