@@ -263,6 +263,8 @@ TEST(DisplayList, GoesOnWhereOnlyAdditionsWereMade) {
          }},
         {"a line that goes again", true,
          [](dxf::Drawing& d) { d.erase(d.append_entity(groups("0 LINE|8 0|10 1|20 2|11 3|21 4"))); }},
+        {"the next handle", true,
+         [](dxf::Drawing& d) { d.replace_value(d.header_variable("$HANDSEED"), 5, dxf::Handle{0x77}); }},
         {"a point gone", false, [](dxf::Drawing& d) { d.erase(d.entities()[0]); }},
         {"a layer that was missing", false,
          [](dxf::Drawing& d) { d.append_entry("LAYER", groups("0 LAYER|2 THERE|70 0|62 3")); }},
@@ -279,7 +281,8 @@ TEST(DisplayList, GoesOnWhereOnlyAdditionsWereMade) {
     };
     for (const LaterEdit& edit : edits) {
         const auto drawing =
-            drawing_of(tables("0 TABLE|2 LTYPE|70 1|0 LTYPE|2 DASHED|73 2|40 3|49 2|49 -1|0 ENDTAB|"
+            drawing_of("0 SECTION|2 HEADER|9 $HANDSEED|5 FF|0 ENDSEC|" +
+                       tables("0 TABLE|2 LTYPE|70 1|0 LTYPE|2 DASHED|73 2|40 3|49 2|49 -1|0 ENDTAB|"
                               "0 TABLE|2 STYLE|70 1|0 STYLE|2 STANDARD|70 0|3 txt|0 ENDTAB") +
                        blocks(block("ONE", "0 POINT|8 0|10 1|20 0")) +
                        entities("0 POINT|8 THERE|10 3|20 4|0 INSERT|8 0|2 ONE|10 1|20 1|0 INSERT|8 0|2 GONE|10 1|20 1|"

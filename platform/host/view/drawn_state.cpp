@@ -2,18 +2,24 @@
 
 #include <algorithm>
 
+#include "base/code_page.h"
+
 namespace host {
 
 namespace {
 
-bool is_table_head(const dxf::Drawing& drawing, dxf::RecordId id) {
-    return std::any_of(drawing.tables().begin(), drawing.tables().end(),
+constexpr char hand_seed[] = "$HANDSEED";
+
+/// Whether a record says only how many entries a table has, or which handle is the next.
+bool only_counts(const dxf::Drawing& drawing, dxf::RecordId id) {
+    return drawing.view(id).type() == hand_seed ||
+           std::any_of(drawing.tables().begin(), drawing.tables().end(),
                        [id](const dxf::Table& table) { return table.head == id; });
 }
 
 /// Whether a new record of this type may change the look of what was there before it.
 bool governs_others(const std::wstring& type, bool lacking) {
-    const bool header_variable = type.starts_with(L"$") && type != L"$HANDSEED";
+    const bool header_variable = type.starts_with(L"$") && type != base::wide_from_utf8(hand_seed);
     const bool named = type == L"STYLE" || type == L"BLOCK";
     return header_variable || type == L"LAYER" || type == L"LTYPE" || type == L"SORTENTSTABLE" ||
            type == L"WIPEOUTVARIABLES" || type == L"SPATIAL_FILTER" || (named && lacking);
@@ -35,9 +41,8 @@ bool DrawnState::still_holds(const dxf::Drawing& drawing, bool lacking) const {
         return false;
     }
     const auto& changed = drawing.changed_records();
-    const bool all_kept = std::all_of(changed.begin() + static_cast<ptrdiff_t>(changes), changed.end(), [&](auto id) {
-        return id >= records || is_table_head(drawing, id);  // the count of a table's entries
-    });
+    const bool all_kept = std::all_of(changed.begin() + static_cast<ptrdiff_t>(changes), changed.end(),
+                                      [&](auto id) { return id >= records || only_counts(drawing, id); });
     if (!all_kept) {
         return false;
     }
