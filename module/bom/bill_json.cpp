@@ -21,6 +21,8 @@ constexpr const char* program = "Corvanes " CORVANES_VERSION;
 /// Writes JSON at the end of a text.
 class JsonWriter {
   public:
+    /// Makes room, so that a long text is not copied as it grows.
+    void reserve(std::size_t bytes) { json_.reserve(bytes); }
     JsonWriter& raw(std::string_view json) {
         json_ += json;
         return *this;
@@ -72,14 +74,32 @@ class JsonWriter {
 
 class BillWriter {
   public:
-    explicit BillWriter(const Bill& bill) : bill_(bill) {
-        for (const BlockReferences& block : bill.counted) {
+    explicit BillWriter(Bill bill) : bill_(std::move(bill)) {
+        for (BlockReferences& block : bill_.counted) {
             std::vector<std::uint64_t>& all = handles_[base::lower(block.name)];
-            all.insert(all.end(), block.handles.begin(), block.handles.end());
+            if (all.empty()) {
+                all = std::move(block.handles);
+            } else {
+                all.insert(all.end(), block.handles.begin(), block.handles.end());
+            }
         }
     }
 
+    std::size_t estimated_size() const {
+        constexpr std::size_t of_handle = 10;
+        constexpr std::size_t of_row = 300;
+        std::size_t handles = 0;
+        for (const auto& [name, of_block] : handles_) {
+            handles += of_block.size();
+        }
+        for (const Note& note : bill_.notes) {
+            handles += note.handles.size();
+        }
+        return handles * of_handle + (bill_.rows.size() + bill_.notes.size()) * of_row;
+    }
+
     std::string write() {
+        out_.reserve(estimated_size());
         std::vector<ReportCells> rows = bill_.rows;
         std::wstring sum;
         // A summary has no quantity; a block of that name has one. An empty report gets a summary with each sort.
@@ -174,15 +194,15 @@ class BillWriter {
         out_.raw(", \"number\": ").number(note.number).raw("}");
     }
 
-    const Bill& bill_;
+    Bill bill_;
     std::unordered_map<std::wstring, std::vector<std::uint64_t>> handles_;
     JsonWriter out_;
 };
 
 }  // namespace
 
-std::string bill_json(const Bill& bill) {
-    return BillWriter(bill).write();
+std::string bill_json(Bill bill) {
+    return BillWriter(std::move(bill)).write();
 }
 
 }  // namespace corvanes

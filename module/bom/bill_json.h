@@ -27,6 +27,6 @@ struct Bill {
 };
 
 /// UTF-8. Names of blocks join rows and references without regard to case.
-std::string bill_json(const Bill& bill);
+std::string bill_json(Bill bill);
 
 }  // namespace corvanes

@@ -74,7 +74,7 @@ void BillFile::write(BlockCount&& count, MyCug2& grid) {
     bill.with_prices = report_options().show_prices;
     bill.counted = std::move(count.counted);
     bill.notes = std::move(count.notes);
-    if (!base::replace_file(path_, bill_json(bill))) {
+    if (!base::replace_file(path_, bill_json(std::move(bill)))) {
         alert_cannot_open(path_.c_str());
     }
 }

@@ -42,21 +42,25 @@ struct Side {
     }
 };
 
-/// An area for each entity; those that end nowhere have none.
-std::vector<Box2> boxes_of_entities(const Picture& picture) {
-    std::vector<Box2> boxes;
-    dxf::RecordId last = dxf::no_record;
+/// Calls visit(box) with the area of each entity; those that end nowhere have none.
+template <typename Visit>
+void visit_entities(const Picture& picture, Visit visit) {
+    Box2 box;
+    dxf::RecordId entity = dxf::no_record;
     for (const Primitive& primitive : picture.primitives) {
         if (primitive.endless || primitive.box.empty()) {
             continue;
         }
-        if (primitive.entity != last || boxes.empty()) {
-            boxes.emplace_back();
+        if (primitive.entity != entity && !box.empty()) {
+            visit(box);
+            box = Box2();
         }
-        boxes.back().add(primitive.box);
-        last = primitive.entity;
+        box.add(primitive.box);
+        entity = primitive.entity;
     }
-    return boxes;
+    if (!box.empty()) {
+        visit(box);
+    }
 }
 
 /// The range that holds all but the outermost parts of the numbers.
@@ -112,17 +116,21 @@ LastArea last_area(const DisplayList& list) {
 }
 
 std::optional<Box2> crowded_area(const DisplayList& list) {
-    constexpr size_t few = 20;   // things, of which each may be what the drawing is about
-    constexpr double speck = 4;  // times larger: worth a picture
-    const std::vector<Box2> things = boxes_of_entities(list.top);
-    if (things.size() < few) {
-        return std::nullopt;
-    }
+    constexpr size_t few = 20;          // things, of which each may be what the drawing is about
+    constexpr double speck = 4;         // times larger: worth a picture
+    constexpr size_t enough = 100'000;  // things tell where most of them are
+    const size_t every = list.top.primitives.size() / enough + 1;
     std::vector<double> x;
     std::vector<double> y;
-    for (const Box2& thing : things) {
-        x.push_back(thing.centre().x);
-        y.push_back(thing.centre().y);
+    size_t things = 0;
+    visit_entities(list.top, [&](const Box2& thing) {
+        if (things++ % every == 0) {
+            x.push_back(thing.centre().x);
+            y.push_back(thing.centre().y);
+        }
+    });
+    if (things < few) {
+        return std::nullopt;
     }
     const auto [left, right] = common_range(x);
     const auto [low, high] = common_range(y);
@@ -132,12 +140,12 @@ std::optional<Box2> crowded_area(const DisplayList& list) {
         return box.width() * speck < whole.width() && box.height() * speck < whole.height();
     };
     Box2 area;
-    for (const Box2& thing : things) {
+    visit_entities(list.top, [&](const Box2& thing) {
         // What reaches across the drawing, as a frame does, says nothing about where its things are.
         if (centres.contains(thing.centre()) && much_smaller(thing)) {
             area.add(thing);
         }
-    }
+    });
     const bool seen = !area.empty() && (area.width() > 0 || area.height() > 0);
     return seen && much_smaller(area) ? std::optional(area) : std::nullopt;
 }

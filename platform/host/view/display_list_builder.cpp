@@ -120,8 +120,9 @@ DisplayList DisplayListBuilder::build() {
         references += stands_here(id) && drawing_.record(id).type == dxf::type_insert ? 1 : 0;
     }
     const auto room = static_cast<size_t>(list_.budget.bytes_left() / 4 / sizeof(Primitive));
-    const size_t parts = entities / 16 + 256;  // of entities that have several, as references with attributes
-    out.reserve(std::min(entities + parts, room), std::min(references + parts, room));
+    constexpr size_t few_more = 256;                // that may come later
+    const size_t parts = entities / 16 + few_more;  // of entities that have several, as references with attributes
+    out.reserve(std::min(entities + parts, room), std::min(references + few_more, room));
     draw_all(paper ? L"*Paper_Space" : L"*Model_Space", drawing_.entities(), [&](dxf::RecordId id) {
         if (stands_here(id)) {
             draw_record(id, target);
