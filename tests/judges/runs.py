@@ -259,6 +259,21 @@ def permissions(bench):
     return 1, int(good and modes == [0o640, 0o640, 0o600] and (folder / "elsewhere.png").stat().st_size > 1000)
 
 
+def specks(bench):
+    """Things far away give a picture of the rest, which goes with the next run that needs none, but not what a link to it names."""
+    folder = bench.new_folder("specks")
+    out = folder / "out"
+    far = b"  0\nLINE\n  8\n0\n 10\n9e6\n 20\n9e6\n 11\n9.1e6\n 21\n9.1e6\n  0\nENDSEC\n  0\nSECTION\n  2\nOBJECTS\n"
+    text = SAMPLE.read_bytes()
+    (folder / "speck.dxf").write_bytes(text.replace(b"  0\nENDSEC\n  0\nSECTION\n  2\nOBJECTS\n", far, 1))
+    words = subprocess.run([ROOT / "run", folder / "speck.dxf", PRICES, "--out", out], capture_output=True, text=True).stderr
+    made = "drawing-detail.png shows most of it" in words and (out / "drawing-detail.png").stat().st_size > 10000
+    (out / "drawing-detail.png").rename(folder / "kept.png")
+    (out / "drawing-detail.png").symlink_to(folder / "kept.png")
+    gone = run(SAMPLE, PRICES, "--out", out)[0] == 0 and sorted(os.listdir(out)) == RESULTS and (folder / "kept.png").exists()
+    return 2, made + gone
+
+
 CASES = (
     (refused_files, "names that Windows forbids, pipes, devices, empty and missing arguments"),
     (drawings_without_references, "drawings whose references cannot be selected"),
@@ -269,5 +284,6 @@ CASES = (
     (interrupted, "Ctrl-C at some instant of a run"),
     (killed, "kills at some instant of a run"),
     (vanished_folder, "output folders that vanish midway"),
+    (specks, "drawings that are a speck in their picture"),
     (permissions, "results over files with permissions and links"),
 )

@@ -101,6 +101,8 @@ TEST(TextEntities, OfSeveralLooksStandBesideEachOther) {
         // A line of Hebrew goes on at the left.
         "ff0000 text \"12\" left 0.777,-1 x 1,0 y 0,1 from right fit 1.553\n"
         "------ text \"\xD7\xA9\" left 0,-1 x 1,0 y 0,1 from right fit 0.777\n"
+        // An empty line at the front takes its place.
+        "------ text \"H\" left 0,-2.667 x 1,0 y 0,1\n"
         // Under a part of a line.
         "------ text \"H\" left -1.008,0 x 1,0 y 0,1 fit 1.008\n"
         "------ text \"H\" left 0,0 x 1,0 y 0,1 fit 1.008\n"
@@ -108,6 +110,7 @@ TEST(TextEntities, OfSeveralLooksStandBesideEachOther) {
         described(styles + entities("0 MTEXT|8 0|10 0|20 0|40 1|1 H{\\C1;H}\\SH/HH;|"
                                     "0 MTEXT|8 0|10 0|20 0|40 1|41 10|1 \\pxqc;H\\P\\pxqr;\\H2;H|"
                                     "0 MTEXT|8 0|10 0|20 0|40 1|1 {\\C1;12}\\U+05E9|"
+                                    "0 MTEXT|8 0|10 0|20 0|40 1|1 \\PH|"
                                     "0 TEXT|8 0|10 0|20 0|11 0|21 0|72 1|40 1|1 H%%uH")));
 }
 

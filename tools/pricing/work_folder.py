@@ -69,13 +69,13 @@ class WorkFolder:
             pairs = [(os.path.join(ready, name), os.path.realpath(os.path.join(self.out, name)))
                      for name in sorted(os.listdir(ready))]
             for staged, target in pairs:  # what can fail comes first
-                if not may_replace(staged, target):
+                if os.path.getsize(staged) > 0 and not may_replace(staged, target):
                     overwritten.append((target, overwrite(target, contents(staged))))
             for staged, target in pairs:
                 if os.path.getsize(staged) == 0:
-                    os.unlink(staged)
                     with contextlib.suppress(FileNotFoundError):
-                        os.unlink(target)
+                        os.unlink(os.path.join(self.out, os.path.basename(staged)))  # of a link, the link
+                    os.unlink(staged)
                 elif may_replace(staged, target):
                     os.rename(staged, target)
         except OSError:

@@ -21,7 +21,7 @@ bool only_counts(const dxf::Drawing& drawing, dxf::RecordId id) {
 bool governs_others(const std::wstring& type, bool lacking) {
     const bool header_variable = type.starts_with(L"$") && type != base::wide_from_utf8(hand_seed);
     const bool named = type == L"STYLE" || type == L"BLOCK";
-    return header_variable || type == L"LAYER" || type == L"LTYPE" || type == L"SORTENTSTABLE" ||
+    return header_variable || type == L"LAYER" || type == L"LTYPE" || type == L"DIMSTYLE" || type == L"SORTENTSTABLE" ||
            type == L"WIPEOUTVARIABLES" || type == L"SPATIAL_FILTER" || (named && lacking);
 }
 

@@ -14,6 +14,7 @@ constexpr double chord_error = 0.3;           // pixels
 constexpr double readable_height = 2.5;       // pixels; smaller text is shown as a line
 constexpr double easily_readable_height = 5;  // pixels
 constexpr double dense_points = 0.5;          // pixels; nearer points of a strip are left out
+constexpr size_t longest_shaped = 10'000;     // characters; nobody reads more in a line
 constexpr double same_place = 0.4;            // pixels; of points of an outline
 constexpr double shortest_pattern = 3;        // pixels; of a shorter one no dashes can be told apart
 constexpr size_t most_effort = 4'000'000;     // blocks nested like a bomb are cut off here
@@ -243,7 +244,8 @@ void ListPainter::project(const Outline& outline, const Affine2& to_pixels) {
 void ListPainter::paint_text(const TextItem& item, const Affine2& to_pixels) {
     const double height = to_pixels.y.length();
     const bool small = height < easily_readable_height;
-    if (typesetter_ == nullptr || height < readable_height || (small && small_texts_left_ == 0)) {
+    if (typesetter_ == nullptr || height < readable_height || (small && small_texts_left_ == 0) ||
+        item.text.size() > longest_shaped) {
         const Box2 area = text_area(item);
         raster_.line(to_pixels({area.low.x, 0.5}), to_pixels({area.high.x, 0.5}));
         return;

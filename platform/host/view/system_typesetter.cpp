@@ -10,9 +10,9 @@ namespace host {
 
 namespace {
 
-constexpr int em = 1024;  // of every font, in its own units
-constexpr size_t most_lines = 20000;
-constexpr int chords = 4;  // of a Bezier curve: letters have several a turn
+constexpr int em = 1024;                   // of every font, in its own units
+constexpr size_t most_points = 4'000'000;  // of the lines that are kept
+constexpr int chords = 4;                  // of a Bezier curve: letters have several a turn
 
 /// Faces for letters that a font lacks, in the order in which they are tried.
 constexpr const wchar_t* helpers[] = {L"DejaVu Sans", L"WenQuanYi Micro Hei", L"FreeSerif"};
@@ -187,10 +187,13 @@ const TextShape& SystemTypesetter::line_shape(Face& own, const FontFace& wanted,
     if (found != own.lines.end()) {
         return found->second;
     }
-    if (own.lines.size() >= most_lines) {
+    TextShape shape = made(own, wanted, item.text, item.from_right);
+    own.points_of_lines += shape.outline.points.size();
+    if (own.points_of_lines > most_points) {
         own.lines.clear();
+        own.points_of_lines = shape.outline.points.size();
     }
-    return own.lines.emplace(name, made(own, wanted, item.text, item.from_right)).first->second;
+    return own.lines.emplace(name, std::move(shape)).first->second;
 }
 
 /// There are no more letters than 65536.

@@ -25,6 +25,7 @@ class SystemTypesetter final : public Typesetter {
         double narrowing = 1;  ///< the usual face may be missing and shown by a wider one, made as narrow as lines need
         std::unordered_map<wchar_t, TextShape> letters;
         std::unordered_map<std::wstring, TextShape> lines;  ///< those shaped as a whole, behind their direction
+        size_t points_of_lines = 0;
     };
     using Key = std::tuple<std::wstring, bool, bool>;
 

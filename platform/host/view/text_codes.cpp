@@ -102,7 +102,7 @@ std::optional<TextItem::Anchor> alignment_of(wchar_t letter) {
 class ParagraphParser {
   public:
     ParagraphParser(std::wstring_view value, const TextRun& first) : value_(value), look_(first), first_(first) {
-        lines_.emplace_back();
+        begin_line();
     }
 
     std::vector<TextLine> parse() {
@@ -117,7 +117,7 @@ class ParagraphParser {
             } else if (character == L'\n' || character == L'\r') {
                 take_line_end(character);
             } else if (character == L'{') {
-                outer_.push_back(look_);
+                enter_group();
             } else if (character == L'}') {
                 leave_group();
             } else if (character == L'^' && at_ < value_.size() && caret_code(value_[at_])) {
@@ -134,11 +134,7 @@ class ParagraphParser {
 
     void add(wchar_t character) { host::add(lines_.back().runs, look_, character); }
 
-    void begin_line() {
-        const std::optional<TextItem::Anchor> alignment = alignment_;
-        lines_.emplace_back();
-        lines_.back().alignment = alignment;
-    }
+    void begin_line() { lines_.push_back({{}, alignment_, look_.height}); }
 
     void take_line_end(wchar_t character) {
         if (character == L'\n') {
@@ -146,8 +142,20 @@ class ParagraphParser {
         }
     }
 
+    /// Groups within too many others look like the one around them.
+    void enter_group() {
+        constexpr size_t deepest = 100;
+        if (outer_.size() < deepest) {
+            outer_.push_back(look_);
+        } else {
+            ++too_deep_;
+        }
+    }
+
     void leave_group() {
-        if (!outer_.empty()) {
+        if (too_deep_ > 0) {
+            --too_deep_;
+        } else if (!outer_.empty()) {
             look_ = outer_.back();
             outer_.pop_back();
         }
@@ -268,11 +276,16 @@ class ParagraphParser {
     TextRun look_;
     const TextRun first_;
     std::vector<TextRun> outer_;  ///< how the groups around this one look
+    size_t too_deep_ = 0;         ///< groups around this one that are not among them
     std::optional<TextItem::Anchor> alignment_;
     std::vector<TextLine> lines_;
 };
 
 }  // namespace
+
+TextRun TextRun::without_text() const {
+    return {{}, height, width_factor, slant, raise, stacked, rules, ink, face};
+}
 
 bool TextRun::looks_like(const TextRun& other) const {
     return height == other.height && width_factor == other.width_factor && slant == other.slant &&

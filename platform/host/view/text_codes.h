@@ -25,6 +25,8 @@ struct TextRun {
     std::optional<Ink> ink;        ///< where it is not the entity's
     std::optional<FontFace> face;  ///< where it is not the style's
 
+    /// An empty one that looks like this.
+    TextRun without_text() const;
     /// Whether characters of both may stand in one run.
     bool looks_like(const TextRun& other) const;
 };
@@ -32,6 +34,7 @@ struct TextRun {
 struct TextLine {
     std::vector<TextRun> runs;
     std::optional<TextItem::Anchor> alignment;  ///< where it is not that of the whole text
+    double height = 0;                          ///< of a letter that would begin it, in drawing units
 };
 
 /// A TEXT or attribute value in runs like `first`: %%d, %%p, %%c and %%nnn become characters, %%u, %%o and %%k rules.

@@ -19,7 +19,7 @@ double height_of(const TextLine& line) {
     for (const TextRun& run : line.runs) {
         height = std::max(height, run.raise == 0 ? run.height : 0);
     }
-    return height;
+    return height > 0 ? height : line.height;
 }
 
 /// By how much a line grows by a run; `last` is what the run before it added.
@@ -43,19 +43,20 @@ double part_before(TextItem::Anchor anchor) {
 
 /// Breaks a line at blanks so that no part is wider than `width`, where it can be.
 void wrap(const TextLine& line, double width, std::vector<TextLine>& broken) {
-    TextLine part{{}, line.alignment};
+    TextLine part{{}, line.alignment, line.height};
     double part_width = 0;
     for (const TextRun& run : line.runs) {
+        const TextRun look = run.without_text();
         bool begun = false;  // the part ends with a piece of this run
         for (size_t at = 0; at < run.text.size() || !begun;) {
             const size_t letters = run.text.find_first_not_of(L' ', at);
             const size_t end = std::min(run.text.find(L' ', letters), run.text.size());
-            TextRun piece = run;
+            TextRun piece = look;
             piece.text = run.text.substr(at, end - at);
             const bool may_break = !part.runs.empty() && (letters > at || piece.text.empty());
             if (may_break && part_width + width_of(piece) > width) {
                 broken.push_back(std::move(part));
-                part = {{}, line.alignment};
+                part = {{}, line.alignment, line.height};
                 part_width = 0;
                 begun = false;
                 piece.text.erase(0, std::min(letters - at, piece.text.size()));
@@ -115,11 +116,9 @@ std::vector<PlacedRun> place_paragraphs(const std::vector<TextLine>& lines, cons
         }
     }
     std::vector<double> below;  // how far each base line is under that of the first
-    double height = 0;          // of a line without letters: of the one before it
     double widest = setting.width;
     for (const TextLine& line : broken) {
-        height = height_of(line) > 0 ? height_of(line) : height;
-        below.push_back(below.empty() ? 0 : below.back() + height * usual_spacing * setting.spacing);
+        below.push_back(below.empty() ? 0 : below.back() + height_of(line) * usual_spacing * setting.spacing);
         widest = setting.width > 0 ? setting.width : std::max(widest, width_of(line.runs));
     }
     const double first = broken.empty() ? 0 : height_of(broken.front());
