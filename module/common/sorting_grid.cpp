@@ -1,5 +1,7 @@
 #include "common/sorting_grid.h"
 
+#include <string_view>
+
 #include "common/cell_comparison.h"
 
 using namespace corvanes;
@@ -62,7 +64,9 @@ std::unique_ptr<KeyedOrder> SortingGrid::OnGridSortOrder(int flags) {
 }
 
 bool SortingGrid::TakesKey(const MSG& message) {
-    const bool letter = message.message == WM_KEYDOWN && message.wParam >= L'A' && message.wParam <= L'Z';
+    constexpr std::wstring_view harmless = L"ACFGHP";  // a slip of the hand on a button must change no cell
+    const bool letter = message.message == WM_KEYDOWN && message.wParam <= L'Z' &&
+                        harmless.find(static_cast<wchar_t>(message.wParam)) != std::wstring_view::npos;
     return letter && ::GetKeyState(VK_CONTROL) < 0 && m_hWnd != nullptr && message.hwnd != m_hWnd &&
            ::IsChild(m_hWnd, message.hwnd) == 0 && ::IsChild(::GetParent(m_hWnd), message.hwnd) != 0 &&
            Commands().KeyDown(static_cast<UINT>(message.wParam));

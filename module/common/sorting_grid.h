@@ -34,7 +34,8 @@ class SortingGrid : public CUGCtrl {
 
     int OnGridSortCompare(CUGCell* first, CUGCell* second, int flags) override;
     std::unique_ptr<corvanes::KeyedOrder> OnGridSortOrder(int flags) override;
-    /// To be asked for each message of the dialog: Ctrl with a letter is the grid's on the dialog's buttons too.
+    /// To be asked for each message of the dialog: on its buttons too, Ctrl with a letter is the grid's, where that
+    /// copies, finds or prints.
     bool TakesKey(const MSG& message);
     /// Escape closes the dialog.
     void OnGridKeyDown(UINT* key, BOOL processed) override;
