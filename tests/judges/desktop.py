@@ -89,6 +89,14 @@ class Desktop:
         shape = dict(re.findall(r"(\w+)=(-?\d+)", xdotool("getwindowgeometry", "--shell", self.window)))
         self.left, self.top, self.width, self.height = (int(shape[name]) for name in ("X", "Y", "WIDTH", "HEIGHT"))
 
+    def quit(self):
+        """Leaves the host by its command, and waits for the end of its process."""
+        self.type("quit")
+        try:
+            wait_until(lambda: self.process.poll() is not None, "the end of the host")
+        except AssertionError as problem:
+            raise AssertionError(f"{problem} after {self.last_words()!r}") from None
+
     def end(self):
         if self.process.poll() is None:
             self.process.terminate()

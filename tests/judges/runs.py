@@ -103,7 +103,8 @@ def places_of_tables(bench):
         there, rest = bbox.extents([table]), bbox.extents(entity for entity in space if entity is not table)
         beside = there.extmin.x > rest.extmax.x and abs(there.extmax.y / rest.extmax.y - 1) < 0.02
         kept = zoom(bbox.extents(space)) / zoom(rest)
-        places.add((beside and 0.68 < kept < 0.8, round(there.extmin.x), round(kept, 2)))
+        colours = {entity.dxf.color for entity in (table, *table.attribs, *table.block())}
+        places.add((beside and 0.68 < kept < 0.8 and colours == {7}, round(there.extmin.x), round(kept, 2)))
     return len(lies), len(lies) if len(places) == 1 and places.pop()[0] else 0
 
 

@@ -171,7 +171,7 @@ class TemplateByHand(DesktopTest):
         # Where the system's code page has no Hebrew, the keyboard's letters come all the same.
         self.desktop.key("Escape", title=TEMPLATE)
         subprocess.run(["setxkbmap", "us"], check=True)
-        self.desktop.run("quit")
+        self.desktop.quit()
         os.environ["LC_ALL"] = "C.UTF-8"
         self.addCleanup(os.environ.update, LC_ALL="he_IL.UTF-8")
         (self.folder / "list.prc").unlink()
