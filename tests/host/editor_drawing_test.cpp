@@ -152,8 +152,14 @@ TEST_F(HeaderVariables, ChangeWithTheirCommand) {
         drawing("9 $LTSCALE|40 10.0|9 $CLAYER|8 0|9 $CECOLOR|62 0|9 $SNAPMODE|70      1|9 $TEXTSIZE|40 3.5");
     EXPECT_EQ(plain(saved()), three);
     run(L"tstlayer", {});
-    EXPECT_THAT(saved(), HasSubstr(groups("0 INSERT|8 Walls|2 DOOR", 3)));
+    EXPECT_THAT(saved(), HasSubstr(groups("0 INSERT|8 Walls|62 0|2 DOOR", 3)));
     run(L"u", {});
+    EXPECT_THAT(set(L"ADDEDCOLOR", L"300"), HasSubstr(L"!\"300\" is no value for ADDEDCOLOR."));
+    set(L"ADDEDCOLOR", L"7");
+    run(L"tstlayer", {});
+    EXPECT_THAT(saved(), HasSubstr(groups("0 INSERT|8 Walls|62 7|2 DOOR", 3)));
+    run(L"u", {});
+    set(L"ADDEDCOLOR", L".");
     EXPECT_EQ(plain(saved()), three);
     EXPECT_EQ(shown(L"CLAYER"), L"0");
     run(L"qsave", {});

@@ -13,11 +13,12 @@ from references import why_none
 from windows_names import own_paths, windows_path
 
 
+SEEN_ANYWHERE = "7"  # white on black, and black on white
 TABLE_PLACE = ("beside", "move beside-end", "pick beside-end")
 
 
 def price_script(work, prices, hide_prices):
-    return ["QXBOMC", windows_path(prices) if prices else "^C", "ALL", "",
+    return ["REGEN", "SETVAR", "ADDEDCOLOR", SEEN_ANYWHERE, "QXBOMC", windows_path(prices) if prices else "^C", "ALL", "",
             f'@tick "Show Price" {"off" if hide_prices else "on"}', f'@picture "{windows_path(work.file("dialog.png"))}"',
             '@press "Save to file"', windows_path(work.file("report.txt")), '@press "Insert"', *TABLE_PLACE,
             "SAVEAS", windows_path(work.file("drawing.dxf")), "PNGOUT", windows_path(work.file("drawing.png")),

@@ -1,6 +1,7 @@
 // AcDbEntity: what every graphical object has. Other types than those of dbents.h open as this class.
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "dbobject.h"
@@ -28,8 +29,8 @@ class AcDbEntity : public AcDbObject {
   private:
     friend class host::ObjectGate;
 
-    std::wstring layer_;         ///< empty: the current layer when the entity is added
-    Adesk::UInt16 color_ = 256;  ///< 0 by block, 256 by layer, else the colour's number
+    std::wstring layer_;                  ///< empty: the current layer when the entity is added
+    std::optional<Adesk::UInt16> color_;  ///< 0 by block, 256 by layer, else its number; empty: the current one then
     bool invisible_ = false;
     bool paper_space_ = false;
 };

@@ -235,6 +235,13 @@ std::wstring DatabaseStore::current_layer() const {
     return name.empty() ? L"0" : name;
 }
 
+int DatabaseStore::current_colour() const {
+    constexpr int by_layer = 256;
+    const dxf::RecordId record = drawing_->header_variable("$CECOLOR");
+    return added_colour_.value_or(
+        record == dxf::no_record ? by_layer : static_cast<int>(drawing_->view(record).integer(62, by_layer)));
+}
+
 bool DatabaseStore::tilemode() const {
     const dxf::RecordId variable = drawing_->header_variable("$TILEMODE");
     return variable == dxf::no_record || drawing_->view(variable).integer(70, 1) != 0;

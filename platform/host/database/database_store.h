@@ -75,6 +75,10 @@ class DatabaseStore {
     BlockNumber current_space() const;
     bool tilemode() const;
     std::wstring current_layer() const;
+    /// What added entities take: 0 by block, 256 by layer, else the colour's number.
+    int current_colour() const;
+    /// A colour in place of the header's, which the drawing does not keep; none: the header's again.
+    void set_added_colour(std::optional<int> colour) { added_colour_ = colour; }
 
     // Opening and closing.
     Acad::ErrorStatus open(AcDbObject*& object, AcDbObjectId id, const AcRxClass* wanted, AcDb::OpenMode mode,
@@ -123,6 +127,7 @@ class DatabaseStore {
     AcDbDatabase* database_ = nullptr;
     bool has_subclasses_;
     bool implied_[2] = {};
+    std::optional<int> added_colour_;
     BlockCatalogue blocks_;
     OpenObjects open_;
     SelectionSets selections_;

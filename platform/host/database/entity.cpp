@@ -39,6 +39,6 @@ void AcDbEntity::read_fields(const dxf::RecordFields& from) {
 
 void AcDbEntity::write_fields(dxf::FieldWriter& to) const {
     to.begin(record_type(), L"AcDbEntity").integer(67, paper_space_ ? 1 : 0, 0);
-    to.text(8, layer_, L"0", dxf::Field::Presence::always).integer(62, color_, by_layer);
+    to.text(8, layer_, L"0", dxf::Field::Presence::always).integer(62, color_.value_or(by_layer), by_layer);
     to.integer(60, invisible_ ? 1 : 0, 0);
 }

@@ -41,6 +41,11 @@ class ObjectGate {
             entity.layer_ = current_layer;
         }
     }
+    static void settle_colour(AcDbEntity& entity, int current_colour) {
+        if (!entity.color_) {
+            entity.color_ = static_cast<Adesk::UInt16>(current_colour);
+        }
+    }
 };
 
 }  // namespace host

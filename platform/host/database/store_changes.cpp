@@ -24,6 +24,7 @@ Acad::ErrorStatus DatabaseStore::add_entity(BlockNumber block, AcDbEntity& entit
         return Acad::eInvalidInput;
     }
     ObjectGate::settle_space(entity, block == paper_space_number, current_layer());
+    ObjectGate::settle_colour(entity, current_colour());
     dxf::FieldWriter fields = new_fields({drawing_->allocate_handle(), block_handle(block)});
     ObjectGate::write(entity, fields);
     const dxf::RecordId record =

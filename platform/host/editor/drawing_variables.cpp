@@ -54,10 +54,6 @@ std::wstring colour_text(int64_t number) {
     return number == by_layer ? L"BYLAYER" : number == by_block ? L"BYBLOCK" : std::to_wstring(number);
 }
 
-int64_t colour_number(const std::wstring& text) {
-    return text == L"BYLAYER" ? by_layer : text == L"BYBLOCK" ? by_block : parse_integer(text).value_or(by_layer);
-}
-
 VariableValue read_value(const dxf::RecordView& view, const dxf::Group& group, const VariableValue& kind) {
     if (std::holds_alternative<int>(kind)) {
         return static_cast<int>(group.integer());
@@ -79,7 +75,7 @@ dxf::Value encoded(int code, const VariableValue& value) {
         return *real;
     }
     const auto& text = std::get<std::wstring>(value);
-    return code == colour_code ? dxf::Value(colour_number(text)) : dxf::Value(text);
+    return code == colour_code ? dxf::Value(static_cast<int64_t>(current_colour_number(text))) : dxf::Value(text);
 }
 
 /// Some programs leave NaN in a header, which is not equal to itself.
@@ -179,6 +175,7 @@ void DrawingVariables::store(dxf::Drawing& drawing) {
 }
 
 void DrawingVariables::store_current_names(dxf::Drawing& drawing) {
+    store(drawing, L"CECOLOR");
     store(drawing, L"CLAYER");
     store(drawing, L"TEXTSTYLE");
 }
@@ -213,6 +210,14 @@ std::optional<std::wstring> current_colour_from_text(std::wstring_view text) {
     }
     const std::optional<int> number = parse_integer(text);
     return number && *number > by_block && *number < by_layer ? std::optional(std::to_wstring(*number)) : std::nullopt;
+}
+
+std::optional<std::wstring> added_colour_from_text(std::wstring_view text) {
+    return text.empty() || text == L"." ? std::wstring() : current_colour_from_text(text);
+}
+
+int current_colour_number(const std::wstring& text) {
+    return text == L"BYLAYER" ? by_layer : text == L"BYBLOCK" ? by_block : parse_integer(text).value_or(by_layer);
 }
 
 }  // namespace host

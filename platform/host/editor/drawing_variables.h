@@ -24,7 +24,7 @@ class DrawingVariables {
     /// Writes the values that were changed since load() into the header: a value that was changed and changed back
     /// leaves the drawing as it is. Nothing is written of what a drawing of this version has no place for.
     void store(dxf::Drawing& drawing);
-    /// The same for the current layer and text style alone, which the database takes from the header.
+    /// The same for the current layer, colour and text style alone, which the database takes from the header.
     void store_current_names(dxf::Drawing& drawing);
 
   private:
@@ -36,5 +36,11 @@ class DrawingVariables {
 
 /// A colour as CECOLOR has it: "BYLAYER", "BYBLOCK", or a number from 1 to 255. Nothing for another text.
 std::optional<std::wstring> current_colour_from_text(std::wstring_view text);
+
+/// The same for ADDEDCOLOR, which has none (empty) for ".".
+std::optional<std::wstring> added_colour_from_text(std::wstring_view text);
+
+/// The number of a colour that CECOLOR has: 256 for "BYLAYER", 0 for "BYBLOCK".
+int current_colour_number(const std::wstring& text);
 
 }  // namespace host

@@ -1,6 +1,7 @@
 #include "platform/host/editor/editor.h"
 
 #include "base/case_folding.h"
+#include "platform/host/database/database_store.h"
 #include "platform/host/dxf/drawing.h"
 #include "platform/host/editor/main_window.h"
 #include "platform/host/editor/modal_dialog.h"
@@ -87,6 +88,7 @@ SystemVariables::TextForm entry_of(const Editor& editor, std::string_view table,
 }
 
 void restrict_variables(Editor& editor) {
+    editor.variables.restrict(L"ADDEDCOLOR", added_colour_from_text);
     editor.variables.restrict(L"CECOLOR", current_colour_from_text);
     editor.variables.restrict(L"CLAYER", entry_of(editor, "LAYER", L"0"));
     editor.variables.restrict(L"TEXTSTYLE", entry_of(editor, "STYLE", L"Standard"));
@@ -120,15 +122,25 @@ void Editor::add_command(std::wstring name, void (*body)(Editor&), bool transpar
 
 void Editor::opened(Document& document) {
     drawing_variables.load(document.drawing());
+    settle_added_colour(document);
     modules.tell_all(AcRx::kLoadDwgMsg);
 }
 
 void Editor::variable_was_set() {
+    if (const Document* const document = documents.document()) {
+        settle_added_colour(*document);
+    }
     if (!processor.is_busy()) {
         store_variables();
     } else if (const Document* const document = documents.document()) {
         drawing_variables.store_current_names(document->drawing());
     }
+}
+
+void Editor::settle_added_colour(const Document& document) const {
+    const std::wstring colour = std::get<std::wstring>(*variables.get(L"ADDEDCOLOR"));
+    document.database()->store().set_added_colour(colour.empty() ? std::nullopt
+                                                                 : std::optional<int>(current_colour_number(colour)));
 }
 
 void Editor::say_left_out(const dxf::Drawing& drawing, const DisplayList& list) {

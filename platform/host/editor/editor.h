@@ -52,6 +52,7 @@ class Editor {
 
   private:
     void opened(Document& document);
+    void settle_added_colour(const Document& document) const;
 
     uint64_t said_left_out_of_ = 0;  ///< Drawing::serial()
 };

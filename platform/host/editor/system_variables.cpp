@@ -33,6 +33,7 @@ constexpr double tiny = std::numeric_limits<double>::min();
 
 const VariableDescription descriptions[] = {
     {L"ACADVER", D::session, D::read_only, std::wstring(L"18.0")},
+    {L"ADDEDCOLOR", D::session, D::writable, std::wstring()},
     {L"ANGBASE", D::drawing, D::writable, 0.0},
     {L"ANGDIR", D::drawing, D::writable, 0, 0, 1},
     {L"ATTDIA", D::session, D::writable, 0, 0, 1},
