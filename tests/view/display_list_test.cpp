@@ -237,6 +237,10 @@ TEST(DisplayList, IsSharedByAllWhoLookAtOneState) {
     const auto edited = DisplayList::shared(*drawing);
     EXPECT_EQ(2U, edited->top.primitives.size());
     EXPECT_NE(edited, DisplayList::shared(*other));
+    DisplayList::begin(*other, DisplayList::Space::model);
+    const auto begun = DisplayList::shared(*other);
+    EXPECT_EQ(begun, DisplayList::shared(*other));
+    EXPECT_EQ(1U, begun->top.primitives.size());
 }
 
 /// An edit after which a list that was drawn before goes on, or is drawn anew.
@@ -287,10 +291,12 @@ TEST(DisplayList, GoesOnWhereOnlyAdditionsWereMade) {
                        blocks(block("ONE", "0 POINT|8 0|10 1|20 0")) +
                        entities("0 POINT|8 THERE|10 3|20 4|0 INSERT|8 0|2 ONE|10 1|20 1|0 INSERT|8 0|2 GONE|10 1|20 1|"
                                 "0 TEXT|8 0|10 0|20 0|40 1|1 old|0 LINE|8 0|6 DASHED|10 0|20 0|11 9|21 0"));
-        auto former = DisplayList::shared(*drawing);
+        const bool lacking = DisplayList::build(*drawing).lacking;
+        const DrawnState before = DrawnState::of(*drawing);
+        DisplayList::begin(*drawing, DisplayList::Space::model);
         edit.make(*drawing);
-        EXPECT_EQ(edit.goes_on, former->state.still_holds(*drawing, former->lacking)) << edit.name;
-        const auto later = DisplayList::shared(*drawing, DisplayList::Space::model, std::move(former));
+        EXPECT_EQ(edit.goes_on, before.still_holds(*drawing, lacking)) << edit.name;
+        const auto later = DisplayList::shared(*drawing);
         const DisplayList anew = DisplayList::build(*drawing);
         EXPECT_EQ(described(anew), described(*later)) << edit.name;
         EXPECT_EQ(anew.extents().low, later->extents().low) << edit.name;

@@ -24,6 +24,21 @@ uint64_t next_serial() {
 Drawing::Drawing(std::filesystem::path path, base::FileContents contents, std::string memory)
     : path_(std::move(path)), contents_(std::move(contents)), memory_(std::move(memory)), serial_(next_serial()) {}
 
+Drawing::~Drawing() {
+    await_reader();
+}
+
+void Drawing::let_read(std::function<void()> wait) {
+    await_reader();
+    wait_for_reader_ = std::move(wait);
+}
+
+void Drawing::await_reader() {
+    if (const std::function<void()> wait = std::exchange(wait_for_reader_, {})) {
+        wait();
+    }
+}
+
 OpenResult Drawing::open(const std::filesystem::path& path) {
     auto contents = base::FileContents::read(path);
     if (!contents) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -32,6 +33,7 @@ class Drawing {
     static OpenResult open(const std::filesystem::path& path);
     /// A drawing in memory; `name` stands for the file in errors.
     static OpenResult from_bytes(std::string bytes, const std::filesystem::path& name);
+    ~Drawing();
     Drawing(const Drawing&) = delete;
     Drawing& operator=(const Drawing&) = delete;
 
@@ -99,6 +101,10 @@ class Drawing {
     /// Leaves a record with its sub-records out of the saved drawing.
     void erase(RecordId id);
 
+    /// The next edit, or the end of the drawing, calls `wait` first: it returns when what reads the drawing on another
+    /// thread has come to its end. There is one such reader at a time.
+    void let_read(std::function<void()> wait);
+
     /// The steps that undo() takes back, and whether the drawing is as it was at another time (UndoHistory::state).
     UndoHistory& history() { return history_; }
     const UndoHistory& history() const { return history_; }
@@ -114,6 +120,7 @@ class Drawing {
     Drawing(std::filesystem::path path, base::FileContents contents, std::string memory);
 
     static OpenResult load(std::unique_ptr<Drawing> drawing);
+    void await_reader();
     std::string_view original() const;
     std::string_view bytes_of(const Record& record) const;
     RecordId add_record(std::string bytes, Place before);
@@ -137,6 +144,7 @@ class Drawing {
     EditList edits_;
     UndoHistory history_;
     std::vector<RecordId> changed_;
+    std::function<void()> wait_for_reader_;
     const uint64_t serial_;
     uint64_t next_handle_ = 0;
     bool hand_seed_due_ = false;

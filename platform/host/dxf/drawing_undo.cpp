@@ -14,6 +14,7 @@ void Drawing::note_change(RecordId id) {
 }
 
 std::optional<std::wstring> Drawing::undo() {
+    await_reader();
     UndoHistory::Step step = history_.take_last();
     if (step.changes.empty()) {
         return std::nullopt;

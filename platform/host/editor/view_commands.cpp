@@ -105,6 +105,18 @@ void pan(DrawingPane& pane) {
     pane.set_view(moved);
 }
 
+/// Where nobody sees the view, the list for coming pictures is made while other commands run.
+void regenerate(const Editor& editor) {
+    if (editor.window != nullptr) {
+        editor.view()->redraw();
+    }
+    const Document* const document = editor.documents.document();
+    if (document != nullptr && !IsWindowVisible(editor.main_window())) {
+        const bool model = document->database()->tilemode();
+        DisplayList::begin(document->drawing(), model ? DisplayList::Space::model : DisplayList::Space::paper);
+    }
+}
+
 void choose_background(DrawingPane& pane) {
     acedInitGet(0, L"Black White");
     ACHAR colour[longest_input] = {};
@@ -205,7 +217,8 @@ void add_view_commands(Editor& editor) {
     add(L"BACKGROUND", choose_background);
     add(L"PAN", pan);
     add(L"REDRAW", [](DrawingPane& pane) { pane.redraw(); });
-    add(L"REGEN", [](DrawingPane& pane) { pane.redraw(); });
+    editor.processor.add_built_in(
+        L"REGEN", [&editor] { regenerate(editor); }, true);
     add(L"ZOOM", zoom);
     editor.add_command(L"PNGDETAIL", save_detail);
     editor.add_command(L"PNGOUT", save_picture);

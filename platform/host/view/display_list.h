@@ -80,9 +80,11 @@ struct DisplayList {
     static DisplayList build(const dxf::Drawing& drawing, Space space, const PictureLimits& limits);
     /// The list that somebody has of this state of the drawing, or a new one: who looks at the same shares it. A
     /// `former` list that nobody else has is given up for it: where edits only added things since then, they are drawn
-    /// into it, which takes no time for what was there. On the main thread only.
+    /// into it, which takes no time for what was there. It waits for a list that was begun. On the main thread only.
     static std::shared_ptr<const DisplayList> shared(const dxf::Drawing& drawing, Space space = Space::model,
                                                      std::shared_ptr<const DisplayList> former = nullptr);
+    /// Begins a list of the drawing on another thread, for the next call of shared(). On the main thread only.
+    static void begin(dxf::Drawing& drawing, Space space);
 };
 
 }  // namespace host

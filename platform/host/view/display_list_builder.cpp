@@ -1,6 +1,8 @@
 #include "platform/host/view/display_list_builder.h"
 
 #include <algorithm>
+#include <future>
+#include <utility>
 
 #include "base/case_folding.h"
 
@@ -53,6 +55,13 @@ PictureLimits limits_for(const dxf::Drawing& drawing) {
     return PictureLimits::for_drawing(drawing.size());
 }
 
+using ListOnTheWay = std::shared_future<std::shared_ptr<const DisplayList>>;
+
+ListOnTheWay& list_on_the_way() {
+    static ListOnTheWay list;
+    return list;
+}
+
 constexpr wchar_t by_layer[] = L"ByLayer";
 constexpr wchar_t by_block[] = L"ByBlock";
 
@@ -74,10 +83,24 @@ DisplayList DisplayList::build(const dxf::Drawing& drawing, Space space, const P
     return DisplayListBuilder(drawing, blank(space, limits)).build();
 }
 
+void DisplayList::begin(dxf::Drawing& drawing, Space space) {
+    const ListOnTheWay begun = std::async(std::launch::async, [&drawing, space] {
+                                   auto list = std::make_shared<const DisplayList>(build(drawing, space));
+                                   list->top.settle_tree();
+                                   return list;
+                               }).share();
+    list_on_the_way() = begun;
+    drawing.let_read([begun] { begun.wait(); });
+}
+
 std::shared_ptr<const DisplayList> DisplayList::shared(const dxf::Drawing& drawing, Space space,
                                                        std::shared_ptr<const DisplayList> former) {
     static std::weak_ptr<const DisplayList> known;
     const DrawnState state = DrawnState::of(drawing);
+    if (const ListOnTheWay begun = std::exchange(list_on_the_way(), {}); begun.valid()) {
+        former = begun.get();
+        known = former;
+    }
     std::shared_ptr<const DisplayList> list = known.lock();
     if (list == nullptr || list->state != state || list->space != space) {
         list.reset();

@@ -81,16 +81,22 @@ struct Picture {
     /// Cuts a finished picture off outside of a polygon.
     void clip_to(std::vector<Vec2> polygon);
 
+    auto box_of() const {
+        return [this](uint32_t number) -> const Box2& { return primitives[number].box; };
+    }
+    /// Makes ready for visit(), which does it otherwise when it is first called.
+    void settle_tree() const {
+        if (many() && primitives.size() - in_tree_ > in_tree_ / 8) {
+            tree_ = BoxTree(primitives.size(), box_of());
+            in_tree_ = static_cast<uint32_t>(primitives.size());
+        }
+    }
     /// Calls visit(number) for primitives that touch `area`, in no order. See BoxTree::visit.
     template <typename Visit>
     void visit(const Box2& area, double detail, Visit visit) const {
         if (many()) {
-            const auto box_of = [this](uint32_t number) -> const Box2& { return primitives[number].box; };
-            if (primitives.size() - in_tree_ > in_tree_ / 8) {
-                tree_ = BoxTree(primitives.size(), box_of);
-                in_tree_ = static_cast<uint32_t>(primitives.size());
-            }
-            tree_.visit(area, detail, box_of, visit);
+            settle_tree();
+            tree_.visit(area, detail, box_of(), visit);
         }
         for (uint32_t number = in_tree_; number < primitives.size(); ++number) {
             if (primitives[number].box.intersects(area)) {
