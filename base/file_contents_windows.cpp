@@ -1,6 +1,7 @@
 #include <windows.h>
 
 #include <algorithm>
+#include <future>
 
 #include "base/file_contents_system.h"
 
@@ -28,13 +29,36 @@ class WindowsSource final : public FileSource {
     }
 
     size_t read(char* to, size_t size, std::error_code& error) override {
+        constexpr size_t large = 1U << 25;
+        if (size < large) {
+            return read_at(0, to, size, error);
+        }
+        // Most of the time goes into memory that is new to the process: two threads halve it.
+        const size_t half = size / 2;
+        std::error_code later_error;
+        auto later = std::async(std::launch::async, [&] { return read_at(half, to + half, size - half, later_error); });
+        const size_t first = read_at(0, to, half, error);
+        const size_t second = later.get();
+        if (first < half || error) {
+            return first;
+        }
+        error = later_error;
+        return first + second;
+    }
+
+  private:
+    size_t read_at(std::uint64_t offset, char* to, size_t size, std::error_code& error) const {
         constexpr size_t largest = 1U << 28;
         size_t taken = 0;
         DWORD count = 0;
         do {
             count = 0;
-            if (ReadFile(handle_, to + taken, static_cast<DWORD>(std::min(size - taken, largest)), &count, nullptr) ==
-                0) {
+            OVERLAPPED place{};
+            place.Offset = static_cast<DWORD>(offset + taken);
+            place.OffsetHigh = static_cast<DWORD>((offset + taken) >> 32);
+            if (ReadFile(handle_, to + taken, static_cast<DWORD>(std::min(size - taken, largest)), &count, &place) ==
+                    0 &&
+                GetLastError() != ERROR_HANDLE_EOF) {
                 error = last_error();
             }
             taken += count;
@@ -42,7 +66,6 @@ class WindowsSource final : public FileSource {
         return taken;
     }
 
-  private:
     HANDLE handle_;
 };
 

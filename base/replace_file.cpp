@@ -117,18 +117,20 @@ FileReplacement::FileReplacement(const std::filesystem::path& target) : target_(
     remove_abandoned(target_);
     std::error_code error;
     temporary_ = create_beside(target_, error);
-    if (temporary_) {
-        const Takeover taken = temporary_->take_over_from(target_);
-        may_replace_ = taken == Takeover::whole;
-        if (taken == Takeover::target_is_broken_link) {
-            status_ = Failure{"It is a link to a file that does not exist"};
-        }
-        return;
-    }
-    // Only who may not make a file here can do without; any other failure is one.
     std::error_code ignored;
-    if (!is_denial(error) || !std::filesystem::exists(target_, ignored)) {
-        status_ = failure(error);
+    target_is_new_ = !std::filesystem::exists(target_, ignored);
+    if (temporary_ && !target_is_new_) {
+        take_over();
+    } else if (!temporary_ && (!is_denial(error) || target_is_new_)) {
+        status_ = failure(error);  // only who may not make a file here can do without
+    }
+}
+
+void FileReplacement::take_over() {
+    const Takeover taken = temporary_->take_over_from(target_);
+    may_replace_ = taken == Takeover::whole;
+    if (taken == Takeover::target_is_broken_link) {
+        status_ = Failure{"It is a link to a file that does not exist"};
     }
 }
 
@@ -158,6 +160,16 @@ WriteStatus FileReplacement::commit() {
     if (temporary_) {
         if (const std::error_code error = temporary_->flush()) {
             return status_ = failure(error);
+        }
+        if (target_is_new_) {
+            if (!temporary_->appear_as(target_)) {
+                temporary_.reset();
+                return {};
+            }
+            take_over();
+            if (!status_) {
+                return status_;
+            }
         }
     }
     if (may_replace_) {

@@ -37,12 +37,14 @@ class FileReplacement {
     WriteStatus commit();
 
   private:
+    void take_over();
     WriteStatus write_in_place();
     std::error_code copy(ReplacementFile& target, std::uint64_t begin, std::uint64_t end);
     WriteStatus keep_for_rescue(std::error_code error);
 
     std::filesystem::path target_;
     std::unique_ptr<ReplacementFile> temporary_;  ///< null where none may be made; then contents_ holds what is written
+    bool target_is_new_ = false;
     bool may_replace_ = false;
     std::string contents_;
     std::uint64_t size_ = 0;

@@ -88,6 +88,10 @@ class PosixFile final : public ReplacementFile {
         return mode_kept && same_permissions(status(), old) ? Takeover::whole : Takeover::incomplete;
     }
 
+    std::error_code appear_as(const std::filesystem::path&) override {
+        return std::make_error_code(std::errc::not_supported);  // a rename does it
+    }
+
     std::error_code rename(const std::filesystem::path& target) override {
         return error_unless(::rename(path_.c_str(), target.c_str()) == 0);
     }

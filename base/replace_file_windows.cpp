@@ -119,6 +119,15 @@ class WindowsFile final : public ReplacementFile {
         return has_it ? Takeover::whole : Takeover::incomplete;
     }
 
+    std::error_code appear_as(const std::filesystem::path& target) override {
+        // Under Wine it costs a program of the system to know whether a link to nothing stands there.
+        if (!under_wine() || !CreateHardLinkW(target.c_str(), path_.c_str(), nullptr)) {
+            return std::make_error_code(std::errc::not_supported);
+        }
+        remove();
+        return {};
+    }
+
     std::error_code rename(const std::filesystem::path& target) override {
         return patiently([&] {
             return MoveFileExW(path_.c_str(), target.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH);

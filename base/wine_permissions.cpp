@@ -31,6 +31,11 @@ Function* function_of(const wchar_t* library, const char* name) {
     return reinterpret_cast<Function*>(reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(library), name)));
 }
 
+UnixName* unix_name_function() {
+    static UnixName* const translate = function_of<UnixName>(L"kernel32", "wine_get_unix_file_name");
+    return translate;
+}
+
 std::string unix_name(UnixName* translate, const std::filesystem::path& path) {
     char* const name = translate(path.c_str());
     std::string result = name == nullptr ? "" : name;
@@ -40,9 +45,13 @@ std::string unix_name(UnixName* translate, const std::filesystem::path& path) {
 
 }  // namespace
 
+bool under_wine() {
+    return unix_name_function() != nullptr;
+}
+
 std::optional<Takeover> take_over_under_wine(const std::filesystem::path& target, const std::filesystem::path& file) {
     static Spawn* const spawn = function_of<Spawn>(L"ntdll", "__wine_unix_spawnvp");
-    static UnixName* const translate = function_of<UnixName>(L"kernel32", "wine_get_unix_file_name");
+    UnixName* const translate = unix_name_function();
     if (translate == nullptr) {
         return std::nullopt;
     }

@@ -19,6 +19,13 @@ std::wstring replace_all(std::wstring text, std::wstring_view what, std::wstring
     return text;
 }
 
+/// Leaves a file alone that has the text already.
+void write_changed(const std::filesystem::path& path, std::wstring_view text) {
+    if (read_text_file(path) != text) {
+        write_text_file(path, text);
+    }
+}
+
 }  // namespace
 
 SettingsPaths settings_paths(std::wstring_view module_path, std::wstring_view settings_name) {
@@ -50,7 +57,7 @@ void write_column_widths(const std::filesystem::path& path, const int* widths, s
     for (size_t i = 0; i < count; ++i) {
         text += std::to_wstring(widths[i]) + L' ';
     }
-    write_text_file(path, text);
+    write_changed(path, text);
 }
 
 std::optional<std::wstring> read_last_file(const std::filesystem::path& path) {
@@ -64,7 +71,7 @@ std::optional<std::wstring> read_last_file(const std::filesystem::path& path) {
 }
 
 void write_last_file(const std::filesystem::path& path, std::wstring_view last_file) {
-    write_text_file(path, last_file);
+    write_changed(path, last_file);
 }
 
 void GetSettingsPaths(const wchar_t* settings_file_name, std::wstring& settings_path, std::wstring& last_file_path) {

@@ -44,11 +44,11 @@ void report_command() {
     const ResourceScope resources;
     const ReportWishes wishes = report_wishes();
     CalcPriceDialog dialog(CWnd::FromHandle(adsw_acadMainWnd()), wishes, insert_table_requested);
-    BillFile bill_file(wishes);
     dialog.LoadReportSettings();
     if (!attach_price_list(dialog) || !dialog.CountSelectedBlocks()) {
         return;
     }
+    BillFile bill_file(wishes);
     print_notes(wishes, dialog.count());
     if (dialog.DoModal() == IDOK) {
         const CalcPriceDialog::TableBlock& table = dialog.table();
