@@ -18,13 +18,16 @@ namespace {
 constexpr int schema_version = 1;
 constexpr const char* program = "Corvanes " CORVANES_VERSION;
 
-/// Writes JSON at the end of a text.
+/// Writes JSON piece by piece.
 class JsonWriter {
   public:
-    /// Makes room, so that a long text is not copied as it grows.
-    void reserve(std::size_t bytes) { json_.reserve(bytes); }
+    explicit JsonWriter(const BillSink& sink) : sink_(sink) {}
+
     JsonWriter& raw(std::string_view json) {
         json_ += json;
+        if (json_.size() > piece) {
+            flush();
+        }
         return *this;
     }
     JsonWriter& number(std::uint64_t value, int base = 10) {
@@ -66,15 +69,21 @@ class JsonWriter {
     JsonWriter& handles(const std::vector<std::uint64_t>& handles) {
         return array(handles, ", ", [this](std::uint64_t handle) { raw("\"").number(handle, 16).raw("\""); });
     }
-    std::string take() { return std::move(json_); }
+    void flush() {
+        sink_(json_);
+        json_.clear();
+    }
 
   private:
+    static constexpr std::size_t piece = std::size_t{1} << 16;
+
+    const BillSink& sink_;
     std::string json_;
 };
 
 class BillWriter {
   public:
-    explicit BillWriter(Bill bill) : bill_(std::move(bill)) {
+    BillWriter(Bill bill, const BillSink& sink) : bill_(std::move(bill)), out_(sink) {
         for (BlockReferences& block : bill_.counted) {
             std::vector<std::uint64_t>& all = handles_[base::lower(block.name)];
             if (all.empty()) {
@@ -85,21 +94,7 @@ class BillWriter {
         }
     }
 
-    std::size_t estimated_size() const {
-        constexpr std::size_t of_handle = 10;
-        constexpr std::size_t of_row = 300;
-        std::size_t handles = 0;
-        for (const auto& [name, of_block] : handles_) {
-            handles += of_block.size();
-        }
-        for (const Note& note : bill_.notes) {
-            handles += note.handles.size();
-        }
-        return handles * of_handle + (bill_.rows.size() + bill_.notes.size()) * of_row;
-    }
-
-    std::string write() {
-        out_.reserve(estimated_size());
+    void write() {
         std::vector<ReportCells> rows = bill_.rows;
         std::wstring sum;
         // A summary has no quantity; a block of that name has one. An empty report gets a summary with each sort.
@@ -125,7 +120,7 @@ class BillWriter {
         out_.raw(",\n\"note_lines\": ").array(note_lines(bill_.notes), ",\n", [this](const std::wstring& line) {
             out_.text(line);
         });
-        return out_.raw("}\n").take();
+        out_.raw("}\n").flush();
     }
 
   private:
@@ -201,8 +196,8 @@ class BillWriter {
 
 }  // namespace
 
-std::string bill_json(Bill bill) {
-    return BillWriter(std::move(bill)).write();
+void write_bill_json(Bill bill, const BillSink& sink) {
+    BillWriter(std::move(bill), sink).write();
 }
 
 }  // namespace corvanes

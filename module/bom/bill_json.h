@@ -1,8 +1,10 @@
 // The bill of materials as JSON, for programs; docs/report-json.md describes it. Pure.
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "bom/bill_notes.h"
@@ -26,7 +28,10 @@ struct Bill {
     std::vector<Note> notes;
 };
 
+/// Takes the text piece by piece.
+using BillSink = std::function<void(std::string_view)>;
+
 /// UTF-8. Names of blocks join rows and references without regard to case.
-std::string bill_json(Bill bill);
+void write_bill_json(Bill bill, const BillSink& sink);
 
 }  // namespace corvanes

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <limits>
 #include <unordered_map>
+#include <utility>
 
 #include "base/case_folding.h"
 #include "bom/look_alikes.h"
@@ -72,33 +73,36 @@ class ListSurvey {
 
 class NoteWriter {
   public:
-    void add_references(NoteCode code, const BlockReferences& references) {
-        notes.push_back({code, references.name + L' ' + std::to_wstring(references.handles.size()), references.name,
-                         references.handles, 0, references.handles.size()});
+    void add_references(NoteCode code, BlockReferences references) {
+        const std::size_t number = references.handles.size();
+        std::wstring text = references.name + L' ' + std::to_wstring(number);
+        notes.push_back({code, std::move(text), std::move(references.name), std::move(references.handles), 0, number});
     }
 
-    void add_unpriced(const std::vector<BlockReferences>& counted, const ListSurvey& list) {
-        for (const BlockReferences& block : counted) {
+    void add_unpriced(std::vector<BlockReferences>& counted, const ListSurvey& list) {
+        for (BlockReferences& block : counted) {
             if (!list.prices(block.name)) {
-                add_references(NoteCode::unpriced, block);
+                add_references(NoteCode::unpriced, {block.name, std::exchange(block.handles, {})});
             }
         }
     }
 
-    void add_almost_named(const std::vector<BlockReferences>& counted, const ListSurvey& list) {
-        std::unordered_map<std::wstring, const BlockReferences*> unpriced;
-        for (const BlockReferences& block : counted) {
-            if (!list.prices(block.name)) {
-                unpriced.emplace(look_alike_form(block.name), &block);
-            }
+    /// To be called when the unpriced blocks, and nothing else, have their notes.
+    void add_almost_named(const ListSurvey& list) {
+        std::unordered_map<std::wstring, std::size_t> unpriced;  // in notes
+        for (std::size_t i = 0; i < notes.size(); ++i) {
+            unpriced.emplace(look_alike_form(notes[i].block), i);
         }
         for (const ListSurvey::Name& name : list.names()) {
             const auto block = unpriced.empty() ? unpriced.end() : unpriced.find(look_alike_form(name.spelled));
             if (block != unpriced.end()) {
-                notes.push_back({NoteCode::almost_named,
-                                 L'"' + name.spelled + L"\" in line " + std::to_wstring(name.lines.back()) +
-                                     L" for \"" + block->second->name + L'"',
-                                 block->second->name, block->second->handles, name.lines.back()});
+                Note note = notes[block->second];
+                note.code = NoteCode::almost_named;
+                note.line = name.lines.back();
+                note.text =
+                    L'"' + name.spelled + L"\" in line " + std::to_wstring(note.line) + L" for \"" + note.block + L'"';
+                note.number = Note().number;
+                notes.push_back(std::move(note));
             }
         }
     }
@@ -202,12 +206,12 @@ std::uint64_t sum_of_numbers(const std::vector<Note>& notes, std::size_t first, 
 
 }  // namespace
 
-std::vector<Note> bill_notes(const BillSurvey& survey, std::wstring_view price_list, bool attached) {
+std::vector<Note> bill_notes(BillSurvey& survey, std::wstring_view price_list, bool attached) {
     const ListSurvey list(price_list);
     NoteWriter writer;
     if (attached) {
         writer.add_unpriced(survey.counted, list);
-        writer.add_almost_named(survey.counted, list);
+        writer.add_almost_named(list);
     }
     writer.add_arrays(survey.arrays);
     for (const BlockReferences& block : survey.frozen) {

@@ -64,8 +64,8 @@ struct Note {
 };
 
 /// The notes on a bill, by code. `price_list` is the text of the list; with `attached` false there is none, and nothing
-/// is without a price.
-std::vector<Note> bill_notes(const BillSurvey& survey, std::wstring_view price_list, bool attached);
+/// is without a price. The handles of unpriced references go from `survey.counted` to their notes.
+std::vector<Note> bill_notes(BillSurvey& survey, std::wstring_view price_list, bool attached);
 
 /// The notes for a person: a line for each code, with five examples at most and "and N more".
 std::vector<std::wstring> note_lines(const std::vector<Note>& notes);

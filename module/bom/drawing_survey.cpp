@@ -185,7 +185,7 @@ void DrawingSurvey::add(const AcDbBlockReference& reference) {
     const AcDbObjectId block = reference.blockTableRecord();
     const auto [place, is_new] = places_.emplace(block.asOldId(), blocks_.size());
     if (is_new) {
-        blocks_.push_back({block, reference.objectId(), {}});
+        blocks_.push_back({block, reference.objectId(), std::pmr::deque<Reference>(&memory_)});
     }
     blocks_[place->second].references.push_back({place_of(reference), handle_of(reference.objectId())});
     if (const auto* const array = AcDbMInsertBlock::cast(&reference)) {
@@ -211,7 +211,7 @@ BillSurvey DrawingSurvey::finish(bool true_names) {
             survey_.dynamic.push_back({references, *true_name});
         }
         survey_.counted.push_back(std::move(references));
-        find_stacked(block, name);
+        find_stacked({block.references.begin(), block.references.end()}, name);
     }
     find_frozen();
     find_nested();
@@ -233,13 +233,13 @@ void DrawingSurvey::find_frozen() {
     survey_.frozen = std::move(found.all);
 }
 
-void DrawingSurvey::find_stacked(Block& block, const std::wstring& name) {
-    std::sort(block.references.begin(), block.references.end(),
+void DrawingSurvey::find_stacked(std::vector<Reference> references, const std::wstring& name) {
+    std::sort(references.begin(), references.end(),
               [](const Reference& a, const Reference& b) { return a.place < b.place; });
     BlockReferences stacked{name, {}};
-    for (std::size_t i = 1; i < block.references.size(); ++i) {
-        if (block.references[i].place == block.references[i - 1].place) {
-            stacked.handles.push_back(block.references[i].handle);
+    for (std::size_t i = 1; i < references.size(); ++i) {
+        if (references[i].place == references[i - 1].place) {
+            stacked.handles.push_back(references[i].handle);
         }
     }
     std::sort(stacked.handles.begin(), stacked.handles.end());

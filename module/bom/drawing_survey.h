@@ -4,6 +4,8 @@
 #include <dbents.h>
 
 #include <cstdint>
+#include <deque>
+#include <memory_resource>
 #include <unordered_map>
 #include <vector>
 
@@ -28,15 +30,16 @@ class DrawingSurvey {
     struct Block {
         AcDbObjectId record;
         AcDbObjectId first;  ///< of the references
-        std::vector<Reference> references;
+        std::pmr::deque<Reference> references;
     };
 
     void find_frozen();
-    /// Brings the block's references into another order.
-    void find_stacked(Block& block, const std::wstring& name);
+    void find_stacked(std::vector<Reference> references, const std::wstring& name);
     void find_nested();
     std::wstring name_of(const Block& block) const;
 
+    // Large pieces, which go back to the system at the end: a heap keeps what a million small ones took.
+    std::pmr::monotonic_buffer_resource memory_{std::size_t{1} << 20};
     std::vector<Block> blocks_;
     std::unordered_map<Adesk::IntDbId, std::size_t> places_;  ///< in blocks_, by record
     bool true_names_ = false;

@@ -74,7 +74,9 @@ void BillFile::write(BlockCount&& count, MyCug2& grid) {
     bill.with_prices = report_options().show_prices;
     bill.counted = std::move(count.counted);
     bill.notes = std::move(count.notes);
-    if (!base::replace_file(path_, bill_json(std::move(bill)))) {
+    base::FileReplacement file(path_);
+    write_bill_json(std::move(bill), [&file](std::string_view piece) { static_cast<void>(file.write(piece)); });
+    if (!file.commit()) {
         alert_cannot_open(path_.c_str());
     }
 }

@@ -26,25 +26,41 @@ std::string chunk(const std::string& type, const std::string& data) {
     return big_endian(static_cast<uint32_t>(data.size())) + summed + big_endian(static_cast<uint32_t>(sum));
 }
 
+/// Feeds bytes to a compressor and appends what comes out. False when it fails.
+bool compress(z_stream& stream, std::string& bytes, bool last, std::string& data) {
+    Bytef piece[1U << 15];
+    stream.next_in = reinterpret_cast<Bytef*>(bytes.data());
+    stream.avail_in = static_cast<uInt>(bytes.size());
+    int done = Z_OK;
+    do {
+        stream.next_out = piece;
+        stream.avail_out = sizeof piece;
+        done = deflate(&stream, last ? Z_FINISH : Z_NO_FLUSH);
+        data.append(reinterpret_cast<const char*>(piece), sizeof piece - stream.avail_out);
+    } while (stream.avail_out == 0 && done != Z_STREAM_ERROR);
+    return done != Z_STREAM_ERROR;
+}
+
 /// The pixels row by row, each row behind its filter type; compressed quickly, for lines on a plain ground grow hardly
 /// smaller by more effort. Empty without memory.
 std::string compressed_rows(const Raster& pixels) {
     constexpr int quickly = 1;
-    std::string rows;
-    rows.reserve(static_cast<size_t>(pixels.height()) * (static_cast<size_t>(pixels.width()) * 3 + 1));
-    for (int y = 0; y < pixels.height(); ++y) {
-        rows += '\0';  // no filter
+    z_stream stream{};
+    if (deflateInit(&stream, quickly) != Z_OK) {
+        return {};
+    }
+    std::string data;
+    bool fine = true;
+    for (int y = 0; fine && y < pixels.height(); ++y) {
+        std::string row(1, '\0');  // no filter
         for (int x = 0; x < pixels.width(); ++x) {
             const uint32_t colour = pixels.at(x, y);
-            rows += {static_cast<char>(colour >> 16), static_cast<char>(colour >> 8), static_cast<char>(colour)};
+            row += {static_cast<char>(colour >> 16), static_cast<char>(colour >> 8), static_cast<char>(colour)};
         }
+        fine = compress(stream, row, y + 1 == pixels.height(), data);
     }
-    uLongf size = compressBound(static_cast<uLong>(rows.size()));
-    std::string data(size, '\0');
-    const int done = compress2(reinterpret_cast<Bytef*>(data.data()), &size,
-                               reinterpret_cast<const Bytef*>(rows.data()), static_cast<uLong>(rows.size()), quickly);
-    data.resize(done == Z_OK ? size : 0);
-    return data;
+    deflateEnd(&stream);
+    return fine ? data : std::string();
 }
 
 base::Outcome<> save_png(const FrameBitmap& picture, const std::filesystem::path& path) {
