@@ -62,15 +62,4 @@ TEST(BlockCount, AddsThePriceOncePerReference) {
     EXPECT_EQ(rows[0].total, sum);
 }
 
-TEST(BlockCount, AnotherCountBeginsAfresh) {
-    RowList rows;
-    NameIndex index(10);
-    for (const wchar_t* name : {L"old", L"new"}) {
-        corvanes::begin_count(rows, index);
-        EXPECT_EQ(corvanes::row_of_block(rows, index, name), 0);
-    }
-    ASSERT_EQ(rows.GetSize(), 1);
-    EXPECT_EQ(rows[0].name, L"new");
-}
-
 }  // namespace

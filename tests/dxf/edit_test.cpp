@@ -124,30 +124,6 @@ TEST_P(DrawingEdit, AddsRecordsThatReadBackAndChangesNothingElse) {
     EXPECT_EQ(saved.substr(saved.size() - 5), "trash");
 }
 
-TEST_P(DrawingEdit, ReplacesValuesInPlace) {
-    const dxf::RecordId insert = drawing_->entities()[0];
-    EXPECT_TRUE(drawing_->replace_value(insert, 50, 45.5));
-    EXPECT_TRUE(drawing_->replace_value(insert, 2, std::wstring(L"Other")));
-    EXPECT_FALSE(drawing_->replace_value(insert, 70, int64_t{1}));
-    EXPECT_TRUE(drawing_->replace_value(drawing_->header_variable("$HANDSEED"), 5, dxf::Handle{0xABCD}));
-    EXPECT_EQ(drawing_->view(insert).real(50), 45.5);
-    EXPECT_EQ(dxf_test::record_text(*drawing_, insert), "INSERT(Other)@0");
-    ASSERT_TRUE(drawing_->save(folder_ / "new.dxf"));
-    std::string expected = original_;
-    const auto swap = [&expected](const std::string& from, const std::string& to, size_t start = 0) {
-        expected.replace(expected.find(from, start), from.size(), to);
-    };
-    const dxf::Manner manner = drawing_->manner();
-    swap("0040", "ABCD");
-    swap(dxf::encode_value(50, 90.0, manner), dxf::encode_value(50, 45.5, manner), expected.find("INSERT"));
-    const std::string name = dxf::encode_value(2, std::wstring(L"A"), manner);
-    const dxf::RecordWriter before = dxf::RecordWriter(manner).text(8, L"0");
-    const size_t behind_layer = expected.find(before.bytes(), expected.find("INSERT")) + before.bytes().size();
-    expected.replace(expected.find(name, behind_layer), name.size(),
-                     dxf::encode_value(2, std::wstring(L"Other"), manner));
-    EXPECT_EQ(contents(folder_ / "new.dxf"), expected);
-}
-
 TEST_P(DrawingEdit, GoesOnWhenSavedOverItself) {
     std::ofstream(folder_ / "own.dxf", std::ios::binary) << original_;
     auto opened = dxf::Drawing::open(folder_ / "own.dxf");

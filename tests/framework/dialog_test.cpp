@@ -90,19 +90,6 @@ TEST(Dialog, TheLaterResultWins) {
     EXPECT_EQ(dialog.DoModal(), IDOK);
 }
 
-TEST(Dialog, KeysEndItAsTheSystemSays) {
-    OwnerWindow owner;
-    TestDialog dialog(&owner);
-    owner.on_idle = [&](CWnd& running) { type_key(*running.GetDlgItem(IDC_NAME), VK_ESCAPE); };
-    EXPECT_EQ(dialog.DoModal(), IDCANCEL);
-    owner.on_idle = [&](CWnd& running) { type_key(*running.GetDlgItem(IDC_NAME), VK_RETURN); };
-    EXPECT_EQ(dialog.DoModal(), IDOK);
-    owner.on_idle = [&](CWnd& running) { type_key(*running.GetDlgItem(IDC_NOTES), VK_ESCAPE); };
-    EXPECT_EQ(dialog.DoModal(), IDCANCEL);
-    owner.on_idle = [&](CWnd& running) { running.PostMessage(WM_SYSCOMMAND, SC_CLOSE); };
-    EXPECT_EQ(dialog.DoModal(), IDCANCEL);
-}
-
 TEST(Dialog, ReturnPressesTheButtonThatHasTheFocus) {
     OwnerWindow owner;
     TestDialog clicked(&owner);

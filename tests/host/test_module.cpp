@@ -40,16 +40,6 @@ void read_events() {
     acutPrintf(L"\nlast %d %d", outcome, outcome == RTNORM ? result.resval.rint : 0);
 }
 
-void run_built_in() {
-    const int outcome = acedCommand(RTSTR, L".SETVAR", RTSTR, L"OSMODE", RTSHORT, 37, RTNONE);
-    resbuf mode{};
-    acedGetVar(L"OSMODE", &mode);
-    acutPrintf(L"\ncommand %d %d", outcome, mode.resval.rint);
-}
-
-void run_unknown() {
-    acedCommand(RTSTR, L".NOSUCH", RTNONE);
-}
 void throw_exception() {
     throw std::runtime_error("out of order");
 }
@@ -163,8 +153,7 @@ void add_commands() {
         int flags;
     } commands[] = {
         {L"TSTSTATE", print_state, ACRX_CMD_TRANSPARENT},     {L"TSTPOINT", ask_point, ACRX_CMD_MODAL},
-        {L"TSTEVENTS", read_events, ACRX_CMD_MODAL},          {L"TSTSETVAR", run_built_in, ACRX_CMD_MODAL},
-        {L"TSTUNKNOWN", run_unknown, ACRX_CMD_MODAL},         {L"TSTTHROW", throw_exception, ACRX_CMD_MODAL},
+        {L"TSTEVENTS", read_events, ACRX_CMD_MODAL},          {L"TSTTHROW", throw_exception, ACRX_CMD_MODAL},
         {L"TSTLEAK", leak_resources, ACRX_CMD_MODAL},         {L"TSTHANG", hang, ACRX_CMD_MODAL},
         {L"TSTUNLOAD", unload_itself, ACRX_CMD_MODAL},        {L"HOLD", hold, ACRX_CMD_TRANSPARENT},
         {L"RESOURCES", tell_resources, ACRX_CMD_TRANSPARENT}, {L"LEAK", leak, ACRX_CMD_MODAL}};

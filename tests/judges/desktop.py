@@ -195,9 +195,9 @@ class Desktop:
             self.frame_width, self.caption_height, self.width - self.frame_width,
             self.height - self.frame_width - self.command_line_height)
 
-    def settled_picture(self, unlike=None):
+    def settled_picture(self):
         """The drawing at the prompt for commands, once it has been painted and the pointer's cross has gone: two looks that
-        agree, and show something that is not `unlike`."""
+        agree."""
         self.rest()
         self.run("")  # all that was done before has been seen to then
         last = None
@@ -207,7 +207,7 @@ class Desktop:
             before, last = last, self.picture()
             white = [row.count(b"\xFF\xFF\xFF\x00") for row in last]
             crossed = white[0] > 0 or max(white) > 0.9 * len(last[0]) / 4  # no drawing here reaches the top
-            return last if last == before and len(set(last)) > 1 and not crossed and last != unlike else None
+            return last if last == before and len(set(last)) > 1 and not crossed else None
 
         return wait_until(settled, "a picture that stays")
 

@@ -1,16 +1,14 @@
-"""Faults injected into the whole road: full disks, files and folders that cannot be written or are gone, files that others
-change under the open drawing, and hosts that are killed while they save reports and price lists. Every case returns how
-often it tried and how often nothing was lost, or None where only root can try it."""
+"""Faults injected into the whole road: full disks, folders that cannot be written, files that others change while they are
+read, and lists of all kinds. Every case returns how often it tried and how often nothing was lost, or None where only root
+can try it."""
 
-import os
 import pathlib
-import random
 import resource
 import signal
 import subprocess
 import threading
 
-from host import Host, kill_at_instants, windows_path
+from host import Host, windows_path
 
 OLD = b"what was there before"
 REFUSED = '@alert "File * could  not be opened"'
@@ -111,61 +109,6 @@ def full_or_read_only_disk(bench):
     return 10, 10
 
 
-def locked_files(bench):
-    folder = bench.new_folder("locked")
-    put_old_files(folder)
-    for name, script in (("old_report.txt", bench.report), ("old_prices.prc", bench.price_list)):
-        (folder / name).chmod(0o444)
-        bench.run(script(folder / name, REPLACE, REFUSED)).succeed()
-        assert (folder / name).read_bytes() == OLD
-    assert not temporary_files(folder)
-    return 2, 2
-
-
-def vanished_things(bench):
-    """The list's folder, the module's folder with the settings, and the drawing's file go while the host runs."""
-    gone = bench.new_folder("gone")
-    prices, report = gone / "list.prc", bench.folder / "after.txt"
-    prices.write_bytes(bench.prices.read_bytes())
-    run = bench.run(["HOLD", "QXBOMC", windows_path(prices), REFUSED] + bench.report(gone / "report.txt", REFUSED) +
-                    bench.report(report) + ["SAVEAS", windows_path(bench.folder / "after.dxf")])
-    run.wait_until_held()
-    drawing = bench.drawing.read_bytes()
-    prices.unlink()
-    gone.rmdir()
-    bench.drawing.unlink()
-    hidden = bench.module_folder.rename(bench.folder / "elsewhere")
-    run.release()
-    status, _ = run.finish()
-    hidden.rename(bench.module_folder)
-    bench.drawing.write_bytes(drawing)
-    assert status == 0, run.words()
-    assert report.read_bytes() == bench.whole_report
-    assert (bench.folder / "after.dxf").read_bytes() == drawing, "the drawing whose file is gone cannot be saved whole"
-    return 3, 3
-
-
-def changed_under_the_drawing(bench):
-    """Whatever others do to the drawing's file, the open drawing is what was opened."""
-    drawing = bench.drawing.read_bytes()
-    changes = {"shortened": lambda: os.truncate(bench.drawing, 5000), "emptied": lambda: os.truncate(bench.drawing, 0),
-               "grown": lambda: bench.drawing.open("ab").write(b"x" * 100000),
-               "overwritten": lambda: bench.drawing.open("r+b").write(b"#" * len(drawing))}
-    for name, change in changes.items():
-        report, copy = bench.folder / "changed.txt", bench.folder / "changed.dxf"
-        run = bench.run(["HOLD"] + bench.report(report) + ["SAVEAS", windows_path(copy)])
-        run.wait_until_held()
-        change()
-        run.release()
-        run.succeed()
-        bench.drawing.write_bytes(drawing)
-        assert report.read_bytes() == bench.whole_report, f"{name}: the report differs"
-        assert copy.read_bytes() == drawing, f"{name}: the saved drawing differs"
-        report.unlink()
-        copy.unlink()
-    return len(changes), len(changes)
-
-
 def changed_while_it_is_read(bench):
     """A file that is cut and completed again and again opens as it was at one moment, or is refused in one line."""
     drawing = bench.drawing.read_bytes().replace(b"  0\nEOF", b"999\nroom to be caught within\n" * 1_000_000 + b"  0\nEOF")
@@ -203,54 +146,6 @@ def changed_while_it_is_read(bench):
     return 8, 8
 
 
-def killed_while_saving(small):
-    """Lists and reports so long that their saving takes a while. Two contents take turns in one file until the host is
-    killed, soon after a save has begun: one of them is there then, whole."""
-    source = random.Random(small.options.seed)
-    folder = small.new_folder("killed")
-    bench = Bench(small.options, folder, 40_000)
-    report, prices, hidden = folder / "report.txt", folder / "prices.prc", folder / "hidden.txt"
-    save_report = ['@press "Save to file"', windows_path(report), REPLACE]
-    save_list = ["@click-heading 1", '@press "Save As"', windows_path(prices), REPLACE]
-    turns = [line for show in ("off", "on") * 300 for line in [f'@tick "Show Price" {show}', *save_report]]
-    scripts = {report: bench.report(report, REPLACE, *turns), prices: bench.price_list(prices, REPLACE, *save_list * 600)}
-    bench.run(["QXBOMC", windows_path(bench.prices), "ALL", "", '@tick "Show Price" off', '@press "Save to file"',
-               windows_path(hidden), '@press "Close"']).succeed()
-    lines = bench.prices.read_bytes().splitlines(keepends=True)
-    contents = {report: {bench.whole_report, hidden.read_bytes()}, prices: {b"".join(lines), b"".join(reversed(lines))}}
-    within = 0
-
-    def begin(target):
-        target.write_bytes(source.choice(sorted(contents[target])))
-        run = bench.run(["HOLD"] + scripts[target])
-        run.wait_until_held()
-        run.release()
-        saves = source.randrange(1, 4)
-        while saves > 0:
-            if temporary_files(folder):
-                saves -= 1
-                while saves > 0 and temporary_files(folder):
-                    pass
-            assert run.process.poll() is None, run.words()
-        return run
-
-    def whole(target):
-        nonlocal within
-        left = temporary_files(folder)
-        within += bool(left)
-        for file in left:
-            file.unlink()
-        found = target.read_bytes()
-        if found not in contents[target]:
-            print(f"{target.name}: a mixture of {len(found)} bytes: {found[:60]}...", flush=True)
-        return found in contents[target]
-
-    survived = sum(kill_at_instants(bench.options.kills, 0.008, source, lambda target=target: begin(target), Host.kill,
-                                    lambda _, target=target: whole(target)) for target in contents)
-    assert within > 0, "no kill fell within a save"
-    return 2 * bench.options.kills, survived
-
-
 def price_lists_of_all_kinds(bench):
     """A list is read as an editor saved it and saved in the same encoding; a file of another kind gets one alert."""
     text = "".join(f"block_{i}|{i}.5|\u05d3\u05dc\u05ea {i}\r\n" for i in range(40))
@@ -280,10 +175,6 @@ def price_lists_of_all_kinds(bench):
 CASES = (
     (no_room, "saves beyond the file size limit"),
     (full_or_read_only_disk, "saves to a full disk and to a read-only one"),
-    (locked_files, "saves over files that may not be written"),
-    (vanished_things, "the list, the settings and the drawing gone meanwhile"),
-    (changed_under_the_drawing, "the drawing's file changed while it is open"),
     (changed_while_it_is_read, "drawings read while somebody rewrites them"),
     (price_lists_of_all_kinds, "price lists in all encodings, and files that are none"),
-    (killed_while_saving, "kills while a report or a price list is saved"),
 )

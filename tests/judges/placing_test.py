@@ -90,17 +90,6 @@ class Placing(DesktopTest):
         self.desktop.rest()
         wait_until(lambda: self.desktop.picture() == before, "the drawing as it was")
 
-    def test_escape_at_the_corner_inserts_nothing(self):
-        before = self.desktop.settled_picture()
-        self.insert_table()
-        self.desktop.move(RIGHT)
-        self.desktop.key("Escape")
-        self.assertEqual(self.desktop.hear("\nCommand: "), "*Cancel*\nCommand: ")
-        self.desktop.rest()
-        wait_until(lambda: self.desktop.picture() == before, "the drawing as it was")
-        sizes, placed = self.saved_tables()
-        self.assertEqual((list(sizes), placed), (["KVO0001"], []))
-
     def test_escape_while_dragging_inserts_in_natural_size(self):
         before = self.desktop.settled_picture()
         (corner,) = self.desktop.points(CORNER)

@@ -1,9 +1,9 @@
 #include "tests/pricelist/open_template.h"
 
 #include <array>
-#include <cstring>
 #include <stdexcept>
 
+#include "bidi/clipboard_text.h"
 #include "common/module_path.h"
 #include "platform/host/editor/editor.h"
 #include "platform/host/editor/modal_dialog.h"
@@ -133,14 +133,7 @@ void OpenTemplate::click_heading(int column) {
 }
 
 void OpenTemplate::paste(int column, int row, const std::wstring& text) {
-    const size_t bytes = (text.size() + 1) * sizeof(wchar_t);
-    const HGLOBAL memory = ::GlobalAlloc(GMEM_MOVEABLE, bytes);
-    std::memcpy(::GlobalLock(memory), text.c_str(), bytes);
-    ::GlobalUnlock(memory);
-    ::OpenClipboard(dialog_->m_hWnd);
-    ::EmptyClipboard();
-    ::SetClipboardData(CF_UNICODETEXT, memory);
-    ::CloseClipboard();
+    corvanes::put_clipboard_text(dialog_->m_hWnd, text);
     click(column, row);
     ::SendMessageW(::GetFocus(), EM_SETSEL, 0, -1);
     ::SendMessageW(::GetFocus(), WM_PASTE, 0, 0);

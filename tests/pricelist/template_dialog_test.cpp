@@ -135,6 +135,24 @@ TEST_F(TemplateDialog, BlinksUntilTheGridIsClicked) {
     EXPECT_TRUE(::IsWindowEnabled(label));
 }
 
+TEST_F(TemplateDialog, HasItsGridInThePlaceholdersPlace) {
+    run.press(IDC_TEMPLATE_NEW, path(L"list.prc"));
+    MyCug& grid = run.grid();
+    CRect expected(8, 23, 320, 235);
+    ::MapDialogRect(run.dialog().m_hWnd, expected);
+    CRect place;
+    grid.GetWindowRect(place);
+    ::MapWindowPoints(nullptr, run.dialog().m_hWnd, reinterpret_cast<POINT*>(&place), 2);
+    EXPECT_EQ(place, expected);
+    EXPECT_EQ(grid.GetExStyle() & WS_EX_CLIENTEDGE, WS_EX_CLIENTEDGE);
+    EXPECT_EQ(::GetWindow(grid.m_hWnd, GW_HWNDPREV), run.control(IDC_TEMPLATE_STATUS));
+    EXPECT_FALSE(grid.AttachGrid(&run.dialog(), IDC_TEMPLATE_FILE)) << "it has a window already";
+    run.key(VK_RIGHT);
+    EXPECT_EQ(grid.GetCurrentColumn(), 1) << "arrows are the grid's";
+    run.key(VK_TAB);
+    EXPECT_EQ(::GetFocus(), run.control(IDC_TEMPLATE_INSERT_ROW)) << "Tab is the dialog's";
+}
+
 TEST_F(TemplateDialog, AsksBeforeChangesAreLost) {
     const auto start = [this] {
         run.write(L"list.prc", "a|1|x\r\n");

@@ -77,13 +77,6 @@ TEST_F(ReportCommand, IsPrintedBesideTheWindowForFinding) {
     EXPECT_EQ(read("page.png").substr(0, 8), "\x89PNG\r\n\x1A\n");
 }
 
-TEST_F(ReportCommand, EndsWhenThereIsNothingToReport) {
-    succeed("QXBOMC\nlist.prc\n\nQUIT\n");
-    succeed("QXBOMC\nlist.prc\n^C\nQUIT\n");
-    write("House.dxf", test_support::drawing_of({}));
-    succeed("QXBOMC\nlist.prc\nALL\n\nQUIT\n");
-}
-
 TEST_F(ReportCommand, ComesBackAfterUnloading) {
     succeed(
         "ARX\nUnload\nCorvanes\nARX\nLoad\nCorvanes.arx\n"
