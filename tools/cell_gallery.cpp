@@ -66,10 +66,10 @@ class Gallery : public CUGCtrl {
             const auto& kind = kinds[row];
             SetRowHeight(row, kind.height);
             SetCellText(0, row, kind.name);
-            Fill(1, row, kind.text, kind.options);
-            Fill(2, row, kind.hebrew, kind.options | control_right_to_left);
-            Fill(3, row, kind.text, kind.options | control_disabled);
-            Fill(4, row, kind.text, kind.options);
+            fill(1, row, kind.text, kind.options);
+            fill(2, row, kind.hebrew, kind.options | control_right_to_left);
+            fill(3, row, kind.text, kind.options | control_disabled);
+            fill(4, row, kind.text, kind.options);
             SelectCell(4, row);
         }
         GotoCell(0, kind_count);
@@ -85,7 +85,7 @@ class Gallery : public CUGCtrl {
     }
 
   private:
-    void Fill(int column, int row, LPCWSTR text, DWORD options) {
+    void fill(int column, int row, LPCWSTR text, DWORD options) {
         SetCellText(column, row, text);
         SetCellLabel(column, row, kinds[row].label);
         SetCellTypeIndex(column, row, kinds[row].type);

@@ -16,24 +16,24 @@ struct blname {
 
 /// Sorts and searches an array by one comparison. The sort keeps the order of equal elements and is safe with any
 /// comparison.
-template <class TYPE, class ARG_TYPE>
+template <class Element, class Argument>
 class RLsort {
   public:
     virtual ~RLsort() = default;
 
-    void Sort(CArray<TYPE, ARG_TYPE>& array) {
+    void Sort(CArray<Element, Argument>& array) {
         if (array.GetSize() == 0) {
             return;
         }
-        TYPE* const data = array.GetData();
-        std::vector<TYPE> items(data, data + array.GetSize());
-        corvanes::safe_sort(items, [this](const TYPE& a, const TYPE& b) { return Compare(&a, &b); });
+        Element* const data = array.GetData();
+        std::vector<Element> items(data, data + array.GetSize());
+        corvanes::safe_sort(items, [this](const Element& a, const Element& b) { return Compare(&a, &b); });
         std::copy(items.begin(), items.end(), data);
     }
 
     /// The index of an element equal to `key` in a sorted array, or -1.
-    INT_PTR Find(const CArray<TYPE, ARG_TYPE>& array, const TYPE& key) {
-        const TYPE* const data = array.GetData();
+    INT_PTR Find(const CArray<Element, Argument>& array, const Element& key) {
+        const Element* const data = array.GetData();
         INT_PTR high = array.GetSize() - 1;
         if (high < 0 || Compare(&key, &data[0]) < 0 || Compare(&key, &data[high]) > 0) {
             return -1;
@@ -51,7 +51,7 @@ class RLsort {
     }
 
     /// Negative, 0 or positive: the order of the elements in two slots.
-    virtual int Compare(const TYPE* first, const TYPE* second) = 0;
+    virtual int Compare(const Element* first, const Element* second) = 0;
 };
 
 /// Orders names without regard to case.

@@ -43,14 +43,14 @@ struct AFX_MSGMAP {
     const AFX_MSGMAP* theClass::GetThisMessageMap() {   \
         using ThisClass = theClass;                     \
         using TheBaseClass = baseClass;                 \
-        static constexpr AFX_MSGMAP_ENTRY kEntries[] = {
-#define END_MESSAGE_MAP()                                                        \
-    { 0, 0, 0, 0, nullptr }                                                      \
-    }                                                                            \
-    ;                                                                            \
-    static const AFX_MSGMAP kMap = {&TheBaseClass::GetThisMessageMap, kEntries}; \
-    static_cast<void>(static_cast<ThisClass*>(nullptr));                         \
-    return &kMap;                                                                \
+        static constexpr AFX_MSGMAP_ENTRY map_entries[] = {
+#define END_MESSAGE_MAP()                                                                  \
+    { 0, 0, 0, 0, nullptr }                                                                \
+    }                                                                                      \
+    ;                                                                                      \
+    static const AFX_MSGMAP message_map = {&TheBaseClass::GetThisMessageMap, map_entries}; \
+    static_cast<void>(static_cast<ThisClass*>(nullptr));                                   \
+    return &message_map;                                                                   \
     }
 
 class AFX_PUBLIC CCmdTarget : public CObject {

@@ -3,9 +3,9 @@
 CCmdTarget::~CCmdTarget() = default;
 
 const AFX_MSGMAP* CCmdTarget::GetThisMessageMap() {
-    static constexpr AFX_MSGMAP_ENTRY kEntries[] = {{0, 0, 0, 0, nullptr}};
-    static constexpr AFX_MSGMAP kMap = {nullptr, kEntries};
-    return &kMap;
+    static constexpr AFX_MSGMAP_ENTRY map_entries[] = {{0, 0, 0, 0, nullptr}};
+    static constexpr AFX_MSGMAP message_map = {nullptr, map_entries};
+    return &message_map;
 }
 
 const AFX_MSGMAP* CCmdTarget::GetMessageMap() const {

@@ -154,8 +154,8 @@ BOOL CDialog::OnCmdMsg(UINT id, int code, void* extra, void* handler_info) {
         return TRUE;
     }
     // Commands of the program go on to the owner; what controls say stays here.
-    constexpr UINT kFirstCommand = 0x8000, kFirstSystemCommand = 0xf000;
-    if (code != CN_COMMAND || id < kFirstCommand || id >= kFirstSystemCommand) {
+    constexpr UINT first_command = 0x8000, first_system_command = 0xf000;
+    if (code != CN_COMMAND || id < first_command || id >= first_system_command) {
         return FALSE;
     }
     CWnd* const parent = GetParent();

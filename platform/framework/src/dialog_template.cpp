@@ -34,14 +34,14 @@ DialogTemplate find_dialog_template(LPCWSTR name) {
 }
 
 bool wants_centering(const DLGTEMPLATE* dialog) {
-    constexpr DWORD kPlaced = DS_CENTER | DS_CENTERMOUSE | DS_ABSALIGN;
+    constexpr DWORD placed = DS_CENTER | DS_CENTERMOUSE | DS_ABSALIGN;
     ExtendedHead head;
     std::memcpy(&head, dialog, sizeof(dialog->style));
     if (head.version != 1 || head.signature != 0xffff) {
-        return !(dialog->style & kPlaced) && dialog->x == 0 && dialog->y == 0;
+        return !(dialog->style & placed) && dialog->x == 0 && dialog->y == 0;
     }
     std::memcpy(&head, dialog, sizeof(head));
-    return !(head.style & kPlaced) && head.x == 0 && head.y == 0;
+    return !(head.style & placed) && head.x == 0 && head.y == 0;
 }
 
 bool is_multiline_edit(HWND window) {

@@ -7,7 +7,7 @@ namespace framework {
 namespace {
 
 /// The caret's blinking, which the system never documented.
-constexpr UINT kSystemTimer = 0x0118;
+constexpr UINT system_timer = 0x0118;
 
 bool pre_translate(MSG& message) {
     const Scoped<int> running(thread_state().handlers_running, thread_state().handlers_running + 1);
@@ -45,7 +45,7 @@ bool pump_message(MSG& message) {
 }
 
 bool is_idle_message(const MSG& message) {
-    if (message.message == WM_PAINT || message.message == kSystemTimer) {
+    if (message.message == WM_PAINT || message.message == system_timer) {
         return false;
     }
     if (message.message != WM_MOUSEMOVE && message.message != WM_NCMOUSEMOVE) {

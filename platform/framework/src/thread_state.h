@@ -13,7 +13,7 @@
 namespace framework {
 
 /// The objects of one kind of handle: those that own their handle, and the temporary ones.
-template <class Object, class Handle, Handle Object::*kHandle>
+template <class Object, class Handle, Handle Object::*handle_member>
 class HandleMap {
   public:
     /// False when another object owns the handle.
@@ -23,7 +23,7 @@ class HandleMap {
         const auto found = owners_.find(handle);
         return found == owners_.end() ? nullptr : found->second;
     }
-    bool owns(const Object* object) const { return object->*kHandle && owner(object->*kHandle) == object; }
+    bool owns(const Object* object) const { return object->*handle_member && owner(object->*handle_member) == object; }
 
     /// The owner of the handle when it is a `Kind`, else a temporary object of exactly that class. Null for no handle.
     template <class Kind>
@@ -37,12 +37,12 @@ class HandleMap {
         auto& candidates = temporary_[handle];
         // A temporary object to which another handle was attached since owns that one, and stands for it.
         for (const auto& candidate : candidates) {
-            if (typeid(*candidate) == typeid(Kind) && candidate.get()->*kHandle == handle) {
+            if (typeid(*candidate) == typeid(Kind) && candidate.get()->*handle_member == handle) {
                 return static_cast<Kind*>(candidate.get());
             }
         }
         candidates.push_back(std::make_unique<Kind>());
-        candidates.back().get()->*kHandle = handle;
+        candidates.back().get()->*handle_member = handle;
         return static_cast<Kind*>(candidates.back().get());
     }
 
