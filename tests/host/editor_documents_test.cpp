@@ -76,15 +76,15 @@ TEST_F(Documents, BringTheirVariables) {
     EXPECT_EQ(std::filesystem::path(shown(L"DWGPREFIX") + shown(L"DWGNAME")), folder_ / "a.dxf");
 
     dxf::Drawing& store = editor().documents.document()->drawing();
-    editor().variables.set(L"SNAPMODE", 0);
-    editor().variables.set(L"SNAPMODE", 1);
+    editor().variables.put(L"SNAPMODE", 0);
+    editor().variables.put(L"SNAPMODE", 1);
     editor().drawing_variables.store(store);
     EXPECT_EQ(shown(L"DBMOD"), L"0") << "changed back, and what is no number is as it was";
     auto limit = std::get<Point>(*editor().variables.get(L"LIMMIN"));
     limit.y = 7;
-    editor().variables.set(L"LIMMIN", limit);
-    editor().variables.set(L"INSBASE", Point{1, 2.5, 3});
-    editor().variables.set(L"CLAYER", std::wstring(L"0"));
+    editor().variables.put(L"LIMMIN", limit);
+    editor().variables.put(L"INSBASE", Point{1, 2.5, 3});
+    editor().variables.put(L"CLAYER", std::wstring(L"0"));
     editor().drawing_variables.store(store);
     EXPECT_EQ(shown(L"DBMOD"), L"1");
     Listener listener;

@@ -111,7 +111,7 @@ std::optional<host::VariableValue> value_of(const struct resbuf& buffer) {
 int acedSetVar(const ACHAR* sym, const struct resbuf* value) {
     const std::optional<host::VariableValue> wanted =
         sym != nullptr && value != nullptr ? value_of(*value) : std::nullopt;
-    if (!wanted || editor().variables.set(sym, *wanted) != host::VariableFault::none) {
+    if (!wanted || !editor().variables.set(sym, *wanted)) {
         return RTERROR;
     }
     editor().variable_was_set();

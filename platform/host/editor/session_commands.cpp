@@ -71,19 +71,11 @@ void set_variable(Editor& editor) {
     if (answer.kind != Answer::line) {
         return;
     }
-    switch (editor.variables.set_from_text(name, answer.text)) {
-        case VariableFault::read_only:
-            person().report(name + L" is read-only.");
-            break;
-        case VariableFault::wrong_type:
-        case VariableFault::out_of_range:
-            person().report(L"\"" + answer.text + L"\" is no value for " + name + L".");
-            break;
-        case VariableFault::none:
-            editor.variable_was_set();
-            break;
-        case VariableFault::unknown:
-            break;
+    const base::Outcome<> set = editor.variables.set_from_text(name, answer.text);
+    if (set) {
+        editor.variable_was_set();
+    } else {
+        person().report(set.reason());
     }
 }
 

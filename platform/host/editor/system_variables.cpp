@@ -140,42 +140,46 @@ std::optional<VariableValue> SystemVariables::get(std::wstring_view name) const 
     return variable->source ? variable->source() : variable->value;
 }
 
-VariableFault SystemVariables::set(std::wstring_view name, const VariableValue& value) {
-    Variable* variable = find(name);
-    if (variable == nullptr) {
-        return VariableFault::unknown;
-    }
-    const VariableDescription& description = *variable->description;
-    if (description.access == VariableDescription::read_only) {
-        return VariableFault::read_only;
-    }
-    const std::optional<double> number = as_number(value);
-    const bool widened = std::holds_alternative<double>(variable->value) && std::holds_alternative<int>(value);
-    if (value.index() != variable->value.index() && !widened) {
-        return VariableFault::wrong_type;
-    }
-    if (number && !(*number >= description.least && *number <= description.greatest)) {
-        return VariableFault::out_of_range;
-    }
-    if (variable->form) {
-        std::optional<std::wstring> kept = variable->form(std::get<std::wstring>(value));
-        if (!kept) {
-            return VariableFault::out_of_range;
-        }
-        variable->value = *std::move(kept);
-        return VariableFault::none;
-    }
-    variable->value = widened ? VariableValue(*number) : value;
-    return VariableFault::none;
+base::Outcome<> SystemVariables::set(std::wstring_view name, const VariableValue& value) {
+    return change(name, value, format_variable(value));
 }
 
-VariableFault SystemVariables::set_from_text(std::wstring_view name, std::wstring_view text) {
+base::Outcome<> SystemVariables::set_from_text(std::wstring_view name, std::wstring_view text) {
     const Variable* variable = find(name);
+    return change(name, variable != nullptr ? read_as(variable->value, text) : std::nullopt, text);
+}
+
+/// None as `value`: what was typed, `shown`, cannot be read.
+base::Outcome<> SystemVariables::change(std::wstring_view name, const std::optional<VariableValue>& value,
+                                        std::wstring_view shown) {
+    Variable* variable = find(name);
     if (variable == nullptr) {
-        return VariableFault::unknown;
+        return base::Failure{L"Unknown variable \"" + std::wstring(name) + L"\"."};
     }
-    const std::optional<VariableValue> value = read_as(variable->value, text);
-    return value ? set(name, *value) : VariableFault::wrong_type;
+    if (variable->description->access == VariableDescription::read_only) {
+        return base::Failure{std::wstring(name) + L" is read-only."};
+    }
+    std::optional<VariableValue> kept = value ? kept_value(*variable, *value) : std::nullopt;
+    if (!kept) {
+        return base::Failure{L"\"" + std::wstring(shown) + L"\" is no value for " + std::wstring(name) + L"."};
+    }
+    variable->value = *std::move(kept);
+    return {};
+}
+
+/// What a variable keeps of a value; none where its type, limits or form forbid the value.
+std::optional<VariableValue> SystemVariables::kept_value(const Variable& variable, const VariableValue& value) {
+    const std::optional<double> number = as_number(value);
+    const bool widened = std::holds_alternative<double>(variable.value) && std::holds_alternative<int>(value);
+    const bool fits = value.index() == variable.value.index() || widened;
+    const VariableDescription& limits = *variable.description;
+    if (!fits || (number && !(*number >= limits.least && *number <= limits.greatest))) {
+        return std::nullopt;
+    }
+    if (variable.form) {
+        return variable.form(std::get<std::wstring>(value));
+    }
+    return widened ? VariableValue(*number) : value;
 }
 
 void SystemVariables::put(std::wstring_view name, VariableValue value) {

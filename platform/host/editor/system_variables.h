@@ -9,6 +9,7 @@
 #include <variant>
 #include <vector>
 
+#include "base/result.h"
 #include "platform/host/prompt/input_text.h"
 
 namespace host {
@@ -19,8 +20,6 @@ inline constexpr wchar_t program_name[] = L"Drawing Host";
 /// The alternatives are the types that acedGetVar reports: RTSHORT, RTREAL, RTSTR and RT3DPOINT.
 using VariableValue = std::variant<int, double, std::wstring, Point>;
 
-enum class VariableFault { none, unknown, read_only, wrong_type, out_of_range };
-
 struct VariableDescription;
 
 /// All variables with their initial values. Names are found without regard to case.
@@ -29,10 +28,11 @@ class SystemVariables {
     SystemVariables();
 
     std::optional<VariableValue> get(std::wstring_view name) const;
-    /// What a user or a module may do. A whole number is taken where a real is kept.
-    VariableFault set(std::wstring_view name, const VariableValue& value);
+    /// What a user or a module may do; the reason says why not, fit for a message. A whole number is taken where a real
+    /// is kept.
+    base::Outcome<> set(std::wstring_view name, const VariableValue& value);
     /// The same from typed text, read by the variable's own type.
-    VariableFault set_from_text(std::wstring_view name, std::wstring_view text);
+    base::Outcome<> set_from_text(std::wstring_view name, std::wstring_view text);
 
     /// What the host itself does: read-only variables too, without limits. The variable must exist with this type.
     void put(std::wstring_view name, VariableValue value);
@@ -59,6 +59,8 @@ class SystemVariables {
     };
     Variable* find(std::wstring_view name);
     const Variable* find(std::wstring_view name) const;
+    static std::optional<VariableValue> kept_value(const Variable& variable, const VariableValue& value);
+    base::Outcome<> change(std::wstring_view name, const std::optional<VariableValue>& value, std::wstring_view shown);
 
     std::map<std::wstring, Variable, std::less<>> variables_;
 };
