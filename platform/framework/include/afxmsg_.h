@@ -47,9 +47,9 @@ struct Passing {
     }
 };
 
-template <class Kind, auto Arguments, auto Handler>
+template <class Kind, auto arguments, auto handler>
 BOOL invoke(CCmdTarget* target, AFX_MESSAGE& message) {
-    return Kind::call(target, Handler, Arguments(message), message);
+    return Kind::call(target, handler, arguments(message), message);
 }
 
 inline CWnd* window(WPARAM handle) {
