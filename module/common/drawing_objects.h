@@ -1,4 +1,4 @@
-// Small questions to the drawing's objects.
+// Reading what objects of the drawing say: their groups, their names, the blocks that they are forms of.
 #pragma once
 
 #include <acdbads.h>
@@ -16,7 +16,7 @@ namespace corvanes {
 /// The groups of an object, as the host lists them. Empty for one that cannot be listed.
 class ObjectGroups {
   public:
-    /// With the extended data of one application, unless that is null.
+    /// `application`: its extended data are among them; null for no extended data.
     explicit ObjectGroups(AcDbObjectId id, const wchar_t* application = nullptr);
 
     const resbuf* first() const { return list_.get(); }

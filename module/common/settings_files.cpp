@@ -42,20 +42,23 @@ SettingsPaths settings_paths(std::wstring_view module_path, std::wstring_view se
     return paths;
 }
 
-void read_column_widths(const std::filesystem::path& path, int* widths, size_t count) {
+void read_column_widths(const std::filesystem::path& path, std::span<int> widths) {
     const auto text = read_text_file(path);
     if (!text) {
         return;
     }
     std::wstring_view rest = *text;
-    for (size_t i = 0; i < count && take_integer(rest, widths[i]); ++i) {
+    for (int& width : widths) {
+        if (!take_integer(rest, width)) {
+            return;
+        }
     }
 }
 
-void write_column_widths(const std::filesystem::path& path, const int* widths, size_t count) {
+void write_column_widths(const std::filesystem::path& path, std::span<const int> widths) {
     std::wstring text;
-    for (size_t i = 0; i < count; ++i) {
-        text += std::to_wstring(widths[i]) + L' ';
+    for (const int width : widths) {
+        text += std::to_wstring(width) + L' ';
     }
     write_changed(path, text);
 }
@@ -83,7 +86,7 @@ void GetSettingsPaths(const wchar_t* settings_file_name, std::wstring& settings_
 void read_settings(const wchar_t* settings_file_name, std::vector<int>& widths, std::wstring& last_file) {
     SettingsPaths paths;
     GetSettingsPaths(settings_file_name, paths.settings, paths.last_file);
-    read_column_widths(paths.settings, widths.data(), widths.size());
+    read_column_widths(paths.settings, widths);
     if (auto read = read_last_file(paths.last_file)) {
         last_file = std::move(*read);
     }
@@ -92,7 +95,7 @@ void read_settings(const wchar_t* settings_file_name, std::vector<int>& widths, 
 void write_settings(const wchar_t* settings_file_name, const std::vector<int>& widths, std::wstring_view last_file) {
     SettingsPaths paths;
     GetSettingsPaths(settings_file_name, paths.settings, paths.last_file);
-    write_column_widths(paths.settings, widths.data(), widths.size());
+    write_column_widths(paths.settings, widths);
     write_last_file(paths.last_file, last_file);
 }
 

@@ -3,6 +3,7 @@
 
 #include <filesystem>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -24,10 +25,10 @@ SettingsPaths settings_paths(std::wstring_view module_path, std::wstring_view se
 
 /// Reads decimal, hexadecimal (0x) or octal (0) integers into `widths`, from the first on; those that cannot be read,
 /// and all of them when there is no file, stay as they were.
-void read_column_widths(const std::filesystem::path& path, int* widths, size_t count);
+void read_column_widths(const std::filesystem::path& path, std::span<int> widths);
 
 /// Writes each width and a blank. A file that cannot be written is left as it is, silently.
-void write_column_widths(const std::filesystem::path& path, const int* widths, size_t count);
+void write_column_widths(const std::filesystem::path& path, std::span<const int> widths);
 
 /// The first word of the file: a path that holds a blank comes back cut there. Nothing when there is no file or no
 /// word.

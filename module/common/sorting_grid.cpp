@@ -20,8 +20,8 @@ void SortingGrid::SetUpColumns(const std::vector<int>& computed_widths) {
     if (widths_[0] == -1) {
         widths_ = computed_widths;
     }
+    mend_widths(widths_, computed_widths);
     const int count = static_cast<int>(columns_.size());
-    mend_widths(widths_.data(), computed_widths.data(), count);
     SetColumnCount(count, FALSE);
     for (int column = 0; column < count; ++column) {
         const GridColumn& made = columns_[static_cast<size_t>(column)];

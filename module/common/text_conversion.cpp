@@ -12,18 +12,14 @@ constexpr std::string_view utf8_mark = "\xEF\xBB\xBF";
 constexpr std::string_view utf16_little_mark = "\xFF\xFE";
 constexpr std::string_view utf16_big_mark = "\xFE\xFF";
 
-bool begins_with(std::string_view bytes, std::string_view beginning) {
-    return bytes.substr(0, beginning.size()) == beginning;
-}
-
 TextEncoding encoding_of(std::string_view bytes) {
-    if (begins_with(bytes, utf8_mark)) {
+    if (bytes.starts_with(utf8_mark)) {
         return TextEncoding::utf8_behind_mark;
     }
-    if (begins_with(bytes, utf16_little_mark)) {
+    if (bytes.starts_with(utf16_little_mark)) {
         return TextEncoding::utf16_little_endian;
     }
-    if (begins_with(bytes, utf16_big_mark)) {
+    if (bytes.starts_with(utf16_big_mark)) {
         return TextEncoding::utf16_big_endian;
     }
     return !base::is_ascii(bytes) && base::valid_utf8(bytes) ? TextEncoding::utf8 : TextEncoding::system_code_page;

@@ -70,8 +70,8 @@ int ColumnLayout::nearest_shown(int column) const {
     return right >= 0 ? right : last_shown() >= 0 ? last_shown() : column;
 }
 
-void mend_widths(int* widths, const int* defaults, int count) {
-    for (int column = 0; column < count; ++column) {
+void mend_widths(std::span<int> widths, std::span<const int> defaults) {
+    for (size_t column = 0; column < widths.size(); ++column) {
         if (widths[column] < ColumnLayout::narrowest_column || widths[column] > ColumnLayout::widest_column) {
             widths[column] = defaults[column];
         }

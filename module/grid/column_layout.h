@@ -1,6 +1,7 @@
 // The columns of a grid: their widths, and where each one lies.
 #pragma once
 
+#include <span>
 #include <vector>
 
 namespace corvanes {
@@ -57,6 +58,6 @@ class ColumnLayout {
 
 // Gives each width that came from elsewhere and that nobody could have dragged (less than the narrowest, more than the
 // widest) its default.
-void mend_widths(int* widths, const int* defaults, int count);
+void mend_widths(std::span<int> widths, std::span<const int> defaults);
 
 }  // namespace corvanes

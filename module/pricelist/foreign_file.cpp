@@ -17,7 +17,7 @@ std::string_view take_line(std::string_view& bytes) {
 
 bool is_drawing(std::string_view bytes) {
     constexpr std::string_view binary_dxf = "AutoCAD Binary DXF";
-    if (bytes.substr(0, binary_dxf.size()) == binary_dxf) {
+    if (bytes.starts_with(binary_dxf)) {
         return true;
     }
     std::string_view code = take_line(bytes);

@@ -41,7 +41,7 @@ TEST(SettingsPaths, StandBesideTheModule) {
 
 TEST_F(SettingsFiles, WidthsComeBackAndGarbageLeavesTheRest) {
     const int written[] = {150, 50, 200};
-    corvanes::write_column_widths(file(), written, 3);
+    corvanes::write_column_widths(file(), written);
     EXPECT_EQ(bytes(), "150 50 200 ");
     const struct {
         const char* bytes;
@@ -53,12 +53,12 @@ TEST_F(SettingsFiles, WidthsComeBackAndGarbageLeavesTheRest) {
     for (const auto& c : cases) {
         put(c.bytes);
         int widths[] = {-1, -1, -1};
-        corvanes::read_column_widths(file(), widths, 3);
+        corvanes::read_column_widths(file(), widths);
         EXPECT_TRUE(std::equal(widths, widths + 3, c.widths)) << c.bytes;
     }
     int kept[] = {1, 2, 3};
-    corvanes::read_column_widths(folder_.path(), kept, 3);
-    corvanes::read_column_widths(folder_ / "missing", kept, 3);
+    corvanes::read_column_widths(folder_.path(), kept);
+    corvanes::read_column_widths(folder_ / "missing", kept);
     EXPECT_EQ(kept[0] + kept[1] + kept[2], 6);
 }
 

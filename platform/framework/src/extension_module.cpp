@@ -84,5 +84,5 @@ CDynLinkLibrary::CDynLinkLibrary(AFX_EXTENSION_MODULE& state, BOOL)
 
 CDynLinkLibrary::~CDynLinkLibrary() {
     auto& libraries = resources().libraries;
-    libraries.erase(std::remove(libraries.begin(), libraries.end(), this), libraries.end());
+    std::erase(libraries, this);
 }

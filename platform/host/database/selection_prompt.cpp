@@ -23,7 +23,7 @@ constexpr Word words[] = {
 std::wstring_view recognise(std::wstring_view answer) {
     const std::wstring typed = base::lower(answer.substr(!answer.empty() && answer[0] == L'_' ? 1 : 0));
     for (const Word& word : words) {
-        if (typed.size() >= word.shortest.size() && word.full.substr(0, typed.size()) == typed) {
+        if (typed.size() >= word.shortest.size() && word.full.starts_with(typed)) {
             return word.full;
         }
     }

@@ -23,14 +23,10 @@ constexpr std::string_view binary_sentinel("AutoCAD Binary DXF\r\n\x1a\0", 22);
 constexpr size_t sentinel_words = 18;
 constexpr std::string_view byte_order_mark = "\xEF\xBB\xBF";
 
-bool starts_with(std::string_view text, std::string_view start) {
-    return text.substr(0, start.size()) == start;
-}
-
 /// How the groups behind the binary sentinel are laid out: code 0 takes one byte or two, and so does a comment's.
 Encoding binary_encoding(std::string_view groups) {
-    const bool two_byte_zero = starts_with(groups, std::string_view("\0\0", 2));
-    const bool two_byte_comment = starts_with(groups, "\xE7\x03");
+    const bool two_byte_zero = groups.starts_with(std::string_view("\0\0", 2));
+    const bool two_byte_comment = groups.starts_with("\xE7\x03");
     return two_byte_zero || two_byte_comment ? Encoding::binary : Encoding::binary_r12;
 }
 
@@ -39,18 +35,18 @@ std::optional<std::string> judge_start(std::string_view bytes, DrawingIndex& ind
     if (bytes.empty()) {
         return "the file is empty";
     }
-    if (starts_with(bytes, binary_sentinel)) {
+    if (bytes.starts_with(binary_sentinel)) {
         start = binary_sentinel.size();
         index.encoding = binary_encoding(bytes.substr(start));
         return std::nullopt;
     }
-    if (starts_with(bytes, binary_sentinel.substr(0, sentinel_words))) {
+    if (bytes.starts_with(binary_sentinel.substr(0, sentinel_words))) {
         return "a damaged binary drawing: its first line is not as it must be";
     }
-    if (starts_with(bytes, "AC10")) {
+    if (bytes.starts_with("AC10")) {
         return "a DWG drawing, not a DXF drawing";
     }
-    start = starts_with(bytes, byte_order_mark) ? byte_order_mark.size() : 0;
+    start = bytes.starts_with(byte_order_mark) ? byte_order_mark.size() : 0;
     const size_t line_feed = bytes.find('\n');
     if (line_feed != std::string_view::npos && line_feed > 0 && bytes[line_feed - 1] == '\r') {
         index.line_end = "\r\n";
