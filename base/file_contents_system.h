@@ -11,7 +11,7 @@ namespace base {
 /// A file of the operating system that is being read.
 class FileSource {
   public:
-    /// What changes when somebody writes to the file.
+    /// A mark of the file's state. Two marks differ when somebody has written to the file in between.
     struct Stamp {
         std::uint64_t size = 0;
         std::int64_t written = 0;  ///< when, in the system's finest units

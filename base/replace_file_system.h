@@ -40,12 +40,12 @@ class ReplacementFile {
     virtual bool is_named() const = 0;
     virtual std::uint64_t size(std::error_code& error) const = 0;
     virtual std::error_code write(std::string_view bytes) = 0;
-    /// At most `count` bytes from `offset` on.
+    /// Reads at most `count` bytes from `offset` on.
     virtual std::string read(std::uint64_t offset, size_t count, std::error_code& error) = 0;
     /// Where the next write begins.
     virtual std::error_code seek(std::uint64_t offset) = 0;
     virtual std::error_code resize(std::uint64_t size) = 0;
-    /// To the disk itself.
+    /// Makes the system write all of it to the disk.
     virtual std::error_code flush() = 0;
     /// Gives this new file the mode, owner and group of the target, or what the umask asks when there is no target.
     virtual Takeover take_over_from(const std::filesystem::path& target) = 0;

@@ -16,7 +16,7 @@ struct Failure {
 template <typename Reason>
 Failure(Reason) -> Failure<Reason>;
 
-/// The value of what gives nothing when it succeeds.
+/// The value of a function that gives nothing else when it succeeds.
 struct Done {};
 
 /// Either a value or a reason. Reasons in words are fit for a message; a `Reason` of another type says more.
@@ -26,13 +26,13 @@ class [[nodiscard]] Result {
     Result(Value value) : value_(std::move(value)) {}
     template <typename Other>
     Result(Failure<Other> failure) : reason_(std::move(failure.reason)) {}
-    /// Success, where that is all there is to say.
+    /// Success of a function that gives nothing else.
     template <typename Same = Value, std::enable_if_t<std::is_same_v<Same, Done>, int> = 0>
     Result() : value_(Done()) {}
 
     explicit operator bool() const { return value_.has_value(); }
 
-    // The value. To be asked for only where there is one.
+    // The value; there must be one.
     Value& operator*() & { return *value_; }
     const Value& operator*() const& { return *value_; }
     Value&& operator*() && { return *std::move(value_); }
@@ -47,7 +47,7 @@ class [[nodiscard]] Result {
     Reason reason_{};
 };
 
-/// Done, or why not.
+/// Success without a value, or the reason of the failure.
 template <typename Reason = std::wstring>
 using Outcome = Result<Done, Reason>;
 

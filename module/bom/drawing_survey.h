@@ -34,6 +34,7 @@ class DrawingSurvey {
     };
 
     void find_frozen();
+    /// Finds the references that stand in the place of another.
     void find_stacked(std::vector<Reference> references, const std::wstring& name);
     void find_nested();
     std::wstring name_of(const Block& block) const;

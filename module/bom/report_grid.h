@@ -31,7 +31,7 @@ class MyCug2 : public SortingGrid {
     bool TakesReturn() const override { return true; }
 
   private:
-    /// Not that a column of money is hidden.
+    /// Not the width 0 of a column of money that "Show Price" hides.
     bool StoresWidth(int column, int width) const override;
 
     CUGMaskedEdit editor_;

@@ -1,4 +1,4 @@
-// What a person wants of the report beside its dialog, told by values of the host's environment.
+// What else than its dialog a person wants of the report: notes and a JSON file, chosen by values of the environment.
 #pragma once
 
 #include <future>
@@ -28,7 +28,7 @@ void print_notes(const ReportWishes& wishes, const BlockCount& count);
 /// The file that CORVANES_JSON names. Sums up the drawing's file from its making on, beside what else is done.
 class BillFile {
   public:
-    /// Nothing is summed up or written where the file is not wanted.
+    /// Without a wanted file nothing is computed and nothing written.
     explicit BillFile(const ReportWishes& wishes);
     /// Writes what the report showed, and the notes; an alert when the file cannot be written.
     void write(BlockCount&& count, MyCug2& grid);

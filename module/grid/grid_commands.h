@@ -23,7 +23,7 @@ class GridCommands final : public CommandTarget {
     void ShowMenu(CWnd& window, POINT point, int column) override;
     void ShowStatus() override;
     bool StatusDue() const override;
-    // The windows of commands that are still open go.
+    // Closes the windows of commands that are still open.
     void CloseWindows();
 
   private:

@@ -27,7 +27,7 @@ class GridPane : public CWnd {
     GridState& state() const;
     // Paints at least the part of the window inside `dirty`; clipping is the caller's.
     virtual void Paint(CDC& dc, const RECT& dirty) = 0;
-    // What is shown is not what it was.
+    // Called when the contents have changed, before they are painted again.
     virtual void OnContentChanged() {}
     // Fills `cell` with a heading cell's raised or pressed face, draws the text at (column, row) over it.
     void PaintHeadingCell(CDC& dc, const RECT& cell, int column, int row, const wchar_t* text_if_none, bool pressed);

@@ -18,7 +18,7 @@ class TemplateGridOwner : public corvanes::GridOwner {
   public:
     virtual void enable_save(bool on) = 0;
     virtual void enable_moves(bool up, bool down) = 0;
-    /// The keyboard is the grid's again: on a button, letters would press others.
+    /// Gives the keyboard back to the grid. On a button, typed letters would press other buttons.
     virtual void go_on_in_grid() = 0;
     /// The label that messages are shown in.
     virtual CStaticEx& status() = 0;
@@ -53,7 +53,7 @@ class MyCug : public SortingGrid {
     bool may_save_losses();
     /// Tells in the status label of the first price of which only a part is read; nothing is refused.
     void tell_misread_prices();
-    /// The message goes, and the selection that came with it.
+    /// Clears the message and the selection that came with it.
     void clear_status();
     /// 1 when no row but `except_row` has this name, whatever its case.
     int IsNameUnique(const wchar_t* name, long except_row);
@@ -83,16 +83,16 @@ class MyCug : public SortingGrid {
   private:
     enum Column { name_column, price_column, description_column };
 
-    /// Of the nearest row that has a description; nothing when none has.
+    /// The direction of the nearest row that has a description; nothing when no row has one.
     std::optional<corvanes::ParagraphDirection> direction_of_descriptions(long row);
     void InitRow(long row);
     void RefreshNameList();
     int SwapRows(long row_a, long row_b);
     std::wstring text(int column, long row);
     corvanes::PriceListEntry entry(long row);
-    /// Of the changed names the first that another row has too, with these changes.
+    /// The first of the changed names that more than one row would have after these changes.
     std::optional<std::wstring> name_made_twice(const std::vector<corvanes::CellChange>& changes);
-    /// Whether there was something to tell.
+    /// True when a message was shown.
     bool warn_of_loss(int column, long row, const wchar_t* new_text);
     /// Blinks and beeps about a cell until clear_status, or for a time, if one is given.
     void show_status(const std::wstring& message, int column, long row, int milliseconds);

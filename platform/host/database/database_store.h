@@ -85,7 +85,7 @@ class DatabaseStore {
                            bool open_erased);
     /// Forgets the instance of an object that nobody has open any more.
     void forget(ObjectAddress at) { open_.remove(at); }
-    /// Fills an instance from its record.
+    /// Fills an instance with the values of its record.
     void load(AcDbObject& object);
     /// What the INSERT of this record says of its place. Stays until it is asked for another one.
     const dxf::Insert& placement_in(dxf::RecordId record) const;

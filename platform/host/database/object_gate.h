@@ -1,4 +1,4 @@
-// The host's side door into AcDbObject.
+// Access of the host to what AcDbObject keeps from modules.
 #pragma once
 
 #include "dbents.h"

@@ -19,9 +19,9 @@ class SelectionSet {
     const std::vector<dxf::RecordId>& records() const { return records_; }
     bool empty() const { return records_.empty(); }
     bool contains(dxf::RecordId record) const;
-    /// Those of `records` that were not in the set, in order; they are now.
+    /// Adds `records` to the set and returns those that were not in it, in order.
     std::vector<dxf::RecordId> add(const std::vector<dxf::RecordId>& records);
-    /// Those of `records` that were in the set; they are no more.
+    /// Removes `records` from the set and returns those that were in it.
     std::vector<dxf::RecordId> remove(const std::vector<dxf::RecordId>& records);
 
   private:

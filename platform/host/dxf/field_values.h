@@ -1,4 +1,4 @@
-// A record's values by group code: what all that look into a record ask alike.
+// A record's values by group code: the look-ups that RecordView and RecordFields have in common.
 #pragma once
 
 #include <cstdint>

@@ -38,7 +38,7 @@ struct Block {
 };
 
 struct DrawingIndex {
-    /// Handles from here on are nonsense, behind which there is no room for new ones.
+    /// Handles from this one on are taken for damaged: behind them there would be no room for new ones.
     static constexpr uint64_t first_unusual_handle = uint64_t{1} << 62;
 
     Encoding encoding = Encoding::ascii;

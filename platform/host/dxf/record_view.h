@@ -15,8 +15,8 @@
 namespace dxf {
 
 /// A cheap look at one record's bytes. Valid until the record is edited or the drawing is saved or closed.
-/// Values are searched among the record's own groups (own_groups.h), not those of its sub-records. Who asks for many
-/// reads RecordFields.
+/// Values are searched among the record's own groups (own_groups.h), not those of its sub-records. For many
+/// values of one record RecordFields is faster.
 class RecordView : public FieldValues<RecordView> {
   public:
     RecordView(std::string_view bytes, Encoding encoding, TextCodec codec);
