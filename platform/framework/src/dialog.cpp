@@ -120,7 +120,7 @@ LRESULT CDialog::HandleInitDialog(WPARAM, LPARAM) {
     const LRESULT result = Default();
     if (m_hWnd && may_center && !ended_) {
         GetWindowRect(after);
-        if (before == after && !IsWindowVisible()) {
+        if (before.EqualRect(&after) && !IsWindowVisible()) {
             CenterWindow();
         }
     }
