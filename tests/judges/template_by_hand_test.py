@@ -2,7 +2,7 @@
 """Makes a price list in the BOM Template dialog and a report with it, once with the keyboard and once with the mouse, as
 a new user does, and compares the bytes of both files.
 
-usage: template_by_hand_test.py DRAWINGHOST.exe MODULE.arx [TEST...]   ($PICTURES: a folder for pictures of every step)
+usage: template_by_hand_test.py DRAWINGHOST.exe MODULE.arx [TEST...]
 """
 
 import os
@@ -47,15 +47,6 @@ class TemplateByHand(DesktopTest):
         self.addCleanup(subprocess.run, ["setxkbmap", "us,il"], check=False)
         subprocess.run(["setxkbmap", "us"], check=True)
         self.open("house_plan.dxf")
-        self.pictures = 0
-
-    def look(self, title=TEMPLATE):
-        """A picture for a person to judge by."""
-        if folder := os.environ.get("PICTURES"):
-            self.pictures += 1
-            window = xdotool("search", "--onlyvisible", "--name", title)
-            subprocess.run(["xdotool", "sleep", "0.4"], check=False)
-            subprocess.run(["import", "-window", "root", f"{folder}/{self._testMethodName}_{self.pictures:02}.png"], check=bool(window))
 
     def hebrew(self, text):
         """On the Hebrew keyboard, by the keys that a person presses; capitals with Shift."""
@@ -95,12 +86,10 @@ class TemplateByHand(DesktopTest):
     def press(self, _button, steps, back=0):
         """From the grid to a button; only those that move a row keep the keyboard."""
         xdotool("key", *["Tab"] * steps, "space", *["shift+Tab"] * back)
-        self.look()
 
     def test_with_the_keyboard(self):
         desktop = self.desktop
         desktop.type("qxbomt")
-        self.look()
         desktop.key("alt+n", title=TEMPLATE)
         self.new_list()
         for name, price, description in ROWS:
@@ -108,15 +97,12 @@ class TemplateByHand(DesktopTest):
                 self.press("Insert Row", 1)
             xdotool("key", "F4")
             self.hebrew(name)
-            self.look()
             xdotool("key", "Return", "Right", "F2", "BackSpace")  # the nought of a new row
             self.hebrew(price)
             xdotool("key", "Tab", "F2")
             self.hebrew(description)
-            self.look()
             xdotool("key", "Return")
         xdotool("key", "Home", "Right", "F3", "ctrl+End")  # sorts by the price
-        self.look()
         self.press("Move Up", 3, back=3)
         self.press("Move Up", 3, back=3)
         xdotool("key", *["Tab"] * 7, "space")  # a button that goes grey leaves the focus to the grid
@@ -132,7 +118,6 @@ class TemplateByHand(DesktopTest):
         desktop.hear("Select objects: ")
         desktop.key("Return")
         desktop.face(REPORT)
-        self.look()
         desktop.key("alt+s", title=REPORT)
         desktop.type(windows_path(self.folder / "report.txt"), title="^Save as$")
         self.expect_report()
@@ -149,7 +134,6 @@ class TemplateByHand(DesktopTest):
         xdotool("key", "Return", "Right", "Right", "F2", "keydown", "Control_R", "key", "Shift_R", "keyup", "Control_R")
         for stroke in strokes:
             xdotool(*stroke.split()) if stroke.startswith("key") else xdotool("key", "--delay", 12, *stroke.split())
-            self.look()
         xdotool("key", "Return")
         self.face_dialog()
         self.click("Save")
@@ -225,20 +209,16 @@ class TemplateByHand(DesktopTest):
             wait_until(lambda: self.windows() > shown, "the drop list")
             notches, line = LISTED[row]
             self.point_at(80, 106 + 16 * row + 13 * line, "click", "--repeat", notches, 5)
-            self.look()
             xdotool("click", 1)
             self.click_cell(1, row)
             xdotool("key", "BackSpace")
             self.hebrew(price)
             self.click_cell(2, row)
-            self.look()
             self.hebrew(description)
         self.point_at(240, 68, "click", 1)  # the heading of the prices
-        self.look()
         self.click_cell(2, 4)
         self.click("Move Up")
         self.click("Save")
-        self.look()
         self.expect_list(4, 1, 0, 2, 3)
         self.click("Close")
         desktop.hear("\nCommand: ")
