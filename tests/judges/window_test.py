@@ -5,7 +5,7 @@ usage: window_test.py DRAWINGHOST.exe MODULE.arx
 """
 
 from bombs import groups
-from desktop import DesktopTest, main, seen, wait_until, xdotool
+from desktop import DesktopTest, main, xdotool
 from host import windows_path
 
 LEFT_TOP, RIGHT_BOTTOM = (200, 100), (800, 450)  # pixels of the drawing view

@@ -6,9 +6,10 @@
 
 namespace dxf {
 
-/// Tells which groups are a record's own; reading, writing and drawing all use it. Not a record's own are the lists of applications
-/// and reactors (102 "{…" to 102 "}"), embedded objects (from 101 on, with the codes of another type: those of an MTEXT
-/// in an attribute of several lines) and extended data (from 1000 on). The last two go on to the record's end.
+/// Tells which groups are a record's own; reading, writing and drawing all use it. Not a record's own are the lists of
+/// applications and reactors (102 "{…" to 102 "}"), embedded objects (from 101 on, with the codes of another type:
+/// those of an MTEXT in an attribute of several lines) and extended data (from 1000 on). The last two go on to the
+/// record's end.
 class OwnGroups {
   public:
     /// To be asked about each group behind the record's type, in order.
