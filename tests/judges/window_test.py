@@ -102,9 +102,18 @@ class Window(DesktopTest):
 
         desktop = self.open("boxes.dxf")
         self.insert()
-        for answer in ("Escape", "Return"):  # to the question that the title bar's close box brings
-            xdotool("mousemove", desktop.left + desktop.width - 12, desktop.top + 12, "click", 1)
-            desktop.key(answer, title="^Drawing Host$")
+        xdotool("mousemove", desktop.left + desktop.width - 12, desktop.top + 12, "click", 1)  # the title bar's close box
+        desktop.key("Escape", title="^Drawing Host$")
+        desktop.hear("\nCommand: ")
+        desktop.run("u")
+        desktop.face("^boxes.dxf - Drawing Host$")
+        desktop.type("quit")  # all is as it was
+        self.assertEqual(desktop.process.wait(timeout=20), 0)
+
+        desktop = self.open("boxes.dxf")
+        self.insert()
+        xdotool("mousemove", desktop.left + desktop.width - 12, desktop.top + 12, "click", 1)
+        desktop.key("Return", title="^Drawing Host$")
         self.assertEqual(desktop.process.wait(timeout=20), 0)
         added = self.file.read_text(encoding="ascii")
         self.assertIn("ash", added)
