@@ -13,6 +13,24 @@ def plain(text):
     return "'" + text if text.startswith(FORMULA) else text
 
 
+def json_text(members):
+    """An object in the layout of report.json: a line a member, and one an item of its lists."""
+    def value(held):
+        if isinstance(held, list):
+            return "[" + ",\n".join(json.dumps(item, ensure_ascii=False) for item in held) + "]"
+        return json.dumps(held, ensure_ascii=False)
+    return ("{" + ",\n".join(f'"{name}": {value(held)}' for name, held in members.items()) + "}\n").encode("utf-8")
+
+
+def of_source(data, source, notes, note_lines):
+    """A report.json with another drawing's file as its source, and with notes that come first."""
+    bill = json.loads(data)
+    bill["drawing"] = source
+    bill["notes"] = notes + bill["notes"]
+    bill["note_lines"] = note_lines + bill["note_lines"]
+    return json_text(bill)
+
+
 class Bill:
     def __init__(self, data):
         self.data = data

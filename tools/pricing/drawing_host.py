@@ -33,13 +33,13 @@ def values_for(work, arguments):
 
 
 class Host:
-    """Runs of the host on one drawing."""
+    """Runs of the host on one drawing; `path` is the file that it opens for it."""
 
-    def __init__(self, root, session, drawing):
+    def __init__(self, root, session, drawing, path=None):
         folder = os.path.join(root, "build", "windows", "bin")
         self.command = [os.path.join(root, "tools", "wine"), os.path.join(folder, "drawinghost.exe"),
-                        windows_path(drawing), "--load", windows_path(os.path.join(folder, "Corvanes.arx"))]
-        self.session, self.drawing = session, drawing
+                        windows_path(path or drawing), "--load", windows_path(os.path.join(folder, "Corvanes.arx"))]
+        self.session, self.drawing, self.path = session, drawing, path or drawing
 
     def run(self, said, *options, **values):
         """The exit status, and what the host said on standard error, which goes to the file `said` (no pipe: Wine's desktop,
@@ -82,19 +82,22 @@ class Host:
         """What the host's last words mean wherever they were said."""
         if reason.startswith("drawinghost: "):
             reason = reason.partition(" ")[2]
-            return Failure(DRAWING if reason.startswith(os.path.realpath(self.drawing)) else INTERNAL, reason)
+            path = os.path.realpath(self.path)
+            if reason.startswith(path):
+                return Failure(DRAWING, os.path.realpath(self.drawing) + reason[len(path):])
+            return Failure(INTERNAL, reason)
         return Failure(INTERNAL, reason)
 
     def pricing_failure(self, reason, work, prices):
         if not work.is_there():
             return Failure(OUTPUT, f"{work.out}: the folder is gone")
         if "no dialog is open" in reason:
-            return Failure(NOTHING, f"{self.drawing}: {why_none(self.drawing)}")
+            return Failure(NOTHING, f"{self.drawing}: {why_none(self.path)}")
         alert = re.search(r'(?:an alert waits for an answer|this line does not drive): "(File .*)"$', reason)
         if alert and prices and alert.group(1).startswith("File " + os.path.realpath(prices)):
             return Failure(PRICES, alert.group(1))
         what = alert.group(1) if alert else reason.partition(": ")[2]
-        if work.path in what:
+        if work.path in what and not what.startswith(os.path.realpath(self.path)):
             # The person knows the output folder only, and not the script.
             return Failure(OUTPUT, what.replace(work.path, work.out))
         return self.failure(reason)

@@ -1,10 +1,24 @@
 """What is wrong with the files of a run, told before any work."""
 
 import os
+import re
 import stat
 
 from failure import DRAWING, OUTPUT, PRICES, Failure
 from windows_names import objection
+
+
+DWG_MARK = re.compile(rb"(AC|MC)\d[.\d]\d[\d.]")
+
+
+def dwg_mark(path):
+    """The version that a DWG drawing begins with, as "AC1015"; empty for another file, whatever its name."""
+    try:
+        with open(path, "rb") as file:
+            begin = file.read(6)
+    except OSError:
+        return ""
+    return begin.decode("ascii") if DWG_MARK.fullmatch(begin) else ""
 
 
 def check_input(path, status):

@@ -13,7 +13,7 @@ from arguments import parse  # noqa: E402
 from bill import Bill  # noqa: E402
 from drawing_host import Host  # noqa: E402
 from failure import DRAWING, INTERNAL, NOTHING, OUTPUT, USAGE, Failure, one_line  # noqa: E402
-from inputs import check, check_input, check_name  # noqa: E402
+from inputs import check, check_input, check_name, dwg_mark  # noqa: E402
 from interruption import Stopped, catch, waiting  # noqa: E402
 from progress import Progress, of_build, of_host  # noqa: E402
 from session import Session  # noqa: E402
@@ -68,12 +68,26 @@ def price(drawing, prices, arguments, session, progress):
             shutil.rmtree(scratch, ignore_errors=True)
 
 
+def convert(drawing, work, progress):
+    from dwg import Converted, Converter  # takes its time, and most drawings are DXF
+
+    converter = Converter(ROOT)
+    try:
+        with progress.following(work.file("host.log"), lambda _: "Converting the drawing"):
+            return Converted(drawing, work.file("dwg"), converter)
+    finally:
+        converter.close()
+
+
 def price_into(out, drawing, prices, arguments, session, progress):
     work = WorkFolder(out)
     try:
+        converted = convert(drawing, work, progress) if dwg_mark(drawing) else None
         with progress.following(work.file("host.log"), of_host):
             session.wait()
-            Host(ROOT, session, drawing).price(work, prices, arguments)
+            Host(ROOT, session, drawing, converted and converted.path).price(work, prices, arguments)
+        if converted:
+            converted.tell(work.file("report.json"))
         with open(work.file("report.json"), "rb") as file:
             bill = Bill(file.read())
         with open(work.file("report.csv"), "wb") as file:

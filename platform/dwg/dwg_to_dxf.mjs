@@ -1,0 +1,40 @@
+// Converts DWG drawings to DXF: a line of JSON on standard input asks for each, one on standard output answers.
+//   {"dwg": FILE, "dxf": FILE that is not there yet}
+//   {"references": ..., ...} (inventory.mjs), or {"error": what is wrong with the drawing}, {"output": with the files}
+import fs from 'node:fs';
+import readline from 'node:readline';
+import { webcrypto } from 'node:crypto';
+import { inventoryOf } from './inventory.mjs';
+import { writeDxf } from './dxf_output.mjs';
+import { Damaged, wholeReader } from './whole_reader.mjs';
+
+globalThis.crypto ??= webcrypto; // Node 18 has it here only, and the library asks for it as it is loaded
+const cad = await import('@node-projects/acad-ts');
+const WholeReader = wholeReader(cad);
+
+function convert({ dwg, dxf }) {
+    const bytes = fs.readFileSync(dwg);
+    const reader = new WholeReader(bytes.buffer.slice(bytes.byteOffset, bytes.byteOffset + bytes.length));
+    reader.configuration = new cad.DwgReaderConfiguration();
+    const document = reader.read();
+    const inventory = inventoryOf(cad, document, reader);
+    const unwritten = writeDxf(cad, document, dxf);
+    return { ...inventory, unwritten: Object.fromEntries(unwritten) };
+}
+
+function answerTo(line) {
+    try {
+        return convert(JSON.parse(line));
+    } catch (error) {
+        if (error.syscall === 'write' || error.syscall === 'open') { // files, not what is in them
+            return { output: error.message };
+        }
+        const why = error instanceof Damaged ? error.message : error.message.split('\n')[0];
+        return { error: `it is damaged, or of a kind that cannot be read (${why})` };
+    }
+}
+
+for await (const line of readline.createInterface({ input: process.stdin })) {
+    const answer = JSON.stringify(answerTo(line)) + '\n';
+    fs.writeSync(process.stdout.fd, answer);
+}

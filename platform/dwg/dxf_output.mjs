@@ -1,0 +1,156 @@
+// Writes a drawing as text DXF in UTF-8. The groups are written here; which ones, the library says.
+import fs from 'node:fs';
+
+const ENOUGH = 1 << 20; // characters that are kept before they go to the file
+
+/** Values stand in a line each: a control character is a caret and a letter. */
+function inOneLine(text) {
+    return text.replace(/[\x00-\x1f]/g, character => '^' + String.fromCharCode(character.charCodeAt(0) + 0x40));
+}
+
+function real(value) {
+    const text = Number.isFinite(value) ? String(value) : '0.0';
+    return /[.e]/.test(text) ? text : text + '.0';
+}
+
+/** Of flags too, which the library may hold as true and false. */
+function integer(value) {
+    return typeof value === 'bigint' ? String(value) : String(Math.trunc(Number(value)) || 0);
+}
+
+function hexadecimal(value) {
+    return value.toString(16).toUpperCase();
+}
+
+/** How values are written, by the library's names of their types; text where it has none. */
+const FORMS = {
+    Point3D: real, Double: real, ExtendedDataDouble: real,
+    Byte: integer, Int16: integer, Int32: integer, Int64: integer, ExtendedDataInt16: integer, ExtendedDataInt32: integer,
+    Handle: hexadecimal, ObjectId: hexadecimal, ExtendedDataHandle: hexadecimal,
+    Bool: value => (value ? '1' : '0'),
+};
+
+/** The library's writer of groups, with a file behind it that takes whole records only. */
+function groupWriter(cad, file) {
+    const kinds = cad.GroupCodeValueType;
+    return new class extends cad.DxfAsciiWriter {
+        kept = [];
+        length = 0;
+
+        writeDxfCode(code) {
+            this.keep(String(code).padStart(3) + '\n');
+        }
+
+        writeValue(code, value) {
+            const kind = kinds[cad.GroupCodeValue.transformValue(code)];
+            if (kind === 'Chunk' || kind === 'ExtendedDataChunk') {
+                this.writeChunks(code, Buffer.from(value));
+            } else {
+                this.keep((FORMS[kind] ? FORMS[kind](value) : inOneLine(String(value))) + '\n');
+            }
+        }
+
+        writeChunks(code, bytes) {
+            const longest = 127;
+            for (let at = 0; at === 0 || at < bytes.length; at += longest) {
+                if (at > 0) {
+                    this.writeDxfCode(code);
+                }
+                this.keep(bytes.subarray(at, at + longest).toString('hex').toUpperCase() + '\n');
+            }
+        }
+
+        keep(text) {
+            this.kept.push(text);
+            this.length += text.length;
+        }
+
+        /** What is written after this mark can be taken back; before it, everything stays. */
+        mark() {
+            if (this.length > ENOUGH) {
+                this.flush();
+            }
+            return this.kept.length;
+        }
+
+        takeBack(mark) {
+            this.kept.length = mark;
+        }
+
+        flush() {
+            fs.writeFileSync(file, this.kept.join(''), 'utf8');
+            this.kept.length = 0;
+            this.length = 0;
+        }
+
+        close() {}
+    }();
+}
+
+/** The sections' way to an entity, so that one which cannot be written is left out whole and told of. */
+function guardEntities(cad, unwritten) {
+    const write = cad.DxfSectionWriterBase.prototype.writeEntity;
+    let depth = 0, last = null;
+    cad.DxfSectionWriterBase.prototype.writeEntity = function (entity) {
+        if (entity instanceof cad.Seqend && last instanceof cad.Seqend) {
+            return; // one stands among the attributes, and the library writes another behind them
+        }
+        last = entity;
+        const mark = depth === 0 ? this._writer.mark() : this._writer.kept.length;
+        depth += 1;
+        try {
+            write.call(this, entity);
+        } catch {
+            this._writer.takeBack(mark);
+            unwritten(entity.objectName);
+        } finally {
+            depth -= 1;
+        }
+    };
+    return () => {
+        cad.DxfSectionWriterBase.prototype.writeEntity = write;
+    };
+}
+
+/** The entities of a space in order; the library takes them from the front one by one, which an array does slowly. */
+class Queue {
+    entities = [];
+    taken = 0;
+
+    get length() {
+        return this.entities.length - this.taken;
+    }
+
+    push(entity) {
+        this.entities.push(entity);
+    }
+
+    shift() {
+        this.taken += 1;
+        return this.entities[this.taken - 1];
+    }
+}
+
+/** Writes `document` to a new file of that path; returns how many entities of which kinds could not be written. */
+export function writeDxf(cad, document, path) {
+    const unwritten = new Map();
+    const file = fs.openSync(path, 'wx');
+    const restore = guardEntities(cad, kind => unwritten.set(kind, (unwritten.get(kind) ?? 0) + 1));
+    try {
+        // Before version 2007 texts would be in the drawing's code page.
+        document.header.version = Math.max(document.header.version, cad.ACadVersion.AC1021);
+        const writer = new class extends cad.DxfWriter {
+            _createStreamWriter() {
+                this._writer = groupWriter(cad, file);
+                this._writer.writeOptional = true;
+                this._objectHolder.entities = new Queue();
+            }
+        }(null, document);
+        writer.configuration.writeAllHeaderVariables = true;
+        writer.write();
+    } finally {
+        restore();
+        fs.closeSync(file);
+    }
+    return unwritten;
+}

@@ -1,0 +1,126 @@
+// Reads a DWG drawing whole: every object that its map lists, each under its checksum.
+
+const SEED = 0xc0c1;
+const ATTRIBUTE = 2, REFERENCE = 7, ARRAY = 8; // types of objects
+
+/** The type's name in the counts of objects; undefined for one that nobody counts. */
+const COUNTED = new Map([[REFERENCE, 'references'], [ARRAY, 'references'], [ATTRIBUTE, 'attributes']]);
+
+export class Damaged extends Error {}
+
+/** A reader class over the library `cad`; its `found` holds what the file lists, `unread` what could not be read. */
+export function wholeReader(cad) {
+    return class WholeReader extends cad.DwgReader {
+        found = { references: 0, attributes: 0 };
+        counted = new Map(); // by handle
+        unread = new Map(); // the kind of object: how many
+        damaged = 0;
+
+        constructor(bytes) {
+            super(bytes, (_, event) => this.note(event.message));
+        }
+
+        note(message) {
+            const kind = /^Could not read (\S+)/.exec(message)?.[1];
+            if (kind) {
+                const name = cad.ObjectType[kind] ?? kind;
+                this.unread.set(name, (this.unread.get(name) ?? 0) + 1);
+            }
+        }
+
+        /** The library follows references from the header on, which loses what a broken chain does not lead to. The map
+         *  of objects names all. */
+        _readObjects() {
+            const map = objectMap(cad, this._getSectionStream('AcDb:Handles').stream);
+            const version = this._fileHeader.acadVersion;
+            const inFile = version <= cad.ACadVersion.AC1015;
+            const stream = inFile ? cad.DwgStreamReaderBase.getStreamHandler(version, this._fileBytes, this._encoding)
+                : this._getSectionStream('AcDb:AcDbObjects');
+            stream.position = 0;
+            this.checkObjects(map, stream.stream, version >= cad.ACadVersion.AC1024);
+            const first = this._builder.headerHandles.getHandles().filter(handle => handle != null);
+            const handles = new Set([...first, ...map.keys()]);
+            const reader = new cad.DwgObjectReader(version, this._builder, stream, handles, map, this._document.classes);
+            reader.read();
+            for (const [handle, type] of reader._readedObjects) {
+                const kind = COUNTED.get(type);
+                if (kind) {
+                    this.found[kind] += 1;
+                    this.counted.set(handle, kind);
+                }
+            }
+        }
+
+        checkObjects(map, bytes, sizedHandles) {
+            for (const offset of map.values()) {
+                if (!hasItsChecksum(cad, bytes, offset, sizedHandles)) {
+                    this.damaged += 1;
+                }
+            }
+            if (this.damaged > 0) {
+                throw new Damaged(`the checksum of ${this.damaged} of its ${map.size} objects is wrong`);
+            }
+        }
+    };
+}
+
+/** Where each object stands, by handle: chunks of pairs of differences, each chunk under its checksum, until an empty one. */
+function objectMap(cad, bytes) {
+    const map = new Map();
+    for (let at = 0, size = 0; size !== 2;) {
+        size = (bytes[at] << 8) | bytes[at + 1];
+        const end = at + size;
+        if (!(size >= 2 && end + 2 <= bytes.length) || checksum(cad, bytes, at, end) !== ((bytes[end] << 8) | bytes[end + 1])) {
+            throw new Damaged('the checksum of its map of objects is wrong');
+        }
+        let handle = 0, place = 0;
+        for (let next = at + 2; next < end;) {
+            const step = packed(bytes, next, 7);
+            const move = packed(bytes, step.next, 6);
+            handle += step.value;
+            place += move.negative ? -move.value : move.value;
+            map.set(handle, place);
+            next = move.next;
+        }
+        at = end + 2;
+    }
+    return map;
+}
+
+/** A number in groups of seven bits, of which the last byte gives `lastBits`, and with six a sign. */
+function packed(bytes, at, lastBits) {
+    let value = 0, factor = 1;
+    while ((bytes[at] & 0x80) !== 0) {
+        value += (bytes[at] & 0x7f) * factor;
+        factor *= 128;
+        at += 1;
+    }
+    const last = bytes[at] ?? 0;
+    return { value: value + (last & ((1 << lastBits) - 1)) * factor, negative: (last & 0x40) !== 0, next: at + 1 };
+}
+
+/** An object: its size in words of 15 bits, from version 2010 on the size of its handles, its bytes, its checksum. */
+function hasItsChecksum(cad, bytes, offset, sizedHandles) {
+    let at = offset, size = 0;
+    for (let shift = 0, more = true; more; shift += 15, at += 2) {
+        size += (bytes[at] | ((bytes[at + 1] & 0x7f) << 8)) * 2 ** shift;
+        more = (bytes[at + 1] & 0x80) !== 0;
+    }
+    for (let more = sizedHandles; more; at += 1) {
+        more = (bytes[at] & 0x80) !== 0;
+    }
+    const end = at + size;
+    if (!(offset >= 0 && size > 0 && end + 2 <= bytes.length)) {
+        return false;
+    }
+    return checksum(cad, bytes, offset, end) === (bytes[end] | (bytes[end + 1] << 8));
+}
+
+export function checksum(cad, bytes, begin, end) {
+    const table = cad.CRC.crcTable;
+    let sum = SEED;
+    for (let at = begin; at < end; at += 1) {
+        sum = (sum >>> 8) ^ table[(sum ^ bytes[at]) & 0xff];
+    }
+    return sum;
+}

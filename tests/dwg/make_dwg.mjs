@@ -1,0 +1,21 @@
+// Writes a DXF drawing (UTF-8, version 2007 and later) as DWG of other versions: make_dwg.mjs DRAWING.dxf FOLDER VERSION...
+// makes FOLDER/VERSION.dwg, as AC1018.dwg. Needs what tools/setup dwg installs.
+import fs from 'node:fs';
+import path from 'node:path';
+import { webcrypto } from 'node:crypto';
+
+globalThis.crypto ??= webcrypto;
+const library = new URL('../../platform/dwg/node_modules/@node-projects/acad-ts/dist/index.js', import.meta.url);
+const cad = await import(library.href);
+
+const [drawing, folder, ...versions] = process.argv.slice(2);
+const text = fs.readFileSync(drawing, 'utf8');
+const codePage = /\$DWGCODEPAGE\r?\n\s*3\r?\n(.*)/.exec(text)?.[1].trim() ?? 'ANSI_1252';
+for (const version of versions) {
+    // The library reads any version by its code page.
+    const document = cad.DxfReader.readFromStream(new TextEncoder().encode(text.replace(codePage, 'utf-8')));
+    document.header.codePage = codePage;
+    document.header.version = cad.ACadVersion[version];
+    document.header.showModelSpace = true;
+    fs.writeFileSync(path.join(folder, `${version}.dwg`), cad.DwgWriter.writeToBuffer(document));
+}
