@@ -29,8 +29,8 @@ function answerTo(line) {
         if (error.syscall === 'write' || error.syscall === 'open') { // files, not what is in them
             return { output: error.message };
         }
-        const why = error instanceof Damaged ? error.message : error.message.split('\n')[0];
-        return { error: `it is damaged, or of a kind that cannot be read (${why})` };
+        // The library's own words tell a person nothing.
+        return { error: error instanceof Damaged ? `it is damaged (${error.message})` : 'it is damaged, cut short or of an unknown kind' };
     }
 }
 

@@ -89,7 +89,8 @@ function groupWriter(cad, file) {
 
 /** The sections' way to an entity, so that one which cannot be written is left out whole and told of. */
 function guardEntities(cad, unwritten) {
-    const write = cad.DxfSectionWriterBase.prototype.writeEntity;
+    const { writeEntity: write, _writeSeqend: writeEnd } = cad.DxfSectionWriterBase.prototype;
+    cad.DxfSectionWriterBase.prototype._writeSeqend = () => {}; // it would write all of it a second time
     let depth = 0, last = null;
     cad.DxfSectionWriterBase.prototype.writeEntity = function (entity) {
         if (entity instanceof cad.Seqend && last instanceof cad.Seqend) {
@@ -108,7 +109,7 @@ function guardEntities(cad, unwritten) {
         }
     };
     return () => {
-        cad.DxfSectionWriterBase.prototype.writeEntity = write;
+        Object.assign(cad.DxfSectionWriterBase.prototype, { writeEntity: write, _writeSeqend: writeEnd });
     };
 }
 

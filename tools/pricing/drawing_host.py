@@ -1,5 +1,6 @@
 """The drawing host: its scripts, its runs, and what its words mean."""
 
+import contextlib
 import fcntl
 import os
 import re
@@ -14,6 +15,7 @@ from windows_names import own_paths, windows_path
 
 
 SEEN_ANYWHERE = "7"  # white on black, and black on white
+STEP = 0.1  # seconds between two calls of who watches
 TABLE_PLACE = ("beside", "move beside-end", "pick beside-end")
 
 
@@ -23,30 +25,47 @@ def price_script(work, prices, hide_prices):
             '@press "Save to file"', windows_path(work.file("report.txt")), '@press "Insert"', *TABLE_PLACE,
             "SAVEAS", windows_path(work.file("drawing.dxf")), "PNGOUT", windows_path(work.file("drawing.png")),
             "PNGDETAIL", "Last", windows_path(work.file("table.png")),
-            "PNGDETAIL", "Most", windows_path(work.file("drawing-detail.png")), "QUIT"]
+            "PNGDETAIL", "Most", windows_path(work.file("drawing-detail.png"))]
 
 
 def values_for(work, arguments):
-    """What the module is asked for beside its dialog, in the host's environment."""
-    values = {"CORVANES_NOTES": "1", "CORVANES_JSON": windows_path(work.file("report.json"))}
+    """What the module is asked for beside its dialog, in the host's environment; without `work` a script names the JSON file."""
+    values = {"CORVANES_NOTES": "1"}
+    if work:
+        values["CORVANES_JSON"] = windows_path(work.file("report.json"))
     return values | {"CORVANES_DYNAMIC_NAMES": "1"} if arguments.dynamic_names else values
 
 
+@contextlib.contextmanager
+def turn_of(session):
+    """Runs of one display take turns: of two dialogs only one is active, and the other may lose a click."""
+    with open(os.path.join(session.environment["WINEPREFIX"], ".pricing"), "wb") as turn:
+        with waiting():
+            fcntl.flock(turn, fcntl.LOCK_EX)
+        yield
+
+
 class Host:
-    """Runs of the host on one drawing; `path` is the file that it opens for it."""
+    """Runs of the host on one drawing, or on those of a script; `path` is the file that it opens for the drawing."""
 
-    def __init__(self, root, session, drawing, path=None):
+    def __init__(self, root, session, drawing=None, path=None):
         folder = os.path.join(root, "build", "windows", "bin")
-        self.command = [os.path.join(root, "tools", "wine"), os.path.join(folder, "drawinghost.exe"),
-                        windows_path(path or drawing), "--load", windows_path(os.path.join(folder, "Corvanes.arx"))]
         self.session, self.drawing, self.path = session, drawing, path or drawing
+        opened = [windows_path(self.path)] if drawing else []
+        self.command = [os.path.join(root, "tools", "wine"), os.path.join(folder, "drawinghost.exe"), *opened,
+                        "--load", windows_path(os.path.join(folder, "Corvanes.arx"))]
 
-    def run(self, said, *options, **values):
+    def run(self, said, *options, watch=None, **values):
         """The exit status, and what the host said on standard error, which goes to the file `said` (no pipe: Wine's desktop,
-        which the host starts, would keep that open). `values` go into the host's environment."""
+        which the host starts, would keep that open). `values` go into the host's environment. `watch` is called now and then
+        while the host runs."""
         process = subprocess.Popen([*self.command, *options], stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
                                    stderr=said, env=self.session.environment | values, start_new_session=True)
         try:
+            while watch and process.poll() is None:
+                watch()
+                with waiting(), contextlib.suppress(subprocess.TimeoutExpired):
+                    process.wait(STEP)
             with waiting():
                 process.wait()
         finally:
@@ -65,11 +84,8 @@ class Host:
 
     def price(self, work, prices, arguments):
         """Makes the results in the work folder."""
-        lines = price_script(work, prices, arguments.hide_prices)
-        # Runs of one display take turns: of two dialogs only one is active, and the other may lose a click.
-        with open(os.path.join(self.session.environment["WINEPREFIX"], ".pricing"), "wb") as turn:
-            with waiting():
-                fcntl.flock(turn, fcntl.LOCK_EX)
+        lines = [*price_script(work, prices, arguments.hide_prices), "QUIT"]
+        with turn_of(self.session):
             with open(work.file("host.scr"), "w", encoding="utf-8") as script:
                 script.write("\n".join(lines) + "\n")
             with open(work.file("host.log"), "w+b") as said:
@@ -82,9 +98,9 @@ class Host:
         """What the host's last words mean wherever they were said."""
         if reason.startswith("drawinghost: "):
             reason = reason.partition(" ")[2]
-            path = os.path.realpath(self.path)
-            if reason.startswith(path):
-                return Failure(DRAWING, os.path.realpath(self.drawing) + reason[len(path):])
+            own = os.path.realpath(self.path)
+            if reason.startswith(own):
+                return Failure(DRAWING, os.path.realpath(self.drawing) + reason[len(own):])
             return Failure(INTERNAL, reason)
         return Failure(INTERNAL, reason)
 
@@ -97,7 +113,10 @@ class Host:
         if alert and prices and alert.group(1).startswith("File " + os.path.realpath(prices)):
             return Failure(PRICES, alert.group(1))
         what = alert.group(1) if alert else reason.partition(": ")[2]
-        if work.path in what and not what.startswith(os.path.realpath(self.path)):
+        own = os.path.realpath(self.path)
+        if what.startswith(own):
+            return Failure(DRAWING, os.path.realpath(self.drawing) + what[len(own):])
+        if work.path in what:
             # The person knows the output folder only, and not the script.
             return Failure(OUTPUT, what.replace(work.path, work.out))
         return self.failure(reason)

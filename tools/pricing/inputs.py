@@ -70,7 +70,8 @@ def check_folder(path, results):
 
 
 def check(drawing, prices, out, results):
-    check_input(drawing, DRAWING)
+    if drawing is not None:
+        check_input(drawing, DRAWING)
     if prices is not None:
         check_input(prices, PRICES)
     if out is not None:

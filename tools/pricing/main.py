@@ -1,5 +1,6 @@
 """./run: prices a drawing and prints its bill of materials."""
 
+import contextlib
 import fcntl
 import os
 import shutil
@@ -10,18 +11,16 @@ import sys
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 
 from arguments import parse  # noqa: E402
-from bill import Bill  # noqa: E402
 from drawing_host import Host  # noqa: E402
 from failure import DRAWING, INTERNAL, NOTHING, OUTPUT, USAGE, Failure, one_line  # noqa: E402
 from inputs import check, check_input, check_name, dwg_mark  # noqa: E402
 from interruption import Stopped, catch, waiting  # noqa: E402
 from progress import Progress, of_build, of_host  # noqa: E402
+from results import DETAIL, PRINTED, RESULTS, complete, convert  # noqa: E402
 from session import Session  # noqa: E402
 from work_folder import WorkFolder  # noqa: E402
 
 ROOT = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
-RESULTS = ("report.txt", "report.csv", "report.json", "drawing.dxf", "dialog.png", "drawing.png", "table.png")
-DETAIL = "drawing-detail.png"  # where the whole drawing is a speck in its picture
 
 
 def build(session, progress):
@@ -56,51 +55,46 @@ def show_desktop(drawing, session):
     Host(ROOT, session, drawing).show()
 
 
+@contextlib.contextmanager
+def output_folder(arguments):
+    """The folder of the results: what --out names, or for "-" one that goes afterwards."""
+    if arguments.out != "-":
+        yield arguments.out
+        return
+    scratch = os.path.join(os.environ.get("TMPDIR") or "/tmp", f"corvanes.{os.urandom(8).hex()}")
+    try:
+        yield scratch
+    finally:
+        shutil.rmtree(scratch, ignore_errors=True)
+
+
 def price(drawing, prices, arguments, session, progress):
     """The bill, and what of it is to be printed, once all results are in their places."""
-    scratch = None
-    if arguments.out == "-":
-        scratch = os.path.join(os.environ.get("TMPDIR") or "/tmp", f"corvanes.{os.urandom(8).hex()}")
-    try:
-        return price_into(scratch or arguments.out, drawing, prices, arguments, session, progress)
-    finally:
-        if scratch:
-            shutil.rmtree(scratch, ignore_errors=True)
-
-
-def convert(drawing, work, progress):
-    from dwg import Converted, Converter  # takes its time, and most drawings are DXF
-
-    converter = Converter(ROOT)
-    try:
-        with progress.following(work.file("host.log"), lambda _: "Converting the drawing"):
-            return Converted(drawing, work.file("dwg"), converter)
-    finally:
-        converter.close()
+    with output_folder(arguments) as out:
+        return price_into(out, drawing, prices, arguments, session, progress)
 
 
 def price_into(out, drawing, prices, arguments, session, progress):
+    converter = None
     work = WorkFolder(out)
     try:
-        converted = convert(drawing, work, progress) if dwg_mark(drawing) else None
+        if dwg_mark(drawing):
+            from dwg import Converter  # takes its time, and most drawings are DXF
+
+            converter = Converter(ROOT)
         with progress.following(work.file("host.log"), of_host):
+            converted = convert(drawing, work, converter)
             session.wait()
             Host(ROOT, session, drawing, converted and converted.path).price(work, prices, arguments)
-        if converted:
-            converted.tell(work.file("report.json"))
-        with open(work.file("report.json"), "rb") as file:
-            bill = Bill(file.read())
-        with open(work.file("report.csv"), "wb") as file:
-            file.write(bill.csv())
-        for name in RESULTS:
-            if not os.path.isfile(work.file(name)) or os.path.getsize(work.file(name)) == 0:
-                raise Failure(OUTPUT, f"{os.path.join(out, name)} was not written")
-        with open(work.file({"text": "report.txt", "csv": "report.csv", "json": "report.json"}[arguments.format]), "rb") as file:
+        bill = complete(work, converted)
+        with open(work.file(PRINTED[arguments.format]), "rb") as file:
             printed = file.read()
         if arguments.out != "-":
             work.deliver(RESULTS, (DETAIL,))
         return bill, printed
     finally:
+        if converter:
+            converter.close()
         work.remove()
 
 
@@ -110,12 +104,47 @@ def shown(report):
     return text.replace("\r", "").encode("utf-8")
 
 
+def write_out(printed, arguments):
+    sys.stdout.buffer.write(shown(printed) if arguments.format == "text" else printed)
+    sys.stdout.flush()
+
+
+def run_many(arguments):
+    """Prices drawings and prints their joined bill; the exit status."""
+    from drawing_list import drawings
+    from many import price_all
+    from total import NAMES
+
+    items = drawings(arguments.drawings)
+    check(None, arguments.prices, None if arguments.out == "-" else arguments.out, NAMES)
+    session = Session(ROOT, "--brief")
+    try:
+        if not os.environ.get("CORVANES_SESSION"):
+            build(session, Progress(not arguments.quiet))
+        with output_folder(arguments) as out:
+            status, total = price_all(ROOT, items, arguments, session, out)
+    finally:
+        session.end()
+    if total:
+        write_out(total.form(arguments.format), arguments)
+    return status
+
+
 def run(words):
     """The exit status."""
     arguments = parse(words)
     if arguments.answer:
         print(arguments.answer, end="")
         return 0
+    if arguments.join:
+        from joining import join
+
+        with output_folder(arguments) as out:
+            status, total = join(arguments, out)
+        write_out(total.form(arguments.format), arguments)
+        return status
+    if arguments.many:
+        return run_many(arguments)
     drawing, prices = arguments.drawing, arguments.prices
     if drawing is None:
         drawing = os.path.join(ROOT, "samples", "house_plan.dxf")
@@ -145,8 +174,7 @@ def run(words):
         detail = os.path.join(arguments.out, DETAIL)
         if arguments.out != "-" and os.path.exists(detail):
             print(f"The drawing is a speck in drawing.png, for a few things lie far away; {detail} shows most of it.", file=sys.stderr)
-    sys.stdout.buffer.write(shown(printed) if arguments.format == "text" else printed)
-    sys.stdout.flush()
+    write_out(printed, arguments)
     return NOTHING if arguments.strict and bill.note_lines else 0
 
 

@@ -52,6 +52,12 @@ void open_drawing(Editor& editor) {
     }
 }
 
+void close_drawing(Editor& editor) {
+    if (may_leave_drawing(editor)) {
+        editor.documents.close();
+    }
+}
+
 void save_drawing_as(Editor& editor) {
     const Document* const document = open_document(editor);
     const auto file = document != nullptr ? ask_target(*document) : std::nullopt;
@@ -126,6 +132,7 @@ bool may_end_session(Editor& editor) {
 }
 
 void add_file_commands(Editor& editor) {
+    editor.add_command(L"CLOSE", close_drawing);
     editor.add_command(L"OPEN", open_drawing);
     editor.add_command(L"QSAVE", save_drawing_quickly);
     editor.add_command(L"QUIT", [](Editor& leaving) { leaving.quit_requested = may_leave_drawing(leaving); });

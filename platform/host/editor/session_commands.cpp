@@ -1,4 +1,7 @@
 #include "platform/host/editor/commands.h"
+
+#include <windows.h>
+
 #include "platform/host/editor/editor.h"
 #include "platform/host/editor/file_question.h"
 #include "platform/host/prompt/keywords.h"
@@ -79,11 +82,24 @@ void set_variable(Editor& editor) {
     }
 }
 
+/// What modules ask for with acedGetEnv; an empty value takes it away.
+void set_environment_value(Editor&) {
+    const std::wstring name = ask_text(L"\nEnter name of environment value: ");
+    if (name.empty()) {
+        return;
+    }
+    const std::wstring value = ask_text(L"\nEnter new value for " + name + L": ");
+    if (SetEnvironmentVariableW(name.c_str(), value.empty() ? nullptr : value.c_str()) == 0) {
+        person().report(name + L" could not be set.");
+    }
+}
+
 }  // namespace
 
 void add_session_commands(Editor& editor) {
     editor.add_command(L"APPLOAD", load_module);
     editor.add_command(L"ARX", manage_modules);
+    editor.add_command(L"SETENV", set_environment_value);
     editor.add_command(L"SETVAR", set_variable);
 }
 

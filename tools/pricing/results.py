@@ -1,0 +1,33 @@
+"""The files that a priced drawing leaves, and their way from the work folder to the output folder."""
+
+import os
+
+from bill import Bill
+from failure import OUTPUT, Failure
+
+RESULTS = ("report.txt", "report.csv", "report.json", "drawing.dxf", "dialog.png", "drawing.png", "table.png")
+DETAIL = "drawing-detail.png"  # where the whole drawing is a speck in its picture
+PRINTED = {"text": "report.txt", "csv": "report.csv", "json": "report.json"}
+
+
+def convert(drawing, work, converter):
+    """A DWG drawing as DXF in the work folder; None for a drawing that the host reads itself."""
+    if converter is None:
+        return None
+    from dwg import Converted  # takes its time, and most drawings are DXF
+
+    return Converted(drawing, work.file("dwg"), converter)
+
+
+def complete(work, converted):
+    """The bill of what the host made in the work folder, where nothing is missing from then on."""
+    if converted:
+        converted.tell(work.file("report.json"))
+    with open(work.file("report.json"), "rb") as file:
+        bill = Bill(file.read())
+    with open(work.file("report.csv"), "wb") as file:
+        file.write(bill.csv())
+    for name in RESULTS:
+        if not os.path.isfile(work.file(name)) or os.path.getsize(work.file(name)) == 0:
+            raise Failure(OUTPUT, f"{os.path.join(work.out, name)} was not written")
+    return bill
