@@ -5,6 +5,7 @@
 
 #include "base/code_page.h"
 #include "base/replace_file_system.h"
+#include "base/unix_program.h"
 #include "base/wine_permissions.h"
 
 namespace base {

@@ -8,8 +8,6 @@
 
 namespace base {
 
-bool under_wine();
-
 /// Gives a new file the mode, owner and group of the target, or what the umask asks when there is no target. Windows
 /// has no words for them, and what Wine makes of them (access lists) loses most: so the tools of the system below do
 /// it. Nothing where there is no Wine.

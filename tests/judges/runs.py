@@ -38,7 +38,7 @@ def printed(folder):
 def refused_files(bench):
     """One line with the reason, before any work: the output folder is not even made."""
     folder = bench.new_folder("refused_files")
-    for name in ('a"b', "a*b", "a?b", "a<b", "a>b", "a|b", "a\\b", "a\tb", "a\nb", "a:b", "b.", "b ", "con", "NUL.dxf", "lpt1"):
+    for name in ('a"b', "a*b", "a?b", "a<b", "a>b", "a|b", "a\\b", "a\tb", "a\nb", "a:b", "b.", "b ", "con", "NUL.prc", "lpt1"):
         shutil.copy(SAMPLE, folder / name)
     os.mkfifo(folder / "pipe")
     (folder / "link").symlink_to("nowhere")
@@ -47,7 +47,7 @@ def refused_files(bench):
     here = sorted(os.listdir(folder))
     cases = [([folder / name], 3) for name in here if name != "full"]
     cases += [([SAMPLE, folder / name], 4) for name in here if name != "full"]
-    cases += [(["/dev/null"], 3), ([folder], 3), ([""], 2), ([SAMPLE, ""], 2), (["a", "b", "c"], 2), (["--what"], 2), (["--out"], 2),
+    cases += [(["/dev/null"], 3), ([folder], 3), ([""], 2), ([SAMPLE, ""], 2), (["a", "b", "c"], 4), (["--what"], 2), (["--out"], 2),
               (["--out", folder / "full"], 6), (["--out", folder / "link"], 6), (["--out", folder / "pipe"], 6),
               (["--out", folder / "a|c"], 6), (["--out", ""], 2)]
     survived = 0
@@ -112,8 +112,10 @@ def unreadable_files(bench):
     """Files that the host refuses, and a list that is none."""
     folder = bench.new_folder("unreadable_files")
     (folder / "bad.dxf").write_bytes(b"no drawing")
-    cases = [([folder / "bad.dxf"], 3, "bad.dxf:1: a group code was expected"), ([SAMPLE, SAMPLE], 4, "is not a price list: it is a drawing"),
-             ([SAMPLE, PRICES.with_name("house_plan_r12_binary.dxf")], 4, "is not a price list")]
+    for name, drawing in (("drawing.prc", SAMPLE), ("binary.prc", PRICES.with_name("house_plan_r12_binary.dxf"))):
+        shutil.copy(drawing, folder / name)
+    cases = [([folder / "bad.dxf"], 3, "bad.dxf:1: a group code was expected"), ([SAMPLE, folder / "drawing.prc"], 4, "is not a price list: it is a drawing"),
+             ([SAMPLE, folder / "binary.prc"], 4, "is not a price list")]
     survived = 0
     for arguments, status, words in cases:
         found = run(*arguments, "--out", folder / "out")

@@ -50,6 +50,7 @@ class Host:
 
     def __init__(self, root, session, drawing=None, path=None):
         folder = os.path.join(root, "build", "windows", "bin")
+        self.converter = os.path.join(root, "tools", "dwg2dxf")
         self.session, self.drawing, self.path = session, drawing, path or drawing
         opened = [windows_path(self.path)] if drawing else []
         self.command = [os.path.join(root, "tools", "wine"), os.path.join(folder, "drawinghost.exe"), *opened,
@@ -59,8 +60,9 @@ class Host:
         """The exit status, and what the host said on standard error, which goes to the file `said` (no pipe: Wine's desktop,
         which the host starts, would keep that open). `values` go into the host's environment. `watch` is called now and then
         while the host runs."""
-        process = subprocess.Popen([*self.command, *options], stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
-                                   stderr=said, env=self.session.environment | values, start_new_session=True)
+        process = subprocess.Popen([*self.command, *options], stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=said,
+                                   start_new_session=True,
+                                   env=self.session.environment | {"DRAWINGHOST_DWG_CONVERTER": self.converter} | values)
         try:
             while watch and process.poll() is None:
                 watch()

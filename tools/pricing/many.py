@@ -31,6 +31,14 @@ def batches(items):
         yield batch
 
 
+def remove(work, is_new):
+    """Removes a work folder, and an output folder that was made for it and holds nothing."""
+    work.remove()
+    if is_new:
+        with contextlib.suppress(OSError):
+            os.rmdir(work.out)
+
+
 class Job:
     """A drawing that waits for the host."""
 
@@ -63,10 +71,7 @@ class Job:
         return bill
 
     def remove(self):
-        self.work.remove()
-        if self.is_new:
-            with contextlib.suppress(OSError):
-                os.rmdir(self.work.out)
+        remove(self.work, self.is_new)
 
 
 class Pricing:
@@ -160,6 +165,7 @@ class Pricing:
 def price_all(root, items, arguments, session, out):
     """Prices the drawings of this run's share; the exit status, and the joined bill (None when there is none)."""
     items, share = of_share(items, arguments.share)
+    is_new = not os.path.isdir(out)
     work = WorkFolder(out)
     try:
         pricing = Pricing(root, session, arguments.prices, arguments, work)
@@ -170,7 +176,7 @@ def price_all(root, items, arguments, session, out):
         total.deliver(work)
         return pricing.status, total
     finally:
-        work.remove()
+        remove(work, is_new)
 
 
 def of_share(items, share):

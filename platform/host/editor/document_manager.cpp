@@ -3,11 +3,13 @@
 #include <afxwin.h>
 
 #include <algorithm>
+#include <optional>
 
 #include "base/code_page.h"
 #include "dbapserv.h"
 #include "platform/host/database/database_store.h"
 #include "platform/host/dxf/drawing.h"
+#include "platform/host/editor/dwg_drawing.h"
 #include "platform/host/prompt/person.h"
 
 ACRX_NO_CONS_DEFINE_MEMBERS(AcApDocument, AcRxObject)
@@ -21,11 +23,24 @@ void AcApDocManagerReactor::documentTitleUpdated(AcApDocument*) {}
 namespace host {
 
 base::Result<std::unique_ptr<Document>> Document::open(const std::filesystem::path& path) {
-    OpenDatabase database = open_database(path);
+    std::optional<ConvertedDrawing> converted;
+    if (is_dwg(path)) {
+        base::Result<ConvertedDrawing> conversion = ConvertedDrawing::convert(path);
+        if (!conversion) {
+            return base::Failure{conversion.reason()};
+        }
+        converted.emplace(*std::move(conversion));
+    }
+    OpenDatabase database = open_database(converted ? converted->dxf() : path);
     if (!database) {
         return base::Failure{base::wide_from_utf8(database.reason().message())};
     }
-    return std::unique_ptr<Document>(new Document(*std::move(database), path));
+    if (converted && !converted->notes().empty()) {
+        person().print(L"\n" + converted->notes());
+    }
+    std::unique_ptr<Document> document(new Document(*std::move(database), path));
+    document->from_dwg_ = converted.has_value();
+    return document;
 }
 
 Document::Document(std::unique_ptr<AcDbDatabase> database, const std::filesystem::path& path)
@@ -48,7 +63,22 @@ bool Document::changed() const {
     return drawing().history().state() != state_saved_;
 }
 
+bool Document::needs_new_name() const {
+    return from_dwg_ || has_dwg_name(path_);
+}
+
+std::filesystem::path Document::name_to_save() const {
+    if (!needs_new_name()) {
+        return path_;
+    }
+    std::filesystem::path name = path_;
+    return has_dwg_name(name) ? name.replace_extension(L".dxf") : name += L".dxf";
+}
+
 base::Outcome<> Document::save_copy(const std::filesystem::path& path) const {
+    if (has_dwg_name(path) || is_dwg(path)) {
+        return base::Failure{path.wstring() + L" could not be saved: drawings are saved as DXF, not as DWG"};
+    }
     const base::WriteStatus status = drawing().save(path);
     if (!status) {
         return base::Failure{path.wstring() + L" could not be saved: " + base::wide_from_utf8(status.reason())};
@@ -60,6 +90,7 @@ base::Outcome<> Document::save(const std::filesystem::path& path) {
     base::Outcome<> saved = save_copy(path);
     if (saved) {
         state_saved_ = drawing().history().state();
+        from_dwg_ = false;
         set_path(path);
     }
     return saved;

@@ -21,15 +21,19 @@ namespace host {
 /// One open drawing: its file and its database. The database functions work on it for as long as it lives.
 class Document final : public AcApDocument {
   public:
-    /// Reads a drawing. The reason when it cannot be read: "FILE:LINE: reason".
+    /// Reads a drawing, DXF or (see ConvertedDrawing) DWG. The reason when it cannot be read: "FILE:LINE: reason".
     static base::Result<std::unique_ptr<Document>> open(const std::filesystem::path& path);
     ~Document() override;
 
     const std::filesystem::path& path() const { return path_; }
     dxf::Drawing& drawing() const;
+    /// The drawing came from a DWG, or has such a name. DWG is not written: a save is to be under another name.
+    bool needs_new_name() const;
+    /// What to propose for a save: its own name, or that of a DXF drawing beside it.
+    std::filesystem::path name_to_save() const;
     /// The drawing has changes that no save has written.
     bool changed() const;
-    /// Saves to a file, which the drawing is named after from then on.
+    /// Saves to a file, which must be no DWG, and which the drawing is named after from then on.
     base::Outcome<> save(const std::filesystem::path& path);
     /// Saves to another file, and changes nothing about this drawing.
     base::Outcome<> save_copy(const std::filesystem::path& path) const;
@@ -46,6 +50,7 @@ class Document final : public AcApDocument {
     std::wstring file_name_;
     std::wstring title_;
     uint64_t state_saved_ = 0;
+    bool from_dwg_ = false;
     std::unique_ptr<AcDbDatabase> database_;
 };
 

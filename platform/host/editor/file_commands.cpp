@@ -39,14 +39,14 @@ bool save_drawing(Editor& editor, const std::filesystem::path& file) {
 }
 
 std::optional<std::wstring> ask_target(const Document& document) {
-    return ask_file_name({L"Save drawing as", document.fileName(), L"dxf", true, false});
+    return ask_file_name({L"Save drawing as", document.name_to_save().wstring(), L"dxf", true, false});
 }
 
 void open_drawing(Editor& editor) {
     if (!may_leave_drawing(editor)) {
         return;
     }
-    const std::optional<std::wstring> file = ask_file_name({L"Open drawing", L"", L"dxf", false, false});
+    const std::optional<std::wstring> file = ask_file_name({L"Open drawing", L"", L"dxf;dwg", false, false});
     if (file) {
         succeeded(editor.documents.open(*file));
     }
@@ -66,6 +66,15 @@ void save_drawing_as(Editor& editor) {
     }
 }
 
+/// False also when somebody was asked for a name and gave none.
+bool save_drawing_by_its_name(Editor& editor, const Document& document) {
+    if (!document.needs_new_name()) {
+        return save_drawing(editor, document.path());
+    }
+    const auto file = ask_target(document);
+    return file && save_drawing(editor, *file);
+}
+
 /// The file itself need not be there any more.
 bool is_file_of(const Document& document, const std::filesystem::path& file) {
     std::error_code error;
@@ -81,8 +90,8 @@ void save_drawing_or_copy(Editor& editor) {
     if (!file) {
         return;
     }
-    if (is_file_of(*document, *file)) {
-        save_drawing(editor, document->path());
+    if (document->needs_new_name() || is_file_of(*document, *file)) {
+        save_drawing(editor, document->needs_new_name() ? std::filesystem::path(*file) : document->path());
         return;
     }
     settle(editor);
@@ -91,7 +100,7 @@ void save_drawing_or_copy(Editor& editor) {
 
 void save_drawing_quickly(Editor& editor) {
     if (const Document* const document = open_document(editor)) {
-        save_drawing(editor, document->path());
+        save_drawing_by_its_name(editor, *document);
     }
 }
 
@@ -115,7 +124,7 @@ bool may_leave_drawing(Editor& editor) {
     const std::wstring question = L"Save changes to " + document->path().wstring() + L"?";
     switch (editor.message_box(question.c_str(), MB_YESNOCANCEL | MB_ICONWARNING)) {
         case IDYES:
-            return save_drawing(editor, document->path());
+            return save_drawing_by_its_name(editor, *document);
         case IDNO:
             return true;
         default:

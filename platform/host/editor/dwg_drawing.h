@@ -1,0 +1,38 @@
+// DWG drawings: a program beside the host converts them to DXF.
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+#include "base/result.h"
+
+namespace host {
+
+/// The file begins as a DWG drawing does, whatever its name.
+bool is_dwg(const std::filesystem::path& path);
+
+bool has_dwg_name(const std::filesystem::path& path);
+
+/// A DWG drawing as DXF, in a file that goes with this object.
+class ConvertedDrawing {
+  public:
+    /// Runs the program that the environment value DRAWINGHOST_DWG_CONVERTER names (a path of Windows, or under Wine of
+    /// the system below, which begins with "/"). It is given the drawing, the DXF file to make, and a file for what it
+    /// has to say in UTF-8: notes, or why its status is not 0. The reason names the drawing.
+    static base::Result<ConvertedDrawing> convert(const std::filesystem::path& dwg);
+    ConvertedDrawing(ConvertedDrawing&& other) noexcept;
+    ConvertedDrawing& operator=(ConvertedDrawing&&) = delete;
+    ~ConvertedDrawing();
+
+    const std::filesystem::path& dxf() const { return dxf_; }
+    /// What was lost, in lines; empty for nothing.
+    std::wstring notes() const;
+
+  private:
+    explicit ConvertedDrawing(const std::filesystem::path& folder, const std::filesystem::path& name);
+
+    std::filesystem::path folder_;
+    std::filesystem::path dxf_;
+};
+
+}  // namespace host
