@@ -14,7 +14,7 @@ export function inventoryOf(cad, document, reader) {
     const placed = new Set();
     for (const block of document.blockRecords) {
         for (const entity of block.entities) {
-            if (entity instanceof cad.Insert) {
+            if (entity instanceof cad.Insert && !(entity instanceof cad.TableEntity)) {
                 const name = entity.block?.name ?? '';
                 add(references, name, 1);
                 placed.add(entity.handle);

@@ -20,6 +20,12 @@ export function wholeReader(cad) {
             super(bytes, (_, event) => this.note(event.message));
         }
 
+        read() {
+            const document = super.read();
+            this.giveBlocksTheirEntities(document);
+            return document;
+        }
+
         note(message) {
             const kind = /^Could not read (\S+)/.exec(message)?.[1];
             if (kind) {
@@ -47,6 +53,27 @@ export function wholeReader(cad) {
                 if (kind) {
                     this.found[kind] += 1;
                     this.counted.set(handle, kind);
+                }
+            }
+        }
+
+        /** An entity knows its block, also where the block's list or chain of entities lacks it. */
+        giveBlocksTheirEntities(document) {
+            const placed = new Set();
+            for (const block of document.blockRecords) {
+                for (const entity of block.entities) {
+                    placed.add(entity);
+                }
+            }
+            const templates = this._builder.templatesMap;
+            const spaces = [undefined, this._builder.headerHandles.paper_space, this._builder.headerHandles.model_space];
+            for (const { cadObject: entity, entityMode: mode, ownerHandle } of templates.values()) {
+                const owner = templates.get(mode === 0 ? ownerHandle : spaces[mode])?.cadObject;
+                const belongs = entity instanceof cad.Entity && !(entity instanceof cad.Block || entity instanceof cad.BlockEnd ||
+                    entity instanceof cad.UnknownEntity);
+                if (belongs && owner instanceof cad.BlockRecord && !placed.has(entity)) {
+                    entity.owner = null;
+                    owner.entities.add(entity);
                 }
             }
         }

@@ -12,7 +12,7 @@ import time
 
 from bill import of_source
 from dwg_notes import notes_of
-from failure import DRAWING, INTERNAL, OUTPUT, Failure
+from failure import DRAWING, INTERNAL, NOTHING, OUTPUT, Failure
 from inputs import dwg_mark
 from interruption import waiting
 
@@ -59,6 +59,12 @@ class Converted:
         os.mkdir(folder)
         self.path = os.path.join(folder, os.path.splitext(os.path.basename(drawing))[0] + ".dxf")
         self.notes, self.note_lines = notes_of(converter.convert(drawing, self.path), self.path)
+
+    def explained(self, failure):
+        """A failure of its pricing: that there is nothing to report may be because of what was lost."""
+        if failure.status != NOTHING:
+            return failure
+        return Failure(failure.status, "; ".join([str(failure), *self.note_lines]))
 
     def tell(self, report):
         """Has the report.json of the DXF drawing name this one."""

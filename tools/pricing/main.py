@@ -85,7 +85,10 @@ def price_into(out, drawing, prices, arguments, session, progress):
         with progress.following(work.file("host.log"), of_host):
             converted = convert(drawing, work, converter)
             session.wait()
-            Host(ROOT, session, drawing, converted and converted.path).price(work, prices, arguments)
+            try:
+                Host(ROOT, session, drawing, converted and converted.path).price(work, prices, arguments)
+            except Failure as failure:
+                raise converted.explained(failure) if converted else failure
         bill = complete(work, converted)
         with open(work.file(PRINTED[arguments.format]), "rb") as file:
             printed = file.read()

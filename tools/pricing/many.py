@@ -108,7 +108,8 @@ class Pricing:
                 if reason is not None and jobs:
                     job = jobs[0]
                     host = Host(self.root, self.session, job.item.path, job.path)
-                    self.fail(job.item, host.pricing_failure(reason, job.work, self.prices))
+                    failure = host.pricing_failure(reason, job.work, self.prices)
+                    self.fail(job.item, job.converted.explained(failure) if job.converted else failure)
                     jobs.pop(0).remove()
         finally:
             for job in jobs:
