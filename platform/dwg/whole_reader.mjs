@@ -1,6 +1,8 @@
 // Reads a DWG drawing whole: every object that its map lists, each under its checksum.
 
 const SEED = 0xc0c1;
+const SECTION_COUNT = 0x15, MOST_SECTIONS = 64; // where the number stands, and far more than there are
+const PAGE_MAP = 0x41630e3b, SECTION_MAP = 0x4163003b; // types of pages
 const ATTRIBUTE = 2, REFERENCE = 7, ARRAY = 8; // types of objects
 
 /** The type's name in the counts of objects; undefined for one that nobody counts. */
@@ -8,8 +10,29 @@ const COUNTED = new Map([[REFERENCE, 'references'], [ARRAY, 'references'], [ATTR
 
 export class Damaged extends Error {}
 
+/** From 2004 on the maps of pages and sections are pages themselves: 20 bytes, the last four the checksum of these (with
+ *  zeros there) and of the packed bytes behind them. What the library makes of a wrong map may have no end. */
+function checkMaps(cad) {
+    const { DwgLZ77AC18Decompressor: unpacker, DwgCheckSumCalculator: sums } = cad;
+    const unpack = unpacker.decompress;
+    unpacker.decompress = (bytes, at, ...more) => {
+        const head = bytes.slice(at - 20, at);
+        const values = new DataView(head.buffer);
+        const type = values.getUint32(0, true), size = values.getUint32(8, true), told = values.getUint32(16, true);
+        if (type === PAGE_MAP || type === SECTION_MAP) {
+            values.setUint32(16, 0, true);
+            const sum = sums.calculate(0, head, 0, head.length);
+            if (at + size > bytes.length || sums.calculate(sum, bytes, at, size) !== told) {
+                throw new Damaged('the checksum of its map of sections is wrong');
+            }
+        }
+        return unpack.call(unpacker, bytes, at, ...more);
+    };
+}
+
 /** A reader class over the library `cad`; its `found` holds what the file lists, `unread` what could not be read. */
 export function wholeReader(cad) {
+    checkMaps(cad);
     return class WholeReader extends cad.DwgReader {
         found = { references: 0, attributes: 0 };
         counted = new Map(); // by handle
@@ -24,6 +47,15 @@ export function wholeReader(cad) {
             const document = super.read();
             this.giveBlocksTheirEntities(document);
             return document;
+        }
+
+        /** R14 and 2000 begin with a short list of sections; the library believes any number in its place. */
+        _readFileHeaderAC15(header, stream) {
+            const count = new DataView(this._fileStream).getUint32(SECTION_COUNT, true);
+            if (count > MOST_SECTIONS) {
+                throw new Damaged('its list of sections is wrong');
+            }
+            super._readFileHeaderAC15(header, stream);
         }
 
         note(message) {

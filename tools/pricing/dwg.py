@@ -27,7 +27,8 @@ MEMORY_OF_OBJECTS = 4 << 10  # MB, of the memory
 
 def check_version(path, mark):
     if mark not in VERSIONS:
-        age = f"of {OLD[mark]}" if mark in OLD else "that is newer than 2018" if mark > max(VERSIONS) else "that is older than R14"
+        is_newer = mark.startswith("AC10") and mark > max(VERSIONS)
+        age = "newer than 2018" if is_newer else f"of {OLD.get(mark, 'a version before R14')}"
         raise Failure(DRAWING, f"{path}: it is a DWG drawing {age} ({mark}); R14 to 2018 can be read")
 
 
