@@ -15,7 +15,7 @@ Prices drawings, DXF or DWG: opens each in the drawing host, runs "QXBOMC" with 
   ./run                                  the sample; results in out/
   ./run DRAWING [PRICES] [OPTION...]     your files; without PRICES, without prices
   ./run DRAWING... [PRICES] [OPTION...]  many drawings and their joined bill; a DRAWING may be a folder or a pattern,
-                                         and floor2.dxf=3 counts three times
+                                         and floor2.dxf=3 counts three times; without PRICES the one list in a folder
   ./run --join DIR... [OPTION...]        the joined bill of shares
   ./run --desktop [DRAWING]              the host's window, for a person with a display
 

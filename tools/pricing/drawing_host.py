@@ -125,6 +125,10 @@ class Host:
 
 
 def last_line(words):
-    """The last line that the host said, with the machine's own paths."""
+    """The last line that the host said, with the machine's own paths. What its command line shows may have no line end."""
     lines = [line for line in words.split("\n") if line]
-    return own_paths(lines[-1]) if lines else "the drawing host ended with an error"
+    if not lines:
+        return "the drawing host ended with an error"
+    line = own_paths(lines[-1])
+    script = re.search(r".*(script /.*\.scr:\d+: .*)", line)
+    return script.group(1) if script else line

@@ -44,6 +44,13 @@ def drawings_and_prices(words):
     return words, None
 
 
+def own_prices(words):
+    """The price list beside the drawings of the one folder that is named, when there is one only; else None."""
+    folders = [word for word in map(lambda word: factor_of(word)[0], words) if os.path.isdir(word)]
+    lists = [name for name in os.listdir(folders[0]) if name.lower().endswith(".prc")] if len(folders) == 1 else []
+    return os.path.join(folders[0], lists[0]) if len(lists) == 1 else None
+
+
 def is_many(words):
     """Whether these words ask for a joined bill: more than one drawing, or one by way of a folder, a pattern or a factor."""
     return len(words) > 1 or any(factor_of(word)[1] is not None or os.path.isdir(word) or is_pattern(word) for word in words)

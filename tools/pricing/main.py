@@ -114,11 +114,15 @@ def write_out(printed, arguments):
 
 def run_many(arguments):
     """Prices drawings and prints their joined bill; the exit status."""
-    from drawing_list import drawings
+    from drawing_list import drawings, own_prices
     from many import price_all
     from total import NAMES
 
     items = drawings(arguments.drawings)
+    if arguments.prices is None:
+        arguments.prices = own_prices(arguments.drawings)
+        if arguments.prices and not arguments.quiet:
+            print(one_line(f"Prices: {arguments.prices}"), file=sys.stderr)
     check(None, arguments.prices, None if arguments.out == "-" else arguments.out, NAMES)
     session = Session(ROOT, "--brief")
     try:
