@@ -8,6 +8,7 @@ from failure import DRAWING, USAGE, Failure
 KINDS = (".dxf", ".dwg")
 FACTOR = re.compile(r"(.+)=(\d+)", re.DOTALL)
 MOST = 9999
+RESERVED = re.compile(r"total\.(txt|csv|json)|\.run\..*", re.IGNORECASE | re.DOTALL)  # what else the output folder holds
 
 
 class Item:
@@ -93,6 +94,7 @@ def name_all(items):
         seen = {}
         for item in items:
             seen.setdefault(item.name.casefold(), []).append(item)
-        unnamed, depth = [item for same in seen.values() if len(same) > 1 for item in same], depth + 1
+        unnamed = [item for name, same in seen.items() if len(same) > 1 or RESERVED.fullmatch(name) for item in same]
+        depth += 1
         if depth > 100:
             raise Failure(USAGE, "drawings whose names differ only in case cannot be told apart")

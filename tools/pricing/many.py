@@ -3,6 +3,7 @@
 import contextlib
 import hashlib
 import os
+import shutil
 import sys
 
 from arguments import version
@@ -15,7 +16,7 @@ from total import Total, entry, failed_entry
 from windows_names import windows_path
 from work_folder import WorkFolder
 
-BATCH = 64  # drawings that one run of the host prices, since each has its folder open
+BATCH = 256  # drawings that one run of the host prices
 CONVERTED = 16  # of them DWG, since their DXF takes room on the disk
 WORST_FIRST = (INTERNAL, OUTPUT, PRICES, DRAWING, NOTHING)
 
@@ -40,38 +41,51 @@ def remove(work, is_new):
 
 
 class Job:
-    """A drawing that waits for the host."""
+    """A drawing that waits for the host, and the folder `path` of what is made for it; `out` is where the results go."""
 
-    def __init__(self, item, out, converter):
+    def __init__(self, item, work, converter):
         check_input(item.path, DRAWING)
-        folder = os.path.join(out, item.name)
-        check_folder(folder, (*RESULTS, DETAIL))
         self.item = item
-        self.is_new = not os.path.isdir(folder)
-        self.work = WorkFolder(folder)
+        self.out = os.path.join(work.out, item.name)
+        check_folder(self.out, (*RESULTS, DETAIL))
+        self.path = os.path.join(work.file("drawings"), item.name)
+        os.makedirs(self.path)
         try:
-            self.converted = convert(item.path, self.work, converter if dwg_mark(item.path) else None)
+            self.converted = convert(item.path, self, converter if dwg_mark(item.path) else None)
         except BaseException:
             self.remove()
             raise
 
+    def file(self, name):
+        return os.path.join(self.path, name)
+
+    def is_there(self):
+        return os.path.isdir(self.path)
+
     @property
-    def path(self):
+    def drawing(self):
+        """The file that the host opens."""
         return self.converted.path if self.converted else self.item.path
 
     def script(self, prices, hide_prices):
-        return ["OPEN", windows_path(self.path), "SETENV", "CORVANES_JSON", windows_path(self.work.file("report.json")),
-                *price_script(self.work, prices, hide_prices), "CLOSE"]
+        return ["OPEN", windows_path(self.drawing), "SETENV", "CORVANES_JSON", windows_path(self.file("report.json")),
+                *price_script(self, prices, hide_prices), "CLOSE"]
 
     def deliver(self):
         """The bill, once all of its files are in their places."""
-        bill = complete(self.work, self.converted)
-        self.work.deliver(RESULTS, (DETAIL,))
-        self.is_new = False
-        return bill
+        bill = complete(self, self.converted)
+        is_new = not os.path.isdir(self.out)
+        work = WorkFolder(self.out)
+        try:
+            for name in filter(os.path.exists, map(self.file, (*RESULTS, DETAIL))):
+                os.rename(name, work.file(os.path.basename(name)))
+            work.deliver(RESULTS, (DETAIL,))
+            return bill
+        finally:
+            remove(work, is_new)
 
     def remove(self):
-        remove(self.work, self.is_new)
+        shutil.rmtree(self.path, ignore_errors=True)
 
 
 class Pricing:
@@ -93,7 +107,7 @@ class Pricing:
 
     def prepared(self, item):
         try:
-            return Job(item, self.work.out, self.converter)
+            return Job(item, self.work, self.converter)
         except Failure as failure:
             self.fail(item, failure)
             return None
@@ -107,8 +121,8 @@ class Pricing:
                     reason = self.run_host(jobs)
                 if reason is not None and jobs:
                     job = jobs[0]
-                    host = Host(self.root, self.session, job.item.path, job.path)
-                    failure = host.pricing_failure(reason, job.work, self.prices)
+                    host = Host(self.root, self.session, job.item.path, job.drawing)
+                    failure = host.pricing_failure(reason, job, self.prices)
                     self.fail(job.item, job.converted.explained(failure) if job.converted else failure)
                     jobs.pop(0).remove()
         finally:
@@ -176,6 +190,8 @@ def price_all(root, items, arguments, session, out):
         total = Total(head_of(pricing.bill, share), pricing.entries)
         total.deliver(work)
         return pricing.status, total
+    except OSError as error:
+        raise Failure(OUTPUT, f"{out}: the folder cannot be written ({error.strerror})") from None
     finally:
         remove(work, is_new)
 

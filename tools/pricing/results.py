@@ -21,12 +21,15 @@ def convert(drawing, work, converter):
 
 def complete(work, converted):
     """The bill of what the host made in the work folder, where nothing is missing from then on."""
-    if converted:
-        converted.tell(work.file("report.json"))
-    with open(work.file("report.json"), "rb") as file:
-        bill = Bill(file.read())
-    with open(work.file("report.csv"), "wb") as file:
-        file.write(bill.csv())
+    try:
+        if converted:
+            converted.tell(work.file("report.json"))
+        with open(work.file("report.json"), "rb") as file:
+            bill = Bill(file.read())
+        with open(work.file("report.csv"), "wb") as file:
+            file.write(bill.csv())
+    except OSError as error:
+        raise Failure(OUTPUT, f"{work.out}: the results cannot be written ({error.strerror})") from None
     for name in RESULTS:
         if not os.path.isfile(work.file(name)) or os.path.getsize(work.file(name)) == 0:
             raise Failure(OUTPUT, f"{os.path.join(work.out, name)} was not written")
