@@ -37,6 +37,14 @@ function groupWriter(cad, file) {
         kept = [];
         length = 0;
 
+        write(code, value, map) {
+            if (value?.dimension) { // a point, which the library gives as if it were a number
+                this.writeVector(code, value, map);
+            } else {
+                super.write(code, value, map);
+            }
+        }
+
         writeDxfCode(code) {
             this.keep(String(code).padStart(3) + '\n');
         }
@@ -87,20 +95,35 @@ function groupWriter(cad, file) {
     }();
 }
 
-/** The sections' way to an entity, so that one which cannot be written is left out whole and told of. */
-function guardEntities(cad, unwritten) {
-    const { writeEntity: write, _writeSeqend: writeEnd } = cad.DxfSectionWriterBase.prototype;
-    cad.DxfSectionWriterBase.prototype._writeSeqend = () => {}; // it would write all of it a second time
+/** A SEQEND for an entity that came without one. */
+function newEnd(cad, document, entity) {
+    const end = new cad.Seqend();
+    end.handle = document.header.handleSeed;
+    document.header.handleSeed += 1;
+    end.owner = entity;
+    end.layer = entity.layer;
+    return end;
+}
+
+/** Mends how the library's sections write entities: one that cannot be written is left out whole and told of, the end of
+ *  attributes is written once, and a mesh with its faces. Returns what takes that back. */
+function mendSections(cad, unwritten) {
+    const sections = cad.DxfSectionWriterBase.prototype;
+    const { writeEntity: write, _writePolyline: writePolyline } = sections;
     let depth = 0, last = null;
-    cad.DxfSectionWriterBase.prototype.writeEntity = function (entity) {
-        if (entity instanceof cad.Seqend && last instanceof cad.Seqend) {
+    sections.writeEntity = function (entity) {
+        const isEnd = entity instanceof cad.Seqend;
+        if (isEnd && last instanceof cad.Seqend) {
             return; // one stands among the attributes, and the library writes another behind them
         }
         last = entity;
+        if (entity.attributes?.length > 0) {
+            entity.attributes.seqend ??= newEnd(cad, this._document, entity);
+        }
         const mark = depth === 0 ? this._writer.mark() : this._writer.kept.length;
         depth += 1;
         try {
-            write.call(this, entity);
+            isEnd ? this._writeSeqend(entity) : write.call(this, entity);
         } catch {
             this._writer.takeBack(mark);
             unwritten(entity.objectName);
@@ -108,9 +131,16 @@ function guardEntities(cad, unwritten) {
             depth -= 1;
         }
     };
-    return () => {
-        Object.assign(cad.DxfSectionWriterBase.prototype, { writeEntity: write, _writeSeqend: writeEnd });
+    sections._writePolyline = function (polyline, map) {
+        const end = polyline.vertices.seqend ?? newEnd(cad, this._document, polyline);
+        polyline.vertices.seqend = null;
+        writePolyline.call(this, polyline, map);
+        for (const face of polyline.faces ?? []) {
+            this._writeVertex(face);
+        }
+        this._writeSeqend(end);
     };
+    return () => Object.assign(sections, { writeEntity: write, _writePolyline: writePolyline });
 }
 
 /** The entities of a space in order; the library takes them from the front one by one, which an array does slowly. */
@@ -136,7 +166,7 @@ class Queue {
 export function writeDxf(cad, document, path) {
     const unwritten = new Map();
     const file = fs.openSync(path, 'wx');
-    const restore = guardEntities(cad, kind => unwritten.set(kind, (unwritten.get(kind) ?? 0) + 1));
+    const restore = mendSections(cad, kind => unwritten.set(kind, (unwritten.get(kind) ?? 0) + 1));
     try {
         // Before version 2007 texts would be in the drawing's code page.
         document.header.version = Math.max(document.header.version, cad.ACadVersion.AC1021);

@@ -59,7 +59,7 @@ export function wholeReader(cad) {
         }
 
         note(message) {
-            const kind = /^Could not read (\S+)/.exec(message)?.[1];
+            const kind = /^Could not read (\S+)/.exec(message)?.[1] ?? /^Unlisted object with DXF name (\S+) .* UnknownEntity$/.exec(message)?.[1];
             if (kind) {
                 const name = cad.ObjectType[kind] ?? kind;
                 this.unread.set(name, (this.unread.get(name) ?? 0) + 1);
@@ -80,6 +80,10 @@ export function wholeReader(cad) {
             const handles = new Set([...first, ...map.keys()]);
             const reader = new cad.DwgObjectReader(version, this._builder, stream, handles, map, this._document.classes);
             reader.read();
+            for (const template of this._builder.blockRecordTemplates) { // the library takes any object for these
+                template.beginBlockHandle = this.handleOf(template.beginBlockHandle, cad.Block);
+                template.endBlockHandle = this.handleOf(template.endBlockHandle, cad.BlockEnd);
+            }
             for (const [handle, type] of reader._readedObjects) {
                 const kind = COUNTED.get(type);
                 if (kind) {
@@ -87,6 +91,10 @@ export function wholeReader(cad) {
                     this.counted.set(handle, kind);
                 }
             }
+        }
+
+        handleOf(handle, kind) {
+            return this._builder.templatesMap.get(handle)?.cadObject instanceof kind ? handle : null;
         }
 
         /** An entity knows its block, also where the block's list or chain of entities lacks it. */
