@@ -14,6 +14,11 @@ const codePage = /\$DWGCODEPAGE\r?\n\s*3\r?\n(.*)/.exec(text)?.[1].trim() ?? 'AN
 for (const version of versions) {
     // The library reads any version by its code page.
     const document = cad.DxfReader.readFromStream(new TextEncoder().encode(text.replace(codePage, 'utf-8')));
+    for (const [, name, colour] of text.matchAll(/AcDbLayerTableRecord\n {2}2\n(.*)\n 70\n.*\n 62\n-(\d+)\n/g)) {
+        const layer = [...document.layers].find(one => one.name === name); // the library reads such a layer as one that is on
+        layer.isOn = false;
+        layer.color = new cad.Color(Number(colour));
+    }
     document.header.codePage = codePage;
     document.header.version = cad.ACadVersion[version];
     document.header.showModelSpace = true;
