@@ -1,11 +1,13 @@
 """DWG drawings: told by what is in them, and converted to DXF by a program of its own (platform/dwg), within limits."""
 
 import contextlib
+import ctypes
 import hashlib
 import json
 import os
 import resource
 import select
+import signal
 import subprocess
 import tempfile
 import time
@@ -23,6 +25,7 @@ OLD = {"AC1012": "R13", "AC1009": "R12", "AC1006": "R10"}
 SECONDS, SECONDS_A_MB = 30, 20
 MEMORY = 6 << 30
 MEMORY_OF_OBJECTS = 4 << 10  # MB, of the memory
+PR_SET_PDEATHSIG = 1  # of prctl
 
 
 def check_version(path, mark):
@@ -38,9 +41,11 @@ def install(root):
         raise Failure(INTERNAL, "what reads DWG drawings cannot be installed; build/npm.log tells why")
 
 
-def limit_memory():
+def limit():
+    """For the program, before it starts: its memory, and that it does not outlive this one, however that ends."""
     resource.setrlimit(resource.RLIMIT_DATA, (MEMORY, MEMORY))
     resource.setrlimit(resource.RLIMIT_CORE, (0, 0))
+    ctypes.CDLL(None).prctl(PR_SET_PDEATHSIG, signal.SIGKILL)
 
 
 def source_of(path):
@@ -104,7 +109,7 @@ class Converter:
         self.said = tempfile.TemporaryFile()
         program = os.path.join(self.root, "platform", "dwg", "dwg_to_dxf.mjs")
         self.process = subprocess.Popen(["node", f"--max-old-space-size={MEMORY_OF_OBJECTS}", program], stdin=subprocess.PIPE,
-                                        stdout=subprocess.PIPE, stderr=self.said, preexec_fn=limit_memory, start_new_session=True)
+                                        stdout=subprocess.PIPE, stderr=self.said, preexec_fn=limit, start_new_session=True)
 
     def ask(self, drawing, question, limit):
         whole = None

@@ -41,23 +41,31 @@ def check_shares(folders, totals):
         raise Failure(USAGE, f"{', '.join(folders)}: share {', '.join(twice)} is there twice")
 
 
+def joined(folders):
+    """The total of the shares in these folders."""
+    totals = [read_share(folder) for folder in folders]
+    try:
+        check_shares(folders, totals)
+        entries = sorted((one for total in totals for one in total["drawings"]), key=lambda one: one["name"])
+        head = next((one for one in totals if one["columns"]), totals[0])
+        return Total({key: head[key] for key in ("schema", "program", "prices", "columns")}, entries)
+    except (KeyError, TypeError, AttributeError, ValueError, ArithmeticError):
+        raise Failure(USAGE, f"{', '.join(folders)}: these are no totals of shares, or not as they were written") from None
+
+
 def join(arguments, out):
     """The exit status that one run would have had, and the total, once it is in its place."""
     folders = arguments.files
-    totals = [read_share(folder) for folder in folders]
-    check_shares(folders, totals)
+    total = joined(folders)
     if any(os.path.realpath(folder) == os.path.realpath(out) for folder in folders):
         raise Failure(USAGE, f"{out}: the results would take the place of a share")
     check_folder(out, NAMES)
-    entries = sorted((one for total in totals for one in total["drawings"]), key=lambda one: one["name"])
-    head = next((one for one in totals if one["columns"]), totals[0])
-    total = Total({key: head[key] for key in ("schema", "program", "prices", "columns")}, entries)
     work = WorkFolder(out)
     try:
         total.deliver(work)
     finally:
         work.remove()
-    statuses = {one["error"]["status"] for one in entries if one["error"]}
-    if arguments.strict and any(one["note_lines"] for one in entries):
+    statuses = {one["error"]["status"] for one in total.entries if one["error"]}
+    if arguments.strict and any(one["note_lines"] for one in total.entries):
         statuses.add(NOTHING)
     return next((status for status in WORST_FIRST if status in statuses), 0), total

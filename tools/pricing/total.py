@@ -6,6 +6,7 @@ import io
 import os
 
 from bill import SUMMARY, json_text, plain
+from failure import one_line
 
 NAMES = ("total.txt", "total.csv", "total.json")
 
@@ -18,7 +19,7 @@ def entry(item, bill):
 
 
 def failed_entry(item, failure):
-    reason = str(failure).replace(os.path.realpath(item.path), item.name).replace(item.path, item.name)
+    reason = one_line(str(failure).replace(os.path.realpath(item.path), item.name).replace(item.path, item.name))
     return {"name": item.name, "factor": item.factor, "drawing": None, "error": {"status": failure.status, "reason": reason},
             "sum": None, "note_lines": [], "rows": []}
 
