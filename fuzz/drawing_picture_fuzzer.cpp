@@ -1,11 +1,12 @@
-// Any drawing can be looked at: its display list is built, painted at several scales, and picked from, within its
-// limits of time and memory, whatever numbers its entities hold.
+// Any drawing can be looked at: its display list is built, painted at several scales, picked from, and written as SVG,
+// within its limits of time and memory, whatever numbers and names its entities hold.
 #include <algorithm>
 #include <vector>
 
 #include "fuzz/fuzz_input.h"
 #include "platform/host/view/hit_test.h"
 #include "platform/host/view/list_painter.h"
+#include "platform/host/view/svg_writer.h"
 
 namespace {
 
@@ -33,14 +34,37 @@ void look_at(const host::DisplayList& list) {
     hits.pick({{-1, -1}, {1, 1}});
 }
 
+/// Whether every element ends, in text that XML can hold.
+bool well_formed(const std::string& svg) {
+    ptrdiff_t depth = 0;
+    for (size_t at = 0; at < svg.size(); ++at) {
+        if (static_cast<unsigned char>(svg[at]) < ' ' && svg[at] != '\n') {
+            return false;
+        }
+        if (svg[at] == '<' && svg[at + 1] == '/') {
+            --depth;
+        } else if (svg[at] == '<') {
+            depth += svg[svg.find_first_of("<>", at + 1) - 1] == '/' ? 0 : 1;
+        }
+    }
+    return depth == 0;
+}
+
+void look_at(const host::DisplayList& list, const dxf::Drawing& drawing) {
+    look_at(list);
+    const host::SvgPicture picture = host::svg_picture(list, drawing, 20'000);
+    fuzz::require(well_formed(picture.text), "an SVG file is well-formed");
+    fuzz::require(picture.elements <= 20'000 || picture.text.empty(), "an SVG file is no larger than asked for");
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     const dxf::OpenResult opened = dxf::Drawing::from_bytes(std::string(fuzz::bytes_of(data, size)), "fuzz.dxf");
     if (opened) {
         const host::PictureLimits limits{8 << 20, 20'000'000};
-        look_at(host::DisplayList::build(**opened, host::DisplayList::Space::model, limits));
-        look_at(host::DisplayList::build(**opened, host::DisplayList::Space::paper, limits));
+        look_at(host::DisplayList::build(**opened, host::DisplayList::Space::model, limits), **opened);
+        look_at(host::DisplayList::build(**opened, host::DisplayList::Space::paper, limits), **opened);
     }
     return 0;
 }

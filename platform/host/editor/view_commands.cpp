@@ -1,10 +1,13 @@
 #include "acedads.h"
+#include "base/code_page.h"
+#include "base/replace_file.h"
 #include "platform/host/editor/commands.h"
 #include "platform/host/editor/editor.h"
 #include "platform/host/editor/file_question.h"
 #include "platform/host/prompt/person.h"
 #include "platform/host/view/drawing_pane.h"
 #include "platform/host/view/png_file.h"
+#include "platform/host/view/svg_writer.h"
 
 namespace host {
 namespace {
@@ -125,10 +128,10 @@ void choose_background(DrawingPane& pane) {
     }
 }
 
-std::optional<std::wstring> ask_picture_file(const Document& document) {
+std::optional<std::wstring> ask_picture_file(const Document& document, const std::wstring& extension = L"png") {
     std::filesystem::path proposal = document.path();
-    proposal.replace_extension(L".png");
-    return ask_file_name({L"Save picture as", proposal.wstring(), L"png", true, false});
+    proposal.replace_extension(extension);
+    return ask_file_name({L"Save picture as", proposal.wstring(), extension, true, false});
 }
 
 std::shared_ptr<const DisplayList> list_for_picture(Editor& editor, const Document& document) {
@@ -153,6 +156,55 @@ void save_picture(Editor& editor) {
     if (succeeded(save_drawing_png(list, {list->extents()}, *file))) {
         person().print(L"\n" + *file + L" saved.");
     }
+}
+
+base::Outcome<> save_svg(const SvgPicture& picture, const std::wstring& file) {
+    const base::WriteStatus written = base::replace_file(file, picture.text);
+    return written ? base::Outcome<>()
+                   : base::Failure{L"the picture " + file + L" could not be written: " +
+                                   base::wide_from_utf8(written.reason())};
+}
+
+void write_vector_picture(Editor& editor, const Document& document, std::optional<uint64_t> most_elements,
+                          const std::wstring& file) {
+    SvgPicture picture;
+    if (!most_elements || !has_more_references(document.drawing(), *most_elements)) {
+        const std::shared_ptr<const DisplayList> list = list_for_picture(editor, document);
+        editor.say_left_out(document.drawing(), *list);
+        picture = svg_picture(*list, document.drawing(), most_elements);
+    }
+    if (picture.left_out > 0) {
+        person().print(L"\n" + std::to_wstring(picture.left_out) +
+                       L" block references are left out, for they would take a viewer too long.");
+    }
+    if (picture.text.empty()) {
+        person().print(L"\nThe picture would have too many elements, and is not written.");
+    } else if (succeeded(save_svg(picture, file))) {
+        person().print(L"\n" + file + L" saved.");
+    }
+}
+
+/// The drawing as SVG. Of one with more elements than a viewer is wanted to draw, nothing is written.
+void save_vector_picture(Editor& editor) {
+    const Document* const document = editor.documents.document();
+    if (document == nullptr) {
+        person().report(L"No drawing is open.");
+        return;
+    }
+    const std::optional<std::wstring> file = ask_picture_file(*document, L"svg");
+    if (!file) {
+        return;
+    }
+    constexpr int positive = RSG_NOZERO | RSG_NONEG;
+    ads_real most = 0;
+    acedInitGet(positive, nullptr);
+    const int answer = acedGetReal(L"\nEnter the largest number of elements <any>: ", &most);
+    if (answer != RTNORM && answer != RTNONE) {
+        return;
+    }
+    const auto elements =
+        answer == RTNORM ? std::optional<uint64_t>(static_cast<uint64_t>(std::min(most, 1e9))) : std::nullopt;
+    write_vector_picture(editor, *document, elements, *file);
 }
 
 /// The entity that was added last, so large that its letters can be read.
@@ -222,6 +274,7 @@ void add_view_commands(Editor& editor) {
     add(L"ZOOM", zoom);
     editor.add_command(L"PNGDETAIL", save_detail);
     editor.add_command(L"PNGOUT", save_picture);
+    editor.add_command(L"SVGOUT", save_vector_picture);
 }
 
 }  // namespace host

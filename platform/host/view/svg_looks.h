@@ -1,0 +1,54 @@
+// The classes by which the elements of an SVG file look, and the style sheet that says how.
+#pragma once
+
+#include <map>
+#include <set>
+#include <string>
+
+#include "platform/host/view/display_list.h"
+#include "platform/host/view/layer_states.h"
+
+namespace host {
+
+/// Gives the classes of what is drawn and remembers which ones the sheet must have. Stroke and fill that an element
+/// inherits are those of the layer of the block reference around it; `color` is the block reference's own colour.
+/// A viewer that sets --ink and --paper swaps the colours of colour 7 and of masks.
+class SvgLooks {
+  public:
+    /// The height of capitals in the usual faces, in the units that texts are written in.
+    static constexpr double capitals = 71.6;
+
+    /// Both outlive this. `pixels_per_unit`: of dashes at the size that the file says.
+    SvgLooks(const DisplayList& list, const dxf::Drawing& drawing, double pixels_per_unit)
+        : list_(list), drawing_(drawing), layers_(drawing), pixels_per_unit_(pixels_per_unit) {}
+
+    /// Of lines, areas and texts, resolved as `around` says.
+    std::string of_shape(const Primitive& primitive, const Surroundings& around);
+    /// Of a text's font, direction and anchor, besides.
+    std::string of_text(const TextItem& item);
+    /// Of a placed block, with what its inherited colours mean.
+    std::string of_reference(dxf::RecordId entity, Ink ink, Ink layer_ink);
+    /// Of everything in the space.
+    std::string of_space();
+
+    std::string style_sheet() const;
+    /// The layers by their classes, as elements that are not seen.
+    std::string layers() const;
+
+  private:
+    dxf::NameId layer_of(dxf::RecordId entity) const;
+    std::string layer_class(dxf::NameId layer);
+    Ink layer_ink(dxf::NameId layer) const;
+    std::string colour_class(Ink ink, const char* prefix);
+
+    const DisplayList& list_;
+    const dxf::Drawing& drawing_;
+    LayerStates layers_;
+    double pixels_per_unit_;
+    std::set<dxf::NameId> used_layers_;
+    std::map<std::string, std::string> colours_;  ///< rules by class
+    std::set<uint16_t> patterns_;
+    std::set<uint8_t> weights_;
+};
+
+}  // namespace host
