@@ -17,7 +17,7 @@ from ezdxf import bbox
 
 from host import PRICES, ROOT, SAMPLE, fresh_session, kill_at_instants
 
-RESULTS = ["dialog.png", "drawing.dxf", "drawing.png", "report.csv", "report.json", "report.txt", "table.png"]
+RESULTS = ["dialog.png", "drawing.dxf", "drawing.png", "report.csv", "report.html", "report.json", "report.txt", "table.png"]
 
 
 def start(*arguments, **options):

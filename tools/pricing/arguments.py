@@ -28,8 +28,8 @@ Prices drawings, DXF or DWG: opens each in the drawing host, runs "QXBOMC" with 
   --quiet           no notes, no progress
   --version, --help
 
-DIR gets report.txt, report.csv, report.json, drawing.dxf (with the report as a table beside it), dialog.png, drawing.png and
-table.png, and drawing-detail.png where things far away make the drawing a speck: all of this run, or none. Notes on what the bill leaves out go to standard error.
+DIR gets report.html (the bill beside its drawing, for any browser), report.txt, report.csv, report.json, drawing.dxf (with the
+report as a table beside it), dialog.png, drawing.png and table.png, and drawing-detail.png where things far away make the drawing a speck: all of this run, or none. Notes on what the bill leaves out go to standard error.
 Of many drawings each has that in DIR/NAME, and DIR gets total.txt, total.csv and total.json; one that fails does not stop the others.
 
 Examples:

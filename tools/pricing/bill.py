@@ -33,7 +33,6 @@ def of_source(data, source, notes, note_lines):
 
 class Bill:
     def __init__(self, data):
-        self.data = data
         self.members = bill = json.loads(data)
         self.columns, self.rows, self.sum = bill["columns"], bill["rows"], bill["sum"]
         self.note_lines = bill["note_lines"]

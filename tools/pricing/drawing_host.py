@@ -11,16 +11,19 @@ import tempfile
 from failure import DRAWING, INTERNAL, NOTHING, OUTPUT, PRICES, Failure
 from interruption import waiting
 from references import why_none
+from report_page import MOST_ELEMENTS
 from windows_names import own_paths, windows_path
 
 
 SEEN_ANYWHERE = "7"  # white on black, and black on white
 STEP = 0.1  # seconds between two calls of who watches
+VECTORS = "drawing.svg"  # the drawing without the table, for the page; not there where it would have too many elements
 TABLE_PLACE = ("beside", "move beside-end", "pick beside-end")
 
 
 def price_script(work, prices, hide_prices):
-    return ["REGEN", "SETVAR", "ADDEDCOLOR", SEEN_ANYWHERE, "QXBOMC", windows_path(prices) if prices else "^C", "ALL", "",
+    return ["REGEN", "SVGOUT", windows_path(work.file(VECTORS)), str(MOST_ELEMENTS), "SETVAR", "ADDEDCOLOR", SEEN_ANYWHERE,
+            "QXBOMC", windows_path(prices) if prices else "^C", "ALL", "",
             f'@tick "Show Price" {"off" if hide_prices else "on"}', f'@picture "{windows_path(work.file("dialog.png"))}"',
             '@press "Save to file"', windows_path(work.file("report.txt")), '@press "Insert"', *TABLE_PLACE,
             "SAVEAS", windows_path(work.file("drawing.dxf")), "PNGOUT", windows_path(work.file("drawing.png")),

@@ -18,7 +18,7 @@ from interruption import Stopped, catch, waiting  # noqa: E402
 from progress import Progress, of_build, of_host  # noqa: E402
 from results import DETAIL, PRINTED, RESULTS, complete, convert  # noqa: E402
 from session import Session  # noqa: E402
-from work_folder import WorkFolder  # noqa: E402
+from work_folder import WorkFolder, contents  # noqa: E402
 
 ROOT = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
 
@@ -90,8 +90,7 @@ def price_into(out, drawing, prices, arguments, session, progress):
             except Failure as failure:
                 raise converted.explained(failure) if converted else failure
         bill = complete(work, converted)
-        with open(work.file(PRINTED[arguments.format]), "rb") as file:
-            printed = file.read()
+        printed = contents(work.file(PRINTED[arguments.format]))
         if arguments.out != "-":
             work.deliver(RESULTS, (DETAIL,))
         return bill, printed

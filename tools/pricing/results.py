@@ -3,9 +3,12 @@
 import os
 
 from bill import Bill
+from drawing_host import VECTORS
 from failure import OUTPUT, Failure
+from report_page import page
+from work_folder import contents
 
-RESULTS = ("report.txt", "report.csv", "report.json", "drawing.dxf", "dialog.png", "drawing.png", "table.png")
+RESULTS = ("report.txt", "report.csv", "report.json", "report.html", "drawing.dxf", "dialog.png", "drawing.png", "table.png")
 DETAIL = "drawing-detail.png"  # where the whole drawing is a speck in its picture
 PRINTED = {"text": "report.txt", "csv": "report.csv", "json": "report.json"}
 
@@ -24,10 +27,12 @@ def complete(work, converted):
     try:
         if converted:
             converted.tell(work.file("report.json"))
-        with open(work.file("report.json"), "rb") as file:
-            bill = Bill(file.read())
+        bill = Bill(contents(work.file("report.json")))
         with open(work.file("report.csv"), "wb") as file:
             file.write(bill.csv())
+        with open(work.file("report.html"), "wb") as file:
+            alive = os.path.exists(work.file(VECTORS))
+            file.write(page(bill.members, contents(work.file(VECTORS if alive else "drawing.png")), alive))
     except OSError as error:
         raise Failure(OUTPUT, f"{work.out}: the results cannot be written ({error.strerror})") from None
     for name in RESULTS:
