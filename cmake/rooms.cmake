@@ -43,6 +43,9 @@ function(corvanes_precompiled name headers)
     endif()
 endfunction()
 
+# What the record of a binary's version is made of, for its resources to depend on.
+set(version_record ${PROJECT_SOURCE_DIR}/base/version.h ${PROJECT_SOURCE_DIR}/base/version_record.rc)
+
 # corvanes_library(name source...): a static library of this room.
 function(corvanes_library name)
     add_library(${name} STATIC ${ARGN})

@@ -9,7 +9,7 @@
 #include "base/case_folding.h"
 #include "base/code_page.h"
 #include "bom/report_text.h"
-#include "resources/version.h"
+#include "base/version.h"
 
 namespace corvanes {
 

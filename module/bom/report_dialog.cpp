@@ -68,6 +68,7 @@ void CalcPriceDialog::LoadReportSettings() {
 }
 
 void CalcPriceDialog::SaveReportSettingsAndClose() {
+    grid_.ClearHighlight();
     grid_.StoreColumnWidths();
     write_settings(report_settings_name, grid_.stored_widths(), report_options().price_list_path);
     EndDialog(IDCANCEL);

@@ -1,5 +1,7 @@
 #include "bom/report_grid.h"
 
+#include <algorithm>
+
 #include "bom/drawing_name.h"
 #include "bom/report_options.h"
 #include "common/price_text.h"
@@ -17,6 +19,19 @@ const std::vector<GridColumn>& grid_columns() {
         return made;
     }();
     return columns;
+}
+
+/// Into the corner of the screen where it hides least of a drawing.
+void move_aside(CWnd& dialog) {
+    MONITORINFO screen{};
+    screen.cbSize = sizeof screen;
+    CRect place;
+    dialog.GetWindowRect(&place);
+    if (::GetMonitorInfoW(::MonitorFromWindow(dialog.m_hWnd, MONITOR_DEFAULTTONEAREST), &screen) != 0) {
+        ::SetWindowPos(dialog.m_hWnd, nullptr, std::max(screen.rcWork.left, screen.rcWork.right - place.Width()),
+                       std::max(screen.rcWork.top, screen.rcWork.bottom - place.Height()), 0, 0,
+                       SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+    }
 }
 
 }  // namespace
@@ -52,6 +67,7 @@ void MyCug2::FillReportGrid(const RowList& rows) {
     if (GetRowCount() > 0) {
         AddReportRow(summary_, true);
     }
+    OnGridRowChange(-1, GetCurrentRow());
     RedrawAll();
 }
 
@@ -104,6 +120,29 @@ void MyCug2::OnGridHeadingClick(int column, long, int updn, RECT*, POINT*, int) 
         GotoCell(GetCurrentColumn(), GetRowCount() - 1);
     }
     RedrawAll();
+}
+
+void MyCug2::OnGridRowChange(long, long row) {
+    const wchar_t* const counted = row < 0 ? nullptr : GetCellText(quantity_column, static_cast<int>(row));
+    if (counted == nullptr || *counted == 0) {
+        highlight_.clear();
+    } else {
+        highlight_.show(GetCellText(name_column, static_cast<int>(row)));
+    }
+}
+
+void MyCug2::OnGridLeftClick(int column, long row, int updn, RECT*, POINT*, int) {
+    if (updn == 0) {
+        return;
+    }
+    const LONG now = ::GetMessageTime();
+    const bool again = row == last_clicked_row_ && now - last_click_ < static_cast<LONG>(::GetDoubleClickTime());
+    last_click_ = now;
+    last_clicked_row_ = column == quantity_column && !again ? row : -1;
+    if (column == quantity_column && again) {
+        highlight_.zoom();
+        move_aside(*GetParent());
+    }
 }
 
 bool MyCug2::OnGridPrint(PrintTitles* titles) {

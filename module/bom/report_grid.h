@@ -3,6 +3,7 @@
 
 #include "bom/report_text.h"
 #include "bom/result_string.h"
+#include "bom/row_highlight.h"
 #include "common/sorting_grid.h"
 
 class MyCug2 : public SortingGrid {
@@ -16,6 +17,8 @@ class MyCug2 : public SortingGrid {
     /// Shows or hides the columns of money, as "Show Price" says.
     void ApplyShowPrice();
     void DeleteAllRows();
+    /// No reference is lit any more.
+    void ClearHighlight() { highlight_.clear(); }
 
     bool price_list_attached() const { return price_list_attached_; }
     void set_price_list_attached(bool attached) { price_list_attached_ = attached; }
@@ -23,6 +26,9 @@ class MyCug2 : public SortingGrid {
     void OnGridSetup() override;
     void OnGridColumnSizing(int column, int* width) override;
     void OnGridHeadingClick(int column, long row, int updn, RECT* rect, POINT* point, int processed) override;
+    /// The row's references are lit in the drawing; a double click on their number zooms to them.
+    void OnGridRowChange(long former, long row) override;
+    void OnGridLeftClick(int column, long row, int updn, RECT* rect, POINT* point, int processed) override;
     /// The price list above the left half of each page, the drawing above the right one.
     bool OnGridPrint(corvanes::PrintTitles* titles) override;
     /// Letters lead to the next row that begins with them.
@@ -35,6 +41,9 @@ class MyCug2 : public SortingGrid {
     bool StoresWidth(int column, int width) const override;
 
     CUGMaskedEdit editor_;
+    corvanes::RowHighlight highlight_;
+    LONG last_click_ = 0;         ///< milliseconds, as messages have it
+    long last_clicked_row_ = -1;  ///< on its number; -1 for none
     ResultString summary_;
     bool price_list_attached_ = false;
 };

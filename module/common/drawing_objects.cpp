@@ -114,6 +114,17 @@ std::wstring name_of(const AcDbSymbolTableRecord& record) {
     return name.get();
 }
 
+std::wstring literal_pattern(const std::wstring& name) {
+    std::wstring pattern;
+    for (const wchar_t letter : name) {
+        if (std::wcschr(L"#@.*?~[]-,`", letter) != nullptr) {
+            pattern += L'`';
+        }
+        pattern += letter;
+    }
+    return pattern;
+}
+
 std::wstring block_name(AcDbObjectId record) {
     const AcDbObjectPointer<AcDbBlockTableRecord> block(record, AcDb::kForRead);
     return block.openStatus() == Acad::eOk ? name_of(*block) : std::wstring();

@@ -40,6 +40,9 @@ AcDbDatabase* working_database();
 /// The name of a block, a layer and the like, as the drawing spells it.
 std::wstring name_of(const AcDbSymbolTableRecord& record);
 
+/// A pattern, as selections take it, that stands for this name alone.
+std::wstring literal_pattern(const std::wstring& name);
+
 /// The name of a block; empty when it cannot be opened.
 std::wstring block_name(AcDbObjectId record);
 

@@ -10,7 +10,7 @@
 #include "bom/report_wishes.h"
 #include "common/file_question.h"
 #include "pricelist/template_dialog.h"
-#include "shell/resource_scope.h"
+#include "common/resource_scope.h"
 #include "table/table_builder.h"
 #include "table/table_placement.h"
 

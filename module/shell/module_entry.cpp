@@ -6,7 +6,7 @@
 
 #include "shell/command_registration.h"
 #include "shell/document_data.h"
-#include "shell/extension_module.h"
+#include "common/extension_module.h"
 
 namespace {
 

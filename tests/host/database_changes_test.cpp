@@ -77,6 +77,33 @@ Acad::ErrorStatus build_block(const OpenDrawing& drawing, const ACHAR* name) {
 
 }  // namespace
 
+TEST(Layers, AreSwitchedByEditsOfTheirOwnRecords) {
+    const std::string tables =
+        section("TABLES", table("LAYER", {"2 walls|70 64|62 3|6 CONTINUOUS|290 0", "2 doors|70 0|62 1"}));
+    const OpenDrawing opened(tables + section("ENTITIES", "") + end_of_file());
+    const std::string before = opened.saved();
+    const auto switched = [&](void (*change)(AcDbLayerTableRecord&)) {
+        AcDbLayerTable* found = nullptr;
+        opened->getSymbolTable(found, AcDb::kForRead);
+        AcDbLayerTableRecord* layer = nullptr;
+        found->getAt(L"WALLS", layer, AcDb::kForWrite);
+        change(*layer);
+        layer->close();
+        found->close();
+        return difference(plain(before), plain(opened.saved()));
+    };
+    EXPECT_EQ(switched([](AcDbLayerTableRecord& layer) { layer.setIsFrozen(true); }), groups("70 65"));
+    EXPECT_EQ(switched([](AcDbLayerTableRecord& layer) { layer.setIsLocked(true); }), groups("70 69"));
+    EXPECT_EQ(switched([](AcDbLayerTableRecord& layer) { layer.setIsOff(true); }), groups("70 69|62 -3"));
+    EXPECT_EQ(switched([](AcDbLayerTableRecord& layer) {
+                  EXPECT_TRUE(layer.isOff() && layer.isFrozen() && layer.isLocked());
+                  layer.setIsFrozen(false);
+                  layer.setIsLocked(false);
+                  layer.setIsOff(false);
+              }),
+              "");
+}
+
 TEST(DatabaseChanges, WhatIsAddedIsInTheFileAndNothingElseChanges) {
     const std::string before = drawing_r12(groups("0 LINE|8 0|10 0|20 0|11 1|21 1"));
     const OpenDrawing drawing(before);

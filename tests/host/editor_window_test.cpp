@@ -1,6 +1,8 @@
 // The main window, posted input, and pictures of windows.
 #include <windows.h>
 
+#include <shlobj.h>
+
 #include <gmock/gmock.h>
 
 #include <filesystem>
@@ -47,13 +49,28 @@ TEST(MainWindow, GivesEachKeyToOneWait) {
 }
 
 TEST(MainWindow, TellsWindowsWhetherItsSessionMayEnd) {
-    MainWindow window;
-    EXPECT_EQ(SendMessageW(window.window(), WM_QUERYENDSESSION, 0, 0), TRUE);
+    EXPECT_EQ(SendMessageW(MainWindow().window(), WM_QUERYENDSESSION, 0, 0), TRUE);
     for (const bool may : {false, true}) {
-        window.ask_before_session_ends([may] { return may; });
+        WindowProgram program;
+        program.may_end_session = [may] { return may; };
+        const MainWindow window(program);
         EXPECT_EQ(SendMessageW(window.window(), WM_QUERYENDSESSION, 0, 0), may ? TRUE : FALSE);
+        EXPECT_FALSE(window.close_requested());
     }
-    EXPECT_FALSE(window.close_requested());
+}
+
+TEST(MainWindow, OpensTheFilesThatAreDroppedOnIt) {
+    constexpr wchar_t names[] = L"Z:\\a b.dxf\0Z:\\\x5D0.DXF\0";
+    const auto drop = static_cast<HGLOBAL>(GlobalAlloc(GHND, sizeof(DROPFILES) + sizeof names));
+    auto* const files = static_cast<DROPFILES*>(GlobalLock(drop));
+    files->pFiles = sizeof *files;
+    files->fWide = TRUE;
+    std::copy(std::begin(names), std::end(names), reinterpret_cast<wchar_t*>(files + 1));
+    GlobalUnlock(drop);
+    MainWindow window;
+    SendMessageW(window.window(), WM_DROPFILES, reinterpret_cast<WPARAM>(drop), 0);
+    EXPECT_EQ(window.wait_for_answer(L"").text, L"OPEN");
+    EXPECT_EQ(window.wait_for_answer(L"").text + L"|", L"OPEN|") << "no command has asked for the first";
 }
 
 TEST(MainWindow, KeepsTheEndOfALongHistory) {

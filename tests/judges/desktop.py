@@ -70,17 +70,18 @@ class Picture:
 class Desktop:
     """A running host. What it says at its command line is followed through the standard error of --verbose."""
 
-    caption_height, frame_width, command_line_height = 23, 4, 118  # of the main window, in pixels
+    caption_height, frame_width, command_line_height = 42, 4, 125  # of the main window with its menu, in pixels
+    next_click = 0  # on a caption, by the clock
     caption_row, active_caption = 6, bytes((0xFA, 0x96, 0x32))  # of any window: above its title; blue, green, red
 
-    def __init__(self, host, module, drawing, folder):
+    def __init__(self, host, module, drawing, folder, *options):
         xdotool("mousemove", 4000, 4000)  # into the far corner, where no window comes up under the pointer
         self.heard = folder / "said"
         self.read_to = 0
         with open(self.heard, "wb") as said:
             self.process = subprocess.Popen(
-                [ROOT / "tools" / "wine", host, windows_path(drawing), "--load", windows_path(module), "--verbose"],
-                stderr=said, cwd=folder)
+                [ROOT / "tools" / "wine", host, windows_path(drawing), "--load", windows_path(module), "--verbose", *options],
+                stderr=said, cwd=folder, env=os.environ | {"CORVANES_SETTINGS": windows_path(folder / "window.set")})
         self.hear("Command: ")
         self.window = wait_until(lambda: xdotool("search", "--onlyvisible", "--name", " - Drawing Host$"), "the window")
         self.look_at_window()
@@ -146,7 +147,10 @@ class Desktop:
         wait_until(ready, f"the window {title!r}")
 
     def click_caption(self, window):
-        """The pointer comes back to where it was."""
+        """The pointer comes back to where it was. Two clicks within the time of a double click would maximise the window."""
+        if time.monotonic() < self.next_click:
+            return
+        self.next_click = time.monotonic() + 1
         before = dict(re.findall(r"([XY])=(\d+)", xdotool("getmouselocation", "--shell")))
         shape = dict(re.findall(r"(\w+)=(-?\d+)", xdotool("getwindowgeometry", "--shell", window)))
         xdotool("mousemove", int(shape["X"]) + int(shape["WIDTH"]) // 2, int(shape["Y"]) + self.caption_row, "click", 1,
@@ -234,9 +238,9 @@ class DesktopTest(unittest.TestCase):
         self.folder = pathlib.Path(tempfile.mkdtemp())
         self.addCleanup(shutil.rmtree, self.folder)
 
-    def open(self, drawing):
+    def open(self, drawing, *options):
         """Starts the host with a drawing of the folder."""
-        self.desktop = Desktop(self.host, shutil.copy(self.module, self.folder), self.folder / drawing, self.folder)
+        self.desktop = Desktop(self.host, shutil.copy(self.module, self.folder), self.folder / drawing, self.folder, *options)
         self.addCleanup(self.desktop.end)
         return self.desktop
 

@@ -4,9 +4,11 @@
 usage: window_test.py DRAWINGHOST.exe MODULE.arx
 """
 
+import re
+
 from bombs import groups
-from desktop import DesktopTest, main, xdotool
-from host import windows_path
+from desktop import DesktopTest, main, wait_until, xdotool
+from host import SAMPLE, windows_path
 
 LEFT_TOP, RIGHT_BOTTOM = (200, 100), (800, 450)  # pixels of the drawing view
 
@@ -86,6 +88,109 @@ class Window(DesktopTest):
             desktop.hear("\nSelect objects: ")
             desktop.key("Escape")
             desktop.hear("\nCommand: ")
+
+    def test_menu_keys_and_selection_type_commands(self):
+        desktop = self.desktop
+        self.corners = desktop.points(LEFT_TOP, RIGHT_BOTTOM)
+        desktop.key("alt+v", "w")
+        desktop.hear("'ZOOM\n")
+        self.assertIn(": Window\n", desktop.hear("first corner: "))
+        desktop.key("alt+v", "i")  # while that waits
+        self.assertIn("Resuming", desktop.hear("first corner: "))
+        desktop.key("F1")
+        desktop.hear("QXBOMC")
+        desktop.key("ctrl+s", "F2")
+        self.assertIn("*Cancel*", desktop.hear("Command: QSAVE"))
+        desktop.hear("TEXTSCR\nCommand: ")
+        desktop.run("zoom", "e")
+        for first, second in (((60, 3), None), ((25, -1), (45, 15))):  # one by a pick, one by a window
+            desktop.click(self.pixel(*first))
+            if second:
+                desktop.click(self.pixel(*second))
+        desktop.key("Delete")
+        self.assertEqual(desktop.hear("\nCommand: "), "ERASE\n2 found\nCommand: ")
+        desktop.key("ctrl+z", "ctrl+a", "Delete", "ctrl+z", "ctrl+z")
+        self.assertEqual(desktop.hear("Nothing to undo.\nCommand: "),
+                         "U\nERASE\nCommand: AI_SELALL\nSelecting objects...done.\nCommand: ERASE\n4 found\n"
+                         "Command: U\nERASE\nCommand: U\nNothing to undo.\nCommand: ")
+
+    def test_line_helps_to_type(self):
+        desktop = self.desktop
+        desktop.key("q", "x", "Tab", "Tab", "Up", "Down", "Return")
+        desktop.key("Escape", title="^BOM Template$")
+        self.assertIn("QXBOMT", desktop.hear("\nCommand: "))
+        desktop.key("Up", "Return")
+        desktop.key("Escape", title="^BOM Template$")
+        desktop.hear("QXBOMT\nCommand: ")
+        self.assertIn('"QXBOMTT". Did you mean QXBOMT?', desktop.run("qxbomtt"))
+        desktop.type("background")
+        desktop.hear("[Black/White]: ")
+        white = desktop.screen((232, desktop.height - 77))  # of the prompt
+        xdotool("mousemove", *white, "click", 1)
+        self.assertEqual(desktop.hear("\nCommand: "), "White\nCommand: ")
+
+    def test_window_remembers_its_place_and_drawings(self):
+        settings = self.folder / "window.set"
+        desktop = self.desktop
+        desktop.face("Drawing Host$")
+        xdotool("mousemove", desktop.left + desktop.width - 29, desktop.top + 12, "click", 1)  # the title bar's box to maximise
+        desktop.type("quit")
+        desktop.process.wait(timeout=20)
+        drawing = windows_path(self.file)
+        kept = f"window=0 0 1000 700 maximised\nfolder={windows_path(self.folder)}\nrecent={drawing}\n"
+        self.assertEqual(settings.read_text(encoding="utf-8"), kept)
+        settings.write_text(kept.replace("0 0 1000 700 maximised", "100 50 700 500"), encoding="utf-8")
+        desktop = self.open("boxes.dxf")
+        self.assertEqual((desktop.left, desktop.top, desktop.width, desktop.height), (100, 50, 700, 500))
+        desktop.key("alt+f", "r", "1")
+        self.assertIn(drawing, desktop.hear("boxes.dxf\nCommand: "))
+        settings.write_bytes(b"window=broken\nrecent=\xff\x00\n")
+        desktop.key("ctrl+o")  # another running host, or a person, may write there at any time
+        desktop.type(drawing, title="^Open drawing$")
+        desktop.hear("\nCommand: ")
+        desktop.type("quit")
+        desktop.process.wait(timeout=20)
+        self.assertTrue(settings.read_text(encoding="utf-8").startswith("window=100 50 700 500\n"))
+
+    def test_layers_are_frozen_for_the_count(self):
+        self.desktop.type("quit")
+        self.desktop.process.wait(timeout=20)
+        self.file.write_bytes(SAMPLE.read_bytes())
+        desktop = self.open("boxes.dxf", "--load", "Layers.arx")
+        desktop.key("alt+v", "l")
+        desktop.key("space", "Right", "Right", "space", title="^Layers$")  # the name, and the current layer's frozen
+        desktop.key("Return", title="^Drawing Host$")
+        desktop.key("Down", "Down", "Down", "space", "Escape", title="^Layers$")  # the seven doors
+        desktop.hear("\nCommand: ")
+        desktop.type("erase")
+        desktop.hear("Select objects: ")
+        self.assertIn("\n322 found", desktop.run("all", ""))
+        desktop.run("u")
+        desktop.run("qsave")
+        changed = [(old, new) for old, new in zip(SAMPLE.read_bytes().split(b"\n"), self.file.read_bytes().split(b"\n")) if old != new]
+        self.assertEqual(changed, [(b"0", b"1")])
+
+    def test_report_lights_the_references_of_its_row(self):
+        desktop = self.desktop
+        beside = lambda: [row[:4 * 140] for row in desktop.picture()]  # what the dialog leaves free
+        desktop.settled_picture()
+        before = beside()
+        for look_closer in (False, True):
+            desktop.type("qxbomc")
+            desktop.key("Escape", title="^Open$")
+            desktop.hear("Select objects: ")
+            desktop.type("all")
+            desktop.key("Return")
+            desktop.face("^BOM Report$")
+            lit = wait_until(lambda: (seen := beside()) != before and seen, "the boxes lit")
+            if look_closer:
+                shape = dict(re.findall(r"(\w+)=(-?\d+)", xdotool("search", "--name", "^BOM Report$", "getwindowgeometry", "--shell")))
+                xdotool("mousemove", int(shape["X"]) + 280, int(shape["Y"]) + 91, "click", "--repeat", 2, "--delay", 50, 1)
+                wait_until(lambda: beside() not in (before, lit), "the boxes larger")
+            desktop.key("alt+c", title="^BOM Report$")
+            desktop.hear("\nCommand: ")
+            if not look_closer:
+                wait_until(lambda: beside() == before, "the boxes as they were")
 
     def test_quitting_asks_whether_to_save(self):
         before = self.file.read_bytes()

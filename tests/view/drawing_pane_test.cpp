@@ -19,9 +19,9 @@ class DrawingPaneTest : public testing::Test {
     DrawingPaneTest()
         : drawing_(drawing_of(entities("0 LWPOLYLINE|8 0|90 4|70 1|10 0|20 0|10 100|20 0|10 100|20 100|10 0|20 100|"
                                        "0 CIRCLE|8 0|10 50|20 50|40 25"))),
-          window_([this] {
+          window_(WindowProgram{.content = [this] {
               return PaneContent{drawing_.get(), edits_};
-          }) {
+          }}) {
         window_.show();
         run_messages();
     }

@@ -6,7 +6,7 @@ import re
 from drawing_list import drawings_and_prices, is_many
 from failure import Failure, USAGE
 
-VERSION_FILE = pathlib.Path(__file__).parents[2] / "module/resources/version.h"
+VERSION_FILE = pathlib.Path(__file__).parents[2] / "base/version.h"
 FORMATS = ("text", "csv", "json")
 
 HELP = """\

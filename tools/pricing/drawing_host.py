@@ -48,6 +48,13 @@ def turn_of(session):
         yield
 
 
+def settings_file():
+    """Where the host's window keeps its settings: among the person's own, not in the Wine prefix."""
+    home = os.environ.get("XDG_CONFIG_HOME") or os.path.join(os.path.expanduser("~"), ".config")
+    file = os.path.join(home, "corvanes", "window.set")
+    return {"CORVANES_SETTINGS": windows_path(file)} if os.path.isabs(file) else {}
+
+
 class Host:
     """Runs of the host on one drawing, or on those of a script; `path` is the file that it opens for the drawing."""
 
@@ -83,7 +90,7 @@ class Host:
     def show(self):
         """The host's window, until the person closes it."""
         with tempfile.TemporaryFile() as said:
-            status, words = self.run(said, CORVANES_NOTES="1")
+            status, words = self.run(said, "--load", "Layers.arx", CORVANES_NOTES="1", **settings_file())
         if status != 0:
             raise self.failure(last_line(words))
 

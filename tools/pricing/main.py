@@ -42,7 +42,7 @@ def build(session, progress):
 
 
 def build_locked(folder, log):
-    steps = [["cmake", "--build", os.path.join(folder, "windows"), "--target", "drawinghost", "corvanes"]]
+    steps = [["cmake", "--build", os.path.join(folder, "windows"), "--target", "drawinghost", "corvanes", "layers"]]
     if not os.path.exists(os.path.join(folder, "windows", "build.ninja")):
         steps.insert(0, ["cmake", "--preset", "windows"])
     for step in steps:

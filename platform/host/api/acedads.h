@@ -60,5 +60,8 @@ int acedGrDraw(const ads_point from, const ads_point to, int colour, int highlig
 /// Runs a command of the host with the answers that follow, pairs of a result type and a value ended by RTNONE (or 0).
 int acedCommand(int rtype, ...);
 
+/// Shows what was changed in the drawing meanwhile, while a dialog is up.
+void acedUpdateDisplay();
+
 /// The host's main window; null where there is none.
 HWND adsw_acadMainWnd();

@@ -18,3 +18,7 @@ int acedSSLength(const ads_name set, long* length);
 /// The entity at `index` from 0; RTERROR outside of the set.
 int acedSSName(const ads_name set, long index, ads_name entity);
 int acedSSFree(const ads_name set);
+
+/// Makes the entities of a set the implied selection, which is seen as selected and which commands that work on
+/// selected things take; null for none. The second set is not used. RTERROR for no set.
+int acedSSSetFirst(const ads_name set, const ads_name unused);

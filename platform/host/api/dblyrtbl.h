@@ -15,6 +15,12 @@ class AcDbLayerTableRecord : public AcDbSymbolTableRecord {
     AcDbLayerTableRecord();
 
     bool isFrozen() const;
+    bool isOff() const;
+    bool isLocked() const;
+    /// The caller sees to it that the current layer is not frozen.
+    Acad::ErrorStatus setIsFrozen(bool frozen);
+    void setIsOff(bool off);
+    void setIsLocked(bool locked);
 
   protected:
     void read_fields(const dxf::RecordFields& from) override;

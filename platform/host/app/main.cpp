@@ -7,6 +7,7 @@
 
 #include "base/code_page.h"
 #include "platform/host/app/options.h"
+#include "platform/host/app/window_attachment.h"
 #include "platform/host/editor/commands.h"
 #include "platform/host/editor/dialog_driver.h"
 #include "platform/host/editor/editor.h"
@@ -25,75 +26,19 @@ int fail(const std::wstring& line) {
     return failure_status;
 }
 
-/// The editor, and the framework of the modules, know the window for as long as this lives, and its title follows the
-/// drawing.
-class WindowAttachment final : public AcApDocManagerReactor {
-  public:
-    explicit WindowAttachment(MainWindow& window) : window_(window) {
-        acDocManagerPtr()->addReactor(this);
-        main_.Attach(window.window());
-        program_.m_pMainWnd = &main_;
-        editor().window = &window;
-        window.pane().on_new_list(
-            [](const dxf::Drawing& drawing, const DisplayList& list) { editor().say_left_out(drawing, list); });
-    }
-    ~WindowAttachment() override {
-        acDocManagerPtr()->removeReactor(this);
-        window_.pane().on_new_list({});
-        editor().window = nullptr;
-        program_.m_pMainWnd = nullptr;
-        main_.Detach();
-    }
-    WindowAttachment(const WindowAttachment&) = delete;
-    WindowAttachment& operator=(const WindowAttachment&) = delete;
-
-    void documentActivated(AcApDocument*) override {
-        window_.update_title();
-        window_.pane().drawing_opened();
-    }
-    void documentTitleUpdated(AcApDocument*) override { window_.update_title(); }
-
-  private:
-    MainWindow& window_;
-    CWinApp program_{program_name};
-    CWnd main_;
-};
-
-/// What the drawing view shows: the space of the open drawing that commands work in.
-PaneContent current_content() {
-    const Document* const document = editor().documents.document();
-    if (document == nullptr) {
-        return {};
-    }
-    const bool model = document->database()->tilemode();
-    return {&document->drawing(), document->drawing().edits_made(),
-            model ? DisplayList::Space::model : DisplayList::Space::paper};
-}
-
-std::wstring current_name() {
-    const Document* const document = editor().documents.document();
-    return document == nullptr ? L"" : (document->changed() ? L"*" : L"") + std::wstring(document->docTitle());
-}
-
 void run_command(const std::wstring& typed) {
+    const uint64_t selection = editor().selection.changes();
     editor().processor.run(typed);
+    if (selection == editor().selection.changes() && !parse_command_name(typed).transparent) {
+        editor().selection.clear();  // the command has had it
+    }
+    person().show_selected(editor().selection.records());
     editor().view()->update();
     for (LONG count = 0; AfxGetApp()->OnIdle(count); ++count) {
     }
 }
 
-/// For the window's procedure, which no exception may leave.
-bool may_end_session_now() {
-    try {
-        return may_end_session(editor());
-    } catch (const std::exception& exception) {
-        person().report(base::wide_from_utf8(exception.what()));
-        return false;
-    }
-}
-
 void run_commands_of_person(MainWindow& window) {
-    window.ask_before_session_ends(may_end_session_now);
     while (!editor().quit_requested) {
         const Answer answer = person().prompt(L"\nCommand: ");
         if (answer.kind == Answer::line) {
@@ -101,6 +46,9 @@ void run_commands_of_person(MainWindow& window) {
         } else if (window.close_requested()) {
             window.forget_close_request();
             editor().quit_requested = may_leave_drawing(editor()) || window.close_requested();
+        } else if (answer.kind == Answer::cancel) {
+            editor().selection.clear();
+            person().show_selected({});
         }
     }
 }
@@ -134,13 +82,30 @@ base::Outcome<> run_script(ScriptRun& run, MainWindow& window, bool verbose) {
     return run.failed() ? base::Outcome<>(base::Failure{run.failure()}) : base::Outcome<>();
 }
 
+/// The lines of drawinghost.rx beside the program, where there is one: modules that a person's host always loads.
+std::vector<std::wstring> modules_of_program() {
+    wchar_t program[MAX_PATH];
+    GetModuleFileNameW(nullptr, program, MAX_PATH);
+    std::ifstream file(std::filesystem::path(program).replace_extension(L".rx"), std::ios::binary);
+    std::vector<std::wstring> modules;
+    for (std::string line; std::getline(file, line);) {
+        line.erase(line.find_last_not_of("\r ") + 1);
+        if (!line.empty()) {
+            modules.push_back(base::wide_from_utf8(line));
+        }
+    }
+    return modules;
+}
+
 base::Outcome<> open_drawing_and_modules(const Options& options) {
+    std::vector<std::wstring> modules = options.script.empty() ? modules_of_program() : std::vector<std::wstring>();
+    modules.insert(modules.end(), options.modules.begin(), options.modules.end());
     base::Outcome<> opened;
     if (!options.drawing.empty()) {
         opened = editor().documents.open(options.drawing);
     }
-    for (size_t next = 0; opened && next < options.modules.size(); ++next) {
-        opened = editor().modules.load(options.modules[next]);
+    for (size_t next = 0; opened && next < modules.size(); ++next) {
+        opened = editor().modules.load(modules[next]);
     }
     return opened ? opened : base::Failure{L"drawinghost: " + opened.reason()};
 }
@@ -150,12 +115,17 @@ base::Outcome<> work(const Options& options, Script script, MainWindow& window) 
     ScriptRun run(std::move(script));
     const std::unique_ptr<Watchdog> watchdog =
         options.script.empty() ? nullptr : std::make_unique<Watchdog>(run, std::chrono::seconds(options.stall_seconds));
-    base::Outcome<> done = open_drawing_and_modules(options);
-    if (done && !options.hidden) {
-        window.show();
+    const bool for_person = options.script.empty();
+    if (for_person) {
+        editor().settings.use(UserSettings::usual_file());
     }
-    if (done && options.script.empty()) {
+    if (!options.hidden) {
+        window.show(editor().settings.settings().place);  // before all else: what is typed from now on is not lost
+    }
+    base::Outcome<> done = open_drawing_and_modules(options);
+    if (done && for_person) {
         run_commands_of_person(window);
+        succeeded(editor().settings.change([&](WindowSettings& known) { known.place = window.place(); }));
     } else if (done) {
         done = run_script(run, window, options.verbose);
     }
@@ -170,7 +140,7 @@ int run_program(const Options& options) {
     if (!script) {
         return fail(script.reason());
     }
-    MainWindow window(current_content, current_name);
+    MainWindow window(program_of_editor());
     const WindowAttachment attachment(window);
     WindowPerson at_window(window, editor().processor, options.verbose);
     const PersonScope scope(at_window);
@@ -178,6 +148,8 @@ int run_program(const Options& options) {
     add_file_commands(editor());
     add_drawing_commands(editor());
     add_view_commands(editor());
+    add_edit_commands(editor());
+    add_help_commands(editor());
     const base::Outcome<> done = work(options, *std::move(script), window);
     return done ? 0 : fail(done.reason());
 }
@@ -190,6 +162,10 @@ int wmain(int count, wchar_t** arguments) {
     if (!options || options->help) {
         host::write_standard_error((options ? L"" : L"drawinghost: " + options.reason() + L"\n") + host::usage);
         return options ? 0 : host::usage_status;
+    }
+    if (options->version) {
+        host::write_standard_error(std::wstring(host::program_name) + L" " + host::program_version + L"\n");
+        return 0;
     }
     try {
         return host::run_program(*options);

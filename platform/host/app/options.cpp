@@ -33,6 +33,7 @@ const wchar_t usage[] =
     L"  --script FILE       run a script, then end; the status is 1 when the script has failed\n"
     L"  --hidden            do not show the main window\n"
     L"  --verbose           write what the command line prints to standard error too\n"
+    L"  --version           print the version\n"
     L"  --stall-seconds N   end a script that takes no line for N seconds (60)\n";
 
 base::Result<Options> read_options(const std::vector<std::wstring>& arguments) {
@@ -50,6 +51,8 @@ base::Result<Options> read_options(const std::vector<std::wstring>& arguments) {
             options.hidden = true;
         } else if (argument == L"--verbose") {
             options.verbose = true;
+        } else if (argument == L"--version") {
+            options.version = true;
         } else if (argument == L"--help") {
             options.help = true;
         } else if (argument.starts_with(L"--")) {

@@ -14,6 +14,7 @@ struct Options {
     std::vector<std::wstring> modules;
     bool hidden = false;   ///< the main window is not shown
     bool verbose = false;  ///< what the command line prints goes to standard error too
+    bool version = false;
     bool help = false;
     int stall_seconds = 60;  ///< how long a script may go without taking a line
 };

@@ -1,5 +1,7 @@
 #include "dblyrtbl.h"
 
+#include <cstdlib>
+
 #include "platform/host/database/database_store.h"
 #include "platform/host/dxf/entities.h"
 
@@ -12,6 +14,30 @@ AcDbLayerTableRecord::AcDbLayerTableRecord() : fields_(std::make_shared<dxf::Lay
 
 bool AcDbLayerTableRecord::isFrozen() const {
     return (loaded(flags_) & dxf::Layer::frozen_flag) != 0;
+}
+
+bool AcDbLayerTableRecord::isOff() const {
+    need_fields();
+    return !fields_->on();
+}
+
+bool AcDbLayerTableRecord::isLocked() const {
+    return (loaded(flags_) & dxf::Layer::locked_flag) != 0;
+}
+
+Acad::ErrorStatus AcDbLayerTableRecord::setIsFrozen(bool frozen) {
+    return change_bits(flags_, dxf::Layer::frozen_flag, frozen);
+}
+
+/// Off is a colour below 0; there is no such form of colour 0, which no layer should have.
+void AcDbLayerTableRecord::setIsOff(bool off) {
+    need_fields();
+    const int colour = fields_->colour == 0 ? 7 : std::abs(fields_->colour);
+    change(fields_->colour, off ? -colour : colour);
+}
+
+void AcDbLayerTableRecord::setIsLocked(bool locked) {
+    change_bits(flags_, dxf::Layer::locked_flag, locked);
 }
 
 void AcDbLayerTableRecord::read_fields(const dxf::RecordFields& from) {

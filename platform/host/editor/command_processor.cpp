@@ -7,6 +7,7 @@
 #include "platform/host/dxf/drawing.h"
 #include "platform/host/editor/command_stack.h"
 #include "platform/host/editor/document_manager.h"
+#include "platform/host/prompt/command_names.h"
 #include "platform/host/prompt/person.h"
 
 namespace host {
@@ -18,8 +19,10 @@ std::wstring in_capitals(std::wstring_view name) {
     return capitals;
 }
 
-std::wstring unknown_command(std::wstring_view name) {
-    return L"Unknown command \"" + in_capitals(name) + L"\".";
+std::wstring unknown_command(std::wstring_view name, const std::vector<std::wstring>& known) {
+    const std::wstring nearest = nearest_name(name, known);
+    return L"Unknown command \"" + in_capitals(name) + L"\"." +
+           (nearest.empty() ? L"" : L" Did you mean " + nearest + L"?");
 }
 
 }  // namespace
@@ -49,7 +52,7 @@ void CommandProcessor::run(std::wstring_view typed) {
     }
     const Command command = find(name);
     if (!command.body) {
-        person().report(unknown_command(name.name));
+        person().report(unknown_command(name.name, names()));
         return;
     }
     if (documents_.document() != nullptr) {
@@ -65,7 +68,7 @@ bool CommandProcessor::run_transparent(std::wstring_view typed) {
     }
     const Command command = find(name);
     if (!command.body) {
-        person().report(unknown_command(name.name));
+        person().report(unknown_command(name.name, names()));
     } else if (!command.transparent) {
         person().report(command.name + L" cannot run while another command is active.");
     } else {
@@ -107,6 +110,24 @@ void CommandProcessor::execute(const Command& command) {
     if (running_.empty() && ending_) {
         ending_();
     }
+}
+
+std::vector<std::wstring> CommandProcessor::own_names() const {
+    std::vector<std::wstring> names;
+    for (const auto& [name, command] : built_in_) {
+        names.push_back(name);
+    }
+    return names;
+}
+
+std::vector<std::wstring> CommandProcessor::names() const {
+    std::vector<std::wstring> names = own_names();
+    for (const CommandGroup& group : registered_.groups()) {
+        for (const RegisteredCommand& command : group.commands) {
+            names.push_back(command.local_name);
+        }
+    }
+    return names;
 }
 
 std::wstring CommandProcessor::running_names() const {

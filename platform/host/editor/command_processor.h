@@ -37,6 +37,12 @@ class CommandProcessor {
     /// Runs one of the host's own commands for acedCommand; false when there is none of that name.
     bool run_built_in(std::wstring_view typed);
 
+    bool has(std::wstring_view name) const { return find({std::wstring(name)}).body != nullptr; }
+    /// The host's own commands, in order.
+    std::vector<std::wstring> own_names() const;
+    /// Those and the local names of the modules' commands.
+    std::vector<std::wstring> names() const;
+
     bool is_busy() const { return !running_.empty(); }
     /// The commands that are active, outermost first, joined by "'".
     std::wstring running_names() const;

@@ -12,6 +12,10 @@ void add_file_commands(Editor& editor);
 /// INSERT (a reference to a block of the drawing, in the current space), and U and UNDO, which take back what the last
 /// command that changed the drawing has done to it.
 void add_drawing_commands(Editor& editor);
+/// AI_SELALL and ERASE, which work on what is selected while no command runs.
+void add_edit_commands(Editor& editor);
+/// ABOUT, HELP, TEXTSCR, all transparent.
+void add_help_commands(Editor& editor);
 /// BACKGROUND, PAN, PNGOUT, REDRAW, REGEN, ZOOM; all but PNGOUT are transparent.
 void add_view_commands(Editor& editor);
 

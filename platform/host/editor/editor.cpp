@@ -120,7 +120,17 @@ void Editor::add_command(std::wstring name, void (*body)(Editor&), bool transpar
         std::move(name), [this, body] { body(*this); }, transparent);
 }
 
+void Editor::remember_file(const std::filesystem::path& file, bool is_drawing) {
+    succeeded(settings.change([&](WindowSettings& known) {
+        known.folder = file.parent_path().wstring();
+        if (is_drawing) {
+            known.add_recent(file.wstring());
+        }
+    }));
+}
+
 void Editor::opened(Document& document) {
+    remember_file(std::filesystem::absolute(document.path()), true);
     drawing_variables.load(document.drawing());
     settle_added_colour(document);
     modules.tell_all(AcRx::kLoadDwgMsg);

@@ -7,8 +7,10 @@
 #include "platform/host/editor/command_stack.h"
 #include "platform/host/editor/document_manager.h"
 #include "platform/host/editor/drawing_variables.h"
+#include "platform/host/editor/implied_selection.h"
 #include "platform/host/editor/module_loader.h"
 #include "platform/host/editor/system_variables.h"
+#include "platform/host/editor/user_settings.h"
 
 namespace host {
 
@@ -23,6 +25,8 @@ class Editor {
     SystemVariables variables;
     DrawingVariables drawing_variables{variables};
     DocumentManager documents;
+    ImpliedSelection selection{documents};
+    UserSettings settings;
     CommandStack commands;
     CommandProcessor processor{commands, documents};
     ModuleLoader modules{commands, processor, documents};
@@ -47,6 +51,8 @@ class Editor {
     void variable_was_set();
     /// Says, once for a drawing, which of its entities the list does not show, or leaves out.
     void say_left_out(const dxf::Drawing& drawing, const DisplayList& list);
+    /// Remembers a file that the user chose, and a drawing that was opened or saved too.
+    void remember_file(const std::filesystem::path& file, bool is_drawing);
     /// To be called before the drawing is saved or left: all variables are in it then.
     void store_variables();
 

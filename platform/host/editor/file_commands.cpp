@@ -35,7 +35,11 @@ bool report_saved(const std::filesystem::path& file, const base::Outcome<>& save
 
 bool save_drawing(Editor& editor, const std::filesystem::path& file) {
     settle(editor);
-    return report_saved(file, editor.documents.save(file));
+    const bool saved = report_saved(file, editor.documents.save(file));
+    if (saved) {
+        editor.remember_file(std::filesystem::absolute(file), true);
+    }
+    return saved;
 }
 
 std::optional<std::wstring> ask_target(const Document& document) {

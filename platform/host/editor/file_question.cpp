@@ -89,9 +89,10 @@ bool can_be_name(const std::wstring& name) {
            });
 }
 
+/// Without a drawing, where the last file was.
 std::wstring drawing_folder() {
     const Document* const document = editor().documents.document();
-    return document != nullptr ? document->path().parent_path().wstring() : std::wstring();
+    return document != nullptr ? document->path().parent_path().wstring() : editor().settings.settings().folder;
 }
 
 bool is_folder(const std::wstring& path) {
@@ -145,7 +146,11 @@ std::optional<std::wstring> ask_in_dialog(const FileQuestion& question) {
     dialog.lpstrDefExt = extension.empty() || question.any_extension ? nullptr : extension.c_str();
     dialog.Flags = OFN_EXPLORER | OFN_NOCHANGEDIR | OFN_HIDEREADONLY | OFN_PATHMUSTEXIST |
                    (question.new_file ? OFN_OVERWRITEPROMPT : OFN_FILEMUSTEXIST);
-    return show(&dialog) != 0 ? std::optional<std::wstring>(path) : std::nullopt;
+    if (show(&dialog) == 0) {
+        return std::nullopt;
+    }
+    editor().remember_file(path, false);
+    return path;
 }
 
 std::wstring text_or_empty(const ACHAR* text) {
@@ -156,7 +161,8 @@ std::wstring text_or_empty(const ACHAR* text) {
 
 std::optional<std::wstring> ask_file_name(const FileQuestion& question) {
     const bool dialogs_wanted = editor().variables.get(L"FILEDIA") != VariableValue(0);
-    return dialogs_wanted && editor().window != nullptr ? ask_in_dialog(question) : ask_at_command_line(question);
+    return dialogs_wanted && editor().window != nullptr && !person().has_typed_ahead() ? ask_in_dialog(question)
+                                                                                       : ask_at_command_line(question);
 }
 
 }  // namespace host

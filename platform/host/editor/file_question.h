@@ -15,8 +15,8 @@ struct FileQuestion {
 };
 
 /// The full path, or nothing when the user gave up. The dialog begins in the proposal's folder, else in the drawing's;
-/// a proposal that no file can have is left out. FILEDIA 0 (as in scripts) asks at the command line; there Return takes
-/// the proposal.
+/// a proposal that no file can have is left out. FILEDIA 0 (as in scripts), and an answer that is typed already, ask at
+/// the command line; there Return takes the proposal.
 std::optional<std::wstring> ask_file_name(const FileQuestion& question);
 
 }  // namespace host

@@ -5,6 +5,7 @@
 #include "base/case_folding.h"
 #include "platform/host/editor/editor.h"
 #include "platform/host/prompt/person.h"
+#include "platform/host/view/drawing_pane.h"
 #include "rxregsvc.h"
 
 using host::editor;
@@ -40,6 +41,13 @@ AcApDocManager* acDocManagerPtr() {
 
 HWND adsw_acadMainWnd() {
     return editor().main_window();
+}
+
+void acedUpdateDisplay() {
+    if (editor().window != nullptr) {
+        editor().view()->update();
+        UpdateWindow(editor().view()->window());
+    }
 }
 
 // The dialog library is a part of the host here, and always ready.

@@ -1,123 +1,169 @@
 #include "platform/host/editor/main_window.h"
 
+#include <shellapi.h>
+
+#include "platform/host/editor/status_text.h"
 #include "platform/host/editor/system_variables.h"
+#include "platform/host/view/hit_test.h"
 #include "platform/host/view/window_class.h"
 
 namespace host {
 namespace {
 
 constexpr wchar_t class_name[] = L"DrawingHost";
-constexpr int history_height = 96;
-constexpr int line_height = 22;
 constexpr POINT smallest_size{400, 300};
-constexpr int history_limit = 60000;  ///< characters; the older half goes when there are more
+constexpr UINT_PTR pause_timer = 1;
+constexpr UINT pause = 120;  ///< milliseconds that the pointer rests before what it is over is looked for
 
-std::wstring with_carriage_returns(std::wstring_view text) {
-    std::wstring converted;
-    for (const wchar_t character : text) {
-        converted += character == L'\n' ? L"\r\n" : std::wstring(1, character);
-    }
-    return converted;
+/// The system's font for messages, at the display's resolution.
+HFONT message_font() {
+    NONCLIENTMETRICSW metrics{};
+    metrics.cbSize = sizeof metrics;
+    SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, metrics.cbSize, &metrics, 0);
+    return CreateFontIndirectW(&metrics.lfMessageFont);
+}
+
+/// Pixels of a usual display, on this one.
+int at_resolution(int pixels) {
+    const WindowContext screen(nullptr);
+    return MulDiv(pixels, GetDeviceCaps(screen.get(), LOGPIXELSY), USER_DEFAULT_SCREEN_DPI);
+}
+
+WindowPlace place_of(const RECT& area) {
+    return {static_cast<int>(area.left), static_cast<int>(area.top), static_cast<int>(area.right - area.left),
+            static_cast<int>(area.bottom - area.top)};
+}
+
+/// On the screen that has most of it.
+WindowPlace fitted_to_screen(const WindowPlace& place) {
+    const RECT area{place.left, place.top, place.left + place.width, place.top + place.height};
+    MONITORINFO screen{};
+    screen.cbSize = sizeof screen;
+    return GetMonitorInfoW(MonitorFromRect(&area, MONITOR_DEFAULTTONEAREST), &screen) != 0
+               ? place.within(place_of(screen.rcWork))
+               : place;
 }
 
 }  // namespace
 
-MainWindow::MainWindow(DrawingPane::Content content, DrawingName drawing_name)
-    : drawing_name_(std::move(drawing_name)) {
+MainWindow::MainWindow(WindowProgram program) : program_(std::move(program)), font_(message_font()) {
     register_window_class(class_name, &MainWindow::procedure, COLOR_BTNFACE);
     window_ = CreateWindowExW(0, class_name, program_name, WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, CW_USEDEFAULT,
-                              CW_USEDEFAULT, 1000, 700, nullptr, nullptr, host_instance(), nullptr);
+                              CW_USEDEFAULT, at_resolution(1000), at_resolution(700), nullptr, nullptr, host_instance(),
+                              nullptr);
+    const auto font = static_cast<HFONT>(font_.get());
+    menu_ = std::make_unique<MenuBar>(window_);
+    pane_ = std::make_unique<DrawingPane>(
+        window_, program_.content ? program_.content : [] { return PaneContent(); },
+        [this](const PaneEvent& event) { take_pane_event(event); });
+    line_ = std::make_unique<CommandLine>(window_, font, [this](std::wstring option) {
+        if (waiting_ == Waiting::answer) {
+            answer_ = Answer{Answer::line, std::move(option)};
+        }
+    });
+    line_->complete_with(program_.command_names);
+    status_ = std::make_unique<StatusLine>(window_, font);
+    DragAcceptFiles(window_, TRUE);
     SetWindowLongPtrW(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
-    pane_ = std::make_unique<DrawingPane>(window_, std::move(content),
-                                          [this](const PaneEvent& event) { take_pane_event(event); });
-    create_children();
     place_children();
 }
 
 MainWindow::~MainWindow() {
     SetWindowLongPtrW(window_, GWLP_USERDATA, 0);
+    line_.reset();
     pane_.reset();
     DestroyWindow(window_);
 }
 
-void MainWindow::create_children() {
-    const auto child = [this](const wchar_t* kind, DWORD extended_style, DWORD style) {
-        const HWND made = CreateWindowExW(extended_style, kind, L"", WS_CHILD | WS_VISIBLE | style, 0, 0, 0, 0, window_,
-                                          nullptr, host_instance(), nullptr);
-        SendMessageW(made, WM_SETFONT, reinterpret_cast<WPARAM>(GetStockObject(DEFAULT_GUI_FONT)), FALSE);
-        return made;
-    };
-    history_ = child(L"EDIT", WS_EX_CLIENTEDGE, WS_VSCROLL | ES_MULTILINE | ES_READONLY | ES_AUTOVSCROLL);
-    SendMessageW(history_, EM_SETLIMITTEXT, 0, 0);  // append_history keeps its own limit
-    prompt_ = child(L"STATIC", 0, SS_LEFTNOWORDWRAP | SS_NOPREFIX | SS_CENTERIMAGE);
-    line_ = child(L"EDIT", WS_EX_CLIENTEDGE, ES_AUTOHSCROLL);
-}
-
-void MainWindow::place_children() const {
+void MainWindow::place_children() {
     RECT client;
     GetClientRect(window_, &client);
-    const int width = client.right;
-    const int line_top = static_cast<int>(client.bottom) - line_height;
-    const int history_top = line_top - history_height;
-    const int prompt_width = width / 3;
-    MoveWindow(pane_->window(), 0, 0, width, history_top, TRUE);
-    MoveWindow(history_, 0, history_top, width, history_height, TRUE);
-    MoveWindow(prompt_, 0, line_top, prompt_width, line_height, TRUE);
-    MoveWindow(line_, prompt_width, line_top, width - prompt_width, line_height, TRUE);
+    status_->place();
+    const int bottom = static_cast<int>(client.bottom) - status_->height();
+    const int line_top = bottom - line_->wanted_height(bottom);
+    MoveWindow(pane_->window(), 0, 0, client.right, line_top, TRUE);
+    line_->place({0, line_top, client.right, bottom});
 }
 
-void MainWindow::show() {
-    ShowWindow(window_, SW_SHOW);
+WindowPlace MainWindow::place() const {
+    WINDOWPLACEMENT placement{};
+    placement.length = sizeof placement;
+    GetWindowPlacement(window_, &placement);
+    WindowPlace place = place_of(placement.rcNormalPosition);
+    place.maximised = placement.showCmd == SW_SHOWMAXIMIZED ||
+                      (placement.showCmd == SW_SHOWMINIMIZED && (placement.flags & WPF_RESTORETOMAXIMIZED) != 0);
+    return place;
+}
+
+void MainWindow::show(const std::optional<WindowPlace>& wanted) {
+    const WindowPlace before = place();
+    const WindowPlace fitting = fitted_to_screen(wanted.value_or(before));
+    if (!(fitting == before)) {
+        MoveWindow(window_, fitting.left, fitting.top, fitting.width, fitting.height, FALSE);
+    }
+    ShowWindow(window_, fitting.maximised ? SW_SHOWMAXIMIZED : SW_SHOW);
     UpdateWindow(window_);
 }
 
 void MainWindow::update_title() {
-    const std::wstring name = drawing_name_();
+    const std::wstring name = program_.drawing_name ? program_.drawing_name() : std::wstring();
     const std::wstring title = name.empty() ? program_name : name + L" - " + program_name;
     if (title != window_text(window_)) {
         SetWindowTextW(window_, title.c_str());
     }
 }
 
-void MainWindow::append_history(std::wstring_view text) {
-    const size_t last_break = text.find_last_of(L'\n');
-    if (last_break == std::wstring_view::npos) {
-        last_line_ += text;
-    } else {
-        last_line_ = text.substr(last_break + 1);
+void MainWindow::show_large_history(bool large) {
+    line_->show_large_history(large);
+    place_children();
+}
+
+void MainWindow::show_selected(const std::vector<dxf::RecordId>& entities) {
+    if (entities.empty() && selected_ == 0) {
+        return;
     }
-    if (GetWindowTextLengthW(history_) > history_limit) {
-        SendMessageW(history_, EM_SETSEL, 0, history_limit / 2);
-        SendMessageW(history_, EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(L""));
+    selected_ = entities.size();
+    pane_->show_selected(entities);
+    status_->set(StatusLine::selected, selected_text(entities.size()));
+}
+
+void MainWindow::type(std::wstring_view command) {
+    typed_ahead_.add(command);
+    if (waiting_ == Waiting::answer && !answer_) {
+        answer_ = typed_ahead_.next(is_busy());
+    } else if (waiting_ == Waiting::event) {
+        event_cancelled_ = true;
     }
-    const int end = GetWindowTextLengthW(history_);
-    SendMessageW(history_, EM_SETSEL, static_cast<WPARAM>(end), end);
-    SendMessageW(history_, EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(with_carriage_returns(text).c_str()));
 }
 
 Answer MainWindow::wait_for_answer(std::wstring_view prompt, const PointerGuide& guide) {
-    const size_t last_line = prompt.find_last_of(L'\n');
-    const std::wstring shown(last_line == std::wstring_view::npos ? prompt : prompt.substr(last_line + 1));
-    SetWindowTextW(prompt_, shown.c_str());
-    answer_.reset();
-    run_messages(guide, [this] { return answer_.has_value(); });
-    SetWindowTextW(prompt_, L"");
+    answer_ = typed_ahead_.next(is_busy());
+    if (!answer_) {
+        line_->set_prompt(prompt);
+        waiting_ = Waiting::answer;
+        run_messages(guide, [this] { return answer_.has_value(); });
+        waiting_ = Waiting::nothing;
+        line_->set_prompt(L"");
+    }
     return answer_.value_or(Answer{});
 }
 
 std::optional<InputEvent> MainWindow::wait_for_event() {
-    waiting_for_event_ = true;
-    event_cancelled_ = false;
+    waiting_ = Waiting::event;
+    event_cancelled_ = has_typed_ahead();
     event_.reset();
-    SetWindowTextW(prompt_, last_line_.c_str());
+    line_->set_prompt(line_->last_line());
     run_messages({PointerGuide::Kind::follow, {}}, [this] { return event_.has_value() || event_cancelled_; });
-    waiting_for_event_ = false;
-    SetWindowTextW(prompt_, L"");
+    waiting_ = Waiting::nothing;
+    line_->set_prompt(L"");
     return event_cancelled_ ? std::nullopt : event_;
 }
 
 void MainWindow::run_messages(const PointerGuide& guide, const std::function<bool()>& done) {
     update_title();
+    if (program_.menu) {
+        menu_->update(program_.menu());
+    }
     pane_->update(guide);
     while (!done() && !close_requested_) {
         MSG message;
@@ -125,22 +171,11 @@ void MainWindow::run_messages(const PointerGuide& guide, const std::function<boo
             close_requested_ = true;
             continue;
         }
-        redirect_typing(message);
+        line_->redirect_typing(message);
         if (!take_message(message)) {
             TranslateMessage(&message);
             DispatchMessageW(&message);
         }
-    }
-}
-
-/// A person who has clicked into the history still types into the line.
-void MainWindow::redirect_typing(MSG& message) const {
-    constexpr WPARAM first_printable = 0x20;
-    const bool ends = message.message == WM_KEYDOWN && (message.wParam == VK_RETURN || message.wParam == VK_ESCAPE);
-    const bool types = message.message == WM_CHAR && message.wParam >= first_printable;
-    if (message.hwnd == history_ && (ends || types)) {
-        SetFocus(line_);
-        message.hwnd = line_;
     }
 }
 
@@ -150,8 +185,14 @@ bool MainWindow::take_message(const MSG& message) {
     }
     if (message.message == WM_MOUSEMOVE && message.hwnd != pane_->window()) {
         pane_->hide_pointer();
+        status_->set(StatusLine::coordinates, L"");
+        status_->set(StatusLine::under_pointer, L"");
     }
-    return waiting_for_event_ ? take_event_key(message) : take_key(message);
+    if (const std::optional<UINT> line = MenuBar::line_of_key(message, line_->edits_text(message))) {
+        SendMessageW(window_, WM_COMMAND, *line, 0);
+        return true;
+    }
+    return waiting_ == Waiting::event ? take_event_key(message) : take_key(message);
 }
 
 /// The wheel turns where the pointer is, not where the keys go.
@@ -181,31 +222,45 @@ bool MainWindow::take_event_key(const MSG& message) {
 }
 
 bool MainWindow::take_key(const MSG& message) {
-    if (message.hwnd != line_ || message.message != WM_KEYDOWN) {
+    if (!line_->is_line(message.hwnd) || message.message != WM_KEYDOWN) {
         return false;
     }
     if (message.wParam == VK_ESCAPE) {
         answer_ = Answer{};
-        SetWindowTextW(line_, L"");
+        line_->clear_typed();
         return true;
     }
     if (message.wParam == VK_RETURN) {
         take_typed_line();
         return true;
     }
-    return false;
+    return line_->take_key(message);
 }
 
 void MainWindow::take_typed_line() {
-    const std::wstring typed = window_text(line_);
+    const std::wstring typed = line_->take_typed();
     answer_ = Answer{typed.empty() ? Answer::return_only : Answer::line, typed};
-    SetWindowTextW(line_, L"");
+}
+
+void MainWindow::take_dropped(WPARAM drop) {
+    auto* const files = reinterpret_cast<HDROP>(drop);
+    for (UINT file = 0; file < DragQueryFileW(files, UINT_MAX, nullptr, 0); ++file) {
+        std::wstring path(DragQueryFileW(files, file, nullptr, 0), L'\0');
+        DragQueryFileW(files, file, path.data(), static_cast<UINT>(path.size() + 1));
+        type(menu_->typed_by_file(path));
+    }
+    DragFinish(files);
+    SetForegroundWindow(window_);
 }
 
 void MainWindow::take_pane_event(const PaneEvent& event) {
     const Vec2 at = pane_->view().rounded(event.point);
     const Point point{at.x, at.y, 0};
-    if (waiting_for_event_) {
+    if (event.kind == PaneEvent::Kind::move) {
+        status_->set(StatusLine::coordinates, format_real(at.x) + L", " + format_real(at.y));
+        describe_later(event.point);
+    }
+    if (waiting_ == Waiting::event) {
         if (event.kind == PaneEvent::Kind::finish) {
             event_ = InputEvent{InputEvent::key, {}, L'\r'};
         } else if (!event_ || event_->kind == InputEvent::move) {
@@ -213,25 +268,64 @@ void MainWindow::take_pane_event(const PaneEvent& event) {
         }
     } else if (event.kind == PaneEvent::Kind::finish) {
         take_typed_line();
-    } else if (event.kind == PaneEvent::Kind::pick && pane_->guide().kind != PointerGuide::Kind::idle) {
-        const double reach = PointerShape::pick_box / pane_->view().pixels_per_unit();
+    } else if (event.kind == PaneEvent::Kind::pick && waiting_ == Waiting::answer && !answer_) {
+        take_pick(event, point);
+    }
+}
+
+void MainWindow::take_pick(const PaneEvent& event, const Point& point) {
+    const double reach = PointerShape::pick_box / pane_->view().pixels_per_unit();
+    if (!is_busy() && program_.picked) {
+        pane_->update(program_.picked(point, reach, event.with_shift));
+    } else if (pane_->guide().kind != PointerGuide::Kind::idle) {
         answer_ = Answer{Answer::line, format_point(point), event.with_shift, reach};
     }
 }
 
-std::optional<LRESULT> MainWindow::handle(UINT message, LPARAM lparam) {
+void MainWindow::describe_later(Vec2 at) {
+    pointed_at_ = at;
+    SetTimer(window_, pause_timer, pause, nullptr);
+}
+
+void MainWindow::describe() {
+    KillTimer(window_, pause_timer);
+    if (!pointed_at_ || !program_.describe || pane_->drawing() == nullptr) {
+        return;
+    }
+    const double reach = PointerShape::pick_box / pane_->view().pixels_per_unit();
+    const Vec2 corner{reach, reach};
+    const dxf::RecordId found =
+        HitTest(pane_->list()).pick(Box2::between(*pointed_at_ - corner, *pointed_at_ + corner));
+    status_->set(StatusLine::under_pointer, program_.describe(found));
+}
+
+std::optional<LRESULT> MainWindow::handle(UINT message, WPARAM wparam, LPARAM lparam) {
     switch (message) {
         case WM_GETMINMAXINFO:
             reinterpret_cast<MINMAXINFO*>(lparam)->ptMinTrackSize = smallest_size;
             return 0;
         case WM_SIZE:
-            place_children();
+            if (wparam != SIZE_MINIMIZED) {
+                place_children();
+            }
             return 0;
         case WM_SETFOCUS:
-            SetFocus(line_);
+            line_->focus();
+            return 0;
+        case WM_COMMAND:
+            if (const std::wstring typed = lparam == 0 ? menu_->typed_by(LOWORD(wparam)) : L""; !typed.empty()) {
+                type(typed);
+                return 0;
+            }
+            return std::nullopt;
+        case WM_DROPFILES:
+            take_dropped(wparam);
+            return 0;
+        case WM_TIMER:
+            describe();
             return 0;
         case WM_QUERYENDSESSION:
-            return !may_end_session_ || may_end_session_() ? TRUE : FALSE;
+            return !program_.may_end_session || program_.may_end_session() ? TRUE : FALSE;
         case WM_CLOSE:
             close_requested_ = true;
             return 0;
@@ -242,7 +336,7 @@ std::optional<LRESULT> MainWindow::handle(UINT message, LPARAM lparam) {
 
 LRESULT CALLBACK MainWindow::procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
     auto* self = reinterpret_cast<MainWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
-    const std::optional<LRESULT> handled = self != nullptr ? self->handle(message, lparam) : std::nullopt;
+    const std::optional<LRESULT> handled = self != nullptr ? self->handle(message, wparam, lparam) : std::nullopt;
     return handled ? *handled : DefWindowProcW(window, message, wparam, lparam);
 }
 

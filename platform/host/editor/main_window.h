@@ -1,4 +1,4 @@
-// The host's main window: the drawing view, the history of the command line, and the line that is typed.
+// The host's main window: the menu bar, the drawing view, the command line and the status line.
 #pragma once
 
 #include <windows.h>
@@ -9,52 +9,82 @@
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
+#include "platform/host/editor/command_line.h"
+#include "platform/host/editor/menu_bar.h"
+#include "platform/host/editor/status_line.h"
+#include "platform/host/editor/window_settings.h"
 #include "platform/host/prompt/person.h"
+#include "platform/host/prompt/typed_ahead.h"
 #include "platform/host/view/drawing_pane.h"
+#include "platform/host/view/gdi_handles.h"
 
 namespace host {
 
+/// What the window asks of the program around it. Any of them may be missing.
+struct WindowProgram {
+    /// What the drawing view is to show; without it, nothing.
+    DrawingPane::Content content = {};
+    /// The drawing's name for the title, marked when there are unsaved changes.
+    std::function<std::wstring()> drawing_name = {};
+    std::function<MenuBar::Contents()> menu = {};
+    CommandLine::Names command_names = {};
+    /// A command runs.
+    std::function<bool()> is_busy = {};
+    /// A point was picked while no command runs; `reach` as of an answer. What the pointer is to look like then.
+    std::function<PointerGuide(const Point&, double reach, bool with_shift)> picked = {};
+    /// What the status line says of an entity; no_record for none.
+    std::function<std::wstring(dxf::RecordId)> describe = {};
+    /// Asked when Windows is about to end its session; without it, it may.
+    std::function<bool()> may_end_session = {};
+};
+
 class MainWindow {
   public:
-    /// The drawing's name for the title, marked when there are unsaved changes.
-    using DrawingName = std::function<std::wstring()>;
-
-    /// Created hidden. `content` tells what the drawing view is to show; without it, nothing.
-    explicit MainWindow(
-        DrawingPane::Content content = [] { return PaneContent(); },
-        DrawingName drawing_name = [] { return std::wstring(); });
+    /// Created hidden.
+    explicit MainWindow(WindowProgram program = {});
     ~MainWindow();
     MainWindow(const MainWindow&) = delete;
     MainWindow& operator=(const MainWindow&) = delete;
 
     HWND window() const { return window_; }
     DrawingPane& pane() { return *pane_; }
-    void show();
+    /// At a place that settings tell, or where the system puts it, within the screen.
+    void show(const std::optional<WindowPlace>& wanted = std::nullopt);
+    /// Where it is when it is neither maximised nor minimised.
+    WindowPlace place() const;
     /// Done before each wait too.
     void update_title();
-    void append_history(std::wstring_view text);
+    void append_history(std::wstring_view text) { line_->append_history(text); }
+    bool shows_large_history() const { return line_->shows_large_history(); }
+    void show_large_history(bool large);
+    /// Shows these as selected, and their number.
+    void show_selected(const std::vector<dxf::RecordId>& entities);
 
+    /// Types a command, and behind line ends its answers, as the menu does (see TypedAhead::add).
+    void type(std::wstring_view command);
+    /// The next prompt has its answer already.
+    bool has_typed_ahead() const { return !typed_ahead_.empty(); }
     /// Shows the prompt and runs a message loop until the person has answered. Cancel when the window is being closed.
     /// While the guide is not idle, a point that is picked in the view is an answer, as if typed.
     Answer wait_for_answer(std::wstring_view prompt, const PointerGuide& guide = {});
     /// Runs a message loop until the person has done something with the mouse or a key. Nothing on a cancel. The prompt
     /// is what was printed last.
     std::optional<InputEvent> wait_for_event();
-    /// Asked when Windows is about to end its session; without one, it may.
-    void ask_before_session_ends(std::function<bool()> may_end) { may_end_session_ = std::move(may_end); }
     /// The person asked to close the window; prompts cancel from then on.
     bool close_requested() const { return close_requested_; }
     /// Takes the request back (the person wants to keep the drawing after all).
     void forget_close_request() { close_requested_ = false; }
 
   private:
+    enum class Waiting { nothing, answer, event };
+
     static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
-    std::optional<LRESULT> handle(UINT message, LPARAM lparam);
-    void create_children();
-    void place_children() const;
+    std::optional<LRESULT> handle(UINT message, WPARAM wparam, LPARAM lparam);
+    void place_children();
+    bool is_busy() const { return program_.is_busy && program_.is_busy(); }
     void run_messages(const PointerGuide& guide, const std::function<bool()>& done);
-    void redirect_typing(MSG& message) const;
     /// True when the message is done with.
     bool take_message(const MSG& message);
     /// Takes Return and Escape out of the typed line's keys.
@@ -62,21 +92,27 @@ class MainWindow {
     bool take_event_key(const MSG& message);
     bool redirect_wheel(const MSG& message) const;
     void take_typed_line();
+    void take_dropped(WPARAM drop);
     void take_pane_event(const PaneEvent& event);
+    void take_pick(const PaneEvent& event, const Point& point);
+    void describe_later(Vec2 at);
+    void describe();
 
-    DrawingName drawing_name_;
+    WindowProgram program_;
     HWND window_ = nullptr;
-    HWND history_ = nullptr;
-    HWND prompt_ = nullptr;
-    HWND line_ = nullptr;
+    GdiObject font_;
+    std::unique_ptr<MenuBar> menu_;
     std::unique_ptr<DrawingPane> pane_;
-    std::wstring last_line_;  ///< of the history
+    std::unique_ptr<CommandLine> line_;
+    std::unique_ptr<StatusLine> status_;
+    TypedAhead typed_ahead_;
+    Waiting waiting_ = Waiting::nothing;
     std::optional<Answer> answer_;
-    bool waiting_for_event_ = false;
     bool event_cancelled_ = false;
     std::optional<InputEvent> event_;
     bool close_requested_ = false;
-    std::function<bool()> may_end_session_;
+    size_t selected_ = 0;
+    std::optional<Vec2> pointed_at_;  ///< to be described
 };
 
 }  // namespace host

@@ -10,12 +10,14 @@
 #include <vector>
 
 #include "base/result.h"
+#include "base/version.h"
 #include "platform/host/prompt/input_text.h"
 
 namespace host {
 
 /// In the titles of the host's windows and boxes.
 inline constexpr wchar_t program_name[] = L"Drawing Host";
+inline constexpr wchar_t program_version[] = L"" CORVANES_VERSION;
 
 /// The alternatives are the types that acedGetVar reports: RTSHORT, RTREAL, RTSTR and RT3DPOINT.
 using VariableValue = std::variant<int, double, std::wstring, Point>;

@@ -5,6 +5,7 @@
 #include "platform/host/editor/editor.h"
 #include "platform/host/editor/file_question.h"
 #include "platform/host/prompt/person.h"
+#include "platform/host/view/areas.h"
 #include "platform/host/view/drawing_pane.h"
 #include "platform/host/view/png_file.h"
 #include "platform/host/view/svg_writer.h"
@@ -12,7 +13,7 @@
 namespace host {
 namespace {
 
-constexpr wchar_t zoom_keywords[] = L"All Extents Previous Window";
+constexpr wchar_t zoom_keywords[] = L"All Extents Object Previous Window";
 constexpr int longest_input = 133;
 
 void zoom_to_corner(DrawingPane& pane, const ads_point first) {
@@ -35,6 +36,20 @@ void zoom_to_window(DrawingPane& pane) {
 void zoom_to_extents(DrawingPane& pane) {
     pane.remember_view();
     pane.zoom_extents();
+}
+
+/// To what is selected already.
+void zoom_to_selected(DrawingPane& pane) {
+    constexpr double margin = 0.1;  // around it, as a part of it
+    const Box2 area = area_of(pane.list(), EntitySet(editor().selection.records()));
+    if (area.empty()) {
+        person().print(L"\nNothing is selected.");
+        return;
+    }
+    ViewTransform closer = pane.view();
+    closer.show(area, margin);
+    pane.remember_view();
+    pane.set_view(closer);
 }
 
 /// "2" is twice as large as the whole drawing is seen, "2X" twice as large as it is now.
@@ -67,6 +82,8 @@ void zoom_by_option(DrawingPane& pane) {
         if (!pane.restore_view()) {
             person().print(L"\nNo previous view.");
         }
+    } else if (option == L"Object") {
+        zoom_to_selected(pane);
     } else if (option == L"Window") {
         zoom_to_window(pane);
     } else {
@@ -79,7 +96,7 @@ void zoom(DrawingPane& pane) {
     acedInitGet(RSG_OTHER, zoom_keywords);
     switch (acedGetPoint(nullptr,
                          L"\nSpecify corner of window, enter a scale factor (nX), or "
-                         L"[All/Extents/Previous/Window] <Extents>: ",
+                         L"[All/Extents/Object/Previous/Window] <Extents>: ",
                          corner)) {
         case RTNORM:
             zoom_to_corner(pane, corner);

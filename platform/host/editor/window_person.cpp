@@ -41,7 +41,11 @@ void WindowPerson::draw_vector(const Point& from, const Point& to, int colour, b
 }
 
 void WindowPerson::show_selected(const std::vector<dxf::RecordId>& entities) {
-    window_.pane().show_selected(entities);
+    window_.show_selected(entities);
+}
+
+bool WindowPerson::has_typed_ahead() const {
+    return window_.has_typed_ahead();
 }
 
 void write_standard_error(std::wstring_view text) {

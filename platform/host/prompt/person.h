@@ -69,6 +69,8 @@ class Person {
     /// Shows these entities as selected, and no others.
     virtual void show_selected(const std::vector<dxf::RecordId>& entities);
 
+    /// The next question is answered already: what a person is asked in a dialog is asked in words.
+    virtual bool has_typed_ahead() const { return false; }
     /// A script answers: what a person is asked in a dialog is asked in words.
     virtual bool is_script() const { return false; }
 };

@@ -101,6 +101,16 @@ Box2 block_area(const dxf::Drawing& drawing, dxf::BlockId block) {
     return DisplayListBuilder(drawing, DisplayList::blank(DisplayList::Space::model, {})).area_of(block);
 }
 
+Box2 area_of(const DisplayList& list, const EntitySet& entities) {
+    Box2 area;
+    for (const Primitive& primitive : list.top.primitives) {
+        if (entities.has(primitive.entity) && !primitive.endless) {
+            area.add(primitive.box);
+        }
+    }
+    return area;
+}
+
 LastArea last_area(const DisplayList& list) {
     LastArea last;
     const std::vector<Primitive>& all = list.top.primitives;

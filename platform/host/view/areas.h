@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/host/view/display_list.h"
+#include "platform/host/view/list_painter.h"
 
 namespace host {
 
@@ -22,6 +23,9 @@ BesidePlace place_beside(const Box2& drawing, Vec2 size);
 
 /// Around a block at scale 1, its base point at 0, 0; empty when nothing of it is seen.
 Box2 block_area(const dxf::Drawing& drawing, dxf::BlockId block);
+
+/// Around what is drawn of some entities; empty when nothing is.
+Box2 area_of(const DisplayList& list, const EntitySet& entities);
 
 /// Around the entity that was drawn last, with the height of its smallest letters (0 without letters).
 struct LastArea {

@@ -13,6 +13,7 @@ LayerState read_state(const dxf::Layer& layer, const dxf::RecordFields& entry) {
                                        : indexed_ink(layer.colour_index());
     state.on = layer.on();
     state.frozen = layer.frozen();
+    state.locked = layer.locked();
     state.line_type = layer.line_type;
     state.weight = LineWeight::in_pixels(entry.integer(370, -1));
     return state;

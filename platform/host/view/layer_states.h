@@ -14,6 +14,7 @@ struct LayerState {
     Ink ink = Ink::foreground();
     bool on = true;
     bool frozen = false;
+    bool locked = false;
     std::wstring line_type;
     uint8_t weight = LineWeight::thin;
     bool shown() const { return on && !frozen; }

@@ -1,4 +1,4 @@
-#include "shell/extension_module.h"
+#include "common/extension_module.h"
 
 #include <acui.h>
 

@@ -4,7 +4,7 @@
 #include <afxwin.h>
 #include <acdocman.h>
 
-#include "shell/extension_module.h"
+#include "common/extension_module.h"
 
 namespace corvanes {
 

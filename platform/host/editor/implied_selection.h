@@ -1,0 +1,42 @@
+// What is selected while no command runs, for the next command that works on selected things.
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "platform/host/editor/document_manager.h"
+#include "platform/host/dxf/record.h"
+#include "platform/host/prompt/person.h"
+
+namespace host {
+
+class ImpliedSelection {
+  public:
+    explicit ImpliedSelection(const DocumentManager& documents) : documents_(documents) {}
+
+    /// A point that was picked in the drawing: what is there is selected, or taken out with Shift; where nothing is, a
+    /// rectangle begins or ends. `reach`: half the side of the pick box, in drawing units. What the pointer is to look
+    /// like from then on.
+    PointerGuide pick(const Point& at, double reach, bool with_shift);
+    /// All that can be selected.
+    void take_all();
+    /// These records of the open drawing, and no others.
+    void set(const std::vector<dxf::RecordId>& records);
+    void clear();
+
+    /// Without what has been erased since.
+    std::vector<dxf::RecordId> records() const;
+    /// Tells one selection from another.
+    uint64_t changes() const { return changes_; }
+
+  private:
+    void change(const std::vector<dxf::RecordId>& found, bool take_out);
+
+    const DocumentManager& documents_;
+    uint64_t drawing_ = 0;  ///< dxf::Drawing::serial() of what the records are of
+    std::vector<dxf::RecordId> records_;
+    std::optional<Point> corner_;
+    uint64_t changes_ = 0;
+};
+
+}  // namespace host
