@@ -88,6 +88,16 @@ class Commands : public testing::Test {
     }
 };
 
+TEST_F(Commands, AreAllExplained) {
+    for (const auto add : {add_drawing_commands, add_view_commands, add_edit_commands, add_help_commands}) {
+        add(editor());
+    }
+    const std::wstring help = typed(L"help");
+    for (const std::wstring& name : editor().processor.own_names()) {
+        EXPECT_TRUE(name.starts_with(L"TST") || help.find(L"\n" + name + L": ") != std::wstring::npos) << name.c_str();
+    }
+}
+
 TEST_F(Commands, AreKeptInGroups) {
     EXPECT_EQ(AcEdCommandStack::cast(acrxSysRegistry()->at(L"acad_registered_commands")), &editor().commands);
     EXPECT_EQ(AcRxDynamicLinker::cast(acrxSysRegistry()->at(L"ACAD_REGISTERED_COMMANDS")), nullptr);
