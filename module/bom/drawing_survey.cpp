@@ -3,11 +3,10 @@
 #include <aced.h>
 #include <acedsel.h>
 #include <dbapserv.h>
-#include <dbblkref.h>
-#include <dbdatabase.h>
-#include <dblyrtbl.h>
-#include <dbobjptr.h>
+#include <dbents.h>
+#include <dbmain.h>
 #include <dbsymtb.h>
+#include <dbobjptr.h>
 
 #include <algorithm>
 #include <cstring>

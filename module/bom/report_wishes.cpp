@@ -3,7 +3,7 @@
 #include <afxwin.h>
 #include <aced.h>
 #include <acutads.h>
-#include <dbdatabase.h>
+#include <dbmain.h>
 
 #include <filesystem>
 #include <utility>

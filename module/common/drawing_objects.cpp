@@ -1,7 +1,7 @@
 #include "common/drawing_objects.h"
 
 #include <dbapserv.h>
-#include <dbdatabase.h>
+#include <dbmain.h>
 #include <dbhandle.h>
 #include <dbobjptr.h>
 #include <dbsymtb.h>

@@ -4,7 +4,7 @@
 #include <acdbads.h>
 #include <acutads.h>
 #include <dbmain.h>
-#include <dbsymtbl.h>
+#include <dbsymtb.h>
 
 #include <memory>
 #include <optional>

@@ -1,7 +1,7 @@
 // The grid of the Layers dialog: a row for each layer of the drawing, with boxes that switch it.
 #pragma once
 
-#include <dblyrtbl.h>
+#include <dbsymtb.h>
 
 #include <vector>
 

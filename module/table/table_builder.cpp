@@ -1,7 +1,7 @@
 #include "table/table_builder.h"
 
 #include <aced.h>
-#include <dbdatabase.h>
+#include <dbmain.h>
 #include <dbents.h>
 #include <dbobjptr.h>
 #include <dbsymtb.h>

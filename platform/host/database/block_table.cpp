@@ -1,4 +1,4 @@
-#include "dbblktbl.h"
+#include "dbsymtb.h"
 
 #include "dbents.h"
 #include "platform/host/database/database_store.h"

@@ -3,7 +3,7 @@
 
 #include <string_view>
 
-#include "dbobject.h"
+#include "dbmain.h"
 
 namespace host {
 

@@ -1,4 +1,4 @@
-#include "dbdatabase.h"
+#include "dbmain.h"
 
 #include <iostream>
 

@@ -1,4 +1,4 @@
-#include "dbentity.h"
+#include "dbmain.h"
 
 #include "acutmem.h"
 #include "dbsymtb.h"

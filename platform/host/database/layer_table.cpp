@@ -1,4 +1,4 @@
-#include "dblyrtbl.h"
+#include "dbsymtb.h"
 
 #include <cstdlib>
 

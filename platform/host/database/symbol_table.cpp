@@ -1,4 +1,4 @@
-#include "dbsymtbl.h"
+#include "dbsymtb.h"
 
 #include <string_view>
 

@@ -1,4 +1,4 @@
-#include "dbtxttbl.h"
+#include "dbsymtb.h"
 
 #include "platform/host/database/database_store.h"
 #include "platform/host/dxf/entities.h"
