@@ -1,6 +1,6 @@
 #include <cmath>
 
-#include "platform/host/dxf/record_merge.h"
+#include "platform/host/dxf/field_writer.h"
 #include "tests/host/database_fixture.h"
 
 namespace {

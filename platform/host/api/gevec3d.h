@@ -1,6 +1,8 @@
 // AcGeVector3d.
 #pragma once
 
+#include <cmath>
+
 class AcGeVector3d {
   public:
     AcGeVector3d() = default;
@@ -12,7 +14,7 @@ class AcGeVector3d {
     AcGeVector3d operator-() const { return {-x, -y, -z}; }
     bool operator==(const AcGeVector3d&) const = default;
     AcGeVector3d& set(double xx, double yy, double zz) { return *this = AcGeVector3d(xx, yy, zz); }
-    double length() const;
+    double length() const { return std::sqrt(x * x + y * y + z * z); }
 
     double x = 0.0;
     double y = 0.0;

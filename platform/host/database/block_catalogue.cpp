@@ -3,9 +3,19 @@
 #include <algorithm>
 
 #include "base/case_folding.h"
-#include "platform/host/dxf/space_names.h"
 
 namespace host {
+
+bool is_model_space_name(std::wstring_view name) {
+    const std::wstring lower = base::lower(name);
+    return lower == L"*model_space" || lower == L"$model_space";
+}
+
+bool is_paper_space_name(std::wstring_view name) {
+    const std::wstring lower = base::lower(name);
+    return lower.rfind(L"*paper_space", 0) == 0 || lower.rfind(L"$paper_space", 0) == 0;
+}
+
 namespace {
 
 constexpr std::wstring_view model_space_name = L"*Model_Space";
@@ -13,7 +23,7 @@ constexpr std::wstring_view paper_space_name = L"*Paper_Space";
 
 /// The one of the active layout; "*Paper_Space0" and the like are other layouts.
 bool is_active_paper_space_name(std::wstring_view name) {
-    return dxf::is_paper_space_name(name) && name.size() == paper_space_name.size();
+    return is_paper_space_name(name) && name.size() == paper_space_name.size();
 }
 
 bool run_holds(const dxf::RecordRun& run, dxf::RecordId record) {
@@ -50,7 +60,7 @@ BlockNumber BlockCatalogue::add(dxf::BlockId block) {
         return no_block_number;
     }
     BlockNumber number = size();
-    if (dxf::is_model_space_name(name)) {
+    if (is_model_space_name(name)) {
         number = model_space_number;
     } else if (is_active_paper_space_name(name)) {
         number = paper_space_number;
@@ -85,7 +95,7 @@ std::wstring BlockCatalogue::read_name(BlockNumber number) const {
 
 BlockNumber BlockCatalogue::named(std::wstring_view name) const {
     BlockNumber number = number_of(drawing_.block_named(drawing_.block_names().find(name)));
-    if (number == no_block_number && dxf::is_model_space_name(name)) {
+    if (number == no_block_number && is_model_space_name(name)) {
         number = model_space_number;
     } else if (number == no_block_number && is_active_paper_space_name(name)) {
         number = paper_space_number;
@@ -99,7 +109,7 @@ bool BlockCatalogue::erased(BlockNumber number) const {
 }
 
 bool BlockCatalogue::is_layout(BlockNumber number) const {
-    return is_space(number) || dxf::is_paper_space_name(name(number));
+    return is_space(number) || is_paper_space_name(name(number));
 }
 
 size_t BlockCatalogue::slots(BlockNumber number) const {

@@ -11,6 +11,10 @@
 
 namespace host {
 
+/// "*Model_Space", "*Paper_Space", "*Paper_Space0" …, "$MODEL_SPACE" and "$PAPER_SPACE" of R12, without regard to case.
+bool is_model_space_name(std::wstring_view name);
+bool is_paper_space_name(std::wstring_view name);
+
 /// Numbers of block table records. They stay the same while the drawing is open.
 using BlockNumber = uint32_t;
 constexpr BlockNumber model_space_number = 0;

@@ -2,6 +2,7 @@
 
 #include <iostream>
 
+#include "dbapserv.h"
 #include "dbsymtb.h"
 #include "platform/host/database/database_store.h"
 
@@ -95,6 +96,11 @@ bool AcDbDatabase::tilemode() const {
 Acad::ErrorStatus AcDbDatabase::getFilename(const ACHAR*& path) const {
     path = store_->file_name().c_str();
     return Acad::eOk;
+}
+
+AcDbHostApplicationServices* acdbHostApplicationServices() {
+    static AcDbHostApplicationServices services;
+    return &services;
 }
 
 namespace host {

@@ -1,8 +1,9 @@
-#include "dbmain.h"
+#include "dbents.h"
 
 #include "acutmem.h"
 #include "dbsymtb.h"
 #include "platform/host/database/database_store.h"
+#include "platform/host/database/vectors.h"
 #include "platform/host/dxf/field_writer.h"
 
 namespace {
@@ -15,6 +16,7 @@ constexpr Adesk::UInt16 by_layer = 256;
 }  // namespace
 
 ACRX_DEFINE_MEMBERS_WITH(AcDbEntity, AcDbObject, nullptr, []() -> AcRxObject* { return new PlainEntity; })
+ACRX_DXF_DEFINE_MEMBERS(AcDbLine, AcDbEntity, 0, 0, 0, LINE, 0)
 
 ACHAR* AcDbEntity::layer() const {
     return acad__strdup(loaded(layer_).c_str());
@@ -41,4 +43,15 @@ void AcDbEntity::write_fields(dxf::FieldWriter& to) const {
     to.begin(record_type(), L"AcDbEntity").integer(67, paper_space_ ? 1 : 0, 0);
     to.text(8, layer_, L"0", dxf::Field::Presence::always).integer(62, color_.value_or(by_layer), by_layer);
     to.integer(60, invisible_ ? 1 : 0, 0);
+}
+
+void AcDbLine::read_fields(const dxf::RecordFields& from) {
+    AcDbEntity::read_fields(from);
+    start_ = host::point_of(from.point(10));
+    end_ = host::point_of(from.point(11));
+}
+
+void AcDbLine::write_fields(dxf::FieldWriter& to) const {
+    AcDbEntity::write_fields(to);
+    to.subclass(L"AcDbLine").point(10, host::vector_of(start_)).point(11, host::vector_of(end_));
 }

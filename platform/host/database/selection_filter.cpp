@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "base/case_folding.h"
+#include "platform/host/database/block_catalogue.h"
 #include "platform/host/database/name_pattern.h"
-#include "platform/host/dxf/space_names.h"
 #include "platform/host/dxf/record_fields.h"
 
 namespace host {

@@ -1,6 +1,5 @@
 # What the database brings to hostcore; relative to this folder.
 set(host_database_sources
-    attribute.cpp
     block_catalogue.cpp
     block_reference.cpp
     block_table.cpp
@@ -11,18 +10,12 @@ set(host_database_sources
     entity.cpp
     entity_data.cpp
     entity_selector.cpp
-    host_memory.cpp
-    host_services.cpp
+    host_utilities.cpp
     ids_and_handles.cpp
     insert_block.cpp
-    layer_table.cpp
-    line.cpp
-    matrix.cpp
     name_pattern.cpp
     object.cpp
-    object_id.cpp
     open_objects.cpp
-    print.cpp
     result_buffer.cpp
     selection_ads.cpp
     selection_filter.cpp
@@ -31,5 +24,4 @@ set(host_database_sources
     selection_set.cpp
     store_changes.cpp
     symbol_table.cpp
-    text.cpp
-    text_style_table.cpp)
+    text.cpp)

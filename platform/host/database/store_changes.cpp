@@ -6,7 +6,7 @@
 #include "platform/host/database/object_gate.h"
 #include "platform/host/database/vectors.h"
 #include "platform/host/dxf/entities.h"
-#include "platform/host/dxf/record_merge.h"
+#include "platform/host/dxf/field_writer.h"
 
 namespace host {
 namespace {

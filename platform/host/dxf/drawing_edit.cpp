@@ -1,11 +1,13 @@
 // Edits of a drawing: each leaves the index as if the edited drawing had been read.
 #include <algorithm>
 #include <array>
+#include <cassert>
+#include <limits>
 #include <utility>
+#include <vector>
 
 #include "platform/host/dxf/drawing.h"
 #include "platform/host/dxf/index_builder.h"
-#include "platform/host/dxf/new_handles.h"
 
 namespace dxf {
 
@@ -32,6 +34,39 @@ std::pair<size_t, size_t> value_range(const Group& group, const char* record_beg
     }
     const size_t length_byte = kind_of(group.code) == ValueKind::chunk ? 1 : 0;
     return {begin - length_byte, static_cast<size_t>(group.end)};
+}
+
+/// Records have numbers of 32 bits.
+constexpr uint64_t handle_room = uint64_t{1} << 32;
+
+/// Where the widest gap between handles begins.
+uint64_t begin_of_widest_gap(std::vector<uint64_t> handles) {
+    handles.push_back(0);
+    handles.push_back(std::numeric_limits<uint64_t>::max());  // would leave no $HANDSEED
+    std::sort(handles.begin(), handles.end());
+    size_t widest = 1;
+    for (size_t i = 2; i < handles.size(); ++i) {
+        widest = handles[i] - handles[i - 1] > handles[widest] - handles[widest - 1] ? i : widest;
+    }
+    return handles[widest - 1] + 1;
+}
+
+/// The first of a run of handles that no record of the drawing has, sub-records and what the index leaves out included:
+/// more of them than a drawing can have records. `seed` is what $HANDSEED says; it counts unless it is behind the
+/// drawing's handles or nonsense. `bytes` are the drawing's; they are read again where its handles leave no room.
+uint64_t first_new_handle(uint64_t seed, const DrawingIndex& index, std::string_view bytes) {
+    constexpr uint64_t last = DrawingIndex::first_unusual_handle - handle_room;
+    const uint64_t behind = index.highest_usual_handle + 1;
+    if (behind <= last) {
+        return seed <= last ? std::max(seed, behind) : behind;
+    }
+    std::vector<uint64_t> handles;
+    DrawingIndex again;
+    again.all_handles = &handles;
+    const bool whole = static_cast<bool>(build_index(bytes, again));
+    assert(whole);  // it was read before
+    (void)whole;
+    return begin_of_widest_gap(std::move(handles));
 }
 
 }  // namespace

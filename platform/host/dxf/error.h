@@ -17,7 +17,16 @@ struct Error {
     std::string reason;
 
     /// "plan.dxf:17: reason", "plan.dxf: byte 17: reason" or "plan.dxf: reason", in UTF-8.
-    std::string message() const;
+    std::string message() const {
+        const std::u8string name = file.u8string();
+        std::string text(name.begin(), name.end());
+        if (place == Place::line) {
+            text.append(":").append(std::to_string(position));
+        } else if (place == Place::byte) {
+            text.append(": byte ").append(std::to_string(position));
+        }
+        return text.append(": ").append(reason);
+    }
 };
 
 }  // namespace dxf

@@ -7,7 +7,6 @@
 #include <utility>
 #include <vector>
 
-#include "platform/host/dxf/field_values.h"
 #include "platform/host/dxf/record_view.h"
 
 namespace dxf {

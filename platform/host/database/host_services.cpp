@@ -1,6 +1,0 @@
-#include "dbapserv.h"
-
-AcDbHostApplicationServices* acdbHostApplicationServices() {
-    static AcDbHostApplicationServices services;
-    return &services;
-}
