@@ -10,7 +10,8 @@ bool may_pair(wchar_t left, wchar_t right) {
     return (IS_HIGH_SURROGATE(left) && IS_LOW_SURROGATE(right)) || (IS_LOW_SURROGATE(left) && IS_HIGH_SURROGATE(right));
 }
 
-/// Halves in turn are pairs from the first two on, whichever way their run is painted.
+/// Whether `position` splits a surrogate pair of a painted text. Halves that follow each other are paired from the
+/// first two on, in whichever direction their run is painted.
 bool splits_painted_pair(std::wstring_view text, size_t position) {
     if (position >= text.size()) {
         return false;

@@ -20,7 +20,7 @@ CharacterTypes::CharacterTypes(const ByteTypes& system_types, const ByteCharacte
     for (std::uint32_t letter = first_hebrew_letter; letter <= last_hebrew_letter; ++letter) {
         (*classes_)[letter] = static_cast<std::uint8_t>(BidiType::right_to_left);
     }
-    // All characters of a kind by itself are in ASCII.
+    // All characters with a kind other than `other` are in ASCII.
     for (std::uint32_t code = 0; code < 0x80; ++code) {
         const NeutralKind kind = neutral_kind(static_cast<wchar_t>(code));
         (*classes_)[code] |= static_cast<std::uint8_t>(static_cast<unsigned>(kind) << kind_shift);
@@ -28,7 +28,8 @@ CharacterTypes::CharacterTypes(const ByteTypes& system_types, const ByteCharacte
 }
 
 void CharacterTypes::classify(std::wstring_view text, std::uint8_t* classes) const {
-    // The output is of bytes, which might lie anywhere, in the text and in this object too: these cannot.
+    // Writing bytes may change any object, as far as the compiler knows. These local copies cannot change, so they stay
+    // in registers.
     const std::uint8_t* const table = classes_->data();
     const wchar_t* const characters = text.data();
     const size_t length = text.size();

@@ -96,7 +96,7 @@ std::optional<std::wstring> clipboard_text(HWND owner) {
         return std::nullopt;
     }
     const std::unique_ptr<void, UnlockGlobal> lock(data);
-    // Other programs put it there, terminated or not.
+    // Another program may have left out the terminator, so the block's size limits the search for it.
     const size_t capacity = ::GlobalSize(data) / sizeof(wchar_t);
     return std::wstring(source, std::find(source, source + capacity, L'\0'));
 }

@@ -10,7 +10,7 @@
 
 namespace corvanes {
 
-/// One form of what goes to the clipboard: the bytes, a terminator included where the format has one.
+/// One format of what goes to the clipboard, with its bytes; a format that has a terminator includes it.
 struct ClipboardForm {
     UINT format;
     std::string_view bytes;

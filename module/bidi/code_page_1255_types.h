@@ -5,7 +5,7 @@
 
 namespace corvanes {
 
-/// As GetStringTypeA answers on a Hebrew system, without the correction of the upper half.
+/// The types that GetStringTypeA gives on a Hebrew system, before corrected_byte_type corrects the upper half.
 const ByteTypes& code_page_1255_types();
 
 /// The characters of the bytes of a single-byte code page.

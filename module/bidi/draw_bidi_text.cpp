@@ -8,7 +8,7 @@
 namespace corvanes {
 namespace {
 
-/// What is selected and set in a device context comes back at the end.
+/// Saves what a device context has selected and set, and restores it at the end of a scope.
 class SavedContext {
   public:
     explicit SavedContext(HDC dc) : dc_(dc), saved_(::SaveDC(dc)) {}

@@ -95,7 +95,7 @@ bool translate_shift_or_ctrl(unsigned scan_code, const KeyModifiers& modifiers, 
     }
 }
 
-/// The rest are Windows keys, function keys and the like.
+/// Whether the editor handles the key. It leaves alone the Windows keys, the function keys and the like.
 bool is_handled_key(unsigned key) {
     const bool control_key = key == key_backspace || key == key_tab || key == key_enter || key == key_escape;
     return control_key || (between(key, key_space, key_last) && !between(key, 91, 95) && !between(key, 112, 185));

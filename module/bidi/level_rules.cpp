@@ -25,7 +25,7 @@ struct Neutrals {
     Word separator;
 };
 
-/// Those that neutral_direction turns to the right-to-left side, at the base level.
+/// The neutrals of the word that neutral_direction, at the base level, makes right-to-left.
 constexpr Word right_to_left_neutrals(const Neutrals& neutrals, bool left_to_right_line) {
     const Neutrals& n = neutrals;
     const Word between_right_to_left = n.previous_right_to_left & n.next_right_to_left;
@@ -96,7 +96,8 @@ void LevelRules::assign_first_levels() {
     cut_levels_behind_untyped();
 }
 
-/// Back at the base level between two toggles, a line finds the base level at both ends of the toggle from then on.
+/// A character without a type that follows characters above the base level ends all toggling: everything behind it
+/// stays at the base level.
 void LevelRules::cut_levels_behind_untyped() {
     bool last_is_above = false;
     for (size_t w = 0; w < classes.words; ++w) {
@@ -181,7 +182,7 @@ PositionSet::Word LevelRules::resolve_word(size_t w, Passed& passed) const {
     const Word with_direction = strong(w) | classes.neutral[w];
     Word left_before = classes.left_to_right.behind(w) | passed.left_to_right_before_run;
     Word right_before = classes.right_to_left.behind(w) | passed.right_to_left_before_run;
-    // What precedes a run behind characters without a type may be another run, which has its direction by then.
+    // The run before the characters without a type may be another run of neutrals, which has its direction by then.
     Word behind_untyped = runs & classes.untyped.behind(w);
     Neutrals neutrals = {0,
                          0,
@@ -263,7 +264,7 @@ size_t LevelRules::find_run_starts() {
         }
     }
     const auto count = static_cast<size_t>(start - run_starts_.data());
-    // Behind the line all levels are 0, which may look like a change.
+    // Positions behind the line have level 0, so the line's end may look like a change of level.
     return count > 0 && start[-1] == classes.length ? count - 1 : count;
 }
 

@@ -68,10 +68,10 @@ class LevelRules {
 
     /// Strong characters above the base level.
     PositionSet above_;
-    /// Where the next strong character is of this direction.
+    /// Positions from which the next strong character is left-to-right, and right-to-left.
     PositionSet next_left_to_right_;
     PositionSet next_right_to_left_;
-    /// Neutrals that become right-to-left; numbers that other characters join.
+    /// Scratch sets of the rules: neutrals that become right-to-left, numbers that other characters join.
     PositionSet found_;
     PositionSet found_before_;
     // Levels never get higher than 3: these are the two bits of them.

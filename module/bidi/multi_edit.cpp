@@ -256,7 +256,7 @@ std::vector<VisibleText> CUGMultiEdit::VisibleRows() const {
     return rows;
 }
 
-// Painting a character costs more than all that is computed for it.
+// Only rows that changed are painted again: painting a character costs more than everything that is computed for it.
 void CUGMultiEdit::RedrawChangedRows(const std::vector<VisibleText>& former) {
     const std::vector<VisibleText> rows = VisibleRows();
     for (size_t row = 0; row < rows.size(); ++row) {

@@ -39,11 +39,11 @@ class CUGMultiEdit : public CEdit {
     std::wstring TypedText() const { return editing_.model().logical(); }
     void SetDirection(corvanes::ParagraphDirection direction);
     bool RightToLeft() const { return editing_.model().right_to_left(); }
-    /// Tab and Enter do nothing then, and what is pasted becomes one line (see single_line).
+    /// While the editor is locked, Tab and Enter do nothing and a pasted text becomes one line (see single_line).
     void SetLocked(bool locked) { locked_ = locked; }
 
   protected:
-    // What the parent owner is told; an override that calls these keeps telling it.
+    // These tell the parent owner of a change; an override calls them to keep it told.
     virtual void OnLanguageChanged(LANGID language, WORD second_word);
     virtual void OnTextChanged(int length);
     virtual void OnCaretMoved(int index);
@@ -52,12 +52,13 @@ class CUGMultiEdit : public CEdit {
     /// Inserts in place of the selection, or tells the parent that there is no room.
     void ReplaceSelection(std::wstring_view text);
     void TypeCharacter(wchar_t character) { ReplaceSelection({&character, 1}); }
-    /// The character of a key that another window received, in place of the selection. A digit counts as typed here: in
-    /// Hebrew a number has begun.
+    /// Puts the character of a key that another window received in place of the selection. A digit is treated as typed
+    /// here: while the language is Hebrew, it begins a number.
     void TypeFirstCharacter(wchar_t character);
     void SelectAll();
     void SelectWord();
-    /// The caret at the end of the typed text, or beside the character at a point of this window; nothing is selected.
+    /// Moves the caret to the end of the typed text, or beside the character at a point of this window, and gives up
+    /// the selection.
     void CaretToEnd();
     void CaretTo(CPoint point);
 

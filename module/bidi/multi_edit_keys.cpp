@@ -85,7 +85,8 @@ std::wstring ask_keyboard(UINT key, UINT flags, LanguageId language) {
     return ::GetKeyboardState(state.data()) != 0 ? ask_keyboard(key, flags, language, state) : std::wstring();
 }
 
-/// The punctuation key that carries a Hebrew letter, whatever code the system gives it; all others are what they are.
+/// Gives a punctuation key that carries a Hebrew letter its standard code, whatever code the system uses; other keys
+/// keep theirs.
 UINT recognised_key(UINT key, UINT flags) {
     if (key < VK_OEM_1) {
         return key;
@@ -101,7 +102,7 @@ void CUGMultiEdit::OnKeyDown(UINT key, UINT repeat, UINT flags) {
     HandleKey(key, repeat, flags);
 }
 
-// With Alt held, Shift comes this way; other keys are the system's.
+// While Alt is held, Shift arrives as this message; the other keys are left to the system.
 void CUGMultiEdit::OnSysKeyDown(UINT key, UINT repeat, UINT flags) {
     if (key == VK_SHIFT) {
         HandleKey(key, repeat, flags);

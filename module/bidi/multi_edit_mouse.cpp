@@ -100,7 +100,8 @@ void CUGMultiEdit::OnLButtonDblClk(UINT, CPoint point) {
     if (line.empty()) {
         return;
     }
-    // A gap is counted from the other side in a right-to-left line, and there the character lies before it.
+    // In a right-to-left line gaps are counted from the right edge, so the character under the point lies before the
+    // gap.
     const size_t before = gap - (model.right_to_left() && gap > line.start ? 1 : 0);
     const size_t index = model.map()[std::min(before, line.end - 1)];
     Edit([index](TextEditing& editing) { editing.select_word(index); });
@@ -144,7 +145,7 @@ void CUGMultiEdit::OnSize(UINT, int, int) {
     Redraw();
 }
 
-// The keys are the editor's, Tab, Enter and Escape too.
+// The editor takes all keys, Tab, Enter and Escape among them.
 UINT CUGMultiEdit::OnGetDlgCode() {
     return DLGC_WANTALLKEYS | DLGC_WANTCHARS | DLGC_WANTARROWS | DLGC_HASSETSEL;
 }

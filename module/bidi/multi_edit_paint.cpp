@@ -15,7 +15,7 @@ RECT inner_rect(const TextView& view) {
 
 }  // namespace
 
-// Painted in memory as a whole, so that nothing is to be erased before.
+// Nothing is erased, because the whole window is painted in memory and then copied.
 BOOL CUGMultiEdit::OnEraseBkgnd(CDC*) {
     return TRUE;
 }

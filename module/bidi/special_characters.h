@@ -13,7 +13,7 @@ constexpr bool is_hebrew_letter(wchar_t character) {
     return character >= first_hebrew_letter && character <= last_hebrew_letter;
 }
 
-/// The bracket that closes or opens what this one opens or closes; any other character itself.
+/// The matching bracket; any other character comes back as it is.
 constexpr wchar_t GetMirrorChar(wchar_t character) {
     switch (character) {
         case L'(':
@@ -65,7 +65,7 @@ constexpr bool IsNeutralSeparator(wchar_t character) {
     return character == L' ' || IsNeutralSeparatorNoSpace(character);
 }
 
-/// What matters of a character where it is a neutral.
+/// The kinds of neutrals, which decide how a neutral finds its direction.
 enum class NeutralKind : std::uint8_t { other, bracket, space, separator };
 
 constexpr NeutralKind neutral_kind(wchar_t character) {

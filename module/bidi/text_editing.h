@@ -28,8 +28,8 @@ class TextEditing {
     bool modified() const { return modified_; }
     void set_modified(bool modified) { modified_ = modified; }
 
-    /// Begins anew with a text of any length: it is also what undoing comes back to when nothing was saved. CR LF
-    /// becomes LF, a single CR too.
+    /// Begins anew with a text of any length. Undoing comes back to this text when nothing was saved. CR LF becomes LF,
+    /// a single CR too.
     void reset(std::wstring_view text, bool from_logical = true);
     void set_right_to_left(bool right_to_left);
 
@@ -47,7 +47,7 @@ class TextEditing {
 
     /// With `extend` the selection follows the caret, else it is given up.
     void move(Motion motion, bool extend);
-    /// The caret at a gap of the painted text.
+    /// Puts the caret at a gap of the painted text.
     void place_at_gap(size_t gap, bool extend);
     /// The selection follows the caret to a gap, and by one step further in a direction as long as that stays on the
     /// line, or changes to another line.
@@ -56,7 +56,7 @@ class TextEditing {
     void select(size_t anchor, size_t end);
     /// The run of letters and digits, of separators or of blanks around a typed position.
     void select_word(size_t index);
-    /// A caret that goes from line to line next keeps to the column where it stands then.
+    /// The next move from line to line keeps to the column where the caret stands then.
     void forget_column() { remembered_column_.reset(); }
 
   private:
@@ -70,7 +70,7 @@ class TextEditing {
     TextModel model_;
     VisualCaret caret_;
     size_t anchor_ = 0;
-    /// The column that a caret keeps to while it goes from line to line, some of them shorter.
+    /// The column that the caret keeps to while it moves from line to line, even over shorter lines.
     std::optional<size_t> remembered_column_;
     UndoRing undo_;
     std::wstring initial_text_;

@@ -10,7 +10,7 @@ namespace corvanes {
 /// last saved slot; saving does not move the place of the walk.
 class UndoRing {
   public:
-    /// An empty text is not worth a slot.
+    /// Saves the text; an empty text gets no slot.
     void save(const std::wstring& text);
     /// The text before, or null when nothing has been saved since the last clear.
     const std::wstring* take();

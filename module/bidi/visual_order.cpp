@@ -14,7 +14,7 @@ constexpr std::uint32_t block = 16;
 struct LevelRange {
     Level lowest;
     Level highest;
-    /// Without an odd level nothing moves.
+    /// Empty when no level is odd; then nothing moves.
     std::optional<Level> lowest_odd;
 };
 
@@ -56,7 +56,7 @@ constexpr Offsets offsets_by_direction[] = {make_offsets(1), make_offsets(~0U)};
 
 /// Writes the logical indexes of one run, and up to block - 1 entries more behind them.
 void write_run(std::uint32_t* indexes, const LevelRun& run, bool backwards) {
-    // One way for both directions and for most lengths: neither can be predicted.
+    // Both directions and most lengths take the same path, because the processor could predict neither.
     const Offsets offsets = offsets_by_direction[backwards ? 1 : 0];
     const std::uint32_t all_if_backwards = 0U - (backwards ? 1U : 0U);
     const std::uint32_t length = run.length;
@@ -102,7 +102,8 @@ void VisualOrder::write_indexes(const std::vector<LevelRun>& runs, bool left_to_
     }
 }
 
-// Mirrored is what is painted where the typed line has an odd level, whatever level the bracket itself has.
+// A bracket is mirrored when the typed line has an odd level at the bracket's painted position, whatever level the
+// bracket itself has.
 void VisualOrder::mirror_brackets(const LineLevels& levels, size_t length, wchar_t* visual) const {
     size_t number = 0;
     for_each_position(levels.brackets, PositionSet::words_for(length), [&](size_t position) {

@@ -33,7 +33,7 @@ class VisualOrder {
 
     /// The numbers of the runs as they are painted.
     std::vector<std::uint32_t> order_;
-    /// Where each run begins in the painted line, by its number.
+    /// The painted position at which each run begins, by the run's number.
     std::vector<std::uint32_t> painted_starts_;
     std::vector<std::uint32_t> indexes_;
 };

@@ -54,7 +54,7 @@ class JsonWriter {
         json_ += '"';
         return *this;
     }
-    /// write(item) for each item, between brackets.
+    /// Writes brackets, and between them calls write(item) for each item.
     template <class Items, class Write>
     JsonWriter& array(const Items& items, const char* separator, Write write) {
         json_ += '[';
@@ -97,7 +97,8 @@ class BillWriter {
     void write() {
         std::vector<ReportCells> rows = bill_.rows;
         std::wstring sum;
-        // A summary has no quantity; a block of that name has one. An empty report gets a summary with each sort.
+        // Summary rows are dropped. They have no quantity, which tells them from a block with the summary's name; an
+        // empty report gets another one with each sort.
         while (!rows.empty() && rows.back()[quantity_column].empty()) {
             sum = rows.back()[total_column];
             rows.pop_back();
@@ -145,7 +146,7 @@ class BillWriter {
 
     void write_name(const char* separator, const char* name) { out_.raw(separator).raw("\"").raw(name).raw("\": "); }
 
-    /// Null where it was not shown.
+    /// Writes an amount of money, or null when the report did not show it.
     void write_money(const std::wstring& text) {
         if (bill_.with_prices && !text.empty()) {
             out_.text(text);
@@ -155,7 +156,7 @@ class BillWriter {
     }
 
     void write_row(const ReportCells& row) {
-        // Of two rows with one name the list's last entry has the references.
+        // Of two rows with one name only the counted one, the list's last entry of that name, has the references.
         const bool counted = row[quantity_column] != L"0";
         const std::vector<std::uint64_t> none;
         const auto found = handles_.find(base::lower(row[name_column]));

@@ -16,7 +16,7 @@ namespace corvanes {
 struct BillSource {
     std::wstring name;  ///< without its folder
     std::uint64_t size = 0;
-    std::string sha256;  ///< hexadecimal; size and sum are of no use when it is empty: the file could not be read
+    std::string sha256;  ///< hexadecimal; empty when the file could not be read; then the size means nothing either
 };
 
 struct Bill {
@@ -28,10 +28,10 @@ struct Bill {
     std::vector<Note> notes;
 };
 
-/// Takes the text piece by piece.
+/// Receives the text piece by piece.
 using BillSink = std::function<void(std::string_view)>;
 
-/// UTF-8. Names of blocks join rows and references without regard to case.
+/// UTF-8. Writes the bill in UTF-8. A row belongs to the references whose block has its name, without regard to case.
 void write_bill_json(Bill bill, const BillSink& sink);
 
 }  // namespace corvanes

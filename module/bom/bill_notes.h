@@ -39,7 +39,7 @@ struct BillSurvey {
     std::vector<Dynamic> dynamic;
 };
 
-/// In the order in which they are told.
+/// The kinds of notes, in the order in which they are told.
 enum class NoteCode {
     unpriced,
     almost_named,
@@ -56,8 +56,8 @@ enum class NoteCode {
 
 struct Note {
     NoteCode code;
-    std::wstring text;                   ///< for people: the block or the line, and what is to be said of it
-    std::wstring block;                  ///< empty where the note is of none
+    std::wstring text;   ///< for people: names the block or the line and says what is remarkable about it
+    std::wstring block;  ///< empty where the note is of none
     std::vector<std::uint64_t> handles;  ///< of the references it is about
     std::size_t line = 0;                ///< of the price list, from 1; 0 where the note is of none
     std::uint64_t number = 1;            ///< references or places
@@ -70,7 +70,7 @@ std::vector<Note> bill_notes(BillSurvey& survey, std::wstring_view price_list, b
 /// The notes for a person: a line for each code, with five examples at most and "and N more".
 std::vector<std::wstring> note_lines(const std::vector<Note>& notes);
 
-/// How a code is called in files: "unpriced", "almost-named" and so on.
+/// The name of a code in files: "unpriced", "almost-named" and so on.
 const wchar_t* name_of(NoteCode code);
 
 }  // namespace corvanes

@@ -33,8 +33,8 @@ void append_priced(RowList& rows, const PriceListEntry& entry, std::int32_t quan
     }
 }
 
-/// The entries of a price list beside what was counted. A price list may be a thousand times longer than the report: it
-/// is passed over once, and only the entries that matter become rows.
+/// Joins the entries of a price list with what was counted. The list may be a thousand times longer than the report, so
+/// it is read once and only the entries that matter become rows.
 class Join {
   public:
     Join(RowList& rows, NameIndex& index, std::wstring_view price_list)
@@ -80,7 +80,7 @@ class Join {
   private:
     static constexpr size_t nothing = std::numeric_limits<size_t>::max();
 
-    /// A block that was counted, and the last entry of its name: how many entries stand before it.
+    /// A block that was counted, and the number of list entries before the last entry of its name.
     struct Counted {
         ResultString row;
         size_t line;

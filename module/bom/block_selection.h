@@ -11,7 +11,7 @@
 
 namespace corvanes {
 
-/// How a count goes on.
+/// What to join a count with, and how to name what is counted.
 struct CountOrder {
     std::wstring_view price_list;      ///< the text that the count is joined with
     bool price_list_attached = false;  ///< blocks that the list lacks, and entries that nobody selected, are left out
@@ -23,7 +23,7 @@ struct CountOrder {
 struct BlockCount {
     RowList rows;
     NameIndex index{10};                   ///< of the rows, while they are counted
-    std::vector<BlockReferences> counted;  ///< with notes only, and so is the next
+    std::vector<BlockReferences> counted;  ///< filled only when notes are wanted, as is the next
     std::vector<Note> notes;
 };
 

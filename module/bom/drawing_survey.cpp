@@ -60,7 +60,7 @@ AcDbObjectId space_of(AcDbObjectId reference) {
     return open.openStatus() == Acad::eOk ? open->blockId() : AcDbObjectId::kNull;
 }
 
-/// A pattern that a name alone matches.
+/// A pattern that only this name matches.
 std::wstring exact_pattern(const std::wstring& name) {
     std::wstring pattern;
     for (const wchar_t character : name) {
@@ -113,7 +113,8 @@ std::uint64_t handle_of(AcDbObjectId id) {
     return id.handle();
 }
 
-/// Stands for place, scale, rotation and the plane, which tells a mirrored reference. Zeros of both signs are one.
+/// A hash of a reference's place, scale, rotation and plane (which tells a mirrored reference). Zeros of both signs
+/// count as equal.
 std::uint64_t place_of(const AcDbBlockReference& reference) {
     const AcGePoint3d at = reference.position();
     const AcGeScale3d scale = reference.scaleFactors();
@@ -143,7 +144,7 @@ class BlockGraph {
         return place->second;
     }
 
-    /// Reads what each block holds, those among them that are reached on the way.
+    /// Reads what each block holds. Blocks that are met on the way are added and read too.
     void read() {
         for (std::size_t block = 0; block < records.size(); ++block) {
             read_block(block);

@@ -1,4 +1,4 @@
-// What stands in the drawing around a count of block references: asked of the host while and after counting.
+// DrawingSurvey, which asks the host, during and after a count of block references, what the bill's notes tell.
 #pragma once
 
 #include <dbents.h>
@@ -15,16 +15,16 @@ namespace corvanes {
 
 class DrawingSurvey {
   public:
-    /// A reference that was counted, which is open.
+    /// Notes a reference that was counted; it is open during the call.
     void add(const AcDbBlockReference& reference);
 
-    /// All that the notes are made of. With `true_names` dynamic blocks are counted under their true names, and go by
-    /// them.
+    /// Ends the survey and gives all that the notes are made of. With `true_names` dynamic blocks go by their true
+    /// names, under which they were counted.
     BillSurvey finish(bool true_names);
 
   private:
     struct Reference {
-        std::uint64_t place;  ///< the same for two that stand at one place, with one scale and rotation
+        std::uint64_t place;  ///< a hash: equal for two that stand at one place with one scale and rotation
         std::uint64_t handle;
     };
     struct Block {
@@ -39,7 +39,8 @@ class DrawingSurvey {
     void find_nested();
     std::wstring name_of(const Block& block) const;
 
-    // Large pieces, which go back to the system at the end: a heap keeps what a million small ones took.
+    // Memory in large pieces, which go back to the system at the end. A heap would keep the memory of a million small
+    // pieces.
     std::pmr::monotonic_buffer_resource memory_{std::size_t{1} << 20};
     std::vector<Block> blocks_;
     std::unordered_map<Adesk::IntDbId, std::size_t> places_;  ///< in blocks_, by record

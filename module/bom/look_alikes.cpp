@@ -14,7 +14,8 @@ struct LookAlike {
     wchar_t plain;
 };
 
-// Greek, Cyrillic, then the signs that keyboards and word processors put in place of plain ones; ascending.
+// Greek and Cyrillic letters, and the signs that keyboards and word processors put in place of plain ones; in ascending
+// order.
 constexpr LookAlike look_alikes[] = {
     {0x00A0, L' '}, {0x00B4, L'\''}, {0x00D7, L'x'},  {0x0131, L'i'},  {0x03B1, L'a'}, {0x03B9, L'i'}, {0x03BA, L'k'},
     {0x03BD, L'v'}, {0x03BF, L'o'},  {0x03C1, L'p'},  {0x03C4, L't'},  {0x03C5, L'u'}, {0x03C7, L'x'}, {0x0430, L'a'},

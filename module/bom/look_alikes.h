@@ -6,8 +6,8 @@
 
 namespace corvanes {
 
-/// What is left of a name when blanks at its ends go, letters of other alphabets and signs that look like Latin letters
-/// or plain signs become those, and case is forgotten: two names with one such form look alike.
+/// The form of a name by which look-alikes are found: names with equal forms look alike. Blanks at the ends are cut
+/// off, letters and signs that look like Latin letters or plain signs become those, and all letters become small.
 std::wstring look_alike_form(std::wstring_view name);
 
 }  // namespace corvanes

@@ -20,7 +20,8 @@ std::uint64_t product(std::uint64_t a, std::uint64_t b) {
 
 enum class Visit : char { none, open, done };
 
-/// The blocks so that each comes behind all that it holds, and without the references that lead back.
+/// Orders the blocks so that each comes behind all blocks that it holds, and finds the references that lead back into
+/// their own block.
 class Order {
   public:
     explicit Order(const std::vector<std::vector<HeldBlock>>& held) : held_(held), visits_(held.size(), Visit::none) {

@@ -10,7 +10,7 @@ namespace corvanes {
 constexpr int report_columns = 5;
 enum ReportColumn { name_column, price_column, quantity_column, description_column, total_column };
 
-/// What each place makes of a column.
+/// How the grid, the report file, report.json and the table present a column.
 struct ReportColumnTraits {
     const wchar_t* heading;
     const char* member;  ///< of a row in report.json

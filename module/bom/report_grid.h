@@ -10,7 +10,7 @@ class MyCug2 : public SortingGrid {
   public:
     explicit MyCug2(corvanes::GridOwner* dialog = nullptr);
 
-    /// Shows the rows, without those that an attached price list brought and nobody counted, and their sum.
+    /// Shows the rows and their sum. With an attached price list, rows without a counted reference are left out.
     void FillReportGrid(const RowList& rows);
     /// Appends one row; the summary has neither a price nor a quantity.
     void AddReportRow(const ResultString& row, bool is_summary);
@@ -29,15 +29,15 @@ class MyCug2 : public SortingGrid {
     /// The row's references are lit in the drawing; a double click on their number zooms to them.
     void OnGridRowChange(long former, long row) override;
     void OnGridLeftClick(int column, long row, int updn, RECT* rect, POINT* point, int processed) override;
-    /// The price list above the left half of each page, the drawing above the right one.
+    /// Prints the price list's name above the left half of each page and the drawing's above the right half.
     bool OnGridPrint(corvanes::PrintTitles* titles) override;
-    /// Letters lead to the next row that begins with them.
+    /// Typed letters lead to the next row that begins with them.
     bool GoesToTyped() const override { return true; }
-    /// Return in a cell is not the dialog's, where it would start placing a table that nobody has built.
+    /// The grid takes Return: in the dialog it would start placing a table that nobody has built.
     bool TakesReturn() const override { return true; }
 
   private:
-    /// Not the width 0 of a column of money that "Show Price" hides.
+    /// Leaves out the width 0 of a column of money that "Show Price" hides.
     bool StoresWidth(int column, int width) const override;
 
     CUGMaskedEdit editor_;

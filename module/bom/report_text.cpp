@@ -7,7 +7,7 @@ namespace {
 
 constexpr size_t extension_length = 4;
 
-/// `cell_of(column)` is the text of a column.
+/// Appends a line of the report file; `cell_of(column)` is the text of a column.
 template <class CellOf>
 void append_line(std::wstring& text, bool show_prices, const CellOf& cell_of) {
     for (int column = 0; column < report_columns; ++column) {

@@ -1,4 +1,5 @@
-// What else than its dialog a person wants of the report: notes and a JSON file, chosen by values of the environment.
+// ReportWishes, what a person wants of the report besides its dialog: values of the environment ask for notes and a
+// JSON file.
 #pragma once
 
 #include <future>
@@ -22,10 +23,11 @@ struct ReportWishes {
 /// Nothing is wanted unless the environment says so.
 ReportWishes report_wishes();
 
-/// The notes of a count at the command line, a line each, where they are wanted.
+/// Prints the notes of a count at the command line, a line each, when they are wanted.
 void print_notes(const ReportWishes& wishes, const BlockCount& count);
 
-/// The file that CORVANES_JSON names. Sums up the drawing's file from its making on, beside what else is done.
+/// Writes the file that CORVANES_JSON names. From its construction on it computes the checksum of the drawing's file on
+/// another thread.
 class BillFile {
   public:
     /// Without a wanted file nothing is computed and nothing written.

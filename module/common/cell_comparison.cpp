@@ -19,7 +19,7 @@ int sign(bool less, bool greater) {
 }
 
 /// A letter without its case as a byte that compares as the letter does. ASCII and Hebrew letters have bytes of their
-/// own; all others share the few between them (`shared`), which tell nothing among each other.
+/// own; all others share the few bytes in between, which say nothing about their order: then `shared` is set.
 std::uint64_t byte_of(wchar_t letter, bool& shared) {
     constexpr wchar_t alef = 0x05D0;
     constexpr wchar_t tav = 0x05EA;
@@ -36,7 +36,8 @@ std::uint64_t byte_of(wchar_t letter, bool& shared) {
     return letter < alef ? before_hebrew : after_hebrew;
 }
 
-/// The first letters, so packed that they compare as numbers do. What follows the end, or a shared byte, counts as 0.
+/// Packs the first letters into numbers that compare as the letters do. What follows the end, or a shared byte, counts
+/// as 0.
 void pack_letters(std::wstring_view characters, SortKey& key) {
     bool shared = false;
     for (size_t i = 0; i < letters_in_key && i < characters.size() && !shared; ++i) {
@@ -95,7 +96,7 @@ int EmptyLastOrder::compare(const SortKey& one, const SortKey& other) const {
     if (first.kind == text) {
         return compare_texts(first, second);
     }
-    // Equal texts are equal whatever a numeric cell makes of them.
+    // Equal texts compare as equal, even when one of the cells is numeric.
     if (!by_value_ && compare_texts(first, second) == 0) {
         return 0;
     }

@@ -1,4 +1,4 @@
-// Reading what objects of the drawing say: their groups, their names, the blocks that they are forms of.
+// Reads facts about objects of the drawing: their groups, their names, and the dynamic blocks behind anonymous ones.
 #pragma once
 
 #include <acdbads.h>
@@ -16,7 +16,7 @@ namespace corvanes {
 /// The groups of an object, as the host lists them. Empty for one that cannot be listed.
 class ObjectGroups {
   public:
-    /// `application`: its extended data are among them; null for no extended data.
+    /// The extended data of `application` are among the groups; null asks for none.
     explicit ObjectGroups(AcDbObjectId id, const wchar_t* application = nullptr);
 
     const resbuf* first() const { return list_.get(); }
@@ -49,8 +49,8 @@ std::wstring block_name(AcDbObjectId record);
 /// The names of the working drawing's blocks, in its order. Blocks that cannot be opened are left out.
 std::vector<std::wstring> block_names();
 
-/// The block that an anonymous block of a dynamic block is a form of: told by the block itself, else by one of its
-/// references. Nothing for other blocks.
+/// The name of the dynamic block that an anonymous block is a form of. The anonymous block itself tells it, or else one
+/// of its references. Nothing for other blocks.
 std::optional<std::wstring> dynamic_block_name(AcDbObjectId record, AcDbObjectId reference);
 
 }  // namespace corvanes

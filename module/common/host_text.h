@@ -16,7 +16,7 @@ class HostText {
     HostText(const HostText&) = delete;
     HostText& operator=(const HostText&) = delete;
 
-    /// Where a call of the host puts the text that it gives away. To be used once.
+    /// The place into which a call of the host puts a text that it gives away. To be used once.
     wchar_t*& place() { return text_; }
     /// Empty where the host gave none.
     const wchar_t* get() const { return text_ != nullptr ? text_ : L""; }

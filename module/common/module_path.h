@@ -1,4 +1,4 @@
-// Where this module was loaded from.
+// The file that this module was loaded from.
 #pragma once
 
 #include <string>

@@ -13,8 +13,8 @@ namespace corvanes {
 using base::number_from_text;
 using base::take_number;
 
-/// What a text is read as whose number ends before the text does (blanks aside), or that has none, so that a person
-/// may have meant another: 12 for "12,50", 0 for "abc". Nothing for a text that is read whole.
+/// The number that is read from a text that is not a number throughout (blanks aside), so that its author may have
+/// meant another: 12 for "12,50", 0 for "abc". Nothing for a text that is read whole.
 std::optional<double> partly_read_number(std::wstring_view text);
 
 /// An amount of money with two decimals and a point, correctly rounded; no thousands separator.

@@ -1,4 +1,4 @@
-// While it lives, dialog templates and strings come from this module.
+// ResourceScope: while it lives, dialog templates and strings come from this module.
 #pragma once
 
 #include <afxwin.h>

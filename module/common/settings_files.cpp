@@ -8,7 +8,7 @@
 namespace corvanes {
 namespace {
 
-/// Every occurrence is replaced, in folder names too: the settings stand where they always stood.
+/// Replaces every occurrence, in folder names too, so that the settings are found where they have always been.
 std::wstring replace_all(std::wstring text, std::wstring_view what, std::wstring_view with) {
     if (what.empty()) {
         return text;
@@ -19,7 +19,7 @@ std::wstring replace_all(std::wstring text, std::wstring_view what, std::wstring
     return text;
 }
 
-/// Leaves a file alone that has the text already.
+/// Writes the text unless the file has it already.
 void write_changed(const std::filesystem::path& path, std::wstring_view text) {
     if (read_text_file(path) != text) {
         write_text_file(path, text);

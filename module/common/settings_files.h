@@ -40,7 +40,7 @@ void write_last_file(const std::filesystem::path& path, std::wstring_view last_f
 /// The full paths of one settings file and of the last-file settings, beside this module.
 void GetSettingsPaths(const wchar_t* settings_file_name, std::wstring& settings_path, std::wstring& last_file_path);
 
-/// What a dialog remembers, from those files or into them. What is not there stays as it was.
+/// Read what a dialog remembers from those files, and write it. A value that is missing in a file stays as it was.
 void read_settings(const wchar_t* settings_file_name, std::vector<int>& widths, std::wstring& last_file);
 void write_settings(const wchar_t* settings_file_name, const std::vector<int>& widths, std::wstring_view last_file);
 

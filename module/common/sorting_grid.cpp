@@ -64,7 +64,8 @@ std::unique_ptr<KeyedOrder> SortingGrid::OnGridSortOrder(int flags) {
 }
 
 bool SortingGrid::TakesKey(const MSG& message) {
-    constexpr std::wstring_view harmless = L"ACFGHP";  // a slip of the hand on a button must change no cell
+    // On a button the key may be a slip of the hand, so no command that changes a cell is among these.
+    constexpr std::wstring_view harmless = L"ACFGHP";
     const bool letter = message.message == WM_KEYDOWN && message.wParam <= L'Z' &&
                         harmless.find(static_cast<wchar_t>(message.wParam)) != std::wstring_view::npos;
     return letter && ::GetKeyState(VK_CONTROL) < 0 && m_hWnd != nullptr && message.hwnd != m_hWnd &&

@@ -34,8 +34,8 @@ class SortingGrid : public CUGCtrl {
 
     int OnGridSortCompare(CUGCell* first, CUGCell* second, int flags) override;
     std::unique_ptr<corvanes::KeyedOrder> OnGridSortOrder(int flags) override;
-    /// To be asked for each message of the dialog: on its buttons too, Ctrl with a letter is the grid's, where that
-    /// copies, finds or prints.
+    /// Whether the message is a key for the grid. The dialog asks for each of its messages: Ctrl with a letter that
+    /// copies, finds or prints is the grid's on the dialog's buttons too.
     bool TakesKey(const MSG& message);
     /// Escape closes the dialog.
     void OnGridKeyDown(UINT* key, BOOL processed) override;
@@ -46,9 +46,9 @@ class SortingGrid : public CUGCtrl {
     /// `columns` must outlive the grid. Without an owner Escape does nothing.
     SortingGrid(const std::vector<corvanes::GridColumn>& columns, corvanes::GridOwner* owner);
 
-    /// The part of the setup that asks for no widths: no side heading, rows as high as the font.
+    /// Takes away the side heading and makes the rows as high as the font.
     void SetUpRows();
-    /// Makes the columns. Where no width is stored, or none that can be, the computed one is taken.
+    /// Makes the columns. A column without a stored width that a person could have dragged gets the computed one.
     void SetUpColumns(const std::vector<int>& computed_widths);
     /// Sorts by a column, the other way round if it is sorted by that already.
     void SortByHeading(int column);

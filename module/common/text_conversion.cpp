@@ -25,7 +25,7 @@ TextEncoding encoding_of(std::string_view bytes) {
     return !base::is_ascii(bytes) && base::valid_utf8(bytes) ? TextEncoding::utf8 : TextEncoding::system_code_page;
 }
 
-/// What the encoding alone makes of a text; nothing when it lacks a character.
+/// The text in the encoding, without a look at how it would be read again; nothing when the encoding lacks a character.
 std::optional<std::string> encoded(std::wstring_view text, TextEncoding encoding) {
     switch (encoding) {
         case TextEncoding::utf8:

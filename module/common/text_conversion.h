@@ -20,8 +20,8 @@ struct DecodedText {
 DecodedText decoded_text(std::string_view bytes);
 std::wstring text_from_file_bytes(std::string_view bytes);
 
-/// The bytes of a text file in an encoding. What could not be read back from them as it is, since the code page lacks a
-/// character or the bytes would pass for another encoding, becomes UTF-8 behind a byte-order mark.
+/// The bytes of a text file in an encoding. A text that these bytes would not give back (the code page lacks a
+/// character, or the bytes pass for another encoding) becomes UTF-8 behind a byte-order mark instead.
 std::string file_bytes_from_text(std::wstring_view text, TextEncoding encoding = TextEncoding::system_code_page);
 
 }  // namespace corvanes

@@ -15,7 +15,7 @@ namespace corvanes {
 std::optional<std::wstring> read_text_file(const std::filesystem::path& path);
 
 /// Puts the text in the file's place, encoded whole beforehand; line ends stand in the text as they are to be written.
-/// False when it could not be written: then what was there before is there still.
+/// False when it could not be written: then the old file is still there.
 bool write_text_file(const std::filesystem::path& path, std::wstring_view text,
                      TextEncoding encoding = TextEncoding::system_code_page);
 

@@ -18,7 +18,7 @@ constexpr int tick_space = 5;
 // Ticks are no closer than this, in pixels.
 constexpr int least_tick_distance = 3;
 
-// What the label says of the gauge.
+// The settings of a gauge, as the cell's label gives them.
 struct Gauge {
     explicit Gauge(const ControlScene& scene)
         : range(range_from_label(scene.label())),
@@ -73,7 +73,7 @@ void draw_ticks(CDC& dc, const Gauge& gauge, const ControlScene& scene, const Bo
     }
 }
 
-// Each below its place, within the cell; one that would touch the number before it is left out.
+// Draws each number below its mark, within the cell. A number that would touch the one before it is left out.
 void draw_numbers(CDC& dc, const Gauge& gauge, const ControlScene& scene, const Box& numbers, const CellLook& look) {
     int free_from = numbers.left;
     for (const double mark : scale_marks(gauge.range, gauge.numbers, numbers.width() / least_tick_distance)) {

@@ -6,7 +6,7 @@ namespace {
 
 constexpr int arrow_margin = 4;
 
-// The first direction that the options have, as a part; 0 for none.
+// The first direction among the cell's options, as the number of a part; 0 when there is none.
 int direction_of(const CUGCell& cell) {
     for (const ArrowDirection direction : {arrow_up, arrow_down, arrow_left, arrow_right}) {
         if ((cell.GetCellTypeOptions() & direction) != 0) {

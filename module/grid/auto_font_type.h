@@ -9,7 +9,7 @@ class CUGAutoFontType : public corvanes::ControlType {
     const wchar_t* GetName() const override { return L"Auto Font Type"; }
     // Whether even the smallest size is too large.
     bool CutsText(CDC& dc, const RECT& rect, const CUGCell& cell) const override;
-    // That of the text in the grid's font.
+    // The size of the text in the grid's own font.
     SIZE BestSize(CDC& dc, const CUGCell& cell) const override;
 
   protected:

@@ -15,7 +15,7 @@ BlockArena::Handle BlockArena::allocate(std::size_t units) {
     }
     if (filled_units_ + units > chunk_units) {
         filling_ = add_chunk(chunk_units);
-        // Unit 0 of the first chunk would have the handle that means none.
+        // Unit 0 of the first chunk stays unused, since its handle would be `none`.
         filled_units_ = filling_ == 0 ? 1 : 0;
     }
     const Handle block = (filling_ << unit_bits) | static_cast<Handle>(filled_units_);
@@ -38,7 +38,7 @@ std::uint32_t BlockArena::add_chunk(std::size_t units) {
     std::unique_ptr<std::byte[]> memory(new std::byte[units * unit_size]);
     std::uint32_t index;
     if (vacant_chunks_.empty()) {
-        // Releasing a block must not have to allocate.
+        // This room is reserved here so that releasing a block never allocates.
         vacant_chunks_.reserve(chunks_.size() + 1);
         index = static_cast<std::uint32_t>(chunks_.size());
         chunks_.push_back(std::move(memory));

@@ -4,7 +4,7 @@ using namespace corvanes;
 
 namespace {
 
-// Around the face, where a selected cell shows its colour; and from there to the caption.
+// Pixels around the face, where a selected cell shows its colour, and from the face's edge to the caption.
 constexpr int face_margin = 2;
 constexpr int caption_margin = 4;
 

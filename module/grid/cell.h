@@ -18,7 +18,7 @@ enum CellProperty : std::uint32_t {
 // What a cell's text stands for. Number, boolean and currency cells compare by their numeric value.
 enum CellDataType : std::int16_t { data_text = 1, data_number = 2, data_boolean = 3, data_currency = 5 };
 
-// A text that is either a copy of its own or a view of one that someone else keeps.
+// A text that is either a copy of its own or a view of a text that its owner keeps.
 class HeldText {
   public:
     HeldText() = default;
@@ -45,7 +45,7 @@ class CUGCell {
   public:
     // A null text is taken as an empty one. The data type becomes text.
     void SetText(const wchar_t* text);
-    // As SetText without the copy: `text` must outlive the record's use of it.
+    // Sets the text without copying it: `text` must outlive the record's use of it.
     void BorrowText(const wchar_t* text);
     // Null when the cell has no text.
     const wchar_t* GetText() const { return text_.get(); }

@@ -1,4 +1,4 @@
-// Which cell of a grid, and what it is to become.
+// CellAddress, the place of a cell in a grid, and CellChange, a cell with the text that it is to have.
 #pragma once
 
 #include <string>

@@ -11,8 +11,8 @@ namespace corvanes {
 
 class CellGrid;
 
-// How many cells have another text now; nothing when the changes were refused, which one message has told. Rows beyond
-// the last one are appended. No edit may be open.
+// Makes the changes and returns how many cells have another text now. Nothing when the changes were refused; then one
+// message has told why. Rows beyond the last one are appended. No edit may be open.
 std::optional<std::size_t> change_cells(CellGrid& grid, std::vector<CellChange> changes);
 
 }  // namespace corvanes

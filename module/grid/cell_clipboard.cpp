@@ -15,7 +15,7 @@ namespace corvanes {
 
 namespace {
 
-// A table of more bytes is left out: a spreadsheet reads the text, and sooner.
+// A table of more bytes is left out: a spreadsheet then reads the plain text, which is faster.
 constexpr std::size_t largest_table = 8'000'000;
 
 CellBlock selected_block(const CellGrid& grid) {

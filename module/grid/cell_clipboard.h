@@ -1,4 +1,4 @@
-// A grid's cells and the clipboard.
+// Copies a grid's cells to the clipboard and pastes them from it.
 #pragma once
 
 namespace corvanes {
@@ -6,8 +6,8 @@ namespace corvanes {
 class CellGrid;
 
 // Copies the selected cells that are shown (the current one, when none is selected), as a text of tabs and lines and,
-// up to a size that spreadsheets still read quickly, as a table; `headings` puts those of the columns above. False when
-// there are none or the clipboard is not to be had; then the system's sound is heard.
+// up to a size that spreadsheets still read quickly, as a table; with `headings` the columns' headings come first.
+// Returns false, with the system's beep, when there are no such cells or the clipboard cannot be opened.
 bool copy_cells(CellGrid& grid, bool headings);
 
 // Takes the clipboard's text as cells, from the first selected cell on, or the current one, in the columns that are

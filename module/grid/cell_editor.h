@@ -1,4 +1,4 @@
-// The seam between the grid and the windows in which a cell's text is edited.
+// CellEditor and CellEditOwner, through which the grid and the windows that edit a cell's text talk to each other.
 #pragma once
 
 #include <afxwin.h>

@@ -65,14 +65,14 @@ class CellGrid : public CWnd, public CUGNotifications {
     virtual int MoveCurrentCell(int column, int row) = 0;
 
     // A cell type takes hold of one of its cells, whose control looks pressed from then on, until the button or the key
-    // that it came from is released: the pointer's moves and that release are the type's.
+    // that it came from is released: until then the pointer's moves and the release go to the type.
     void HoldCell(CellHold hold);
     // Null while no cell is held.
     CellHold* HeldCell() { return hold_ ? &*hold_ : nullptr; }
-    // Ends the hold, if there is one, without a word to its type.
+    // Ends the hold, if there is one, without telling its type.
     std::optional<CellHold> TakeHold();
-    // Changes when rows or columns move or go, and when the window does: a cell's place that was kept from before may
-    // be another's.
+    // A number that changes when rows or columns move or are removed, and when the window moves. A cell's place that
+    // was kept from before a change may belong to another cell.
     unsigned arrangement() const { return arrangement_; }
     void CellsRearranged();
 
@@ -88,7 +88,7 @@ class CellGrid : public CWnd, public CUGNotifications {
     virtual void GoOnFromEdit(UINT key) = 0;
     // Gives the focus to the open editor when the next message is processed.
     virtual void RefocusEditor() = 0;
-    // Where a click into `cell` of the painting area opened an editor: its caret goes there.
+    // Puts the caret of the open editor to `point`, the click into `cell` of the painting area that opened it.
     virtual void PointInEditor(POINT point, const RECT& cell) = 0;
     // Whether Return in a cell moves to the next row, instead of pressing the dialog's default button.
     virtual bool TakesReturn() const { return false; }
@@ -103,7 +103,7 @@ class CellGrid : public CWnd, public CUGNotifications {
     GridState state_;
     CUGMem memory_;
     CUGDataSource* source_ = &memory_;
-    HFONT font_ = nullptr;  // someone else's
+    HFONT font_ = nullptr;  // not owned
 
   private:
     template <class Change>

@@ -15,7 +15,7 @@ struct CellHold {
     int part;                                         // as the type numbers them
     bool by_key = false;                              // else by the left button
     bool over = true;                                 // the pointer is over the part
-    int grip = 0;                                     // where on the part it was taken hold of, in pixels
+    int grip = 0;                                     // pixels between the part's left edge and the pointer
     std::optional<std::wstring> text = std::nullopt;  // shown as the cell's text meanwhile
 };
 

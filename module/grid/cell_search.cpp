@@ -107,7 +107,7 @@ class CellWalk {
     long long place_of(const SearchSpace& space, CellAddress from) const {
         const auto beside = std::lower_bound(space.columns.begin(), space.columns.end(), from.column);
         const bool in_column = beside != space.columns.end() && *beside == from.column;
-        // Of a column that is not looked at, the walk down begins with the cell to the right of it.
+        // From a column that is not searched, the walk down begins with the next searched column to the right.
         const long long before = in_column || up_ ? 0 : 1;
         return static_cast<long long>(from.row) * columns_ + (beside - space.columns.begin()) - before;
     }

@@ -40,7 +40,7 @@ CellStyles::Index CellStyles::acquire(const CellStyle& style) {
     if (vacant_.empty()) {
         index = static_cast<Index>(entries_.size());
         entries_.emplace_back();
-        // Releasing a style must not have to allocate.
+        // This room is reserved here so that releasing a style never allocates.
         vacant_.reserve(entries_.capacity());
     } else {
         index = vacant_.back();

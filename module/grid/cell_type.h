@@ -64,7 +64,7 @@ class CUGCellType {
     virtual bool OnLeftClick(corvanes::CellGrid& grid, const corvanes::CellPlace& place, int updn, POINT point);
     virtual bool OnKeyDown(corvanes::CellGrid& grid, const corvanes::CellPlace& place, UINT key);
     virtual bool OnCharDown(corvanes::CellGrid& grid, const corvanes::CellPlace& place, UINT character);
-    // The wheel turned by whole notches, away from the person above 0, over the current cell; 0 while parts of a notch
+    // The wheel turned over the current cell by whole notches: above 0 away from the person, 0 while parts of a notch
     // add up. False leaves it to the grid, which scrolls.
     virtual bool OnWheel(corvanes::CellGrid& grid, const corvanes::CellPlace& place, int notches);
 

@@ -65,7 +65,7 @@ int ColumnLayout::nearest_shown(int column) const {
     if (!contains(column) || shows(column)) {
         return column;
     }
-    // A hidden column ends where it begins: the one shown there stands to its right.
+    // A hidden column has no width, so the column shown at its left edge is the next one to its right.
     const int right = at(left(column));
     return right >= 0 ? right : last_shown() >= 0 ? last_shown() : column;
 }

@@ -11,7 +11,8 @@ class ColumnLayout {
   public:
     static constexpr int most_columns = 32000;
     static constexpr int default_width = 75;
-    // The narrowest that a border is dragged, so that it can be taken hold of again; the widest that any screen shows.
+    // The limits, in pixels, of a width that a person drags. A narrower column could not be taken hold of again; no
+    // screen shows a wider one.
     static constexpr int narrowest_column = 8;
     static constexpr int widest_column = 8192;
 

@@ -1,4 +1,4 @@
-// What the controls in cells are drawn with: faces of buttons, arrows, wells for bars, fonts for a while.
+// Draws what controls in cells consist of (button faces, arrows, wells for bars), and restores a context afterwards.
 #pragma once
 
 #include <afxwin.h>
@@ -11,7 +11,7 @@
 
 namespace corvanes {
 
-// As the options of a CUGArrowType cell name them.
+// The values are option bits of a CUGArrowType cell.
 enum ArrowDirection : std::uint32_t { arrow_up = 1, arrow_down = 2, arrow_left = 4, arrow_right = 8 };
 
 // The lines of pixels of an arrow's triangle, from its tip to its base, and the length of the base.

@@ -13,13 +13,13 @@ namespace corvanes {
 using Box = LayoutRect;
 
 bool holds(const Box& box, int x, int y);
-// The same part in a cell that goes the other way; also from there back.
+// The place of the part when the cell is laid out in the other direction. Applied twice, it gives the part back.
 Box mirrored(const Box& part, const Box& cell);
 int mirrored_x(int x, const Box& cell);
 
-// Less by so much at each side; at least an empty box in the middle.
+// The box made smaller by so much at each side; an empty box in the middle when nothing would be left.
 Box deflated(const Box& box, int by_x, int by_y);
-// The strip at the end of a cell that holds its button, at most so wide; and what it leaves to the text.
+// The strip at the end of a cell that holds its button, at most `width` wide; and the rest of the cell, for the text.
 Box end_strip(const Box& cell, int width);
 Box before_end(const Box& cell, int width);
 // A box of this size, or less, in the middle of another.
@@ -57,7 +57,7 @@ ChoiceGrid choice_grid(int count, int height, int line_height);
 // The boxes of the choices, as wide as the widest of their column; those beyond the cell's end are left out.
 std::vector<Box> choice_boxes(const Box& cell, int count, int line_height, const std::function<int(int)>& width_of);
 // The choice that so many columns and rows away lies; one off an end goes on at the other. `now` is -1 for none, which
-// leads to the first. Nothing else lies there: `now`.
+// leads to the first. `now` when no other choice lies there.
 int next_choice(const ChoiceGrid& grid, int count, int now, int columns, int rows);
 
 }  // namespace corvanes

@@ -151,7 +151,7 @@ void ControlType::Notify(CellGrid& grid, const CellPlace& place, int part, const
 }
 
 bool ControlType::ChangeText(const Target& target, const std::wstring& text, int part) const {
-    // Kept whatever happens to the cell.
+    // This is a copy, because storing the text may remove the cell.
     const CellPlace place = target.place;
     CellGrid& grid = target.grid;
     if (text == target.scene.text() || !grid.OfferCellText(place.column, place.row, text.c_str())) {

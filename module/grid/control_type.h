@@ -61,7 +61,7 @@ class ControlType : public CUGCellType {
     // Parts count from 1.
     static constexpr int no_part = 0;
     static constexpr int first_part = 1;
-    // Of a cell whose parts are many: what the keyboard acts on.
+    // Stands for what the keyboard acts on in a cell with several parts.
     static constexpr int all_parts = -1;
 
     // An event, as it comes to one cell.

@@ -1,6 +1,6 @@
-// The list that a drop-list cell opens: a combo box laid over the cell for as long as one chooses. Letters typed one
-// soon after another lead to the item that begins with them, the same letter again to the next such item;
-// Backspace begins anew.
+// The list that a drop-list cell opens: a combo box laid over the cell while a person chooses. Letters typed one soon
+// after another lead to the item that begins with them, the same letter again to the next such item; Backspace begins
+// anew.
 #pragma once
 
 #include <afxwin.h>

@@ -36,7 +36,7 @@ bool CUGDropListType::OnLeftClick(CellGrid& grid, const CellPlace& place, int up
     if (::PtInRect(&strip, point) == 0) {
         return false;
     }
-    // On the way up: the list would take the button's release for a choice.
+    // The list opens when the button comes up: an open list would take the release for a choice.
     if (updn == 0) {
         grid.OpenDropList(place.column, place.row);
     }

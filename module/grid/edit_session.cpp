@@ -98,7 +98,7 @@ void EditSession::point_at(POINT point, const RECT& clicked) {
         const bool at_right = grid_.state().columns.aligned_right(column_) || type.TextAtRight(cell);
         const LONG before_text = at_right ? indent(shown, text.GetString()) : 0;
         if (point.x < shown.left + before_text) {
-            return;  // beside a text that stands at the right: the caret is at its end already
+            return;  // the click was beside a text at the right edge, and the caret is at its end already
         }
         point.x += edited.left - shown.left - before_text;
     }

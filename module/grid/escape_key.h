@@ -1,4 +1,4 @@
-// Escape as the end of a work that takes long.
+// Lets a person end long work by Escape.
 #pragma once
 
 #include <windows.h>

@@ -47,7 +47,7 @@ class FindDialog : public MemoryDialog {
     void Show(CellAddress cell);
     // The window that the grid is in.
     HWND Below() const;
-    // Away from the cell, when it lies under this window.
+    // Moves this window away when it covers the cell.
     void Uncover(CellAddress cell);
     // Shows a message over this window, or over the grid's; the dialog below waits.
     int Say(const std::wstring& text, const wchar_t* caption, UINT kind);

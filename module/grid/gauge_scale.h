@@ -10,7 +10,7 @@
 
 namespace corvanes {
 
-// Reaches from the end of the band before, or from the least value.
+// A range of values in one colour. It begins at the end of the band before it; the first begins at the least value.
 struct GaugeBand {
     double end;
     PixelColor color;

@@ -19,10 +19,10 @@ enum class GridCommand {
     sort,
     hide_column,
     print,
-    show_column,  // of column -1: all that are hidden
+    show_column,  // column -1 stands for all hidden ones
 };
 
-// What does the commands, as the grid's windows know it.
+// Carries out commands; the grid's windows know it by this interface.
 class CommandTarget {
   public:
     // A key that went down in the painting area, with what else is held; true when it stands for a command.
@@ -31,14 +31,14 @@ class CommandTarget {
     virtual void SysKeyDown(UINT key) = 0;
     // A printable character that was typed in the painting area.
     virtual void CharDown(wchar_t character) = 0;
-    // `column`: for those that are about one.
+    // `column` matters to the commands that are about one.
     virtual void Run(GridCommand command, int column) = 0;
     // Asks with a menu at a point of the screen and runs what was chosen; `column` is the one that was pointed at, or
     // -1.
     virtual void ShowMenu(CWnd& window, POINT point, int column) = 0;
-    // Shows what is selected, added up, or takes that away.
+    // Shows the sum of the selected numbers below the grid, or removes it when there is none.
     virtual void ShowStatus() = 0;
-    // Whether that is due after the grid was painted.
+    // Whether ShowStatus is to be called soon after the grid was painted.
     virtual bool StatusDue() const = 0;
 
   protected:

@@ -34,7 +34,7 @@ class GridPane : public CWnd {
 
     void OnPaint();
     BOOL OnEraseBkgnd(CDC* dc);
-    // The grid's, in whatever part of it the pointer is.
+    // Hands the wheel to the grid, whichever of its windows the pointer is over.
     LRESULT OnWheel(WPARAM turn, LPARAM point);
     DECLARE_MESSAGE_MAP()
 

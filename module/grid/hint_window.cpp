@@ -14,7 +14,7 @@ namespace {
 // No line of a hint is wider, in pixels; a longer one is broken at blanks.
 constexpr int widest_line = 600;
 constexpr int frame = 1;
-// Between a cell and its hint, in pixels.
+// Pixels between a cell and its hint.
 constexpr int distance = 2;
 
 RECT work_area(const RECT& near_place) {
@@ -77,7 +77,7 @@ BOOL HintWindow::OnEraseBkgnd(CDC*) {
     return TRUE;
 }
 
-// Clicks are for what lies below.
+// Clicks go through to the window below.
 LRESULT HintWindow::OnHitTest(WPARAM, LPARAM) {
     return HTTRANSPARENT;
 }

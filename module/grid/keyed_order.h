@@ -8,7 +8,7 @@
 
 namespace corvanes {
 
-// What an order has read of a cell; what the fields hold is between its two operations.
+// What an order has read of a cell. Only the order's own two operations give the fields a meaning.
 struct SortKey {
     const wchar_t* text = nullptr;  // the cell's own, which outlives the sort
     double number = 0;

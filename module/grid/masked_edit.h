@@ -13,7 +13,7 @@
 // The caret begins at the end, or where the click was that opened the editor.
 class CUGMaskedEdit : public CUGMultiEdit, public corvanes::CellEditor {
   public:
-    // How an empty cell is begun; when nothing is said, as the keyboard's language goes.
+    // Sets the direction in which the text of an empty cell begins; without one it follows the keyboard's language.
     void SetDirectionWhenEmpty(std::optional<corvanes::ParagraphDirection> direction) {
         direction_when_empty_ = direction;
     }
@@ -31,16 +31,17 @@ class CUGMaskedEdit : public CUGMultiEdit, public corvanes::CellEditor {
     DECLARE_MESSAGE_MAP()
 
   private:
-    // Up and Down, where they lead to the row above or below.
+    // Whether the key is Up or Down and leads to the row above or below.
     bool LeavesToRow(UINT key) const;
     corvanes::ParagraphDirection first_direction(std::wstring_view text, UINT key) const;
-    // A direction that the person did not choose.
+    // Sets a direction that the person did not choose.
     void TakeDirection(corvanes::ParagraphDirection direction);
 
     std::optional<corvanes::ParagraphDirection> direction_when_empty_;
     bool taking_direction_ = false;
     bool direction_chosen_ = false;  // by the person, in this edit
-    // The text given, and how the editor has it: it knows fewer kinds of line ends. Untouched it goes back as it came.
+    // The text as it was given, and as the editor holds it: the editor knows fewer kinds of line ends. A text that
+    // nobody edited is given back as it came.
     CString given_;
     std::wstring begun_;
     // Null while no edit is going on.

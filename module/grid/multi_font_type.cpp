@@ -43,7 +43,8 @@ SIZE CUGMultiFontType::BestSize(CDC& dc, const CUGCell& cell) const {
     return {text.cx + 2 * cell_text_margin, std::max<LONG>(text.cy, font_height(dc))};
 }
 
-// Runs lie where their line puts them, whichever way it goes: the point is taken back from the layout.
+// Runs are laid out in the window's own coordinates, never mirrored, so the layout's point is turned back into the
+// window's.
 int CUGMultiFontType::PartAt(CDC& dc, const ControlScene& scene, POINT point) const {
     const POINT in_window = scene.laid_out(point);
     const RunLayout layout(dc, scene.text(), scene.label());

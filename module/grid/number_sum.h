@@ -13,7 +13,7 @@ std::optional<double> plain_number(std::wstring_view text);
 
 class NumberSum {
   public:
-    // Texts that are no plain numbers count nothing.
+    // Adds the number; a text that is no plain number is ignored.
     void add(std::wstring_view text);
     // "Count: 2   Sum: 12.50" for two or more numbers, with as many decimals as the number that has the most of them;
     // else empty.

@@ -91,7 +91,7 @@ void PagePainter::PlanPages() {
     for (int row = 0; row < grid_.GetRowCount(); ++row) {
         heights_.push_back(height_of(row));
     }
-    // Above and below: the titles and the page's number, each with a line's distance.
+    // The titles above and the page's number below take a line each, and a line of distance each.
     const int lines = 4 * line_height_;
     pages_ = rows_of_pages(heights_, static_cast<int>(body_.bottom - body_.top) - lines - heading_height);
     heights_.insert(heights_.begin(), heading_height);
@@ -111,7 +111,7 @@ void PagePainter::Paint(int page) {
               body_.bottom - line_height_, DT_CENTER);
 }
 
-// The row's lower edge.
+// Paints a row from `top` on and returns its lower edge.
 int PagePainter::PaintRow(int row, int top) {
     const bool heading = row == heading_row;
     const int bottom = top + heights_[row + 1];

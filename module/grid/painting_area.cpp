@@ -82,7 +82,7 @@ void CUGGrid::RedrawRow(int row) {
 
 void CUGGrid::Paint(CDC& dc, const RECT& dirty) {
     if (grid().Commands().StatusDue()) {
-        // Once the selection has stood for a moment: it may be a million cells.
+        // The sum is made once the selection has not changed for a moment: it may be of a million cells.
         constexpr UINT moment = 150;  // milliseconds
         SetTimer(status_timer, moment);
     }
@@ -273,7 +273,7 @@ void CUGGrid::OnTimer(UINT_PTR timer) {
     }
 }
 
-// A menu is for the selection that it is asked over, or else for the cell under the pointer.
+// A menu asked for over the selection is for the selection; elsewhere the cell under the pointer is selected first.
 LRESULT CUGGrid::OnRightDown(WPARAM, LPARAM point) {
     hint_.Hide();
     if (grid().TakeFocus(*this)) {

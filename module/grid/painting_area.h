@@ -13,14 +13,14 @@ class CUGGrid : public corvanes::GridPane {
     // In pixels of this window, without the grid lines: from left to right only what is visible, so that texts and
     // editors keep to that, downwards also beyond the window's edge. Empty when nothing of the cell is visible.
     RECT CellRectangle(int column, int row) const;
-    // The cell at a point; -1 for each of the two that the point misses.
+    // The column and the row at a point; -1 for one that the point misses.
     void CellAt(POINT point, int* column, int* row) const;
     void RedrawCell(int column, int row);
     void RedrawRow(int row);
 
   protected:
     void Paint(CDC& dc, const RECT& dirty) override;
-    // A hint tells of a cell as it was.
+    // A hint that is open would show the cell's former text.
     void OnContentChanged() override { hint_.Hide(); }
 
     void OnLButtonDown(UINT keys, CPoint point);
@@ -55,7 +55,7 @@ class CUGGrid : public corvanes::GridPane {
     // Where the held cell is now.
     corvanes::CellPlace PlaceOf(const corvanes::CellHold& hold) const;
     void WaitToHoldOn();
-    // The held control does once more what it does.
+    // Lets the held control repeat its step.
     void HoldOn();
     void ReleaseHold(const corvanes::CellHold& hold, POINT point);
     // The type of the current cell acts on a wheel above it. False when the wheel is the grid's.

@@ -25,7 +25,7 @@ struct RunPiece {
 // texts in one font do.
 class RunLayout {
   public:
-    // Of the text and its label, in fonts derived from the one that `dc` has selected.
+    // Lays out the text with the styles that the label gives, in fonts derived from the one that `dc` has selected.
     RunLayout(CDC& dc, std::wstring_view text, std::wstring_view label);
 
     // In pixels, without margins.

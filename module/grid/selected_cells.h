@@ -23,7 +23,7 @@ struct CellBlock {
     bool operator==(const CellBlock&) const = default;
 };
 
-// Without a selection that of the current cell; empty where there is none, or nothing of it is shown.
+// The selected cells that are shown; without a selection the current cell. Empty when there is none, or none is shown.
 CellBlock selected_block(const Selection& selection, const ColumnLayout& columns, CellAddress current);
 
 // Calls visit(CellAddress) for the cells of a block, row by row, and end_row() behind each row.

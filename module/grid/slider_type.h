@@ -30,6 +30,6 @@ class CUGSliderType : public corvanes::ControlType {
     bool OnControlWheel(const Target& target, int notches) override;
 
   private:
-    // True: the key or the wheel was the slider's, whatever came of it.
+    // Always returns true: the key or the wheel was meant for the slider, even when the value stays.
     bool StepBy(const Target& target, int steps) const;
 };

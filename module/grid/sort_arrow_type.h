@@ -15,6 +15,6 @@ class CUGSortArrowType : public CUGCellType {
   public:
     const wchar_t* GetName() const override { return L"Sort Arrow Type"; }
     void OnDraw(CDC& dc, const RECT& rect, const CUGCell& cell, const corvanes::CellLook& look) override;
-    // With the arrow's place, also while there is none, so that a sort does not cut the heading.
+    // The size includes the arrow's place even while no arrow is shown, so that a sort does not cut the heading.
     SIZE BestSize(CDC& dc, const CUGCell& cell) const override;
 };

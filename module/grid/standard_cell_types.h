@@ -21,7 +21,7 @@ namespace corvanes {
 
 class StandardCellTypes {
   public:
-    // By their StandardCellType.
+    // The types, indexed by StandardCellType.
     std::array<CUGCellType*, standard_cell_types> all() {
         return {
             &normal_, &drop_list_, &check_box_,         &arrow_,     &button_,     &ellipsis_, &spin_button_, &slider_,

@@ -12,11 +12,11 @@ class StripType : public ControlType {
     SIZE BestSize(CDC& dc, const CUGCell& cell) const override;
 
   protected:
-    // In pixels; 0 for a cell without the part.
+    // The strip's width in pixels; 0 for a cell without the part.
     virtual int StripWidth(const CUGCell& cell) const = 0;
     // Draws the part into its strip, which is where the window has it.
     virtual void DrawStrip(CDC& dc, const ControlScene& scene, const Box& strip, const CellLook& look) const = 0;
-    // The same for a point of the layout, which lies in the strip.
+    // The part at a point of the layout that lies in the strip.
     virtual int StripPartAt(const ControlScene& scene, const Box& strip, POINT point) const = 0;
 
     void Draw(CDC& dc, const ControlScene& scene, const CellLook& look) const final;

@@ -1,4 +1,4 @@
-// A text whose parts have fonts and colours of their own, as a label tells them. Pure.
+// Runs of a text, each with a font and a colour of its own, read from a cell's label. Pure.
 #pragma once
 
 #include <cstddef>

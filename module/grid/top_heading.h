@@ -7,7 +7,7 @@ class CUGTopHdg : public corvanes::GridPane {
   public:
     // In pixels of this window; empty when the column is not visible.
     RECT CellRectangle(int column) const;
-    // As a click on the column's heading.
+    // Does what a click on the column's heading does.
     void ClickColumn(int column);
 
   protected:

@@ -12,7 +12,7 @@ class TypedWord {
     void add(wchar_t letter, unsigned long long time);
     // In lower case.
     const std::wstring& letters() const { return letters_; }
-    // One letter again and again: it may stand for the next thing that begins with it.
+    // Whether one letter was typed again and again: it may stand for the next thing that begins with it.
     bool is_one_letter() const { return letters_.find_first_not_of(letters_.front()) == std::wstring::npos; }
 
   private:

@@ -28,7 +28,7 @@ bool is_drawing(std::string_view bytes) {
     return code == "0" && take_line(bytes) == "SECTION";
 }
 
-/// Bytes that no text holds, but for a few stray ones.
+/// Whether there are more control bytes than the few that may stray into a text.
 bool is_binary(std::string_view bytes) {
     constexpr size_t looked_at = 1U << 16;
     bytes = bytes.substr(0, looked_at);

@@ -10,7 +10,7 @@
 namespace corvanes {
 namespace {
 
-/// Nothing after an alert, which names the file and the reason.
+/// The text of a price list; nothing after an alert, which names the file and the reason.
 std::optional<DecodedText> decoded_price_list(const wchar_t* path) {
     const auto contents = base::FileContents::read(path);
     if (!contents) {

@@ -22,7 +22,7 @@ int LoadPriceList(const wchar_t* path, const wchar_t* mode, const std::function<
 std::optional<std::wstring> read_price_list(const wchar_t* path);
 
 /// Replaces the file by one line per row; rows whose texts are all empty are left out. Returns 1, or 0 after an alert
-/// when the file cannot be written; what was there before is there still.
+/// when the file cannot be written; then the old file is still there.
 int SavePriceList(const wchar_t* path, const std::vector<PriceListEntry>& rows,
                   TextEncoding encoding = TextEncoding::system_code_page);
 

@@ -21,7 +21,8 @@ class LineReader {
             return take(feed + 1);
         }
         if (return_before && feed <= longest_line) {
-            // What follows the carriage return's place is the line feed itself: the caller cuts it unseen.
+            // The view ends in the carriage return, in the place of a line feed; the caller cuts the last character
+            // without a look at it.
             const std::wstring_view line = take(feed + 1);
             return line.substr(0, line.size() - 1);
         }

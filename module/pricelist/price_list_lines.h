@@ -24,7 +24,7 @@ constexpr size_t longest_line = 999;
 /// on the stop character and the result is 0.
 int TakeField(std::wstring_view& cursor, std::wstring_view& destination, wchar_t separator);
 
-/// What a reading came to.
+/// How many lines a reading handed on, and how many it dropped.
 struct PriceListCounts {
     size_t entries = 0;  ///< handed on
     size_t dropped = 0;  ///< lines without a name or a price, and a last line without a line end
@@ -43,10 +43,10 @@ struct PriceListLine {
     LineFate fate;
 };
 
-/// Tells of every line, as read_entries takes it, in file order. The texts are views into `text`.
+/// Calls back for every line, with what read_entries makes of it, in file order. The texts are views into `text`.
 void read_lines(std::wstring_view text, const std::function<void(const PriceListLine&)>& handler);
 
-/// What would be lost of an entry when its line is read again: the format has no way to write it.
+/// What the format cannot write of an entry, so that reading the line again would lose it.
 enum class EntryLoss { nothing, separator, line_end, length };
 EntryLoss loss_on_reading(const PriceListEntry& entry);
 

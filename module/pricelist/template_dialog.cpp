@@ -115,7 +115,8 @@ bool BlockPriceDialog::edit_is_over() {
     if (!grid_.IsEditing()) {
         return true;
     }
-    // A button that took the focus has tried to end the edit already; the title bar has not.
+    // A button that took the focus has tried to end the edit already. A click on the title bar takes no focus, so the
+    // edit may still be open.
     const HWND focus = ::GetFocus();
     const bool focus_left = ::IsChild(m_hWnd, focus) != 0 && ::IsChild(grid_.m_hWnd, focus) == 0;
     return !focus_left && grid_.FinishEdit();
@@ -165,7 +166,7 @@ void BlockPriceDialog::attach_grid() {
 
 void BlockPriceDialog::go_on_in_grid() {
     if (grid_attached_) {
-        // As Tab does: Return is the default button's again.
+        // The focus moves as Tab moves it, which makes the dialog's own default button the default again.
         GotoDlgCtrl(&grid_);
     }
 }

@@ -44,7 +44,7 @@ class BlockPriceDialog : public CDialog, public TemplateGridOwner {
     void OnClose() { Close(); }
     HBRUSH OnCtlColor(CDC* context, CWnd* control, UINT kind);
 
-    /// A button that is disabled hands the focus on to the grid: keys would go nowhere.
+    /// Enables or disables a button. A disabled one hands the focus on to the grid, since its keys would go nowhere.
     void enable(CButton& button, bool on);
     /// Ends an open edit, so that what was typed counts. False when that is refused: then the edit goes on.
     bool edit_is_over();

@@ -64,7 +64,7 @@ void MyCug::OnGridHeadingClick(int column, long, int updn, RECT*, POINT*, int) {
     }
     clear_status();
     SortByHeading(column);
-    // The next button or key acts on the current row: it must be seen.
+    // The current row is scrolled into view, because the next button or key acts on it.
     EnsureVisible(GetCurrentColumn(), GetCurrentRow());
     RedrawAll();
 }
@@ -105,7 +105,7 @@ int MyCug::OnGridEditFinish(int column, long row, CWnd*, LPCWSTR new_text, BOOL 
     sorting_allowed_ = true;
     modified_ = true;
     dialog_.enable_save(true);
-    // A cancelled edit brings no new name: a list that was read with a name twice can be left as it is.
+    // A cancelled edit brings no new name, so a name that the list already held twice is not refused here.
     const bool may_be_twice = column != name_column || new_text[0] == L'\0' || cancelled != 0;
     if (may_be_twice || IsNameUnique(new_text, row) == 1) {
         if (status_cell_ == std::pair(column, row)) {

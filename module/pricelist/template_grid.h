@@ -37,7 +37,7 @@ class MyCug : public SortingGrid {
     void ClearAll();
     /// Appends an empty row with the price 0 and makes its name current.
     void AddNewRow();
-    /// The same after `row`; at the end when there is no such row or it is the last.
+    /// Does the same behind `row`, or at the end when there is no such row.
     void InsertRowAfter(long row);
     void AddRowWithData(const wchar_t* name, const wchar_t* price, const wchar_t* description);
 
@@ -51,7 +51,7 @@ class MyCug : public SortingGrid {
     /// True when reading the list again gives every row back whole, or the user saves it all the same; otherwise the
     /// row in question is current.
     bool may_save_losses();
-    /// Tells in the status label of the first price of which only a part is read; nothing is refused.
+    /// Shows in the status label the first price of which only a part is read. It refuses nothing.
     void tell_misread_prices();
     /// Clears the message and the selection that came with it.
     void clear_status();
@@ -74,8 +74,8 @@ class MyCug : public SortingGrid {
     void OnGridCharDown(UINT* character, BOOL processed) override;
     int OnGridEditStart(int column, long row, CWnd** edit) override;
     int OnGridEditFinish(int column, long row, CWnd* edit, LPCWSTR text, BOOL cancelled) override;
-    /// Names are checked as in an edit, all of them as they will be; the first price or text that loses something is
-    /// told.
+    /// Checks the names as an edit does, as they will be after all changes. Shows the first price or text that loses
+    /// something.
     std::wstring OnGridCellsChange(const std::vector<corvanes::CellChange>& changes) override;
     void OnGridRowsAppend(long first, long count) override;
     bool AllowsChanges() const override { return true; }

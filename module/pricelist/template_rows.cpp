@@ -11,7 +11,7 @@ using namespace corvanes;
 
 namespace {
 
-/// How long what refuses nothing is told: nobody has to do anything to make it stop.
+/// How long a notice shows that refuses nothing and that nobody has to answer.
 constexpr int notice_milliseconds = 10000;
 
 /// Rows count from 1 here, as a person counts them.
@@ -19,7 +19,7 @@ std::wstring row_words(long row) {
     return L"Row " + std::to_wstring(row + 1) + L": ";
 }
 
-/// How a price will be read, where only a part of it will; empty for any other.
+/// Tells how a price will be read of which only a part is a number; empty for any other price.
 std::wstring words_of_price(std::wstring_view price, long row) {
     constexpr size_t longest_shown = 20;
     const auto read = price.empty() ? std::nullopt : partly_read_number(price);

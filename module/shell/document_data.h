@@ -5,8 +5,8 @@
 
 #include <map>
 
-/// Holds one T for each document that asked for one, and drops it when the document is about to be destroyed. It hears
-/// of documents from its construction to its destruction.
+/// Holds one T for each document that asked for one, and drops it when the document is about to be destroyed. It
+/// follows the host's documents from its construction to its destruction.
 template <class T>
 class AsdkDataManager final : public AcApDocManagerReactor {
   public:

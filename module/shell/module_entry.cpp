@@ -1,4 +1,4 @@
-// What the operating system and the host call in this module.
+// The entry points that the operating system and the host call in this module.
 #include <afxwin.h>
 #include <rxdefs.h>
 #include <rxdlinkr.h>

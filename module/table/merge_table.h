@@ -19,8 +19,8 @@ class MergeTable {
 
     /// The left edge of a column; of the column after the last, the table's width.
     double columnLeft(int column) const;
-    /// Where a text of `length` characters would begin to stand in the middle of a column, taking a character to fill
-    /// nine tenths of its place.
+    /// The x at which a text of `length` characters begins so that it stands in the middle of a column, when a
+    /// character takes nine tenths of its width.
     double centredTextX(std::size_t length, int column) const;
 
   private:

@@ -26,7 +26,7 @@ AcGePoint3d point_of(TablePoint point) {
     return {point.x, point.y, 0};
 }
 
-/// An object that its owner took is open, and is closed here; one that the owner refused goes.
+/// Closes an object that its owner took, and deletes one that the owner refused. Returns `status`.
 Acad::ErrorStatus added(Acad::ErrorStatus status, std::unique_ptr<AcDbObject> object) {
     if (status == Acad::eOk) {
         object.release()->close();

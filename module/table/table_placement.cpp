@@ -23,7 +23,7 @@ class PlacementVariables {
         acedSetVar(L"ATTREQ", &attribute_requests_);
         acedSetVar(L"CMDECHO", &command_echo_);
         acedSetVar(L"SNAPMODE", &snap_);
-        // Object snap takes what snap held: draughtsmen who work without snap come back to a free pointer.
+        // Object snap gets the value that snap held: who works without snap gets a free pointer back.
         acedSetVar(L"OSMODE", &snap_);
     }
     PlacementVariables(const PlacementVariables&) = delete;
@@ -83,7 +83,7 @@ double rubber_band_scale(TablePoint upper_left, double width, double height) {
             return band.picked_scale();
         }
         if (event.restype != RT3DPOINT && event.restype != RTPOINT) {
-            continue;  // only the pointer brings a place
+            continue;  // only pointer events carry a place
         }
         if (const auto erased = band.move({event.resval.rpoint[0], event.resval.rpoint[1]})) {
             draw_frame(*erased);
@@ -105,7 +105,7 @@ void place_table(const std::wstring& block_name, double width, double height) {
     acutPrintf(L"\nLower right corner (or RETURN): ");
     const double scale = rubber_band_scale({corner[0], corner[1]}, width, height);
     if (block_name.empty()) {
-        return;  // Return in the dialog brings one here without a table
+        return;  // Return in the dialog leads here when no table was built
     }
     acedCommand(RTSTR, L".INSERT", RTSTR, block_name.c_str(), RT3DPOINT, corner, RTREAL, scale, RTREAL, scale, RTSTR,
                 L"0", 0);

@@ -1,4 +1,4 @@
-// Placing the table: its upper-left corner, its size by a rubber band, and the host's own INSERT.
+// Places the table: asks for its corner, sizes it by a rubber band, and inserts it by the host's INSERT command.
 #pragma once
 
 #include <adsdef.h>
