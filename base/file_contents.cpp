@@ -8,7 +8,7 @@
 namespace base {
 namespace {
 
-/// Words for the failures that people meet; the system's own for the rest.
+/// The reason of a failure: words of our own for the failures that people meet, the system's for the rest.
 std::string reason_of(std::error_code error) {
     if (error == std::errc::no_such_file_or_directory) {
         return "no such file";
@@ -44,7 +44,8 @@ Result<FileContents, std::string> FileContents::read(const std::filesystem::path
     FileContents contents;
     if (!error) {
         contents.size_ = static_cast<size_t>(before.size);
-        // Not filled first: the file may be as large as half of the memory. One byte more shows that it has grown.
+        // The memory is not filled with zeros first, since the file may be as large as half of the memory. One byte
+        // more than its size shows whether the file has grown.
         contents.data_.reset(new (std::nothrow) char[contents.size_ + 1]);
         if (!contents.data_) {
             return Failure{"is too large for the memory"};

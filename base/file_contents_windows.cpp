@@ -33,7 +33,7 @@ class WindowsSource final : public FileSource {
         if (size < large) {
             return read_at(0, to, size, error);
         }
-        // Most of the time goes into memory that is new to the process: two threads halve it.
+        // Most of the time is spent on pages that are new to the process; two threads halve it.
         const size_t half = size / 2;
         std::error_code later_error;
         auto later = std::async(std::launch::async, [&] { return read_at(half, to + half, size - half, later_error); });

@@ -19,14 +19,14 @@ constexpr std::string_view temporary_ending = ".tmp";
 constexpr std::string_view hexadecimal = "0123456789abcdef";
 constexpr size_t random_digits = 16;
 
-/// What the names of a target's temporary files begin with: its own name, but not so much of it that theirs would be
-/// longer than a file system takes.
+/// The beginning of the names of a target's temporary files: the target's own name, cut so that theirs are not too long
+/// for a file system.
 PathText stem_of(const std::filesystem::path& name) {
     constexpr size_t longest = 60;
     return PathText(name.native()).substr(0, longest);
 }
 
-/// A name beside the target that nobody else comes upon.
+/// A random name beside the target that no other process chooses.
 std::filesystem::path random_name_beside(const std::filesystem::path& target, std::string_view ending) {
     static thread_local std::random_device source;
     std::uniform_int_distribution<size_t> digit(0, hexadecimal.size() - 1);
@@ -79,7 +79,7 @@ std::unique_ptr<ReplacementFile> create_beside(const std::filesystem::path& targ
     constexpr int tries = 100;
     for (int i = 0; i < tries; ++i) {
         auto file = ReplacementFile::create(random_name_beside(target, temporary_ending), error);
-        // Between its making and its locking another may have taken it for an abandoned one.
+        // Another process may have taken the file for an abandoned one, and removed it, before it was locked.
         if (file && file->lock() && file->is_named()) {
             return file;
         }
@@ -94,7 +94,7 @@ bool is_denial(std::error_code error) {
     return error == std::errc::permission_denied || error == std::errc::operation_not_permitted;
 }
 
-/// A writer in place waits for the one before it.
+/// Locks the target; a process that writes in place waits for one that does so already.
 bool lock_patiently(ReplacementFile& file) {
     constexpr std::chrono::milliseconds pause(10);
     constexpr int tries = 1000;
@@ -122,7 +122,7 @@ FileReplacement::FileReplacement(const std::filesystem::path& target) : target_(
     if (temporary_ && !target_is_new_) {
         take_over();
     } else if (!temporary_ && (!is_denial(error) || target_is_new_)) {
-        status_ = failure(error);  // only who may not make a file here can do without
+        status_ = failure(error);  // only a process that may not make a file here goes on without one
     }
 }
 
@@ -229,7 +229,8 @@ std::error_code FileReplacement::copy(ReplacementFile& target, std::uint64_t beg
     return error ? error : target.flush();
 }
 
-/// The target is damaged: the new contents must not go with this object, nor with the next one for the target.
+/// The target is damaged, so the temporary file with the new contents must stay: neither this object nor the next one
+/// for the target may remove it.
 WriteStatus FileReplacement::keep_for_rescue(std::error_code error) {
     Failure<std::string> status = failure(error);
     if (temporary_) {

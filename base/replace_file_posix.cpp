@@ -32,7 +32,7 @@ class PosixFile final : public ReplacementFile {
         range.l_type = F_WRLCK;
         range.l_start = static_cast<off_t>(lock_offset);
         range.l_len = 1;
-        // A file system without locks has no other machines that write either, or none that could be told from us.
+        // On a file system without locks the file counts as locked: other writers could not be told apart anyway.
         return ::fcntl(descriptor_, F_OFD_SETLK, &range) == 0 || (errno != EAGAIN && errno != EACCES);
     }
 
@@ -80,7 +80,7 @@ class PosixFile final : public ReplacementFile {
         if (::stat(target.c_str(), &old) != 0) {
             return Takeover::whole;
         }
-        // Who may not give the file away may still give it to a group of his own.
+        // A user who may not give the file to its old owner may still give it to a group that he belongs to.
         if (::fchown(descriptor_, old.st_uid, old.st_gid) != 0) {
             [[maybe_unused]] const int group_kept = ::fchown(descriptor_, static_cast<uid_t>(-1), old.st_gid);
         }

@@ -49,8 +49,8 @@ class ReplacementFile {
     virtual std::error_code flush() = 0;
     /// Gives this new file the mode, owner and group of the target, or what the umask asks when there is no target.
     virtual Takeover take_over_from(const std::filesystem::path& target) = 0;
-    /// Gives this file, still open and locked, the name of a target that nothing has, with what the umask asks; an
-    /// error where something has it, were it a link to nothing, or where the system has a better way to do it.
+    /// Gives this file, still open and locked, the name `target` and the mode that the umask asks for. An error when
+    /// something has that name, even a link to nothing, or when the caller is to use rename() on this system.
     virtual std::error_code appear_as(const std::filesystem::path& target) = 0;
     /// Atomically puts this file, still open and locked, in the place of `target`.
     virtual std::error_code rename(const std::filesystem::path& target) = 0;

@@ -33,7 +33,7 @@ std::vector<char> access_list(const std::filesystem::path& path) {
     return list;
 }
 
-/// Tries again for a while what another program keeps from us that has the file open only just now.
+/// Tries an action again for a while when it fails because another program has the file open for a moment.
 template <class Action>
 std::error_code patiently(const Action& action) {
     constexpr DWORD pause_milliseconds = 20;
@@ -121,7 +121,8 @@ class WindowsFile final : public ReplacementFile {
     }
 
     std::error_code appear_as(const std::filesystem::path& target) override {
-        // Under Wine it costs a program of the system to know whether a link to nothing stands there.
+        // Under Wine only a program of the system below, which takes time to start, could tell whether a link to
+        // nothing stands there.
         if (!under_wine() || !CreateHardLinkW(target.c_str(), path_.c_str(), nullptr)) {
             return std::make_error_code(std::errc::not_supported);
         }
@@ -152,7 +153,7 @@ std::unique_ptr<ReplacementFile> open_file(const std::filesystem::path& path, DW
 }  // namespace
 
 std::unique_ptr<ReplacementFile> ReplacementFile::create(const std::filesystem::path& path, std::error_code& error) {
-    // It is renamed and deleted by name while it is open.
+    // The file may be renamed and deleted by name while it is open.
     return open_file(path, FILE_SHARE_DELETE, CREATE_NEW, error);
 }
 
@@ -172,7 +173,7 @@ std::filesystem::path full_path(const std::filesystem::path& path) {
 }
 
 std::filesystem::path resolve_links(const std::filesystem::path& path) {
-    // What is no file (a named pipe) has no attributes under Wine, and must not be opened.
+    // A path without attributes may be no file (a named pipe has none under Wine) and must not be opened.
     if (GetFileAttributesW(path.c_str()) == INVALID_FILE_ATTRIBUTES) {
         return path;
     }

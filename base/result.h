@@ -1,4 +1,4 @@
-// A value, or why there is none: what a function gives that can fail.
+// Result, the outcome of a function that can fail: a value, or the reason why there is none.
 #pragma once
 
 #include <optional>
@@ -26,7 +26,7 @@ class [[nodiscard]] Result {
     Result(Value value) : value_(std::move(value)) {}
     template <typename Other>
     Result(Failure<Other> failure) : reason_(std::move(failure.reason)) {}
-    /// Success of a function that gives nothing else.
+    /// A success without a value.
     template <typename Same = Value, std::enable_if_t<std::is_same_v<Same, Done>, int> = 0>
     Result() : value_(Done()) {}
 

@@ -10,7 +10,7 @@ namespace base {
 
 /// Gives a new file the mode, owner and group of the target, or what the umask asks when there is no target. Windows
 /// has no words for them, and what Wine makes of them (access lists) loses most: so the tools of the system below do
-/// it. Nothing where there is no Wine.
+/// it. Returns nothing where there is no Wine.
 std::optional<Takeover> take_over_under_wine(const std::filesystem::path& target, const std::filesystem::path& file);
 
 }  // namespace base

@@ -47,7 +47,7 @@ class CArray {
 
     /// The new element's index.
     INT_PTR Add(ARG_TYPE element) {
-        const TYPE copy(element);  // it may be one of this array
+        const TYPE copy(element);  // `element` may be an element of this array
         make_room(elements_.size() + 1);
         elements_.push_back(copy);
         return GetSize() - 1;

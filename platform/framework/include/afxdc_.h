@@ -12,7 +12,7 @@ class AFX_PUBLIC CDC : public CObject {
     CDC() = default;
     ~CDC() override;
 
-    /// A temporary object, as with CGdiObject.
+    /// A temporary object for a context that no object owns, as CGdiObject::FromHandle gives.
     static CDC* FromHandle(HDC handle);
     static void DeleteTempMap();
 

@@ -7,7 +7,7 @@ class AFX_PUBLIC CMenu : public CObject {
   public:
     CMenu() = default;
     ~CMenu() override;
-    /// A temporary object, as with CWnd.
+    /// A temporary object for a menu that no object owns, as CWnd::FromHandle gives.
     static CMenu* FromHandle(HMENU menu);
 
     operator HMENU() const { return m_hMenu; }

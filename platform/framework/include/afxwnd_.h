@@ -29,10 +29,12 @@ class AFX_PUBLIC CWnd : public CCmdTarget {
     static void DeleteTempMap();
     operator HWND() const { return m_hWnd; }
 
-    /// FALSE for no window, for an object that has one, and for a window that another object has.
+    /// Takes over a window. FALSE for a null window, for an object that has one already, and for a window that another
+    /// object has.
     BOOL Attach(HWND window);
     HWND Detach();
-    /// Attach, and the window's messages come to this object, which passes on what it does not handle.
+    /// Attaches the window and takes its messages; what this object does not handle goes on to the window's former
+    /// procedure.
     BOOL SubclassWindow(HWND window);
 
     // Creation. The object receives the window's messages from WM_NCCREATE on. A null class name gives a plain window
@@ -70,7 +72,7 @@ class AFX_PUBLIC CWnd : public CCmdTarget {
     void ClientToScreen(POINT* point) const { ::ClientToScreen(m_hWnd, point); }
     void ScreenToClient(POINT* point) const { ::ScreenToClient(m_hWnd, point); }
     void ScreenToClient(RECT* rect) const;
-    /// Over the given window, or over the owner, or the parent; within the work area.
+    /// Moves the window to the middle of the given window, or else of its owner or parent, within the work area.
     void CenterWindow(CWnd* over = nullptr);
 
     // Relatives.

@@ -9,7 +9,7 @@ namespace {
 
 CWinApp* the_app = nullptr;
 
-/// A box that asks nothing in particular still wants attention.
+/// Adds the exclamation mark to a box of OK, Cancel, Yes or No buttons that has no icon of its own.
 UINT with_default_icon(UINT type) {
     const UINT buttons = type & MB_TYPEMASK;
     const bool plain = buttons == MB_OK || buttons == MB_OKCANCEL || buttons == MB_YESNO || buttons == MB_YESNOCANCEL;

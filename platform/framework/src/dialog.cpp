@@ -72,8 +72,8 @@ INT_PTR CDialog::DoModal() {
     if (create(found.dialog, owner.window(), found.module) && !ended_) {
         RunModalLoop();
     }
-    // Hidden before its owner is enabled, and the owner enabled before it goes: otherwise another program would be
-    // activated.
+    // The dialog is hidden before its owner is enabled, and destroyed after that; in another order the system would
+    // activate another program.
     if (m_hWnd) {
         SetWindowPos(nullptr, 0, 0, 0, 0, SWP_HIDEWINDOW | SWP_NOSIZE | SWP_NOMOVE | SWP_NOACTIVATE | SWP_NOZORDER);
     }
@@ -106,7 +106,7 @@ INT_PTR CALLBACK CDialog::dialog_procedure(HWND window, UINT message, WPARAM, LP
         }
         return default_focus;
     } catch (...) {
-        // The system's code is between here and the window procedure.
+        // No exception may pass through the system's code that called this procedure.
         AfxReportCurrentException();
         dialog->EndDialog(-1);
         return TRUE;

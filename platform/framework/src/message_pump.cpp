@@ -6,7 +6,7 @@
 namespace framework {
 namespace {
 
-/// The caret's blinking, which the system never documented.
+/// The message of the caret's blinking, which the system's documentation leaves out.
 constexpr UINT system_timer = 0x0118;
 
 bool pre_translate(MSG& message) {

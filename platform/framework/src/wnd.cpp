@@ -81,7 +81,7 @@ BOOL CWnd::CreateEx(DWORD ex_style, LPCWSTR class_name, LPCWSTR title, DWORD sty
         ::CreateWindowExW(creation.dwExStyle, creation.lpszClass, creation.lpszName, static_cast<DWORD>(creation.style),
                           creation.x, creation.y, creation.cx, creation.cy, creation.hwndParent, creation.hMenu,
                           creation.hInstance, creation.lpCreateParams);
-    // A window that came and failed has called PostNcDestroy at its end, one that never came has not.
+    // A window that was made and then failed has called PostNcDestroy when it ended; one that was never made has not.
     if (!hook.window_came()) {
         PostNcDestroy();
     }
@@ -100,7 +100,7 @@ BOOL CWnd::DestroyWindow() {
     if (!m_hWnd) {
         return FALSE;
     }
-    // Nothing of this object may be touched after a window of its own: PostNcDestroy may have deleted it.
+    // This object must not be touched after its window was destroyed: PostNcDestroy may have deleted it.
     const HWND window = m_hWnd;
     const bool receives_messages =
         ::GetWindowLongPtrW(window, GWLP_WNDPROC) == reinterpret_cast<LONG_PTR>(&WindowProcedure::procedure);

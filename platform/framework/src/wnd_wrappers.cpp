@@ -68,7 +68,7 @@ void CWnd::CenterWindow(CWnd* over) {
         }
     }
     const CPoint middle = around.CenterPoint();
-    // A window larger than the limits shows its top left corner.
+    // When the window is larger than the limits, its top left corner stays inside.
     const int x =
         std::max(std::min<int>(middle.x - own.Width() / 2, limits.right - own.Width()), static_cast<int>(limits.left));
     const int y = std::max(std::min<int>(middle.y - own.Height() / 2, limits.bottom - own.Height()),

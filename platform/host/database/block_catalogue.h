@@ -11,7 +11,8 @@
 
 namespace host {
 
-/// "*Model_Space", "*Paper_Space", "*Paper_Space0" …, "$MODEL_SPACE" and "$PAPER_SPACE" of R12, without regard to case.
+/// Whether a block is a space's: "*Model_Space" or R12's "$MODEL_SPACE"; "*Paper_Space", "*Paper_Space0" … or R12's
+/// "$PAPER_SPACE". Case does not matter.
 bool is_model_space_name(std::wstring_view name);
 bool is_paper_space_name(std::wstring_view name);
 
@@ -46,8 +47,8 @@ class BlockCatalogue {
         return number_of(drawing_.block_named(reference.block_name));
     }
 
-    /// What stands in a block, in file order: slots may hold erased entities and, in a space, those of the other one;
-    /// holds() tells.
+    /// The slots of a block's entities, in file order. A slot may hold an erased entity or, in a space, one of the
+    /// other space; holds() tells.
     size_t slots(BlockNumber number) const;
     dxf::RecordId at(BlockNumber number, size_t slot) const;
     bool holds(BlockNumber number, dxf::RecordId record, bool skip_erased = true) const;
@@ -55,7 +56,7 @@ class BlockCatalogue {
     /// The block that an entity stands in, or no_block_number.
     BlockNumber owner_of(dxf::RecordId record) const;
 
-    /// Takes a block in that was added to the drawing.
+    /// Takes in a block that was added to the drawing.
     BlockNumber add(dxf::BlockId block);
 
   private:

@@ -119,7 +119,7 @@ Acad::ErrorStatus AcDbBlockReference::appendAttribute(AcDbAttribute* attribute) 
 }
 
 std::vector<AcDbBlockReference::OwnedAttribute>::iterator AcDbBlockReference::owned(const AcDbAttribute& attribute) {
-    // The one that was appended last is the one that is usually closed next.
+    // Searched from the end, because the attribute that was appended last is usually closed next.
     const auto found = std::find_if(attributes_.rbegin(), attributes_.rend(),
                                     [&](const OwnedAttribute& candidate) { return candidate.open == &attribute; });
     return std::prev(found.base());

@@ -13,7 +13,7 @@ Acad::ErrorStatus open_table(Table*& table, AcDbObjectId id, AcDb::OpenMode mode
     return acdbOpenObject(table, id, mode);
 }
 
-/// A command that does not close what it opened is wrong: developers are told.
+/// Tells developers of objects that a command opened and did not close.
 void log_open_objects([[maybe_unused]] const host::DatabaseStore& store) {
 #if !defined(NDEBUG)
     const std::wstring report = host::open_object_report(store.open_objects());

@@ -114,7 +114,7 @@ AcRxClass* DatabaseStore::class_of_record(dxf::RecordId record) const {
         return AcDbMInsertBlock::desc();
     }
     if (known == AcDbEntity::desc() && owner({ObjectSpace::record, record}).isNull()) {
-        return AcDbObject::desc();  // of a type that only its place tells from an entity
+        return AcDbObject::desc();  // only an entity has an owner; other types are told from it by that
     }
     return known;
 }

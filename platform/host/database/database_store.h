@@ -57,7 +57,8 @@ class DatabaseStore {
     /// 0 without one.
     uint64_t handle(ObjectAddress at) const;
     AcDbObjectId with_handle(uint64_t handle) const;
-    /// Where an object's data stands: of a block the entry in the table of blocks. dxf::no_record without one.
+    /// The record that holds an object's data; that of a block is its entry in the table of blocks. dxf::no_record
+    /// without one.
     dxf::RecordId record_of(ObjectAddress at) const;
     AcDbObjectId owner(ObjectAddress at) const;
     AcRxClass* class_of(ObjectAddress at) const;
@@ -77,7 +78,8 @@ class DatabaseStore {
     std::wstring current_layer() const;
     /// What added entities take: 0 by block, 256 by layer, else the colour's number.
     int current_colour() const;
-    /// A colour in place of the header's, which the drawing does not keep; none: the header's again.
+    /// Sets a colour that added entities take in place of the header's, without saving it in the drawing; none goes
+    /// back to the header's.
     void set_added_colour(std::optional<int> colour) { added_colour_ = colour; }
 
     // Opening and closing.
@@ -87,7 +89,7 @@ class DatabaseStore {
     void forget(ObjectAddress at) { open_.remove(at); }
     /// Fills an instance with the values of its record.
     void load(AcDbObject& object);
-    /// What the INSERT of this record says of its place. Stays until it is asked for another one.
+    /// The fields of this record's INSERT. The reference is valid until the next call.
     const dxf::Insert& placement_in(dxf::RecordId record) const;
 
     // Changes.
@@ -105,7 +107,7 @@ class DatabaseStore {
   private:
     bool implied(ImpliedObject object) const { return implied_[object]; }
     dxf::RecordIdentity identity(ObjectAddress at) const;
-    /// For the fields of a record of this drawing.
+    /// An empty writer for the fields of a record of this drawing.
     dxf::FieldWriter new_fields(dxf::RecordIdentity identity) const { return {has_subclasses_, identity}; }
     std::string encoded(const dxf::FieldWriter& fields) const { return fields.encode(drawing_->manner()); }
     /// A record's bytes with the fields put in.
@@ -139,7 +141,7 @@ class DatabaseStore {
     mutable dxf::RecordFields fields_;  ///< of the record that was read last; no object opens another while it is read
     mutable dxf::Insert placement_;
     mutable dxf::RecordId placement_record_ =
-        dxf::no_record;  ///< whose placement_ it is, as it was after so many edits
+        dxf::no_record;  ///< the record whose fields placement_ holds, as they were after placement_edits_ edits
     mutable uint64_t placement_edits_ = 0;
     std::unordered_map<dxf::RecordId, BlockNumber> added_to_;  ///< for the entities added since the drawing was opened
 };

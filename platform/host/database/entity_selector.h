@@ -20,7 +20,7 @@ class EntitySelector {
     explicit EntitySelector(const DatabaseStore& store);
 
     std::vector<dxf::RecordId> all(const SelectionFilter& filter) const;
-    /// Without regard to space and layer: both spaces and the other layouts.
+    /// Entities of both spaces and of the other layouts, whatever their layers.
     std::vector<dxf::RecordId> whole_drawing(const SelectionFilter& filter) const;
     /// The entity that was added last, or none.
     std::vector<dxf::RecordId> last() const;

@@ -1,4 +1,4 @@
-// The interface's helpers that no drawing is needed for: its memory and its printing.
+// The interface's memory functions and acutPrintf, which need no drawing.
 #include <cstdarg>
 #include <cstdlib>
 #include <cstring>
@@ -11,7 +11,7 @@
 
 namespace {
 
-/// The C runtime of the platform formats: there %s in a wide format is a wide text on Windows.
+/// Formats by the platform's C runtime: on Windows %s in a wide format stands for a wide text.
 int format_into(std::wstring& buffer, const ACHAR* format, va_list arguments) {
 #if defined(_WIN32)
     return _vsnwprintf(buffer.data(), buffer.size(), format, arguments);

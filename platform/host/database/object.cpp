@@ -31,7 +31,7 @@ constexpr size_t pool_of(size_t size) {
 ACRX_DEFINE_MEMBERS_WITH(AcDbObject, AcRxObject, nullptr, []() -> AcRxObject* { return new PlainObject; })
 
 #if defined(__SANITIZE_ADDRESS__)
-// Use after close() is to be seen.
+// Under the address sanitizer memory is not pooled, so that a use after close() shows.
 void* AcDbObject::operator new(size_t size) {
     return ::operator new(size);
 }

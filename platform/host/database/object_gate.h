@@ -1,4 +1,4 @@
-// Access of the host to what AcDbObject keeps from modules.
+// ObjectGate, by which the host reaches the members of AcDbObject that modules do not see.
 #pragma once
 
 #include "dbents.h"

@@ -1,4 +1,5 @@
-// How an AcDbObjectId is laid out: which drawing, which kind of object, which number. All look-ups are direct.
+// The layout of an AcDbObjectId: the drawing's serial, the kind of object, the object's number. All look-ups are
+// direct.
 #pragma once
 
 #include <cstdint>
@@ -9,12 +10,12 @@ namespace host {
 
 class DatabaseStore;
 
-/// Where an object's number counts.
+/// The kinds of objects; each kind has numbers of its own.
 enum class ObjectSpace : uint8_t {
     record,   ///< dxf::RecordId: entities, entries of tables, objects
     block,    ///< BlockCatalogue: block table records
     table,    ///< TableKind
-    implied,  ///< what every drawing has though its file may not say so (ImpliedObject)
+    implied,  ///< ImpliedObject: objects that every drawing has even when its file lacks them
 };
 constexpr unsigned object_space_count = 4;
 

@@ -7,7 +7,7 @@
 namespace host {
 namespace {
 
-/// Of the drawings that are open now.
+/// The tables of all open drawings.
 std::vector<const OpenObjects*>& tables() {
     static std::vector<const OpenObjects*> all;
     return all;

@@ -1,4 +1,4 @@
-// Which objects of a drawing are open, and the one instance that stands for each.
+// OpenObjects, the objects of a drawing that are open, with the one instance that stands for each.
 #pragma once
 
 #include <array>
@@ -43,7 +43,7 @@ class OpenObjects {
 /// How many objects of all open drawings are open now.
 size_t open_object_count();
 
-/// A line for each of them: class, handle and how it is open; empty without any.
+/// A line for each open object of all drawings: class, handle and how it is open. Empty when none is open.
 std::wstring open_object_report();
 /// The same for those of one drawing.
 std::wstring open_object_report(const OpenObjects& objects);

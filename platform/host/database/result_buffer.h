@@ -5,7 +5,7 @@ namespace host {
 
 enum class ResultKind { none, text, real, point, short_integer, long_integer, name, binary, unknown };
 
-/// Of an RT code or a DXF group code.
+/// The kind of value for an RT code or a DXF group code.
 ResultKind kind_of_result(int type);
 
 }  // namespace host

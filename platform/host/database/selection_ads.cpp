@@ -11,7 +11,7 @@
 
 namespace {
 
-/// What tells a selection set's name from an entity's.
+/// The second half of a selection set's name; that of an entity's name is 0.
 constexpr Adesk::LongPtr set_mark = 1;
 
 /// The set's name: an id of its drawing with the set's number, and the mark.

@@ -55,7 +55,7 @@ class SelectionPrompt {
     Person& person_;
     bool single_;
     bool removing_ = false;
-    bool taking_out_ = false;       ///< by the answer that is being seen to: removing_, or with Shift
+    bool taking_out_ = false;       ///< whether the current answer takes entities out: removing_, or Shift was held
     std::optional<Answer> option_;  ///< given in place of a corner
     SelectionSet selected_;
     std::vector<Step> steps_;

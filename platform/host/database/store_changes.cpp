@@ -11,7 +11,7 @@
 namespace host {
 namespace {
 
-/// A layer that a drawing cannot be without.
+/// The layer that every drawing must have.
 constexpr wchar_t layer_zero[] = L"0";
 constexpr std::string_view first_version_with_block_units = "AC1021";
 
@@ -38,7 +38,7 @@ Acad::ErrorStatus DatabaseStore::add_entity(BlockNumber block, AcDbEntity& entit
 }
 
 Acad::ErrorStatus DatabaseStore::add_block(AcDbBlockTableRecord& record) {
-    // An erased block of that name still holds its place in the drawing.
+    // An erased block of that name still occupies the name in the drawing.
     if (drawing_->block_named(drawing_->block_names().find(record.name_)) != dxf::no_block) {
         return Acad::eDuplicateRecordName;
     }

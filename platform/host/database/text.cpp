@@ -110,7 +110,7 @@ void AcDbText::transform_text(const AcGeMatrix3d& transform) {
     text.position = host::vector_of(transform * host::point_of(text.position));
     text.alignment = host::vector_of(transform * host::point_of(text.alignment));
     if (along.x * up.y < along.y * up.x) {
-        // What was mirrored in any way is what was mirrored from left to right, turned until it stands as it should.
+        // Any mirroring is a mirroring from left to right followed by a turn.
         text.generation ^= dxf::Text::backward_flag;
         text.rotation = std::atan2(-up.x, up.y);
     } else {

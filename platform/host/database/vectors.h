@@ -1,4 +1,4 @@
-// Points of the host interface as the drawing's vectors, and the other way.
+// Conversions between points of the host interface and vectors of the drawing.
 #pragma once
 
 #include "gepnt3d.h"

@@ -146,7 +146,7 @@ std::optional<std::wstring> Drawing::undo() {
     return std::move(step.name);
 }
 
-/// The name is free again for another block.
+/// Frees the block's name for another block.
 void Drawing::forget_name_of_block(RecordId head) {
     const NameId name = record(head).block_name;
     const BlockId block = block_named(name);

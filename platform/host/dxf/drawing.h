@@ -42,9 +42,9 @@ class Drawing {
     /// $ACADVER; "AC1009" when the drawing does not say.
     const std::string& version() const { return index_.version; }
     Encoding encoding() const { return index_.encoding; }
-    /// No other drawing that this process opens has the same.
+    /// A number that no other drawing of this process has.
     uint64_t serial() const { return serial_; }
-    /// In bytes: what it was when it was opened, and all that edits have put in.
+    /// The bytes of the drawing when it was opened, and all bytes that edits have added.
     uint64_t size() const { return original().size() + edits_.bytes(); }
     const TextCodec& codec() const { return index_.codec; }
     /// How to encode what is to be added to this drawing.
@@ -75,8 +75,8 @@ class Drawing {
 
     // Edits. Bytes come from a RecordWriter of manner(), one whole record with its sub-records each.
     bool edited() const { return !edits_.empty(); }
-    /// How many edits were made since the drawing was opened: tells whether there are some after a certain moment.
-    /// Taking edits back makes new ones.
+    /// The number of edits since the drawing was opened; it shows whether there were any since an earlier call. Undoing
+    /// counts as new edits.
     uint64_t edits_made() const { return edits_.made(); }
     /// The records that edits changed or erased, one for each such edit in its order. Additions are not among them.
     const std::vector<RecordId>& changed_records() const { return changed_; }
@@ -101,15 +101,16 @@ class Drawing {
     /// Leaves a record with its sub-records out of the saved drawing.
     void erase(RecordId id);
 
-    /// The next edit, or the end of the drawing, calls `wait` first: it returns when what reads the drawing on another
-    /// thread has come to its end. There is one such reader at a time.
+    /// Allows one reader on another thread. The next edit, or the end of the drawing, first calls `wait`, which must
+    /// return only when the reader has finished.
     void let_read(std::function<void()> wait);
 
-    /// The steps that undo() takes back, and whether the drawing is as it was at another time (UndoHistory::state).
+    /// The steps that undo() takes back; UndoHistory::state tells whether the drawing is as it was at an earlier time.
     UndoHistory& history() { return history_; }
     const UndoHistory& history() const { return history_; }
-    /// Takes the last step back: what it changed or erased is as it was, what it added is erased. Handles that it took
-    /// stay taken, and a section or table that it needed stays, empty. The step's name; nothing when there is no step.
+    /// Undoes the last step: restores what it changed or erased, and erases what it added. Handles that it took stay
+    /// taken, and a section or table that it needed stays, empty. Returns the step's name; nothing when there is no
+    /// step.
     std::optional<std::wstring> undo();
 
     /// Writes the drawing: the bytes as opened with the edits applied. An unedited drawing is written byte for byte.
@@ -131,7 +132,7 @@ class Drawing {
     Place ensure_section(std::string_view name);
     void end_last_line(Place before);
     void keep_end_before(Place& end, Place section_end);
-    /// Remembers what a record is before it is changed; an added one was nothing.
+    /// Remember a record's bytes before a change; an added record had none.
     void note_change(RecordId id);
     void note_addition(RecordId id);
     void forget_name_of_block(RecordId head);

@@ -36,7 +36,7 @@ std::pair<size_t, size_t> value_range(const Group& group, const char* record_beg
     return {begin - length_byte, static_cast<size_t>(group.end)};
 }
 
-/// Records have numbers of 32 bits.
+/// Handles that must be free for new records, whose numbers have 32 bits.
 constexpr uint64_t handle_room = uint64_t{1} << 32;
 
 /// Where the widest gap between handles begins.
@@ -51,9 +51,9 @@ uint64_t begin_of_widest_gap(std::vector<uint64_t> handles) {
     return handles[widest - 1] + 1;
 }
 
-/// The first of a run of handles that no record of the drawing has, sub-records and what the index leaves out included:
-/// more of them than a drawing can have records. `seed` is what $HANDSEED says; it counts unless it is behind the
-/// drawing's handles or nonsense. `bytes` are the drawing's; they are read again where its handles leave no room.
+/// The first of `handle_room` handles in a row that no record of the drawing has (sub-records and records outside the
+/// index included). `seed`, the value of $HANDSEED, is taken unless it is not above the drawing's handles or is
+/// nonsense. `bytes` are the drawing's; they are read again when the handles leave no room behind the highest one.
 uint64_t first_new_handle(uint64_t seed, const DrawingIndex& index, std::string_view bytes) {
     constexpr uint64_t last = DrawingIndex::first_unusual_handle - handle_room;
     const uint64_t behind = index.highest_usual_handle + 1;
@@ -95,7 +95,7 @@ void Drawing::settle_hand_seed() {
     if (!std::exchange(hand_seed_due_, false)) {
         return;
     }
-    // Behind all handles; where there is nothing behind them, where the next ones will be.
+    // The seed is above all handles; when there is nothing above them, it is the next handle that will be given.
     const uint64_t next_seed = std::max(next_handle_, index_.highest_handle + 1);
     const UndoHistory::Pause handles_stay_taken(history_);
     const RecordId seed = header_variable(hand_seed);

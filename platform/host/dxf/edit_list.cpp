@@ -24,7 +24,7 @@ Place EditList::insert_before(Place place, std::string bytes) {
     std::vector<uint64_t>& before = edits_[anchor].before;
     auto at = before.end();
     if (place.added()) {
-        // What is looked for is nearly always near the end: the end record of the block that is being filled.
+        // Searched from the end: the place is nearly always that of the end record of the block that is being filled.
         const auto found = std::find(before.rbegin(), before.rend(), place.number());
         at = found == before.rend() ? before.end() : std::prev(found.base());
     }

@@ -1,4 +1,4 @@
-// What entities and entries of tables say, with the group code of each field named once for reading and writing.
+// The fields of entities and table entries, with the group code of each field named once for reading and writing.
 #pragma once
 
 #include <cstdint>
@@ -9,7 +9,7 @@
 
 namespace dxf {
 
-// exchange(struct, fields) of each takes a FieldWriter or a FieldReader. Angles are in radians.
+// For each struct, exchange(struct, fields) names its fields to a FieldWriter or a FieldReader. Angles are in radians.
 
 /// What the entries of all symbol tables have.
 struct TableEntry {
@@ -32,7 +32,7 @@ struct Layer : TableEntry {
     bool on() const { return colour >= 0; }
     bool frozen() const { return (flags & frozen_flag) != 0; }
     bool locked() const { return (flags & locked_flag) != 0; }
-    /// 1 to 255.
+    /// The colour's index, 1 to 255, whether the layer is on or off.
     int colour_index() const { return std::abs(colour) % 257; }
 
     template <class Self, class Fields>
@@ -121,7 +121,7 @@ struct Text {
     int generation = 0;
     int horizontal = 0;
     int vertical = 0;
-    // Of attributes and their definitions; the prompt of a definition only.
+    // Attributes and their definitions have a tag; only a definition has a prompt.
     std::wstring tag;
     std::wstring prompt;
     int flags = 0;
@@ -153,7 +153,7 @@ void write(const Struct& said, FieldWriter& fields) {
     Struct::exchange(said, fields);
 }
 
-/// Fills one of these from a record; the kind of a Text is to be there before.
+/// Fills one of these structs from a record. The kind of a Text must be set before.
 template <class Struct>
 void read(const RecordFields& record, Struct& said) {
     FieldReader fields(record);

@@ -1,4 +1,4 @@
-// Why a drawing could not be read: one clear line.
+// Error, the reason why a drawing could not be read, with its place in the file.
 #pragma once
 
 #include <cstdint>

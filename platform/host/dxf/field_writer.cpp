@@ -123,7 +123,7 @@ class Merge {
                                         [&](const Group& group) { return stands_for(group, field); });
         if (found != groups_.end()) {
             settle(*found, field);
-            // A field found at its usual place: the following ones are looked for behind it.
+            // The fields that follow are looked for behind this group.
             last_end_ = found->end;
             std::rotate(groups_.begin() + static_cast<std::ptrdiff_t>(next_), found, found + 1);
             ++next_;

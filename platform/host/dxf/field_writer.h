@@ -1,4 +1,5 @@
-// The fields of a record on their way from variables to its bytes and back.
+// FieldWriter and FieldReader, which turn variables into the fields of a record and back, and the merging of fields
+// into a record.
 #pragma once
 
 #include <cstdint>
@@ -11,7 +12,7 @@
 
 namespace dxf {
 
-/// A group by its meaning.
+/// A group of a record: its code and its decoded value.
 struct Field {
     enum class Presence {
         always,     ///< new records have it
@@ -59,7 +60,7 @@ class FieldWriter {
     /// A point that new records have only where it is `needed`; elsewhere `absent` is meant.
     FieldWriter& point_if(bool needed, int code, const Vec3& point, const Vec3& absent);
     FieldWriter& handle(int code, uint64_t value);
-    /// Whole records that follow this one's own groups.
+    /// Adds whole records that follow this record's own groups.
     FieldWriter& following(std::string_view records);
 
     const std::vector<Field>& fields() const { return fields_; }
@@ -110,9 +111,9 @@ class FieldReader {
     const RecordFields& from_;
 };
 
-/// The record's bytes with the fields' values. A group whose value is the field's already (reals within 1e-12 of it)
-/// keeps its bytes; a field without a group is put in behind the one before it unless that means the same. Type,
-/// handle, owner and subclass markers never change, nor does anything but the record's own groups.
+/// The record's bytes with the fields' values. A group that has the field's value already (reals within 1e-12 of it)
+/// keeps its bytes. A field without a group is put in behind the field before it, unless a missing group means the
+/// same. Type, handle, owner and subclass markers never change, nor does anything but the record's own groups.
 std::string merge_fields(const RecordView& record, const std::vector<Field>& fields, const Manner& manner);
 
 }  // namespace dxf

@@ -149,7 +149,7 @@ bool IndexBuilder::read_records(const std::string& section) {
     return read_run(run);
 }
 
-/// What ended the section must be ENDSEC.
+/// Checks that the record that ended the section is ENDSEC.
 bool IndexBuilder::close_section(Section& section) {
     uint16_t type = 0;
     if (reader_.at_end()) {

@@ -11,12 +11,12 @@
 
 namespace dxf {
 
-/// Valid as long as the bytes of the record that was read.
+/// A record's own groups. Valid as long as the bytes of the record that was read.
 class RecordFields : public FieldValues<RecordFields> {
   public:
     RecordFields() = default;
     explicit RecordFields(const RecordView& record) { read(record); }
-    /// Reads another record, in the memory of the one before.
+    /// Reads another record and reuses the memory of the one before.
     void read(const RecordView& record);
 
     /// In file order, the record's type first. Their offsets count in the record's bytes.

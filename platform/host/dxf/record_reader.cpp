@@ -156,7 +156,7 @@ bool RecordReader::take_parts(Record& record) {
     return true;
 }
 
-/// Layers stand before what is on them: their names are met first as the LAYER table spells them.
+/// The LAYER table stands before the entities, so that its spelling of a layer's name is met first and kept.
 void RecordReader::note_name(Record& record) {
     if (name_.data() == nullptr) {
         return;

@@ -37,7 +37,7 @@ class RecordReader {
     const std::optional<Error>& error() const { return error_; }
 
   private:
-    /// Where no group could be read: true at the end of the bytes.
+    /// Called when no group could be read; true at the end of the bytes, false at a fault.
     bool stop();
     bool rest_is_blank() const;
     void take_field(Record& record);
@@ -54,7 +54,7 @@ class RecordReader {
     bool at_end_ = false;
     std::optional<Error> error_;
     std::string_view name_;
-    // What was looked up last: neighbours are often alike.
+    // The last type that was looked up, and its id: neighbouring records often have the same type.
     std::string_view last_type_ = "INSERT";
     uint16_t last_type_id_ = type_insert;
     std::string_view last_layer_;

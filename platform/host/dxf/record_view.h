@@ -1,4 +1,4 @@
-// A record's groups, read on demand.
+// RecordView, a record's groups read on demand, and FieldValues, the look-ups by group code.
 #pragma once
 
 #include <cstdint>
@@ -14,9 +14,8 @@
 
 namespace dxf {
 
-/// A record's values by group code: the look-ups that RecordView and RecordFields have in common. The questions that
-/// `Record` gets by deriving from this. It answers group(code) with what points to the first of its own groups that has
-/// the code, or to nothing, and decodes texts.
+/// Look-ups of values by group code, which `Record` gets by deriving from this. `Record` has group(code), which gives
+/// something like a pointer to the first of its own groups with the code, and decode(), which decodes texts.
 template <class Record>
 class FieldValues {
   public:

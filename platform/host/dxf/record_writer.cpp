@@ -50,7 +50,7 @@ std::string as_text(const Value& value, const TextCodec& codec) {
     return codec.encode(std::get<std::wstring>(value));
 }
 
-/// The value as a number, by way of its text where it is a text.
+/// A group with this text as its value, by which a text is read as a number.
 Group as_group(const std::string& text) {
     Group group;
     group.value = text;

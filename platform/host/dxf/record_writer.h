@@ -11,7 +11,7 @@
 
 namespace dxf {
 
-/// How a drawing writes: taken from the drawing (Drawing::manner()) so that what is added looks like what is there.
+/// The encoding, line ends and code page of a drawing (Drawing::manner()), so that what is added looks like the rest.
 struct Manner {
     Encoding encoding = Encoding::ascii;
     std::string line_end = "\n";
@@ -22,7 +22,7 @@ struct Handle {
     uint64_t value = 0;
 };
 
-/// A value by its meaning. It is written in the form that the code's kind asks for.
+/// A decoded value. It is written in the form that the code's kind asks for.
 using Value = std::variant<int64_t, double, std::wstring, Handle>;
 
 /// A value's bytes without the code: in ASCII without the line end, in binary complete.
@@ -41,7 +41,7 @@ class RecordWriter {
     RecordWriter& handle(int code, uint64_t value);
     /// Three reals at `code`, `code` + 10 and `code` + 20.
     RecordWriter& point(int code, double x, double y, double z);
-    /// Bytes that are groups already.
+    /// Adds bytes that are encoded groups already.
     RecordWriter& raw(std::string_view bytes);
 
     const std::string& bytes() const { return bytes_; }

@@ -138,8 +138,8 @@ bool starts_escape(std::wstring_view text) {
     return text[0] == L'\\' && take_escape(text, ignored) != 0;
 }
 
-/// The text with all that no raw value can hold as it is written as escapes: control characters and what begins them,
-/// what would be read as an escape, and half pairs.
+/// The text with escapes for what a raw value cannot hold: control characters, carets, backslashes that would begin an
+/// escape, and halves of surrogate pairs.
 std::wstring escape(std::wstring_view text) {
     std::wstring out;
     out.reserve(text.size());

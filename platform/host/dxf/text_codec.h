@@ -10,7 +10,7 @@ namespace dxf {
 class TextCodec {
   public:
     explicit TextCodec(unsigned code_page) : TextCodec(code_page, code_page) {}
-    /// Values that are not valid in UTF-8, where that is the code page, are read by `instead`.
+    /// When the code page is UTF-8, values that are not valid UTF-8 are read by the code page `instead`.
     TextCodec(unsigned code_page, unsigned instead) : code_page_(code_page), instead_(instead) {}
 
     /// The codec of a version ("AC1015") and a $DWGCODEPAGE name ("ANSI_1255"): UTF-8 from AC1021 on, with the named

@@ -1,4 +1,4 @@
-// What the steps of a drawing's edits did to its records, so that they can be taken back.
+// UndoHistory, a record of what each step of edits did to a drawing's records, so that it can be undone.
 #pragma once
 
 #include <cstdint>
@@ -24,21 +24,21 @@ class UndoHistory {
         std::vector<Change> changes;
     };
 
-    /// The edits from here on are a step of their own, called so. A step without edits does not count.
+    /// Begins a step with this name; the edits that follow belong to it. A step without edits does not count.
     void begin_step(std::wstring name = {});
-    /// While notes are paused the state changes with each edit, but no step takes it.
+    /// Adds a change to the current step. During a Pause the state changes, but no step gets the change.
     void note(Change change);
-    /// The last step, which is no longer part of the history; empty when there is none.
+    /// Removes the last step from the history and returns it; an empty step when there is none.
     Step take_last();
     /// To be called when all of a taken step has been undone.
     void restore_state(const Step& step) { state_ = step.state_before; }
-    /// Nothing before this can be taken back.
+    /// Forgets all steps: no edit made before can be undone.
     void clear() { steps_.clear(); }
 
-    /// Two equal numbers mean that all records are as they were.
+    /// A number for the state of all records: the same number means the same records.
     uint64_t state() const { return state_; }
 
-    /// No edit made in the life of this object is part of a step.
+    /// While this object lives, edits are not part of any step.
     class Pause {
       public:
         explicit Pause(UndoHistory& history) : history_(history) { ++history_.pauses_; }
@@ -53,7 +53,7 @@ class UndoHistory {
   private:
     std::vector<Step> steps_;
     uint64_t state_ = 0;
-    uint64_t states_ = 0;  ///< given out so far
+    uint64_t states_ = 0;  ///< state numbers given out so far
     std::wstring name_;    ///< of the step that begins with the next edit
     bool step_ended_ = true;
     int pauses_ = 0;

@@ -7,7 +7,7 @@
 
 namespace host {
 
-/// In drawing units.
+/// A point, in drawing units.
 struct Point {
     double x = 0;
     double y = 0;
@@ -21,14 +21,15 @@ std::optional<double> parse_real(std::wstring_view text);
 /// "x,y" or "x,y,z"; a missing z is 0.
 std::optional<Point> parse_point(std::wstring_view text);
 
-/// A point told in percent of an area that is known elsewhere: "105%,100%" is 1.05 and 1, right of it at its top.
+/// A point in percent of an area that the caller knows: "105%,100%" gives 1.05 and 1, a point to the right of the area
+/// at its top.
 std::optional<Point> parse_percent_point(std::wstring_view text);
 
 /// The shortest text that parse_real reads back to the same number.
 std::wstring format_real(double number);
 std::wstring format_point(const Point& point);
 
-/// What the user does while a command follows the pointer.
+/// One thing that the user does while a command follows the pointer.
 struct InputEvent {
     enum Kind { move, pick, key };
     Kind kind = move;

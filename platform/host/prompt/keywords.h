@@ -1,4 +1,4 @@
-// The words that are typed at the command line: keywords of questions, and names of commands.
+// Reads words that are typed at the command line: keywords of questions, and names of commands.
 #pragma once
 
 #include <string>
@@ -22,7 +22,7 @@ class Keywords {
     std::vector<std::wstring> words_;
 };
 
-/// A command as it is typed: the name and what its prefixes say.
+/// The name of a command, and what the prefixes say that were typed before it.
 struct CommandName {
     std::wstring name;         ///< without prefixes and outer blanks; empty when nothing but prefixes was typed
     bool transparent = false;  ///< "'": to run while another command waits for input

@@ -1,5 +1,6 @@
-// Who sits at the host: answers what commands ask, points into the drawing, and sees what they show. Commands do not
-// know whether that is a person at the window, a script, or the arguments of acedCommand.
+// Person, the interface to the one who sits at the host: he answers commands' questions, points into the drawing and
+// sees what commands show. Commands do not know whether that is a person at the window, a script, or the arguments of
+// acedCommand.
 #pragma once
 
 #include <optional>
@@ -31,7 +32,7 @@ struct PointerGuide {
     enum class Kind {
         idle,       ///< no question that a point answers
         crosshair,  ///< a point
-        follow,     ///< whatever a command draws at the pointer, which a long cross would undo
+        follow,     ///< a point, while a command draws at the pointer, where a long cross would erase it
         pick_box,   ///< an entity
         line,       ///< a point, with a line from the anchor to it
         rectangle,  ///< a corner, with a rectangle from the anchor to it
@@ -54,8 +55,8 @@ class Person {
     /// answer, as if typed. A person may run transparent commands before the answer comes. After a script has failed
     /// every prompt answers with cancel, so that commands unwind.
     virtual Answer prompt(std::wstring_view text, const PointerGuide& guide = {}) = 0;
-    /// Waits for what is done next while a command follows the pointer; nothing on a cancel. Here it is typed as an
-    /// answer (see parse_input_event).
+    /// Waits for the next event while a command follows the pointer; nothing on a cancel. This default prompts for the
+    /// event as a text (see parse_input_event).
     virtual std::optional<InputEvent> next_event();
 
     /// Adds text to the history. Line ends are where the text has them ("\n" begins a new line).
@@ -69,19 +70,20 @@ class Person {
     /// Shows these entities as selected, and no others.
     virtual void show_selected(const std::vector<dxf::RecordId>& entities);
 
-    /// The next question is answered already: what a person is asked in a dialog is asked in words.
+    /// Whether the next question is answered already. Then a question that a dialog would ask is asked at the command
+    /// line.
     virtual bool has_typed_ahead() const { return false; }
-    /// A script answers: what a person is asked in a dialog is asked in words.
+    /// Whether a script answers. Then a question that a dialog would ask is asked at the command line.
     virtual bool is_script() const { return false; }
 };
 
-/// The one that is seated now. During acedCommand this is its argument list.
+/// The person seated now. During acedCommand it is the argument list.
 Person& person();
 
-/// True for a success; a failure is reported to who sits there.
+/// Returns whether the outcome is a success; reports a failure to the person.
 bool succeeded(const base::Outcome<>& outcome);
 
-/// Seats another one for the life of this object.
+/// Seats another person while this object lives.
 class PersonScope {
   public:
     explicit PersonScope(Person& seated);
