@@ -184,13 +184,13 @@ PositionSet::Word LevelRules::resolve_word(size_t w, Passed& passed) const {
     Word right_before = classes.right_to_left.behind(w) | passed.right_to_left_before_run;
     // The run before the characters without a type may be another run of neutrals, which has its direction by then.
     Word behind_untyped = runs & classes.untyped.behind(w);
-    Neutrals neutrals = {0,
-                         0,
-                         next_left_to_right_[w],
-                         next_right_to_left_[w],
-                         classes.bracket[w],
-                         classes.space[w],
-                         classes.separator[w]};
+    Neutrals neutrals = {.previous_left_to_right = 0,
+                         .previous_right_to_left = 0,
+                         .next_left_to_right = next_left_to_right_[w],
+                         .next_right_to_left = next_right_to_left_[w],
+                         .bracket = classes.bracket[w],
+                         .space = classes.space[w],
+                         .separator = classes.separator[w]};
     for (;;) {
         neutrals.previous_left_to_right = runs_from(runs, left_before);
         neutrals.previous_right_to_left = runs_from(runs, right_before);

@@ -76,7 +76,11 @@ class NoteWriter {
     void add_references(NoteCode code, BlockReferences references) {
         const std::size_t number = references.handles.size();
         std::wstring text = references.name + L' ' + std::to_wstring(number);
-        notes.push_back({code, std::move(text), std::move(references.name), std::move(references.handles), 0, number});
+        notes.push_back({.code = code,
+                         .text = std::move(text),
+                         .block = std::move(references.name),
+                         .handles = std::move(references.handles),
+                         .number = number});
     }
 
     void add_unpriced(std::vector<BlockReferences>& counted, const ListSurvey& list) {

@@ -13,19 +13,19 @@ enum ReportColumn { name_column, price_column, quantity_column, description_colu
 /// How the grid, the report file, report.json and the table present a column.
 struct ReportColumnTraits {
     const wchar_t* heading;
-    const char* member;  ///< of a row in report.json
-    size_t file_width;   ///< of its field in the report file, in characters, at least
-    const wchar_t* tag;  ///< of the heading's attribute in the table; those of the rows append their number
-    bool money;          ///< left out without prices
-    bool number;         ///< sorted by value
+    const char* member;   ///< of a row in report.json
+    size_t file_width;    ///< of its field in the report file, in characters, at least
+    const wchar_t* tag;   ///< of the heading's attribute in the table; those of the rows append their number
+    bool money = false;   ///< left out without prices
+    bool number = false;  ///< sorted by value
 };
 
 constexpr std::array<ReportColumnTraits, report_columns> report_column_traits = {{
-    {L"Block name", "block", 10, L"BLOCKNAME", false, false},
-    {L"Item Price", "price", 10, L"PRICE", true, true},
-    {L"Quantity", "quantity", 10, L"QUANTITY", false, true},
-    {L"Description", "description", 20, L"DESCRIPTION", false, false},
-    {L"Total", "total", 10, L"TOTAL", true, true},
+    {.heading = L"Block name", .member = "block", .file_width = 10, .tag = L"BLOCKNAME"},
+    {.heading = L"Item Price", .member = "price", .file_width = 10, .tag = L"PRICE", .money = true, .number = true},
+    {.heading = L"Quantity", .member = "quantity", .file_width = 10, .tag = L"QUANTITY", .number = true},
+    {.heading = L"Description", .member = "description", .file_width = 20, .tag = L"DESCRIPTION"},
+    {.heading = L"Total", .member = "total", .file_width = 10, .tag = L"TOTAL", .money = true, .number = true},
 }};
 
 constexpr const ReportColumnTraits& traits_of(int column) {

@@ -87,7 +87,10 @@ bool CalcPriceDialog::LoadPriceRows(const wchar_t* path) {
 
 bool CalcPriceDialog::CountSelectedBlocks() {
     const std::wstring price_list = std::exchange(price_list_, {});
-    const CountOrder order = {price_list, grid_.price_list_attached(), wishes_.dynamic_names, wishes_.any_notes()};
+    const CountOrder order = {.price_list = price_list,
+                              .price_list_attached = grid_.price_list_attached(),
+                              .dynamic_names = wishes_.dynamic_names,
+                              .with_notes = wishes_.any_notes()};
     return corvanes::CountSelectedBlocks(count_, order);
 }
 

@@ -21,25 +21,25 @@ bool held(int key) {
 
 struct CommandKey {
     UINT key;
-    bool control;
-    bool shift;
+    bool control = false;
+    bool shift = false;
     GridCommand command;
 };
 
 constexpr CommandKey command_keys[] = {
-    {'C', true, false, GridCommand::copy},
-    {VK_INSERT, true, false, GridCommand::copy},
-    {'C', true, true, GridCommand::copy_with_headings},
-    {'X', true, false, GridCommand::cut},
-    {VK_DELETE, false, true, GridCommand::cut},
-    {'V', true, false, GridCommand::paste},
-    {VK_INSERT, false, true, GridCommand::paste},
-    {VK_DELETE, false, false, GridCommand::clear},
-    {'A', true, false, GridCommand::select_all},
-    {'F', true, false, GridCommand::find},
-    {'G', true, false, GridCommand::find_next},
-    {'H', true, false, GridCommand::replace},
-    {'P', true, false, GridCommand::print},
+    {.key = 'C', .control = true, .command = GridCommand::copy},
+    {.key = VK_INSERT, .control = true, .command = GridCommand::copy},
+    {.key = 'C', .control = true, .shift = true, .command = GridCommand::copy_with_headings},
+    {.key = 'X', .control = true, .command = GridCommand::cut},
+    {.key = VK_DELETE, .shift = true, .command = GridCommand::cut},
+    {.key = 'V', .control = true, .command = GridCommand::paste},
+    {.key = VK_INSERT, .shift = true, .command = GridCommand::paste},
+    {.key = VK_DELETE, .command = GridCommand::clear},
+    {.key = 'A', .control = true, .command = GridCommand::select_all},
+    {.key = 'F', .control = true, .command = GridCommand::find},
+    {.key = 'G', .control = true, .command = GridCommand::find_next},
+    {.key = 'H', .control = true, .command = GridCommand::replace},
+    {.key = 'P', .control = true, .command = GridCommand::print},
 };
 
 std::optional<GridCommand> command_of(UINT key, bool control, bool shift) {

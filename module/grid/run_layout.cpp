@@ -77,7 +77,7 @@ void RunLayout::add_piece(CDC& dc, Line& line, std::wstring text, std::size_t ru
     line.ascent = std::max<int>(line.ascent, metrics.tmAscent);
     line.descent = std::max<int>(line.descent, metrics.tmDescent);
     const int right = line.width + text_width(dc, text);
-    line.pieces.push_back({std::move(text), run, {line.width, 0, right, 0}, 0});
+    line.pieces.push_back({.text = std::move(text), .run = run, .box = {line.width, 0, right, 0}, .baseline = 0});
     line.width = right;
 }
 

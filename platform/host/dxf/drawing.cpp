@@ -42,7 +42,7 @@ void Drawing::await_reader() {
 OpenResult Drawing::open(const std::filesystem::path& path) {
     auto contents = base::FileContents::read(path);
     if (!contents) {
-        return base::Failure{Error{path, Error::Place::none, 0, contents.reason()}};
+        return base::Failure{Error{.file = path, .reason = contents.reason()}};
     }
     return load(std::unique_ptr<Drawing>(new Drawing(path, *std::move(contents), {})));
 }
