@@ -60,18 +60,6 @@ AcDbObjectId space_of(AcDbObjectId reference) {
     return open.openStatus() == Acad::eOk ? open->blockId() : AcDbObjectId::kNull;
 }
 
-/// A pattern that only this name matches.
-std::wstring exact_pattern(const std::wstring& name) {
-    std::wstring pattern;
-    for (const wchar_t character : name) {
-        if (std::wstring_view(L"#@.*?~[]-,`").find(character) != std::wstring_view::npos) {
-            pattern += L'`';
-        }
-        pattern += character;
-    }
-    return pattern;
-}
-
 /// The names of the frozen layers as one pattern; empty without any.
 std::wstring frozen_layers() {
     std::wstring pattern;
@@ -87,7 +75,7 @@ std::wstring frozen_layers() {
         const AcDbObjectPointer<AcDbLayerTableRecord> layer(id, AcDb::kForRead);
         HostText name;
         if (layer.openStatus() == Acad::eOk && layer->isFrozen() && layer->getName(name.place()) == Acad::eOk) {
-            pattern += (pattern.empty() ? L"" : L",") + exact_pattern(name.get());
+            pattern += (pattern.empty() ? L"" : L",") + literal_pattern(name.get());
         }
     }
     return pattern;

@@ -17,7 +17,7 @@ class MyCug2 : public SortingGrid {
     /// Shows or hides the columns of money, as "Show Price" says.
     void ApplyShowPrice();
     void DeleteAllRows();
-    /// No reference is lit any more.
+    /// Puts out the references that are lit in the drawing.
     void ClearHighlight() { highlight_.clear(); }
 
     bool price_list_attached() const { return price_list_attached_; }
@@ -26,7 +26,7 @@ class MyCug2 : public SortingGrid {
     void OnGridSetup() override;
     void OnGridColumnSizing(int column, int* width) override;
     void OnGridHeadingClick(int column, long row, int updn, RECT* rect, POINT* point, int processed) override;
-    /// The row's references are lit in the drawing; a double click on their number zooms to them.
+    /// Lights the row's references in the drawing; a double click on their number zooms to them.
     void OnGridRowChange(long former, long row) override;
     void OnGridLeftClick(int column, long row, int updn, RECT* rect, POINT* point, int processed) override;
     /// Prints the price list's name above the left half of each page and the drawing's above the right half.

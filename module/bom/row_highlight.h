@@ -1,11 +1,11 @@
-// The references of a report's row, lit in the drawing behind the report.
+// RowHighlight, which lights the references of a report's row in the drawing behind the report.
 #pragma once
 
 #include <string>
 
 namespace corvanes {
 
-/// Looks among what was selected last, for what was counted. Where nobody sees the drawing, nothing happens.
+/// Searches the last selection, which is what was counted. Does nothing where nobody sees the drawing.
 class RowHighlight {
   public:
     RowHighlight() = default;
@@ -16,7 +16,7 @@ class RowHighlight {
     /// Lights the references to one block, and no others.
     void show(const std::wstring& block);
     void clear();
-    /// Has the drawing show what is lit as large as it can.
+    /// Zooms the drawing to what is lit.
     void zoom() const;
 
   private:

@@ -11,7 +11,7 @@ class LayerGrid : public SortingGrid {
   public:
     explicit LayerGrid(corvanes::GridOwner* dialog);
 
-    /// The layers of the working drawing, in its order.
+    /// Fills the grid with the layers of the working drawing, in its order.
     void FillLayers();
 
     void OnGridSetup() override;

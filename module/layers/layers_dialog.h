@@ -1,4 +1,5 @@
-// The dialog "Layers": what layers the drawing has, which of them are on, frozen and locked, and what stands on them.
+// The dialog "Layers", which shows the drawing's layers, switches them on and off, freezes and locks them, and counts
+// what stands on them.
 #pragma once
 
 #include <afxwin.h>

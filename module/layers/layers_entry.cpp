@@ -1,4 +1,4 @@
-// What the operating system and the host call in this module, and its one command.
+// The entry points that the operating system and the host call in this module, and its one command.
 #include <afxwin.h>
 #include <aced.h>
 #include <rxdlinkr.h>

@@ -196,7 +196,7 @@ class AcDbLayerTableRecord : public AcDbSymbolTableRecord {
     bool isFrozen() const;
     bool isOff() const;
     bool isLocked() const;
-    /// The caller sees to it that the current layer is not frozen.
+    /// The caller must not freeze the current layer; the host does not check it.
     Acad::ErrorStatus setIsFrozen(bool frozen);
     void setIsOff(bool off);
     void setIsLocked(bool locked);

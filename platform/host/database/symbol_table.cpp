@@ -206,7 +206,7 @@ Acad::ErrorStatus AcDbLayerTableRecord::setIsFrozen(bool frozen) {
     return change_bits(flags_, dxf::Layer::frozen_flag, frozen);
 }
 
-/// Off is a colour below 0; there is no such form of colour 0, which no layer should have.
+/// A layer that is off has a negative colour. Colour 0, which no layer should have, has no negative form and becomes 7.
 void AcDbLayerTableRecord::setIsOff(bool off) {
     need_fields();
     const int colour = fields_->colour == 0 ? 7 : std::abs(fields_->colour);
