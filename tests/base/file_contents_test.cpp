@@ -4,6 +4,8 @@
 
 #include <fstream>
 
+#include "tests/support/temporary_folder.h"
+
 namespace fs = std::filesystem;
 using base::FileContents;
 
@@ -16,9 +18,11 @@ std::string reason_for(const fs::path& path) {
 }
 
 TEST(FileContents, AreWhatTheFileHeldWhateverBecomesOfIt) {
-    const fs::path file = fs::temp_directory_path() / "file_contents_test";
-    std::string written(3'000'000, 'x');
+    const test_support::TemporaryFolder folder("file_contents_test");
+    const fs::path file = folder / "file";
+    std::string written(35'000'000, 'x');
     written[0] = '\0';
+    written[20'000'001] = 'y';
     std::ofstream(file, std::ios::binary) << written;
     const auto contents = FileContents::read(file);
     ASSERT_TRUE(contents) << contents.reason();

@@ -3,7 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <filesystem>
 #include <memory>
 #include <string>
@@ -62,12 +61,9 @@ class OpenDrawing {
     }
     /// The drawing as it would be saved.
     std::string saved() const {
-        const std::filesystem::path path =
-            std::filesystem::temp_directory_path() / ("database_test_" + std::to_string(std::rand()) + ".dxf");
-        EXPECT_TRUE(drawing().save(path));
-        std::string bytes = test_support::contents(path);
-        std::filesystem::remove(path);
-        return bytes;
+        const test_support::TemporaryFolder folder("database_test");
+        EXPECT_TRUE(drawing().save(folder / "saved.dxf"));
+        return folder.read("saved.dxf");
     }
 
   private:

@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <random>
 #include <string>
 
 namespace test_support {
@@ -17,9 +18,9 @@ inline std::string contents(const std::filesystem::path& path) {
 /// An empty folder, removed with all its contents.
 class TemporaryFolder {
   public:
-    /// `name` tells the tests apart that run at the same time.
-    explicit TemporaryFolder(const std::string& name) : path_(std::filesystem::temp_directory_path() / name) {
-        std::filesystem::remove_all(path_);
+    /// `name` is a part of the folder's own, which no other test has, and no other run of this one.
+    explicit TemporaryFolder(const std::string& name)
+        : path_(std::filesystem::temp_directory_path() / (name + '_' + std::to_string(std::random_device()()))) {
         std::filesystem::create_directories(path_);
     }
     ~TemporaryFolder() {
