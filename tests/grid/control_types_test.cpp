@@ -41,10 +41,7 @@ class Controls : public GridTest {
         pump();
         grid.take();
     }
-    void click(int x, int y = 5) {
-        press(grid.GetGrid(), x, y);
-        release(grid.GetGrid(), x, y);
-    }
+    void click(int x, int y = 5) { GridTest::click(grid.GetGrid(), x, y); }
     void key_up(UINT code) {
         ::SendMessageW(::GetFocus(), WM_KEYUP, code, 1);
         pump();

@@ -89,8 +89,7 @@ TEST_F(Editing, ARefusalKeepsTheEditorOpen) {
 
 TEST_F(Editing, AClickElsewhereStoresFirst) {
     grid.edit_on_click = true;
-    press(grid.GetGrid(), 10, 10);
-    release(grid.GetGrid(), 10, 10);
+    click(grid.GetGrid(), 10, 10);
     EXPECT_TRUE(in_editor());
     type(L"x");
     EXPECT_EQ(editor_text(), "0xa") << "the caret is where the click was";
@@ -229,13 +228,11 @@ TEST_F(Editing, RowsThatGoTakeTheirEditorAlong) {
 TEST_F(Editing, ADropListOffersTheLinesOfTheLabel) {
     grid.SetCellTypeIndex(0, 1, corvanes::type_drop_list);
     CUGGrid& cells = grid.GetGrid();
-    press(cells, 90, 25);
-    release(cells, 90, 25);
+    click(cells, 90, 25);
     EXPECT_FALSE(grid.IsEditing()) << "no label, no list";
     grid.SetCellLabel(0, 1, L"door\nwindow\n");
     grid.take();
-    press(cells, 90, 25);
-    release(cells, 90, 25);
+    click(cells, 90, 25);
     EXPECT_EQ(grid.take(), (Log{"click 0 1 1 0 20 99 39 90 25 1", "click 0 1 0 0 20 99 39 90 25 1"}));
     ASSERT_TRUE(grid.IsEditing());
     const HWND list = ::GetFocus();
@@ -329,8 +326,7 @@ TEST_F(Editing, ADropListUnfoldsUpwardsWhereThereIsNoRoomBelow) {
 TEST_F(Editing, ACheckBoxTogglesUnlessItsOwnerRefuses) {
     grid.SetCellTypeIndex(2, 0, corvanes::type_check_box);
     grid.SetCellText(2, 0, L"1");
-    press(grid.GetGrid(), 250, 10);
-    release(grid.GetGrid(), 250, 10);
+    click(grid.GetGrid(), 250, 10);
     EXPECT_STREQ(grid.GetCellText(2, 0), L"0");
     type(L" ");
     EXPECT_STREQ(grid.GetCellText(2, 0), L"1");

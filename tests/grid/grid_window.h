@@ -156,6 +156,10 @@ class GridTest : public testing::Test {
     void press(CWnd& window, int x, int y, WPARAM keys = 0) { send(window, WM_LBUTTONDOWN, MK_LBUTTON | keys, x, y); }
     void drag(CWnd& window, int x, int y) { send(window, WM_MOUSEMOVE, MK_LBUTTON, x, y); }
     void release(CWnd& window, int x, int y) { send(window, WM_LBUTTONUP, 0, x, y); }
+    void click(CWnd& window, int x, int y, WPARAM keys = 0) {
+        press(window, x, y, keys);
+        release(window, x, y);
+    }
     void key(UINT code) {
         ::SendMessageW(::GetFocus(), WM_KEYDOWN, code, 1);
         pump();
