@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <fstream>
 
+#include "base/progress.h"
 #include "drawing_text.h"
 #include "platform/host/dxf/edit_list.h"
 #include "tests/support/rows.h"
@@ -263,6 +264,30 @@ TEST(DrawingEditAtEdges, AddsToTablesAndBlocksThatAreNotClosed) {
               "0\nSECTION\n2\nTABLES\n0\nTABLE\n2\nLAYER\n70\n1\n0\nLAYER\n2\nL\n"
               "  0\nTABLE\n  2\nSTYLE\n 70\n1\n0\nSTYLE\n2\nS\n  0\nENDTAB\n0\nENDSEC\n" +
                   blocks + "0\nLINE\n0\nARC\n0\nBLOCK\n2\nB\n0\nENDBLK\n0\nENDSEC\n0\nEOF\n");
+}
+
+TEST(Drawing, StopsWhenNobodyWaitsAndLeavesTheOldFile) {
+    const dxf_test::TemporaryFolder folder("corvanes_dxf_stopped");
+    const std::string bytes = groups("0 SECTION|2 ENTITIES|0 TEXT|8 0|10 0|20 0|40 1") + "1\n" +
+                              std::string(17'000'000, 'x') + "\n" + groups("0 ENDSEC|0 EOF");
+    folder.write("old.dxf", "old");
+    std::vector<double> heard;
+    bool wanted = true;
+    const base::ProgressWatch watch([&](double part) {
+        heard.push_back(part);
+        return wanted;
+    });
+    const auto drawing = dxf::Drawing::from_bytes(bytes, "long.dxf");
+    ASSERT_TRUE(drawing);
+    EXPECT_TRUE((*drawing)->save(folder / "new.dxf"));
+    ASSERT_EQ(heard.size(), 3U);
+    EXPECT_TRUE(heard[0] < heard[1] && heard[1] < heard[2] && heard[2] > 0.9);
+    wanted = false;
+    EXPECT_EQ((*drawing)->save(folder / "old.dxf").reason(), "Writing it was stopped");
+    EXPECT_EQ(folder.read("old.dxf"), "old");
+    const auto stopped = dxf::Drawing::from_bytes(bytes, "long.dxf");
+    ASSERT_FALSE(stopped);
+    EXPECT_EQ(stopped.reason().message(), "long.dxf:5: reading it was stopped here");
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "base/progress.h"
 #include "tests/support/drawing_groups.h"
 #include "tests/view/described_list.h"
 
@@ -237,6 +238,13 @@ TEST(DisplayList, IsSharedByAllWhoLookAtOneState) {
     const auto edited = DisplayList::shared(*drawing);
     EXPECT_EQ(2U, edited->top.primitives.size());
     EXPECT_NE(edited, DisplayList::shared(*other));
+    const auto many = drawing_of(entities(times(8999, "0 POINT|8 0|10 0|20 0|") + "0 POINT|8 0|10 0|20 0"));
+    const auto half = [&] {
+        const base::ProgressWatch watch([](double part) { return part < 0.4; });
+        return DisplayList::shared(*many);
+    }();
+    EXPECT_EQ(9000U - 4095, half->left_out) << "nobody waited for more";
+    EXPECT_EQ(9000U, DisplayList::shared(*many)->top.primitives.size()) << "somebody does now";
     DisplayList::begin(*other, DisplayList::Space::model);
     const auto begun = DisplayList::shared(*other);
     EXPECT_EQ(begun, DisplayList::shared(*other));

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "base/case_folding.h"
+#include "base/progress.h"
 #include "platform/host/dxf/index_builder.h"
 
 namespace dxf {
@@ -157,10 +158,17 @@ void Drawing::forget_name_of_block(RecordId head) {
 
 base::WriteStatus Drawing::write_to(base::FileReplacement& file) const {
     base::WriteStatus status;
+    double written = 0;
     edits_.apply(original(), [&](std::string_view bytes, Place) {
         while (status && !bytes.empty()) {
-            status = file.write(bytes.substr(0, write_size));
-            bytes.remove_prefix(std::min(bytes.size(), write_size));
+            const std::string_view piece = bytes.substr(0, write_size);
+            status = file.write(piece);
+            bytes.remove_prefix(piece.size());
+            written += static_cast<double>(piece.size());
+            if (status && piece.size() == write_size &&
+                !base::ProgressWatch::goes_on(std::min(1.0, written / static_cast<double>(size())))) {
+                status = base::Failure<std::string>{"Writing it was stopped"};
+            }
         }
         return static_cast<bool>(status);
     });

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/progress.h"
+
 namespace dxf {
 
 namespace {
@@ -66,6 +68,14 @@ RecordId IndexBuilder::keep(const Record& record) {
 }
 
 bool IndexBuilder::take(Record& record) {
+    constexpr uint64_t step = 1U << 20;  // bytes between two words on the progress
+    if (reader_.ahead().begin >= next_word_) {
+        next_word_ = reader_.ahead().begin + step;
+        if (!base::ProgressWatch::goes_on(static_cast<double>(reader_.ahead().begin) /
+                                          static_cast<double>(bytes_.size()))) {
+            return reader_.fail("reading it was stopped here");
+        }
+    }
     return reader_.take(record) && (reader_.at_end() || reader_.peek_type(type_));
 }
 

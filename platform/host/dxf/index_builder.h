@@ -43,7 +43,8 @@ class IndexBuilder {
     std::string_view bytes_;
     DrawingIndex& index_;
     RecordReader reader_;
-    uint16_t type_ = 0;  ///< of the record ahead
+    uint16_t type_ = 0;       ///< of the record ahead
+    uint64_t next_word_ = 0;  ///< the place from which on the progress is told again
 };
 
 /// One pass over a whole drawing. The reason of a failure says where and why (its file is left empty); the index then

@@ -23,6 +23,7 @@ void AcApDocManagerReactor::documentTitleUpdated(AcApDocument*) {}
 namespace host {
 
 base::Result<std::unique_ptr<Document>> Document::open(const std::filesystem::path& path) {
+    const ShownProgress shown(L"Reading " + path.filename().wstring());
     std::optional<ConvertedDrawing> converted;
     if (is_dwg(path)) {
         base::Result<ConvertedDrawing> conversion = ConvertedDrawing::convert(path);
@@ -79,6 +80,7 @@ base::Outcome<> Document::save_copy(const std::filesystem::path& path) const {
     if (has_dwg_name(path) || is_dwg(path)) {
         return base::Failure{path.wstring() + L" could not be saved: drawings are saved as DXF, not as DWG"};
     }
+    const ShownProgress shown(L"Writing " + path.filename().wstring());
     const base::WriteStatus status = drawing().save(path);
     if (!status) {
         return base::Failure{path.wstring() + L" could not be saved: " + base::wide_from_utf8(status.reason())};

@@ -167,8 +167,9 @@ void Editor::say_left_out(const dxf::Drawing& drawing, const DisplayList& list) 
     }
     if (list.left_out != 0) {
         person().print(L"\nNot shown, or not whole: " + std::to_wstring(list.left_out) +
-                       (list.left_out == 1 ? L" entity, which" : L" entities, which") +
-                       L" would take too much memory or time.");
+                       (list.left_out == 1 ? L" entity" : L" entities") +
+                       (list.stopped ? L", since it was ended. REGEN shows all."
+                                     : L", which would take too much memory or time."));
     }
 }
 

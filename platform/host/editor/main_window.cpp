@@ -56,6 +56,7 @@ MainWindow::MainWindow(WindowProgram program) : program_(std::move(program)), fo
     pane_ = std::make_unique<DrawingPane>(
         window_, program_.content ? program_.content : [] { return PaneContent(); },
         [this](const PaneEvent& event) { take_pane_event(event); });
+    pane_->watch_lists([this](double part) { return show_progress(L"Preparing the view", part); });
     line_ = std::make_unique<CommandLine>(window_, font, [this](std::wstring option) {
         if (waiting_ == Waiting::answer) {
             answer_ = Answer{Answer::line, std::move(option)};
@@ -73,6 +74,22 @@ MainWindow::~MainWindow() {
     line_.reset();
     pane_.reset();
     DestroyWindow(window_);
+}
+
+bool MainWindow::show_progress(std::wstring_view action, double part) {
+    constexpr ULONGLONG pause = 40;  // milliseconds between two looks
+    const bool ended = part >= 1;
+    const ULONGLONG now = GetTickCount64();
+    if (!ended && now - progress_shown_ < pause) {
+        return true;
+    }
+    progress_shown_ = ended ? 0 : now;
+    const std::wstring percent = std::to_wstring(static_cast<int>(part * 100));
+    status_->set(StatusLine::under_pointer,
+                 ended ? L"" : std::wstring(action) + L": " + percent + L" %. Escape ends it.");
+    UpdateWindow(status_->window());
+    const bool escape = GetAsyncKeyState(VK_ESCAPE) < 0 && GetForegroundWindow() == window_;
+    return ended || !escape;
 }
 
 void MainWindow::place_children() {

@@ -56,6 +56,8 @@ class MainWindow {
     WindowPlace place() const;
     /// Done before each wait too.
     void update_title();
+    /// Shows how far a long action is, from 0 to 1, until it has ended. False while Escape is held down.
+    bool show_progress(std::wstring_view action, double part);
     void append_history(std::wstring_view text) { line_->append_history(text); }
     bool shows_large_history() const { return line_->shows_large_history(); }
     void show_large_history(bool large);
@@ -113,6 +115,7 @@ class MainWindow {
     bool close_requested_ = false;
     size_t selected_ = 0;
     std::optional<Vec2> pointed_at_;  ///< to be described
+    ULONGLONG progress_shown_ = 0;    ///< when, by GetTickCount64
 };
 
 }  // namespace host

@@ -40,6 +40,10 @@ void WindowPerson::draw_vector(const Point& from, const Point& to, int colour, b
     window_.pane().draw_vector({{from.x, from.y}, {to.x, to.y}, colour, highlight});
 }
 
+bool WindowPerson::show_progress(std::wstring_view action, double part) {
+    return window_.show_progress(action, part);
+}
+
 void WindowPerson::show_selected(const std::vector<dxf::RecordId>& entities) {
     window_.show_selected(entities);
 }

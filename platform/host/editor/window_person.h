@@ -20,6 +20,7 @@ class WindowPerson : public Person {
     void print(std::wstring_view text) final;
     void report(std::wstring_view problem) override;
     void draw_vector(const Point& from, const Point& to, int colour, bool highlight) final;
+    bool show_progress(std::wstring_view action, double part) override;
     bool has_typed_ahead() const final;
     void show_selected(const std::vector<dxf::RecordId>& entities) final;
 

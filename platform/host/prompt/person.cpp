@@ -1,6 +1,7 @@
 #include "platform/host/prompt/person.h"
 
 #include <stdexcept>
+#include <utility>
 
 namespace host {
 namespace {
@@ -22,6 +23,10 @@ std::optional<InputEvent> Person::next_event() {
     }
 }
 
+bool Person::show_progress(std::wstring_view, double) {
+    return true;
+}
+
 void Person::draw_vector(const Point&, const Point&, int, bool) {}
 
 void Person::show_selected(const std::vector<dxf::RecordId>&) {}
@@ -38,6 +43,15 @@ bool succeeded(const base::Outcome<>& outcome) {
         person().report(outcome.reason());
     }
     return static_cast<bool>(outcome);
+}
+
+ShownProgress::ShownProgress(std::wstring action)
+    : action_(std::move(action)), watch_([this, seated = seated_now](double part) {
+          return seated == nullptr || seated->show_progress(action_, part);
+      }) {}
+
+ShownProgress::~ShownProgress() {
+    base::ProgressWatch::goes_on(1);
 }
 
 PersonScope::PersonScope(Person& seated) : previous_(seated_now) {

@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "base/progress.h"
 #include "base/result.h"
 #include "platform/host/dxf/record.h"
 #include "platform/host/prompt/input_text.h"
@@ -65,6 +66,9 @@ class Person {
     /// A person reads it and goes on; a script stops there.
     virtual void report(std::wstring_view problem) = 0;
 
+    /// Shows how far a long action is, from 0 to 1; 1 when it has ended. False when it is to end.
+    virtual bool show_progress(std::wstring_view action, double part);
+
     /// Draws a temporary vector over the drawing. Colour -1 complements what is on the screen.
     virtual void draw_vector(const Point& from, const Point& to, int colour, bool highlight);
     /// Shows these entities as selected, and no others.
@@ -82,6 +86,19 @@ Person& person();
 
 /// Returns whether the outcome is a success; reports a failure to the person.
 bool succeeded(const base::Outcome<>& outcome);
+
+/// The person, if one is seated, is shown how far the long actions are that run while this object lives.
+class ShownProgress {
+  public:
+    explicit ShownProgress(std::wstring action);
+    ~ShownProgress();
+    ShownProgress(const ShownProgress&) = delete;
+    ShownProgress& operator=(const ShownProgress&) = delete;
+
+  private:
+    std::wstring action_;
+    base::ProgressWatch watch_;
+};
 
 /// Seats another person while this object lives.
 class PersonScope {

@@ -59,6 +59,7 @@ struct DisplayList {
     std::vector<LinePattern> patterns;  ///< the first one is continuous
     Surroundings surroundings;          ///< of the top picture
     bool shows_weights = false;         ///< the drawing wants its line weights to be seen on the screen
+    bool stopped = false;               ///< not all was looked at, since nobody waited for it
     size_t left_out = 0;                ///< entities that are not shown, or not whole, for they would take too much
 
     std::map<std::wstring, size_t> not_shown;  ///< entities of kinds that nothing is known to draw of, by kind

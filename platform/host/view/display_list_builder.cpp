@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "base/case_folding.h"
+#include "base/progress.h"
 
 namespace host {
 
@@ -102,10 +103,10 @@ std::shared_ptr<const DisplayList> DisplayList::shared(const dxf::Drawing& drawi
         known = former;
     }
     std::shared_ptr<const DisplayList> list = known.lock();
-    if (list == nullptr || list->state != state || list->space != space) {
+    if (list == nullptr || list->state != state || list->space != space || list->stopped) {
         list.reset();
-        const bool grows =
-            former.use_count() == 1 && former->space == space && former->state.still_holds(drawing, former->lacking);
+        const bool grows = former.use_count() == 1 && !former->stopped && former->space == space &&
+                           former->state.still_holds(drawing, former->lacking);
         DisplayList begun =
             grows ? std::move(*std::const_pointer_cast<DisplayList>(former)) : blank(space, limits_for(drawing));
         former.reset();
@@ -146,10 +147,18 @@ DisplayList DisplayListBuilder::build() {
     constexpr size_t few_more = 256;                // that may come later
     const size_t parts = entities / 16 + few_more;  // of entities that have several, as references with attributes
     out.reserve(std::min(entities + parts, room), std::min(references + few_more, room));
+    constexpr size_t step = 1U << 12;  // entities between two words on the progress
+    size_t drawn = 0;
     draw_all(paper ? L"*Paper_Space" : L"*Model_Space", drawing_.entities(), [&](dxf::RecordId id) {
-        if (stands_here(id)) {
-            draw_record(id, target);
+        if (!stands_here(id)) {
+            return;
         }
+        if (++drawn % step == 0 &&
+            !base::ProgressWatch::goes_on(static_cast<double>(drawn) / static_cast<double>(entities))) {
+            list_.budget.spend();
+            list_.stopped = true;
+        }
+        draw_record(id, target);
     });
     list_.top = out.take();
     list_.left_out = list_.budget.left_out();

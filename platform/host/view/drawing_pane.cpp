@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <utility>
 
+#include "base/progress.h"
 #include "platform/host/view/window_class.h"
 
 namespace host {
@@ -175,7 +176,11 @@ void DrawingPane::refresh_list() {
         shown_ = content;
         std::shared_ptr<const DisplayList> former = frame_.take_list();
         if (content.drawing != nullptr) {
+            const base::ProgressWatch watch(list_watch_);
             frame_.set_list(DisplayList::shared(*content.drawing, content.space, std::move(former)));
+            if (list_watch_) {
+                list_watch_(1);
+            }
             if (list_listener_) {
                 list_listener_(*content.drawing, frame_.list());
             }

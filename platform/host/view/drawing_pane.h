@@ -50,6 +50,8 @@ class DrawingPane final {
     HWND window() const { return window_; }
     /// Told of each list of a drawing that the pane begins to show.
     void on_new_list(ListListener listener) { list_listener_ = std::move(listener); }
+    /// Told how far a list is while it is made; see base::ProgressWatch.
+    void watch_lists(std::function<bool(double part)> watch) { list_watch_ = std::move(watch); }
     /// Another drawing was opened: it will be seen whole.
     void drawing_opened();
     /// Looks whether the content or the pointer's guide has changed. To be called before waiting for a person.
@@ -100,6 +102,7 @@ class DrawingPane final {
     Content content_;
     Listener listener_;
     ListListener list_listener_;
+    std::function<bool(double)> list_watch_;
     DrawingFrame frame_{DrawingFrame::texts_in_motion};
     PaneContent shown_;
     bool fit_ = true;  ///< to be seen whole at the next painting

@@ -40,6 +40,8 @@ class PictureBudget {
     }
     /// Whether the entity does without something.
     bool cut() const { return cut_; }
+    /// Nobody waits for the rest.
+    void spend() { left_.steps = 0; }
     /// Whether it is of no use to look at further entities.
     bool spent() const { return left_.bytes < spare_bytes || left_.steps == 0; }
     /// Into how many chords a curve may be cut.
