@@ -5,7 +5,6 @@
 
 #include "base/code_page.h"
 #include "base/replace_file_system.h"
-#include "base/unix_program.h"
 #include "base/wine_permissions.h"
 
 namespace base {
@@ -123,7 +122,7 @@ class WindowsFile final : public ReplacementFile {
     std::error_code appear_as(const std::filesystem::path& target) override {
         // Under Wine only a program of the system below, which takes time to start, could tell whether a link to
         // nothing stands there.
-        if (!under_wine() || !CreateHardLinkW(target.c_str(), path_.c_str(), nullptr)) {
+        if (!new_files_have_the_right_mode() || !CreateHardLinkW(target.c_str(), path_.c_str(), nullptr)) {
             return std::make_error_code(std::errc::not_supported);
         }
         remove();

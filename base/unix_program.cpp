@@ -14,19 +14,10 @@ Function* function_of(const wchar_t* library, const char* name) {
     return reinterpret_cast<Function*>(reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(library), name)));
 }
 
-UnixName* translation() {
-    static UnixName* const translate = function_of<UnixName>(L"kernel32", "wine_get_unix_file_name");
-    return translate;
-}
-
 }  // namespace
 
-bool under_wine() {
-    return translation() != nullptr;
-}
-
 std::optional<std::string> unix_name(const std::filesystem::path& path) {
-    UnixName* const translate = translation();
+    static UnixName* const translate = function_of<UnixName>(L"kernel32", "wine_get_unix_file_name");
     if (translate == nullptr) {
         return std::nullopt;
     }

@@ -8,8 +8,6 @@
 
 namespace base {
 
-bool under_wine();
-
 /// The system's own name of a file; empty when it has none. Nothing where there is no Wine.
 std::optional<std::string> unix_name(const std::filesystem::path& path);
 

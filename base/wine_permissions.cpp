@@ -1,5 +1,6 @@
 #include "base/wine_permissions.h"
 
+#include <atomic>
 #include <string>
 
 #include "base/unix_program.h"
@@ -8,6 +9,7 @@ namespace base {
 namespace {
 
 constexpr int exit_broken_link = 2;
+constexpr int exit_right_mode = 3;
 
 /// $1 is the target, $2 the new file. Ownership comes before the mode, which a change of owner may narrow.
 constexpr const char* script =
@@ -18,11 +20,19 @@ constexpr const char* script =
     "elif [ -L \"$1\" ]; then\n"
     "    exit 2\n"
     "else\n"
+    "    mode=$(stat -c %a \"$2\")\n"
     "    chmod =rw \"$2\"\n"
+    "    [ \"$mode\" != \"$(stat -c %a \"$2\")\" ] || exit 3\n"
     "fi\n"
     "exit 0\n";
 
+std::atomic<bool> right_mode_seen = false;
+
 }  // namespace
+
+bool new_files_have_the_right_mode() {
+    return right_mode_seen;
+}
 
 std::optional<Takeover> take_over_under_wine(const std::filesystem::path& target, const std::filesystem::path& file) {
     const std::optional<std::string> from = unix_name(target);
@@ -34,7 +44,10 @@ std::optional<Takeover> take_over_under_wine(const std::filesystem::path& target
         return Takeover::incomplete;
     }
     const std::optional<int> status = run_unix_program({"/bin/sh", "-c", script, "/bin/sh", *from, *to});
-    if (status == 0) {
+    if (status == exit_right_mode) {
+        right_mode_seen = true;
+    }
+    if (status == 0 || status == exit_right_mode) {
         return Takeover::whole;
     }
     return status == exit_broken_link ? Takeover::target_is_broken_link : Takeover::incomplete;
