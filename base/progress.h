@@ -12,16 +12,16 @@ class ProgressWatch {
     /// Takes a part from 0 to 1; false when the action is to end.
     using Watch = std::function<bool(double part)>;
 
-    explicit ProgressWatch(Watch watch) : watch_(std::move(watch)), outer_(std::exchange(current_, this)) {}
-    ~ProgressWatch() { current_ = outer_; }
+    explicit ProgressWatch(Watch watch) : watch_(std::move(watch)), outer_(std::exchange(innermost, this)) {}
+    ~ProgressWatch() { innermost = outer_; }
     ProgressWatch(const ProgressWatch&) = delete;
     ProgressWatch& operator=(const ProgressWatch&) = delete;
 
     /// For a long action, now and then: whether it is to go on.
-    static bool goes_on(double part) { return current_ == nullptr || !current_->watch_ || current_->watch_(part); }
+    static bool goes_on(double part) { return innermost == nullptr || !innermost->watch_ || innermost->watch_(part); }
 
   private:
-    inline static thread_local ProgressWatch* current_ = nullptr;
+    inline static thread_local ProgressWatch* innermost = nullptr;
 
     Watch watch_;
     ProgressWatch* outer_;
