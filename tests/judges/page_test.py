@@ -34,6 +34,11 @@ SETTLED = "const done = arguments[arguments.length - 1]; requestAnimationFrame((
 LIGHTING = """const row = document.querySelectorAll('#rows tr')[arguments[0]], begin = performance.now();
 row.click(); document.body.getBoundingClientRect();
 return performance.now() - begin;"""
+# Drawings of other programs, where they are at hand: their letters, and endless lines at the border, differ more.
+OTHERS = [ROOT.parent / "shared" / "drawings" / f"{name}.dxf" for name in (
+    "acad_table_with_blockref_AC1032", "acadsharp_sample_AC1009_ascii", "acadsharp_sample_AC1015_binary", "acadsharp_sample_AC1018_ascii",
+    "acadsharp_sample_AC1021_ascii", "acadsharp_sample_AC1032_ascii", "bad_R12_with_trash_beyond_EOF", "bad_duplicate_handles",
+    "bricscad_nested_AC1027", "minsert_array_rotated_AC1021")]
 # The ink of each channel in cells of 40 by 40 pixels, of pictures in the middle of a sheet.
 INK = """const [sources, done] = arguments;
 const load = (source) => new Promise((good, bad) => { const image = new Image(); image.onload = () => good(image); image.onerror = bad; image.src = source; });
@@ -278,7 +283,7 @@ class PageTest(unittest.TestCase):
         drawing_of_looks().saveas(self.folder / "looks.dxf")
         self.browser.get("about:blank")
         drawings = [SAMPLE, SAMPLE.with_name("house_plan_r12_binary.dxf"), self.folder / "looks.dxf"]
-        for number, drawing in enumerate(drawings):
+        for number, drawing in enumerate([*drawings, *filter(pathlib.Path.exists, OTHERS)]):
             there = self.folder / str(number)
             there.mkdir()
             Host(PROGRAM, [], there, ["PNGOUT", windows_path(there / "a.png"), "SVGOUT", windows_path(there / "a.svg"), ""], drawing).succeed()
@@ -287,7 +292,7 @@ class PageTest(unittest.TestCase):
             png, svg = self.browser.execute_async_script(INK, sources)
             difference = sum(abs(a - b) for a, b in zip(png, svg)) / sum(png)
             print(f"{drawing.name}: {difference:.3f} of the ink differs")
-            self.assertLess(difference, 0.15, drawing)
+            self.assertLess(difference, 0.15 if drawing in drawings else 0.25, drawing)
 
 
 if __name__ == "__main__":
