@@ -2,7 +2,7 @@
 
 import os
 
-from bill import Bill
+from bill import Bill, without_handles
 from drawing_host import VECTORS
 from failure import OUTPUT, Failure
 from report_page import page
@@ -27,11 +27,12 @@ def complete(work, converted):
     try:
         if converted:
             converted.tell(work.file("report.json"))
-        bill = Bill(contents(work.file("report.json")))
+        alive = os.path.exists(work.file(VECTORS))  # else nobody asks for the handles, which may be a million
+        data = contents(work.file("report.json"))
+        bill = Bill(data if alive else without_handles(data))
         with open(work.file("report.csv"), "wb") as file:
             file.write(bill.csv())
         with open(work.file("report.html"), "wb") as file:
-            alive = os.path.exists(work.file(VECTORS))
             file.write(page(bill.members, contents(work.file(VECTORS if alive else "drawing.png")), alive))
     except OSError as error:
         raise Failure(OUTPUT, f"{work.out}: the results cannot be written ({error.strerror})") from None
