@@ -77,10 +77,10 @@ MainWindow::~MainWindow() {
 }
 
 bool MainWindow::show_progress(std::wstring_view action, double part) {
-    constexpr ULONGLONG pause = 40;  // milliseconds between two looks
+    constexpr ULONGLONG between_looks = 40;  // milliseconds
     const bool ended = part >= 1;
     const ULONGLONG now = GetTickCount64();
-    if (!ended && now - progress_shown_ < pause) {
+    if (!ended && now - progress_shown_ < between_looks) {
         return true;
     }
     progress_shown_ = ended ? 0 : now;
