@@ -9,10 +9,12 @@
 #include <dbobjptr.h>
 
 #include <algorithm>
-#include <cstring>
+#include <bit>
 #include <functional>
+#include <iterator>
 #include <map>
 #include <memory>
+#include <tuple>
 #include <utility>
 
 #include "bom/nested_references.h"
@@ -108,17 +110,34 @@ std::uint64_t place_of(const AcDbBlockReference& reference) {
     const AcGeScale3d scale = reference.scaleFactors();
     const AcGeVector3d normal = reference.normal();
     std::uint64_t place = 0;
+    std::uint64_t factor = 1;
     for (const double number :
          {at.x, at.y, at.z, scale.sx, scale.sy, scale.sz, reference.rotation(), normal.x, normal.y, normal.z}) {
-        constexpr std::uint64_t odd = 0x9E3779B97F4A7C15;  // 2^64 divided by the golden ratio: it spreads the bits
-        std::uint64_t bits = 0;
-        const double without_sign_of_zero = number + 0.0;
-        std::memcpy(&bits, &without_sign_of_zero, sizeof bits);
-        place = (place ^ bits) * odd;
-        place ^= place >> 32;
+        factor *= 0x9E3779B97F4A7C15;  // 2^64 divided by the golden ratio: its powers share no pattern
+        const auto bits = std::bit_cast<std::uint64_t>(number + 0.0);  // -0.0 + 0.0 is 0.0
+        place += (bits ^ bits >> 32) * factor;                         // the low half of a round number's bits is empty
     }
-    return place;
+    return place ^ place >> 32;
 }
+
+/// A set of hashes that may hold more than was put in, but never less: a bit for each of many classes of them.
+class HashBits {
+  public:
+    /// For so many hashes, of which one in sixteen or fewer meets another's bit.
+    explicit HashBits(std::size_t hashes) : bits_(std::bit_ceil(16 * hashes + 1)) {}
+    /// Whether the hash was not there.
+    bool insert(std::uint64_t hash) {
+        const bool is_new = !contains(hash);
+        bits_[place(hash)] = true;
+        return is_new;
+    }
+    bool contains(std::uint64_t hash) const { return bits_[place(hash)]; }
+
+  private:
+    std::size_t place(std::uint64_t hash) const { return hash & (bits_.size() - 1); }
+
+    std::vector<bool> bits_;
+};
 
 /// The graph of the blocks that are reached from the counted ones.
 class BlockGraph {
@@ -171,7 +190,7 @@ class BlockGraph {
 
 void DrawingSurvey::add(const AcDbBlockReference& reference) {
     const AcDbObjectId block = reference.blockTableRecord();
-    const auto [place, is_new] = places_.emplace(block.asOldId(), blocks_.size());
+    const auto [place, is_new] = places_.try_emplace(block.asOldId(), blocks_.size());
     if (is_new) {
         blocks_.push_back({block, reference.objectId(), std::pmr::deque<Reference>(&memory_)});
     }
@@ -199,7 +218,7 @@ BillSurvey DrawingSurvey::finish(bool true_names) {
             survey_.dynamic.push_back({references, *true_name});
         }
         survey_.counted.push_back(std::move(references));
-        find_stacked({block.references.begin(), block.references.end()}, name);
+        find_stacked(block, name);
     }
     find_frozen();
     find_nested();
@@ -221,9 +240,22 @@ void DrawingSurvey::find_frozen() {
     survey_.frozen = std::move(found.all);
 }
 
-void DrawingSurvey::find_stacked(std::vector<Reference> references, const std::wstring& name) {
-    std::sort(references.begin(), references.end(),
-              [](const Reference& a, const Reference& b) { return a.place < b.place; });
+void DrawingSurvey::find_stacked(const Block& block, const std::wstring& name) {
+    // Nearly all places differ, and to sort a million takes long. So only those are sorted that share one of many bits
+    // with another.
+    HashBits seen(block.references.size());
+    HashBits shared(block.references.size());
+    for (const Reference& reference : block.references) {
+        if (!seen.insert(reference.place)) {
+            shared.insert(reference.place);
+        }
+    }
+    std::vector<Reference> references;
+    std::copy_if(block.references.begin(), block.references.end(), std::back_inserter(references),
+                 [&shared](const Reference& reference) { return shared.contains(reference.place); });
+    std::sort(references.begin(), references.end(), [](const Reference& a, const Reference& b) {
+        return std::tie(a.place, a.handle) < std::tie(b.place, b.handle);
+    });
     BlockReferences stacked{name, {}};
     for (std::size_t i = 1; i < references.size(); ++i) {
         if (references[i].place == references[i - 1].place) {

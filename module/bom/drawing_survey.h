@@ -34,8 +34,9 @@ class DrawingSurvey {
     };
 
     void find_frozen();
-    /// Finds the references that stand in the place of another.
-    void find_stacked(std::vector<Reference> references, const std::wstring& name);
+    /// Finds the references of a block that stand in the place of another; the one with the lowest handle counts as
+    /// the other.
+    void find_stacked(const Block& block, const std::wstring& name);
     void find_nested();
     std::wstring name_of(const Block& block) const;
 

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
+#include <random>
 #include <string>
 
 #include "tests/support/rows.h"
@@ -93,6 +95,13 @@ TEST(Group, GivesNumbersOfEitherEncoding) {
         group.value = item.value;
         EXPECT_EQ(group.integer(), item.integer) << item.value;
         EXPECT_EQ(group.real(), item.real) << item.value;
+    }
+    std::mt19937 random(1);
+    for (int i = 0; i < 20000; ++i) {
+        std::string digits = std::to_string(random() % 100000000);
+        digits += i % 3 == 0 ? "" : "." + std::to_string(random() % (i % 3 == 1 ? 1000 : 4000000000));
+        const dxf::Group group{.code = 40, .value = i % 2 == 0 ? digits : digits.insert(0, "-")};
+        EXPECT_EQ(group.real(), std::strtod(digits.c_str(), nullptr)) << digits;
     }
     for (const auto& row : test_support::rows_of("1aF=1af| 20 =20|=0|12G=0|FFFFFFFFFFFFFFFF=ffffffffffffffff|"
                                                  "10000000000000000=0")) {

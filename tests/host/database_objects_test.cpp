@@ -172,6 +172,32 @@ TEST(DatabaseObjects, EntitiesReadTheirFields) {
     EXPECT_EQ(drawing->getAcDbObjectId(circle, false, AcDbHandle(L"FFFF")), Acad::eUnknownHandle);
 }
 
+TEST(DatabaseObjects, ReferencesReadAheadSayTheSame) {
+    constexpr size_t count = 3000;
+    std::string entities;
+    for (size_t i = 0; i < count; ++i) {
+        entities += groups(i % 5 == 4 ? "0 LINE|10 7|20 8|11 9|21 9"
+                                      : "0 INSERT|2 BOLT|10 " + std::to_string(i) + "|20 " + std::to_string(i * 3 % 7));
+    }
+    const OpenDrawing drawing(section("ENTITIES", entities) + end_of_file());
+    const auto expect_position = [&drawing](size_t i, double x) {
+        const AcDbObjectPointer<AcDbBlockReference> reference(drawing.entity(i), AcDb::kForRead);
+        ASSERT_EQ(reference.openStatus(), i % 5 == 4 ? Acad::eNotThatKindOfClass : Acad::eOk);
+        if (i % 5 != 4) {
+            EXPECT_EQ(reference->position(), AcGePoint3d(x, static_cast<double>(i * 3 % 7), 0)) << i;
+        }
+    };
+    for (size_t i = 0; i < count / 2; ++i) {
+        expect_position(i, static_cast<double>(i));
+    }
+    // Another one, in the midst of the walk, and one that was read ahead and has changed since.
+    expect_position(3, 3);
+    drawing.drawing().replace_value(drawing.drawing().entities()[count / 2 + 1], 10, -1.0);
+    for (size_t i = count / 2; i < count; ++i) {
+        expect_position(i, i == count / 2 + 1 ? -1 : static_cast<double>(i));
+    }
+}
+
 TEST(DatabaseObjects, ADrawingHasWhatItsFileLeavesOut) {
     const OpenDrawing drawing(section("ENTITIES", groups("0 LINE|10 0|20 0|11 1|21 1")) + end_of_file());
     EXPECT_EQ(blocks(drawing, true, true), (Names{L"*Model_Space", L"*Paper_Space"}));

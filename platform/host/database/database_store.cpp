@@ -51,7 +51,8 @@ DatabaseStore::DatabaseStore(std::unique_ptr<dxf::Drawing> drawing)
       file_name_(drawing_->path().wstring()),
       has_subclasses_(drawing_->version() >= "AC1012"),
       blocks_(*drawing_),
-      serial_(register_store(*this)) {
+      serial_(register_store(*this)),
+      placements_(*drawing_) {
     implied_[implied_layer_0] = table_entry_named(TableKind::layers, L"0").isNull();
     implied_[implied_style_standard] = table_entry_named(TableKind::text_styles, L"Standard").isNull();
 }
@@ -170,16 +171,6 @@ void DatabaseStore::load(AcDbObject& object) {
         fields_.read(drawing_->view(record));
         ObjectGate::read(object, fields_);
     }
-}
-
-const dxf::Insert& DatabaseStore::placement_in(dxf::RecordId record) const {
-    if (placement_record_ != record || placement_edits_ != drawing_->edits_made()) {
-        fields_.read(drawing_->view(record));
-        dxf::read(fields_, placement_);
-        placement_record_ = record;
-        placement_edits_ = drawing_->edits_made();
-    }
-    return placement_;
 }
 
 const dxf::Table* DatabaseStore::table(TableKind kind) const {

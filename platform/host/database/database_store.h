@@ -15,6 +15,7 @@
 #include "platform/host/database/block_catalogue.h"
 #include "platform/host/database/object_id.h"
 #include "platform/host/database/open_objects.h"
+#include "platform/host/database/placements.h"
 #include "platform/host/database/selection_set.h"
 #include "platform/host/dxf/drawing.h"
 #include "platform/host/dxf/entities.h"
@@ -90,7 +91,7 @@ class DatabaseStore {
     /// Fills an instance with the values of its record.
     void load(AcDbObject& object);
     /// The fields of this record's INSERT. The reference is valid until the next call.
-    const dxf::Insert& placement_in(dxf::RecordId record) const;
+    const dxf::Insert& placement_in(dxf::RecordId record) const { return placements_.of(record); }
 
     // Changes.
     Acad::ErrorStatus add_entity(BlockNumber block, AcDbEntity& entity);
@@ -139,10 +140,7 @@ class DatabaseStore {
     mutable std::unordered_map<uint64_t, AcDbObjectId> by_handle_;
     mutable bool handles_indexed_ = false;
     mutable dxf::RecordFields fields_;  ///< of the record that was read last; no object opens another while it is read
-    mutable dxf::Insert placement_;
-    mutable dxf::RecordId placement_record_ =
-        dxf::no_record;  ///< the record whose fields placement_ holds, as they were after placement_edits_ edits
-    mutable uint64_t placement_edits_ = 0;
+    mutable Placements placements_;
     std::unordered_map<dxf::RecordId, BlockNumber> added_to_;  ///< for the entities added since the drawing was opened
 };
 

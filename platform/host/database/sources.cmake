@@ -16,6 +16,7 @@ set(host_database_sources
     name_pattern.cpp
     object.cpp
     open_objects.cpp
+    placements.cpp
     result_buffer.cpp
     selection_ads.cpp
     selection_filter.cpp

@@ -26,17 +26,17 @@ Drawing::Drawing(std::filesystem::path path, base::FileContents contents, std::s
     : path_(std::move(path)), contents_(std::move(contents)), memory_(std::move(memory)), serial_(next_serial()) {}
 
 Drawing::~Drawing() {
-    await_reader();
+    await_readers();
 }
 
-void Drawing::let_read(std::function<void()> wait) {
-    await_reader();
-    wait_for_reader_ = std::move(wait);
+void Drawing::add_reader(Reader reader) {
+    std::erase_if(readers_, [](const Reader& earlier) { return earlier.has_finished(); });
+    readers_.push_back(std::move(reader));
 }
 
-void Drawing::await_reader() {
-    if (const std::function<void()> wait = std::exchange(wait_for_reader_, {})) {
-        wait();
+void Drawing::await_readers() {
+    for (const Reader& reader : std::exchange(readers_, {})) {
+        reader.wait();
     }
 }
 
@@ -125,7 +125,7 @@ void Drawing::note_change(RecordId id) {
 }
 
 std::optional<std::wstring> Drawing::undo() {
-    await_reader();
+    await_readers();
     UndoHistory::Step step = history_.take_last();
     if (step.changes.empty()) {
         return std::nullopt;

@@ -1,8 +1,10 @@
 // The lossless drawing store: a DXF file in memory, an index of its records, and edits that change nothing else.
 #pragma once
 
+#include <chrono>
 #include <filesystem>
 #include <functional>
+#include <future>
 #include <memory>
 #include <optional>
 #include <string>
@@ -101,9 +103,13 @@ class Drawing {
     /// Leaves a record with its sub-records out of the saved drawing.
     void erase(RecordId id);
 
-    /// Allows one reader on another thread. The next edit, or the end of the drawing, first calls `wait`, which must
-    /// return only when the reader has finished.
-    void let_read(std::function<void()> wait);
+    /// Allows a reader on another thread, which has finished when the future has its result. The next edit, or the end
+    /// of the drawing, first waits for all readers.
+    template <class Result>
+    void let_read(const std::shared_future<Result>& reader) {
+        add_reader({[reader] { return reader.wait_for(std::chrono::seconds(0)) == std::future_status::ready; },
+                    [reader] { reader.wait(); }});
+    }
 
     /// The steps that undo() takes back; UndoHistory::state tells whether the drawing is as it was at an earlier time.
     UndoHistory& history() { return history_; }
@@ -120,8 +126,14 @@ class Drawing {
   private:
     Drawing(std::filesystem::path path, base::FileContents contents, std::string memory);
 
+    struct Reader {
+        std::function<bool()> has_finished;
+        std::function<void()> wait;
+    };
+
     static OpenResult load(std::unique_ptr<Drawing> drawing);
-    void await_reader();
+    void add_reader(Reader reader);
+    void await_readers();
     std::string_view original() const;
     std::string_view bytes_of(const Record& record) const;
     RecordId add_record(std::string bytes, Place before);
@@ -145,7 +157,7 @@ class Drawing {
     EditList edits_;
     UndoHistory history_;
     std::vector<RecordId> changed_;
-    std::function<void()> wait_for_reader_;
+    std::vector<Reader> readers_;
     const uint64_t serial_;
     uint64_t next_handle_ = 0;
     bool hand_seed_due_ = false;

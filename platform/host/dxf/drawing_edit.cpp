@@ -107,7 +107,7 @@ void Drawing::settle_hand_seed() {
 }
 
 RecordId Drawing::add_record(std::string bytes, Place before) {
-    await_reader();
+    await_readers();
     const auto id = static_cast<RecordId>(index_.records.size());
     const auto length = static_cast<uint32_t>(bytes.size());
     Record record = read_record(bytes, index_).value_or(Record());
@@ -193,7 +193,7 @@ void Drawing::rewrite(RecordId id, std::string bytes) {
 }
 
 void Drawing::update_record(RecordId id, std::string bytes) {
-    await_reader();
+    await_readers();
     note_change(id);
     const Record old = record(id);
     // A header variable is no record of its own kind: only its bytes change.
@@ -205,7 +205,7 @@ void Drawing::update_record(RecordId id, std::string bytes) {
 }
 
 void Drawing::erase(RecordId id) {
-    await_reader();
+    await_readers();
     note_change(id);
     Record& gone = index_.records[id];
     edits_.erase(gone.place, gone.length);
@@ -213,7 +213,7 @@ void Drawing::erase(RecordId id) {
 }
 
 Place Drawing::ensure_section(std::string_view name) {
-    await_reader();
+    await_readers();
     // Where there are several of one name, their records make one run, which goes on in the last.
     const auto last = std::find_if(index_.sections.rbegin(), index_.sections.rend(),
                                    [name](const Section& section) { return section.name == name; });

@@ -3,7 +3,9 @@
 #include <charconv>
 #include <cmath>
 #include <cstring>
+#include <iterator>
 #include <limits>
+#include <optional>
 
 namespace dxf {
 
@@ -48,7 +50,41 @@ int64_t cut(double value) {
     return std::isfinite(value) && std::fabs(value) < limit ? static_cast<int64_t>(value) : 0;
 }
 
+/// The value of digits with at most one point among them, or nothing where another way must find it. An integer below
+/// 2^53 and a power of ten up to 10^22 are exact as doubles, so that dividing them rounds but once (Clinger 1990).
+std::optional<double> plain_decimal(std::string_view text) {
+    constexpr double powers[] = {1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+    constexpr size_t most_digits = std::size(powers) - 1;
+    const bool negative = !text.empty() && text.front() == '-';
+    text.remove_prefix(negative ? 1 : 0);
+    uint64_t digits = 0;
+    size_t places = 0;  // behind the point
+    bool has_point = false;
+    if (text.empty() || text.size() > most_digits) {
+        return std::nullopt;
+    }
+    for (const char character : text) {
+        const unsigned digit = static_cast<unsigned char>(character) - unsigned{'0'};
+        if (digit <= 9) {
+            digits = digits * 10 + digit;
+            places += has_point ? 1 : 0;
+        } else if (character == '.' && !has_point) {
+            has_point = true;
+        } else {
+            return std::nullopt;
+        }
+    }
+    if (has_point && text.size() == 1) {
+        return std::nullopt;
+    }
+    const double value = static_cast<double>(digits) / powers[places];
+    return negative ? -value : value;
+}
+
 double real_of_text(std::string_view text) {
+    if (const std::optional<double> plain = plain_decimal(text)) {
+        return *plain;
+    }
     text = trimmed(text);
     text.remove_prefix(!text.empty() && text.front() == '+' ? 1 : 0);
     double value = 0.0;

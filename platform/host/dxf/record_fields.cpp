@@ -9,12 +9,16 @@ namespace dxf {
 
 void RecordFields::read(const RecordView& record) {
     constexpr size_t usual_count = 32;
+    for (const Group& group : groups_) {
+        if (group.code >= 0 && group.code < most_codes) {
+            places_[group.code] = 0;
+        }
+    }
     groups_.clear();
     groups_.reserve(usual_count);
     codec_ = record.codec();
     OwnGroupCursor cursor(record.groups());
     Group group;
-    places_.fill(0);
     while (cursor.next(group)) {
         groups_.push_back(group);
         if (group.code >= 0 && group.code < most_codes && places_[group.code] == 0 &&

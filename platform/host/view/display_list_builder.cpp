@@ -91,7 +91,7 @@ void DisplayList::begin(dxf::Drawing& drawing, Space space) {
                                    return list;
                                }).share();
     list_on_the_way() = begun;
-    drawing.let_read([begun] { begun.wait(); });
+    drawing.let_read(begun);
 }
 
 std::shared_ptr<const DisplayList> DisplayList::shared(const dxf::Drawing& drawing, Space space,

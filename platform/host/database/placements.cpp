@@ -1,0 +1,90 @@
+#include "platform/host/database/placements.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace host {
+namespace {
+
+constexpr unsigned enough_in_order = 64;
+constexpr dxf::RecordId widest_gap = 8;
+constexpr dxf::RecordId first_window = 256;  // each is twice as large as the one before: little is read in vain
+constexpr dxf::RecordId largest_window = 65536;
+
+}  // namespace
+
+const dxf::Insert& Placements::of(dxf::RecordId record) {
+    if (const uint64_t edits = drawing_.edits_made(); edits != edits_) {
+        stop();
+        last_ = dxf::no_record;
+        edits_ = edits;
+    }
+    if (record != last_) {
+        go_to(record);
+        last_ = record;
+    }
+    return current_->holds(record) ? current_->by_record[record - current_->begin] : one_;
+}
+
+void Placements::go_to(dxf::RecordId record) {
+    in_order_ = follows_last(record) ? in_order_ + 1 : 0;
+    if (in_order_ == 0) {
+        stop();
+    }
+    if (!current_->holds(record) && in_order_ >= enough_in_order) {
+        if (!read_.valid()) {
+            read_ahead(record);
+        }
+        advance();
+    }
+    if (!current_->holds(record)) {
+        fields_.read(drawing_.view(record));
+        dxf::read(fields_, one_);
+    }
+}
+
+bool Placements::follows_last(dxf::RecordId record) const {
+    return last_ != dxf::no_record && record > last_ && record - last_ <= widest_gap;
+}
+
+void Placements::read_ahead(dxf::RecordId begin) {
+    if (!next_ || next_.use_count() > 1) {
+        next_ = std::make_shared<Window>();
+    }
+    next_->begin = begin;
+    next_->by_record.resize(std::min(next_size_, drawing_.record_count() - begin));
+    next_size_ = std::min(2 * next_size_, largest_window);
+    const dxf::Drawing& drawing = drawing_;
+    read_ = std::async(std::launch::async, [&drawing, window = next_] { read(drawing, *window); }).share();
+    drawing_.let_read(read_);
+}
+
+void Placements::advance() {
+    read_.get();
+    read_ = {};
+    std::swap(current_, next_);
+    const dxf::RecordId end = current_->begin + static_cast<dxf::RecordId>(current_->by_record.size());
+    if (end < drawing_.record_count()) {
+        read_ahead(end);
+    }
+}
+
+void Placements::stop() {
+    read_ = {};
+    current_ = std::make_shared<Window>();
+    next_size_ = first_window;
+    in_order_ = 0;
+}
+
+void Placements::read(const dxf::Drawing& drawing, Window& window) {
+    dxf::RecordFields fields;
+    for (size_t i = 0; i < window.by_record.size(); ++i) {
+        const dxf::RecordId record = window.begin + static_cast<dxf::RecordId>(i);
+        if (drawing.record(record).type == dxf::type_insert) {
+            fields.read(drawing.view(record));
+            dxf::read(fields, window.by_record[i]);
+        }
+    }
+}
+
+}  // namespace host

@@ -1,0 +1,57 @@
+// Placements, which tells where the INSERTs of a drawing stand, and reads ahead for who asks for all of them.
+#pragma once
+
+#include <cstdint>
+#include <future>
+#include <memory>
+#include <vector>
+
+#include "platform/host/dxf/drawing.h"
+#include "platform/host/dxf/entities.h"
+#include "platform/host/dxf/record_fields.h"
+
+namespace host {
+
+/// Reads the placement of one INSERT at a time, until many have been asked for in the order of the file. From then on
+/// another thread reads those of the next some thousand records while the ones before are asked for. An edit of the
+/// drawing waits for that thread and ends the reading ahead.
+class Placements {
+  public:
+    /// The drawing must live as long.
+    explicit Placements(dxf::Drawing& drawing) : drawing_(drawing) {}
+
+    /// The fields of a record's INSERT, after all edits. The reference is valid until the next call.
+    const dxf::Insert& of(dxf::RecordId record);
+
+  private:
+    /// The placements of the INSERTs among some neighbouring records.
+    struct Window {
+        dxf::RecordId begin = 0;
+        std::vector<dxf::Insert> by_record;  ///< default ones of other records
+
+        bool holds(dxf::RecordId record) const { return record >= begin && record - begin < by_record.size(); }
+    };
+    using WindowPointer = std::shared_ptr<Window>;
+
+    static void read(const dxf::Drawing& drawing, Window& window);
+    /// Reads `record` into one_, unless the current window holds it.
+    void go_to(dxf::RecordId record);
+    bool follows_last(dxf::RecordId record) const;
+    void read_ahead(dxf::RecordId begin);
+    /// Makes the window that was read ahead the current one, and has the one behind it read.
+    void advance();
+    void stop();
+
+    dxf::Drawing& drawing_;
+    uint64_t edits_ = 0;                   ///< that the drawing had when what is below was read
+    dxf::RecordId last_ = dxf::no_record;  ///< that was asked for
+    unsigned in_order_ = 0;                ///< how many of those asked for last followed the one before
+    dxf::Insert one_;                      ///< of last_, where no window holds it
+    dxf::RecordFields fields_;
+    WindowPointer current_ = std::make_shared<Window>();
+    WindowPointer next_ = std::make_shared<Window>();  ///< which another thread reads, while read_ is valid
+    std::shared_future<void> read_;
+    dxf::RecordId next_size_ = 256;  ///< of the window that will be read after next_
+};
+
+}  // namespace host
