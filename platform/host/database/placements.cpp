@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/host/dxf/number_fields.h"
+
 namespace host {
 namespace {
 
@@ -10,6 +12,11 @@ constexpr unsigned enough_in_order = 64;
 constexpr dxf::RecordId widest_gap = 8;
 constexpr dxf::RecordId first_window = 256;  // each is twice as large as the one before: little is read in vain
 constexpr dxf::RecordId largest_window = 65536;
+
+void read_insert(const dxf::Drawing& drawing, dxf::RecordId record, dxf::Insert& insert) {
+    static const dxf::NumberFields<dxf::Insert> fields;
+    fields.read(drawing.view(record), insert);
+}
 
 }  // namespace
 
@@ -38,8 +45,7 @@ void Placements::go_to(dxf::RecordId record) {
         advance();
     }
     if (!current_->holds(record)) {
-        fields_.read(drawing_.view(record));
-        dxf::read(fields_, one_);
+        read_insert(drawing_, record, one_);
     }
 }
 
@@ -77,12 +83,10 @@ void Placements::stop() {
 }
 
 void Placements::read(const dxf::Drawing& drawing, Window& window) {
-    dxf::RecordFields fields;
     for (size_t i = 0; i < window.by_record.size(); ++i) {
         const dxf::RecordId record = window.begin + static_cast<dxf::RecordId>(i);
         if (drawing.record(record).type == dxf::type_insert) {
-            fields.read(drawing.view(record));
-            dxf::read(fields, window.by_record[i]);
+            read_insert(drawing, record, window.by_record[i]);
         }
     }
 }

@@ -8,7 +8,6 @@
 
 #include "platform/host/dxf/drawing.h"
 #include "platform/host/dxf/entities.h"
-#include "platform/host/dxf/record_fields.h"
 
 namespace host {
 
@@ -47,7 +46,6 @@ class Placements {
     dxf::RecordId last_ = dxf::no_record;  ///< that was asked for
     unsigned in_order_ = 0;                ///< how many of those asked for last followed the one before
     dxf::Insert one_;                      ///< of last_, where no window holds it
-    dxf::RecordFields fields_;
     WindowPointer current_ = std::make_shared<Window>();
     WindowPointer next_ = std::make_shared<Window>();  ///< which another thread reads, while read_ is valid
     std::shared_future<void> read_;

@@ -50,34 +50,37 @@ int64_t cut(double value) {
     return std::isfinite(value) && std::fabs(value) < limit ? static_cast<int64_t>(value) : 0;
 }
 
+/// Reads digits from `at` on, behind those that `number` has already; where they end.
+const char* read_digits(const char* at, const char* end, uint64_t& number) {
+    for (; at != end && static_cast<unsigned char>(*at - '0') <= 9; ++at) {
+        number = number * 10 + static_cast<uint64_t>(*at - '0');
+    }
+    return at;
+}
+
 /// The value of digits with at most one point among them, or nothing where another way must find it. An integer below
 /// 2^53 and a power of ten up to 10^22 are exact as doubles, so that dividing them rounds but once (Clinger 1990).
 std::optional<double> plain_decimal(std::string_view text) {
     constexpr double powers[] = {1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
-    constexpr size_t most_digits = std::size(powers) - 1;
+    constexpr size_t most_characters = std::size(powers) - 1;
+    const char* const end = text.data() + text.size();
     const bool negative = !text.empty() && text.front() == '-';
-    text.remove_prefix(negative ? 1 : 0);
-    uint64_t digits = 0;
-    size_t places = 0;  // behind the point
-    bool has_point = false;
-    if (text.empty() || text.size() > most_digits) {
+    const char* const begin = text.data() + (negative ? 1 : 0);
+    if (begin == end || text.size() > most_characters || static_cast<unsigned char>(*begin - '0') > 9) {
         return std::nullopt;
     }
-    for (const char character : text) {
-        const unsigned digit = static_cast<unsigned char>(character) - unsigned{'0'};
-        if (digit <= 9) {
-            digits = digits * 10 + digit;
-            places += has_point ? 1 : 0;
-        } else if (character == '.' && !has_point) {
-            has_point = true;
-        } else {
-            return std::nullopt;
-        }
+    uint64_t number = 0;
+    const char* at = read_digits(begin, end, number);
+    ptrdiff_t places = 0;
+    if (at != end && *at == '.') {
+        const char* const behind_point = at + 1;
+        at = read_digits(behind_point, end, number);
+        places = at - behind_point;
     }
-    if (has_point && text.size() == 1) {
+    if (at != end) {
         return std::nullopt;
     }
-    const double value = static_cast<double>(digits) / powers[places];
+    const double value = static_cast<double>(number) / powers[places];
     return negative ? -value : value;
 }
 
