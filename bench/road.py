@@ -35,16 +35,17 @@ class Road:
         self.work = tempfile.TemporaryDirectory()
         self.folder = pathlib.Path(self.work.name)
 
-    def host(self, drawing, lines, rounds, shown):
-        """The best of some runs of the host with a script, with or without the drawing in its window."""
+    def host(self, drawing, lines, rounds, shown, **values):
+        """The best of some runs of the host with a script, with or without the drawing in its window, and with more values
+        in its environment."""
         script = self.folder / "road.scr"
         script.write_text("\n".join(lines + ["QUIT"]) + "\n", encoding="utf-8")
         command = [str(ROOT / "tools" / "wine"), str(self.bin / "drawinghost.exe"), windows_path(drawing), "--load",
                    windows_path(self.bin / "Corvanes.arx"), "--script", windows_path(script)]
         command += [] if shown else ["--hidden"]
-        return min(timed(command, stderr=subprocess.DEVNULL) for _ in range(rounds))
+        return min(timed(command, stderr=subprocess.DEVNULL, env=os.environ | values) for _ in range(rounds))
 
-    def report(self, drawing, prices=None, rounds=5, shown=False):
+    def report(self, drawing, prices=None, rounds=5, shown=False, **values):
         """Opened, everything counted, the dialog shown, the report saved, closed."""
         report = self.folder / "report.txt"
         lines = ["QXBOMC", windows_path(prices) if prices else "^C", "ALL", "", '@press "Save to file"',
@@ -52,7 +53,7 @@ class Road:
         best = None
         for _ in range(rounds):
             report.unlink(missing_ok=True)  # it would be a question whether to replace it
-            run = self.host(drawing, lines, 1, shown)
+            run = self.host(drawing, lines, 1, shown, **values)
             best = min(best or run, run)
         return best
 

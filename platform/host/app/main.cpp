@@ -140,6 +140,9 @@ int run_program(const Options& options) {
     if (!script) {
         return fail(script.reason());
     }
+    if (!options.script.empty() && !options.drawing.empty()) {
+        editor().documents.begin_to_open(options.drawing);  // the first window of a session may take a while
+    }
     MainWindow window(program_of_editor());
     const WindowAttachment attachment(window);
     WindowPerson at_window(window, editor().processor, options.verbose);

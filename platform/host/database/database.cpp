@@ -104,23 +104,20 @@ AcDbHostApplicationServices* acdbHostApplicationServices() {
 }
 
 namespace host {
-namespace {
 
-OpenDatabase adopt(dxf::OpenResult drawing) {
+OpenDatabase open_database(dxf::OpenResult drawing) {
     if (!drawing) {
         return base::Failure{drawing.reason()};
     }
     return std::make_unique<AcDbDatabase>(std::make_unique<DatabaseStore>(*std::move(drawing)));
 }
 
-}  // namespace
-
 OpenDatabase open_database(const std::filesystem::path& path) {
-    return adopt(dxf::Drawing::open(path));
+    return open_database(dxf::Drawing::open(path));
 }
 
 OpenDatabase open_database_from_bytes(std::string bytes, const std::filesystem::path& name) {
-    return adopt(dxf::Drawing::from_bytes(std::move(bytes), name));
+    return open_database(dxf::Drawing::from_bytes(std::move(bytes), name));
 }
 
 }  // namespace host

@@ -147,6 +147,8 @@ class DatabaseStore {
 /// A drawing opened as a database, or why it cannot be read.
 using OpenDatabase = base::Result<std::unique_ptr<AcDbDatabase>, dxf::Error>;
 OpenDatabase open_database(const std::filesystem::path& path);
+/// The same for a drawing that was read before.
+OpenDatabase open_database(dxf::OpenResult drawing);
 /// The same for a drawing in memory; `name` stands for the file in errors.
 OpenDatabase open_database_from_bytes(std::string bytes, const std::filesystem::path& name);
 

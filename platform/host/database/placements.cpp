@@ -11,7 +11,7 @@ namespace {
 constexpr unsigned enough_in_order = 64;
 constexpr dxf::RecordId widest_gap = 8;
 constexpr dxf::RecordId first_window = 256;  // each is twice as large as the one before: little is read in vain
-constexpr dxf::RecordId largest_window = 65536;
+constexpr dxf::RecordId largest_window = 32768;
 
 void read_insert(const dxf::Drawing& drawing, dxf::RecordId record, dxf::Insert& insert) {
     static const dxf::NumberFields<dxf::Insert> fields;
@@ -72,6 +72,8 @@ void Placements::advance() {
     const dxf::RecordId end = current_->begin + static_cast<dxf::RecordId>(current_->by_record.size());
     if (end < drawing_.record_count()) {
         read_ahead(end);
+    } else {
+        next_ = {};
     }
 }
 

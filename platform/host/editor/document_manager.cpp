@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <utility>
 
 #include "base/code_page.h"
 #include "dbapserv.h"
@@ -22,7 +23,8 @@ void AcApDocManagerReactor::documentTitleUpdated(AcApDocument*) {}
 
 namespace host {
 
-base::Result<std::unique_ptr<Document>> Document::open(const std::filesystem::path& path) {
+base::Result<std::unique_ptr<Document>> Document::open(const std::filesystem::path& path,
+                                                       std::future<dxf::OpenResult> reading) {
     const ShownProgress shown(L"Reading " + path.filename().wstring());
     std::optional<ConvertedDrawing> converted;
     if (is_dwg(path)) {
@@ -32,7 +34,8 @@ base::Result<std::unique_ptr<Document>> Document::open(const std::filesystem::pa
         }
         converted.emplace(*std::move(conversion));
     }
-    OpenDatabase database = open_database(converted ? converted->dxf() : path);
+    OpenDatabase database =
+        reading.valid() ? open_database(reading.get()) : open_database(converted ? converted->dxf() : path);
     if (!database) {
         return base::Failure{base::wide_from_utf8(database.reason().message())};
     }
@@ -115,8 +118,19 @@ void DocumentManager::tell_reactors(void (AcApDocManagerReactor::*event)(AcApDoc
     }
 }
 
+void DocumentManager::begin_to_open(const std::filesystem::path& path) {
+    if (!is_dwg(path)) {
+        path_begun_ = path;
+        reading_ = std::async(std::launch::async, [path] { return dxf::Drawing::open(path); });
+    }
+}
+
 base::Outcome<> DocumentManager::open(const std::filesystem::path& path) {
-    base::Result<std::unique_ptr<Document>> opened = Document::open(path);
+    std::future<dxf::OpenResult> reading = std::exchange(reading_, {});
+    if (path != path_begun_) {
+        reading = {};
+    }
+    base::Result<std::unique_ptr<Document>> opened = Document::open(path, std::move(reading));
     if (!opened) {
         return base::Failure{opened.reason()};
     }

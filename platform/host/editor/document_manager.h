@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <functional>
+#include <future>
 #include <memory>
 #include <string>
 #include <vector>
@@ -11,10 +12,7 @@
 #include "acdocman.h"
 #include "base/result.h"
 #include "dbmain.h"
-
-namespace dxf {
-class Drawing;
-}
+#include "platform/host/dxf/drawing.h"
 
 namespace host {
 
@@ -22,7 +20,9 @@ namespace host {
 class Document final : public AcApDocument {
   public:
     /// Reads a drawing, DXF or (see ConvertedDrawing) DWG. The reason when it cannot be read: "FILE:LINE: reason".
-    static base::Result<std::unique_ptr<Document>> open(const std::filesystem::path& path);
+    /// `reading`, where it is valid, gives the DXF drawing that is in the file.
+    static base::Result<std::unique_ptr<Document>> open(const std::filesystem::path& path,
+                                                        std::future<dxf::OpenResult> reading = {});
     ~Document() override;
 
     const std::filesystem::path& path() const { return path_; }
@@ -65,6 +65,9 @@ class DocumentManager final : public AcApDocManager {
     };
     explicit DocumentManager(Hooks hooks) : hooks_(std::move(hooks)) {}
 
+    /// Has another thread begin to read the DXF drawing that is to be opened next, so that open() takes less time.
+    /// Nobody sees its progress or can end it. Does nothing for a DWG drawing.
+    void begin_to_open(const std::filesystem::path& path);
     /// Opens a drawing in place of the one that is open, which is closed only when the new one could be read.
     base::Outcome<> open(const std::filesystem::path& path);
     /// Closes the drawing without saving; the reactors are told.
@@ -89,6 +92,8 @@ class DocumentManager final : public AcApDocManager {
 
     const Hooks hooks_;
     std::unique_ptr<Document> document_;
+    std::filesystem::path path_begun_;
+    std::future<dxf::OpenResult> reading_;  ///< of path_begun_; valid until it is taken
     std::vector<AcApDocManagerReactor*> reactors_;
     std::vector<HINSTANCE> resources_;  ///< what was current before each push
 };
