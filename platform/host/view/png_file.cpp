@@ -50,12 +50,15 @@ std::string compressed_rows(const Raster& pixels) {
         return {};
     }
     std::string data;
+    std::string row(1 + 3 * static_cast<size_t>(pixels.width()), '\0');  // its first byte: no filter
     bool fine = true;
     for (int y = 0; fine && y < pixels.height(); ++y) {
-        std::string row(1, '\0');  // no filter
+        char* to = row.data() + 1;
         for (int x = 0; x < pixels.width(); ++x) {
             const uint32_t colour = pixels.at(x, y);
-            row += {static_cast<char>(colour >> 16), static_cast<char>(colour >> 8), static_cast<char>(colour)};
+            *to++ = static_cast<char>(colour >> 16);
+            *to++ = static_cast<char>(colour >> 8);
+            *to++ = static_cast<char>(colour);
         }
         fine = compress(stream, row, y + 1 == pixels.height(), data);
     }

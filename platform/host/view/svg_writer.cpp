@@ -2,6 +2,7 @@
 
 #include <map>
 #include <tuple>
+#include <unordered_map>
 
 #include "platform/host/view/areas.h"
 #include "platform/host/view/inherited_looks.h"
@@ -48,8 +49,16 @@ std::string box_text(const Box2& box, int decimals) {
     return text;
 }
 
-std::string attribute(const char* name, const std::string& value) {
-    return value.empty() ? value : std::string(" ") + name + "=\"" + value + "\"";
+void append_attribute(std::string& out, const char* name, std::string_view value) {
+    if (!value.empty()) {
+        out.append(" ").append(name).append("=\"").append(value).append("\"");
+    }
+}
+
+std::string attribute(const char* name, std::string_view value) {
+    std::string text;
+    append_attribute(text, name, value);
+    return text;
 }
 
 class SvgWriter {
@@ -67,7 +76,7 @@ class SvgWriter {
 
   private:
     struct Symbol {
-        std::string id;
+        std::string target;  ///< "#" and its id
         SvgFrame frame;
         double elements = 0;
     };
@@ -104,7 +113,8 @@ class SvgWriter {
     std::string array_of(const Content& content, const Instance& instance, const std::string& cell);
     std::string define(const std::string& elements, const Box2& box, int decimals);
     std::string attributes(const Content& content, const Primitive& primitive, const std::string& more = {});
-    std::string data_of(dxf::RecordId entity) const;
+    void append_data_of(std::string& out, dxf::RecordId entity);
+    const std::string& escaped_name(dxf::NameId block);
     const Symbol& symbol_of(uint32_t picture, const Surroundings& around);
     std::string clipped(const Content& content);
     std::string next_id(const char* prefix) { return prefix + std::to_string(ids_++); }
@@ -119,6 +129,7 @@ class SvgWriter {
     InheritedLooks inherited_;
     SvgLooks looks_;
     std::map<Key, Symbol> symbols_;
+    std::unordered_map<dxf::NameId, std::string> escaped_names_;  ///< of blocks
     std::string definitions_;
     size_t ids_ = 0;
     size_t left_out_ = 0;
@@ -163,7 +174,11 @@ std::string SvgWriter::attributes(const Content& content, const Primitive& primi
     words += words.empty() || more.empty() ? more : " " + more;
     const bool of_reference = in_space(content) && primitive.entity != dxf::no_record &&
                               drawing_.record(primitive.entity).type == dxf::type_insert;
-    return attribute("class", words) + (of_reference ? data_of(primitive.entity) : "");
+    std::string text = attribute("class", words);
+    if (of_reference) {
+        append_data_of(text, primitive.entity);
+    }
+    return text;
 }
 
 void SvgWriter::add_to_path(Content& content, const Primitive& primitive) {
@@ -241,11 +256,18 @@ void SvgWriter::add_reference(Content& content, const Primitive& primitive) {
         return;
     }
     content.elements += elements;
-    const std::string target = attribute("href", "#" + symbol.id) + attribute("transform", svg_matrix(placed));
-    content.text += "<use" + attribute("class", looks_.of_reference(primitive.entity, inside.ink, inside.layer_ink)) +
-                    data_of(primitive.entity) +
-                    (single ? target : attribute("href", "#" + array_of(content, instance, "<use" + target + "/>"))) +
-                    "/>\n";
+    std::string& text = content.text;
+    text += "<use";
+    append_attribute(text, "class", looks_.of_reference(primitive.entity, inside.ink, inside.layer_ink));
+    append_data_of(text, primitive.entity);
+    if (single) {
+        append_attribute(text, "href", symbol.target);
+        append_attribute(text, "transform", svg_matrix(placed));
+    } else {
+        const std::string cell = attribute("href", symbol.target) + attribute("transform", svg_matrix(placed));
+        append_attribute(text, "href", "#" + array_of(content, instance, "<use" + cell + "/>"));
+    }
+    text += "/>\n";
 }
 
 /// A symbol of rows, which are a symbol of cells: as many elements as there are rows and columns, not cells.
@@ -275,16 +297,23 @@ std::string SvgWriter::define(const std::string& elements, const Box2& box, int 
     return id;
 }
 
-std::string SvgWriter::data_of(dxf::RecordId entity) const {
+void SvgWriter::append_data_of(std::string& out, dxf::RecordId entity) {
     if (entity == dxf::no_record || drawing_.record(entity).type != dxf::type_insert) {
-        return {};
+        return;
     }
     const dxf::Record& record = drawing_.record(entity);
     char handle[32];
     std::snprintf(handle, sizeof handle, "%llX", static_cast<unsigned long long>(record.handle));
-    const std::wstring name =
-        record.block_name == dxf::no_name ? std::wstring() : drawing_.block_names().name(record.block_name);
-    return " data-block=\"" + svg_escaped(name) + "\"" + attribute("data-handle", handle);
+    out.append(" data-block=\"").append(escaped_name(record.block_name)).append("\"");
+    append_attribute(out, "data-handle", handle);
+}
+
+const std::string& SvgWriter::escaped_name(dxf::NameId block) {
+    const auto [known, is_new] = escaped_names_.try_emplace(block);
+    if (is_new && block != dxf::no_name) {
+        known->second = svg_escaped(drawing_.block_names().name(block));
+    }
+    return known->second;
 }
 
 const SvgWriter::Symbol& SvgWriter::symbol_of(uint32_t number, const Surroundings& around) {
@@ -299,7 +328,7 @@ const SvgWriter::Symbol& SvgWriter::symbol_of(uint32_t number, const Surrounding
     const Box2& box = picture.box.empty() ? picture.reach : picture.box;
     const std::string id =
         define(picture.clip.empty() ? content.text : clipped(content), content.frame(box), content.frame.decimals);
-    return symbols_.emplace(key, Symbol{id, content.frame, content.elements}).first->second;
+    return symbols_.emplace(key, Symbol{"#" + id, content.frame, content.elements}).first->second;
 }
 
 std::string SvgWriter::clipped(const Content& content) {
