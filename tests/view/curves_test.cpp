@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "platform/host/view/arc.h"
-#include "platform/host/view/spline.h"
+#include "platform/host/view/curves.h"
 #include "platform/host/view/transform3.h"
 
 namespace host {

@@ -1,6 +1,6 @@
 // Lines, arcs, ellipses, splines, points and what is made of single lines.
+#include "platform/host/view/curves.h"
 #include "platform/host/view/entity_scope.h"
-#include "platform/host/view/spline.h"
 
 namespace host {
 

@@ -1,7 +1,6 @@
 #include "platform/host/view/hatch_boundary.h"
 
-#include "platform/host/view/arc.h"
-#include "platform/host/view/spline.h"
+#include "platform/host/view/curves.h"
 
 namespace host {
 

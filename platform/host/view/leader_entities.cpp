@@ -1,6 +1,6 @@
 // LEADER and MULTILEADER.
+#include "platform/host/view/curves.h"
 #include "platform/host/view/dim_style.h"
-#include "platform/host/view/spline.h"
 
 namespace host {
 

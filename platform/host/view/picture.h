@@ -5,8 +5,8 @@
 #include <vector>
 
 #include "platform/host/dxf/record.h"
-#include "platform/host/view/arc.h"
 #include "platform/host/view/box_tree.h"
+#include "platform/host/view/curves.h"
 #include "platform/host/view/ink.h"
 #include "platform/host/view/line_pattern.h"
 #include "platform/host/view/line_weight.h"

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/host/view/arc.h"
+#include "platform/host/view/curves.h"
 
 namespace host {
 

@@ -1,4 +1,4 @@
-// Arcs of circles and ellipses, and their straight approximation.
+// Curves, and their straight approximation: arcs of circles and ellipses, and splines.
 #pragma once
 
 #include <vector>
@@ -36,5 +36,27 @@ double positive_sweep(double start, double end);
 /// The arc of a polyline's segment. The bulge is the tangent of a quarter of the included angle, positive
 /// counter-clockwise; it must not be 0, nor the two points equal.
 Arc bulge_arc(Vec2 from, Vec2 to, double bulge);
+
+/// A B-spline curve. Weights are 1 where there are none.
+struct Spline {
+    static constexpr size_t steps_per_span = 16;  ///< chords between two knots, where no fewer are asked for
+
+    int degree = 3;
+    std::vector<double> knots;
+    std::vector<Vec3> controls;
+    std::vector<double> weights;
+
+    /// Whether degree, knots and control points go together.
+    bool valid() const;
+    /// The curve's points at parameters from the first to the last, close enough to draw at the size of any screen.
+    /// Only for a valid spline.
+    std::vector<Vec3> flatten(size_t most_chords = steps_per_span) const;
+    /// One point; `t` is brought into the curve's range.
+    Vec3 at(double t) const;
+};
+
+/// A smooth curve through the points: the natural cubic spline over chord lengths, closed on itself when asked for.
+std::vector<Vec3> curve_through(const std::vector<Vec3>& points, bool closed,
+                                size_t most_chords = Spline::steps_per_span);
 
 }  // namespace host
