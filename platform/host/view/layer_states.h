@@ -5,8 +5,7 @@
 #include <vector>
 
 #include "platform/host/dxf/drawing.h"
-#include "platform/host/view/ink.h"
-#include "platform/host/view/line_weight.h"
+#include "platform/host/view/pen.h"
 
 namespace host {
 

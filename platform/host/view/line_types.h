@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "platform/host/dxf/drawing.h"
-#include "platform/host/view/line_pattern.h"
+#include "platform/host/view/pen.h"
 
 namespace host {
 

@@ -7,9 +7,7 @@
 #include "platform/host/dxf/record.h"
 #include "platform/host/view/box_tree.h"
 #include "platform/host/view/curves.h"
-#include "platform/host/view/ink.h"
-#include "platform/host/view/line_pattern.h"
-#include "platform/host/view/line_weight.h"
+#include "platform/host/view/pen.h"
 #include "platform/host/view/repeats.h"
 #include "platform/host/view/text_item.h"
 

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/host/view/ink.h"
+#include "platform/host/view/pen.h"
 #include "platform/host/view/text_item.h"
 
 namespace host {

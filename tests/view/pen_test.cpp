@@ -1,5 +1,5 @@
 // Dashes along a line, and which linetype an entity has.
-#include "platform/host/view/line_pattern.h"
+#include "platform/host/view/pen.h"
 
 #include <gtest/gtest.h>
 
