@@ -8,7 +8,7 @@
 #include "platform/host/database/database_store.h"
 #include "platform/host/database/selection_filter.h"
 #include "platform/host/view/display_list.h"
-#include "platform/host/view/layer_states.h"
+#include "platform/host/view/style_tables.h"
 
 namespace host {
 

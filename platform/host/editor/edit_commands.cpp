@@ -9,7 +9,7 @@
 #include "platform/host/editor/commands.h"
 #include "platform/host/editor/editor.h"
 #include "platform/host/prompt/person.h"
-#include "platform/host/view/layer_states.h"
+#include "platform/host/view/style_tables.h"
 
 namespace host {
 namespace {

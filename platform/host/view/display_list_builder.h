@@ -7,8 +7,7 @@
 #include "platform/host/view/display_list.h"
 #include "platform/host/view/draw_order.h"
 #include "platform/host/view/entity_scope.h"
-#include "platform/host/view/layer_states.h"
-#include "platform/host/view/line_types.h"
+#include "platform/host/view/style_tables.h"
 
 namespace host {
 

@@ -2,10 +2,8 @@
 #pragma once
 
 #include "platform/host/view/drawing_settings.h"
-#include "platform/host/view/layer_states.h"
-#include "platform/host/view/line_types.h"
 #include "platform/host/view/picture_builder.h"
-#include "platform/host/view/text_styles.h"
+#include "platform/host/view/style_tables.h"
 #include "platform/host/view/transform3.h"
 
 namespace host {

@@ -6,7 +6,7 @@
 #include <string>
 
 #include "platform/host/view/display_list.h"
-#include "platform/host/view/layer_states.h"
+#include "platform/host/view/style_tables.h"
 
 namespace host {
 

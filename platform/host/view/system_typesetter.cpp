@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <array>
 
+#include "platform/host/view/style_tables.h"
 #include "platform/host/view/text_metrics.h"
-#include "platform/host/view/text_styles.h"
 
 namespace host {
 
