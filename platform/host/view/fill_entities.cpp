@@ -1,8 +1,7 @@
 // SOLID, TRACE, 3DFACE and HATCH.
 #include "base/case_folding.h"
 #include "platform/host/view/entity_scope.h"
-#include "platform/host/view/hatch_boundary.h"
-#include "platform/host/view/hatch_pattern.h"
+#include "platform/host/view/hatch.h"
 
 namespace host {
 

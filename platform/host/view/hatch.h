@@ -1,4 +1,4 @@
-// Hatch patterns: families of parallel dashed lines, cut off at the boundary.
+// What a HATCH says: the contours of its boundary, and the lines of its pattern, cut off there.
 #pragma once
 
 #include <optional>
@@ -9,6 +9,10 @@
 #include "platform/host/view/picture_budget.h"
 
 namespace host {
+
+/// The closed contours of a HATCH as polygons in its object coordinates (the first point is not repeated). Paths
+/// without an area are left out.
+std::vector<std::vector<Vec2>> read_hatch_boundary(const dxf::RecordFields& hatch, size_t most_chords);
 
 /// One family of lines, in the hatch's object coordinates with angle and scale applied.
 struct HatchFamily {
