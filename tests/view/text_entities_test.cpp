@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "platform/host/view/text_metrics.h"
+#include "platform/host/view/text_item.h"
 #include "tests/view/described_list.h"
 
 namespace host {

@@ -1,7 +1,7 @@
 // TOLERANCE, and ACAD_TABLE where its block is missing: texts in frames.
 #include "platform/host/view/dim_style.h"
 #include "platform/host/view/text_codes.h"
-#include "platform/host/view/text_metrics.h"
+#include "platform/host/view/text_item.h"
 
 namespace host {
 

@@ -1,6 +1,6 @@
 // IMAGE, WIPEOUT and underlays, and the grounds of texts.
 #include "platform/host/view/dim_style.h"
-#include "platform/host/view/text_metrics.h"
+#include "platform/host/view/text_item.h"
 
 namespace host {
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "platform/host/view/text_metrics.h"
+#include "platform/host/view/text_item.h"
 
 namespace host {
 

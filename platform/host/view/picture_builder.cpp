@@ -1,6 +1,6 @@
 #include "platform/host/view/picture_builder.h"
 
-#include "platform/host/view/text_metrics.h"
+#include "platform/host/view/text_item.h"
 
 namespace host {
 

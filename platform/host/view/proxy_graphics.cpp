@@ -3,7 +3,7 @@
 #include "platform/host/view/polyline_path.h"
 #include "platform/host/view/proxy_stream.h"
 #include "platform/host/view/text_codes.h"
-#include "platform/host/view/text_metrics.h"
+#include "platform/host/view/text_item.h"
 
 namespace host {
 

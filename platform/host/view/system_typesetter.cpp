@@ -4,7 +4,7 @@
 #include <array>
 
 #include "platform/host/view/style_tables.h"
-#include "platform/host/view/text_metrics.h"
+#include "platform/host/view/text_item.h"
 
 namespace host {
 

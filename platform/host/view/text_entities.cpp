@@ -1,8 +1,8 @@
 // TEXT, ATTRIB, ATTDEF and MTEXT.
 #include "platform/host/dxf/entities.h"
 #include "platform/host/view/entity_scope.h"
+#include "platform/host/view/text_item.h"
 #include "platform/host/view/text_layout.h"
-#include "platform/host/view/text_metrics.h"
 
 namespace host {
 

@@ -1,8 +1,9 @@
-// A line of text as it stands in a drawing.
+// A line of text as it stands in a drawing, and how wide it is without a device: for line breaks, boxes and picking.
 #pragma once
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "platform/host/view/geometry.h"
 
@@ -29,5 +30,14 @@ struct TextItem {
     bool from_right = false;  ///< the line that it is in begins at the right, as Hebrew does
     uint16_t font = 0;        ///< in DisplayList::fonts
 };
+
+/// The width of a line in heights of its capitals, for a common sans-serif face. An estimate for any other font.
+double estimated_width(std::wstring_view text);
+
+/// Whether a line begins at the right: its first letter is of Hebrew, Arabic or their neighbours.
+bool runs_from_right(std::wstring_view text);
+
+/// The area of an item's line in its own plane, from a little under the base line to the height of the capitals.
+Box2 text_area(const TextItem& item);
 
 }  // namespace host

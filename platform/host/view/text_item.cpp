@@ -1,4 +1,4 @@
-#include "platform/host/view/text_metrics.h"
+#include "platform/host/view/text_item.h"
 
 #include <algorithm>
 
