@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "platform/host/view/display_list.h"
+#include "platform/host/view/outline.h"
 #include "platform/host/view/raster.h"
-#include "platform/host/view/smooth_fill.h"
 #include "platform/host/view/view_transform.h"
 
 namespace host {

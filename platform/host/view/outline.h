@@ -1,4 +1,4 @@
-// The outline of letters, and who gives it.
+// Outlines, above all those of letters: what they are, who gives them, and how they are filled with smooth edges.
 #pragma once
 
 #include <cstdint>
@@ -9,6 +9,8 @@
 #include "platform/host/view/text_item.h"
 
 namespace host {
+
+class Raster;
 
 /// Closed contours. Inside is what they turn around; one that turns the other way is a hole.
 struct Outline {
@@ -29,13 +31,34 @@ struct TextShape {
     double width = 0;
 };
 
-/// Has the fonts. Where there is nobody who has, texts are painted as lines.
+/// Knows the fonts. Where there is no typesetter, texts are painted as lines.
 class Typesetter {
   public:
     virtual ~Typesetter() = default;
     /// The shape of an item's text, its letters in the order in which they are seen, neither placed nor stretched. Good
     /// until the next call.
     virtual const TextShape& shape(const TextItem& item, const FontFace& face) = 0;
+};
+
+/// Fills outlines: each pixel takes as much of the colour as it is covered. Keeps its memory from one outline to the
+/// next.
+class SmoothFill {
+  public:
+    /// Fills the outline, which is in pixels, with the raster's pen.
+    void fill(Raster& raster, const Outline& outline);
+
+  private:
+    void add_edge(Vec2 from, Vec2 to);
+    void add_row(size_t row, double left, double right, double height);
+    void blend(Raster& raster) const;
+
+    // The pixels of the raster that the outline may touch.
+    int left_ = 0;
+    int top_ = 0;
+    size_t width_ = 0;
+    size_t height_ = 0;
+    /// For each pixel, by how much the cover changes from the pixel left of it to this one; a row has one pixel more.
+    std::vector<float> changes_;
 };
 
 }  // namespace host
