@@ -5,7 +5,6 @@
 #include <unordered_map>
 
 #include "platform/host/view/areas.h"
-#include "platform/host/view/inherited_looks.h"
 #include "platform/host/view/svg_looks.h"
 #include "platform/host/view/svg_text.h"
 #include "platform/host/view/view_transform.h"
