@@ -7,11 +7,27 @@
 #include <vector>
 
 #include "platform/host/dxf/drawing.h"
-#include "platform/host/view/drawn_state.h"
 #include "platform/host/view/picture.h"
 #include "platform/host/view/picture_budget.h"
 
 namespace host {
+
+/// The moment in the life of a drawing that a display list shows.
+struct DrawnState {
+    uint64_t serial = 0;  ///< Drawing::serial()
+    uint64_t edits = 0;   ///< Drawing::edits_made()
+    size_t changes = 0;   ///< of Drawing::changed_records()
+    dxf::RecordId records = 0;
+    dxf::BlockId blocks = 0;
+    dxf::NameId block_names = 0;
+
+    static DrawnState of(const dxf::Drawing& drawing);
+    bool operator==(const DrawnState&) const = default;
+
+    /// Whether what was drawn then looks the same now, so that only what came later need be drawn. `lacking`: what was
+    /// drawn names a style or a block that was not there.
+    bool still_holds(const dxf::Drawing& drawing, bool lacking) const;
+};
 
 /// What inherited colours, linetypes and layer 0 mean at one place of the tree of pictures.
 struct Surroundings {

@@ -68,14 +68,6 @@ constexpr wchar_t by_block[] = L"ByBlock";
 
 }  // namespace
 
-DisplayList DisplayList::blank(Space space, const PictureLimits& limits) {
-    DisplayList list;
-    list.space = space;
-    list.patterns.resize(1);  // the continuous one
-    list.budget = PictureBudget(limits);
-    return list;
-}
-
 DisplayList DisplayList::build(const dxf::Drawing& drawing, Space space) {
     return build(drawing, space, limits_for(drawing));
 }

@@ -1,4 +1,4 @@
-#include "platform/host/view/drawn_state.h"
+#include "platform/host/view/display_list.h"
 
 #include <algorithm>
 
@@ -56,6 +56,14 @@ bool DrawnState::still_holds(const dxf::Drawing& drawing, bool lacking) const {
     return std::all_of(drawing.blocks().begin(), drawing.blocks().begin() + blocks, [this](const dxf::Block& block) {
         return block.entities.empty() || block.entities[block.entities.size() - 1] < records;
     });
+}
+
+DisplayList DisplayList::blank(Space space, const PictureLimits& limits) {
+    DisplayList list;
+    list.space = space;
+    list.patterns.resize(1);  // the continuous one
+    list.budget = PictureBudget(limits);
+    return list;
 }
 
 }  // namespace host
