@@ -4,7 +4,6 @@
 
 #include "base/case_folding.h"
 #include "dbents.h"
-#include "platform/host/database/class_registry.h"
 #include "platform/host/database/object_gate.h"
 
 namespace host {
@@ -30,6 +29,32 @@ Acad::ErrorStatus join(AcDbObject& open, const AcRxClass* wanted, AcDb::OpenMode
     }
     ObjectGate::add_reader(open);
     return Acad::eOk;
+}
+
+/// The classes that records of these types open as.
+struct RecordClass {
+    std::wstring_view type;
+    AcRxClass* (*descriptor)();
+};
+
+constexpr RecordClass record_classes[] = {
+    {L"INSERT", AcDbBlockReference::desc},
+    {L"LINE", AcDbLine::desc},
+    {L"TEXT", AcDbText::desc},
+    {L"ATTDEF", AcDbAttributeDefinition::desc},
+    {L"ATTRIB", AcDbAttribute::desc},
+    {L"LAYER", AcDbLayerTableRecord::desc},
+    {L"STYLE", AcDbTextStyleTableRecord::desc},
+};
+
+/// AcDbEntity for a type that has no class of its own.
+AcRxClass* class_of_dxf_name(std::wstring_view type) {
+    for (const RecordClass& known : record_classes) {
+        if (known.type == type) {
+            return known.descriptor();
+        }
+    }
+    return AcDbEntity::desc();
 }
 
 AcRxClass* table_class(uint32_t kind) {
@@ -152,7 +177,7 @@ Acad::ErrorStatus DatabaseStore::open(AcDbObject*& object, AcDbObjectId id, cons
 }
 
 std::unique_ptr<AcDbObject> DatabaseStore::make_instance(ObjectAddress at, AcRxClass* type) const {
-    std::unique_ptr<AcDbObject> instance(new_instance(type));
+    std::unique_ptr<AcDbObject> instance(static_cast<AcDbObject*>(type->create()));
     if (at.space == ObjectSpace::implied) {
         static_cast<AcDbSymbolTableRecord&>(*instance).name_ = implied_names[at.number];
     }

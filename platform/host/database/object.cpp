@@ -1,3 +1,4 @@
+// AcDbObject, and what every class of the host begins with: AcRxObject and AcRxClass.
 #include <array>
 #include <memory>
 #include <new>
@@ -27,6 +28,23 @@ constexpr size_t pool_of(size_t size) {
 #endif
 
 }  // namespace
+
+AcRxClass::AcRxClass(const ACHAR* className, AcRxClass* parent, const ACHAR* dxfName, Constructor constructor)
+    : name_(className),
+      parent_(parent),
+      dxf_name_(dxfName == nullptr && parent != nullptr ? parent->dxf_name_ : dxfName),
+      constructor_(constructor) {}
+
+AcRxClass* AcRxObject::desc() {
+    static AcRxClass descriptor(ACRX_T("AcRxObject"), nullptr, nullptr, nullptr);
+    return &descriptor;
+}
+
+AcRxClass* AcRxObject::isA() const {
+    return AcRxObject::desc();
+}
+
+ACRX_NO_CONS_DEFINE_MEMBERS(AcRxClass, AcRxObject)
 
 ACRX_DEFINE_MEMBERS_WITH(AcDbObject, AcRxObject, nullptr, []() -> AcRxObject* { return new PlainObject; })
 

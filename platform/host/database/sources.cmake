@@ -3,7 +3,6 @@ set(host_database_sources
     block_catalogue.cpp
     block_reference.cpp
     block_table.cpp
-    class_registry.cpp
     database.cpp
     database_handles.cpp
     database_store.cpp
