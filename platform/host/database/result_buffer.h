@@ -1,4 +1,4 @@
-// Which member of a result buffer holds its value.
+// Result buffers: which member of one holds its value.
 #pragma once
 
 namespace host {

@@ -7,7 +7,6 @@ set(host_database_sources
     database_handles.cpp
     database_store.cpp
     entity.cpp
-    entity_data.cpp
     entity_selector.cpp
     host_utilities.cpp
     ids_and_handles.cpp
