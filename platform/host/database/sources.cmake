@@ -18,7 +18,6 @@ set(host_database_sources
     result_buffer.cpp
     selection_ads.cpp
     selection_filter.cpp
-    selection_filter_parser.cpp
     selection_prompt.cpp
     selection_set.cpp
     store_changes.cpp
