@@ -4,7 +4,6 @@ set(host_database_sources
     block_reference.cpp
     block_table.cpp
     database.cpp
-    database_handles.cpp
     database_store.cpp
     entity.cpp
     entity_selector.cpp
