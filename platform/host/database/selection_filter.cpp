@@ -58,6 +58,24 @@ std::optional<std::wstring> name_of_layout_for(const dxf::RecordView& layout, ui
     return belongs && !name.empty() ? std::optional(name) : std::nullopt;
 }
 
+/// The name of the layout that an entity of the ENTITIES section stands in: "Model", or that of the active paper space
+/// ("Layout1" where the drawing does not say).
+std::wstring layout_name(const dxf::Drawing& drawing, bool paper_space) {
+    if (!paper_space) {
+        return L"Model";
+    }
+    const uint64_t block = paper_space_handle(drawing);
+    const std::wstring_view layout_type = L"LAYOUT";
+    for (const dxf::RecordId object : drawing.objects()) {
+        if (block != 0 && drawing.type_names().name(drawing.record(object).type) == layout_type) {
+            if (auto name = name_of_layout_for(drawing.view(object), block)) {
+                return *name;
+            }
+        }
+    }
+    return L"Layout1";
+}
+
 }  // namespace
 
 /// Walks the list once from its beginning.
@@ -287,22 +305,6 @@ bool SelectionFilter::holds(Relation relation, double left, double right) {
             break;
     }
     return (left_bits & right_bits) == right_bits;
-}
-
-std::wstring layout_name(const dxf::Drawing& drawing, bool paper_space) {
-    if (!paper_space) {
-        return L"Model";
-    }
-    const uint64_t block = paper_space_handle(drawing);
-    const std::wstring_view layout_type = L"LAYOUT";
-    for (const dxf::RecordId object : drawing.objects()) {
-        if (block != 0 && drawing.type_names().name(drawing.record(object).type) == layout_type) {
-            if (auto name = name_of_layout_for(drawing.view(object), block)) {
-                return *name;
-            }
-        }
-    }
-    return L"Layout1";
 }
 
 }  // namespace host

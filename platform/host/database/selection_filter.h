@@ -48,8 +48,4 @@ class SelectionFilter {
     Node root_;
 };
 
-/// The name of the layout that an entity of the ENTITIES section stands in: "Model", or that of the active paper space
-/// ("Layout1" where the drawing does not say).
-std::wstring layout_name(const dxf::Drawing& drawing, bool paper_space);
-
 }  // namespace host
