@@ -2,9 +2,10 @@
 #include <gmock/gmock.h>
 
 #include "platform/host/app/options.h"
-#include "platform/host/prompt/keywords.h"
 #include "platform/host/editor/system_variables.h"
+#include "platform/host/prompt/command_names.h"
 #include "platform/host/prompt/input_text.h"
+#include "platform/host/prompt/keywords.h"
 #include "tests/support/rows.h"
 
 namespace host {

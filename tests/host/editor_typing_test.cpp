@@ -4,7 +4,7 @@
 #include "platform/host/editor/window_settings.h"
 #include "platform/host/prompt/command_history.h"
 #include "platform/host/prompt/command_names.h"
-#include "platform/host/prompt/prompt_options.h"
+#include "platform/host/prompt/keywords.h"
 #include "platform/host/prompt/typed_ahead.h"
 #include "tests/support/rows.h"
 

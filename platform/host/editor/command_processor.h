@@ -10,7 +10,7 @@
 #include <utility>
 #include <vector>
 
-#include "platform/host/prompt/keywords.h"
+#include "platform/host/prompt/command_names.h"
 #include "rxdefs.h"
 
 namespace host {

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/host/prompt/prompt_options.h"
+#include "platform/host/prompt/keywords.h"
 
 namespace host {
 

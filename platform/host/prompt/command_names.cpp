@@ -1,6 +1,7 @@
 #include "platform/host/prompt/command_names.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "base/case_folding.h"
 
@@ -29,6 +30,25 @@ size_t differences(std::wstring_view left, std::wstring_view right) {
 }
 
 }  // namespace
+
+CommandName parse_command_name(std::wstring_view typed) {
+    constexpr std::wstring_view blanks = L" \t";
+    CommandName command;
+    size_t at = typed.find_first_not_of(blanks);
+    for (; at < typed.size(); ++at) {
+        bool* const prefix = typed[at] == L'\''  ? &command.transparent
+                             : typed[at] == L'.' ? &command.built_in
+                             : typed[at] == L'_' ? &command.global_only
+                                                 : nullptr;
+        if (prefix == nullptr || std::exchange(*prefix, true)) {
+            break;
+        }
+    }
+    if (at < typed.size()) {
+        command.name = typed.substr(at, typed.find_last_not_of(blanks) + 1 - at);
+    }
+    return command;
+}
 
 std::wstring completed_name(std::wstring_view typed, std::wstring_view shown, std::vector<std::wstring> names) {
     const size_t prefix = std::min(typed.find_first_not_of(L"'_."), typed.size());

@@ -1,4 +1,4 @@
-// Names of commands for what was typed of them: completed, or the nearest to a misspelt one.
+// Names of commands as they are typed: with their prefixes, completed, or the nearest to a misspelt one.
 #pragma once
 
 #include <string>
@@ -6,6 +6,17 @@
 #include <vector>
 
 namespace host {
+
+/// The name of a command, and what the prefixes say that were typed before it.
+struct CommandName {
+    std::wstring name;         ///< without prefixes and outer blanks; empty when nothing but prefixes was typed
+    bool transparent = false;  ///< "'": to run while another command waits for input
+    bool built_in = false;     ///< ".": the host's own command, whatever modules have registered
+    bool global_only = false;  ///< "_": the name is a global one
+};
+
+/// Takes prefixes in any order, each at most once.
+CommandName parse_command_name(std::wstring_view typed);
 
 /// What Tab makes of a line: the first of `names` (in order) that begins as `typed` does, in any case; prefixes ("'",
 /// "_", ".") stay. Further Tabs give the next ones and come back to the first; `shown` is what the Tab before gave, or

@@ -1,10 +1,12 @@
 #include "platform/host/prompt/keywords.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "base/case_folding.h"
 
 namespace host {
+
 namespace {
 
 bool is_capital(wchar_t character) {
@@ -55,23 +57,21 @@ std::wstring Keywords::match(std::wstring_view typed) const {
     return {};
 }
 
-CommandName parse_command_name(std::wstring_view typed) {
-    constexpr std::wstring_view blanks = L" \t";
-    CommandName command;
-    size_t at = typed.find_first_not_of(blanks);
-    for (; at < typed.size(); ++at) {
-        bool* const prefix = typed[at] == L'\''  ? &command.transparent
-                             : typed[at] == L'.' ? &command.built_in
-                             : typed[at] == L'_' ? &command.global_only
-                                                 : nullptr;
-        if (prefix == nullptr || std::exchange(*prefix, true)) {
-            break;
+std::vector<PromptOption> prompt_options(std::wstring_view prompt) {
+    std::vector<PromptOption> options;
+    const size_t open = prompt.find(L'[');
+    const size_t close = open == std::wstring_view::npos ? open : prompt.find(L']', open);
+    if (close == std::wstring_view::npos) {
+        return options;
+    }
+    for (size_t begin = open + 1; begin <= close;) {
+        const size_t end = std::min(prompt.find(L'/', begin), close);
+        if (end > begin) {
+            options.push_back({begin, end - begin});
         }
+        begin = end + 1;
     }
-    if (at < typed.size()) {
-        command.name = typed.substr(at, typed.find_last_not_of(blanks) + 1 - at);
-    }
-    return command;
+    return options;
 }
 
 }  // namespace host

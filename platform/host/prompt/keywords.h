@@ -1,4 +1,4 @@
-// Reads words that are typed at the command line: keywords of questions, and names of commands.
+// The words that answer a question: its keywords, and the options that its prompt offers in brackets.
 #pragma once
 
 #include <string>
@@ -22,15 +22,14 @@ class Keywords {
     std::vector<std::wstring> words_;
 };
 
-/// The name of a command, and what the prefixes say that were typed before it.
-struct CommandName {
-    std::wstring name;         ///< without prefixes and outer blanks; empty when nothing but prefixes was typed
-    bool transparent = false;  ///< "'": to run while another command waits for input
-    bool built_in = false;     ///< ".": the host's own command, whatever modules have registered
-    bool global_only = false;  ///< "_": the name is a global one
+/// A word of the prompt, to be given as the answer.
+struct PromptOption {
+    size_t begin;
+    size_t length;
+    bool operator==(const PromptOption&) const = default;
 };
 
-/// Takes prefixes in any order, each at most once.
-CommandName parse_command_name(std::wstring_view typed);
+/// In the order in which they stand; none where the brackets hold no words.
+std::vector<PromptOption> prompt_options(std::wstring_view prompt);
 
 }  // namespace host
