@@ -1,7 +1,6 @@
 #include "platform/host/prompt/keywords.h"
 
 #include <algorithm>
-#include <utility>
 
 #include "base/case_folding.h"
 

@@ -22,14 +22,14 @@ class Keywords {
     std::vector<std::wstring> words_;
 };
 
-/// A word of the prompt, to be given as the answer.
+/// A word of a prompt that may be given as the answer.
 struct PromptOption {
-    size_t begin;
-    size_t length;
+    size_t begin;   ///< the place of its first letter in the prompt
+    size_t length;  ///< in letters
     bool operator==(const PromptOption&) const = default;
 };
 
-/// In the order in which they stand; none where the brackets hold no words.
+/// The words in the first brackets of a prompt, as in "[All/Window]", in their order; none without words there.
 std::vector<PromptOption> prompt_options(std::wstring_view prompt);
 
 }  // namespace host
