@@ -14,11 +14,12 @@ class AcApDocument : public AcRxObject {
 
     /// The drawing's full path; the bare name for a drawing that was never saved. Valid while the document lives.
     virtual const ACHAR* fileName() const = 0;
+    /// What title bars show. Valid until the drawing is saved under another name.
     virtual const ACHAR* docTitle() const = 0;
     virtual AcDbDatabase* database() const = 0;
 };
 
-/// Override what is of interest; every operation does nothing by itself.
+/// Hears what happens to documents. A module overrides what is of interest; every operation does nothing by itself.
 class AcApDocManagerReactor : public AcRxObject {
   public:
     ACRX_DECLARE_MEMBERS(AcApDocManagerReactor);

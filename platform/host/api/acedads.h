@@ -20,7 +20,8 @@ int acedGetFileD(const ACHAR* title, const ACHAR* defawlt, const ACHAR* ext, int
 /// A message box over the main window. RTNORM.
 int acedAlert(const ACHAR* message);
 
-/// RTERROR for an unknown name (and for a value of the wrong type, out of range, or for a read-only variable).
+/// Read and set a system variable by name, in any case. RTERROR for an unknown name; when setting also for a value of
+/// the wrong type or out of range, and for a read-only variable.
 int acedGetVar(const ACHAR* sym, struct resbuf* result);
 int acedSetVar(const ACHAR* sym, const struct resbuf* value);
 
@@ -39,9 +40,10 @@ int acedGetEnv(const ACHAR* sym, ACHAR* var);
 int acedInitGet(int value, const ACHAR* keywords);
 /// The keyword or text after RTKWORD. `input` holds at least 133 characters.
 int acedGetInput(ACHAR* input);
-/// With a base point, a line from there follows the pointer (of a corner: a rectangle).
+/// Ask for a point. From `point`, where it is not null, a line follows the pointer, or a rectangle for acedGetCorner.
 int acedGetPoint(const ads_point point, const ACHAR* prompt, ads_point result);
 int acedGetCorner(const ads_point point, const ACHAR* prompt, ads_point result);
+/// Ask for a number, or for one of the keywords of acedInitGet, which comes whole into at least 133 characters.
 int acedGetReal(const ACHAR* prompt, ads_real* result);
 int acedGetKword(const ACHAR* prompt, ACHAR* result);
 

@@ -5,6 +5,7 @@
 
 #include "adesk.h"
 
+/// As malloc, calloc and free. Null when memory is out.
 void* acad_malloc(size_t size);
 void* acad_calloc(size_t count, size_t size);
 void acad_free(void* memory);

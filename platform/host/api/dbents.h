@@ -84,6 +84,7 @@ class AcDbAttributeDefinition : public AcDbText {
     AcDbAttributeDefinition(const AcGePoint3d& position, const ACHAR* text, const ACHAR* tag, const ACHAR* prompt,
                             AcDbObjectId style = AcDbObjectId());
 
+    /// Both in host memory, to be released with acutDelString.
     ACHAR* prompt() const;
     ACHAR* tag() const;
 
@@ -102,6 +103,7 @@ class AcDbAttribute : public AcDbText {
     AcDbAttribute(const AcGePoint3d& position, const ACHAR* text, const ACHAR* tag,
                   AcDbObjectId style = AcDbObjectId());
 
+    /// In host memory, to be released with acutDelString.
     ACHAR* tag() const;
     /// Takes everything from a definition, with its geometry transformed (by the reference's blockTransform()). The
     /// text is the definition's default.

@@ -138,12 +138,15 @@ class AcDbBlockTableRecord : public AcDbSymbolTableRecord {
     /// Adds an entity that is in no drawing; it is then open for write and must be closed.
     Acad::ErrorStatus appendAcDbEntity(AcDbObjectId& id, AcDbEntity* entity);
     Acad::ErrorStatus appendAcDbEntity(AcDbEntity* entity);
+    /// An iterator over the block's entities in file order; the caller deletes it. eNoDatabase for a block in no
+    /// drawing.
     Acad::ErrorStatus newIterator(AcDbBlockTableRecordIterator*& iterator, bool atBeginning = true,
                                   bool skipDeleted = true) const;
 
     AcGePoint3d origin() const;
     Acad::ErrorStatus setOrigin(const AcGePoint3d& point);
 
+    /// Whether it is a space's or a layout's.
     bool isLayout() const;
 
   protected:

@@ -1,4 +1,4 @@
-// AcGeMatrix3d: a transformation of space.
+// AcGeMatrix3d: an affine transformation of space, as a matrix of rows and columns.
 #pragma once
 
 #include "gepnt3d.h"
@@ -9,7 +9,7 @@ class AcGeMatrix3d {
         const AcGeVector3d turned = *this * point.asVector();
         return {turned.x + entry[0][3], turned.y + entry[1][3], turned.z + entry[2][3]};
     }
-    /// Without the displacement.
+    /// Transforms a vector, which is turned and stretched but not displaced.
     AcGeVector3d operator*(const AcGeVector3d& vector) const {
         const auto row = [&](int i) {
             return entry[i][0] * vector.x + entry[i][1] * vector.y + entry[i][2] * vector.z;

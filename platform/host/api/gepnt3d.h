@@ -1,4 +1,4 @@
-// AcGePoint3d.
+// AcGePoint3d: a point of space, in drawing units.
 #pragma once
 
 #include "gevec3d.h"

@@ -1,4 +1,4 @@
-// AcGeScale3d.
+// AcGeScale3d: the factors of a scaling along the three axes.
 #pragma once
 
 class AcGeScale3d {

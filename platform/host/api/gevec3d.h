@@ -1,4 +1,4 @@
-// AcGeVector3d.
+// AcGeVector3d: a direction or a distance in space.
 #pragma once
 
 #include <cmath>

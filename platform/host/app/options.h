@@ -19,9 +19,10 @@ struct Options {
     int stall_seconds = 60;  ///< how long a script may go without taking a line
 };
 
-/// Reads the arguments after the program's name.
+/// Reads the arguments after the program's name; the reason of a failure is one line for the user.
 base::Result<Options> read_options(const std::vector<std::wstring>& arguments);
 
+/// The help text that --help shows.
 extern const wchar_t usage[];
 
 }  // namespace host

@@ -1,4 +1,4 @@
-// The main window and the editor, known to each other.
+// WindowAttachment, which makes the main window and the editor known to each other.
 #pragma once
 
 #include <afxwin.h>

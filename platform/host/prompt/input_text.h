@@ -15,6 +15,7 @@ struct Point {
     bool operator==(const Point&) const = default;
 };
 
+// These give nothing for a text that is not all of what they read, blanks around it aside.
 std::optional<int> parse_integer(std::wstring_view text);
 /// Finite numbers only.
 std::optional<double> parse_real(std::wstring_view text);

@@ -84,10 +84,10 @@ class Person {
 /// The person seated now. During acedCommand it is the argument list.
 Person& person();
 
-/// Returns whether the outcome is a success; reports a failure to the person.
+/// Whether the outcome is a success; a failure is reported to the person.
 bool succeeded(const base::Outcome<>& outcome);
 
-/// The person, if one is seated, is shown how far the long actions are that run while this object lives.
+/// While this object lives, the person, if one is seated, is shown how far long actions are.
 class ShownProgress {
   public:
     explicit ShownProgress(std::wstring action);

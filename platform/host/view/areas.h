@@ -21,20 +21,21 @@ struct BesidePlace {
 /// room for, up to what is read with ease.
 BesidePlace place_beside(const Box2& drawing, Vec2 size);
 
-/// Around a block at scale 1, its base point at 0, 0; empty when nothing of it is seen.
+/// The box around a block at scale 1, its base point at 0, 0; empty when nothing of it is seen.
 Box2 block_area(const dxf::Drawing& drawing, dxf::BlockId block);
 
-/// Around what is drawn of some entities; empty when nothing is.
+/// The box around what is drawn of some entities; empty when nothing is.
 Box2 area_of(const DisplayList& list, const EntitySet& entities);
 
-/// Around the entity that was drawn last, with the height of its smallest letters (0 without letters).
+/// The box around the entity that was drawn last, and the height of its smallest letters (0 without letters).
 struct LastArea {
     Box2 box;
     double letters = 0;
 };
 LastArea last_area(const DisplayList& list);
 
-/// Around what stands where 95 in 100 of the drawing's things are; nothing when the whole shows them large enough.
+/// The box around what stands where 95 in 100 of the drawing's things are; nothing when a picture of the whole shows
+/// them large enough.
 std::optional<Box2> crowded_area(const DisplayList& list);
 
 }  // namespace host

@@ -69,7 +69,7 @@ void draw_spline(const EntityScope& scope) {
                          curve_through(fit.empty() ? spline.controls : fit, closed, scope.out.budget().most_chords())));
 }
 
-/// By $PDMODE a dot, nothing, or a mark; a size by $PDSIZE that is not positive is a part of what is seen in percent.
+/// Draws what $PDMODE says: a dot, nothing, or a mark, and what stands around it.
 void draw_point(const EntityScope& scope) {
     constexpr int circled = 32;
     constexpr int boxed = 64;
@@ -158,7 +158,7 @@ void draw_multiline(const EntityScope& scope) {
     }
 }
 
-/// By the files of compiled shapes that lie beside the drawing.
+/// Draws the strokes that the files of compiled shapes beside the drawing have for the shape.
 bool draw_shape(const EntityScope& scope) {
     constexpr double steepest = 85 * pi / 180;
     const std::string name = base::utf8_from_wide(scope.fields.text(2));

@@ -1,4 +1,5 @@
-// What dimension styles say: sizes, colours and arrowheads of dimensions, leaders and tolerances.
+// What dimensions, leaders, tolerances and tables are drawn with: the dimension style, arrowheads, and texts made up
+// for them.
 #pragma once
 
 #include <map>
@@ -10,8 +11,8 @@
 
 namespace host {
 
-/// Of one entity: the style that it names in group 3, and what its extended data overrides of that. Header variables
-/// stand in for a style that is not there.
+/// The dimension style of one entity: the one that it names in group 3, with what its extended data overrides. Header
+/// variables stand in for a style that is not there.
 class DimStyle {
   public:
     explicit DimStyle(const EntityScope& scope);
@@ -28,7 +29,7 @@ class DimStyle {
     int decimals() const;
     bool drops_trailing_zeros() const;
     std::wstring text_style() const;
-    /// The colour of its lines (176) or texts (178), where it is not that of the entity.
+    /// The colour of lines (176) or texts (178), where it is not that of the entity.
     std::optional<Ink> ink(int code) const;
     /// The block of an arrowhead: 341 a leader's, 343 and 344 a dimension's. Empty for the usual one, a filled
     /// triangle.
@@ -44,11 +45,11 @@ class DimStyle {
     std::map<int, dxf::Group> overrides_;
 };
 
-/// The arrowhead of a line that ends at `tip` and comes from `from`: a block by name, or a filled triangle.
+/// Draws the arrowhead of a line that ends at `tip` and comes from `from`: a block by name, or a filled triangle.
 void draw_arrow_head(const EntityScope& scope, const std::wstring& block, const Vec3& tip, const Vec3& from,
                      double size);
 
-/// Words that are drawn for an entity as those of an MTEXT are, in world coordinates.
+/// A text that is drawn for an entity as an MTEXT is, in world coordinates. Lengths are drawing units.
 struct MadeText {
     std::wstring value;
     std::wstring style;

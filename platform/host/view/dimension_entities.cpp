@@ -142,7 +142,7 @@ void DimensionPainter::paint_linear(Vec2 along) {
     paint_text(length((second - first).length()), (first + second) * 0.5, along);
 }
 
-/// Of the lines through points 13 and 14, and 15 and 10.
+/// The crossing of the lines through points 13 and 14, and 15 and 10: the vertex of an angle.
 Vec2 DimensionPainter::crossing_of_sides() const {
     const Vec2 first = point(13).plan();
     const Vec2 run = point(14).plan() - first;
@@ -151,7 +151,7 @@ Vec2 DimensionPainter::crossing_of_sides() const {
     return turn == 0 ? first : first + run * (cross(point(15).plan() - first, other) / turn);
 }
 
-/// The arc about the vertex through a point, on that point's side.
+/// Paints the arc about the vertex through a point, on that point's side.
 void DimensionPainter::paint_angle(Vec2 vertex, Vec2 first, Vec2 second, Vec2 on_arc) {
     const auto angle_of = [vertex](Vec2 place) { return std::atan2(place.y - vertex.y, place.x - vertex.x); };
     const double distance = (on_arc - vertex).length();

@@ -93,6 +93,7 @@ struct DisplayList {
 
     /// One in which nothing is drawn yet.
     static DisplayList blank(Space space, const PictureLimits& limits);
+    /// A list of all that the space has, within the usual limits for a drawing of this size, or within others.
     static DisplayList build(const dxf::Drawing& drawing, Space space = Space::model);
     static DisplayList build(const dxf::Drawing& drawing, Space space, const PictureLimits& limits);
     /// The list that somebody has of this state of the drawing, or a new one: who looks at the same shares it. A

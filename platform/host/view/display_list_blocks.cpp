@@ -183,7 +183,7 @@ std::vector<Vec2> DisplayListBuilder::clip_in(const Transform3& placement, const
     return usable ? boundary : std::vector<Vec2>();
 }
 
-/// Makes of a placed block a clipped picture, which stands where it stands.
+/// Puts a placed block into a clipped picture, which then stands in its place.
 void DisplayListBuilder::clip(dxf::RecordId id, Instance& placed, std::vector<Vec2> boundary) {
     if (boundary.empty() || !list_.budget.take(sizeof(Picture))) {
         return;

@@ -26,7 +26,7 @@ class DisplayListBuilder {
 
     /// The list with all that the drawing has now.
     DisplayList build();
-    /// Around a block with its base point at 0, 0.
+    /// The box around a block with its base point at 0, 0.
     Box2 area_of(dxf::BlockId block);
 
   private:

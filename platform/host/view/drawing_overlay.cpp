@@ -107,13 +107,13 @@ bool PointerShape::has_rectangle() const {
     return guide_.kind == PointerGuide::Kind::rectangle || guide_.selects();
 }
 
-/// Where touching is enough to be selected.
+/// The rectangle is dashed where touching it is enough to be selected.
 bool PointerShape::is_dashed() const {
     return guide_.kind == PointerGuide::Kind::crossing || (guide_.kind == PointerGuide::Kind::box && at_.x < anchor_.x);
 }
 
-/// With a gap in the middle, where the lines would undo each other and hide what is aimed at. Arms that would lie on a
-/// rectangle's sides, and undo them, are left out.
+/// The cross has a gap in the middle, where its lines would undo each other and hide what is aimed at. Arms that would
+/// lie on a rectangle's sides, and undo them, are left out.
 void PointerShape::draw_cross(HDC context) const {
     const int gap = guide_.kind == PointerGuide::Kind::idle ? pick_box : 1;
     const bool all = !has_rectangle();

@@ -48,9 +48,9 @@ class DrawingPane final {
     DrawingPane& operator=(const DrawingPane&) = delete;
 
     HWND window() const { return window_; }
-    /// Told of each list of a drawing that the pane begins to show.
+    /// `listener` is told of each list of a drawing that the pane begins to show.
     void on_new_list(ListListener listener) { list_listener_ = std::move(listener); }
-    /// Told how far a list is while it is made; see base::ProgressWatch.
+    /// `watch` is told how far a list is while it is made; see base::ProgressWatch.
     void watch_lists(std::function<bool(double part)> watch) { list_watch_ = std::move(watch); }
     /// Another drawing was opened: it will be seen whole.
     void drawing_opened();

@@ -20,7 +20,7 @@ struct PointMarks {
     double size = 0;
 };
 
-/// Of one state of a drawing. What takes a search is looked for when it is first asked for.
+/// Answers for one state of a drawing. What takes a search is looked for when it is first asked for.
 class DrawingSettings {
   public:
     explicit DrawingSettings(const dxf::Drawing& drawing)

@@ -41,8 +41,8 @@ bool mostly_inside(const std::vector<Vec2>& contour, const std::vector<Vec2>& ot
     return 2 * inside > tried;
 }
 
-/// Those contours that the hatch's style lets count: islands within islands do not where the outermost alone are filled
-/// (1), nor any island where islands are passed over (2).
+/// Drops the contours that the hatch's style does not count: islands within islands where the outermost areas alone are
+/// filled (1), all islands where they are passed over (2).
 void drop_islands(std::vector<std::vector<Vec2>>& contours, int64_t style, PictureBudget& budget) {
     if (style != 1 && style != 2) {
         return;

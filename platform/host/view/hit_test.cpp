@@ -189,7 +189,7 @@ bool BoxProbe::inside(const Picture& picture, const Primitive& primitive, const 
     }
 }
 
-/// What is inside of the box with the copies in the corners is inside of it with all.
+/// All copies are inside of the box when those in the corners are.
 bool BoxProbe::all_inside(const Picture& holder, const Instance& instance, const Placing& placing) {
     if (instance.repeats == Instance::once) {
         return copy_inside(instance, placing);

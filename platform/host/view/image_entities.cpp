@@ -81,7 +81,8 @@ void draw_image(const EntityScope& scope) {
     draw_name(scope, outline, scope.fields.point(11));
 }
 
-/// By its boundary, in units of its page; how large a whole page is stands in its own file alone.
+/// Draws an underlay by its boundary, in units of its page: only the underlay's own file says how large a whole page
+/// is.
 void draw_underlay(const EntityScope& scope) {
     std::vector<Vec3> boundary = scope.fields.points(11);
     if (boundary.size() == 2) {

@@ -238,7 +238,7 @@ void draw_leader(const EntityScope& scope) {
     }
 }
 
-/// As its context data says; the picture that it brings along stands in where there are none.
+/// Draws what the context data says; the picture that the entity brings along stands in where there are none.
 void draw_multileader(const EntityScope& scope) {
     const LeaderContext context = ContextReader(scope).read();
     const bool empty = context.leaders.empty() && !context.has_text && !context.has_block;

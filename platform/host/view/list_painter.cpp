@@ -63,7 +63,8 @@ void ListPainter::paint(const PaintColours& colours, const EntitySet& highlighte
     paint_picture(list_.top, {view_.to_pixels(), list_.surroundings});
 }
 
-/// Inside of its clipping boundary, where it has one. Boundaries within many others cut nothing more off.
+/// Paints a picture inside of its clipping boundary, where it has one. Boundaries within many others cut nothing more
+/// off.
 void ListPainter::paint_picture(const Picture& picture, const Placing& placing) {
     constexpr size_t most_clips = 4;
     if (picture.clip.empty() || clips_ == most_clips) {
@@ -163,8 +164,8 @@ void ListPainter::paint_points(const Picture& picture, const Primitive& primitiv
     }
 }
 
-/// The line through `points_`. Dashes are as long inside a block as outside; where they would run together, or the
-/// selection has dashes of its own, the line is painted whole.
+/// Paints the line through `points_`. Dashes are as long inside a block as outside; where they would run together, or
+/// the selection has dashes of its own, the line is painted whole.
 void ListPainter::paint_strip(const Primitive& primitive, const Surroundings& surroundings) {
     if (weights_ && primitive.weight != LineWeight::thin) {
         raster_.set_width(surroundings.resolve_weight(primitive.weight));
@@ -210,7 +211,7 @@ void ListPainter::paint_instance(const Instance& instance, const Placing& placin
     --depth_;
 }
 
-/// A few primitives from all over a picture of which no more could be told apart.
+/// Paints a few primitives from all over a picture of which no more could be told apart.
 void ListPainter::paint_sample(const Picture& picture, const Placing& placing) {
     constexpr size_t sample = 4;
     const size_t count = picture.primitives.size();
@@ -222,7 +223,7 @@ void ListPainter::paint_sample(const Picture& picture, const Placing& placing) {
     }
 }
 
-/// An outline in pixels, without points that would fall on the same place.
+/// Makes `outline_` of an outline in pixels, without points that would fall on the same place.
 void ListPainter::project(const Outline& outline, const Affine2& to_pixels) {
     outline_.clear();
     uint32_t first = 0;

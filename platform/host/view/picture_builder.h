@@ -1,4 +1,4 @@
-// Adds entities' primitives to a picture.
+// PictureBuilder, which adds entities' primitives to a picture.
 #pragma once
 
 #include <vector>

@@ -15,7 +15,7 @@ namespace host {
 /// Saves what the window shows, frame and title bar included.
 base::Outcome<> save_window_png(HWND window, const std::filesystem::path& path);
 
-/// Saves what `paint` paints on a context of that many pixels; nothing, when that fails.
+/// Saves what `paint` paints on a context of that many pixels; saves nothing when that fails.
 base::Outcome<> save_painted_png(int width, int height, const std::function<base::Outcome<>(HDC)>& paint,
                                  const std::filesystem::path& path);
 

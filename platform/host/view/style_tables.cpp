@@ -11,8 +11,7 @@ namespace host {
 
 namespace {
 
-/// Calls visit(entry) with the dxf::RecordView of each entry of a table that is not erased; a drawing may lack the
-/// table.
+/// Calls visit(entry) with the view of each entry of a table that is not erased. A drawing may lack the table.
 template <class Visit>
 void visit_entries(const dxf::Drawing& drawing, const char* name, Visit visit) {
     const dxf::Table* const table = drawing.table(name);

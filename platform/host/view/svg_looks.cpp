@@ -21,7 +21,7 @@ constexpr char fixed_rules[] =
     ".e{text-anchor:end}"
     ".r{direction:rtl;unicode-bidi:embed}";
 
-/// As wide as the usual faces where those are missing, and known to have Hebrew and other scripts.
+/// Faces for viewers without the usual ones: as wide as those, and known to have Hebrew and other scripts.
 constexpr char metric_compatible[] = R"(,"Liberation Sans",Arimo,FreeSans,sans-serif)";
 
 std::string hexadecimal(uint32_t colour) {

@@ -19,7 +19,7 @@ constexpr size_t longest_path = 512;  // points; what is not seen is skipped pat
 constexpr double margin = 0.02;       // around the drawing, of its size
 constexpr double narrowest = 200;     // pixels
 
-/// How many elements one of so many points or letters is as good as.
+/// How many elements cost a viewer as much as one of so many points or letters.
 double weight_of(size_t points) {
     constexpr size_t as_another = 32;
     const size_t others = points / as_another;

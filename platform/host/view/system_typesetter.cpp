@@ -112,7 +112,7 @@ bool SystemTypesetter::has_letters(const Face& face, const std::wstring& text) {
     return found != GDI_ERROR && std::find(glyphs.begin(), glyphs.end(), WORD{0xFFFF}) == glyphs.end();
 }
 
-/// In units of the capitals' height, before any narrowing.
+/// The shape of a text that one face draws, in heights of its capitals, before any narrowing.
 TextShape SystemTypesetter::outlined(const Face& face, const std::wstring& text, bool from_right) {
     HDC const context = context_.get();
     SelectObject(context, face.font.get());
@@ -169,7 +169,7 @@ TextShape SystemTypesetter::patched(const Face& own, const FontFace& wanted, con
     return whole;
 }
 
-/// In units of the capitals' height, narrowed, from whichever faces have the letters.
+/// The shape of a text in heights of its capitals, narrowed, from whichever faces have its letters.
 TextShape SystemTypesetter::made(const Face& own, const FontFace& wanted, const std::wstring& text, bool from_right) {
     const Face& able = able_face(own, wanted, text);
     TextShape shape = text.size() == 1 || has_letters(able, text) ? outlined(able, text, from_right)
@@ -196,7 +196,7 @@ const TextShape& SystemTypesetter::line_shape(Face& own, const FontFace& wanted,
     return own.lines.emplace(name, std::move(shape)).first->second;
 }
 
-/// There are no more letters than 65536.
+/// Shapes of letters are kept for good: there are no more than 65536.
 const TextShape& SystemTypesetter::letter_shape(Face& own, const FontFace& wanted, wchar_t letter) {
     const auto found = own.letters.find(letter);
     if (found != own.letters.end()) {

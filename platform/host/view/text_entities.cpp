@@ -27,7 +27,7 @@ Transform3 text_frame(double height, double width_factor, double slant, double r
     return Transform3::rotation(rotation) * frame;
 }
 
-/// How far above the anchor the base line is, of the text height.
+/// How far the base line is above the anchor, in text heights.
 double base_line_above(int vertical) {
     switch (vertical) {
         case 1:
@@ -48,7 +48,7 @@ dxf::Text read_text(const EntityScope& scope, dxf::TextKind kind) {
     return text;
 }
 
-/// The lines along a run, as wide as it is estimated to be.
+/// Draws the lines along a run, as wide as the run is estimated to be.
 void draw_rules(const EntityScope& scope, const PlacedRun& placed, const Transform3& plane) {
     struct Rule {
         TextRun::Rule rule;
@@ -66,7 +66,7 @@ void draw_rules(const EntityScope& scope, const PlacedRun& placed, const Transfo
     }
 }
 
-/// A run where its text places it; `plane` is the text's, in drawing units.
+/// Draws a run where its text places it; `plane` is the text's, in drawing units.
 void draw_run(const EntityScope& scope, const PlacedRun& placed, const Transform3& plane, uint16_t font) {
     const TextRun& run = placed.run;
     const Transform3 at = plane * Transform3::translation({placed.at.x, placed.at.y, 0});

@@ -17,7 +17,7 @@ struct PlacedRun {
     bool from_right = false;  ///< the line runs from the right
 };
 
-/// The runs of one line about 0.
+/// Places the runs of one line, whose alignment point is at 0, 0.
 std::vector<PlacedRun> place_line(const std::vector<TextRun>& runs, TextItem::Anchor alignment);
 
 /// How the lines of a text stand about its insertion point at 0, 0.
@@ -28,9 +28,10 @@ struct ParagraphSetting {
     double spacing = 1;                                ///< of base lines, of the usual 5/3 of the height
 };
 
+/// Breaks lines that are too wide and places their runs as the setting says.
 std::vector<PlacedRun> place_paragraphs(const std::vector<TextLine>& lines, const ParagraphSetting& setting);
 
-/// Around all letters, from the foot of the lowest to the top of the highest, and as wide as the setting says.
+/// The box around all letters, from the foot of the lowest to the top of the highest, and as wide as the setting says.
 Box2 area_of(const std::vector<PlacedRun>& runs, const ParagraphSetting& setting);
 
 }  // namespace host

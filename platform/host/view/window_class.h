@@ -13,7 +13,7 @@ HINSTANCE host_instance();
 /// Registers a class, once in a process; `background` is a system colour (COLOR_WINDOW...).
 void register_window_class(const wchar_t* name, WNDPROC procedure, int background);
 
-/// A button of any kind: check boxes too.
+/// Whether a window is a button of any kind; check boxes are.
 bool is_button(HWND window);
 /// The title, or a control's text, as the window itself gives it.
 std::wstring window_text(HWND window);
