@@ -2,6 +2,7 @@
 #include "platform/host/view/entity_scope.h"
 #include "platform/host/view/polyline_path.h"
 #include "platform/host/view/proxy_stream.h"
+#include "platform/host/view/proxy_traits.h"
 #include "platform/host/view/text_codes.h"
 #include "platform/host/view/text_item.h"
 
@@ -9,89 +10,44 @@ namespace host {
 
 namespace {
 
-enum class Part : uint32_t {
-    circle = 2,
-    circle_by_points = 3,
-    arc = 4,
-    arc_by_points = 5,
-    polyline = 6,
-    polygon = 7,
-    mesh = 8,
-    shell = 9,
-    text = 10,
-    styled_text = 11,
-    construction_line = 12,
-    ray = 13,
-    colour = 14,
-    layer = 16,
-    line_type = 18,
-    fill = 20,
-    true_colour = 22,
-    line_weight = 23,
-    line_type_scale = 24,
-    push_matrix = 29,
-    push_other_matrix = 30,
-    pop_matrix = 31,
-    polyline_with_normal = 32,
-    light_polyline = 33,
-    wide_text = 36,
-    styled_wide_text = 38,
-};
-
-constexpr uint32_t of_block = 0;
-constexpr uint32_t of_layer = 256;
 constexpr size_t header_size = 8;
 constexpr size_t point_size = 24;
-constexpr size_t most_matrices = 64;
 constexpr double endless = 1e10;
 
 /// Draws one entity's picture. What is not understood is passed over; what is cut off ends it.
 class ProxyPainter {
   public:
-    explicit ProxyPainter(const EntityScope& scope)
-        : scope_(scope),
-          own_ink_(scope.out.ink()),
-          own_pattern_(scope.out.pattern()),
-          own_weight_(scope.out.weight()),
-          layer_(scope.drawing.layer_names().find(scope.fields.text(8))) {}
+    explicit ProxyPainter(const EntityScope& scope) : scope_(scope), traits_(scope) {}
 
     void paint(std::string_view bytes) {
         ProxyStream stream(bytes);
         stream.take(header_size);  // lengths that say nothing new
         while (stream.left() >= header_size) {
             const uint32_t size = stream.word();
-            const auto part = static_cast<Part>(stream.word());
+            const auto part = static_cast<ProxyPart>(stream.word());
             const std::string_view body = size < header_size ? std::string_view() : stream.take(size - header_size);
             if (size < header_size || stream.ended()) {
                 return;
             }
-            if (!set_trait(part, ProxyStream(body)) && scope_.layers.shows_part(layer_)) {
+            if (!traits_.take(part, ProxyStream(body)) && traits_.shown()) {
                 draw(part, body);
             }
         }
     }
 
   private:
-    bool set_trait(Part part, ProxyStream body);
-    void set_colour(uint32_t index);
-    void set_true_colour(uint32_t colour);
-    void set_line_type(uint32_t number);
-    void set_line_weight(int32_t weight);
-    void set_layer(uint32_t number);
-    void push_matrix(ProxyStream body);
-
-    void draw(Part part, std::string_view body);
+    void draw(ProxyPart part, std::string_view body);
     void draw_circle(const Vec3& centre, double radius, const Vec3& normal);
     void draw_arc(ProxyStream body);
     void draw_through_points(ProxyStream body, bool whole);
     void draw_polyline(ProxyStream body, bool closed);
     void draw_mesh(ProxyStream body);
     void draw_shell(ProxyStream body);
-    void draw_text(ProxyStream body, Part part);
+    void draw_text(ProxyStream body, ProxyPart part);
     void draw_endless(ProxyStream body, bool both_ways);
     void draw_light_polyline(std::string_view body);
 
-    Transform3 map() const { return matrices_.empty() ? scope_.space : scope_.space * matrices_.back(); }
+    Transform3 map() const { return traits_.map(); }
     std::vector<Vec3> take_points(ProxyStream& body, uint64_t count) const {
         std::vector<Vec3> points;
         for (; count > 0 && body.left() >= point_size; --count) {
@@ -102,171 +58,57 @@ class ProxyPainter {
     void outline(std::vector<Vec2> points, bool closed);
 
     const EntityScope& scope_;
-    const Ink own_ink_;
-    const uint16_t own_pattern_;
-    const uint8_t own_weight_;
-    dxf::NameId layer_;
-    uint32_t colour_ = of_block;
-    bool filled_ = false;
-    double line_type_scale_ = 1;
-    std::vector<Transform3> matrices_;  ///< from the current coordinates to the entity's
+    ProxyTraits traits_;
 };
 
-bool ProxyPainter::set_trait(Part part, ProxyStream body) {
-    switch (part) {
-        case Part::colour:
-            set_colour(body.word());
-            return true;
-        case Part::true_colour:
-            set_true_colour(body.word());
-            return true;
-        case Part::layer:
-            set_layer(body.word());
-            return true;
-        case Part::line_type:
-            set_line_type(body.word());
-            return true;
-        case Part::line_weight:
-            set_line_weight(static_cast<int32_t>(body.word()));
-            return true;
-        case Part::line_type_scale:
-            line_type_scale_ = body.real();
-            return true;
-        case Part::fill:
-            filled_ = body.word() == 1;
-            return true;
-        case Part::push_matrix:
-        case Part::push_other_matrix:
-            push_matrix(body);
-            return true;
-        case Part::pop_matrix:
-            if (!matrices_.empty()) {
-                matrices_.pop_back();
-            }
-            return true;
-        default:
-            return false;
-    }
-}
-
-/// What has the colour of its block has that of the entity.
-void ProxyPainter::set_colour(uint32_t index) {
-    colour_ = index;
-    scope_.out.set_ink(index == of_block   ? own_ink_
-                       : index >= of_layer ? scope_.layers.ink(layer_)
-                                           : indexed_ink(static_cast<int>(index)));
-}
-
-/// The highest byte tells what the others are.
-void ProxyPainter::set_true_colour(uint32_t colour) {
-    switch (colour >> 24) {
-        case 0xC0:
-            set_colour(of_layer);
-            break;
-        case 0xC1:
-            set_colour(of_block);
-            break;
-        case 0xC2:
-            colour_ = 1;  // of its own
-            scope_.out.set_ink(Ink::rgb(colour));
-            break;
-        case 0xC3:
-            set_colour(colour & 0xFF);
-            break;
-        default:
-            break;
-    }
-}
-
-/// Layers and linetypes are named by their places in the tables.
-void ProxyPainter::set_layer(uint32_t number) {
-    const dxf::Table* const table = scope_.drawing.table("LAYER");
-    if (table != nullptr && number < table->entries.size()) {
-        layer_ = scope_.drawing.record(table->entries[number]).layer;
-        if (colour_ == of_layer) {
-            set_colour(of_layer);
-        }
-    }
-}
-
-void ProxyPainter::set_line_type(uint32_t number) {
-    const dxf::Table* const table = scope_.drawing.table("LTYPE");
-    const bool known = table != nullptr && number < table->entries.size();
-    const std::wstring name = known ? scope_.text_of(table->entries[number], 2) : std::wstring();
-    const bool inherited = !known || name.starts_with(L"By") || name.starts_with(L"BY");
-    scope_.out.set_pattern(inherited ? own_pattern_ : scope_.line_types.pattern(name, line_type_scale_));
-}
-
-/// What has the weight of its layer or block has that of the entity.
-void ProxyPainter::set_line_weight(int32_t weight) {
-    scope_.out.set_weight(weight < 0 ? own_weight_ : LineWeight::in_pixels(weight));
-}
-
-/// Four rows of four, of which the last says nothing.
-void ProxyPainter::push_matrix(ProxyStream body) {
-    Vec3 rows[3];
-    double moved[3];
-    for (size_t i = 0; i < 3; ++i) {
-        rows[i] = body.point();
-        moved[i] = body.real();
-    }
-    const Transform3 pushed{{rows[0].x, rows[1].x, rows[2].x},
-                            {rows[0].y, rows[1].y, rows[2].y},
-                            {rows[0].z, rows[1].z, rows[2].z},
-                            {moved[0], moved[1], moved[2]}};
-    if (matrices_.size() < most_matrices) {
-        matrices_.push_back(matrices_.empty() ? pushed : matrices_.back() * pushed);
-    }
-}
-
-void ProxyPainter::draw(Part part, std::string_view bytes) {
+void ProxyPainter::draw(ProxyPart part, std::string_view bytes) {
     ProxyStream body(bytes);
     switch (part) {
-        case Part::circle: {
+        case ProxyPart::circle: {
             const Vec3 centre = body.point();
             const double radius = body.real();
             draw_circle(centre, radius, body.point());
             break;
         }
-        case Part::circle_by_points:
-        case Part::arc_by_points:
-            draw_through_points(body, part == Part::circle_by_points);
+        case ProxyPart::circle_by_points:
+        case ProxyPart::arc_by_points:
+            draw_through_points(body, part == ProxyPart::circle_by_points);
             break;
-        case Part::arc:
+        case ProxyPart::arc:
             draw_arc(body);
             break;
-        case Part::polyline:
-        case Part::polyline_with_normal:
-        case Part::polygon:
-            draw_polyline(body, part == Part::polygon);
+        case ProxyPart::polyline:
+        case ProxyPart::polyline_with_normal:
+        case ProxyPart::polygon:
+            draw_polyline(body, part == ProxyPart::polygon);
             break;
-        case Part::mesh:
+        case ProxyPart::mesh:
             draw_mesh(body);
             break;
-        case Part::shell:
+        case ProxyPart::shell:
             draw_shell(body);
             break;
-        case Part::text:
-        case Part::styled_text:
-        case Part::wide_text:
-        case Part::styled_wide_text:
+        case ProxyPart::text:
+        case ProxyPart::styled_text:
+        case ProxyPart::wide_text:
+        case ProxyPart::styled_wide_text:
             draw_text(body, part);
             break;
-        case Part::construction_line:
-        case Part::ray:
-            draw_endless(body, part == Part::construction_line);
+        case ProxyPart::construction_line:
+        case ProxyPart::ray:
+            draw_endless(body, part == ProxyPart::construction_line);
             break;
-        case Part::light_polyline:
+        case ProxyPart::light_polyline:
             draw_light_polyline(bytes);
             break;
         default:
             return;
     }
-    filled_ = false;  // for one shape only
+    traits_.end_shape();
 }
 
 void ProxyPainter::outline(std::vector<Vec2> points, bool closed) {
-    if (closed && filled_) {
+    if (closed && traits_.filled()) {
         scope_.out.fill(points);
         return;
     }
@@ -280,7 +122,7 @@ void ProxyPainter::draw_circle(const Vec3& centre, double radius, const Vec3& no
     const Transform3 plane = Transform3::extrusion(normal);
     const Arc circle{map()(centre).plan(), map().vector(plane.x * radius).plan(),
                      map().vector(plane.y * radius).plan()};
-    if (filled_ && std::isfinite(radius) && radius > 0) {
+    if (traits_.filled() && std::isfinite(radius) && radius > 0) {
         std::vector<Vec2> points;
         circle.flatten(radius / 1000, points, scope_.out.budget().most_chords());
         scope_.out.fill(points);
@@ -301,7 +143,7 @@ void ProxyPainter::draw_arc(ProxyStream body) {
         {map()(centre).plan(), map().vector(along * radius).plan(), map().vector(across * radius).plan(), 0, sweep});
 }
 
-/// Through three points, seen from above.
+/// Draws the circle or the arc through three points, as seen from above.
 void ProxyPainter::draw_through_points(ProxyStream body, bool whole) {
     const Vec2 a = map()(body.point()).plan();
     const Vec2 b = map()(body.point()).plan() - a;
@@ -368,12 +210,12 @@ void ProxyPainter::draw_shell(ProxyStream body) {
     }
 }
 
-void ProxyPainter::draw_text(ProxyStream body, Part part) {
+void ProxyPainter::draw_text(ProxyStream body, ProxyPart part) {
     const Vec3 position = body.point();
     const Vec3 normal = body.point();
     const Vec3 direction = body.point();
-    const bool styled = part == Part::styled_text || part == Part::styled_wide_text;
-    const bool wide = part == Part::wide_text || part == Part::styled_wide_text;
+    const bool styled = part == ProxyPart::styled_text || part == ProxyPart::styled_wide_text;
+    const bool wide = part == ProxyPart::wide_text || part == ProxyPart::styled_wide_text;
     std::wstring value;
     const auto take_value = [&] { value = wide ? body.wide_text() : scope_.fields.decode(body.text()); };
     if (styled) {

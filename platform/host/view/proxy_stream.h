@@ -12,6 +12,36 @@
 
 namespace host {
 
+/// What a part of such a picture is: it sets something for the parts behind it, or it is a shape.
+enum class ProxyPart : uint32_t {
+    circle = 2,
+    circle_by_points = 3,
+    arc = 4,
+    arc_by_points = 5,
+    polyline = 6,
+    polygon = 7,
+    mesh = 8,
+    shell = 9,
+    text = 10,
+    styled_text = 11,
+    construction_line = 12,
+    ray = 13,
+    colour = 14,
+    layer = 16,
+    line_type = 18,
+    fill = 20,
+    true_colour = 22,
+    line_weight = 23,
+    line_type_scale = 24,
+    push_matrix = 29,
+    push_other_matrix = 30,
+    pop_matrix = 31,
+    polyline_with_normal = 32,
+    light_polyline = 33,
+    wide_text = 36,
+    styled_wide_text = 38,
+};
+
 /// Little-endian values one after another. Behind the end all are 0, and ended() tells.
 class ProxyStream {
   public:
