@@ -99,6 +99,35 @@ std::string svg_matrix(const Affine2& map) {
     return matrix;
 }
 
+void append_svg_attribute(std::string& out, const char* name, std::string_view value) {
+    if (!value.empty()) {
+        out.append(" ").append(name).append("=\"").append(value).append("\"");
+    }
+}
+
+std::string svg_attribute(const char* name, std::string_view value) {
+    std::string text;
+    append_svg_attribute(text, name, value);
+    return text;
+}
+
+std::string svg_box(const Box2& box, int decimals) {
+    std::string text;
+    append_point(text, box.low, decimals);
+    text += ' ';
+    append_point(text, {box.width(), box.height()}, decimals);
+    return text;
+}
+
+std::string svg_points(std::span<const Vec2> points, const SvgFrame& frame) {
+    std::string text;
+    for (const Vec2 point : points) {
+        text += text.empty() ? "" : " ";
+        append_point(text, frame(point), frame.decimals);
+    }
+    return text;
+}
+
 void SvgPath::add(char command, Vec2 point) {
     data_ += command;
     append_point(data_, point, frame_.decimals);

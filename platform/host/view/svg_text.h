@@ -1,6 +1,7 @@
-// The small parts of an SVG file: escaped texts, numbers, matrices and path data.
+// The small parts of an SVG file: escaped texts, numbers, attributes, matrices and path data.
 #pragma once
 
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -24,6 +25,12 @@ void append_point(std::string& out, Vec2 point, int decimals);
 /// "matrix(a b c d e f)", with seven digits each: what a viewer's single precision holds.
 std::string svg_matrix(const Affine2& map);
 
+/// An attribute with a blank before it; nothing for an empty value. The value is escaped already.
+void append_svg_attribute(std::string& out, const char* name, std::string_view value);
+std::string svg_attribute(const char* name, std::string_view value);
+/// "x y width height".
+std::string svg_box(const Box2& box, int decimals);
+
 /// Where a picture's coordinates go in a file whose viewers know single precision only: y downwards, and `centre`,
 /// which may be far away, at `middle`.
 struct SvgFrame {
@@ -41,6 +48,9 @@ struct SvgFrame {
                 (*this)(placement(inner.centre))};
     }
 };
+
+/// "x y x y …", in the coordinates that a frame gives.
+std::string svg_points(std::span<const Vec2> points, const SvgFrame& frame);
 
 /// Path data in the coordinates that a frame gives.
 class SvgPath {

@@ -1,6 +1,7 @@
 #include "platform/host/view/svg_writer.h"
 
 #include <map>
+#include <span>
 #include <tuple>
 #include <unordered_map>
 
@@ -38,26 +39,6 @@ SvgFrame symbol_frame(const Picture& picture) {
 SvgFrame space_frame(const ViewTransform& view) {
     constexpr int decimals = 4;
     return {view.centre(), view.pixels_per_unit(), {view.width() / 2.0, view.height() / 2.0}, decimals};
-}
-
-std::string box_text(const Box2& box, int decimals) {
-    std::string text;
-    append_point(text, box.low, decimals);
-    text += ' ';
-    append_point(text, {box.width(), box.height()}, decimals);
-    return text;
-}
-
-void append_attribute(std::string& out, const char* name, std::string_view value) {
-    if (!value.empty()) {
-        out.append(" ").append(name).append("=\"").append(value).append("\"");
-    }
-}
-
-std::string attribute(const char* name, std::string_view value) {
-    std::string text;
-    append_attribute(text, name, value);
-    return text;
 }
 
 class SvgWriter {
@@ -173,7 +154,7 @@ std::string SvgWriter::attributes(const Content& content, const Primitive& primi
     words += words.empty() || more.empty() ? more : " " + more;
     const bool of_reference = in_space(content) && primitive.entity != dxf::no_record &&
                               drawing_.record(primitive.entity).type == dxf::type_insert;
-    std::string text = attribute("class", words);
+    std::string text = svg_attribute("class", words);
     if (of_reference) {
         append_data_of(text, primitive.entity);
     }
@@ -211,13 +192,9 @@ void SvgWriter::end_path(Content& content) {
 }
 
 void SvgWriter::add_area(Content& content, const Primitive& primitive) {
-    content.text += "<polygon" + attributes(content, primitive) + " points=\"";
-    for (uint32_t number = 0; number < primitive.count; ++number) {
-        content.text += number > 0 ? " " : "";
-        append_point(content.text, content.frame(content.picture.points[primitive.first + number]),
-                     content.frame.decimals);
-    }
-    content.text += "\"/>\n";
+    const auto corners = std::span(content.picture.points).subspan(primitive.first, primitive.count);
+    content.text +=
+        "<polygon" + attributes(content, primitive) + " points=\"" + svg_points(corners, content.frame) + "\"/>\n";
     content.elements += weight_of(primitive.count);
 }
 
@@ -229,7 +206,7 @@ void SvgWriter::add_text(Content& content, const Primitive& primitive) {
         return;  // flattened to a line
     }
     content.text +=
-        "<text" + attributes(content, primitive, looks_.of_text(item)) + attribute("transform", svg_matrix(placed));
+        "<text" + attributes(content, primitive, looks_.of_text(item)) + svg_attribute("transform", svg_matrix(placed));
     if (item.fit_width > 0) {
         content.text += " lengthAdjust=\"spacingAndGlyphs\" textLength=\"";
         append_coordinate(content.text, item.fit_width * SvgLooks::capitals, 2);
@@ -257,14 +234,14 @@ void SvgWriter::add_reference(Content& content, const Primitive& primitive) {
     content.elements += elements;
     std::string& text = content.text;
     text += "<use";
-    append_attribute(text, "class", looks_.of_reference(primitive.entity, inside.ink, inside.layer_ink));
+    append_svg_attribute(text, "class", looks_.of_reference(primitive.entity, inside.ink, inside.layer_ink));
     append_data_of(text, primitive.entity);
     if (single) {
-        append_attribute(text, "href", symbol.target);
-        append_attribute(text, "transform", svg_matrix(placed));
+        append_svg_attribute(text, "href", symbol.target);
+        append_svg_attribute(text, "transform", svg_matrix(placed));
     } else {
-        const std::string cell = attribute("href", symbol.target) + attribute("transform", svg_matrix(placed));
-        append_attribute(text, "href", "#" + array_of(content, instance, "<use" + cell + "/>"));
+        const std::string cell = svg_attribute("href", symbol.target) + svg_attribute("transform", svg_matrix(placed));
+        append_svg_attribute(text, "href", "#" + array_of(content, instance, "<use" + cell + "/>"));
     }
     text += "/>\n";
 }
@@ -291,7 +268,7 @@ std::string SvgWriter::array_of(const Content& content, const Instance& instance
 /// The id of a new symbol.
 std::string SvgWriter::define(const std::string& elements, const Box2& box, int decimals) {
     std::string id = next_id("s");
-    definitions_ += "<symbol id=\"" + id + "\"" + attribute("data-box", box.empty() ? "" : box_text(box, decimals)) +
+    definitions_ += "<symbol id=\"" + id + "\"" + svg_attribute("data-box", box.empty() ? "" : svg_box(box, decimals)) +
                     ">" + elements + "</symbol>\n";
     return id;
 }
@@ -304,7 +281,7 @@ void SvgWriter::append_data_of(std::string& out, dxf::RecordId entity) {
     char handle[32];
     std::snprintf(handle, sizeof handle, "%llX", static_cast<unsigned long long>(record.handle));
     out.append(" data-block=\"").append(escaped_name(record.block_name)).append("\"");
-    append_attribute(out, "data-handle", handle);
+    append_svg_attribute(out, "data-handle", handle);
 }
 
 const std::string& SvgWriter::escaped_name(dxf::NameId block) {
@@ -332,13 +309,8 @@ const SvgWriter::Symbol& SvgWriter::symbol_of(uint32_t number, const Surrounding
 
 std::string SvgWriter::clipped(const Content& content) {
     const std::string id = next_id("p");
-    std::string points;
-    for (const Vec2 corner : content.picture.clip) {
-        points += points.empty() ? "" : " ";
-        append_point(points, content.frame(corner), content.frame.decimals);
-    }
-    definitions_ +=
-        "<clipPath id=\"" + id + "\"><polygon clip-rule=\"evenodd\" points=\"" + points + "\"/></clipPath>\n";
+    definitions_ += "<clipPath id=\"" + id + "\"><polygon clip-rule=\"evenodd\" points=\"" +
+                    svg_points(content.picture.clip, content.frame) + "\"/></clipPath>\n";
     return "<g clip-path=\"url(#" + id + ")\">" + content.text + "</g>";
 }
 
@@ -369,7 +341,7 @@ SvgPicture SvgWriter::write() {
     append_coordinate(size += " width=\"", box.width(), decimals);
     append_coordinate(size += "\" height=\"", box.height(), decimals);
     std::string text = "<svg xmlns=\"http://www.w3.org/2000/svg\" xml:space=\"preserve\"" + size + "\" viewBox=\"" +
-                       box_text(box, decimals) + "\">\n";
+                       svg_box(box, decimals) + "\">\n";
     const std::string space = looks_.of_space();
     text += "<style>" + looks_.style_sheet() + "</style>\n<metadata>" + looks_.layers() + "</metadata>\n";
     text += "<defs>\n" + definitions_ + "</defs>\n<g class=\"" + space + "\">\n";
