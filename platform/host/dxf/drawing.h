@@ -14,13 +14,12 @@
 #include "base/file_contents.h"
 #include "base/replace_file.h"
 #include "base/result.h"
-#include "platform/host/dxf/edit_list.h"
+#include "platform/host/dxf/edits.h"
 #include "platform/host/dxf/error.h"
 #include "platform/host/dxf/index.h"
 #include "platform/host/dxf/record.h"
 #include "platform/host/dxf/record_view.h"
 #include "platform/host/dxf/record_writer.h"
-#include "platform/host/dxf/undo_history.h"
 
 namespace dxf {
 

@@ -1,4 +1,4 @@
-#include "platform/host/dxf/edit_list.h"
+#include "platform/host/dxf/edits.h"
 
 #include <algorithm>
 #include <numeric>
@@ -80,6 +80,31 @@ bool EditList::apply(std::string_view original, const Emit& emit) const {
         position = anchor + edit.skip;
     }
     return position >= original.size() || emit(original.substr(position), Place::original(position));
+}
+
+void UndoHistory::begin_step(std::wstring name) {
+    step_ended_ = true;
+    name_ = std::move(name);
+}
+
+void UndoHistory::note(Change change) {
+    if (pauses_ == 0) {
+        if (std::exchange(step_ended_, false) || steps_.empty()) {
+            steps_.push_back({name_, state_, {}});
+        }
+        steps_.back().changes.push_back(std::move(change));
+    }
+    state_ = ++states_;
+}
+
+UndoHistory::Step UndoHistory::take_last() {
+    if (steps_.empty()) {
+        return {};
+    }
+    Step last = std::move(steps_.back());
+    steps_.pop_back();
+    step_ended_ = true;
+    return last;
 }
 
 }  // namespace dxf

@@ -5,7 +5,7 @@
 
 #include "base/progress.h"
 #include "drawing_text.h"
-#include "platform/host/dxf/edit_list.h"
+#include "platform/host/dxf/edits.h"
 #include "tests/support/rows.h"
 
 namespace {
