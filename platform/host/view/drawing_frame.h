@@ -44,8 +44,8 @@ class FrameBitmap {
 /// Paints only when something has changed since the last picture.
 class DrawingFrame {
   public:
-    /// As many small texts as a frame has the time for that follows a person's hand: one costs ten times as much as a
-    /// line.
+    /// The most small texts that there is time for in a frame that follows a person's hand. A text costs ten times as
+    /// much as a line.
     static constexpr size_t texts_in_motion = 1000;
 
     /// For more small texts see ListPainter::paint.

@@ -58,6 +58,7 @@ struct Repeats {
     static Range seen(const Box2& first, Vec2 step, uint32_t count, const Box2& area);
 };
 
+/// One thing that is drawn. What does not fit into it (points, an arc, a text, an instance) is in the picture's lists.
 struct Primitive {
     enum class Kind : uint8_t {
         strip,     ///< connected lines through `count` points

@@ -21,9 +21,9 @@ class Raster {
     uint32_t at(int x, int y) const { return pixels_[static_cast<ptrdiff_t>(y) * width_ + x]; }
 
     void clear(uint32_t colour);
-    /// For all that is drawn from now on. Dashed lines leave out every second group of four pixels.
+    /// Sets the pen for all that is drawn from now on. Dashed lines leave out every second group of four pixels.
     void set_pen(uint32_t colour, bool dashed = false);
-    /// Of lines, in pixels; 1 after each set_pen. Dashed ones stay thin.
+    /// Sets the width of lines, in pixels; each set_pen() makes it 1. Dashed lines stay thin.
     void set_width(int width) { width_of_lines_ = width; }
     /// What is drawn until the matching end_clip() shows only inside of this polygon, and of those begun before it.
     void begin_clip(const std::vector<Vec2>& polygon);

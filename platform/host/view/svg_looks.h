@@ -51,13 +51,13 @@ class SvgLooks {
     SvgLooks(const DisplayList& list, const dxf::Drawing& drawing, double pixels_per_unit)
         : list_(list), drawing_(drawing), layers_(drawing), pixels_per_unit_(pixels_per_unit) {}
 
-    /// Of lines, areas and texts, resolved as `around` says.
+    /// The classes of a line, an area or a text, with what it inherits resolved as `around` says.
     std::string of_shape(const Primitive& primitive, const Surroundings& around);
-    /// Of a text's font, direction and anchor, besides.
+    /// Those that a text has besides, for its font, direction and anchor.
     std::string of_text(const TextItem& item);
-    /// Of a placed block, with what its inherited colours mean.
+    /// Those of a placed block, with what its inherited colours mean.
     std::string of_reference(dxf::RecordId entity, Ink ink, Ink layer_ink);
-    /// Of everything in the space.
+    /// Those of the group around everything in the space.
     std::string of_space();
 
     std::string style_sheet() const;

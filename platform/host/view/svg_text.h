@@ -59,7 +59,7 @@ class SvgPath {
 
     void move_to(Vec2 point) { add('M', frame_(point)); }
     void line_to(Vec2 point) { add('L', frame_(point)); }
-    /// A dot, as long as the pen's end is square or round.
+    /// A line without length, which is seen as a dot where the pen's ends are square or round.
     void dot(Vec2 point);
     /// From its begin, in cubic curves of a quarter turn at most.
     void arc(const Arc& arc);

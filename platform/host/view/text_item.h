@@ -17,6 +17,7 @@ struct FontFace {
     bool operator==(const FontFace&) const = default;
 };
 
+/// A line of letters that look alike, with its place.
 struct TextItem {
     enum class Anchor : uint8_t { left, centre, right };
 

@@ -8,6 +8,7 @@ namespace host {
 
 Vec3 cross(const Vec3& a, const Vec3& b);
 
+/// An affine map: where the unit vectors and the origin go.
 struct Transform3 {
     Vec3 x{1, 0, 0};
     Vec3 y{0, 1, 0};
