@@ -15,6 +15,15 @@ std::wstring file_name_of(HINSTANCE instance) {
 
 }  // namespace
 
+BOOL ExtensionModule::follow_library(HINSTANCE instance, DWORD reason) {
+    if (reason == DLL_PROCESS_ATTACH) {
+        attach(instance);
+    } else if (reason == DLL_PROCESS_DETACH) {
+        detach();
+    }
+    return TRUE;
+}
+
 void ExtensionModule::attach(HINSTANCE instance) {
     if (attached_ || !AfxInitExtensionModule(extension_, instance)) {
         return;

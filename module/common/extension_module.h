@@ -1,17 +1,16 @@
 // The module as a framework extension: its resources, its file name, and its life as a library.
 #pragma once
 
-#include <afxwin.h>
 #include <afxdllx.h>
+#include <afxwin.h>
 
 namespace corvanes {
 
 class ExtensionModule {
   public:
-    /// Joins the framework and the host's dialog library; a second call while attached does nothing.
-    void attach(HINSTANCE instance);
-    /// Leaves the framework; does nothing when not attached.
-    void detach();
+    /// What DllMain does: joins the framework and the host's dialog library when the library is loaded into a process,
+    /// and leaves the framework when it is unloaded. Always TRUE.
+    BOOL follow_library(HINSTANCE instance, DWORD reason);
 
     /// What the commands make current so that dialog templates and strings come from the module.
     HINSTANCE resource_handle() const { return module_resources_; }
@@ -19,6 +18,9 @@ class ExtensionModule {
     HINSTANCE default_resource_handle() const { return default_resources_; }
 
   private:
+    void attach(HINSTANCE instance);
+    void detach();
+
     bool attached_ = false;
     HINSTANCE default_resources_ = nullptr;
     HINSTANCE module_resources_ = nullptr;

@@ -1,6 +1,6 @@
 // The entry points that the operating system and the host call in this module, and its one command.
-#include <afxwin.h>
 #include <aced.h>
+#include <afxwin.h>
 #include <rxdlinkr.h>
 
 #include "common/drawing_objects.h"
@@ -24,12 +24,7 @@ void layers_command() {
 }  // namespace
 
 extern "C" BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, LPVOID) {
-    if (reason == DLL_PROCESS_ATTACH) {
-        corvanes::extension_module().attach(instance);
-    } else if (reason == DLL_PROCESS_DETACH) {
-        corvanes::extension_module().detach();
-    }
-    return TRUE;
+    return corvanes::extension_module().follow_library(instance, reason);
 }
 
 extern "C" AcRx::AppRetCode acrxEntryPoint(AcRx::AppMsgCode message, void* application) {

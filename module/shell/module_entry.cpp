@@ -4,9 +4,9 @@
 #include <rxdlinkr.h>
 #include <rxregsvc.h>
 
+#include "common/extension_module.h"
 #include "shell/command_registration.h"
 #include "shell/document_data.h"
-#include "common/extension_module.h"
 
 namespace {
 
@@ -23,12 +23,7 @@ void initialise_application(void* application) {
 }  // namespace
 
 extern "C" BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, LPVOID) {
-    if (reason == DLL_PROCESS_ATTACH) {
-        corvanes::extension_module().attach(instance);
-    } else if (reason == DLL_PROCESS_DETACH) {
-        corvanes::extension_module().detach();
-    }
-    return TRUE;
+    return corvanes::extension_module().follow_library(instance, reason);
 }
 
 extern "C" AcRx::AppRetCode acrxEntryPoint(AcRx::AppMsgCode message, void* application) {
