@@ -35,12 +35,15 @@ TEST(TextEntities, OfOneLineLeaveWidthSlantAndMirroringOfTheStyleToNewText) {
         "------ text \"A\" left 1,1 x 2,0 y 0,2\n"
         // Slanted and backward, and upside down with its own width.
         "------ text \"A\" left 1,1 x -2,0 y 2,2\n"
+        // To the left, as programs write it.
+        "------ text \"A\" left 1,1 x 2,0 y -2,2\n"
         "------ text \"A\" left 1,1 x 6,0 y 0,-2\n"
         "------ text \"A\" left -1,1 x -2,0 y 0,2\n"
         // Paragraphs have the style's.
         "------ text \"A\" left 1,-1 x 1,0 y 2,2\n",
-        described(styles + entities("0 TEXT" + text + "0 TEXT" + text + "51 45|71 2|0 TEXT" + text + "41 3|71 4|" +
-                                    "0 TEXT" + text + "210 0|220 0|230 -1|0 MTEXT" + text.substr(0, text.size() - 1))));
+        described(styles + entities("0 TEXT" + text + "0 TEXT" + text + "51 45|71 2|0 TEXT" + text + "51 315|0 TEXT" +
+                                    text + "41 3|71 4|" + "0 TEXT" + text + "210 0|220 0|230 -1|0 MTEXT" +
+                                    text.substr(0, text.size() - 1))));
 }
 
 TEST(TextEntities, OfParagraphsStackTheirLines) {

@@ -23,7 +23,7 @@ Transform3 text_frame(double height, double width_factor, double slant, double r
     Transform3 frame;
     constexpr double steepest = 85 * pi / 180;
     frame.x = {height * width_factor, 0, 0};
-    frame.y = {height * std::tan(at_most(slant, steepest)), height, 0};
+    frame.y = {height * std::tan(at_most(std::remainder(slant, 2 * pi), steepest)), height, 0};
     return Transform3::rotation(rotation) * frame;
 }
 
