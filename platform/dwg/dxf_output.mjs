@@ -105,6 +105,14 @@ function newEnd(cad, document, entity) {
     return end;
 }
 
+/** A polyline of one width has it at its vertices too: the library writes theirs in any case, and they win. */
+function spreadWidth(polyline) {
+    const { constantWidth: width, vertices } = polyline;
+    if (width && vertices.every(vertex => !vertex.startWidth && !vertex.endWidth)) {
+        vertices.forEach(vertex => { vertex.startWidth = vertex.endWidth = width; });
+    }
+}
+
 /** Mends how the library's sections write entities: one that cannot be written is left out whole and told of, the end of
  *  attributes is written once, and a mesh with its faces. Returns what takes that back. */
 function mendSections(cad, unwritten) {
@@ -119,6 +127,9 @@ function mendSections(cad, unwritten) {
         last = entity;
         if (entity.attributes?.length > 0) {
             entity.attributes.seqend ??= newEnd(cad, this._document, entity);
+        }
+        if (entity instanceof cad.LwPolyline) {
+            spreadWidth(entity);
         }
         const mark = depth === 0 ? this._writer.mark() : this._writer.kept.length;
         depth += 1;

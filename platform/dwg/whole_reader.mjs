@@ -30,9 +30,23 @@ function checkMaps(cad) {
     };
 }
 
+/** The library names the block of a dimension anew, by the dimension's handle, when that joins its block late. The name may be
+ *  another block's, which would be lost. */
+function keepDimensionBlocks(cad) {
+    const dimension = cad.Dimension.prototype;
+    const assign = dimension.assignDocument;
+    dimension.assignDocument = function (document) {
+        const block = this._block;
+        this._block = null;
+        assign.call(this, document);
+        this._block = this.updateTableEntry(block, other => (this._block = other), document.blockRecords);
+    };
+}
+
 /** A reader class over the library `cad`; its `found` holds what the file lists, `unread` what could not be read. */
 export function wholeReader(cad) {
     checkMaps(cad);
+    keepDimensionBlocks(cad);
     return class WholeReader extends cad.DwgReader {
         found = { references: 0, attributes: 0 };
         counted = new Map(); // by handle

@@ -19,6 +19,9 @@ for (const version of versions) {
         layer.isOn = false;
         layer.color = new cad.Color(Number(colour));
     }
+    for (const [, handle, width] of text.matchAll(/LWPOLYLINE\n {2}5\n(\w+)\n(?:.*\n){1,14}? 43\n(.*)\n/g)) {
+        document.tryGetCadObject(parseInt(handle, 16)).cadObject.constantWidth = Number(width); // which the library does not read
+    }
     document.header.codePage = codePage;
     document.header.version = cad.ACadVersion[version];
     document.header.showModelSpace = true;
