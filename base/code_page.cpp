@@ -135,7 +135,7 @@ Sequence next_sequence(std::string_view bytes) {
     return code < least[length] || code > 0x10FFFF || surrogate ? Sequence{} : Sequence{length, code};
 }
 
-/// The code point at `i` of UTF-16 or UTF-32 text, which `i` is moved past; U+FFFD for what is none.
+/// Returns the code point at `i` of UTF-16 or UTF-32 text and moves `i` past it; U+FFFD where none is valid.
 char32_t next_code(std::wstring_view text, size_t& i) {
     const auto code = static_cast<char32_t>(text[i++]);
     const bool high = code >= 0xD800 && code <= 0xDBFF;
@@ -147,7 +147,7 @@ char32_t next_code(std::wstring_view text, size_t& i) {
     return (code >= 0xD800 && code <= 0xDFFF) || code > 0x10FFFF ? replacement : code;
 }
 
-/// How many bytes at the front are ASCII; eight at a time, since most texts are throughout.
+/// How many bytes at the front are ASCII; eight are looked at at a time, since most texts are all ASCII.
 size_t ascii_prefix(std::string_view bytes) {
     constexpr std::uint64_t high_bits = 0x8080808080808080U;
     size_t i = 0;

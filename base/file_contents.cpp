@@ -22,7 +22,7 @@ std::string reason_of(std::error_code error) {
     return error.message();
 }
 
-/// Why a path that exists names nothing to read; empty when it does.
+/// Why an existing path cannot be read as a file; empty when it can.
 std::string refusal(const std::filesystem::path& path) {
     std::error_code error;
     const std::filesystem::file_status status = std::filesystem::status(path, error);

@@ -11,8 +11,8 @@
 
 namespace base {
 
-/// Owns a copy of a file's bytes. A mapping would be cheaper, but a mapped file that another program shortens takes its
-/// pages away from under this one, and one that is rewritten shows half of each.
+/// Owns a copy of a file's bytes. A mapping would be cheaper. But when another program shortens a mapped file, its
+/// pages vanish from under this one, and while another program rewrites it, this one sees a mixture.
 class FileContents {
   public:
     FileContents() = default;

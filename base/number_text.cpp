@@ -43,7 +43,8 @@ size_t number_length(std::wstring_view text) {
     return digits == 0 ? end : exponent + digits;
 }
 
-/// Whether a number that no double can hold is too small, not too large: where its first digit but 0 stands.
+/// Whether a number that no double can hold is too small rather than too large: the place of its first non-zero digit
+/// tells.
 bool is_tiny(std::string_view number) {
     const size_t exponent_at = std::min(number.find_first_of("eE"), number.size());
     const std::string_view digits = number.substr(0, exponent_at);

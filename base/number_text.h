@@ -9,14 +9,14 @@ namespace base {
 /// White space of ASCII, or the no-break space.
 bool is_space(wchar_t character);
 void skip_space(std::wstring_view& text);
-/// Takes a sign, if there is one; true for a minus.
+/// Moves `text` past a sign, if there is one; true for a minus.
 bool take_sign(std::wstring_view& text);
 
 /// The number at the front of a text: leading white space, an optional sign, decimal digits with an optional "." and
 /// exponent; whatever follows is ignored, and a text without a number is 0. Too large a number is infinite.
 double number_from_text(std::wstring_view text);
 
-/// The same, and `text` moves past the number; where there is none it stays as it is.
+/// The same, and moves `text` past the number; where there is no number, `text` stays as it is.
 double take_number(std::wstring_view& text);
 
 }  // namespace base

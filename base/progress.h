@@ -1,4 +1,4 @@
-// How far a long action is, told to whoever waits for it.
+// ProgressWatch: a long action tells whoever waits for it how far it is, and may be told to end.
 #pragma once
 
 #include <functional>
@@ -6,10 +6,10 @@
 
 namespace base {
 
-/// While it lives, the long actions of its thread tell it how far they are. Of several the innermost is told.
+/// While it lives, the long actions of its thread tell it how far they are. Of several, only the innermost is told.
 class ProgressWatch {
   public:
-    /// Takes a part from 0 to 1; false when the action is to end.
+    /// Takes the part that is done, from 0 to 1; returns false when the action is to end.
     using Watch = std::function<bool(double part)>;
 
     explicit ProgressWatch(Watch watch) : watch_(std::move(watch)), outer_(std::exchange(innermost, this)) {}
@@ -17,7 +17,7 @@ class ProgressWatch {
     ProgressWatch(const ProgressWatch&) = delete;
     ProgressWatch& operator=(const ProgressWatch&) = delete;
 
-    /// For a long action, now and then: whether it is to go on.
+    /// A long action calls this now and then, and ends when it returns false.
     static bool goes_on(double part) { return innermost == nullptr || !innermost->watch_ || innermost->watch_(part); }
 
   private:

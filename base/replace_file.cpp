@@ -56,7 +56,7 @@ bool is_temporary_name(PathText name, PathText stem) {
            std::equal(ending.begin(), ending.end(), temporary_ending.begin(), temporary_ending.end());
 }
 
-/// Removes what writers of this target have left behind that were killed: temporary files that nobody has locked.
+/// Removes what killed writers of this target have left behind: temporary files that nobody has locked.
 void remove_abandoned(const std::filesystem::path& target) {
     std::error_code error;
     std::vector<std::filesystem::path> candidates;

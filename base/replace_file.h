@@ -19,11 +19,11 @@ class ReplacementFile;
 /// its own contents there whole, and the last one's stay.
 ///
 /// A link is followed: the file that it names is replaced; a link to nothing is refused. Mode, owner and group of an
-/// existing file are kept. The file is written in place at commit where it cannot be otherwise: they cannot be kept
-/// (the file is another user's), no file may be made beside it, or it may be written but not replaced (another program
-/// has it open, it is a mount point). Then what makes it longer is written first, so that a full disk is met before
-/// anything of the old contents is gone; and when writing over the old contents fails, the temporary file stays under
-/// a name of its own, which the reason tells.
+/// existing file are kept. commit() writes into the file itself only where it cannot replace it: mode, owner and group
+/// cannot be kept (the file is another user's), no file may be made beside it, or it may be written but not replaced
+/// (another program has it open, it is a mount point). It then writes first what makes the file longer, so that a full
+/// disk is met before any of the old contents are gone. When writing over the old contents fails, the temporary file
+/// stays under a name of its own, which the reason tells.
 class FileReplacement {
   public:
     explicit FileReplacement(const std::filesystem::path& target);

@@ -61,11 +61,11 @@ class ReplacementFile {
     std::filesystem::path path_;
 };
 
-/// The path from its root on.
+/// The absolute path.
 std::filesystem::path full_path(const std::filesystem::path& path);
 /// The file that a path names after all links; the path itself when there is no such file.
 std::filesystem::path resolve_links(const std::filesystem::path& path);
-/// Done when nothing speaks against writing the path; a failure when it is there and may not be written or is no file.
+/// Done when the path may be written; a failure when it exists and is not a file, or may not be written.
 WriteStatus refusal_of(const std::filesystem::path& path);
 /// The reason in English words.
 Failure<std::string> failure(std::error_code error);

@@ -120,8 +120,7 @@ class WindowsFile final : public ReplacementFile {
     }
 
     std::error_code appear_as(const std::filesystem::path& target) override {
-        // Under Wine only a program of the system below, which takes time to start, could tell whether a link to
-        // nothing stands there.
+        // Under Wine only a Unix program could tell whether the name is a link to nothing, and starting one takes time.
         if (!new_files_have_the_right_mode() || !CreateHardLinkW(target.c_str(), path_.c_str(), nullptr)) {
             return std::make_error_code(std::errc::not_supported);
         }

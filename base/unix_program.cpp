@@ -5,7 +5,7 @@
 namespace base {
 namespace {
 
-/// Starts a program of the system below, waits for its end, and returns its exit status. Wine's own tools use it.
+/// Starts a Unix program; with `wait` it waits for its end and returns its exit status. Wine's own tools use it.
 using Spawn = LONG WINAPI(char* const* arguments, int wait);
 using UnixName = char* CDECL(const wchar_t* path);
 

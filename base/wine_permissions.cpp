@@ -11,7 +11,8 @@ namespace {
 constexpr int exit_broken_link = 2;
 constexpr int exit_right_mode = 3;
 
-/// $1 is the target, $2 the new file. Ownership comes before the mode, which a change of owner may narrow.
+/// $1 is the target, $2 the new file. The owner is changed before the mode, since a change of owner may clear bits of
+/// the mode.
 constexpr const char* script =
     "exec 2>/dev/null\n"
     "if [ -e \"$1\" ]; then\n"
