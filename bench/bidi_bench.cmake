@@ -1,4 +1,4 @@
-# Reordering, natively beside FriBidi and ICU where both are there; and what a key in the editor takes until it shows.
+# Benchmarks of reordering (natively, beside FriBidi and ICU where both are installed) and of a key in the editor.
 if(TARGET bidi_core)
     add_executable(bidi_bench bidi_bench.cpp)
     target_link_libraries(bidi_bench PRIVATE bidi_core)

@@ -1,4 +1,4 @@
-// How long reordering a line takes, beside FriBidi and ICU in the same run where they are built in.
+// Times the reordering of lines, beside FriBidi and ICU in the same run where they are built in.
 #ifdef BIDI_REFERENCES
 #include <fribidi/fribidi.h>
 #include <unicode/ubidi.h>
@@ -33,7 +33,7 @@ std::wstring mixed_line(std::mt19937& random) {
     return line;
 }
 
-/// Nanoseconds a character of the fastest of many rounds over all lines.
+/// Nanoseconds for each character in the fastest of many rounds over all lines.
 template <class Reorder>
 double measure(size_t lines, Reorder reorder) {
     double best = 1e9;

@@ -1,5 +1,5 @@
-// Times what a report asks of the database: database_bench DRAWING [ROUNDS]. The best of the rounds, as lines of a
-// name, seconds, and the ratio to opening the drawing in the same run.
+// Times what a report asks of the database: database_bench DRAWING [ROUNDS]. Prints the best round: lines of a name,
+// seconds, and the ratio to the time of opening the drawing.
 #include <algorithm>
 #include <array>
 #include <chrono>
@@ -36,7 +36,7 @@ class Timer {
     Clock::time_point start_ = Clock::now();
 };
 
-/// As the report's count does it; the letters of all names, so that nothing is left out.
+/// Opens what the report's count opens. Adds up the lengths of the names, so that the compiler leaves nothing out.
 size_t count_letters(const ads_name set, long length) {
     size_t letters = 0;
     for (long i = 0; i < length; ++i) {

@@ -1,5 +1,5 @@
 // Times opening a drawing and counting its block references: dxf_load_bench DRAWING [ROUNDS].
-// Prints the best round, and beside it the time to count the same bytes' line feeds, as "name seconds" lines.
+// Prints lines "name seconds" for the best round, and for counting the line feeds of the same bytes.
 #include <algorithm>
 #include <chrono>
 #include <cstdint>
@@ -51,7 +51,7 @@ void open_and_count(const char* path, Round& round) {
     round.index_bytes = (*opened)->record_count() * uint64_t{sizeof(dxf::Record)};
 }
 
-/// The floor: reading the file and looking at each byte once.
+/// The least that is possible: reads the file and looks at each byte once.
 void count_lines(const char* path, Round& round) {
     const auto start = Clock::now();
     const auto contents = base::FileContents::read(std::filesystem::path(path));

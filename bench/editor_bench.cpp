@@ -1,4 +1,4 @@
-// How long a key takes in the editor until its character is painted, in a text as long as the editor lets it grow.
+// Times a key in the editor until its character is painted, in the longest text that the editor allows.
 #include <afxwin.h>
 
 #include <algorithm>
@@ -53,7 +53,7 @@ void measure(CUGMultiEdit& editor, const char* what, ParagraphDirection directio
     dispatch_all();
     std::vector<double> times;
     for (int round = 0; round < rounds; ++round) {
-        // A character more and one less in turn, and at the end of the line as well as in the middle.
+        // Types a character and deletes it in turn, at the end of the line and in its middle.
         times.push_back(time_key(editor, round % 2 == 0 ? 'A' : VK_BACK));
         if (round == rounds / 2) {
             time_key(editor, VK_END);

@@ -52,7 +52,7 @@ BLOCK_{block:04d}
 
 
 class Handles:
-    """Numbers for the records, each once."""
+    """Gives each record a handle of its own."""
 
     def __init__(self):
         self.last = 0x20
@@ -89,7 +89,7 @@ def block(name, lines, handles):
 
 
 def body(inserts, blocks, seed):
-    """The drawing behind its header, piece by piece."""
+    """Yields what follows the header, piece by piece."""
     handles = Handles()
     names = ["*Model_Space", "*Paper_Space"] + [f"BLOCK_{i:04d}" for i in range(blocks)]
     yield "  0\nSECTION\n  2\nTABLES\n"

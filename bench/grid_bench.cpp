@@ -1,5 +1,5 @@
-// Fills, sorts and scrolls a grid of a million rows in a real window. Each figure stands beside a plain way to do the
-// same.
+// Fills, sorts and scrolls a grid of a million rows in a real window. Each figure stands beside that of a plain way to
+// do the same.
 #include <afxwin.h>
 
 #include <algorithm>
@@ -44,7 +44,7 @@ int by_number(double a, double b) {
     return static_cast<int>(a > b) - static_cast<int>(a < b);
 }
 
-// Orders prices as a report does: by value, read once for each cell.
+// Orders prices as a report does: by value, and reads each cell once.
 class PriceGrid : public CUGCtrl {
   public:
     void OnGridSetup() override {
@@ -56,7 +56,7 @@ class PriceGrid : public CUGCtrl {
     }
 };
 
-// The same, reading both texts in every comparison.
+// The same, but reads both texts in every comparison.
 class RereadingGrid : public PriceGrid {
   public:
     int OnGridSortCompare(CUGCell* a, CUGCell* b, int) override {

@@ -1,4 +1,4 @@
-"""The whole road, from a drawing's file to the saved report, timed from outside: for bench/all and bench/growth."""
+"""Times the whole road, from a drawing's file to the saved report, from outside. bench/all and bench/growth use it."""
 
 import functools
 import os
@@ -18,7 +18,7 @@ def windows_path(path):
 def timed(command, **options):
     """Wall time in seconds and peak memory in MB of a command that must succeed."""
     start = time.perf_counter()
-    with tempfile.TemporaryFile() as said:  # some programs stop early when nobody reads them
+    with tempfile.TemporaryFile() as said:  # not a closed pipe: some programs stop when nobody reads
         process = subprocess.Popen(command, stdout=said, **options)
         _, status, usage = os.wait4(process.pid, 0)
     process.returncode = os.waitstatus_to_exitcode(status)
@@ -46,13 +46,13 @@ class Road:
         return min(timed(command, stderr=subprocess.DEVNULL, env=os.environ | values) for _ in range(rounds))
 
     def report(self, drawing, prices=None, rounds=5, shown=False, **values):
-        """Opened, everything counted, the dialog shown, the report saved, closed."""
+        """The best of some runs that open a drawing, count everything, show the dialog, save the report and close."""
         report = self.folder / "report.txt"
         lines = ["QXBOMC", windows_path(prices) if prices else "^C", "ALL", "", '@press "Save to file"',
                  windows_path(report), '@press "Close"']
         best = None
         for _ in range(rounds):
-            report.unlink(missing_ok=True)  # it would be a question whether to replace it
+            report.unlink(missing_ok=True)  # else the host asks whether to replace it
             run = self.host(drawing, lines, 1, shown, **values)
             best = min(best or run, run)
         return best
@@ -62,14 +62,14 @@ class Road:
         return self.host(ROOT / "samples" / "house_plan.dxf", [], rounds, False)
 
     def references(self, count):
-        """A drawing of so many references of 200 blocks."""
+        """The path of a drawing of `count` references of 200 blocks."""
         drawing = self.folder / f"{count}.dxf"
         if not drawing.exists():
             subprocess.run([PYTHON, ROOT / "bench" / "generate_inserts.py", drawing, str(count)], check=True)
         return drawing
 
     def price_list(self, lines):
-        """A price list of so many lines; a hundred of them price blocks of references()."""
+        """The path of a price list of that many lines; a hundred of them price blocks of references()."""
         prices = self.folder / f"{lines}.prc"
         every = max(1, lines // 100)
         with open(prices, "wb") as out:
@@ -94,7 +94,7 @@ class WholeCommand:
         command = [str(ROOT / "run"), str(drawing), str(prices), "--quiet", "--out", str(pathlib.Path(self.prefix.name) / "bill")]
         best = None
         for _ in range(rounds):
-            time.sleep(1)  # a person types the next one when the last one's session is over
+            time.sleep(1)  # the session of the last one ends first, as it does before a person types again
             run = timed(command, env=self.environment)
             best = min(best or run, run)
         return best

@@ -1,5 +1,5 @@
 // A price list of 100,000 rows in the real BOM Template dialog, over a drawing with 10,000 blocks: opened, scrolled,
-// sorted, edited and saved. Each figure stands beside a plain way to do the same.
+// sorted, edited and saved. Each figure stands beside that of a plain way to do the same.
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
@@ -31,7 +31,7 @@ void print(const char* what, double ours, const char* reference, double theirs) 
     std::fflush(stdout);
 }
 
-/// The price list's bytes, in no order; names, prices and descriptions differ, a third of the descriptions is Hebrew.
+/// The bytes of an unsorted price list. Names, prices and descriptions differ; a third of the descriptions is Hebrew.
 std::string price_list(int count) {
     std::mt19937 random(1);
     std::string bytes;
@@ -57,7 +57,7 @@ std::vector<std::string> block_names() {
 
 using Table = std::vector<std::vector<std::wstring>>;
 
-/// The way without a grid: lines of a stream, split into strings.
+/// The plain way, without a grid: reads lines from a stream and splits them into strings.
 Table plain_read(const std::string& bytes) {
     Table table;
     std::wistringstream stream(base::wide_from_bytes(bytes, base::system_code_page()));

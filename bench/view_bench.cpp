@@ -1,5 +1,5 @@
-// Pans and zooms a drawing of 100,000 entities. Beside each figure stands the plain way: a GDI call for every line of
-// every entity.
+// Pans and zooms a drawing of 100,000 entities. Beside each figure stands that of the plain way: a GDI call for every
+// line of every entity.
 #include <windows.h>
 
 #include <chrono>
@@ -55,7 +55,7 @@ std::string drawing_of_many() {
     return text + "0\nENDSEC\n0\nEOF\n";
 }
 
-/// Every line by GDI, without any index.
+/// Paints every line by GDI, without any index.
 void paint_plainly(const DisplayList& list, const Picture& picture, const Affine2& map, HDC context) {
     std::vector<POINT> pixels;
     for (const Primitive& primitive : picture.primitives) {

@@ -1,4 +1,4 @@
-# How a room declares what it builds. Every target gets the house's warnings; test programs are one per room.
+# The functions by which a room declares what it builds. Every target gets the project's warnings; a room has one test program.
 
 add_library(corvanes_options INTERFACE)
 target_compile_features(corvanes_options INTERFACE cxx_std_20)
@@ -10,16 +10,16 @@ if(WIN32)
         UNICODE _UNICODE STRICT NOMINMAX WINVER=0x0601 _WIN32_WINNT=0x0601)
 endif()
 if(CMAKE_CXX_COMPILER_ID STREQUAL GNU AND NOT WIN32)
-    target_compile_options(corvanes_options INTERFACE -Wno-restrict)  # GCC 12 raises it for a literal and a string joined
+    target_compile_options(corvanes_options INTERFACE -Wno-restrict)  # GCC 12 gives it wrongly for a joined literal
 endif()
 if(CORVANES_SANITIZE)
     add_compile_options(-fsanitize=address,undefined,fuzzer-no-link -fno-sanitize-recover=all -fno-omit-frame-pointer)
     add_link_options(-fsanitize=address,undefined)
 endif()
 
-# Parsing takes most of the compiler's time: for Windows, headers that hardly change are read once for all targets, and once
-# more with the test framework's. What a file includes must still be all that it needs: -DCORVANES_PRECOMPILE=OFF builds
-# without.
+# Parsing takes most of the compiler's time: for Windows, headers that hardly change are precompiled once for all targets, and
+# once for the tests with the test framework's. A file must still include all that it needs: -DCORVANES_PRECOMPILE=OFF builds
+# without precompiled headers.
 option(CORVANES_PRECOMPILE "Precompile the headers of the system and the standard library" ${WIN32})
 if(CORVANES_PRECOMPILE)
     target_compile_options(corvanes_options INTERFACE -fpch-preprocess)  # for ccache
@@ -30,7 +30,7 @@ if(CORVANES_PRECOMPILE)
         target_precompile_headers(corvanes_${kind}headers PRIVATE <windows.h> <algorithm> <filesystem> <functional> <map>
             <memory> <optional> <string> <unordered_map> <vector>)
     endforeach()
-    target_compile_options(corvanes_test_headers PRIVATE -O0)  # as all tests
+    target_compile_options(corvanes_test_headers PRIVATE -O0)  # all tests are compiled so
     target_link_libraries(corvanes_test_headers PRIVATE GTest::gmock)
     target_precompile_headers(corvanes_test_headers PRIVATE <gmock/gmock.h>)
 endif()
@@ -43,7 +43,7 @@ function(corvanes_precompiled name headers)
     endif()
 endfunction()
 
-# What the record of a binary's version is made of, for its resources to depend on.
+# The sources of a binary's version record, on which its resources depend.
 set(version_record ${PROJECT_SOURCE_DIR}/base/version.h ${PROJECT_SOURCE_DIR}/base/version_record.rc)
 
 # corvanes_library(name source...): a static library of this room.
@@ -70,7 +70,7 @@ function(corvanes_test name)
 endfunction()
 
 # corvanes_fuzzer(name RUNS count LIBS target...): the libFuzzer program of fuzz/<name>.cpp, where sanitizers are on. The ctest
-# entry gives it that many inputs, the same ones each time; tools/fuzz tells where its seeds lie, and runs it longer.
+# entry gives it RUNS inputs, the same ones each time; tools/fuzz tells where its seeds lie, and runs it longer.
 function(corvanes_fuzzer name)
     if(NOT CORVANES_SANITIZE)
         return()

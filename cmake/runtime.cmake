@@ -6,7 +6,7 @@ foreach(library libstdc++-6.dll libgcc_s_seh-1.dll libwinpthread-1.dll)
     if(NOT IS_ABSOLUTE "${path}")
         set(path /usr/x86_64-w64-mingw32/lib/${library})
     endif()
-    # Without its debugging information, which Wine would read into the memory of each process.
+    # Wine would read the debugging information into the memory of each process.
     execute_process(COMMAND ${CMAKE_STRIP} --strip-debug -o ${CMAKE_BINARY_DIR}/bin/${library} ${path}
         COMMAND_ERROR_IS_FATAL ANY)
 endforeach()

@@ -1,4 +1,4 @@
-// Any bytes as the label and the text of a cell with a control: what is read of them keeps within its bounds.
+// Takes any bytes as the label and the text of a cell with a control: reading them must keep within bounds.
 #include <algorithm>
 #include <cmath>
 #include <string>

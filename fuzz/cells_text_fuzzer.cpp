@@ -1,4 +1,4 @@
-// Any text as one from the clipboard: every cell is a part of it, and what is written of the cells reads back the same.
+// Takes any text as a clipboard's: every cell must be a part of it, and the cells, written, must read back the same.
 #include "base/code_page.h"
 #include "fuzz/fuzz_input.h"
 #include "grid/cells_text.h"

@@ -1,5 +1,5 @@
-// Any drawing can be looked at: its display list is built, painted at several scales, picked from, and written as SVG,
-// within its limits of time and memory, whatever numbers and names its entities hold.
+// Builds the display list of any drawing, paints it at several scales, picks from it and writes it as SVG: all of that
+// must keep to the limits of time and memory, whatever numbers and names the entities hold.
 #include <algorithm>
 #include <vector>
 
@@ -34,7 +34,7 @@ void look_at(const host::DisplayList& list) {
     hits.pick({{-1, -1}, {1, 1}});
 }
 
-/// Whether every element ends, in text that XML can hold.
+/// Whether every element is closed, and XML can hold the text.
 bool well_formed(const std::string& svg) {
     ptrdiff_t depth = 0;
     for (size_t at = 0; at < svg.size(); ++at) {

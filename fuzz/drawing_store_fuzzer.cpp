@@ -1,5 +1,5 @@
-// Any bytes as a drawing: they open or are refused in one line; unedited they are written as they came; edited they
-// read back as they were seen; and a step taken back leaves no trace in any record.
+// Takes any bytes as a drawing: it must open or be refused in one line. Unedited it must be saved byte for byte; edited
+// it must read back as it was seen; and an undone step must leave no trace in any record.
 #include <vector>
 
 #include "fuzz/fuzz_input.h"
@@ -34,7 +34,7 @@ std::vector<std::string> records_of(const Drawing& drawing) {
     return seen;
 }
 
-/// Reads whatever can be read of a record and its sub-records.
+/// Reads all fields of a record and its sub-records.
 void read_whole(const dxf::RecordView& view) {
     for (const dxf::Group& group : dxf::RecordFields(view).groups()) {
         view.decode(group.value);
@@ -90,7 +90,7 @@ void edit(Drawing& drawing, fuzz::Decisions& decisions) {
     }
 }
 
-/// To be called after the edits: the handle stays taken.
+/// To be called after the edits, since the handle stays in use.
 void check_new_handle(Drawing& drawing) {
     const uint64_t handle = drawing.allocate_handle();
     for (RecordId id = 0; id < drawing.record_count(); ++id) {

@@ -1,5 +1,5 @@
-// What the fuzzers share: views of the input, checks that stop a run, and a file that holds the input for those who
-// read files.
+// Helpers of the fuzzers: views of the input, checks that stop a run, and a file that holds the input for code that
+// reads files.
 #pragma once
 
 #include <unistd.h>
@@ -14,7 +14,7 @@
 
 namespace fuzz {
 
-/// Ends the program, and so the run, with what does not hold.
+/// Ends the program, and so the run, with `what`, unless the condition holds.
 inline void require(bool holds, const char* what) {
     if (!holds) {
         std::fprintf(stderr, "does not hold: %s\n", what);
@@ -26,11 +26,11 @@ inline std::string_view bytes_of(const uint8_t* data, size_t size) {
     return size == 0 ? std::string_view() : std::string_view(reinterpret_cast<const char*>(data), size);
 }
 
-/// Decisions drawn from the input's last bytes, which stay in it: a seed needs no bytes of its own for them.
+/// Random decisions taken from the input's last bytes. The bytes stay in the input, so a seed needs none for decisions.
 class Decisions {
   public:
     Decisions(const uint8_t* data, size_t size) : data_(data), size_(size) {}
-    /// From 0 to below `limit`; 0 when the input is used up.
+    /// A number below `limit`; 0 when the input is used up.
     size_t below(size_t limit) {
         if (size_ < 2 || limit == 0) {
             return 0;
@@ -44,7 +44,7 @@ class Decisions {
     size_t size_;
 };
 
-/// A file of this process in the folder for temporary files, removed with it.
+/// A file in the folder for temporary files, with a name of this process's own; removed with the object.
 class ScratchFile {
   public:
     explicit ScratchFile(const char* name)

@@ -1,5 +1,5 @@
-// Any bytes as a price list: every line is an entry or counted as dropped, and entries that are written read back the
-// same.
+// Takes any bytes as a price list: every line must be an entry or be counted as dropped, and entries, written, must
+// read back the same.
 #include <vector>
 
 #include "common/price_text.h"

@@ -1,5 +1,5 @@
-// Any line, up to 5,000 characters of every type: it is reordered as the rules written out one by one say, and no
-// character is lost. The first byte chooses the direction, the types and how often the rest is repeated.
+// Takes any line of up to 5,000 characters of every type: it must be reordered as plain_reordering.h does it, and no
+// character may be lost. The first byte chooses the direction, the types and how often the rest is repeated.
 #include <algorithm>
 #include <array>
 
@@ -17,7 +17,8 @@ using Map = std::vector<std::uint32_t>;
 
 constexpr size_t longest_line = 5000;
 
-/// Bytes that code page 1255 does not define stand for characters that it lacks, halves of pairs among them.
+/// Decodes bytes by code page 1255. Those that it does not define become characters that it lacks, among them halves of
+/// surrogate pairs.
 std::wstring hebrew_text(std::string_view bytes) {
     static const ByteCharacters characters = characters_of_code_page(base::code_page_hebrew);
     static const std::array<wchar_t, 7> others = {L'\xD83D', L'\xDE00', L'\x4E2D', L'\x623',
@@ -89,7 +90,7 @@ void check_model(const std::wstring& text, bool left_to_right) {
     }
 }
 
-/// Most lines as they are: long ones take their time.
+/// Most lines are not repeated, since long ones are slow.
 size_t times_to_repeat(uint8_t choice) {
     return choice >= 0xF8 ? 64 : choice >= 0xC0 ? 4 : 1;
 }
@@ -101,7 +102,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
         return 0;
     }
     static const CharacterTypes with_all_types = all_types();
-    // Kept from line to line, as the module keeps its own.
+    // One object for all lines, as in the module.
     static Reordering by_codes(with_all_types);
     static Reordering by_system(*system_character_types());
     const std::string_view bytes = fuzz::bytes_of(data + 1, size - 1);

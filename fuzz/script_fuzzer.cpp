@@ -1,4 +1,4 @@
-// Any bytes as a host script: it is read whole, or refused with the number of a line that it has.
+// Takes any bytes as a host script: it must be read whole, or refused with the number of one of its lines.
 #include <algorithm>
 
 #include "base/code_page.h"

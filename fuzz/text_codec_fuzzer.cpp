@@ -1,5 +1,5 @@
-// A drawing's text in every code page: what was read can be written, reads back the same, and never ends the line it is
-// in.
+// Takes any bytes as a drawing's text in every code page: what was read must be writable, read back the same, and never
+// end its line.
 #include <iterator>
 
 #include "base/code_page.h"

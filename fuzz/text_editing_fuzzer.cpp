@@ -1,5 +1,6 @@
-// Any sequence of edits, three bytes each: the text is what plain string operations make of it, undoing walks through
-// the earlier texts, and the caret can walk from one end of the painted text to the other over every character.
+// Takes any sequence of edits, three bytes each: the text must be what plain string operations make of it, undoing must
+// give the earlier texts, and the caret must be able to walk from one end of the painted text to the other over every
+// character.
 #include <algorithm>
 #include <array>
 #include <set>
@@ -16,7 +17,7 @@ constexpr std::wstring_view alphabet =
     L"\x5D0\x5D1\x5EA"
     L"abz 012.,-()%\n\x5B0\x4E2D\xD83D\xDE00\x1";
 
-/// The texts that undoing comes back to, kept the long way: all of them, by their slots.
+/// The texts that undoing comes back to. Keeps them all, by their slots.
 class PlainUndo {
   public:
     void save(const std::wstring& text) {
@@ -157,7 +158,7 @@ void EditedText::check() const {
             "and its column");
 }
 
-/// Whether the painted characters on both sides are one that was typed as two halves.
+/// Whether the painted characters on both sides of the gap are the halves of one character.
 bool EditedText::between_halves(size_t gap) const {
     if (gap == 0 || gap == text_.size()) {
         return false;
@@ -167,7 +168,7 @@ bool EditedText::between_halves(size_t gap) const {
     return (left + 1 == right && splits_pair(text_, right)) || (right + 1 == left && splits_pair(text_, left));
 }
 
-/// The gaps at which the caret stops on its way; the places of the typed text there are added to `reached`.
+/// Walks the caret, and returns the gaps at which it stops; adds the places of the typed text there to `reached`.
 std::vector<size_t> EditedText::walk(Motion motion, std::set<size_t>& reached) {
     std::vector<size_t> gaps = {editing_.caret().gap};
     for (;;) {
