@@ -7,7 +7,7 @@ const picture = $('sheet').querySelector('img');
 const MONEY = ['price', 'total'];
 const NUMBERS = ['price', 'quantity', 'total'];
 const RIGHT_TO_LEFT = /[\u0590-\u08FF\uFB1D-\uFDFF\uFE70-\uFEFC]/gu;
-const HEAVY = 1500; // elements that are moved as one picture until the hand rests
+const HEAVY = 1500; // with more elements, moving shows one picture until the hand rests
 
 function element(name, className, text) {
   const made = document.createElement(name);
@@ -45,7 +45,7 @@ class Places {
       const box = boxes.get(use.getAttribute('href').slice(1));
       if (box) this.add(use, cornersOf(box, use));
     }
-    // Attributes stand beside their block, and are all that is seen of some references.
+    // Attributes stand beside their block. Of some references they are all that is seen.
     for (const shape of shapes.filter((each) => each.localName !== 'use' && !this.byHandle.has(each.dataset.handle))) {
       const { x, y, width, height } = shape.getBBox();
       this.add(shape, cornersOf([x, y, width, height], shape));
@@ -61,7 +61,8 @@ class Places {
     }
   }
 
-  /** The places of an item's handles; in a drawing without any, those of its blocks; and what holds blocks inside. */
+  /** The places of an item's handles, or of its blocks where the drawing has no handles, and of the references that hold such
+   *  blocks inside. */
   of({ handles, blocks, inside }) {
     const known = handles.filter((handle) => handle !== '0');
     const found = known.length ? known.map((handle) => this.byHandle.get(handle)) : blocks.map((block) => this.byBlock.get(block.toLowerCase()));
@@ -113,7 +114,7 @@ function encloses(corners, x, y) {
 
 // ---- The view ----
 
-/** What part of the drawing is seen: its centre, and pixels for each unit. */
+/** The part of the drawing that is seen: its centre, and how many pixels a unit has. */
 class View {
   constructor() {
     const [x, y, width, height] = drawing ? numbersOf(drawing.getAttribute('viewBox')) : [0, 0, picture.naturalWidth || 1600, picture.naturalHeight || 1200];
@@ -123,10 +124,10 @@ class View {
     this.resize();
     this.fit();
     if (this.heavy) drawing.style.willChange = 'transform';
-    $('sheet').className = 'ready'; // laid out once, where it is seen
+    $('sheet').className = 'ready'; // which lets the browser lay it out
   }
 
-  /** Whether the pane has another size now. */
+  /** Takes the size of the pane; true when it has changed. */
   resize() {
     const { clientWidth, clientHeight } = $('view');
     const [width, height] = [Math.max(clientWidth, 1), Math.max(clientHeight, 1)];
@@ -162,7 +163,7 @@ class View {
     return [this.x - this.width / 2 / this.scale, this.y - this.height / 2 / this.scale, this.width / this.scale, this.height / this.scale];
   }
 
-  /** The light follows at once; a drawing of many parts is moved as it was painted, and painted anew at rest. */
+  /** What is lit follows at once. A drawing of many parts is moved as a picture, and painted anew when the hand rests. */
   apply() {
     const box = this.box();
     $('light').setAttribute('viewBox', box.join(' '));
@@ -197,7 +198,7 @@ class View {
 const billRows = data.rows.map((row, number) => ({ ...row, number, blocks: [row.block], inside: [] }));
 const notes = data.notes.map((note) => ({ ...note, note: true }));
 const keys = Object.keys(data.columns);
-// Of the rows that are shown one is current; of the references that are found, one is walked to.
+// `current` is the place of the current row in `shown`, `at` that of the reference in `found` that was gone to last; -1: none.
 const state = { marked: [], at: -1, sort: null, down: false, hidden: new Set(), shown: [], current: -1, found: [] };
 const ticked = new Set();
 let places;
@@ -252,7 +253,7 @@ function heading(key) {
     $('head').children[visibleKeys().indexOf(key) + 1].firstChild.focus();
   };
   cell.scope = 'col';
-  cell.dataset.heading = data.columns[key]; // for paper: a button is not repeated on the next page
+  cell.dataset.heading = data.columns[key]; // printed pages repeat this, and not the button
   cell.ariaSort = state.sort !== key ? 'none' : state.down ? 'descending' : 'ascending';
   cell.append(button);
   return cell;
@@ -344,11 +345,11 @@ function lookAt(found, around = 1.3) {
   const least = Math.max(view.whole.width, view.whole.height) * 1e-4;
   const [wide, high] = [Math.max(width * around, least), Math.max(height * around, least)];
   const fit = Math.min(view.width / view.whole.width, view.height / view.whole.height);
-  const single = Math.min(view.width / wide, view.height / high) / 3; // of one thing, its neighbours are seen too
+  const single = Math.min(view.width / wide, view.height / high) / 3; // a single thing is shown with its neighbours
   view.show({ x: x + (width - wide) / 2, y: y + (height - high) / 2, width: wide, height: high }, found.length === 1 ? Math.max(single, fit) : Infinity);
 }
 
-/** Goes to a reference of those that are lit; -1 for none of them. */
+/** Goes to the lit reference at this place of `found`; -1 for none. */
 function walk(at, look = true) {
   const { found } = state;
   state.at = found.length && at >= 0 ? at % found.length : -1;
@@ -375,7 +376,7 @@ function clear() {
   light();
 }
 
-/** Marks the row of the reference under a pixel: the smallest one there, or one that is nearly there. */
+/** Marks the row of the reference at a pixel, or within six pixels of it: the smallest one. */
 function pick(px, py) {
   const [x, y] = view.toDrawing(px, py);
   const reach = 6 / view.scale;
@@ -497,7 +498,7 @@ function press(event) {
 
 // ---- Rows for a spreadsheet ----
 
-/** As in the bill's CSV: no text is taken for a formula. */
+/** Guards a text as in the bill's CSV, so that no spreadsheet takes it for a formula. */
 function plain(text) { return (/^[=+\-@]/.test(text) ? `'${text}` : text).replace(/[\t\r\n]+/g, ' '); }
 
 function rowsAsText() {

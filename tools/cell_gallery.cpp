@@ -1,5 +1,5 @@
-// A window with every kind of cell, from left to right, from right to left, disabled and selected: prints what they
-// notify of. Escape ends it.
+// Shows a window with every kind of cell: from left to right, from right to left, disabled and selected. Prints what
+// the cells notify their owner of. Escape ends it.
 #include <fcntl.h>
 #include <io.h>
 
@@ -19,7 +19,7 @@ constexpr struct {
     DWORD options;
     const wchar_t* label;
     const wchar_t* text;
-    const wchar_t* hebrew;  // the text of the cell that goes from right to left
+    const wchar_t* hebrew;  // the text for the cell in right-to-left order
 } kinds[] = {
     {L"Arrow, up", type_arrow, 21, arrow_up, L"", L"Rising", L"\x5E2\x5D5\x5DC\x5D4"},
     {L"Arrow, left", type_arrow, 21, arrow_left, L"", L"Back", L"\x5D0\x5D7\x5D5\x5E8\x5D4"},

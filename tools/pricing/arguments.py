@@ -1,4 +1,4 @@
-"""The arguments of ./run."""
+"""Reads the arguments of ./run."""
 
 import pathlib
 import re
@@ -56,7 +56,7 @@ class Arguments:
         self.dynamic_names = False
         self.strict = False
         self.quiet = False
-        self.answer = None  # what is printed in place of any work
+        self.answer = None  # --version or --help: the text to print instead of working
         self.format = "text"
         self.out = "out"
         self.join = False
@@ -74,7 +74,7 @@ class Arguments:
 
 
 def parse(words):
-    """The arguments; what comes behind "--" are files. Raises a Failure of wrong usage."""
+    """The arguments; words behind "--" are files. Raises a Failure when the usage is wrong."""
     arguments = Arguments()
     words = list(words)
     while words:

@@ -10,12 +10,12 @@ FORMULA = ("=", "+", "-", "@", "\t", "\r")
 
 
 def plain(text):
-    """A text that a spreadsheet does not take for a formula: an apostrophe stands before what would be one."""
+    """The text, behind an apostrophe where a spreadsheet would take it for a formula."""
     return "'" + text if text.startswith(FORMULA) else text
 
 
 def json_text(members):
-    """An object in the layout of report.json: a line a member, and one an item of its lists."""
+    """An object in the layout of report.json: a line for each member, and one for each item of its lists."""
     def value(held):
         if isinstance(held, list):
             return "[" + ",\n".join(json.dumps(item, ensure_ascii=False) for item in held) + "]"
@@ -33,7 +33,8 @@ def of_source(data, source, notes, note_lines):
 
 
 def without_handles(data):
-    """A report.json with empty lists of handles. In a text no quotation mark stands without a backslash before it."""
+    """A report.json with its lists of handles emptied. Within texts every quotation mark has a backslash before it, so none ends
+    the search early."""
     return re.sub(rb'"handles": \[[^\]]*\]', b'"handles": []', data)
 
 

@@ -8,17 +8,18 @@ from failure import DRAWING, USAGE, Failure
 KINDS = (".dxf", ".dwg")
 FACTOR = re.compile(r"(.+)=(\d+)", re.DOTALL)
 MOST = 9999
-RESERVED = re.compile(r"total\.(txt|csv|json)|\.run\..*", re.IGNORECASE | re.DOTALL)  # what else the output folder holds
+RESERVED = re.compile(r"total\.(txt|csv|json)|\.run\..*", re.IGNORECASE | re.DOTALL)  # other names in the output folder
 
 
 class Item:
     def __init__(self, path):
         self.path, self.factor = path, 1
-        self.name = ""  # of the folder of its results; no two have the same one
+        self.name = ""  # the folder of its results; no two items share one
 
 
 def factor_of(word):
-    """A word without its factor, and that, or None. A file that really has such a name is that file."""
+    """Splits "FILE=3" into file and factor; None without a factor. Where a file really has that name, the whole word is the
+    file."""
     found = FACTOR.fullmatch(word)
     if not found or os.path.exists(word):
         return word, None
@@ -39,14 +40,14 @@ def is_drawing_name(word):
 
 
 def drawings_and_prices(words):
-    """The words that mean drawings, and the price list, which is the last word when that cannot mean a drawing."""
+    """The words for drawings, and the price list: the last word, unless that can only mean drawings; else None."""
     if len(words) > 1 and not is_drawing_name(words[-1]):
         return words[:-1], words[-1]
     return words, None
 
 
 def own_prices(words):
-    """The price list beside the drawings of the one folder that is named, when there is one only; else None."""
+    """The price list in the one folder that is named, when the folder holds just one; else None."""
     folders = [word for word in map(lambda word: factor_of(word)[0], words) if os.path.isdir(word)]
     lists = [name for name in os.listdir(folders[0]) if name.lower().endswith(".prc")] if len(folders) == 1 else []
     return os.path.join(folders[0], lists[0]) if len(lists) == 1 else None
@@ -86,7 +87,8 @@ def drawings(words):
 
 
 def name_all(items):
-    """Files of one name in several folders have the names of as many folders before theirs as tell them apart."""
+    """Gives each item a name of its own: the file's, behind as many names of its folders as it takes to tell it from the
+    others."""
     unnamed, depth = items, 1
     while unnamed:
         for item in unnamed:

@@ -1,4 +1,4 @@
-"""DWG drawings: told by what is in them, and converted to DXF by a program of its own (platform/dwg), within limits."""
+"""Recognises DWG drawings by their first bytes, and has the program in platform/dwg convert them to DXF, within limits."""
 
 import contextlib
 import ctypes
@@ -21,10 +21,10 @@ from interruption import waiting
 VERSIONS = {"AC1014": "R14", "AC1015": "2000", "AC1018": "2004", "AC1021": "2007", "AC1024": "2010", "AC1027": "2013", "AC1032": "2018"}
 OLD = {"AC1012": "R13", "AC1009": "R12", "AC1006": "R10"}
 
-# What one drawing may take: seconds, and more for each MB of it; bytes of memory.
+# The limits for one drawing: seconds, and more for each MB of it; bytes of memory.
 SECONDS, SECONDS_A_MB = 30, 20
 MEMORY = 6 << 30
-MEMORY_OF_OBJECTS = 4 << 10  # MB, of the memory
+MEMORY_OF_OBJECTS = 4 << 10  # MB: the part of MEMORY for objects
 PR_SET_PDEATHSIG = 1  # of prctl
 
 
@@ -36,20 +36,21 @@ def check_version(path, mark):
 
 
 def install(root):
-    """Has what reads DWG on the machine."""
+    """Installs what reads DWG, where it is missing."""
     if subprocess.run([os.path.join(root, "tools", "setup"), "dwg"]).returncode != 0:
         raise Failure(INTERNAL, "what reads DWG drawings cannot be installed; build/npm.log tells why")
 
 
 def limit():
-    """For the program, before it starts: its memory, and that it does not outlive this one, however that ends."""
+    """Runs in the new process before the program starts: limits its memory, and has it end with this one, however this one
+    ends."""
     resource.setrlimit(resource.RLIMIT_DATA, (MEMORY, MEMORY))
     resource.setrlimit(resource.RLIMIT_CORE, (0, 0))
     ctypes.CDLL(None).prctl(PR_SET_PDEATHSIG, signal.SIGKILL)
 
 
 def source_of(path):
-    """A drawing's file as report.json names it."""
+    """How report.json identifies a drawing's file."""
     digest = hashlib.sha256()
     with open(path, "rb") as file:
         while part := file.read(1 << 20):
@@ -58,7 +59,7 @@ def source_of(path):
 
 
 class Converted:
-    """A DWG drawing in a folder of its own, as DXF, and what its bill is to say of it."""
+    """A DWG drawing that was converted to DXF in a folder of its own, with the notes for its bill."""
 
     def __init__(self, drawing, folder, converter):
         self.source = source_of(drawing)
@@ -67,13 +68,13 @@ class Converted:
         self.notes, self.note_lines = notes_of(converter.convert(drawing, self.path), self.path)
 
     def explained(self, failure):
-        """A failure of its pricing: that there is nothing to report may be because of what was lost."""
+        """A failure to price it, with the notes where there was nothing to report: what was lost may be the reason."""
         if failure.status != NOTHING:
             return failure
         return Failure(failure.status, "; ".join([str(failure), *self.note_lines]))
 
     def tell(self, report):
-        """Has the report.json of the DXF drawing name this one."""
+        """Makes the report.json of the DXF drawing name the DWG drawing, and hold its notes."""
         with open(report, "r+b") as file:
             data = of_source(file.read(), self.source, self.notes, self.note_lines)
             file.seek(0)
@@ -82,7 +83,7 @@ class Converted:
 
 
 class Converter:
-    """Converts drawings one after another; the program stays until close()."""
+    """Converts drawings one after another. The program runs until close()."""
 
     def __init__(self, root):
         self.root = root
@@ -137,7 +138,7 @@ class Converter:
         return said
 
     def end(self, drawing):
-        """What the program's early end means."""
+        """The status and words of the Failure when the program has ended early."""
         self.process.wait()
         self.said.seek(0)
         words = self.said.read().decode("utf-8", "replace")

@@ -1,17 +1,17 @@
-"""What of a DWG drawing the bill does not hold: its references and attributes where the DWG reader found them, beside those
-in the DXF drawing that the host then reads."""
+"""Notes on what a bill lacks of a DWG drawing: compares the references and attributes that the DWG reader found with those in the
+DXF drawing that the host reads."""
 
 import collections
 import mmap
 import re
 
-# A reference with its block's name, or an attribute of the reference before it. Groups are pairs of lines.
+# Finds a reference with its block's name, or an attribute, which belongs to the reference before it. Groups are pairs of lines.
 COUNTED = re.compile(rb"\n  0\n(?:INSERT\n(?:(?!  [02]\n)[^\n]*\n[^\n]*\n)*  2\n([^\n]*)|ATTRIB)(?=\n)")
 SHOWN = 5  # kinds or blocks in a line
 
 
 def count_dxf(path):
-    """References and attributes by block, of a drawing that platform/dwg wrote."""
+    """Counts the references and attributes of each block in a drawing that platform/dwg wrote."""
     references, attributes, name = collections.Counter(), collections.Counter(), ""
     with open(path, "rb") as file, mmap.mmap(file.fileno(), 0, access=mmap.ACCESS_READ) as data:
         for found in COUNTED.finditer(data):

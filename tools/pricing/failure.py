@@ -1,10 +1,10 @@
-"""What ends a run early: one line for standard error, and the exit status."""
+"""Failure: ends a run early with one line for standard error and an exit status."""
 
 INTERNAL, USAGE, DRAWING, PRICES, NOTHING, OUTPUT = 1, 2, 3, 4, 5, 6
 
 
 def one_line(words):
-    """Words for a terminal, whatever stands in the names of files and blocks."""
+    """The words as one line that is safe for a terminal, whatever characters names of files and blocks hold."""
     return "".join(c if c.isprintable() else ascii(c)[1:-1] for c in words)
 
 

@@ -1,4 +1,4 @@
-"""What is wrong with the files of a run, told before any work."""
+"""Checks the files of a run before any work."""
 
 import os
 import re
@@ -12,7 +12,7 @@ DWG_MARK = re.compile(rb"(AC|MC)\d[.\d]\d[\d.]")
 
 
 def dwg_mark(path):
-    """The version that a DWG drawing begins with, as "AC1015"; empty for another file, whatever its name."""
+    """The version mark at the front of a DWG drawing, as "AC1015"; empty for any other file, whatever its name."""
     try:
         with open(path, "rb") as file:
             begin = file.read(6)
@@ -22,7 +22,7 @@ def dwg_mark(path):
 
 
 def check_input(path, status):
-    """Raises a Failure when the file cannot be what the host is to read."""
+    """Raises a Failure of this status when the host cannot read the file."""
     try:
         mode = os.stat(path).st_mode
         if stat.S_ISDIR(mode):

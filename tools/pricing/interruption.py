@@ -1,5 +1,5 @@
-"""Ctrl-C and its kin: a signal ends this program where it waits for another, and nowhere else. So what is made is known
-to who removes it, and a delivery is never cut short."""
+"""Handles Ctrl-C and similar signals: a signal ends this program only where it waits for another one. So whatever was made is
+removed, and a delivery is never cut short."""
 
 import contextlib
 import signal
@@ -21,7 +21,7 @@ class State:
 
 
 def catch():
-    """Also what the program was started to ignore, as a shell does with what runs in the background."""
+    """Catches the signals, even those that the program was started with ignored, as shells start programs in the background."""
     for number in SIGNALS:
         signal.signal(number, on_signal)
 
@@ -35,7 +35,7 @@ def on_signal(number, _frame):
 
 @contextlib.contextmanager
 def waiting():
-    """For the time of a wait, which a signal ends with Stopped; so does one that came before."""
+    """A context for waiting: a signal that comes meanwhile, or came before, raises Stopped."""
     State.waiting = True
     try:
         if State.caught:

@@ -1,4 +1,4 @@
-"""Joins the totals that the shares of one list of drawings left."""
+"""Joins the totals of the shares of one list of drawings."""
 
 import json
 import os
@@ -24,7 +24,7 @@ def read_share(folder):
 
 
 def check_shares(folders, totals):
-    """Raises a Failure unless the totals are all the shares of one list, priced alike."""
+    """Raises a Failure unless the totals are all shares of one list, each once, with the same prices and options."""
     lists = {(one["share"]["of"], one["share"]["drawings"], one["share"]["sha256"]) for one in totals}
     if len(lists) > 1:
         raise Failure(USAGE, f"{', '.join(folders)}: the shares are not of one list of drawings")
@@ -54,7 +54,7 @@ def joined(folders):
 
 
 def join(arguments, out):
-    """The exit status that one run would have had, and the total, once it is in its place."""
+    """Puts the joined total in its place. Returns the exit status that one run would have had, and the total."""
     folders = arguments.files
     total = joined(folders)
     if any(os.path.realpath(folder) == os.path.realpath(out) for folder in folders):

@@ -1,4 +1,4 @@
-"""What a run is doing, on the last line of a terminal that reads its standard error."""
+"""Shows what a run is doing on the last line of the terminal, where standard error is one."""
 
 import contextlib
 import os
@@ -22,13 +22,13 @@ def last_bytes(path):
 
 
 def of_build(said):
-    """The last step that the build told of, as "[12/80]"."""
+    """The last step that the build printed, as "[12/80]"."""
     steps = re.findall(rb"\[\d+/\d+\]", said)
     return f"Building {steps[-1].decode()}" if steps else "Building"
 
 
 def of_host(said):
-    """What the host's command line shows: the last command."""
+    """The last command at the host's command line."""
     commands = re.findall(rb"Command: (\w+)", said)
     return STAGES.get(commands[-1].decode(), "Pricing") if commands else "Opening the drawing"
 
@@ -39,7 +39,7 @@ class Progress:
 
     @contextlib.contextmanager
     def following(self, path, stage_of):
-        """Shows the stage that a file that grows tells of, for as long as the caller works."""
+        """A context: while the caller works, shows the stage that a growing file tells of."""
         if self.terminal is None:
             yield
             return
@@ -64,6 +64,6 @@ class Progress:
                 return
 
     def show(self, words):
-        with contextlib.suppress(OSError):  # nobody need see it
+        with contextlib.suppress(OSError):  # a lost progress line is no failure
             self.terminal.write("\r\x1b[K" + words[:shutil.get_terminal_size().columns - 1])
             self.terminal.flush()

@@ -1,4 +1,4 @@
-"""Why a drawing has no block reference that can be selected."""
+"""Finds out why a drawing has no block reference that can be selected."""
 
 import struct
 
@@ -17,7 +17,7 @@ def text_groups(data):
 
 
 def binary_groups(data):
-    """The groups of a binary drawing; R12 has codes of one byte, later versions of two."""
+    """Yields the groups of a binary drawing. Group codes have one byte in R12, and two later."""
     at = len(BINARY)
     wide = data[at + 1:at + 2] == b"\0"
     while at < len(data):
@@ -39,7 +39,7 @@ def binary_groups(data):
 
 
 def binary_value(code):
-    """How the value of a group is stored: its size, and how it is read."""
+    """How the value of a group with this code is stored: its size, and what reads it."""
     for first, last, size, form in ((10, 59, 8, "<d"), (60, 79, 2, "<h"), (90, 99, 4, "<i"), (110, 149, 8, "<d"),
                                     (160, 169, 8, "<q"), (170, 179, 2, "<h"), (210, 239, 8, "<d"), (270, 289, 2, "<h"),
                                     (290, 299, 1, "<b"), (310, 319, 0, "chunk"), (370, 389, 2, "<h"), (400, 409, 2, "<h"),
@@ -51,7 +51,7 @@ def binary_value(code):
 
 
 def records(data):
-    """Every record with the section that it stands in: its type, and its groups, the first value of each code."""
+    """Yields for each record its section, its type, and the first value of each of its group codes."""
     section, kind, groups = b"", b"", {}
     for code, value in binary_groups(data) if data.startswith(BINARY) else text_groups(data):
         if code != 0:
@@ -65,7 +65,7 @@ def records(data):
 
 
 def count(data):
-    """How many block references stand where they cannot be selected: {"frozen", "paper", "inside"}, and "free" ones."""
+    """Counts block references that cannot be selected, as "frozen", "paper" and "inside", and the others as "free"."""
     counts = {"frozen": 0, "paper": 0, "inside": 0, "free": 0}
     frozen, block = set(), b""
     for section, kind, groups in records(data):

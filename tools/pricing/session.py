@@ -6,13 +6,13 @@ import subprocess
 from failure import INTERNAL, Failure
 from interruption import waiting
 
-# The session's command tells its environment and then waits for the end of its input: the end of this program, whatever
-# way it comes, ends the session.
+# The command of the session: it prints its environment, and then waits for the end of its input. That comes when this program
+# ends, in whatever way, and so ends the session.
 HOLD = ["sh", "-c", "printenv -0; printf '\\0'; exec >&-; read -r _ || :"]
 
 
 class Session:
-    """The environment of a session; the one around this program when there is one."""
+    """A session and its environment. Where this program runs within a session, that one serves."""
 
     def __init__(self, root, *options):
         self.options = options
@@ -21,10 +21,10 @@ class Session:
         self.environment = dict(os.environ)
 
     def begin(self):
-        """Has the session come up while this program does other things; wait() has its environment."""
+        """Starts the session while this program does other things; wait() then takes its environment."""
         if os.environ.get("CORVANES_SESSION") and "--display" not in self.options:
             return
-        # A session of processes of its own: Ctrl-C reaches this program only, which then takes all down in order.
+        # In a process group of its own, so that Ctrl-C reaches this program only, which then ends everything in order.
         self.process = subprocess.Popen([os.path.join(self.root, "tools", "session"), *self.options, *HOLD], stdin=subprocess.PIPE,
                                         stdout=subprocess.PIPE, stderr=subprocess.PIPE, start_new_session=True)
 
@@ -42,6 +42,6 @@ class Session:
         self.environment = dict(os.fsdecode(pair).split("=", 1) for pair in told[:-2].split(b"\0"))
 
     def end(self):
-        """Has the session end by itself, which takes half a second that nobody need wait for: a next one waits for it."""
+        """Lets the session end by itself. That takes half a second, for which nobody waits here; a next session does."""
         if self.process:
             self.process.stdin.close()

@@ -1,4 +1,4 @@
-"""The joined bill of many drawings: a row a block, with the quantity in each drawing and their sum."""
+"""The joined bill of many drawings: a row for each block, with its quantity in each drawing and the sum."""
 
 import csv
 import decimal
@@ -29,7 +29,7 @@ def times(money, factor):
 
 
 def joined_rows(entries):
-    """The rows of all drawings in the order in which the blocks come up."""
+    """The joined rows, in the order in which the blocks first occur."""
     rows = {}
     for one in entries:
         for row in one["rows"]:
@@ -46,7 +46,7 @@ def joined_rows(entries):
 
 
 class Total:
-    """The total of `entries`, which are in the order of their names."""
+    """The total of `entries`, which must be in the order of their names."""
 
     def __init__(self, head, entries):
         self.head, self.entries = head, entries

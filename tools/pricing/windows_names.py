@@ -1,4 +1,4 @@
-"""Names of files as the Windows programs see them: the machine's files are under the drive Z:."""
+"""Translates names of files for the Windows programs, which see the machine's files under the drive Z:."""
 
 import os
 import re
@@ -27,5 +27,5 @@ def windows_path(path):
 
 
 def own_paths(words):
-    """Words of a Windows program, with the machine's own paths."""
+    """The words of a Windows program, with the machine's own paths in place of Windows ones."""
     return words.replace("Z:\\", "/").replace("\\", "/")

@@ -1,7 +1,7 @@
-"""The hidden folder within the output folder where a run makes its results, and their delivery: all or none.
+"""The hidden folder within the output folder, where a run makes its results and from where it delivers all of them or none.
 
-A run holds a lock on its folder. A folder that nobody has locked is a killed run's: the next run removes it, or, when the
-kill fell into the delivery, completes that first."""
+A run holds a lock on its folder. A folder that nobody has locked belongs to a killed run: the next run removes it, and first
+completes its delivery, if that had begun."""
 
 import contextlib
 import fcntl
@@ -11,11 +11,11 @@ import shutil
 from failure import OUTPUT, Failure
 
 PREFIX = ".run."
-READY = "ready"  # what is in this folder within the work folder is complete, and on its way
+READY = "ready"  # a folder within the work folder: what it holds is complete and is being delivered
 
 
 def locked(path):
-    """A descriptor with the folder's lock; None while a run has it, or when it is gone."""
+    """A descriptor that holds the folder's lock; None while another run has it, or when the folder is gone."""
     try:
         folder = os.open(path, os.O_RDONLY | os.O_DIRECTORY)
     except OSError:
@@ -37,7 +37,7 @@ class WorkFolder:
             os.makedirs(out, exist_ok=True)
             self.clear_abandoned()
             self.lock = None
-            while self.lock is None:  # between its making and its locking another may take it for abandoned
+            while self.lock is None:  # another run may remove it as abandoned before it is locked
                 self.path = os.path.join(os.path.realpath(out), PREFIX + os.urandom(4).hex())
                 os.mkdir(self.path, 0o700)
                 self.lock = locked(self.path)
@@ -61,20 +61,20 @@ class WorkFolder:
                 os.close(lock)
 
     def put_in_place(self, ready):
-        """Puts what is ready over the targets, while no other run does."""
+        """Moves what is ready over the targets, one run at a time."""
         folder = os.open(self.out, os.O_RDONLY | os.O_DIRECTORY)
         overwritten = []
         try:
             fcntl.flock(folder, fcntl.LOCK_EX)
             pairs = [(os.path.join(ready, name), os.path.realpath(os.path.join(self.out, name)))
                      for name in sorted(os.listdir(ready))]
-            for staged, target in pairs:  # what can fail comes first
+            for staged, target in pairs:  # first, since this may fail: undone below
                 if os.path.getsize(staged) > 0 and not may_replace(staged, target):
                     overwritten.append((target, overwrite(target, contents(staged))))
             for staged, target in pairs:
                 if os.path.getsize(staged) == 0:
                     with contextlib.suppress(FileNotFoundError):
-                        os.unlink(os.path.join(self.out, os.path.basename(staged)))  # of a link, the link
+                        os.unlink(os.path.join(self.out, os.path.basename(staged)))  # not what a link names
                     os.unlink(staged)
                 elif may_replace(staged, target):
                     os.rename(staged, target)
@@ -86,8 +86,8 @@ class WorkFolder:
             os.close(folder)
 
     def deliver(self, names, optional=()):
-        """Puts the results in place, with mode, owner and group of what they replace. Of the optional ones, those that this run
-        did not make go away (an empty file stands for that)."""
+        """Puts the results in place, with mode, owner and group of what they replace. Optional results that this run did not make
+        are removed from the output folder; an empty file stands for such a one."""
         try:
             staging = self.file("staging")
             os.mkdir(staging)
@@ -96,7 +96,7 @@ class WorkFolder:
                     pass
             for name in (*names, *optional):
                 stage(self.file(name), os.path.join(staging, name), os.path.realpath(os.path.join(self.out, name)))
-            os.rename(staging, self.file(READY))  # from here on the delivery is completed, by the next run if need be
+            os.rename(staging, self.file(READY))  # from here on the delivery will be completed, if need be by the next run
             self.put_in_place(self.file(READY))
         except OSError as error:
             where = os.path.join(self.out, os.path.basename(error.filename2 or error.filename or ""))
@@ -108,7 +108,7 @@ class WorkFolder:
 
 
 def stage(made, staged, target):
-    """Makes a file ready to be put in the target's place, with the target's permissions, or what the umask asks."""
+    """Moves a finished file to `staged`, with the target's permissions, or those that the umask asks for."""
     if not os.path.exists(target):
         mask = os.umask(0)
         os.umask(mask)
@@ -123,7 +123,7 @@ def stage(made, staged, target):
 
 
 def may_replace(staged, target):
-    """Whether a file can take the target's place; it cannot where the target is another's, or on another disk."""
+    """Whether a rename can replace the target; it cannot where the target is another user's, or on another disk."""
     new, folder = os.stat(staged), os.stat(os.path.dirname(target))
     old = os.stat(target) if os.path.exists(target) else new
     return (old.st_uid, old.st_gid, folder.st_dev) == (new.st_uid, new.st_gid, new.st_dev) and not os.path.ismount(target)
