@@ -17,7 +17,7 @@ std::string reason_for(const fs::path& path) {
     return contents.reason();
 }
 
-TEST(FileContents, AreWhatTheFileHeldWhateverBecomesOfIt) {
+TEST(FileContents, StayWhenTheFileChanges) {
     const test_support::TemporaryFolder folder("file_contents_test");
     const fs::path file = folder / "file";
     std::string written(35'000'000, 'x');

@@ -54,7 +54,7 @@ TEST_F(ReplaceFile, RemovesWhatAKilledWriterLeftBehind) {
     }
     put(folder_ / "list.prc.0123456789abcdef.tmp", "half");
     put(folder_ / "list.prc.fedcba9876543210.tmp", "");
-    base::FileReplacement running(target);  // another writer keeps its file, since it has it locked
+    base::FileReplacement running(target);  // a living writer keeps its file, which it has locked
     EXPECT_TRUE(base::replace_file(target, "new"));
     EXPECT_EQ(names().size(), others.size() + 2);
     EXPECT_FALSE(fs::exists(folder_ / "list.prc.0123456789abcdef.tmp"));
@@ -95,7 +95,7 @@ TEST_F(ReplaceFile, TakesTheLongestNames) {
 TEST_F(ReplaceFile, WritesIntoAFileThatAReaderHasOpen) {
     const auto target = folder_ / "list.prc";
     put(target, "old");
-    std::ifstream reader(target, std::ios::binary);  // others may write then, but neither delete nor replace it
+    std::ifstream reader(target, std::ios::binary);  // so that it can be written, but neither deleted nor replaced
     for (const std::string text : {"longer than before", "short", ""}) {
         const auto status = base::replace_file(target, text);
         EXPECT_TRUE(status) << status.reason();

@@ -1,12 +1,12 @@
-// Character types for tests: every type has a character, which no code page of ours has.
+// Character types for tests: every type has a character. None of our code pages has characters of all types.
 #pragma once
 
 #include "bidi/code_page_1255_types.h"
 
 namespace corvanes {
 
-/// Bytes as in code page 1255, but that a code below 12 has the type of that number and the percent sign is an Arabic
-/// number. Each character's code is its byte.
+/// The types of code page 1255, except that a code below 12 has the type of that number, and the percent sign is an
+/// Arabic number. Each character's code is its byte.
 inline CharacterTypes all_types() {
     ByteTypes types{};
     ByteCharacters characters{};

@@ -1,4 +1,4 @@
-// An editor in a window that writes down what it is told, for tests of keys, mouse and painting.
+// A fixture for tests of keys, mouse and painting: an editor in a window that records what the editor tells it.
 #pragma once
 
 #include <gmock/gmock.h>
@@ -28,7 +28,7 @@ inline void PrintTo(const Told& told, std::ostream* out) {
     *out << std::hex << told.message << " " << std::dec << told.wParam << " " << told.lParam;
 }
 
-/// Writes down what the editor tells it.
+/// Records what the editor tells it.
 class OwnerWindow : public CWnd {
   public:
     std::vector<Told> told;
@@ -111,7 +111,7 @@ class MultiEdit : public testing::Test {
         }
         return bounds;
     }
-    /// Whether the window shows what the editor would paint of it anew.
+    /// Whether the window shows what the editor paints when it paints all anew.
     bool window_is_up_to_date() {
         editor.UpdateWindow();
         editor.HideCaret();

@@ -11,7 +11,7 @@
 namespace corvanes {
 namespace {
 
-/// Both give the line from left to right.
+/// FriBidi's line, from left to right as ours is.
 std::wstring by_fribidi(const std::wstring& text, bool left_to_right) {
     const std::vector<FriBidiChar> logical(text.begin(), text.end());
     std::vector<FriBidiChar> visual(text.size() + 1);

@@ -103,7 +103,7 @@ TEST(KeyTranslation, PunctuationKeys) {
 }
 
 TEST(KeyTranslation, NumbersSwitchToEnglishAndBack) {
-    // 1 2 / 5 in Hebrew gives 12.5, and the next letter is Hebrew again.
+    // In Hebrew the keys 1 2 / 5 give 12.5, and the next letter is Hebrew again.
     InputLanguage language = in_hebrew;
     const std::pair<unsigned, KeyAction> typed[] = {{'1', inserting(in_number, '1')},
                                                     {'2', inserting(in_number, '2')},
@@ -115,7 +115,7 @@ TEST(KeyTranslation, NumbersSwitchToEnglishAndBack) {
         EXPECT_EQ(action, expected);
         language = action.language;
     }
-    // The first slash is still one; in plain English it always is.
+    // A slash before any number stays a slash; in plain English every slash does.
     EXPECT_EQ(action_of(191, none, in_hebrew), inserting(in_number, '/'));
     EXPECT_EQ(action_of(191, none, in_english), inserting(in_english, '/'));
     EXPECT_EQ(action_of(16, none, in_number), silent(in_hebrew));
@@ -186,7 +186,7 @@ TEST(KeyTranslation, EditingKeys) {
         expected.command = command;
         EXPECT_EQ(action_of(key, ctrl, in_english), expected);
     }
-    // Without a character, a key of the character path still deletes the selection.
+    // A key that should give a character, and gives none, still deletes the selection.
     for (const unsigned key : {33U, 34U, 41U, 44U, 45U, 47U, 58U, 64U}) {
         EXPECT_EQ(action_of(key, none, in_english), editing(in_english, C::nothing, 0, true)) << key;
     }
@@ -211,7 +211,7 @@ TEST(KeyTranslation, Keypad) {
         EXPECT_EQ(action_of(96 + digit, none, in_english), moving);
         EXPECT_EQ(action_of(96 + digit, shifted, in_english), moving);
     }
-    // The key that it stands for is no number key, so Hebrew comes back at once.
+    // Without Num Lock the key is an arrow and not a number key, so Hebrew comes back at once.
     EXPECT_EQ(action_of(100, none, in_hebrew), editing(in_hebrew, C::move_left, 37, true));
 }
 

@@ -20,7 +20,7 @@ TEST_F(MultiEdit, PaintsFromTheSideOfItsDirection) {
     EXPECT_GT(lower.top, left.bottom) << "the first line is the lower one";
     set(L"AB");
     EXPECT_LT(ink().top, lower.top);
-    // Longer than the window: no part of a character outside, and the caret's end shows.
+    // A text longer than the window: no character is painted beyond the edge, and the end with the caret is shown.
     set(std::wstring(100, L'A'));
     EXPECT_GE(ink().left, 0);
     EXPECT_LE(ink().right, width);
@@ -47,7 +47,7 @@ TEST_F(MultiEdit, RepaintsAllRowsThatAKeyChanged) {
         EXPECT_TRUE(window_is_up_to_date());
         const UINT keys[] = {VK_DOWN, 'A', VK_RETURN, VK_BACK, VK_DOWN, VK_DOWN, VK_DELETE, VK_DOWN, VK_HOME, VK_BACK};
         for (size_t i = 0; i < 2 * std::size(keys); ++i) {
-            // The second time with Shift, so that a selection grows and goes.
+            // The second round holds Shift, so that a selection grows and shrinks.
             hold(i < std::size(keys) ? std::initializer_list<int>{} : std::initializer_list<int>{VK_SHIFT});
             key(keys[i % std::size(keys)]);
             ASSERT_TRUE(window_is_up_to_date()) << "key " << i;
@@ -96,7 +96,7 @@ TEST_F(MultiEdit, DoubleClicksSelectTheWordUnderThePoint) {
         editor.SetDirection(click.direction);
         set(click.text);
         const CRect painted = ink();
-        // Letters of about one width: the middle of the character that is meant.
+        // The middle of that character, since the letters have about one width.
         const int x = painted.left + painted.Width() * (2 * click.character + 1) / 10;
         editor.SendMessage(WM_LBUTTONDBLCLK, MK_LBUTTON, MAKELPARAM(x, 5));
         EXPECT_EQ(selection(), click.expected) << capitals(click.text).c_str() << ", character " << click.character;

@@ -44,7 +44,7 @@ TEST_F(MultiEdit, AnswersTheTextMessagesFromItsModel) {
     EXPECT_TRUE(editor.CanUndo()) << "back to the text that was set";
 }
 
-TEST_F(MultiEdit, EscapeEndsTheMemoryOfAColumn) {
+TEST_F(MultiEdit, EscapeForgetsTheColumnForUpAndDown) {
     set(L"abcdef\nx\nabcdef");
     editor.SetSel(6, 6);
     key(VK_DOWN);
@@ -195,7 +195,7 @@ TEST_F(MultiEdit, CharactersThatTheCodePageLacks) {
         }
         EXPECT_EQ(text(), L"\x4E2D" + pair + L"\xD55C");
         EXPECT_FALSE(::IsRectEmpty(ink()));
-        // Neutrals run from left to right in lines of either direction. The pair is one step.
+        // Neutrals run from left to right in lines of either direction. The caret passes a surrogate pair in one step.
         key(VK_HOME);
         EXPECT_EQ(selection(), Range(0, 0));
         std::vector<int> stops;

@@ -1,5 +1,5 @@
-// The rules of reordering written out character by character, without any thought of speed: what the fast way must
-// equal.
+// A slow and plain reference for reordering: the rules, written out character by character. The fast implementation
+// must give the same.
 #pragma once
 
 #include <algorithm>

@@ -28,7 +28,8 @@ std::wstring shown(std::wstring_view text, bool left_to_right, Entry entry = Log
     return capitals(visual);
 }
 
-/// A line as typed and as painted, with the levels by typed index from which the painted one follows by hand.
+/// A line as typed, as painted, and the levels of its typed characters, from which the painted line can be worked out
+/// by hand.
 using Examples = std::vector<std::array<const wchar_t*, 3>>;
 
 void check(const Examples& examples, bool left_to_right) {
@@ -78,8 +79,8 @@ TEST(Reordering, RightToLeftLines) {
         false);
 }
 
-/// Capitals are Hebrew letters, 1 a European and % an Arabic number, + and $ are separators and terminators of numbers,
-/// and ^ is a character without a type.
+/// Capitals are Hebrew letters, 1 is a European number and % an Arabic one, + separates numbers and $ terminates them,
+/// and ^ has no type.
 std::string levels_of(std::string_view characters, bool left_to_right) {
     static const CharacterTypes types = all_types();
     std::wstring text;
@@ -99,7 +100,7 @@ std::string levels_of(std::string_view characters, bool left_to_right) {
 }
 
 TEST(Reordering, LevelsByEachRule) {
-    // Characters, their levels in a left-to-right line, and in a right-to-left one.
+    // Characters, their levels in a left-to-right line, and their levels in a right-to-left line.
     const char* const rows[] = {
         // The first strong run keeps the base level, the other direction stands one higher; then all go up that run
         // against their level.
@@ -111,17 +112,17 @@ TEST(Reordering, LevelsByEachRule) {
         "A1,A=1001=1211|A%+%A=12121=12121|A%,1A=12001=12121",
         // Terminators go with a number on either side.
         "A$$1A=10001=12221|A1$$A=10001=12221|$1=00=22|A$A=111=111|a$A=001=223",
-        // So do neutrals with numbers on both sides.
+        // So do neutrals between two numbers.
         "A1 1A=10001=12221|A1 \t!1A=1000001=1222221|A1 A=1001=1211|A1!A=1001=1221",
-        // Arabic numbers stand two above an even level, and are no neighbour for neutrals.
+        // Arabic numbers are two above an even level, and neutrals do not take their direction from them.
         "A %A=1121=1121|a %A=0021=2123|% a=200=222",
-        // Between like directions.
+        // Neutrals between two runs of one direction.
         "A*A=111=111|A(A=111=111|A!A=111=111|a(a=000=222",
-        // Between unlike ones.
+        // Neutrals between runs of different directions.
         "a*A=001=213|a(A=001=213|a!A=001=223|A*a=102=112|A(a=102=112|A!a=102=122",
-        // With one neighbour.
+        // Neutrals with a neighbour on one side only.
         " A=11=11|*A=01=21|(A=01=11|!A=01=21|A =11=11|A*=10=12|A(=10=11|A!=10=12|a =00=22|a(=00=21",
-        // With none.
+        // Neutrals without neighbours.
         " =0=2|*=0=2|(=0=1|!=0=2",
         // What is left of a character without a type counts as resolved, what is right of it does not yet.
         "a^ A=0001=2013|A ^ =1101=1101|A!^ =1000=1202| ^ =000=202|*^ A=0001=2011|%^ a=2000=2022",
@@ -175,7 +176,7 @@ TEST(Reordering, ReversesInPlace) {
 
 TEST(TypeSearch, FindsTheNearestOfItsGroup) {
     using T = BidiType;
-    /// The place and type that a search from a place ends with, and whether it found them.
+    /// Searches from a place; tells the place and the type where the search ends, and whether it found anything.
     const auto find = [](auto search, const auto* text, int limit, int position, bool forward) {
         T found = T::not_applicable;
         const bool success = search(text, limit, position, found, forward);
@@ -205,7 +206,7 @@ TEST(CharacterTypes, SystemAndTableAgreeOnCodePage1255) {
         EXPECT_EQ(system_character_types()->of(characters[byte]), corrected) << byte;
     }
     ByteCharacters western{};
-    std::iota(western.begin(), western.end(), wchar_t{0});  // as code page 1252 has its letters
+    std::iota(western.begin(), western.end(), wchar_t{0});  // the letters of code page 1252 have these codes
     const CharacterTypes elsewhere(code_page_1255_types(), western);
     for (wchar_t letter = alef; letter <= alef + 26; ++letter) {
         EXPECT_EQ(elsewhere.of(letter), BidiType::right_to_left) << "whatever the code page";

@@ -29,7 +29,7 @@ TEST(TextModel, KeepsBothOrders) {
     EXPECT_EQ(capitals(model.visual()), L"ba CD");
     EXPECT_TRUE(model.set_visual(hebrew(L"AB ml")));
     EXPECT_EQ(capitals(model.logical()), L"AB lm");
-    // No character of a line gets into another one, whatever they hold.
+    // No character moves into another line, whatever the lines hold.
     model.set_logical(hebrew(L"AB 1\ncd\nEF"));
     EXPECT_EQ(capitals(model.visual()), L"AB 1\ndc\nEF");
     EXPECT_TRUE(model.set_right_to_left(false));
@@ -48,7 +48,7 @@ TEST(TextModel, KeepsBothOrders) {
     EXPECT_THAT(model.map(), testing::ElementsAre(0));
 }
 
-// What edits and undoing make of a text is the fuzzer's to say.
+// text_editing_fuzzer checks what edits and undoing make of texts.
 TEST(TextEditing, KeepsALongerTextAndUndoesToItsBeginning) {
     TextEditing editing;
     editing.reset(std::wstring(3000, L'y'));
@@ -81,7 +81,7 @@ TEST(TextEditing, PastedTextsBecomeOneLine) {
 
 TEST(TextEditing, SelectsWhatTheCaretPasses) {
     TextEditing editing = editor_with(L"AB 12.5 CD", true);
-    // From the left end: over the two letters and the blank, then from the left side of the number on.
+    // From the left end the caret passes the two letters and the blank, and then the number from its left side.
     editing.move(Motion::line_end, false);
     for (int i = 0; i < 3; ++i) {
         editing.move(Motion::right, false);

@@ -70,7 +70,7 @@ TEST(BillNotes, TellOneLineOfEachKind) {
                 ElementsAre(L"No entries in the price list (1 line): line 1 is too long and falls apart"));
 }
 
-TEST(BillNotes, LookAlikesHaveOneForm) {
+TEST(BillNotes, NamesThatLookAlikeHaveOneForm) {
     const std::pair<const wchar_t*, const wchar_t*> alike[] = {
         {L" Door\xA0", L"DOOR"},        {L"\x0421\x043E\x0432", L"COB"},
         {L"80\x2013x\x0445", L"80-XX"}, {L"\x0392\x039C", L"bm"},
@@ -82,7 +82,7 @@ TEST(BillNotes, LookAlikesHaveOneForm) {
 }
 
 TEST(NestedReferences, MultiplyThroughAllLevels) {
-    // 0 holds 1 twice and 2 once, 1 holds 2 three times; 3 holds itself and 2.
+    // Block 0 holds block 1 twice and block 2 once; 1 holds 2 three times; 3 holds itself and 2.
     const std::vector<std::vector<HeldBlock>> held{{{1, 2}, {2, 1}}, {{2, 3}}, {}, {{2, 1}, {3, 1}}};
     EXPECT_THAT(nested_counts(held, {5, 1, 9, 2}), ElementsAre(0, 10, 5 + 33 + 2, 0));
     std::vector<std::vector<HeldBlock>> bomb(100000);

@@ -9,7 +9,7 @@
 
 namespace {
 
-/// The report's rows after counting `references` and joining them with a price list, a line each:
+/// Counts `references` and joins them with a price list. Returns a line for each row of the report:
 /// name|price|quantity|description|total.
 std::wstring joined(const std::vector<const wchar_t*>& references, std::wstring_view price_list, bool attached) {
     RowList rows;

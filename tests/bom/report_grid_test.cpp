@@ -48,7 +48,7 @@ class ReportGrid : public testing::Test {
         POINT point{};
         grid_.OnGridHeadingClick(column, -1, button_down, &rect, &point, 0);
     }
-    /// The grid as text, a line a row.
+    /// The grid as text, a line for each row.
     std::wstring printed() {
         std::wstring text;
         for (const auto& row : corvanes::shown_rows(grid_)) {
@@ -90,7 +90,7 @@ class ReportGrid : public testing::Test {
     RowList rows_;
 };
 
-TEST_F(ReportGrid, HidesWhatNobodyCountedOfAnAttachedPriceList) {
+TEST_F(ReportGrid, HidesUncountedRowsOfAnAttachedPriceList) {
     grid_.set_price_list_attached(true);
     fill();
     EXPECT_EQ(names(), L"door bolt Arch Summary: ");
@@ -112,7 +112,7 @@ TEST_F(ReportGrid, SortsByAHeadingWithTheSummaryLast) {
         const wchar_t* names;
         const char* arrow;
     } clicks[] = {
-        {0, L"door bolt Arch Summary: ", "0:16"},  // the first click turns the order that stands
+        {0, L"door bolt Arch Summary: ", "0:16"},  // the rows stand in this order, so the first click reverses it
         {0, L"Arch bolt door Summary: ", "0:32"}, {1, L"bolt Arch door Summary: ", "1:32"},
         {1, L"door Arch bolt Summary: ", "1:16"}, {2, L"Arch door bolt Summary: ", "2:32"},
         {3, L"Arch door bolt Summary: ", "3:32"},  // the empty description stays at the bottom
@@ -190,7 +190,7 @@ class Page {
     Page(const Page&) = delete;
     Page& operator=(const Page&) = delete;
 
-    /// How many pages there are; the asked one is painted.
+    /// Paints the page that is asked for, and returns how many pages there are.
     LRESULT ask(HWND grid, int page) {
         corvanes::PrintedPageQuery query{context_, width, height, 72, page};
         const UINT message = ::RegisterWindowMessageW(L"PrintedPageQuery");

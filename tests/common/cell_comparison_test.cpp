@@ -11,7 +11,7 @@
 
 namespace {
 
-/// The order as it is told, cell by cell, without keys.
+/// A plain reference: the order of two cells without keys.
 int told_order(const CUGCell* a, const CUGCell* b, bool descending, bool by_value) {
     if (descending) {
         std::swap(a, b);

@@ -12,10 +12,10 @@ const [drawing, folder, ...versions] = process.argv.slice(2);
 const text = fs.readFileSync(drawing, 'utf8');
 const codePage = /\$DWGCODEPAGE\r?\n\s*3\r?\n(.*)/.exec(text)?.[1].trim() ?? 'ANSI_1252';
 for (const version of versions) {
-    // The library reads any version by its code page.
+    // The library decodes drawings of every version by their code page.
     const document = cad.DxfReader.readFromStream(new TextEncoder().encode(text.replace(codePage, 'utf-8')));
     for (const [, name, colour] of text.matchAll(/AcDbLayerTableRecord\n {2}2\n(.*)\n 70\n.*\n 62\n-(\d+)\n/g)) {
-        const layer = [...document.layers].find(one => one.name === name); // the library reads such a layer as one that is on
+        const layer = [...document.layers].find(one => one.name === name); // the library takes the layer as on
         layer.isOn = false;
         layer.color = new cad.Color(Number(colour));
     }

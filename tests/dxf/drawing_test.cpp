@@ -85,7 +85,7 @@ TEST(Drawing, RefusesWhatIsNoWholeDrawing) {
     EXPECT_EQ(dxf::Drawing::open(folder / "").reason().reason, "is a directory");
 }
 
-TEST(Drawing, TakesOddities) {
+TEST(Drawing, TakesOddButReadableFiles) {
     const std::string entities = "0 SECTION|2 ENTITIES|0 POINT|0 ENDSEC";
     const std::string one_point = "entities: POINT\nobjects:\n";
     const struct {
@@ -93,7 +93,7 @@ TEST(Drawing, TakesOddities) {
         std::string text;
     } cases[] = {
         {groups(entities), "AC1009\n" + one_point},                                     // neither HEADER nor EOF
-        {groups(entities) + "\n\n\x1a", "AC1009\n" + one_point},                        // blank lines for an end
+        {groups(entities) + "\n\n\x1a", "AC1009\n" + one_point},                        // blank lines in place of EOF
         {"\xEF\xBB\xBF" + groups(entities + "|0 EOF"), "AC1009\n" + one_point},         // a byte-order mark
         {groups(entities + "|0 EOF") + "any\ntrash", "AC1009\n" + one_point},           // lines behind EOF
         {groups(entities + "|0 ENDSEC|9 $EXTMIN|10 0|0 EOF"), "AC1009\n" + one_point},  // strays between sections

@@ -1,4 +1,4 @@
-// Drawings in memory and their index as text, for whole comparisons.
+// Drawings in memory, and their index as text, so that tests compare it whole.
 #pragma once
 
 #include <memory>
@@ -44,7 +44,7 @@ inline std::string run_text(const dxf::Drawing& drawing, const dxf::RecordRun& r
     return text;
 }
 
-/// Version, tables, blocks, entities and objects, a line each.
+/// Version, tables, blocks, entities and objects, each in a line.
 inline std::string drawing_text(const dxf::Drawing& drawing) {
     std::string text = drawing.version() + "\n";
     for (const dxf::Table& table : drawing.tables()) {

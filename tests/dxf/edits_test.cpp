@@ -36,7 +36,7 @@ TEST(EditList, AppliesPiecesInOrder) {
     EXPECT_FALSE(edits.apply(original, [](std::string_view, Place) { return false; }));
 }
 
-/// A drawing of a few records in the given encoding, so that each edit has something beside it.
+/// A drawing of a few records in the given encoding, so that each edit has neighbours.
 std::string small_drawing(const dxf::Manner& manner, const wchar_t* version) {
     dxf::RecordWriter writer(manner);
     writer.raw(manner.encoding == dxf::Encoding::ascii ? "" : std::string("AutoCAD Binary DXF\r\n\x1a\0", 22));
@@ -56,7 +56,7 @@ std::string entity(const dxf::Drawing& drawing, const wchar_t* type, uint64_t ha
     return *name == 0 ? writer.take() : writer.text(2, name).take();
 }
 
-/// Every kind of edit that only adds: a style, a block with its contents, references and an object.
+/// Makes every kind of edit that only adds: a style, a block with its contents, references and an object.
 void add_things(dxf::Drawing& drawing) {
     drawing.append_entry("STYLE", dxf::RecordWriter(drawing.manner())
                                       .type(L"STYLE")
@@ -109,7 +109,7 @@ TEST_P(DrawingEdit, AddsRecordsThatReadBackAndChangesNothingElse) {
     EXPECT_EQ((*again)->view((*again)->table("STYLE")->head).integer(70), 2);
     const auto seed = (*again)->view((*again)->header_variable("$HANDSEED"));
     EXPECT_EQ(seed.handle(5), 0x40 + 11U + (GetParam().version[2] == L'1' && (*again)->version() > "AC1012" ? 1 : 0));
-    // The original's bytes must all be found in the new file in their order, but for the two values that follow.
+    // The new file must hold all bytes of the original in their order, except for the two values below.
     std::string expected = original_;
     const auto table = [this](int64_t count) {
         return dxf::RecordWriter(drawing_->manner()).text(2, L"STYLE").integer(70, count).take();
@@ -138,7 +138,7 @@ TEST_P(DrawingEdit, GoesOnWhenSavedOverItself) {
     EXPECT_EQ(drawing_text(drawing), seen);
     EXPECT_EQ(contents(folder_ / "own.dxf").find("POINT"), std::string::npos);
     std::filesystem::resize_file(folder_ / "own.dxf",
-                                 10);  // by another program: the open drawing is whole all the same
+                                 10);  // another program cuts the file; the open drawing stays whole
     EXPECT_EQ(drawing.view(drawing.entities()[0]).real(50), 90.0);
     drawing.append_to_block(1, entity(drawing, L"ARC", drawing.allocate_handle()));
     drawing.rewrite(drawing.entities()[2], entity(drawing, L"INSERT", 0x77, L"renamed"));
@@ -169,7 +169,7 @@ TEST_P(DrawingEdit, UndoesStepsOneByOne) {
     EXPECT_EQ(drawing_->undo(), L"CHANGE");
     EXPECT_GT(drawing_->edits_made(), made);
     EXPECT_EQ(drawing_->history().state(), added) << "as it was then";
-    ASSERT_TRUE(drawing_->save(folder_ / "elsewhere.dxf"));  // the handles that it takes are no step
+    ASSERT_TRUE(drawing_->save(folder_ / "elsewhere.dxf"));  // a save takes handles, which is no step
     EXPECT_EQ(drawing_->undo(), L"ADD");
     EXPECT_FALSE(drawing_->undo());
     EXPECT_EQ(drawing_->view(insert).real(50), 90.0);
@@ -180,7 +180,7 @@ TEST_P(DrawingEdit, UndoesStepsOneByOne) {
     EXPECT_EQ(undone, before);
 
     drawing_->history().begin_step();
-    add_things(*drawing_);  // the names of what was undone are free
+    add_things(*drawing_);  // the names of undone things can be used again
     ASSERT_TRUE(drawing_->save(folder_ / "new.dxf"));
     const std::string again = drawing_text(**dxf::Drawing::open(folder_ / "new.dxf"));
     EXPECT_EQ(again.substr(again.find('\n') + 1), added_text);
@@ -195,9 +195,9 @@ INSTANTIATE_TEST_SUITE_P(
                     Kind{"binary", {dxf::Encoding::binary, "\n", dxf::TextCodec(1252)}, L"AC1018"}),
     [](const testing::TestParamInfo<Kind>& param) { return param.param.name; });
 
-/// Whatever $HANDSEED says, and however high the drawing's handles are (one of them is an attribute's).
+/// New handles are free whatever $HANDSEED says, and however high the drawing's handles are (one is an attribute's).
 TEST(DrawingEditAtEdges, GivesHandlesThatNobodyHas) {
-    // $HANDSEED, the handles of points, the first new handle, and $HANDSEED behind three.
+    // $HANDSEED, the handles of points, the first new handle, and $HANDSEED after three new handles.
     const auto rows = test_support::rows_of(
         "100=20=100=103|1=20=51=54|=20=51=54|00000000000000000100=20=51=54|"
         "234567890ABCDEF0=20=234567890ABCDEF0=234567890ABCDEF3|FFFFFFFFFFFFFFFF=20=51=54|"

@@ -19,14 +19,15 @@ std::vector<fs::path> drawings_under(const fs::path& folder) {
     return found;
 }
 
-/// Every record is replaced by its own bytes: what is saved is then put together from records and what lies between.
+/// Replaces every record by its own bytes, so that a save puts the file together from records and the bytes between
+/// them.
 void rewrite_all(dxf::Drawing& drawing) {
     for (dxf::RecordId id = 0; id < drawing.record_count(); ++id) {
         drawing.rewrite(id, std::string(drawing.view(id).bytes()));
     }
 }
 
-/// Saves each drawing elsewhere, as it is and put together again, and compares; returns how many could be opened.
+/// Saves each drawing elsewhere, untouched and rewritten, and compares the files; returns how many could be opened.
 size_t expect_identity(const std::vector<fs::path>& drawings) {
     const dxf_test::TemporaryFolder folder("corvanes_dxf_identity");
     size_t opened_count = 0;
@@ -49,7 +50,8 @@ TEST(DrawingIdentity, SavesUnchangedDrawingsByteForByte) {
     EXPECT_EQ(expect_identity(drawings_under(source / "samples")), 4U);
     EXPECT_EQ(expect_identity(drawings_under(source / "tests/dxf/data")), 8U) << "all but sections_missing.dxf";
     expect_identity(drawings_under(source / "../shared/drawings"));
-    // Over a thousand parts of another program, where they are installed: all are opened, some are saved.
+    // The part library of another program (over a thousand files), where it is installed: all are opened, some are
+    // saved.
     const auto parts = drawings_under("/usr/share/librecad");
     std::vector<fs::path> saved;
     for (size_t i = 0; i < parts.size(); ++i) {

@@ -39,7 +39,7 @@ TEST(TextCodec, ConvertsBothWays) {
         {1252, "\\M+6824F \\U+12 \\U+", L"\\M+6824F \\U+12 \\U+", true},
         {1252, "a^Jb^I^ c^", L"a\nb\t^c^", false},
         {1252, "a^Jb^Ic", L"a\nb\tc", true},
-        {932, "\x83\x5C", L"\u30BD", true},  // the second byte is a backslash's
+        {932, "\x83\x5C", L"\u30BD", true},  // the second byte is that of a backslash
         {1252, "\\U+D83D\\U+DE00", L"\U0001F600", true},
         {65001, "\xF0\x9F\x98\x80", L"\U0001F600", true},
         {1252, "\\U+005CU+05D0 \\U+005CM+1824F \\U+5", L"\\U+05D0 \\M+1824F \\U+5", true},  // no escapes

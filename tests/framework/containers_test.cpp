@@ -51,7 +51,7 @@ TEST(CMap, FindsAndEmpties) {
     EXPECT_EQ(index[L"again"], 0);
 }
 
-/// A few long chains would make a million lookups in 500 buckets take minutes.
+/// With a fixed number of buckets, 500 for a million keys, the long chains would take minutes.
 TEST(CMap, StaysQuickBeyondItsBuckets) {
     constexpr int kKeys = 1000000;
     const auto start = std::chrono::steady_clock::now();

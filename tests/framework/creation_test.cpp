@@ -1,4 +1,4 @@
-// Windows that are refused.
+// Windows whose creation is refused.
 #include "afxwnd_.h"
 
 #include <gtest/gtest.h>

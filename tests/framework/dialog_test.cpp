@@ -8,7 +8,7 @@
 
 namespace {
 
-/// A dialog whose start and button are the test's to fill.
+/// A dialog whose start and whose button run a function of the test.
 class TestDialog : public CDialog {
     DECLARE_MESSAGE_MAP()
 

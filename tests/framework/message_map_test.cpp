@@ -76,7 +76,7 @@ TEST(Exceptions, FailTheCreation) {
     }
 }
 
-TEST(Exceptions, DoNotKeepPaintingDueNorTheObjectAttached) {
+TEST(Exceptions, LeaveNoPaintingDueAndNoObjectAttached) {
     const ExceptionReports reports;
     Thrower painter(WM_PAINT);
     ASSERT_TRUE(create_popup(painter, WS_VISIBLE));

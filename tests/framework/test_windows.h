@@ -1,4 +1,4 @@
-// What the framework's tests share: reports of exceptions as a list, an owner that drives modal dialogs, and counts.
+// Helpers of the framework's tests: a list of reported exceptions, and an owner that drives modal dialogs.
 #pragma once
 
 #include <functional>
@@ -7,7 +7,7 @@
 
 #include "afxwin.h"
 
-/// Takes the reports of exceptions instead of the message box.
+/// Collects the reports of exceptions that a message box would show.
 class ExceptionReports {
   public:
     ExceptionReports() : before_(AfxSetExceptionReport([](const wchar_t* text) { texts().push_back(text); })) {

@@ -1,4 +1,4 @@
-// The bond between a window and its object, from both ends.
+// The link between a window and its object, from either side.
 #include "afxwnd_.h"
 
 #include <gtest/gtest.h>
@@ -52,7 +52,7 @@ TEST(WindowMap, SubclassingPutsTheObjectBeforeTheControl) {
     EXPECT_FALSE(edit.Attach(::GetDesktopWindow()));
 }
 
-TEST(WindowMap, EitherMayGoFirst) {
+TEST(WindowMap, WindowOrObjectMayGoFirst) {
     const HWND first = foreign_edit();
     {
         DoublingEdit edit;
@@ -75,7 +75,7 @@ TEST(WindowMap, EitherMayGoFirst) {
     EXPECT_FALSE(::IsWindow(third));
 }
 
-/// Notes whether its temporary objects survive a clean-up that is asked for within the handler.
+/// Records whether its temporary objects survive a clean-up that is requested within a handler.
 class Holder : public CWnd {
   protected:
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {

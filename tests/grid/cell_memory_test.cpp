@@ -11,7 +11,8 @@ using namespace corvanes;
 
 namespace {
 
-// One line for each row from the heading on: texts in brackets, a dot for a cell without one, then what else is set.
+// A line for each row, the heading first: texts in brackets, a dot for a cell without a text, and then what else is
+// set.
 std::wstring picture(CUGMem& store, int columns) {
     std::wstring lines;
     for (int row = -1; row < store.GetRowCount(); ++row) {
@@ -101,7 +102,7 @@ TEST(CellMemory, KeepsEveryPropertyOfEveryCell) {
               L"[]label=one\ntwotype=1..\n"
               L"..[]label=one\ntwotype=1options=16data=2\n");
 
-    // A cell that is written over with an empty record has nothing left, not even the text.
+    // A cell that is overwritten with an empty record keeps nothing, not even its text.
     const CUGCell nothing;
     store.SetCell(0, 0, &nothing);
     store.SetColumnCount(2);
@@ -113,12 +114,12 @@ TEST(CellMemory, KeepsEveryPropertyOfEveryCell) {
     EXPECT_EQ(picture(store, 3), L"[Heading]..\n...\n...\n");
 }
 
-TEST(CellMemory, RefusesWhatItDoesNotHave) {
+TEST(CellMemory, RefusesCellsThatItDoesNotHave) {
     CUGMem store;
     store.SetColumnCount(2);
     store.SetRowCount(2);
     store.SetCellText(0, 0, L"kept");
-    // What the grid asks for is refused in its own test.
+    // The grid's own test checks the refusals of the grid.
     const std::vector<int> results{store.SetRowCount(-1),           store.SetCellText(-2, 0, L"x"),
                                    store.SetCellText(0, -2, L"x"),  store.GetCell(0, 0, nullptr),
                                    store.SortBy(-1, by_text),       store.SortBy(0, CUGDataSource::Comparison()),
@@ -143,12 +144,12 @@ TEST(CellMemory, TextsStayWhereTheyAreUntilTheirCellChanges) {
     store.InsertRow(0);
     EXPECT_EQ(store.GetCellText(0, 1), first);
     EXPECT_STREQ(first, L"first");
-    // A part of its own text is a fair argument.
+    // A part of the cell's own text may be the argument.
     store.SetCellText(0, 1, first + 2);
     EXPECT_STREQ(store.GetCellText(0, 1), L"rst");
 }
 
-// The store against the plainest one that can be written, through thousands of random operations.
+// Compares the store with the plainest possible one through thousands of random operations.
 TEST(CellMemory, BehavesAsATableOfStrings) {
     std::mt19937 random(20);
     const auto below = [&random](int limit) { return static_cast<int>(random() % static_cast<unsigned>(limit)); };

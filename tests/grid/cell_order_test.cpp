@@ -26,7 +26,8 @@ std::optional<CUGCell> cell(const std::optional<Sample>& sample) {
     return made;
 }
 
-// Every pair in both orders, ascending and descending: the sign that the pair has, or its opposite.
+// Compares each pair in both orders, ascending and descending: the result has the sign given for the pair, or the
+// opposite sign.
 TEST(CellOrder, ComparesByPresenceThenTypeThenValue) {
     const Sample none{nullptr};
     const struct {

@@ -25,7 +25,7 @@ TEST(CellSearch, MatchesAsNamesDoAndReplacesEveryPlace) {
               L"figan an");
 }
 
-// Where "x" is found in a grid of columns 0, 2 and 5 over 3 rows, from each start; "-" when nowhere.
+// The cells where "x" is found in a grid of columns 0, 2 and 5 over 3 rows, from each start; "-" for none.
 TEST(CellSearch, WalksRoundTheCells) {
     const auto next = [](std::vector<CellAddress> marked, CellAddress from, bool up, std::vector<int> columns) {
         const auto text = [&marked](CellAddress cell) {

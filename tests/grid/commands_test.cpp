@@ -28,14 +28,14 @@ class Commands : public GridTest {
         grid.SetFocus();
         chord({VK_CONTROL}, 'V');
     }
-    // Answers the next message box, and tells what it said.
+    // Answers the next message box, and returns its text.
     std::string said_at(const std::function<void()>& act) {
         static std::string text;
         text.clear();
         const UINT_PTR timer = ::SetTimer(nullptr, 0, 10, [](HWND, UINT, UINT_PTR, DWORD) {
             if (const HWND box = ::FindWindowW(L"#32770", nullptr); box != nullptr && text.empty()) {
                 wchar_t message[200] = {};
-                HWND label = nullptr;  // the first one may be the picture's
+                HWND label = nullptr;  // the first label may be that of the icon
                 while (message[0] == 0 && (label = ::FindWindowExW(box, label, L"Static", nullptr)) != nullptr) {
                     ::GetWindowTextW(label, message, 200);
                 }
@@ -174,7 +174,7 @@ TEST_F(Commands, ArrowsEndAnEditInALineAndGoOn) {
     EXPECT_EQ(edited(L"a", VK_DOWN), "a 1,1 open");
 }
 
-// The keys go to the menu, which runs until one chooses.
+// Sends keys to the menu, which runs until one of them chooses.
 TEST_F(Commands, AMenuHidesAndShowsColumns) {
     const auto choose = [this](std::initializer_list<UINT> letters) {
         for (const UINT letter : letters) {

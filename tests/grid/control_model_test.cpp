@@ -86,7 +86,7 @@ TEST(CellControls, PlacesAValueBetweenItsLimitsAndBack) {
     EXPECT_EQ(slider_boxes({5, 5, 6, 6}, 1).thumb.right, 6) << "a cell of one pixel";
 }
 
-// Each choice's column and row, as "0:0 0:1 …".
+// The column and row of each choice, as "0:0 0:1 …".
 std::string choices(int count, int height, int width) {
     std::string places;
     for (const Box& box : choice_boxes({10, 0, 10 + width, height}, count, 10, [](int) { return 20; })) {

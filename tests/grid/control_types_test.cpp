@@ -8,7 +8,7 @@ using namespace grid_test;
 
 namespace {
 
-// Each control with a text, and where a press acts on it in a cell of 99 by 19 pixels.
+// A control with its text, and the point where a press acts on it in a cell of 99 by 19 pixels.
 struct Control {
     int type;
     DWORD options;
@@ -52,7 +52,7 @@ class Controls : public GridTest {
         grid.GetGrid().SendMessage(WM_MOUSEWHEEL, MAKEWPARAM(0, turn), MAKELPARAM(point.x, point.y));
         pump();
     }
-    // What was told of the controls, in one line.
+    // The notifications of the controls, in one line.
     std::string told() {
         std::string line;
         for (const std::string& entry : grid.take()) {
@@ -65,8 +65,8 @@ class Controls : public GridTest {
     std::wstring text() { return grid.GetCellText(1, 0); }
 };
 
-// The pixels of a control in a rectangle of this size within a larger picture of one colour; the rows of the picture
-// from right to left where `mirrored`.
+// The pixels of a control in a rectangle of this size within a larger picture of one colour. With `mirrored` each row
+// is reversed.
 std::vector<COLORREF> painted(CUGCtrl& grid, const Control& control, DWORD options, SIZE size, bool mirrored = false) {
     constexpr int border = 8;
     CClientDC screen(&grid);
@@ -295,7 +295,7 @@ TEST_F(Controls, LookDisabledAndMirrored) {
         const SIZE best = grid.CellType(control.type).BestSize(dc, cell);
         EXPECT_FALSE(grid.CellType(control.type).CutsText(dc, {0, 0, best.cx, best.cy}, cell)) << control.type;
     }
-    // Letters and the light on buttons stay as they are; all else is the mirror's picture.
+    // Letters and the light on buttons are not mirrored; all else is.
     for (const Control& control :
          {Control{type_arrow, arrow_up, L"", L"", 0}, Control{type_progress, progress_hides_number, L"", L"40", 0},
           Control{type_advanced_progress, 1, L"bands=30 red,70 green,80 blue; ticks=7", L"40", 0}}) {

@@ -74,7 +74,7 @@ TEST_F(Editing, ARefusalKeepsTheEditorOpen) {
     grid.finished = 0;
     key(VK_RETURN);
     EXPECT_EQ(grid.take(), (Log{"verify q 0 0", "finish q 0 0 0"}));
-    // A click elsewhere takes the focus away, and it comes back.
+    // A click elsewhere takes the focus away; then it comes back.
     press(grid.GetGrid(), 110, 45);
     EXPECT_EQ(grid.take(), (Log{"verify q 0 0", "finish q 0 0 0"}));
     press(grid.GetTopHeading(), 110, 5);
@@ -132,7 +132,7 @@ TEST_F(Editing, AClickPlacesTheCaretInTheTextThatWasShown) {
     EXPECT_GT(grid.state().scroll_x, 0);
 }
 
-TEST_F(Editing, AClickInAHalfHiddenRowIsThatRowsClick) {
+TEST_F(Editing, AClickInAHalfHiddenRowGoesToThatRow) {
     grid.SetDefaultRowHeight(30);
     grid.SetCellTypeIndex(0, 6, corvanes::type_drop_list);
     grid.SetCellLabel(0, 6, L"a\nb\n");
@@ -144,7 +144,7 @@ TEST_F(Editing, AClickInAHalfHiddenRowIsThatRowsClick) {
     key(VK_HOME);
     key(VK_RETURN);
     EXPECT_STREQ(grid.GetCellText(0, 6), L"a");
-    // Another row's button is not pressed by a drag that ends on it.
+    // A drag that ends on another row's button does not press it.
     grid.SetCellTypeIndex(0, 4, corvanes::type_drop_list);
     grid.SetCellLabel(0, 4, L"a\nb\n");
     press(grid.GetGrid(), 95, 40);
@@ -287,7 +287,7 @@ TEST_F(Editing, ADropListFindsItsWayThroughHundredsOfNames) {
     key(VK_UP);
     key(VK_RETURN);
     EXPECT_STREQ(grid.GetCellText(0, 5), L"Part 698");
-    // The focus that leaves closes it, and nothing is chosen.
+    // When the focus leaves, the list closes, and nothing is chosen.
     key(VK_F4);
     ASSERT_TRUE(unfolded());
     EXPECT_EQ(chosen(), 602);

@@ -209,7 +209,7 @@ TEST_F(Grid, KeysAreAnnouncedAndMayBeChanged) {
         key(code);
         return current();
     };
-    // Ten rows of twenty are visible, minus the heading.
+    // The window shows ten of the twenty rows, less the heading.
     EXPECT_EQ((std::vector<std::string>{after(VK_DOWN), after(VK_RIGHT), after(VK_NEXT), after(VK_NEXT),
                                         after(VK_PRIOR), after(VK_END), after(VK_HOME), after(VK_LEFT), after(VK_UP)}),
               (std::vector<std::string>{"0,1", "1,1", "1,11", "1,19", "1,9", "2,9", "0,9", "0,9", "0,8"}));
@@ -323,8 +323,8 @@ TEST_F(Grid, TellsWhereACellIs) {
     EXPECT_EQ(ask(0, 0), "none");
 }
 
-// The arrows, as they are on the screen, and the colours of the current and of a selected cell.
-TEST_F(Grid, PaintsWhatItShould) {
+// Checks the sort arrows and the colours of the current and of a selected cell.
+TEST_F(Grid, PaintsArrowsAndTheColoursOfCells) {
     CUGSortArrowType arrow;
     const int index = grid.AddCellType(&arrow);
     EXPECT_EQ(grid.AddCellType(&arrow), index);
@@ -364,7 +364,7 @@ TEST_F(Grid, PaintsWhatItShould) {
 
 TEST_F(Grid, ShowsThatATextDoesNotFit) {
     grid.GotoCell(2, 5);
-    // The cells of row 0 and 1 as pixels, without the lines.
+    // The pixels of a cell of row 0 or 1, without the grid lines.
     const auto pixels = [this](int column, int row, int from_right = 0) {
         pump();
         CClientDC dc(&grid.GetGrid());

@@ -1,4 +1,4 @@
-// A grid that writes down everything it is told, in a window that real messages are sent to.
+// A fixture: a grid that records all its notifications, in a window to which tests send real messages.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -30,9 +30,9 @@ inline void pump() {
 class RecordingGrid : public CUGCtrl {
   public:
     Log log;
-    int sizing_result = -1;  // what OnGridColumnSizing makes of the width, -1: leaves it
+    int sizing_result = -1;  // the width that OnGridColumnSizing sets; -1 leaves it
     bool may_move = true;
-    bool changeable = false;  // by commands
+    bool changeable = false;  // whether commands may change cells
     bool edit_on_click = false;
     int allow_start = 1;
     int verified = 1;
@@ -148,7 +148,7 @@ class GridTest : public testing::Test {
             }
         }
     }
-    // The message and all that follow from it.
+    // Sends the message, and handles all messages that follow from it.
     static void send(CWnd& window, UINT message, WPARAM wParam, int x, int y) {
         window.SendMessage(message, wParam, MAKELPARAM(x, y));
         pump();

@@ -52,13 +52,13 @@ TEST(ColumnLayout, FindsColumnsAndBorders) {
     const auto shown = [&columns](int column) { return columns.nearest_shown(column); };
     EXPECT_EQ((std::vector<int>{columns.first_shown(), columns.last_shown(), shown(0), shown(1), shown(4)}),
               (std::vector<int>{0, 3, 0, 2, 4}));
-    // Left of the border at 10 column 0 is held, right of it the hidden column 1.
+    // Left of the border at 10 the mouse holds column 0, right of it the hidden column 1.
     EXPECT_EQ(border({0, 6, 7, 9, 10, 13, 14, 27, 33, 56, 57, 63, 64}),
               (std::vector<int>{-1, -1, 0, 0, 1, 1, -1, 2, 2, -1, 3, 3, -1}));
 }
 
-// Rows of many heights against a walk over all of them; also with equal heights, where arithmetic takes the walk's
-// place.
+// Compares rows of many heights with a walk over all of them; also rows of equal heights, where arithmetic replaces the
+// walk.
 TEST(RowLayout, AgreesWithWalkingAlongTheRows) {
     for (const bool measured : {false, true}) {
         RowLayout rows;

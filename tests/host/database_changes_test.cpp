@@ -30,7 +30,7 @@ std::vector<std::string> group_list(const std::string& bytes) {
     return list;
 }
 
-/// What stands between the groups that both begin with and those that both end with.
+/// The part of `after` between the groups that both texts begin with and those that both end with.
 std::string difference(const std::string& before, const std::string& after) {
     const std::vector<std::string> old = group_list(before);
     const std::vector<std::string> now = group_list(after);

@@ -1,4 +1,4 @@
-// The database on whole drawings: our samples and those that others wrote.
+// Tests of the database on whole drawings: our samples and those that others wrote.
 #include <cmath>
 #include <set>
 #include <tuple>
@@ -68,7 +68,7 @@ TEST(DatabaseDrawings, TheActiveLayoutHasItsNameInFilters) {
     }
 }
 
-/// The transform that commands get is the one that the picture shows, whatever plane the reference stands in.
+/// Commands get the transform that the picture shows, whatever plane the reference stands in.
 TEST(DatabaseDrawings, ReferencesStandWhereTheyAreDrawn) {
     for (const std::string extrusion :
          {"210 0|220 0|230 1", "210 0|220 0|230 -1", "210 0.6|220 0|230 0.8", "210 0.001|220 -0.002|230 1"}) {
@@ -121,7 +121,7 @@ TEST(DatabaseDrawings, AttributesTurnAndAreMirroredWithTheirReference) {
     EXPECT_EQ(AcDbAttribute().setAttributeFromBlock(nullptr, AcGeMatrix3d()), Acad::eNullObjectPointer);
 }
 
-/// An embedded object has groups of the same codes as the attribute whose it is.
+/// An embedded object has groups with the same codes as its attribute.
 TEST(DatabaseDrawings, AttributesOfSeveralLinesAreReadAndWrittenByTheirOwnGroups) {
     const std::string before = file_bytes("tests/dxf/data/attribute_of_lines.dxf");
     OpenDrawing drawing(before);

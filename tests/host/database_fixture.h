@@ -1,4 +1,4 @@
-// Drawings as text for the tests of the database.
+// A fixture for the tests of the database: open drawings made from text.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -70,7 +70,7 @@ class OpenDrawing {
     std::unique_ptr<AcDbDatabase> database_;
 };
 
-/// The text, released.
+/// Copies the text and releases it.
 inline std::wstring take(ACHAR* text) {
     const std::unique_ptr<ACHAR, decltype(&acad_free)> owner(text, acad_free);
     return text == nullptr ? std::wstring(L"(null)") : std::wstring(text);
@@ -113,7 +113,7 @@ constexpr auto layers = walk<AcDbLayerTable, AcDbLayerTableRecord, AcDbLayerTabl
 constexpr auto styles = walk<AcDbTextStyleTable, AcDbTextStyleTableRecord, AcDbTextStyleTableIterator>;
 constexpr auto blocks = walk<AcDbBlockTable, AcDbBlockTableRecord, AcDbBlockTableIterator>;
 
-/// A list for the interface's functions, released with this.
+/// A result buffer list that is released with its owner.
 using List = std::unique_ptr<resbuf, decltype(&acutRelRb)>;
 
 inline void put(ads_u_val& value, int number) {

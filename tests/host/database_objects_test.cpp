@@ -27,7 +27,7 @@ std::string small_drawing(const std::string& header = "9 $TILEMODE|70 1") {
 
 using Names = std::vector<std::wstring>;
 
-/// Handle and block, or class, of each entity in a block.
+/// Tells each entity in a block by its handle and its block or class.
 std::wstring contents_of(AcDbObjectId block) {
     const AcDbObjectPointer<AcDbBlockTableRecord> record(block, AcDb::kForRead);
     AcDbBlockTableRecordIterator* made = nullptr;
@@ -198,7 +198,7 @@ TEST(DatabaseObjects, ReferencesReadAheadSayTheSame) {
     }
 }
 
-TEST(DatabaseObjects, ADrawingHasWhatItsFileLeavesOut) {
+TEST(DatabaseObjects, ADrawingHasTheRecordsThatItsFileLacks) {
     const OpenDrawing drawing(section("ENTITIES", groups("0 LINE|10 0|20 0|11 1|21 1")) + end_of_file());
     EXPECT_EQ(blocks(drawing, true, true), (Names{L"*Model_Space", L"*Paper_Space"}));
     EXPECT_EQ(layers(drawing, true, true), Names{L"0"});

@@ -75,7 +75,7 @@ TEST(NamePattern, MatchesAsTheHostDoes) {
             EXPECT_EQ(acutWcMatch(row[0].c_str(), row[1].c_str()) == 1, rows == fitting);
         }
     }
-    // Stays quick where backtracking over every star would not.
+    // Backtracking over every star would take for ever here.
     EXPECT_FALSE(host::NamePattern(L"*a*a*a*a*a*a*a*a*a*b").matches(std::wstring(5000, L'a')));
 }
 
@@ -170,7 +170,7 @@ TEST(Selection, TheQuestionTakesTheUsersAnswers) {
     EXPECT_EQ(ask({L"22,20", L"35,-5", L""}).selected, "nothing");
     EXPECT_EQ(ask({L"35,20", L"22,-5", L""}).selected, "2");
 
-    // An option in place of a corner is what it says.
+    // An option may be typed in place of a corner.
     const Question instead = ask({L"15,20", L"all", L"w", L"r", L"10,1", L""}, inserts.get());
     EXPECT_EQ(instead.selected, "0 4 5");
     EXPECT_EQ(instead.shown,
@@ -178,7 +178,7 @@ TEST(Selection, TheQuestionTakesTheUsersAnswers) {
               L"<\nSelect objects: ><\nSpecify first corner: ><\nRemove objects: >\n1 found, 1 removed, 3 total"
               L"<\nRemove objects: >");
 
-    // Shift takes out, at either corner, and only what is picked with it.
+    // Shift, held at either corner, takes out what that pick selects, and nothing else.
     const Question without =
         ask({L"all", L"shift+10,1", L"shift+15,20", L"35,-5", L"10,1", L"5,5", L"shift+15,-1", L""});
     EXPECT_EQ(without.selected, "0 4 5 6 9");

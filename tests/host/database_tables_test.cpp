@@ -41,7 +41,7 @@ TEST(DatabaseTables, IteratorsWalkBothWays) {
     EXPECT_EQ(layers(drawing, true, true), (Names{L"0", L"walls", L"ice", L"A$C"}));
     EXPECT_EQ(layers(drawing, false, true), (Names{L"A$C", L"ice", L"walls", L"0"}));
     EXPECT_EQ(styles(drawing, true, true), (Names{L"Standard", L"Notes", L""}));
-    // The second "part" cannot be referred to; the spaces come first, wherever the file has them.
+    // No reference can name the second "part", so it is left out. The spaces come first, wherever the file has them.
     EXPECT_EQ(blocks(drawing, true, true), (Names{L"*MODEL_SPACE", L"*Paper_Space", L"PART", L"*Paper_Space0"}));
     EXPECT_EQ(blocks(drawing, false, true), (Names{L"*Paper_Space0", L"PART", L"*Paper_Space", L"*MODEL_SPACE"}));
 }

@@ -1,4 +1,5 @@
-// The command stack, the processor, the questions and the interface functions, in this process and without a window.
+// Tests of the command stack, the processor, the questions and the interface functions, in this process without a
+// window.
 #include <afxwin.h>
 #include <gmock/gmock.h>
 
@@ -19,7 +20,7 @@ namespace {
 
 using testing::ElementsAre;
 
-/// The commands below say their name through this.
+/// Each command below appends its name to this.
 std::wstring ran;
 void run_first() {
     ran += L"first;";
@@ -42,7 +43,7 @@ void run_asking() {
     ran += L"asked " + std::to_wstring(acedGetPoint(nullptr, L"P:", point)) + L";";
 }
 
-/// Types transparent commands too, as one at the window does.
+/// A person who also types transparent commands, as the one at the window does.
 class TypingPerson final : public ListPerson {
   public:
     using ListPerson::ListPerson;
@@ -71,7 +72,7 @@ class Commands : public testing::Test {
                                  AcRxFunctionPtr function) {
         return acedRegCmds->addCommand(group, global, local, flags, function);
     }
-    /// What is said when this is typed at the "Command:" prompt, with these answers.
+    /// What the host says when `text` is typed at the "Command:" prompt, with these answers.
     static std::wstring typed(const wchar_t* text, std::deque<std::wstring> answers = {}) {
         TypingPerson person(std::move(answers));
         editor().processor.run(text);

@@ -1,4 +1,4 @@
-// Opening, saving and closing drawings, and who hears of it.
+// Tests of opening, saving and closing drawings, and of what reactors hear of it.
 #include <gmock/gmock.h>
 
 #include <filesystem>
@@ -20,7 +20,7 @@ const std::string drawing = groups(
     "9 $TEXTSIZE|40 nan|9 $LIMMIN|10 -nan(ind)|20 8.0|0 ENDSEC|0 SECTION|2 ENTITIES|0 ENDSEC|0 EOF",
     3);
 
-/// Writes down what it hears.
+/// Records what it hears.
 class Listener final : public AcApDocManagerReactor {
   public:
     Listener() { acDocManager->addReactor(this); }
@@ -46,7 +46,7 @@ class Documents : public test_support::HostProgram {
     ~Documents() override { editor().documents.close(); }
 };
 
-TEST_F(Documents, TakeEachOthersPlace) {
+TEST_F(Documents, ReplaceEachOther) {
     Listener listener;
     acDocManager->addReactor(&listener);
     EXPECT_EQ(editor().documents.open(folder_ / "a.dxf").reason(), L"");

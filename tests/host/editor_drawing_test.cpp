@@ -1,4 +1,4 @@
-// The commands that put blocks into the drawing and save it, and what the host says of the drawing.
+// Tests of the commands that insert blocks and save the drawing, and of what the host says about the drawing.
 #include <gmock/gmock.h>
 
 #include <filesystem>
@@ -20,7 +20,7 @@ namespace {
 
 using testing::HasSubstr;
 
-/// A block with an attribute of each kind, and a line from 3,4 to 10,20; the header says something else of it.
+/// A block with an attribute of each kind, and a line from 3,4 to 10,20; the extents in the header are wrong.
 std::string drawing_with_attributes() {
     const auto attribute = [](const char* tag, const char* prompt, const char* text, int flags) {
         return groups(std::string("0 ATTDEF|8 0|10 1|20 1|40 2|1 ") + text + "|3 " + prompt + "|2 " + tag + "|70 " +
@@ -134,7 +134,7 @@ TEST_F(HeaderVariables, StayAsTheyAreWhenNothingElseIsSet) {
     EXPECT_EQ(shown(L"CECOLOR"), L"BYLAYER");
     set(L"LTSCALE", L"2");
     set(L"CECOLOR", L"bylayer");
-    set(L"INSUNITS", L"4");  // this version has no place for it
+    set(L"INSUNITS", L"4");  // drawings of this version do not have it
     EXPECT_THAT(set(L"CLAYER", L"roof"), HasSubstr(L"!\"roof\" is no value for CLAYER."));
     EXPECT_THAT(set(L"TEXTSTYLE", L"roof"), HasSubstr(L"!\"roof\" is no value for TEXTSTYLE."));
     EXPECT_THAT(set(L"CECOLOR", L"300"), HasSubstr(L"!\"300\" is no value for CECOLOR."));

@@ -1,4 +1,4 @@
-// What is typed: command names, points, numbers, keywords, system variables, program arguments.
+// Tests of the reading of typed text: command names, points, numbers, keywords, system variables, program arguments.
 #include <gmock/gmock.h>
 
 #include "platform/host/app/options.h"

@@ -1,4 +1,4 @@
-// The whole program, run with scripts: what it says on standard error, and its exit status.
+// Tests of the whole program, run with scripts: its standard error and its exit status.
 #include <gmock/gmock.h>
 
 #include <filesystem>

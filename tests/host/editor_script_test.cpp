@@ -1,4 +1,4 @@
-// Reading scripts, and running them without a window.
+// Tests of reading scripts, and of running them without a window.
 #include <gmock/gmock.h>
 
 #include "base/code_page.h"

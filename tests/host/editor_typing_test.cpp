@@ -1,4 +1,5 @@
-// What helps a person to type: the lines before, completed and nearest names, options of prompts, lines of the menu.
+// Tests of what helps a person to type: earlier lines, completed and corrected names, options of prompts, lines of the
+// menu.
 #include <gmock/gmock.h>
 
 #include "platform/host/editor/window_settings.h"

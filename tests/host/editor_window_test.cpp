@@ -1,4 +1,4 @@
-// The main window, posted input, and pictures of windows.
+// Tests of the main window, of posted input, and of pictures of windows.
 #include <windows.h>
 
 #include <shlobj.h>
@@ -84,7 +84,7 @@ TEST(MainWindow, KeepsTheEndOfALongHistory) {
     EXPECT_EQ(kept.substr(kept.size() - last.size()), last);
 }
 
-/// A window of this test's own, destroyed with the object.
+/// A window that is destroyed with this object.
 class OwnWindow {
   public:
     OwnWindow(const wchar_t* kind, DWORD extended_style, int width, int height)
@@ -116,7 +116,7 @@ TEST(TypedKeys, ReachAWindowWithTheirModifiers) {
     keys.add_key(VK_DELETE, 0);
     keys.add_text(L"x");
     keys.add_key(VK_LEFT, 0);
-    keys.add_text(L"\x263A");  // no key gives this one
+    keys.add_text(L"\x263A");  // a character that no key gives
     while (!keys.empty()) {
         keys.post_next(edit.get());
         run_waiting_messages();
@@ -139,7 +139,7 @@ TEST(PostedInput, PressesAButtonWhoeverTakesTheFocusMeanwhile) {
     EXPECT_EQ(SendMessageW(button.get(), BM_GETCHECK, 0, 0), BST_CHECKED);
 }
 
-/// The colours of a PNG file, row by row, read back by the system.
+/// The colours of a PNG file, row by row, as the system decodes it.
 class Pixels {
   public:
     explicit Pixels(const std::filesystem::path& path) {

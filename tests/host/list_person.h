@@ -1,4 +1,4 @@
-// A person that answers from a list.
+// ListPerson: a person at the host who answers from a list.
 #pragma once
 
 #include <deque>
@@ -32,7 +32,7 @@ class ListPerson : public Person {
     bool is_script() const override { return true; }
     bool has_more() const { return !answers_.empty(); }
 
-    std::wstring said;  ///< prompts as "<...>", reports behind "!"
+    std::wstring said;  ///< prompts as "<...>", messages with "!" before them
     std::vector<dxf::RecordId> selected;
 
   private:

@@ -1,5 +1,5 @@
 // A module for tests and judges: commands that ask, misbehave, hold the host at a line of its script (HOLD), and tell
-// what the process holds (RESOURCES). The last two speak over the standard streams, which the judge has pipes to.
+// what the process holds (RESOURCES). HOLD and RESOURCES use the standard streams, which are pipes to the judge.
 #include <windows.h>
 
 #include <aced.h>
@@ -71,7 +71,7 @@ void say(const std::string& line) {
     WriteFile(GetStdHandle(STD_OUTPUT_HANDLE), bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr);
 }
 
-/// Until the test has written a line.
+/// Waits until the test has written a line.
 void hold() {
     say("held");
     char byte = 0;
@@ -80,7 +80,8 @@ void hold() {
     }
 }
 
-/// Wine counts none in GetGuiResources. A handle's low word is its place in the system's table; the high word may be 0.
+/// Counts GDI objects, since Wine's GetGuiResources does not. A handle's low word is its place in the system's table;
+/// the high word may be 0.
 unsigned gdi_objects() {
     constexpr DWORD object_types[] = {OBJ_PEN, OBJ_BRUSH, OBJ_FONT, OBJ_BITMAP, OBJ_REGION, OBJ_DC, OBJ_MEMDC, OBJ_PAL};
     unsigned count = 0;
@@ -93,7 +94,7 @@ unsigned gdi_objects() {
     return count;
 }
 
-/// Windows and menus, in the same way.
+/// Counts windows and menus in the same way.
 unsigned user_objects() {
     unsigned count = 0;
     for (ULONG_PTR index = 0x20; index < 0x8000; index += 2) {
@@ -106,7 +107,7 @@ unsigned user_objects() {
     return count;
 }
 
-/// What the heaps of the process have given out.
+/// How many bytes the heaps of the process have given out.
 size_t heap_bytes() {
     std::vector<HANDLE> heaps(GetProcessHeaps(0, nullptr) + 8);
     const DWORD count = GetProcessHeaps(static_cast<DWORD>(heaps.size()), heaps.data());
@@ -122,7 +123,7 @@ size_t heap_bytes() {
     return bytes;
 }
 
-/// The command line's history has a limit of its own, and is no leak.
+/// Clears the command line's history, which has a limit and so is no leak.
 BOOL CALLBACK clear_history(HWND window, LPARAM) {
     wchar_t name[16] = {};
     GetClassNameW(window, name, 16);

@@ -1,10 +1,11 @@
-"""Drawings that ask for far more than they are long: opened, shown whole and pictured within bounds of memory and time."""
+"""Attacks by small drawings that ask for very much: the host must open, show and picture them within bounds of memory and
+time."""
 
 import os
 
 from host import windows_path
 
-MOST_MEMORY = 1 << 30  # bytes, and four times the file
+MOST_MEMORY = 1 << 30  # bytes, besides four times the file
 MOST_SECONDS = 20  # of the processor
 
 
@@ -24,12 +25,12 @@ LINE = groups((0, "LINE"), (8, 0), (10, 0), (20, 0), (11, 1), (21, 1))
 
 
 def arrays(count):
-    """Each of them a thousand million lines."""
+    """Arrays, each of a thousand million lines."""
     return block("B", LINE), insert("B", (70, 32767), (71, 32767), (44, 2), (45, 2)) * count
 
 
 def nested(levels):
-    """Ten of each block in the next."""
+    """Nested blocks: each holds ten references to the one before."""
     blocks = block("B0", LINE)
     for level in range(1, levels):
         blocks += block(f"B{level}", insert(f"B{level - 1}", (70, 10), (44, 3 ** level)))

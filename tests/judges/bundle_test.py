@@ -1,6 +1,6 @@
 #!/usr/bin/python3
 """Unpacks the bundle for Windows as a new user does, on an English system and under a path with a blank and Hebrew letters,
-starts it by what a double click does, and prices the sample.
+starts it as a double click does, and prices the sample.
 
 usage: bundle_test.py [TEST...]
 """
@@ -34,7 +34,7 @@ class Bundle(DesktopTest):
         self.addCleanup(steps.wait)
 
         def answer(title, *keys):
-            """With a window manager or none, X may hold the focus elsewhere."""
+            """Sends keys to a window, and sets the focus first, since X may hold it elsewhere."""
             window = wait_until(lambda: xdotool("search", "--onlyvisible", "--name", title), title)
             wait_until(lambda: xdotool("windowfocus", window, "getwindowfocus") == window, f"the focus of {title}")
             for key in keys:

@@ -1,4 +1,4 @@
-"""The host's window on an X display, as a person has it: hands on the mouse and the keyboard, eyes on what is shown."""
+"""Works the host's window on an X display as a person does: with mouse and keyboard, and by looking at what is shown."""
 
 import os
 import pathlib
@@ -14,8 +14,8 @@ import unittest
 from host import ROOT, windows_path
 
 PATIENCE = 60  # seconds, for anything that is to appear
-# The keys of a standard keyboard that carry characters which the Hebrew layout has on others: xdotool would find those
-# first, and type by changing layouts, which the program may see too late.
+# The American keycodes of characters that the Hebrew layout has on other keys. xdotool would find the Hebrew ones first, and
+# change layouts to type, which the program may notice too late.
 OWN_KEYS = {",": 59, "'": 48, "/": 61, ";": 47}
 
 
@@ -25,7 +25,7 @@ def xdotool(*words):
 
 
 def seen(there, seconds):
-    """The first true value that `there` gives within a time, or None."""
+    """The first true value that `there` returns within a time, or None."""
     end = time.monotonic() + seconds
     while time.monotonic() < end:
         if value := there():
@@ -35,7 +35,7 @@ def seen(there, seconds):
 
 
 def wait_until(there, what):
-    """The first true value that `there` gives. When it does not come, a picture of the display tells what came instead."""
+    """The first true value that `there` returns. If none comes, it fails and leaves a picture of the display."""
     if value := seen(there, PATIENCE):
         return value
     handle, picture = tempfile.mkstemp(prefix="never_came_", suffix=".xwd")
@@ -59,7 +59,7 @@ class Picture:
         self.rows = [data[stride * y:stride * y + 4 * self.width] for y in range(self.height)]
 
     def share(self, colour, y):
-        """How much of a row has a colour, from 0 to 1."""
+        """The part of a row that has a colour, from 0 to 1."""
         row = self.rows[y]
         return sum(row[4 * x:4 * x + 3] == colour for x in range(self.width)) / self.width
 
@@ -68,10 +68,10 @@ class Picture:
 
 
 class Desktop:
-    """A running host. What it says at its command line is followed through the standard error of --verbose."""
+    """A running host. With --verbose it repeats its command line on standard error, which this reads."""
 
     caption_height, frame_width, command_line_height = 42, 4, 125  # of the main window with its menu, in pixels
-    next_click = 0  # on a caption, by the clock
+    next_click = 0  # when a caption may be clicked next, by time.monotonic()
     caption_row, active_caption = 6, bytes((0xFA, 0x96, 0x32))  # of any window: above its title; blue, green, red
 
     def __init__(self, host, module, drawing, folder, *options):
@@ -106,7 +106,7 @@ class Desktop:
     # Ears.
 
     def hear(self, words):
-        """Waits for words at the command line; all that was said since the last time up to their end."""
+        """Waits for words at the command line; returns all that was said since the last time, up to their end."""
 
         def found():
             text = self.heard.read_bytes().decode("utf-8", errors="replace").replace("\r", "")
@@ -127,8 +127,8 @@ class Desktop:
     # Hands.
 
     def face(self, title):
-        """Waits for a window that keys are to go to. X must send them there, and Wine must hold the window active, which
-        its caption shows; the one can be true without the other. A click on the caption brings both."""
+        """Waits for a window and makes keys go to it. X must send keys there, and Wine must hold the window active, which its
+        caption shows; one can be true without the other. A click on the caption makes both true."""
 
         def ready():
             window = xdotool("search", "--onlyvisible", "--name", title)
@@ -147,7 +147,8 @@ class Desktop:
         wait_until(ready, f"the window {title!r}")
 
     def click_caption(self, window):
-        """The pointer comes back to where it was. Two clicks within the time of a double click would maximise the window."""
+        """Clicks, and puts the pointer back. Waits so that two clicks do not make a double click, which would maximise the
+        window."""
         if time.monotonic() < self.next_click:
             return
         self.next_click = time.monotonic() + 1
@@ -168,7 +169,7 @@ class Desktop:
         xdotool("key", "Return")
 
     def run(self, *lines):
-        """A command and the answers that it asks for; what was said until the next command may be typed."""
+        """Types a command and its answers; returns what was said until the next command may be typed."""
         for line in lines:
             self.type(line)
         return self.hear("\nCommand: ")
@@ -177,7 +178,7 @@ class Desktop:
         return self.left + self.frame_width + at[0], self.top + self.caption_height + at[1]
 
     def move(self, at):
-        """To a pixel of the drawing view."""
+        """Moves the pointer to a pixel of the drawing view."""
         xdotool("mousemove", *self.screen(at))
 
     def click(self, at, button=1):
@@ -200,10 +201,10 @@ class Desktop:
             self.height - self.frame_width - self.command_line_height)
 
     def settled_picture(self):
-        """The drawing at the prompt for commands, once it has been painted and the pointer's cross has gone: two looks that
-        agree."""
+        """The drawing at the prompt for commands, once two pictures agree: it is then painted, and the pointer's cross is
+        gone."""
         self.rest()
-        self.run("")  # all that was done before has been seen to then
+        self.run("")  # by then the host has handled all earlier input
         last = None
 
         def settled():
@@ -216,7 +217,7 @@ class Desktop:
         return wait_until(settled, "a picture that stays")
 
     def points(self, *pixels):
-        """The places in the drawing under pixels of the view, as the command line gives picked points."""
+        """The places in the drawing under pixels of the view, as the command line prints picked points."""
         found = []
         for pixel in pixels:
             self.type("zoom")
@@ -230,7 +231,7 @@ class Desktop:
 
 
 class DesktopTest(unittest.TestCase):
-    """Tests with a folder of their own, where the drawing, the module and its settings are."""
+    """A test case with a folder for the drawing, the module and its settings."""
 
     host = module = None
 

@@ -1,4 +1,4 @@
-"""Random drawings: a plan of what stands in one, and two ways of writing it, by hand and with ezdxf."""
+"""Makes random drawings: a plan of what one holds, and two ways to write it, by hand and with ezdxf."""
 
 import sys
 
@@ -69,7 +69,7 @@ class Plan:
             self.references.append(Reference(random, "NO_SUCH_BLOCK", "0", MODEL))
 
     def selected(self):
-        """The names that a selection of everything takes, in the order of the drawing."""
+        """The block names of the references that a selection of everything takes, in the order of the drawing."""
         frozen = set() if self.bare else {names.lower(n) for n, flags, _ in self.layers if flags & FROZEN}
         current = PAPER if self.paper_is_current and not self.bare else MODEL
         ordered = [r for space in (MODEL, PAPER) for r in self.references if r.space == space]
@@ -80,7 +80,7 @@ class Plan:
 
 
 class Coding(Format):
-    """Texts with escapes also where none is needed, and group codes as narrow as they come."""
+    """Writes texts with escapes even where none is needed, and group codes without padding."""
 
     def __init__(self, plan):
         super().__init__(plan.version, plan.code_page, plan.line_end, plan.binary)
@@ -193,8 +193,8 @@ def with_ezdxf(plan, path):
 
 
 def counted_by_ezdxf(plan, path):
-    """The same names as Plan.selected(), read from the file; None where ezdxf cannot judge: it knows few code pages, and
-    refuses some records with escapes in their names."""
+    """The names of Plan.selected(), as ezdxf reads them from the file. None where ezdxf cannot judge: it knows few code pages,
+    and refuses some records with escapes in their names."""
     try:
         drawing = ezdxf.readfile(path)
     except (ezdxf.DXFError, ValueError):

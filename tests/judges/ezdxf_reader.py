@@ -1,5 +1,5 @@
-"""Drawings as ezdxf reads them: a judge independent of our own reader. Whatever ezdxf raises on a broken drawing is its
-answer."""
+"""Reads drawings with ezdxf, a judge independent of our own reader. Callers must expect any exception of ezdxf on a broken
+drawing."""
 
 import collections
 import re
@@ -14,7 +14,7 @@ SHARED = ROOT.parent / "shared" / "drawings"  # drawings that other programs mad
 
 
 def drawings():
-    """The samples, the test data, and what is shared."""
+    """The paths of the samples, the test data, and the shared drawings."""
     folders = [ROOT / "samples", ROOT / "tests" / "dxf" / "data", SHARED]
     return [path for folder in folders for path in sorted(folder.glob("*.dxf"))]
 
@@ -32,7 +32,7 @@ def decoded(name):
 
 
 def nested_in(drawing, taken):
-    """Block name -> how often it stands within blocks, through all levels, below the references `taken`."""
+    """How often each block stands inside the references `taken`, through all levels: {block name: number}."""
     held = {block.name.lower(): collections.Counter(i.dxf.name.lower() for i in block.query("INSERT"))
             for block in drawing.blocks}
     nested, level = collections.Counter(), taken

@@ -1,6 +1,6 @@
-"""Faults injected into the whole road: full disks, folders that cannot be written, files that others change while they are
-read, and lists of all kinds. Every case returns how often it tried and how often nothing was lost, or None where only root
-can try it."""
+"""Injects faults into the whole road: full disks, folders that cannot be written, files that others change while they are read,
+and price lists of all kinds. Every case returns how often it tried and how often nothing was lost, or None where only root can
+try it."""
 
 import pathlib
 import resource
@@ -25,7 +25,7 @@ def drawing_bytes(count):
 
 
 class Bench:
-    """A folder with a drawing and a price list, and the scripts that save something of them."""
+    """A folder with a drawing and a price list, and scripts that save reports and price lists."""
 
     def __init__(self, options, folder, blocks=400):
         self.options = options
@@ -63,7 +63,7 @@ def temporary_files(folder):
 
 
 def check_refused(bench, folder, what, before_start=None):
-    """Neither a report nor a price list can be written into the folder: an alert each, and the old ones stay."""
+    """Checks that no report, price list or drawing can be written into the folder: each gives one error, and old files stay."""
     for name, script in (("report.txt", bench.report), ("prices.prc", bench.price_list)):
         old, new = folder / ("old_" + name), folder / ("new_" + name)
         bench.run(script(old, REPLACE, REFUSED), before_start).succeed()
@@ -110,7 +110,7 @@ def full_or_read_only_disk(bench):
 
 
 def changed_while_it_is_read(bench):
-    """A file that is cut and completed again and again opens as it was at one moment, or is refused in one line."""
+    """A file that another process keeps cutting and completing opens as it was at one moment, or is refused in one line."""
     drawing = bench.drawing.read_bytes().replace(b"  0\nEOF", b"999\nroom to be caught within\n" * 1_000_000 + b"  0\nEOF")
     half, report = len(drawing) // 2, bench.folder / "read.txt"
     source = bench.folder / "restless.dxf"
@@ -147,7 +147,7 @@ def changed_while_it_is_read(bench):
 
 
 def price_lists_of_all_kinds(bench):
-    """A list is read as an editor saved it and saved in the same encoding; a file of another kind gets one alert."""
+    """A list in any encoding of editors is read, and saved in the same encoding; a file of another kind gives one alert."""
     text = "".join(f"block_{i}|{i}.5|\u05d3\u05dc\u05ea {i}\r\n" for i in range(40))
     survived = 0
     encodings = ("cp1255", "utf-8", "utf-8-sig", "utf-16")
@@ -171,7 +171,7 @@ def price_lists_of_all_kinds(bench):
     return len(encodings) + len(foreign), survived
 
 
-# What is tried, and in words for the table.
+# The cases, each with its words for the table.
 CASES = (
     (no_room, "saves beyond the file size limit"),
     (full_or_read_only_disk, "saves to a full disk and to a read-only one"),

@@ -1,4 +1,4 @@
-"""The drawing host as a process of a test: run with a script, held at a line of it, limited, killed."""
+"""Runs the drawing host for a test: with a script, held at a line of it, limited, or killed."""
 
 import os
 import pathlib
@@ -17,12 +17,13 @@ def windows_path(path):
 
 
 def fresh_session(prefix, *runner):
-    """What runs a command in a session of its own, with a Wine prefix of its own, by way of `runner`."""
+    """The words before a command that run it, through `runner`, in a new session with this Wine prefix."""
     return ["env", "-u", "CORVANES_SESSION", f"CORVANES_PREFIX={prefix}", *runner, ROOT / "tools" / "session"]
 
 
 def kill_at_instants(times, lasts, random, begin, kill, whole):
-    """How often everything was whole after a kill: `times` runs are begun and killed, at instants spread over `lasts` seconds."""
+    """Begins and kills `times` runs, at instants spread over `lasts` seconds. Returns after how many kills everything was
+    whole."""
     survived = 0
     for number in range(times):
         run = begin()
@@ -42,7 +43,7 @@ class Host:
         script, self.said = self.folder / "test.scr", self.folder / "said"
         script.write_text("\n".join(lines + ["QUIT"]) + "\n", encoding="utf-8")
         command = [ROOT / "tools" / "wine", program] + ([windows_path(drawing)] if drawing else [])
-        if session:  # the shell tells its number, which becomes the host's
+        if session:  # the shell prints its process id, which exec gives to the host
             command = [*session, "sh", "-c", 'echo $$ >"$0"; exec "$@"', self.number, *command]
         for module in modules:
             own = self.folder / pathlib.Path(module).name
@@ -57,7 +58,7 @@ class Host:
                                             env=surroundings)
 
     def wait_until_held(self):
-        """Until the script has come to a HOLD."""
+        """Waits until the script has come to a HOLD."""
         line = self.process.stdout.readline().strip()
         if line != b"held":
             raise AssertionError(f"the host was not held: {line!r} {self.words()}")

@@ -1,4 +1,4 @@
-"""Block names, layers and descriptions in the scripts of the world, and the case rules that hold for them."""
+"""Random block names, layers and descriptions in many scripts, and the case rules for them."""
 
 SCRIPTS = {
     "latin": "abcdefghijklmnopqrstuvwxyz",
@@ -14,7 +14,7 @@ SCRIPTS = {
     "thai": "กขคงจฉชซ",
     "beyond": "𐐀𐐨𝒜😀",
 }
-# Scripts that a code page of drawings can hold; the others are written as escapes there.
+# The scripts that each code page of drawings holds; characters of others are written as escapes.
 CODE_PAGES = {
     "ANSI_1252": ["latin", "accented"], "ANSI_1255": ["latin", "hebrew"], "ANSI_1251": ["latin", "cyrillic"],
     "ANSI_1253": ["latin", "greek"], "ANSI_1254": ["latin", "turkish"], "ANSI_1256": ["latin", "arabic"],
@@ -37,12 +37,13 @@ def joined(text):
 
 
 def lower(text):
-    """Unit by unit by the simple mapping: no final sigma, İ stays as Windows has it, nothing beyond the basic plane changes."""
+    """Lowers each UTF-16 unit by the simple mapping: no final sigma, İ stays as on Windows, nothing beyond the basic plane
+    changes."""
     return "".join(unit.lower() if unit != "İ" else unit for unit in units(text))
 
 
 def respelled(random, name):
-    """The name in letters of other cases that is still the same name."""
+    """The name with the case of letters changed, so that it is still the same name."""
     def other(letter):
         raised = letter.upper()
         return raised if len(raised) == 1 and lower(raised) == lower(letter) else letter
@@ -58,7 +59,7 @@ def word(random, script):
 
 
 def phrase(random, scripts, marks=MARKS):
-    """One to three words, seldom as long as no column is wide."""
+    """One to three words; seldom one that is longer than any column is wide."""
     text = word(random, random.choice(scripts))
     for _ in range(random.choice([0, 0, 1, 1, 2, 9 if random.random() < 0.1 else 1])):
         text += random.choice(marks) + random.choice([word(random, random.choice(scripts)), str(random.randrange(99))])

@@ -1,6 +1,6 @@
 #!/usr/bin/python3
-"""Opens report.html in a browser without a window and uses it as a person does: the sample house, a phone, paper, hostile
-names, many references; and compares drawings that SVGOUT wrote with PNGOUT's, by the ink in each part of the picture.
+"""Opens report.html in a headless browser and uses it as a person does: the sample house, on a phone, on paper, with hostile
+names, with many references. Also compares SVGOUT's drawings with PNGOUT's by the ink in each part of the picture.
 
 usage: page_test.py DRAWINGHOST.exe MODULE.arx [TEST...]
 """
@@ -30,7 +30,7 @@ HOSTILE = ["<img src=x onerror=document.title=1>", "</script><script>document.ti
            "=1+1\u202e\u2028", "__proto__"]
 LIVELY = "return [document.title, document.images.length, document.scripts.length, getComputedStyle(document.body).display]"
 SETTLED = "const done = arguments[arguments.length - 1]; requestAnimationFrame(() => requestAnimationFrame(() => done(performance.now())));"
-# The time until the light is in the page, and nothing of it is left to be laid out.
+# Measures the time until what a click lights up is in the page and laid out.
 LIGHTING = """const row = document.querySelectorAll('#rows tr')[arguments[0]], begin = performance.now();
 row.click(); document.body.getBoundingClientRect();
 return performance.now() - begin;"""
@@ -39,7 +39,7 @@ OTHERS = [ROOT.parent / "shared" / "drawings" / f"{name}.dxf" for name in (
     "acad_table_with_blockref_AC1032", "acadsharp_sample_AC1009_ascii", "acadsharp_sample_AC1015_binary", "acadsharp_sample_AC1018_ascii",
     "acadsharp_sample_AC1021_ascii", "acadsharp_sample_AC1032_ascii", "bad_R12_with_trash_beyond_EOF", "bad_duplicate_handles",
     "bricscad_nested_AC1027", "minsert_array_rotated_AC1021")]
-# The ink of each channel in cells of 40 by 40 pixels, of pictures in the middle of a sheet.
+# Measures the ink of each colour channel in cells of 40 by 40 pixels. Each picture is first put in the middle of a sheet.
 INK = """const [sources, done] = arguments;
 const load = (source) => new Promise((good, bad) => { const image = new Image(); image.onload = () => good(image); image.onerror = bad; image.src = source; });
 (async () => done(await Promise.all(sources.map(async (source) => {
@@ -60,7 +60,7 @@ def run(*arguments):
 
 
 def drawing_of_looks():
-    """What a display list can hold, ten thousand kilometres from the origin."""
+    """A drawing of all that a display list can hold, ten thousand kilometres from the origin."""
     drawing = ezdxf.new("R2010", setup=True)
     drawing.header["$INSUNITS"] = 4
     for name, colour, line_type in (("RED", 1, "DASHED"), ("BLUE", 5, "Continuous"), ("OFF", 3, "Continuous")):
@@ -135,7 +135,7 @@ class PageTest(unittest.TestCase):
         self.press(Keys.ESCAPE)
         self.all("#notes tr")[0].click()
         self.assertEqual(self.text("#place"), "29 places")
-        self.all("#notes tr")[3].click()  # CHAIR and PILLOW: inside of others, which are lit
+        self.all("#notes tr")[3].click()  # CHAIR and PILLOW, inside other blocks, whose references are lit
         self.assertEqual(self.js("return [...new Set(state.found.map((place) => place.block))].sort()"), ["bed_double", "bed_single", "dining_set"])
         self.all("#fit")[0].click()
         at = self.js("""const [door] = places.byHandle.get('23C'), [a, , c] = door.corners, pane = document.getElementById('view').getBoundingClientRect();
@@ -149,7 +149,7 @@ class PageTest(unittest.TestCase):
         self.assertEqual(self.browser.get_log("browser"), [])
 
     def check_places(self):
-        """What is lit stands where another program says that the references are."""
+        """What is lit is where ezdxf says that the references are."""
         found = self.js("return billRows.flatMap((row) => places.of(row)).map(({handle, corners}) => [handle, corners])")
         entities = ezdxf.readfile(SAMPLE).entitydb
         pairs = []
@@ -161,7 +161,7 @@ class PageTest(unittest.TestCase):
             self.assertTrue(box.has_data, handle)
             pairs.append(((box.center.x, -box.center.y), tuple((corners[0][axis] + corners[2][axis]) / 2 for axis in (0, 1))))
         counted = [entities[handle] for row in self.report("house")["rows"] for handle in row["handles"]]
-        self.assertEqual(len(found), len(counted) - 2)  # which are on a layer that is off
+        self.assertEqual(len(found), len(counted) - 2)  # less two on a layer that is off
         first, last = min(pairs), max(pairs)
         scale = (last[1][0] - first[1][0]) / (last[0][0] - first[0][0])
         for world, page in pairs:
@@ -230,9 +230,10 @@ class PageTest(unittest.TestCase):
         self.assertGreater(orange, 50)  # the windows of the house are lit on paper too
 
     def test_hostile_names(self):
-        """In names of blocks and layers, texts, descriptions, notes and the drawing's name; and no price where prices are hidden."""
+        """Hostile text in names of blocks and layers, in texts, descriptions, notes and the drawing's name does nothing; a file
+        with hidden prices holds none."""
         drawing = ezdxf.new("R2010")
-        harmless = [f"NAME_{number}" for number in range(len(HOSTILE))]  # until it is written
+        harmless = [f"NAME_{number}" for number in range(len(HOSTILE))]  # replaced in the file below
         for number, name in enumerate(harmless):
             drawing.blocks.new(name).add_text(name, dxfattribs={"height": 2})
             drawing.layers.add(name)
@@ -270,7 +271,7 @@ class PageTest(unittest.TestCase):
         lit = min(self.js(LIGHTING, number) for number in range(5))
         print(f"20,000 references: open in {opened:.0f} ms, lit in {lit:.1f} ms, load {os.getloadavg()[0]:.1f}")
         self.assertEqual(self.js("return places.all.length"), 20_000)
-        shared = max(1, os.getloadavg()[0] / os.cpu_count())  # processors, with other programs
+        shared = max(1, os.getloadavg()[0] / os.cpu_count())  # how many programs share each processor
         self.assertLess(opened, 2000 * shared)
         self.assertLess(lit, 50 * shared)
         self.open("too many")

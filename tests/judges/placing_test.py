@@ -1,5 +1,5 @@
 #!/usr/bin/python3
-"""Places the table by mouse in the host's window, as a person does, and reads the saved drawing with ezdxf.
+"""Places the table in the host's window with the mouse, as a person does, and reads the saved drawing with ezdxf.
 
 usage: placing_test.py DRAWINGHOST.exe MODULE.arx
 """
@@ -22,7 +22,8 @@ class Placing(DesktopTest):
         self.open("house_plan.dxf")
 
     def insert_table(self):
-        """Up to the question for the table's corner: the price list, everything, the report, its button."""
+        """Goes up to the question for the table's corner: chooses the price list, selects everything, and presses Insert in the
+        report."""
         desktop = self.desktop
         desktop.type("qxbomc")
         desktop.type(windows_path(self.folder / "house_prices.prc"), title="^Open$")
@@ -72,7 +73,7 @@ class Placing(DesktopTest):
         for (_, place, scale), expected in zip(placed, scales):
             self.assertEqual(place, corner)
             self.assertEqual(scale[0], scale[1])
-            self.assertAlmostEqual(scale[0] / expected, 1, delta=0.002)  # a fraction of a pixel
+            self.assertAlmostEqual(scale[0] / expected, 1, delta=0.002)  # less than a pixel
 
     def test_return_takes_the_natural_size(self):
         before = self.desktop.settled_picture()
@@ -83,7 +84,7 @@ class Placing(DesktopTest):
         self.desktop.key("Return")
         self.desktop.hear("\nCommand: ")
         self.assertEqual(self.saved_tables()[1], [("KVO0001", corner, (1, 1))])
-        # The frame that was never drawn was "erased": it stands there until the next redrawing.
+        # The host erased a frame that it had never drawn, which draws one. It stays until the next redrawing.
         self.desktop.run("u")
         self.assertNotEqual(self.desktop.settled_picture(), before)
         self.desktop.run("redraw")

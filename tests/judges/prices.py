@@ -1,4 +1,4 @@
-"""Price lists as people leave them, and a reader of them that shares nothing with the module's."""
+"""Makes price lists as people leave them, and reads them independently of the module's reader."""
 
 import re
 
@@ -11,7 +11,7 @@ NUMBER = re.compile(r"[ \t-\r]*([-+]?)(\d+\.?\d*(?:[eE][-+]?\d+)?|\.\d+(?:[eE][-
 
 
 def list_bytes(random, drawing_names):
-    """A price list for some of the names, in the system's code page or as an editor of today saves it."""
+    """A price list for some of the names, in the system's code page or in UTF-8 or UTF-16, as editors save it."""
     encoding = random.choice(["cp1255", "cp1255", "utf-8", "utf-8", "utf-8-sig", "utf-16-le", "utf-16-be"])
     out = []
     for _ in range(random.choice([0, 3, 10, 10, 30])):
@@ -58,7 +58,7 @@ def file_text(data):
 
 
 def is_utf8(data):
-    """Whether bytes beyond ASCII are UTF-8 throughout."""
+    """Whether the bytes are valid UTF-8 and not only ASCII."""
     try:
         return len(data.decode("utf-8")) < len(data)
     except UnicodeDecodeError:
@@ -78,7 +78,7 @@ def entries(data):
     while text:
         end = text.find("\n", 0, 999)
         if end < 0 and len(text) < 999:
-            return  # the end of the file was met before the line's
+            return  # the file ended before the line did
         end = 998 if end < 0 else end
         fields = re.split("[\0\n]", text[:end])[0].split("|")[:3]
         text = text[end + 1:]

@@ -1,4 +1,4 @@
-"""The report that a count and a price list come to, worked out from the rules of the report and nothing else."""
+"""Computes the report for a count and a price list from the rules of the report alone, without the module."""
 
 import functools
 
@@ -34,7 +34,7 @@ def rows(counted, price_list):
 
 
 def clicked(texts, headings):
-    """The rows after clicks on headings, one after another; a sort leaves equal rows where they are."""
+    """The rows after clicks on headings, one after another; sorting is stable."""
     column, ascending = 0, True
     summary = texts[-1:]
     for heading in headings:

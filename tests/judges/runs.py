@@ -1,5 +1,5 @@
-"""Attacks on ./run: names and files that cannot be, drawings with nothing to report, runs that meet in one folder, that are
-interrupted or killed, folders that vanish. Every case returns how often it tried and how often everything was whole."""
+"""Attacks on ./run: impossible names and files, drawings with nothing to report, runs that share a folder, that are interrupted
+or killed, folders that vanish. Every case returns how often it tried and how often everything was whole."""
 
 import csv
 import hashlib
@@ -36,7 +36,7 @@ def printed(folder):
 
 
 def refused_files(bench):
-    """One line with the reason, before any work: the output folder is not even made."""
+    """Files that cannot be used give one line with the reason before any work; not even the output folder is made."""
     folder = bench.new_folder("refused_files")
     for name in ('a"b', "a*b", "a?b", "a<b", "a>b", "a|b", "a\\b", "a\tb", "a\nb", "a:b", "b.", "b ", "con", "NUL.prc", "lpt1"):
         shutil.copy(SAMPLE, folder / name)
@@ -89,7 +89,7 @@ def drawings_without_references(bench):
 
 
 def places_of_tables(bench):
-    """The table stands beside what is drawn, wherever the header says that the drawing lies, and leaves it half of the picture."""
+    """The table stands beside what is drawn, whatever extents the header has, and leaves the drawing half of the picture."""
     folder = bench.new_folder("places_of_tables")
     text = SAMPLE.read_bytes()
     lies = {"far": text.replace(b"16400.0", b"2e9", 1), "inside": text.replace(b"16400.0", b"9.5", 1), "true": text}
@@ -109,7 +109,7 @@ def places_of_tables(bench):
 
 
 def unreadable_files(bench):
-    """Files that the host refuses, and a list that is none."""
+    """Files that the host refuses, and a price list that is not one."""
     folder = bench.new_folder("unreadable_files")
     (folder / "bad.dxf").write_bytes(b"no drawing")
     for name, drawing in (("drawing.prc", SAMPLE), ("binary.prc", PRICES.with_name("house_plan_r12_binary.dxf"))):
@@ -124,7 +124,7 @@ def unreadable_files(bench):
 
 
 def forms(bench):
-    """The bill as text, CSV and JSON says the same; notes and exit status follow the options."""
+    """The bill is the same as text, CSV and JSON; notes and exit status follow the options."""
     folder = bench.new_folder("forms")
     out = folder / "out"
     (folder / "list.prc").write_text("DOOR_90|640|=1+1\r\nfridge|5,5|say \"x\", y\r\n", encoding="utf-8")
@@ -175,8 +175,8 @@ def two_runs_to_one_folder(bench):
 
 
 def stopped(folder, times, number, session=()):
-    """Ended by a signal at some instant: at once, with what was there before or all that is new; and the next run leaves
-    nothing of it."""
+    """Runs that a signal ends at some instant end at once, and leave the old results or all new ones. The next run removes what
+    remains of them."""
     out = folder / "out"
     wholes = []
     for arguments in ([SAMPLE, PRICES], [SAMPLE]):
@@ -194,8 +194,8 @@ def stopped(folder, times, number, session=()):
         words = process.communicate()[1]
         found = {name: (out / name).read_bytes() for name in RESULTS}
         left = sorted(set(os.listdir(out)) - set(RESULTS))
-        delivered = found in wholes or any(out.glob(".run.*/ready"))  # a delivery that the next run completes
-        ended = process.returncode == -number or (process.returncode == 0 and found == wholes[0])  # it was over
+        delivered = found in wholes or any(out.glob(".run.*/ready"))  # or the next run completes the delivery
+        ended = process.returncode == -number or (process.returncode == 0 and found == wholes[0])  # it had ended before the signal
         good = ended and delivered and not words and (number == signal.SIGKILL or not left)
         if not good:
             print(f"signal {number}: {process.returncode} {words} {left} whole={delivered}")
@@ -210,7 +210,7 @@ def stopped(folder, times, number, session=()):
 def interrupted(bench):
     folder = bench.new_folder("interrupted")
     tried, survived = stopped(folder, bench.options.kills, signal.SIGINT)
-    # And with a session of its own.
+    # The same in a session of the run's own.
     own = stopped(folder, 2, signal.SIGINT, fresh_session(ROOT / "build" / "wine-second")[:-1])
     return tried + own[0], survived + own[1]
 
@@ -218,7 +218,7 @@ def interrupted(bench):
 def killed(bench):
     folder = bench.new_folder("killed")
     tried, survived = stopped(folder, bench.options.kills, signal.SIGKILL)
-    # As if one had been killed in the midst of its delivery: the next run, though it fails, completes that.
+    # A run that was killed during its delivery, imitated: the next run completes the delivery, though it fails itself.
     ready, empty = folder / "out" / ".run.dead" / "ready", folder / "empty.dxf"
     ready.mkdir(parents=True)
     (ready / "report.txt").write_bytes(b"delivered")
@@ -228,7 +228,7 @@ def killed(bench):
 
 
 def vanished_folder(bench):
-    """The output folder goes while the run is at work."""
+    """The output folder is removed while the run works."""
     folder = bench.new_folder("vanished_folder")
     times, survived = bench.options.kills, 0
     for i in range(times):
@@ -263,7 +263,8 @@ def permissions(bench):
 
 
 def specks(bench):
-    """Things far away give a picture of the rest, which goes with the next run that needs none, but not what a link to it names."""
+    """Where things far away make a drawing a speck, there is drawing-detail.png. The next run without need removes it; of a link,
+    only the link."""
     folder = bench.new_folder("specks")
     out = folder / "out"
     far = b"  0\nLINE\n  8\n0\n 10\n9e6\n 20\n9e6\n 11\n9.1e6\n 21\n9.1e6\n  0\nENDSEC\n  0\nSECTION\n  2\nOBJECTS\n"

@@ -1,5 +1,5 @@
-"""Saves that are killed, that meet another's, and over files with owners and permissions of their own. Every case returns
-how often it tried and how often everything was whole afterwards, or None where only root can try it."""
+"""Attacks on saving: saves that are killed, two saves at once, and files of other owners and permissions. Every case returns how
+often it tried and how often everything was whole afterwards, or None where only root can try it."""
 
 import os
 import pathlib
@@ -26,7 +26,7 @@ def write_large_drawing(path):
 
 
 class LargeDrawing:
-    """A drawing, and what it holds before and after each of two saves, which insert a block at different places."""
+    """A drawing, with its contents before and after each of two saves, which insert a block at different places."""
 
     def __init__(self, bench):
         self.bench = bench
@@ -53,14 +53,14 @@ class LargeDrawing:
         shutil.copy(self.old, self.drawing)
 
     def save(self, place, session=()):
-        """A host that has the drawing open and is held before and after the save."""
+        """Starts a host that opens the drawing, and that HOLD stops before and after the save."""
         folder = self.folder / f"host {place}"
         folder.mkdir(exist_ok=True)
         lines = ["INSERT", "MARK", f"{place},2", "", "", "", "HOLD", "QSAVE", "HOLD"]
         return Host(self.bench.options.host, [self.bench.options.probe], folder, lines, self.drawing, session=session)
 
     def which(self):
-        """Which of the three the drawing is; None when it is a mixture."""
+        """Which of the three contents the file has; None when it is a mixture."""
         now = self.drawing.read_bytes()
         return next((name for name, whole in self.contents.items() if whole == now), None)
 
@@ -69,7 +69,8 @@ class LargeDrawing:
 
 
 def killed_in_fresh_sessions(bench):
-    """A fresh wineserver gives the process numbers again that the last one gave. Something was left beforehand."""
+    """Saves that are killed in fresh sessions. A fresh wineserver gives the process numbers of the last one again. A left-over
+    file is there beforehand."""
     large = LargeDrawing(bench)
     source = random.Random(bench.options.seed)
     session = fresh_session(SECOND_PREFIX)
@@ -127,7 +128,7 @@ def owned(path):
 
 
 def saved_with_permissions(bench):
-    """Mode, owner and group of what is saved over stay; what is new obeys the umask of who saves."""
+    """A file that is saved over keeps its mode, owner and group; a new one obeys the umask of the person who saves."""
     folder = bench.new_folder("owned")
     root = os.geteuid() == 0
     cases = [(os.geteuid(), os.getegid(), mode) for mode in (0o600, 0o640, 0o644, 0o664, 0o755)]
@@ -148,7 +149,8 @@ def saved_with_permissions(bench):
 
 
 def saved_by_other_users(bench):
-    """The owner, and a member of the group, who can neither keep the owner nor, in the second folder, make a new file."""
+    """The owner saves, and then a member of the group, who cannot keep the owner, and in the second folder cannot make a new
+    file."""
     if os.geteuid() != 0:
         return None
     home = bench.new_folder("home")
@@ -180,8 +182,8 @@ def saved_by_other_users(bench):
 
 
 def stopped_in_the_midst(bench):
-    """Writing in place that fails after it has begun: the whole new contents stay beside the file. The target is a mount
-    point, which cannot be replaced, and a hole, which a full disk has no room to fill."""
+    """A write in place fails after it has begun, and the whole new contents stay beside the file. The target is a mount point,
+    which cannot be replaced, and sparse, so that a full disk has no room to fill it."""
     disk = bench.new_folder("small disk")
     if subprocess.run(["mount", "-t", "tmpfs", "-o", "size=64k", "none", disk], stderr=subprocess.DEVNULL).returncode != 0:
         return None
@@ -200,7 +202,7 @@ def stopped_in_the_midst(bench):
 
 
 def pointed_at_what_is_no_file(bench):
-    """A link to nothing and a pipe are refused and stay what they are."""
+    """A save to a broken link or to a pipe is refused, and changes neither."""
     folder = bench.new_folder("odd")
     link, pipe = folder / "link.txt", folder / "pipe.txt"
     link.symlink_to("nowhere.txt")

@@ -15,22 +15,22 @@ from host import SAMPLE, windows_path
 
 TEMPLATE, REPORT = "^BOM Template$", "^BOM Report$"
 
-# The keys that carry the Hebrew letters, by what they carry on the American keyboard, and the keycodes of all keys.
+# For each Hebrew letter the character of its key on the American keyboard; and the keycodes of all keys.
 HEBREW = dict(zip("אבגדהוזחטיכךלמםנןסעפףצץקרשת/", "tcdsvuzjyhflknobixgp;m.era,/"))
 KEYCODES = {character: first + place for first, row in ((24, "qwertyuiop"), (38, "asdfghjkl;"), (52, "zxcvbnm,./"), (10, "1234567890"))
             for place, character in enumerate(row)} | {" ": 65}
 
-# The middles of the buttons, in the units of the dialogs' layouts.
+# The centres of the buttons, in dialog units.
 BUTTONS = {"Insert Row": (357, 37), "Move Up": (357, 77), "New": (357, 139), "Save": (357, 179), "Close": (357, 219),
            "Close the report": (35, 257), "Save the report": (155, 257)}
 
-# What leads to the name in the drop list, the price, the description.
+# What is typed in each row: the letters that find the name in the drop list, the price, and the description.
 ROWS = [("DOOR", "590", "דגם פנים"), ("W", "320/5", "כיור רחצה"), ("SOF", "2100", "ספה 3 מושבים"),
         ("WIN", "1280", "חלון גדול"), ("נ", "45", "נורה חמה")]
-# The lines that they make; on the Hebrew keyboard the slash key within a number is the point.
+# The lines of the price list that result. On the Hebrew keyboard the slash key gives a point within a number.
 LINES = ["DOOR_80|590|דגם פנים", "WASH_BASIN|320.5|כיור רחצה", "SOFA 3 SEATS|2100|ספה 3 מושבים",
          "WINDOW_160|1280|חלון גדול", "נברשת|45|נורה חמה"]
-# Where the drop list shows the names, as long as the rows above have theirs: turns of the wheel, then the line.
+# Where the drop list shows each name, less the names of the rows above: turns of the wheel, and then the line.
 LISTED = [(3, 2), (20, 5), (20, 1), (20, 7), (20, 10)]
 REPORTED = {"door_80": ("590.00", 2), "wash_basin": ("320.50", 3), "sofa 3 seats": ("2100.00", 1),
             "window_160": ("1280.00", 10), "נברשת": ("45.00", 2)}
@@ -49,7 +49,7 @@ class TemplateByHand(DesktopTest):
         self.open("house_plan.dxf")
 
     def hebrew(self, text):
-        """On the Hebrew keyboard, by the keys that a person presses; capitals with Shift."""
+        """Types on the Hebrew keyboard, by the keys that a person presses; capitals with Shift."""
         for character in text:
             code = KEYCODES[HEBREW.get(character, character.lower())]
             if character.isupper():
@@ -71,7 +71,7 @@ class TemplateByHand(DesktopTest):
         subprocess.run(["setxkbmap", "il"], check=True)
 
     def expect_report(self):
-        """The five prices, quantities and totals, and their sum."""
+        """Checks the five prices, quantities and totals of the report, and their sum."""
         wait_until(lambda: (self.folder / "report.txt").exists(), "the report")
         lines = [re.split(r"\s{2,}", line.strip()) for line in self.read("report.txt").splitlines()]
         found = {line[0]: line[1:] for line in lines if line[0] in REPORTED}
@@ -84,7 +84,7 @@ class TemplateByHand(DesktopTest):
     # The keyboard.
 
     def press(self, _button, steps, back=0):
-        """From the grid to a button; only those that move a row keep the keyboard."""
+        """Goes from the grid to a button and presses it. Only the buttons that move a row keep the focus."""
         xdotool("key", *["Tab"] * steps, "space", *["shift+Tab"] * back)
 
     def test_with_the_keyboard(self):
@@ -97,7 +97,7 @@ class TemplateByHand(DesktopTest):
                 self.press("Insert Row", 1)
             xdotool("key", "F4")
             self.hebrew(name)
-            xdotool("key", "Return", "Right", "F2", "BackSpace")  # the nought of a new row
+            xdotool("key", "Return", "Right", "F2", "BackSpace")  # deletes the 0 of a new row
             self.hebrew(price)
             xdotool("key", "Tab", "F2")
             self.hebrew(description)
@@ -143,16 +143,16 @@ class TemplateByHand(DesktopTest):
         a, s, n1, n2, n5, slash, x, v, z, comma, full_stop, semicolon = 38, 39, 10, 11, 14, 61, 53, 55, 52, 59, 60, 47
         saved = self.describe(
             f"{a} {s} {n1} {n2} {slash} {n5} {a}",  # a number inside Hebrew
-            "--clearmodifiers shift+Right shift+Right", f"ctrl+{x} ctrl+{v}", f"ctrl+{z} ctrl+{z}",  # out and in, back by two
+            "--clearmodifiers shift+Right shift+Right", f"ctrl+{x} ctrl+{v}", f"ctrl+{z} ctrl+{z}",  # cut, paste, and undo both
             "keydown Control_L key Shift_L keyup Control_L", f"{a} shift+{a}",  # English, at the left
             f"Caps_Lock {a} {n1} Caps_Lock",
             "keydown Alt_L key Shift_L keyup Alt_L", f"{a}",  # Hebrew again
             "87 83 Num_Lock 87 83 Num_Lock",  # End and Left, then 1 and 4
             "keydown Control_R key Shift_R keyup Control_R",
-            f"{n1} {comma} {full_stop} {semicolon} shift+{comma}")  # the letters of the punctuation keys, after a number
+            f"{n1} {comma} {full_stop} {semicolon} shift+{comma}")  # the Hebrew letters of punctuation keys, after a number
         self.assertEqual(saved.decode("cp1255"), "א|0|aAA!ששד12.141תץף<5ש\r\n")
 
-        # Where the system's code page has no Hebrew, the keyboard's letters come all the same.
+        # The keyboard gives Hebrew letters even where the system's code page has none.
         self.desktop.key("Escape", title=TEMPLATE)
         subprocess.run(["setxkbmap", "us"], check=True)
         self.desktop.quit()
@@ -165,11 +165,12 @@ class TemplateByHand(DesktopTest):
     # The mouse.
 
     def point_at(self, x, y, *button):
-        """To pixels from the dialog's corner, and a click."""
+        """Moves to a pixel, counted from the dialog's corner, and clicks."""
         xdotool("mousemove", self.left + x, self.top + y, *button)
 
     def click(self, button):
-        """A button, by its place in the layout; its unit is 7/4 pixels across and 13/8 down, beside a frame of 3 and 22."""
+        """Clicks a button by its place in the layout. A dialog unit is 7/4 pixels wide and 13/8 high; the frame takes 3 and 22
+        pixels."""
         x, y = BUTTONS[button]
         self.point_at(3 + x * 7 // 4, 22 + y * 13 // 8, "click", 1)
 

@@ -33,7 +33,7 @@ class Window(DesktopTest):
         self.open("boxes.dxf")
 
     def pixel(self, x, y):
-        """Where a place in the drawing is seen."""
+        """The pixel of a place in the drawing."""
         (left, top), (right, bottom) = self.corners
         return tuple(round(first + (place - start) / (end - start) * (last - first)) for place, start, end, first, last in (
             (x, left, right, LEFT_TOP[0], RIGHT_BOTTOM[0]), (y, top, bottom, LEFT_TOP[1], RIGHT_BOTTOM[1])))
@@ -84,7 +84,7 @@ class Window(DesktopTest):
             desktop.type("qxbomc")
             desktop.face("^Open$")
             xdotool("key", "ctrl+a")
-            desktop.type("prices.prc", title="^Open$")  # of the drawing's folder
+            desktop.type("prices.prc", title="^Open$")  # a name in the drawing's folder
             desktop.hear("\nSelect objects: ")
             desktop.key("Escape")
             desktop.hear("\nCommand: ")

@@ -61,7 +61,7 @@ OpenTemplate::OpenTemplate(const std::vector<std::string>& blocks)
         throw std::runtime_error("the drawing cannot be read");
     }
     corvanes::set_module_path((folder_ / "Corvanes.arx").wstring());
-    // As a modal dialog stands over a main window.
+    // The owner of a modal dialog is disabled.
     main_window_.CreateEx(0, nullptr, L"", WS_POPUP | WS_DISABLED, CRect(0, 0, 0, 0), nullptr, 0);
     dialog_ = std::make_unique<BlockPriceDialog>(nullptr);
     dialog_->Create(IDD_BOM_TEMPLATE, &main_window_);

@@ -1,4 +1,4 @@
-// The BOM Template dialog over a drawing, in this process: the real dialog with real messages, and its grid to look at.
+// A fixture: the real BOM Template dialog over a drawing, in this process, with real messages; tests look at its grid.
 #pragma once
 
 #include <memory>
@@ -10,8 +10,8 @@
 
 namespace test_support {
 
-/// Opens the dialog without a modal loop. Files go to a folder that lives as long as this object; the settings files
-/// too. One at a time.
+/// Opens the dialog without a modal loop. Its files, settings files included, are in a folder that lives as long as
+/// this object. Only one such object may exist at a time.
 class OpenTemplate {
   public:
     /// `blocks` are the drawing's block names, in code page 1255.
@@ -24,11 +24,11 @@ class OpenTemplate {
     /// it.
     void press(int id, const std::wstring& file = L"");
     void open(const wchar_t* name) { press(203, path(name).wstring()); }
-    /// A key to whatever has the focus, with others held, through the translation of the dialog that has it.
+    /// Sends a key to the control with the focus, with `held` keys held down, through its dialog's translation.
     void key(UINT code, std::initializer_list<int> held = {});
-    /// Characters to whatever has the focus.
+    /// Sends characters to the control with the focus.
     void type(const wchar_t* text);
-    /// A click on a cell; `from_right` counts pixels from its right edge.
+    /// Clicks on a cell; `from_right` counts pixels from its right edge.
     void click(int column, int row, int from_right = 40);
     void click_heading(int column);
     /// Replaces a cell's text by one from the clipboard.
@@ -36,7 +36,7 @@ class OpenTemplate {
     /// Handles the messages that are waiting.
     void pump();
 
-    /// What the message boxes from now on are answered with, one after another (IDCANCEL when there are no more).
+    /// The answers to the message boxes from now on, one after another; IDCANCEL when there are no more.
     void answer_boxes(std::vector<int> answers);
     /// The texts of the boxes that came up since the last call.
     std::vector<std::wstring> boxes();

@@ -119,7 +119,7 @@ TEST(PriceListEncoding, IsToldFromTheBytesAndKept) {
         EXPECT_EQ(decoded.text, c.text);
         EXPECT_EQ(corvanes::file_bytes_from_text(c.text, c.encoding), c.bytes);
         EXPECT_EQ(corvanes::foreign_kind(c.bytes), L"");
-        // Whatever is typed into the list later: it comes back.
+        // Text that is typed into the list later comes back.
         for (const std::wstring added : {L"", L"\u05d0", L"\ubb38", L"\u05f3\u201d"}) {
             const auto bytes = corvanes::file_bytes_from_text(added + c.text, c.encoding);
             EXPECT_EQ(corvanes::text_from_file_bytes(bytes), added + c.text);

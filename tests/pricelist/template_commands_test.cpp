@@ -1,4 +1,4 @@
-// The grid's own commands in the BOM Template dialog.
+// Tests of the grid's own commands in the BOM Template dialog.
 #include <gtest/gtest.h>
 
 #include "bidi/clipboard_text.h"

@@ -1,4 +1,4 @@
-// The BOM Template dialog with a person's clicks and keys, and with its real timers.
+// Tests of the BOM Template dialog with a person's clicks and keys, and with its real timers.
 #include <gmock/gmock.h>
 
 #include <chrono>
@@ -82,7 +82,8 @@ TEST_F(TemplateDialog, EnablesTheButtonsThatTheStateAllows) {
     EXPECT_EQ(run.read(L"other.prc"), "a|1|x\r\n") << "the new file has the rows that were shown";
 }
 
-/// The ticks of the label's timer at which it was greyed or enabled, from now on until `count` of them or its end.
+/// The numbers of the timer ticks at which the label was greyed or enabled, from now on, until there are `count` of
+/// them or the blinking ends.
 std::vector<int> blinks(HWND label, size_t count) {
     std::vector<int> changes;
     int ticks = 0;
@@ -112,8 +113,8 @@ TEST_F(TemplateDialog, BlinksUntilTheGridIsClicked) {
     EXPECT_TRUE(run.grid().IsSelected(1, 1));
     const HWND label = run.control(IDC_TEMPLATE_STATUS);
     EXPECT_TRUE(::IsWindowEnabled(label));
-    // Enabled by the first tick of 200 ms, greyed by the second, and so on. No tick comes before its time; how late it
-    // comes is the machine's affair.
+    // Enabled by the first tick of 200 ms, greyed by the second, and so on. No tick comes early; how late one comes
+    // depends on the machine.
     EXPECT_EQ(blinks(label, 6), (std::vector<int>{2, 3, 4, 5, 6, 7}));
     EXPECT_GT(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(1350));
     HDC context = ::GetDC(label);
@@ -175,7 +176,7 @@ TEST_F(TemplateDialog, AsksBeforeChangesAreLost) {
         EXPECT_EQ(run.boxes(), (Boxes{question[0], question[0], question[0]}));
         run.press(IDC_TEMPLATE_SAVE);
     }
-    // Open editors count, however the dialog is closed.
+    // A change in an open editor counts, however the dialog is closed.
     start();
     run.press(IDC_TEMPLATE_SAVE);
     for (const WPARAM command : {SC_CLOSE, SC_CLOSE | 2}) {
@@ -186,7 +187,7 @@ TEST_F(TemplateDialog, AsksBeforeChangesAreLost) {
         EXPECT_EQ(run.boxes(), question);
         EXPECT_TRUE(run.is_open());
     }
-    // A second press while the question is there.
+    // Close is pressed again while the question is shown.
     ::PostMessageW(run.dialog().m_hWnd, WM_CLOSE, 0, 0);
     run.press(IDC_TEMPLATE_CLOSE);
     EXPECT_EQ(run.boxes(), question);
@@ -230,7 +231,7 @@ TEST_F(TemplateDialog, KeepsWhatIsTypedWhenTheRowsChange) {
     type(1, 2);
     run.press(IDC_TEMPLATE_SAVE);
     EXPECT_EQ(run.read(L"list.prc"), "c|3|z\r\nb|2|y!!\r\na|1!|x!\r\n");
-    // A name that is refused stays open, whatever is pressed.
+    // The editor of a refused name stays open, whatever is pressed.
     run.click(0, 2);
     ::SendMessageW(::GetFocus(), EM_SETSEL, 0, -1);
     run.type(L"C");
@@ -270,7 +271,7 @@ TEST_F(TemplateDialog, TellsWhatTheFormatCannotHold) {
     run.press(IDC_TEMPLATE_SAVE);
     EXPECT_EQ(run.read(L"list.prc"), "door|0|steel|wood\r\n");
 
-    // A text that is pasted, with 998 characters in the line and then with one more.
+    // A text is pasted that makes the line 998 characters long, and then one that is longer by one.
     run.boxes();
     fill(2, 0, std::wstring(998 - 7, L'x').c_str());
     EXPECT_EQ(status(), L"");
@@ -311,7 +312,7 @@ TEST_F(TemplateDialog, LosesNothingWhenAFileCannotBeWritten) {
     EXPECT_EQ(run.rows(), L"a|1|x\n");
     run.press(IDC_TEMPLATE_OPEN, deep + L"\\list.prc");
     EXPECT_EQ(run.rows(), L"a|1|typed\n");
-    // Back up, where it can be removed like any other.
+    // Moves it up, since its long path could not be removed.
     EXPECT_TRUE(::MoveFileW(deep.c_str(), path(L"up").c_str()));
 }
 
@@ -319,12 +320,12 @@ TEST_F(TemplateDialog, ReadsFilesThatPeopleMade) {
     run.write(L"list.prc", "a|1|x\r\nA|2|y\r\n\r\n|3|z\r\nd|\r\n");
     run.open(L"list.prc");
     EXPECT_EQ(run.rows(), L"a|1|x\nA|2|y\n");
-    // A name that stands there twice can be looked at and left.
+    // The editor of a name that occurs twice can be opened and left.
     run.click(0, 1);
     run.key(VK_ESCAPE);
     EXPECT_FALSE(run.grid().IsEditing());
     EXPECT_EQ(run.boxes(), Boxes());
-    // The same file again, and a new one in its place.
+    // Save keeps the file. New over its name asks first, and does not touch the file.
     run.press(IDC_TEMPLATE_SAVE);
     run.open(L"list.prc");
     EXPECT_EQ(run.rows(), L"a|1|x\nA|2|y\n");
@@ -372,7 +373,7 @@ TEST_F(TemplateDialog, ShowsTheCurrentRowAfterSorting) {
     EXPECT_FALSE(::IsRectEmpty(&cell)) << "buttons act on it";
 }
 
-TEST_F(TemplateDialog, TakesTheMessageBackWithItsCause) {
+TEST_F(TemplateDialog, TakesAMessageBackOnceItsCauseIsGone) {
     const auto empty_price = [this] {
         run.write(L"list.prc", "a|1|x\r\nb|2|y\r\n");
         run.answer_boxes({IDNO});
@@ -429,7 +430,7 @@ TEST_F(TemplateDialog, TellsHowAPriceIsRead) {
     EXPECT_EQ(run.boxes(), Boxes());
 }
 
-TEST_F(TemplateDialog, BeginsAnEmptyDescriptionAsTheOthersGo) {
+TEST_F(TemplateDialog, BeginsAnEmptyDescriptionInTheDirectionOfTheOthers) {
     run.write(L"list.prc", "a|1|\r\nb|2|\xe3\xec\xfa\r\nc|3|\r\nd|4|wood\r\n");
     run.open(L"list.prc");
     std::string directions;

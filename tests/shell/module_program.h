@@ -1,4 +1,4 @@
-// The host with the module loaded, over a drawing of a test's own.
+// A fixture: runs the host with the module loaded, over a drawing of the test.
 #pragma once
 
 #include <gmock/gmock.h>
@@ -19,7 +19,7 @@ class ModuleProgram : public HostProgram {
         write("a.scr", script);
         return start("House.dxf --load Corvanes.arx --script a.scr --verbose");
     }
-    /// A run that must succeed; what was said.
+    /// Runs a script that must succeed; returns what the host said.
     std::string succeed(const std::string& script) const {
         const Outcome outcome = run(script);
         EXPECT_EQ(outcome.status, 0U) << outcome.said;

@@ -1,4 +1,4 @@
-// "QXBOMC" from the drawing to the saved report, through the module as it is built and the host's own windows.
+// Tests "QXBOMC" from the drawing to the saved report, with the built module in the host.
 #include <windows.h>
 
 #include <algorithm>
@@ -54,7 +54,7 @@ TEST_F(ReportCommand, RemembersWidthsAndThePriceList) {
     succeed("QXBOMC\n\nALL\n\n@click-cell 0 0\n@key RETURN\n@press \"Save to file\"\nagain.txt\n@key ESCAPE\nQUIT\n");
     EXPECT_THAT(read("again.txt"), HasSubstr("2500.31"));
     EXPECT_EQ(read("corvane2.set"), "60 50 40 30 20 ");
-    // So does the report in whose selection another report was looked at.
+    // So it does for a report during whose selection another report was opened.
     succeed("QXBOMC\nlist.prc\n'QXBOMC\n\nALL\n\n@press \"Close\"\nALL\n\n@click-cell 0 0\n@key ESCAPE\nQUIT\n");
     fs::remove(folder_ / "corvane2.set");
     succeed("QXBOMC\nlist.prc\nALL\n\n@press \"Close\"\nQUIT\n");
@@ -85,8 +85,8 @@ TEST_F(ReportCommand, ComesBackAfterUnloading) {
     EXPECT_NE(outcome.status, 0U) << "an unloaded command is unknown";
 }
 
-/// Two forms of the dynamic block WINDOW: *U3 says so itself, of *U4 its reference does. DOOR stands on a frozen layer,
-/// and twice in one place; two of it are inside *U3.
+/// A drawing with two forms of the dynamic block WINDOW: *U3 names WINDOW itself, and for *U4 its reference does. DOOR
+/// is on a frozen layer, and twice in one place; two more are inside *U3.
 std::string dynamic_drawing() {
     std::string bytes;
     const auto add = [&bytes](const std::string& more) { bytes += groups(more); };

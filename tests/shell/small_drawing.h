@@ -1,4 +1,4 @@
-// A drawing of references to named blocks, in text.
+// Makes drawings of references to named blocks, as text.
 #pragma once
 
 #include <set>

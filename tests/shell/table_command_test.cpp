@@ -1,5 +1,5 @@
-// "QXBOMC" on to the table in the drawing, through the module as it is built: the blocks' names, what a cancelled
-// placement leaves, and the system variables.
+// Tests "QXBOMC" up to the table in the drawing, with the built module: the names of blocks, what a cancelled placement
+// leaves, and the system variables.
 #include "platform/host/dxf/drawing.h"
 #include "tests/shell/module_program.h"
 
@@ -38,11 +38,11 @@ class TableCommand : public test_support::ModuleProgram {
 
 const std::string report = "QXBOMC\nlist.prc\nALL\n\n@press \"Insert\"\n";
 
-TEST_F(TableCommand, CountsItsBlocksOn) {
+TEST_F(TableCommand, NumbersItsBlocksOnwards) {
     succeed(report + "0,0\nreturn\n" + report +
             "0,-50\nmove 10,-50\nmove 153,-51\npick 500,-500\nSAVEAS\ntwo.dxf\nQUIT\n");
     EXPECT_THAT(tables("two.dxf"), ElementsAre("KVO0001 1.00", "KVO0002 2.50"));
-    // The references count each other from then on: a table is a block like any other.
+    // From then on the tables are counted too: a table is a block like any other.
     succeed("OPEN\ntwo.dxf\n" + report + "^C\nU\n" + report + "9,9\n^C\nSAVEAS\nthree.dxf\nQUIT\n");
     EXPECT_THAT(tables("three.dxf"), ElementsAre("KVO0001 1.00", "KVO0002 2.50", "KVO0003 1.00"))
         << "what was taken back is free again, and Escape while dragging takes the natural size";
@@ -60,7 +60,7 @@ TEST_F(TableCommand, RefusesTheTenThousandthTable) {
     EXPECT_THAT(tables("refused.dxf"), ElementsAre("KVO9999 1.00"));
 }
 
-TEST_F(TableCommand, RestoresTheVariablesCrossed) {
+TEST_F(TableCommand, RestoresTwoVariablesSwapped) {
     const auto set = [](const std::string& name, const std::string& value) {
         return "SETVAR\n" + name + "\n" + value + "\n";
     };

@@ -1,4 +1,4 @@
-// "QXBOMT": price lists sorted and saved in the real dialog.
+// Tests "QXBOMT": sorts and saves price lists in the real dialog.
 #include <cstdio>
 
 #include "tests/shell/module_program.h"
@@ -28,7 +28,7 @@ TEST_F(TemplateCommand, SortsAndKeepsWidthsAndTheLastFile) {
     EXPECT_THAT(read("filename.set"), testing::EndsWith("names.prc"));
 }
 
-/// The host's scripts, over the module's dialog.
+/// A script that does not fit the module's dialog is refused.
 TEST_F(TemplateCommand, IsNotDrivenByScriptsThatDoNotFit) {
     const std::string open = "QXBOMT\n@press \"Open\"\nnone.prc\n";
     const std::string alert = "\"File " + (folder_ / "none.prc").string() + " could  not be opened\"\n";
@@ -52,7 +52,7 @@ TEST_F(TemplateCommand, IsNotDrivenByScriptsThatDoNotFit) {
     }
 }
 
-/// Ways of a script that no other one goes.
+/// Uses the script actions that no other test uses.
 TEST_F(TemplateCommand, TakesKeysClicksAndAnswersOfAllKinds) {
     write("list.prc", "a|1|x\r\nb|2|y\r\n");
     write("taken.prc", "old");

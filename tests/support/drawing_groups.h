@@ -1,4 +1,4 @@
-// Drawings as text, built of their groups.
+// Builds drawings as text from their groups.
 #pragma once
 
 #include <algorithm>
@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-/// "0 LINE|8 walls|10 1.5" as the groups of a drawing, codes filled up with blanks to a width.
+/// "0 LINE|8 walls|10 1.5" as the groups of a drawing; codes are padded with blanks to a width.
 inline std::string groups(std::string_view text, size_t code_width = 0) {
     std::string bytes;
     while (!text.empty()) {

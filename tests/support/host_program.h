@@ -9,13 +9,13 @@
 
 namespace test_support {
 
-/// What a run of the program came to.
+/// The result of a run of the program.
 struct Outcome {
     unsigned long status = 0;
     std::string said;  ///< its standard error
 };
 
-/// A test with a folder of its own, which the program runs in; it goes with the test.
+/// A fixture with a folder in which the program runs; the folder is removed with the test.
 class HostProgram : public testing::Test {
   protected:
     HostProgram();
@@ -24,7 +24,7 @@ class HostProgram : public testing::Test {
     std::string read(const char* name) const { return folder_.read(name); }
     std::filesystem::path program_folder() const;
 
-    /// Waits for the program, whose watchdog ends a run that stalls. `arguments` are UTF-8.
+    /// Runs the program to its end; its watchdog ends a run that stalls. `arguments` are UTF-8.
     Outcome start(const std::string& arguments) const;
 
     TemporaryFolder folder_;

@@ -1,4 +1,4 @@
-// Tables of short texts for tests.
+// Splits short texts into tables for tests.
 #pragma once
 
 #include <string>

@@ -1,4 +1,4 @@
-// Files of a test's own.
+// A temporary folder for the files of a test.
 #pragma once
 
 #include <filesystem>
@@ -9,7 +9,7 @@
 
 namespace test_support {
 
-/// The bytes of a file; none when it cannot be read.
+/// The bytes of a file; empty when it cannot be read.
 inline std::string contents(const std::filesystem::path& path) {
     std::ifstream file(path, std::ios::binary);
     return {std::istreambuf_iterator<char>(file), {}};
@@ -18,7 +18,7 @@ inline std::string contents(const std::filesystem::path& path) {
 /// An empty folder, removed with all its contents.
 class TemporaryFolder {
   public:
-    /// `name` is a part of the folder's own, which no other test has, and no other run of this one.
+    /// `name` becomes a part of the folder's name, which is unique to this test and this run.
     explicit TemporaryFolder(const std::string& name)
         : path_(std::filesystem::temp_directory_path() / (name + '_' + std::to_string(std::random_device()()))) {
         std::filesystem::create_directories(path_);

@@ -28,9 +28,9 @@ TEST(RubberBand, FollowsThePointerInTheTablesProportions) {
     } cases[] = {
         {{12, -4}, "10,20 130,-4", 2.0},    // mostly vertical: 24 down is 120 wide
         {{30, 0}, "10,20 30,16", 1.0 / 3},  // equal distances count as horizontal
-        {{-20, 25}, "10,20 -20,14", 0.5},   // to the left: the frame's corner stays at the pointer
+        {{-20, 25}, "10,20 -20,14", 0.5},   // to the left: the corner of the frame follows the pointer
         {{11, 50}, "10,20 160,50", 2.5},    // upwards
-        {{10, 20}, "10,20 10,20", 1},       // back in its corner: as if it had not moved
+        {{10, 20}, "10,20 10,20", 1},       // back in its corner: the scale is 1, as before any move
     };
     for (const auto& c : cases) {
         const std::string before = printed(band.frame());

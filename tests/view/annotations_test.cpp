@@ -1,4 +1,4 @@
-// Dimensions, leaders, tolerances, tables and images: entities that are drawn from what they say.
+// Tests of entities that are drawn from their own data: dimensions, leaders, tolerances, tables and images.
 #include <gtest/gtest.h>
 
 #include "tests/view/described_list.h"

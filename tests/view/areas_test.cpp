@@ -14,7 +14,7 @@ TEST(Areas, ABlockBesideADrawingLeavesItHalfOfThePicture) {
         Vec2 drawing;
         Vec2 block;
         bool right;
-        double letters;  // in the picture, in pixels: at least
+        double letters;  // the least height of letters in the picture, in pixels
     };
     const Case cases[] = {
         {"three rows", {4000, 1500}, {70, 12}, false, 15},

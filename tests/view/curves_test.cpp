@@ -26,7 +26,7 @@ TEST(Arc, PassesThroughTheEndsAndTheTopOfABulge) {
         const Arc arc = bulge_arc(from, to, bulge);
         expect_near(from, arc.begin());
         expect_near(to, arc.end());
-        // The bulge is the height of the arc over half of its chord, to the right of it.
+        // The bulge is the height of the arc divided by half of its chord; the arc is to the right of the chord.
         const Vec2 top = from + (to - from) * 0.5 - (to - from).left() * (bulge / 2);
         expect_near(top, arc.at(arc.start + arc.sweep / 2));
     }
@@ -53,7 +53,7 @@ TEST(Arc, KeepsWithinTheToleranceAndTheBox) {
         furthest = std::max(furthest, nearest);
     }
     EXPECT_LE(furthest, 0.01);
-    EXPECT_GE(furthest, 0.001);  // and it is not cut into more chords than the tolerance asks for
+    EXPECT_GE(furthest, 0.001);  // it is not cut into more chords than the tolerance needs
     EXPECT_NEAR(box.low.x, seen.low.x, 1e-4);
     EXPECT_NEAR(box.high.x, seen.high.x, 1e-4);
     EXPECT_NEAR(box.low.y, seen.low.y, 1e-4);
@@ -98,7 +98,7 @@ TEST(Spline, RunsThroughInnerKnotsAndKeepsToItsRange) {
     expect_near({0, 0}, curve.at(-7).plan());
     expect_near({6, 0}, curve.at(7).plan());
     EXPECT_EQ(33U, curve.flatten().size());
-    // Any number missing, or knots out of order, and there is no curve.
+    // Where a number is missing, or knots are out of order, there is no curve.
     EXPECT_FALSE((Spline{3, {0, 0, 0, 1, 1, 1}, {{}, {}, {}, {}}, {}}).valid());
     EXPECT_FALSE((Spline{1, {0, 1, 0, 1}, {{}, {}}, {}}).valid());
     EXPECT_FALSE((Spline{2, {0, 0, 0, 1, 1, 1}, {{}, {}, {}}, {1}}).valid());

@@ -1,4 +1,4 @@
-// Small drawings for tests, and what their display lists show as text.
+// Builds small drawings for tests, and describes display lists as text.
 #pragma once
 
 #include <memory>
@@ -24,7 +24,7 @@ std::string layer(const std::string& name, int colour, int flags = 0);
 std::string described(const DisplayList& list);
 std::string described(const std::string& groups);
 
-/// Letters are boxes: each is 1 wide with its blank behind it, and half as wide as high.
+/// A typesetter whose letters are boxes, twice as high as wide; with the space behind it, a letter is 1 wide.
 class BoxLetters final : public Typesetter {
   public:
     const TextShape& shape(const TextItem& item, const FontFace&) override {

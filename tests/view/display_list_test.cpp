@@ -40,7 +40,7 @@ TEST(DisplayList, OfPolylines) {
         "------ fill 0,1 10,1 10,-1 0,-1\n"
         "------ fill 10,0 10,-1 11,-1 11,0\n"
         "------ fill 9,0 9,5 11,5 11,0\n"
-        // An old one; the frame of its spline is not seen.
+        // A POLYLINE; the frame of its spline is not seen.
         "------ strip 1,1 2,2 3,1\n"
         // A face with a hidden edge, and a mesh of 2 by 3 nodes closed across.
         "------ strip 0,0 5,0\n"
@@ -77,11 +77,11 @@ TEST(DisplayList, OfAreas) {
         // Lines at 45 degrees, three apart along y, around the hole.
         "------ strip 0,0 2,2\n"
         "------ strip 6,6 8,8\n"
-        // Dashes of 2 with gaps of 1 on the one line that passes.
+        // Dashes of 2 with gaps of 1 on the one line that crosses the area.
         "------ strip 0,3 2,3\n"
         "------ strip 3,3 5,3\n"
         "------ strip 6,3 8,3\n"
-        // An outline where there is no pattern.
+        // Without a pattern only the outline is drawn.
         "------ strip 0,0 8,0 8,8 0,8 0,0\n",
         described(entities("0 SOLID|8 0|10 0|20 0|11 4|21 0|12 0|22 3|13 4|23 3|"
                            "0 3DFACE|8 0|10 0|20 0|11 4|21 0|12 4|22 3|13 0|23 3|70 2|" +
@@ -117,7 +117,7 @@ TEST(DisplayList, OfHatchesByTheirStyle) {
     EXPECT_EQ(
         "------ fill 0,0 9,0 9,9 0,9 0,0 0,0 2,2 7,2 7,7 2,7 2,2 0,0\n"
         "------ fill 0,0 9,0 9,9 0,9 0,0\n"
-        // A gradient's mean, and a filled pattern without lines.
+        // The mean colour of a gradient, and a solid fill where the pattern has no lines.
         "2040c0 fill 0,0 9,0 9,9 0,9 0,0\n"
         "------ fill 0,0 9,0 9,9 0,9 0,0\n",
         described(entities(nested + "75 1|" + nested + "75 2|" + nested +
@@ -156,12 +156,12 @@ TEST(DisplayList, PlacesBlocks) {
     EXPECT_EQ(
         "------ strip 102,50 104,50\n"
         "------ arc 100,50 u 2,0 v 0,3 from 0 by 360\n"
-        // The pair's base point goes to its insertion point; mirrored within, and turned as a whole.
+        // The base point of PAIR falls on its insertion point; it is mirrored inside, and turned as a whole.
         "------ strip 5,6 5,7\n"
         "------ arc 5,5 u 0,1 v -1,0 from 0 by 360\n"
         "------ strip 6,7 7,7\n"
         "------ arc 5,7 u 1,0 v 0,-1 from 0 by 360\n"
-        // Through the back: x is mirrored in world coordinates.
+        // Seen from behind: x is mirrored in world coordinates.
         "------ strip -8,3 -9,3\n"
         "------ arc -7,3 u -1,0 v 0,1 from 0 by 360\n",
         described(flag + entities("0 INSERT|8 0|2 Flag|10 100|20 50|41 2|42 3|"
@@ -178,7 +178,7 @@ TEST(DisplayList, RepeatsArrays) {
         "------ dot -9,4\n------ text \"T\" left -9,5 x 1,0 y 0,1\n",
         described(dot + entities("0 INSERT|8 0|66 1|2 DOT|10 1|20 1|50 90|70 2|71 2|44 3|45 10|"
                                  "0 ATTRIB|8 0|10 1|20 2|40 1|1 T|2 TAG|70 0|0 SEQEND|8 0")));
-    // A count of 0 is 1; more copies than a screen has pixels are no burden.
+    // A count of 0 means 1. An array of more copies than a screen has pixels takes no more time.
     EXPECT_EQ("------ dot 1,1\n", described(dot + entities("0 INSERT|8 0|2 DOT|10 1|20 1|70 0|71 -5|44 3|45 3")));
     const DisplayList many =
         DisplayList::build(*drawing_of(dot + entities("0 INSERT|8 0|2 DOT|10 0|20 0|70 32767|71 32767|44 1|45 1")));
@@ -196,8 +196,7 @@ std::string times(size_t count, const std::string& groups) {
     return all;
 }
 
-/// How many entities are left out of a drawing that asks for more than there is, and whether the list kept to its
-/// limit.
+/// How many entities are left out of a drawing that needs more than the limits, and whether the list kept to them.
 std::string within_limits(const PictureLimits& limits, const std::string& groups, const std::string& before = "") {
     const auto drawing = drawing_of(before + entities(groups.substr(0, groups.size() - 1)));
     const DisplayList list = DisplayList::build(*drawing, DisplayList::Space::model, limits);
@@ -251,7 +250,7 @@ TEST(DisplayList, IsSharedByAllWhoLookAtOneState) {
     EXPECT_EQ(1U, begun->top.primitives.size());
 }
 
-/// An edit after which a list that was drawn before goes on, or is drawn anew.
+/// An edit, and whether the list that was drawn before it is continued or drawn anew.
 struct LaterEdit {
     const char* name;
     bool goes_on;
@@ -314,7 +313,7 @@ TEST(DisplayList, GoesOnWhereOnlyAdditionsWereMade) {
 }
 
 TEST(DisplayList, SeesTiltedBlocksFromAbove) {
-    // The block stands upright, facing -y: its x is the world's, its y the height; its own z comes towards us.
+    // The block stands upright and faces -y: its x is the world's x, its y the height, and its z points to -y.
     EXPECT_EQ("------ strip 1,-4 3,-4\n------ arc 1,-4 u 2,0 v 0,0 from 0 by 360\n",
               described(blocks(block("WALL",
                                      "0 LINE|8 0|10 0|20 0|30 3|11 2|21 5|31 3|"
@@ -329,7 +328,7 @@ TEST(DisplayList, ResolvesColoursOfLayersAndBlocks) {
                                     "0 POINT|8 BLUE|10 3|20 0|"       // its own layer's
                                     "0 POINT|8 BLUE|62 3|10 4|20 0|"  // its own
                                     "0 POINT|8 0|420 1193046|10 5|20 0");
-    // What follows a reference is coloured as what is inside of it.
+    // Entities that follow a reference are coloured as those inside of it.
     const std::string attributes =
         "0 ATTRIB|8 0|10 0|20 2|40 1|1 a|2 A|70 0|0 ATTRIB|8 0|62 0|10 0|20 2|40 1|1 b|2 B|70 0|"
         "0 ATTRIB|8 BLUE|10 0|20 2|40 1|1 c|2 C|70 0|0 SEQEND|8 0";
@@ -345,7 +344,8 @@ TEST(DisplayList, ResolvesColoursOfLayersAndBlocks) {
     EXPECT_EQ(
         "ff0000 dot 1,0\nff00ff dot 2,0\n0000ff dot 3,0\n00ff00 dot 4,0\n123456 dot 5,0\n"
         "0000ff dot 11,0\n0000ff dot 12,0\n0000ff dot 13,0\n00ff00 dot 14,0\n123456 dot 15,0\n"
-        // At the top: colour of layer 0, of no block, the 12th of the palette and one that there is not.
+        // At the top level: the colour of layer 0, BYBLOCK without a block, colour 12 of the palette, and a number that
+        // no colour has.
         "ffff00 dot 1,1\n------ dot 2,1\na50000 dot 3,1\n5b5b5b dot 4,1\n------ dot 5,1\n" +
             titles("0") + titles("0") + titles("9") + titles("0"),
         described(layers + blocks(parts + "|" + nested + "|" + titled) +
@@ -367,7 +367,8 @@ TEST(DisplayList, LeavesOutWhatIsNotShown) {
                                            "0 ATTDEF|8 ON|10 6|20 0|40 1|1 always|2 TAG|70 2"));
     EXPECT_EQ(
         "00ff00 dot 0,10\n00ff00 dot 1,10\n00ff00 text \"always\" left 6,10 x 1,0 y 0,1\n"
-        // A reference on a layer that is off: its layer 0 goes, the rest stays. On a frozen layer all goes.
+        // A reference on a layer that is off hides its entities of layer 0 and shows the rest. One on a frozen layer
+        // hides all.
         "00ff00 dot 1,20\n00ff00 text \"always\" left 6,20 x 1,0 y 0,1\n"
         "00ff00 text \"seen\" left 0,40 x 1,0 y 0,1\n"
         "00ff00 text \"TAG\" left 0,50 x 1,0 y 0,1\n",

@@ -8,7 +8,7 @@ namespace host {
 
 namespace {
 
-/// Where something was painted that is not the background.
+/// The box around all pixels that are not of the background.
 Box2 inked(DrawingFrame& frame) {
     FrameBitmap* const picture = frame.picture();
     Box2 box;
@@ -71,7 +71,7 @@ TEST_F(DrawingFrameTest, AnchorsAndFitsLines) {
 }
 
 TEST_F(DrawingFrameTest, SetsHebrewFromTheRight) {
-    // The first letter, a yod, is the short one: it must stand at the right end.
+    // The first letter, a yod, is the short one, and must be at the right end.
     frame.set_background(0xFFFFFF);
     const Box2 box = painted("0 TEXT|8 0|10 -150|20 0|40 60|1 \\U+05D9\\U+05DD\\U+05DD");
     FrameBitmap* const picture = frame.picture();

@@ -13,7 +13,7 @@ namespace host {
 
 namespace {
 
-/// The main window with a drawing of a square of 100 and a person's mouse.
+/// A fixture: the main window with a drawing of a square of 100 units, and a mouse.
 class DrawingPaneTest : public testing::Test {
   protected:
     DrawingPaneTest()
@@ -103,7 +103,7 @@ TEST_F(DrawingPaneTest, ComplementingVectorsUndoThemselves) {
     EXPECT_EQ(0U, shown_at(40, 15));
     InvalidateRect(view(), nullptr, FALSE);
     EXPECT_EQ(0xFFFFFFU, shown_at(50, 20)) << "they outlast being covered";
-    // Where two cross, or one crosses the drawing, the pixel turns back.
+    // Where two vectors cross, or one crosses the drawing, the pixel turns back.
     person_.draw_vector({50, 0, 0}, {50, 40, 0}, VectorOverlay::complement, false);
     EXPECT_EQ(0U, shown_at(50, 20));
     person_.draw_vector({50, 40, 0}, {50, 0, 0}, VectorOverlay::complement, false);
@@ -224,7 +224,7 @@ TEST_F(DrawingPaneTest, EndsASelectionWhereTheButtonIsLetGo) {
     EXPECT_EQ("20", answer(PointerGuide::Kind::pick_box));
     EXPECT_EQ("40 shift", answer(PointerGuide::Kind::box));
     EXPECT_EQ("none", answer(PointerGuide::Kind::pick_box));
-    // Not where the button goes up at once, nor at other questions.
+    // A selection does not end where the button goes up at once, nor at other questions.
     drag(pixel(20, 80), 0);
     EXPECT_EQ("20", answer(PointerGuide::Kind::pick_box));
     EXPECT_EQ("none", answer(PointerGuide::Kind::window));

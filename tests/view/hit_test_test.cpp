@@ -8,7 +8,7 @@ namespace host {
 
 namespace {
 
-/// A list whose entities are called by their place in the drawing from 0, and what is found in it.
+/// Finds entities in the list of a drawing, and names them by their place in the drawing, from 0.
 struct Finder {
     explicit Finder(const std::string& groups)
         : drawing(drawing_of(groups)), list(DisplayList::build(*drawing)), test(list) {}

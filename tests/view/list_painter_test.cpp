@@ -95,7 +95,7 @@ TEST(ListPainter, HidesWhatMasksCoverInTheOrderOfDrawing) {
 }
 
 TEST(ListPainter, ClipsReferencesToTheirBoundary) {
-    // Two corners in the block's coordinates doubled; the matrix halves them.
+    // The two corners are the block's coordinates times two; the matrix halves them.
     const std::string filter =
         "70 2|10 2|20 0|10 12|20 4|210 0|220 0|230 1|11 0|21 0|31 0|71 1|72 0|73 0|40 0.5|40 0|40 0|"
         "40 0|40 0|40 0.5|40 0|40 0|40 0|40 0|40 0.5|40 0|40 1|40 0|40 0|40 0|40 0|40 1|40 0|40 0|"

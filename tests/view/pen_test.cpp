@@ -1,4 +1,4 @@
-// Dashes along a line, and which linetype an entity has.
+// Tests of the dashes along a line, and of which linetype an entity has.
 #include "platform/host/view/pen.h"
 
 #include <gtest/gtest.h>
@@ -11,7 +11,7 @@ namespace host {
 
 namespace {
 
-/// The dashes of a line through points, from and to.
+/// The dashes of a line through points: where each begins and ends.
 std::string dashes(const std::vector<Vec2>& points, const LinePattern& pattern,
                    const Box2& area = {{-1e3, -1e3}, {1e3, 1e3}}) {
     std::vector<Vec2> ends;
@@ -25,7 +25,7 @@ std::string dashes(const std::vector<Vec2>& points, const LinePattern& pattern,
     return text;
 }
 
-/// The total length of the pattern of every line that is seen, in the drawing's order; 0 for a continuous one.
+/// The pattern length of each visible line, in the drawing's order; 0 for a continuous line.
 std::string patterns_of(const std::string& groups) {
     const DisplayList list = DisplayList::build(*drawing_of(groups));
     std::string text;

@@ -1,4 +1,4 @@
-// Whole drawings against the ink that their pictures had when somebody looked at them.
+// Compares the pictures of whole drawings with the ink that they had when somebody checked them by eye.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -27,7 +27,7 @@ constexpr int cell = 20;  // pixels
 constexpr int columns = 32;
 constexpr int rows = 24;
 
-/// For each cell of the picture the root of its share of ink in ninths, "." for none.
+/// For each cell of the picture, the square root of its share of ink in ninths; "." for none.
 std::string ink_of(const std::string& drawing) {
     const auto opened = dxf::Drawing::open(CORVANES_SOURCE_DIR "/" + drawing);
     const DisplayList list = DisplayList::build(**opened);
@@ -52,7 +52,7 @@ std::string ink_of(const std::string& drawing) {
     return ink;
 }
 
-/// The cells that differ by more than what rounding does at the edges of lines, marked with "!".
+/// The cells, those marked with "!" that differ by more than rounding at the edges of lines can explain.
 std::string differences(const std::string& measured, const std::string& stored) {
     std::string marks = measured;
     bool any = measured.size() != stored.size();

@@ -65,7 +65,7 @@ TEST(ProxyGraphics, AreReadPartByPart) {
         "ff0000 strip 0,0 2,0 2,2 0,0\n"
         "ff0000 text \"ab\" left 1,2 x 0,6 y -3,0\n"
         "ff0000 text \"\u05d0\" left 1,2 x 0,6 y -3,0 from right\n"
-        // Two points of a path, the second one's y like the first one's, with a bulge of 1.
+        // A path of two points with equal y and a bulge of 1.
         "ff0000 arc 1.5,1 u 0.5,0 v 0,0.5 from 180 by 180\n",
         described(layers +
                   entities(proxy(part(1, reals({0, 0, 0, 1, 1, 1})) + part(2, reals({5, 6, 0, 7}) + up) + half +
@@ -79,7 +79,7 @@ TEST(ProxyGraphics, AreReadPartByPart) {
                                  part(33, "0400102404000000000003C0FC000000000003C0FF000000000000004010")))));
 }
 
-TEST(ProxyGraphics, ThatAreNotWholeEndWhereTheyEnd) {
+TEST(ProxyGraphics, AreReadUpToWhereTheyAreCutOff) {
     const std::string line = part(6, word(2) + reals({0, 0, 0, 1, 1, 0}));
     const std::string cut = line.substr(0, line.size() - 8);
     for (const std::string& rest :

@@ -16,7 +16,7 @@ std::string two_bytes(size_t number) {
     return {static_cast<char>(number & 0xFF), static_cast<char>(number >> 8)};
 }
 
-/// A file of shapes, each with its name and what the pen does, numbered from 130.
+/// A shape file: each shape has a name and pen movements; the numbers begin at 130.
 std::string shape_file(const std::vector<std::pair<std::string, std::string>>& shapes) {
     std::string bytes = "AutoCAD-86 shapes V1.0\r\n\x1A" + two_bytes(130) + two_bytes(200) + two_bytes(shapes.size());
     std::string data;
@@ -36,7 +36,7 @@ const std::string every_kind =
                 {"CALLS", std::string("\x02\x08\x05\x05\x01\x07\x82", 7)},
                 {"ITSELF", std::string("\x10\x07\x87", 3)}});
 
-/// The shape in a drawing whose file lies in the folder.
+/// How a shape is drawn in a drawing whose shape file is in `folder`.
 std::string drawn(const std::filesystem::path& folder, const std::string& name) {
     const auto drawing = dxf::Drawing::from_bytes(
         groups("0 SECTION|2 TABLES|0 TABLE|2 STYLE|70 1|0 STYLE|2 |70 1|3 C:\\fonts\\parts.shx|0 ENDTAB|0 ENDSEC|"

@@ -13,13 +13,13 @@ SvgPicture svg_of(const std::string& groups, std::optional<uint64_t> most = {}) 
     return svg_picture(DisplayList::build(*drawing), *drawing, most);
 }
 
-/// The symbols and what stands in the space, without the head.
+/// The symbols and the elements of the space, without the head of the SVG.
 std::string elements_of(const SvgPicture& picture) {
     const size_t begin = picture.text.find("<defs>\n") + 7;
     return picture.text.substr(begin, picture.text.find("</svg>") - begin);
 }
 
-/// Blocks of which each holds ten of the one before.
+/// Blocks of which each holds ten references to the one before.
 std::string bomb(int levels) {
     std::string all = block("B0", "0 LINE|8 0|10 0|20 0|11 1|21 1");
     for (int level = 1; level <= levels; ++level) {

@@ -10,7 +10,7 @@ namespace host {
 
 namespace {
 
-/// "text" with what is not usual of it in brackets behind it.
+/// "text", and behind it in brackets what differs from a plain run.
 std::string told(const std::vector<TextRun>& runs) {
     std::string all;
     for (const TextRun& run : runs) {

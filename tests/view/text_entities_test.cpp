@@ -21,7 +21,7 @@ TEST(TextEntities, OfOneLineAreJustified) {
         "------ text \"Ab\" right 30,8 x 2,0 y 0,2\n"
         "------ text \"Ab\" left 30,9 x 2,0 y 0,2\n"
         "------ text \"Ab\" centre 30,9 x 2,0 y 0,2\n"
-        // Fit between two points, whatever rotation is said.
+        // Fit between two points; the rotation is ignored.
         "------ text \"Ab\" left 10,10 x 2,0 y 0,2 fit 10\n"
         // Turned by 90 degrees: the upper left corner is where the line's top is.
         "------ text \"Ab\" left 32,10 x 0,2 y -2,0\n",
@@ -35,11 +35,11 @@ TEST(TextEntities, OfOneLineLeaveWidthSlantAndMirroringOfTheStyleToNewText) {
         "------ text \"A\" left 1,1 x 2,0 y 0,2\n"
         // Slanted and backward, and upside down with its own width.
         "------ text \"A\" left 1,1 x -2,0 y 2,2\n"
-        // To the left, as programs write it.
+        // Slanted to the left, which programs write as 360 degrees less.
         "------ text \"A\" left 1,1 x 2,0 y -2,2\n"
         "------ text \"A\" left 1,1 x 6,0 y 0,-2\n"
         "------ text \"A\" left -1,1 x -2,0 y 0,2\n"
-        // Paragraphs have the style's.
+        // Paragraphs take them from the style.
         "------ text \"A\" left 1,-1 x 1,0 y 2,2\n",
         described(styles + entities("0 TEXT" + text + "0 TEXT" + text + "51 45|71 2|0 TEXT" + text + "51 315|0 TEXT" +
                                     text + "41 3|71 4|" + "0 TEXT" + text + "210 0|220 0|230 -1|0 MTEXT" +
@@ -81,7 +81,7 @@ TEST(TextEntities, OfParagraphsBreakAtTheirWidth) {
         "ff0000 text \"gamma\" left 0,-5.333 x 2,0 y 0,2\n"
         "ff0000 text \"extraordinarily\" left 0,-8.667 x 2,0 y 0,2\n"
         "------ text \"long\" left 0,-10.333 x 1,0 y 0,1\n"
-        // The long text comes in pieces, and a character of it in two.
+        // The long text is split into pieces, one of them within a character.
         "------ text \"piece after \xD7\xA9\" left 0,0 x 1,0 y 0,1\n",
         described(styles +
                   entities("0 MTEXT|8 0|10 0|20 0|40 1|41 16|1 {\\H2x;\\C1;alpha beta gamma extraordinarily} long|"
@@ -98,13 +98,14 @@ TEST(TextEntities, OfSeveralLooksStandBesideEachOther) {
         "------ text \"H\" left 2.017,-0.5 x 0.6,0 y 0,0.6 fit 1.008\n"
         "------ strip 2.017,-0.62 2.622,-0.62\n"
         "------ text \"HH\" left 2.017,-1.25 x 0.6,0 y 0,0.6 fit 2.017\n"
-        // In the middle and at the right of the text's width; the line below is as far off as its letters are high.
+        // Centred and at the right of the text's width; the distance to the line below follows from the height of its
+        // letters.
         "------ text \"H\" centre 5,-1 x 1,0 y 0,1\n"
         "------ text \"H\" right 10,-4.333 x 2,0 y 0,2\n"
         // A line of Hebrew goes on at the left.
         "ff0000 text \"12\" left 0.777,-1 x 1,0 y 0,1 from right fit 1.553\n"
         "------ text \"\xD7\xA9\" left 0,-1 x 1,0 y 0,1 from right fit 0.777\n"
-        // An empty line at the front takes its place.
+        // An empty first line takes its space.
         "------ text \"H\" left 0,-2.667 x 1,0 y 0,1\n"
         // Under a part of a line.
         "------ text \"H\" left -1.008,0 x 1,0 y 0,1 fit 1.008\n"
