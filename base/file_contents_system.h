@@ -26,7 +26,7 @@ class FileSource {
     FileSource& operator=(const FileSource&) = delete;
     virtual ~FileSource() = default;
     virtual Stamp stamp(std::error_code& error) const = 0;
-    /// As many bytes as there are from here on, at most `size`.
+    /// Reads what follows, at most `size` bytes; returns how many there were.
     virtual size_t read(char* to, size_t size, std::error_code& error) = 0;
 };
 

@@ -1,6 +1,6 @@
-// Converts DWG drawings to DXF: a line of JSON on standard input asks for each, one on standard output answers.
-//   {"dwg": FILE, "dxf": FILE that is not there yet}
-//   {"references": ..., ...} (inventory.mjs), or {"error": what is wrong with the drawing}, {"output": with the files}
+// Converts DWG drawings to DXF. For each, it reads a line of JSON from standard input and writes one to standard output:
+//   {"dwg": FILE, "dxf": FILE that does not exist yet}
+//   {"references": ..., ...} (inventory.mjs), {"error": what is wrong with the drawing}, or {"output": with the files}
 import fs from 'node:fs';
 import readline from 'node:readline';
 import { webcrypto } from 'node:crypto';
@@ -8,7 +8,7 @@ import { inventoryOf } from './inventory.mjs';
 import { writeDxf } from './dxf_output.mjs';
 import { Damaged, wholeReader } from './whole_reader.mjs';
 
-globalThis.crypto ??= webcrypto; // Node 18 has it here only, and the library asks for it as it is loaded
+globalThis.crypto ??= webcrypto; // Node 18 lacks the global, which the library uses while it is loaded
 const cad = await import('@node-projects/acad-ts');
 const WholeReader = wholeReader(cad);
 
@@ -26,10 +26,10 @@ function answerTo(line) {
     try {
         return convert(JSON.parse(line));
     } catch (error) {
-        if (error.syscall === 'write' || error.syscall === 'open') { // files, not what is in them
+        if (error.syscall === 'write' || error.syscall === 'open') { // a fault of the files, not of the drawing
             return { output: error.message };
         }
-        // The library's own words tell a person nothing.
+        // The library's own messages would not help a person.
         return { error: error instanceof Damaged ? `it is damaged (${error.message})` : 'it is damaged, cut short or of an unknown kind' };
     }
 }

@@ -1,9 +1,9 @@
-// Writes a drawing as text DXF in UTF-8. The groups are written here; which ones, the library says.
+// Writes a drawing as text DXF in UTF-8. The library decides which groups are written; this unit writes them.
 import fs from 'node:fs';
 
-const ENOUGH = 1 << 20; // characters that are kept before they go to the file
+const ENOUGH = 1 << 20; // characters that are collected before they are written to the file
 
-/** Values stand in a line each: a control character is a caret and a letter. */
+/** A value must be one line: each control character becomes a caret and a letter. */
 function inOneLine(text) {
     return text.replace(/[\x00-\x1f]/g, character => '^' + String.fromCharCode(character.charCodeAt(0) + 0x40));
 }
@@ -13,7 +13,7 @@ function real(value) {
     return /[.e]/.test(text) ? text : text + '.0';
 }
 
-/** Of flags too, which the library may hold as true and false. */
+/** Also for flags, which the library may hold as true and false. */
 function integer(value) {
     return typeof value === 'bigint' ? String(value) : String(Math.trunc(Number(value)) || 0);
 }
@@ -22,7 +22,7 @@ function hexadecimal(value) {
     return value.toString(16).toUpperCase();
 }
 
-/** How values are written, by the library's names of their types; text where it has none. */
+/** What writes a value, by the library's name for its type; without an entry it is written as text. */
 const FORMS = {
     Point3D: real, Double: real, ExtendedDataDouble: real,
     Byte: integer, Int16: integer, Int32: integer, Int64: integer, ExtendedDataInt16: integer, ExtendedDataInt32: integer,
@@ -30,7 +30,7 @@ const FORMS = {
     Bool: value => (value ? '1' : '0'),
 };
 
-/** The library's writer of groups, with a file behind it that takes whole records only. */
+/** The library's writer of groups, over a file that receives only whole records. */
 function groupWriter(cad, file) {
     const kinds = cad.GroupCodeValueType;
     return new class extends cad.DxfAsciiWriter {
@@ -38,7 +38,7 @@ function groupWriter(cad, file) {
         length = 0;
 
         write(code, value, map) {
-            if (value?.dimension) { // a point, which the library gives as if it were a number
+            if (value?.dimension) { // a point, which the library passes where a number belongs
                 this.writeVector(code, value, map);
             } else {
                 super.write(code, value, map);
@@ -73,7 +73,7 @@ function groupWriter(cad, file) {
             this.length += text.length;
         }
 
-        /** What is written after this mark can be taken back; before it, everything stays. */
+        /** Returns a mark: takeBack(mark) removes what was written after it. */
         mark() {
             if (this.length > ENOUGH) {
                 this.flush();
@@ -113,8 +113,8 @@ function spreadWidth(polyline) {
     }
 }
 
-/** Mends how the library's sections write entities: one that cannot be written is left out whole and told of, the end of
- *  attributes is written once, and a mesh with its faces. Returns what takes that back. */
+/** Mends how the library's sections write entities: one that cannot be written is left out whole and passed to `unwritten`, the
+ *  end of attributes is written once, and a mesh is written with its faces. Returns a function that undoes this. */
 function mendSections(cad, unwritten) {
     const sections = cad.DxfSectionWriterBase.prototype;
     const { writeEntity: write, _writePolyline: writePolyline } = sections;
@@ -122,7 +122,7 @@ function mendSections(cad, unwritten) {
     sections.writeEntity = function (entity) {
         const isEnd = entity instanceof cad.Seqend;
         if (isEnd && last instanceof cad.Seqend) {
-            return; // one stands among the attributes, and the library writes another behind them
+            return; // the attributes hold one already, and the library writes another behind them
         }
         last = entity;
         if (entity.attributes?.length > 0) {
@@ -154,7 +154,7 @@ function mendSections(cad, unwritten) {
     return () => Object.assign(sections, { writeEntity: write, _writePolyline: writePolyline });
 }
 
-/** The entities of a space in order; the library takes them from the front one by one, which an array does slowly. */
+/** The entities of a space in order. The library takes them from the front one by one, which is slow with an array. */
 class Queue {
     entities = [];
     taken = 0;

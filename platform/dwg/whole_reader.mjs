@@ -1,17 +1,17 @@
-// Reads a DWG drawing whole: every object that its map lists, each under its checksum.
+// Reads a DWG drawing whole: every object that its map lists, after checking the checksum of each.
 
 const SEED = 0xc0c1;
-const SECTION_COUNT = 0x15, MOST_SECTIONS = 64; // where the number stands, and far more than there are
+const SECTION_COUNT = 0x15, MOST_SECTIONS = 64; // the place of the number of sections, and far more sections than there are
 const PAGE_MAP = 0x41630e3b, SECTION_MAP = 0x4163003b; // types of pages
 const ATTRIBUTE = 2, REFERENCE = 7, ARRAY = 8; // types of objects
 
-/** The type's name in the counts of objects; undefined for one that nobody counts. */
+/** The name under which objects of a type are counted; other types are not. */
 const COUNTED = new Map([[REFERENCE, 'references'], [ARRAY, 'references'], [ATTRIBUTE, 'attributes']]);
 
 export class Damaged extends Error {}
 
 /** From 2004 on the maps of pages and sections are pages themselves: 20 bytes, the last four the checksum of these (with
- *  zeros there) and of the packed bytes behind them. What the library makes of a wrong map may have no end. */
+ *  zeros there) and of the packed bytes behind them. With a wrong map the library may never end. */
 function checkMaps(cad) {
     const { DwgLZ77AC18Decompressor: unpacker, DwgCheckSumCalculator: sums } = cad;
     const unpack = unpacker.decompress;
@@ -63,7 +63,7 @@ export function wholeReader(cad) {
             return document;
         }
 
-        /** R14 and 2000 begin with a short list of sections; the library believes any number in its place. */
+        /** Files of R14 and 2000 begin with a short list of sections. The library would take any number of them. */
         _readFileHeaderAC15(header, stream) {
             const count = new DataView(this._fileStream).getUint32(SECTION_COUNT, true);
             if (count > MOST_SECTIONS) {
@@ -80,8 +80,8 @@ export function wholeReader(cad) {
             }
         }
 
-        /** The library follows references from the header on, which loses what a broken chain does not lead to. The map
-         *  of objects names all. */
+        /** The library follows references from the header on, and so loses what is behind a broken one. The map of objects
+         *  lists all objects. */
         _readObjects() {
             const map = objectMap(cad, this._getSectionStream('AcDb:Handles').stream);
             const version = this._fileHeader.acadVersion;
@@ -94,7 +94,7 @@ export function wholeReader(cad) {
             const handles = new Set([...first, ...map.keys()]);
             const reader = new cad.DwgObjectReader(version, this._builder, stream, handles, map, this._document.classes);
             reader.read();
-            for (const template of this._builder.blockRecordTemplates) { // the library takes any object for these
+            for (const template of this._builder.blockRecordTemplates) { // the library accepts objects of any kind here
                 template.beginBlockHandle = this.handleOf(template.beginBlockHandle, cad.Block);
                 template.endBlockHandle = this.handleOf(template.endBlockHandle, cad.BlockEnd);
             }
@@ -111,7 +111,7 @@ export function wholeReader(cad) {
             return this._builder.templatesMap.get(handle)?.cadObject instanceof kind ? handle : null;
         }
 
-        /** An entity knows its block, also where the block's list or chain of entities lacks it. */
+        /** Adds to each block the entities that name it as their owner and are missing in its list or chain. */
         giveBlocksTheirEntities(document) {
             const placed = new Set();
             for (const block of document.blockRecords) {
@@ -145,7 +145,7 @@ export function wholeReader(cad) {
     };
 }
 
-/** Where each object stands, by handle: chunks of pairs of differences, each chunk under its checksum, until an empty one. */
+/** The place of each object, by handle. The map is in chunks of pairs of differences, each with its checksum; an empty one ends it. */
 function objectMap(cad, bytes) {
     const map = new Map();
     for (let at = 0, size = 0; size !== 2;) {
@@ -168,7 +168,7 @@ function objectMap(cad, bytes) {
     return map;
 }
 
-/** A number in groups of seven bits, of which the last byte gives `lastBits`, and with six a sign. */
+/** A number in groups of seven bits. The last byte gives `lastBits` of them; where that is six, its seventh bit is the sign. */
 function packed(bytes, at, lastBits) {
     let value = 0, factor = 1;
     while ((bytes[at] & 0x80) !== 0) {
@@ -180,7 +180,8 @@ function packed(bytes, at, lastBits) {
     return { value: value + (last & ((1 << lastBits) - 1)) * factor, negative: (last & 0x40) !== 0, next: at + 1 };
 }
 
-/** An object: its size in words of 15 bits, from version 2010 on the size of its handles, its bytes, its checksum. */
+/** Whether an object's checksum is right. An object is its size in words of 15 bits, from version 2010 on the size of its handles,
+ *  its bytes, and the checksum. */
 function hasItsChecksum(cad, bytes, offset, sizedHandles) {
     let at = offset, size = 0;
     for (let shift = 0, more = true; more; shift += 15, at += 2) {

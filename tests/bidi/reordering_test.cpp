@@ -102,10 +102,10 @@ std::string levels_of(std::string_view characters, bool left_to_right) {
 TEST(Reordering, LevelsByEachRule) {
     // Characters, their levels in a left-to-right line, and their levels in a right-to-left line.
     const char* const rows[] = {
-        // The first strong run keeps the base level, the other direction stands one higher; then all go up that run
-        // against their level.
+        // The first strong run has the base level, and the other direction one more. Then a run whose direction does
+        // not fit its level goes up by one.
         "==|a=0=2|A=1=1|aAaA=0101=2323|AaAa=1212=1212",
-        // Without a type: level 0, and the base level for the direction that went on.
+        // A character without a type has level 0, and the direction that goes on after it has the base level.
         "^=0=0|a^A=001=203|aA^Aa=01010=23012|Aa^aA=12001=12021",
         // A separator between two numbers of a kind joins them; no other does.
         "A1+1A=10001=12221|A1,1A=10001=12221|A%,%A=12221=12221|A1+A=1001=1221|A+1A=1001=1221",

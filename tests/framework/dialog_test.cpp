@@ -96,7 +96,7 @@ TEST(Dialog, ReturnPressesTheButtonThatHasTheFocus) {
     clicked.on_press = [&] { clicked.EndDialog(6); };
     owner.on_idle = [](CWnd& running) { type_key(*running.GetDlgItem(IDC_PRESS), VK_RETURN); };
     EXPECT_EQ(clicked.DoModal(), 6) << "a click gives the focus in the same way";
-    // Without a default button of its own, and with nothing before its one button.
+    // This dialog has no default button, and its one button is its first control.
     TestDialog dialog(&owner, IDD_ONE_BUTTON);
     dialog.on_press = [&] { dialog.EndDialog(7); };
     owner.on_idle = [](CWnd&) { ::PostMessageW(::GetFocus(), WM_KEYDOWN, VK_RETURN, 1); };

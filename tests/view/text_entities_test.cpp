@@ -107,7 +107,7 @@ TEST(TextEntities, OfSeveralLooksStandBesideEachOther) {
         "------ text \"\xD7\xA9\" left 0,-1 x 1,0 y 0,1 from right fit 0.777\n"
         // An empty first line takes its space.
         "------ text \"H\" left 0,-2.667 x 1,0 y 0,1\n"
-        // Under a part of a line.
+        // A rule under a part of a line.
         "------ text \"H\" left -1.008,0 x 1,0 y 0,1 fit 1.008\n"
         "------ text \"H\" left 0,0 x 1,0 y 0,1 fit 1.008\n"
         "------ strip 0,-0.2 1.008,-0.2\n",
