@@ -29,21 +29,26 @@ class Sha256 {
             gcry_md_write(sum_, bytes, size);
         }
     }
-    /// Empty when the library failed.
-    std::string hexadecimal() {
-        constexpr char digits[] = "0123456789abcdef";
-        std::string text;
-        const unsigned char* const sum = sum_ != nullptr ? gcry_md_read(sum_, GCRY_MD_SHA256) : nullptr;
-        for (unsigned i = 0; sum != nullptr && i < gcry_md_get_algo_dlen(GCRY_MD_SHA256); ++i) {
-            text += digits[sum[i] >> 4];
-            text += digits[sum[i] & 15];
-        }
-        return text;
+    /// The sum's bytes; empty when the library failed.
+    std::string bytes() {
+        const auto* const sum =
+            sum_ != nullptr ? reinterpret_cast<const char*>(gcry_md_read(sum_, GCRY_MD_SHA256)) : nullptr;
+        return sum != nullptr ? std::string(sum, gcry_md_get_algo_dlen(GCRY_MD_SHA256)) : std::string();
     }
 
   private:
     gcry_md_hd_t sum_ = nullptr;
 };
+
+std::string hexadecimal(const std::string& bytes) {
+    constexpr char digits[] = "0123456789abcdef";
+    std::string text;
+    for (const char byte : bytes) {
+        text += digits[static_cast<unsigned char>(byte) >> 4];
+        text += digits[byte & 15];
+    }
+    return text;
+}
 
 }  // namespace
 
@@ -58,8 +63,14 @@ std::optional<FileDigest> file_digest(const std::filesystem::path& path) {
         sum.add(block.data(), read);
         digest.size += read;
     }
-    digest.sha256 = file.eof() ? sum.hexadecimal() : std::string();
+    digest.sha256 = file.eof() ? hexadecimal(sum.bytes()) : std::string();
     return digest.sha256.empty() ? std::nullopt : std::optional(std::move(digest));
+}
+
+std::string sha256_of(std::string_view text) {
+    Sha256 sum;
+    sum.add(text.data(), text.size());
+    return sum.bytes();
 }
 
 }  // namespace base

@@ -1,7 +1,7 @@
 'use strict';
 // The page of a bill beside its drawing. Texts of the bill reach the page by textContent alone.
 const $ = (id) => document.getElementById(id);
-const data = JSON.parse($('data').textContent);
+const data = JSON.parse($('data').textContent); // report.json; without handles where the drawing is a picture
 const drawing = $('sheet').querySelector('svg');
 const picture = $('sheet').querySelector('img');
 const MONEY = ['price', 'total'];
@@ -195,8 +195,20 @@ class View {
 
 // ---- The bill ----
 
+/** A row for each kind of note: its line, and the references that it tells of: by their handles, or all of some blocks (where
+ * handles say nothing), or what has some blocks inside. */
+function notesOf({ notes, note_lines: lines }) {
+  const codes = [...new Set(notes.map((note) => note.code))];
+  return codes.map((code, number) => {
+    const told = notes.filter((note) => note.code === code);
+    const blocks = [...new Set(told.map((note) => note.block).filter((block) => block !== undefined))].sort();
+    return { text: lines[number], note: true, handles: told.flatMap((note) => note.handles ?? []),
+      blocks: code === 'unpriced' ? blocks : [], inside: code === 'nested' ? blocks : [] };
+  });
+}
+
 const billRows = data.rows.map((row, number) => ({ ...row, number, blocks: [row.block], inside: [] }));
-const notes = data.notes.map((note) => ({ ...note, note: true }));
+const notes = notesOf(data);
 const keys = Object.keys(data.columns);
 // `current` is the place of the current row in `shown`, `at` that of the reference in `found` that was gone to last; -1: none.
 const state = { marked: [], at: -1, sort: null, down: false, hidden: new Set(), shown: [], current: -1, found: [] };
@@ -205,12 +217,12 @@ let places;
 let view;
 
 function recallTicks() {
-  try { JSON.parse(localStorage.getItem(`bill ${data.key}`))?.forEach((block) => ticked.add(block)); } catch { /* nothing is kept here */ }
+  try { JSON.parse(localStorage.getItem(`bill ${data.drawing.sha256}`))?.forEach((block) => ticked.add(block)); } catch { /* nothing is kept here */ }
 }
 
 function tick(row, on) {
   ticked[on ? 'add' : 'delete'](row.block);
-  try { localStorage.setItem(`bill ${data.key}`, JSON.stringify([...ticked])); } catch { /* nothing is kept here */ }
+  try { localStorage.setItem(`bill ${data.drawing.sha256}`, JSON.stringify([...ticked])); } catch { /* nothing is kept here */ }
   render();
 }
 
@@ -530,8 +542,8 @@ function runsFromRight() {
 }
 
 function start() {
-  document.title = `${data.drawing} – bill of materials`;
-  $('title').textContent = data.drawing;
+  document.title = `${data.drawing.name} – bill of materials`;
+  $('title').textContent = data.drawing.name;
   if (runsFromRight()) $('bill').dir = 'rtl';
   $('money-choice').hidden = !keys.some((key) => MONEY.includes(key));
   $('column-list').append(...keys.map(columnChoice));

@@ -95,6 +95,9 @@ class BillWriter {
     }
 
     void write() {
+        if (!bill_.with_prices) {
+            hide_quoted_prices();
+        }
         std::vector<ReportCells> rows = bill_.rows;
         std::wstring sum;
         // Summary rows are dropped. They have no quantity, which tells them from a block with the summary's name; an
@@ -105,7 +108,11 @@ class BillWriter {
         }
         out_.raw("{\"schema\": ").number(schema_version).raw(",\n\"program\": \"").raw(program);
         out_.raw("\",\n\"drawing\": ");
-        write_source(bill_.drawing);
+        if (bill_.made_from.empty()) {
+            write_source(bill_.drawing);
+        } else {
+            out_.raw(bill_.made_from.front());
+        }
         out_.raw(",\n\"prices\": ");
         if (bill_.price_list) {
             write_source(*bill_.price_list);
@@ -117,20 +124,43 @@ class BillWriter {
         out_.raw(",\n\"rows\": ").array(rows, ",\n", [this](const ReportCells& row) { write_row(row); });
         out_.raw(",\n\"sum\": ");
         write_money(sum);
-        out_.raw(",\n\"notes\": ").array(bill_.notes, ",\n", [this](const Note& note) { write_note(note); });
-        out_.raw(",\n\"note_lines\": ").array(note_lines(bill_.notes), ",\n", [this](const std::wstring& line) {
-            out_.text(line);
-        });
+        write_list("notes", '{', bill_.notes, [this](const Note& note) { write_note(note); });
+        write_list("note_lines", '"', note_lines(bill_.notes), [this](const std::wstring& line) { out_.text(line); });
         out_.raw("}\n").flush();
     }
 
   private:
+    void hide_quoted_prices() {
+        for (Note& note : bill_.notes) {
+            if (note.code == NoteCode::partly_read_price) {
+                note.text = L"line " + std::to_wstring(note.line);
+            }
+        }
+    }
+
     void write_source(const BillSource& source) {
         out_.raw("{\"name\": ").text(source.name);
         if (!source.sha256.empty()) {
             out_.raw(", \"size\": ").number(source.size).raw(", \"sha256\": \"").raw(source.sha256).raw("\"");
         }
         out_.raw("}");
+    }
+
+    /// Writes a list of the bill's, behind what the drawing was made from gives for it: the items that begin so.
+    template <class Items, class Write>
+    void write_list(const char* name, char beginning, const Items& items, Write write) {
+        write_name(",\n", name);
+        const char* separator = "[";
+        for (std::size_t i = 1; i < bill_.made_from.size(); ++i) {
+            if (bill_.made_from[i].front() == beginning) {
+                out_.raw(std::exchange(separator, ",\n")).raw(bill_.made_from[i]);
+            }
+        }
+        for (const auto& item : items) {
+            out_.raw(std::exchange(separator, ",\n"));
+            write(item);
+        }
+        out_.raw(*separator == '[' ? "[]" : "]");
     }
 
     void write_columns() {

@@ -21,6 +21,9 @@ struct BillSource {
 
 struct Bill {
     BillSource drawing;
+    /// Of a drawing that was made from another file: what stands for that in `drawing`, and the notes on the making and
+    /// their lines for people, which come before those on the bill. Each a line of JSON. Empty for other drawings.
+    std::vector<std::string> made_from;
     std::optional<BillSource> price_list;
     std::vector<ReportCells> rows;  ///< as the report showed them, the summary row last
     bool with_prices = true;

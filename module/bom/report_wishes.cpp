@@ -6,6 +6,7 @@
 #include <dbmain.h>
 
 #include <filesystem>
+#include <fstream>
 #include <utility>
 
 #include "base/file_digest.h"
@@ -34,6 +35,17 @@ BillSource source_of(const std::filesystem::path& path) {
     return source;
 }
 
+std::vector<std::string> lines_of(const std::filesystem::path& path) {
+    std::ifstream file(path, std::ios::binary);
+    std::vector<std::string> lines;
+    for (std::string line; std::getline(file, line);) {
+        if (!line.empty()) {
+            lines.push_back(std::move(line));
+        }
+    }
+    return lines;
+}
+
 std::filesystem::path drawing_path() {
     const AcDbDatabase* const database = working_database();
     const wchar_t* path = nullptr;
@@ -44,7 +56,7 @@ std::filesystem::path drawing_path() {
 
 ReportWishes report_wishes() {
     return {environment_value(L"CORVANES_NOTES") == L"1", environment_value(L"CORVANES_DYNAMIC_NAMES") == L"1",
-            environment_value(L"CORVANES_JSON")};
+            environment_value(L"CORVANES_JSON"), environment_value(L"CORVANES_SOURCE")};
 }
 
 void print_notes(const ReportWishes& wishes, const BlockCount& count) {
@@ -56,7 +68,11 @@ void print_notes(const ReportWishes& wishes, const BlockCount& count) {
 }
 
 BillFile::BillFile(const ReportWishes& wishes) : path_(wishes.json_file) {
-    if (!path_.empty()) {
+    if (path_.empty()) {
+        return;
+    }
+    made_from_ = lines_of(wishes.source_file);
+    if (made_from_.empty()) {
         drawing_ = std::async(std::launch::async, source_of, drawing_path());
     }
 }
@@ -66,7 +82,10 @@ void BillFile::write(BlockCount&& count, MyCug2& grid) {
         return;
     }
     Bill bill;
-    bill.drawing = drawing_.get();
+    bill.made_from = std::move(made_from_);
+    if (bill.made_from.empty()) {
+        bill.drawing = drawing_.get();
+    }
     if (grid.price_list_attached()) {
         bill.price_list = source_of(report_options().price_list_path);
     }

@@ -16,6 +16,7 @@ struct ReportWishes {
     bool print_notes = false;    ///< CORVANES_NOTES=1: the notes at the command line, after counting
     bool dynamic_names = false;  ///< CORVANES_DYNAMIC_NAMES=1: dynamic blocks count under their true names
     std::wstring json_file;      ///< CORVANES_JSON=FILE: the bill and its notes as JSON, when the command ends
+    std::wstring source_file;    ///< CORVANES_SOURCE=FILE: Bill::made_from, a line an item
 
     bool any_notes() const { return print_notes || !json_file.empty(); }
 };
@@ -37,6 +38,7 @@ class BillFile {
 
   private:
     std::wstring path_;
+    std::vector<std::string> made_from_;
     std::future<BillSource> drawing_;
 };
 

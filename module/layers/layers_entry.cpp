@@ -1,10 +1,9 @@
-// The entry points that the operating system and the host call in this module, and its one command.
-#include <aced.h>
+// The entry point that the host calls in this module, and its one command.
 #include <afxwin.h>
+#include <aced.h>
 #include <rxdlinkr.h>
 
 #include "common/drawing_objects.h"
-#include "common/extension_module.h"
 #include "common/resource_scope.h"
 #include "layers/layers_dialog.h"
 
@@ -23,10 +22,6 @@ void layers_command() {
 
 }  // namespace
 
-extern "C" BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, LPVOID) {
-    return corvanes::extension_module().follow_library(instance, reason);
-}
-
 extern "C" AcRx::AppRetCode acrxEntryPoint(AcRx::AppMsgCode message, void* application) {
     if (message == AcRx::kInitAppMsg) {
         acrxDynamicLinker->unlockApplication(application);
@@ -35,8 +30,4 @@ extern "C" AcRx::AppRetCode acrxEntryPoint(AcRx::AppMsgCode message, void* appli
         acedRegCmds->removeGroup(command_group);
     }
     return AcRx::kRetOK;
-}
-
-extern "C" int acrxGetApiVersion() {
-    return 18;
 }

@@ -1,5 +1,5 @@
-// The entry points that the operating system and the host call in this module.
-#include <afxwin.h>
+// The entry point that the host calls in this module.
+#include <windows.h>
 #include <rxdefs.h>
 #include <rxdlinkr.h>
 #include <rxregsvc.h>
@@ -22,10 +22,6 @@ void initialise_application(void* application) {
 
 }  // namespace
 
-extern "C" BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, LPVOID) {
-    return corvanes::extension_module().follow_library(instance, reason);
-}
-
 extern "C" AcRx::AppRetCode acrxEntryPoint(AcRx::AppMsgCode message, void* application) {
     switch (message) {
         case AcRx::kInitAppMsg:
@@ -38,8 +34,4 @@ extern "C" AcRx::AppRetCode acrxEntryPoint(AcRx::AppMsgCode message, void* appli
             break;
     }
     return AcRx::kRetOK;
-}
-
-extern "C" int acrxGetApiVersion() {
-    return 18;
 }

@@ -120,11 +120,16 @@ TEST(BillJson, HoldsWhatWasShown) {
         "\"No entries in the price list (1 line): line 3\"]}\n");
     bill.with_prices = false;
     bill.price_list.reset();
-    EXPECT_THAT(
-        json_of(bill),
-        testing::HasSubstr(
-            "\"prices\": null,\n\"columns\": {\"block\": \"Block name\", \"quantity\": "
-            "\"Quantity\", \"description\": \"Description\"},\n\"rows\": [{\"block\": \"door\", \"price\": null"));
+    bill.notes = {{NoteCode::partly_read_price, L"line 4 \"7,5\" as 7.00", L"oak", {}, 4, 1}};
+    bill.made_from = {R"({"name": "a.dwg"})", R"({"code": "lost"})", R"("Lost")"};
+    EXPECT_EQ(json_of(bill),
+              "{\"schema\": 1,\n\"program\": \"Corvanes 1.0.0\",\n\"drawing\": {\"name\": \"a.dwg\"},\n"
+              "\"prices\": null,\n\"columns\": {\"block\": \"Block name\", \"quantity\": \"Quantity\", "
+              "\"description\": \"Description\"},\n\"rows\": [{\"block\": \"door\", \"price\": null, \"quantity\": 2, "
+              "\"description\": \"oak\\u0009\", \"total\": null, \"handles\": [\"1A\", \"FFFFFFFFFFFFFFFF\"]}],\n"
+              "\"sum\": null,\n\"notes\": [{\"code\": \"lost\"},\n{\"code\": \"partly-read-price\", "
+              "\"text\": \"line 4\", \"block\": \"oak\", \"line\": 4, \"number\": 1}],\n"
+              "\"note_lines\": [\"Lost\",\n\"Read in part (1 price): line 4\"]}\n");
 }
 
 }  // namespace

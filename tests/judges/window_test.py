@@ -170,6 +170,34 @@ class Window(DesktopTest):
         changed = [(old, new) for old, new in zip(SAMPLE.read_bytes().split(b"\n"), self.file.read_bytes().split(b"\n")) if old != new]
         self.assertEqual(changed, [(b"0", b"1")])
 
+    def test_page_shows_the_last_bill_of_this_drawing(self):
+        self.desktop.type("quit")
+        self.desktop.process.wait(timeout=20)
+        desktop = self.open("boxes.dxf", "--load", "Page.arx")
+        said = lambda: desktop.hear("\nCommand: ")
+        desktop.key("alt+f", "g")
+        self.assertIn("make a report first", said())
+        desktop.type("qxbomc")
+        desktop.key("Escape", title="^Open$")
+        desktop.hear("Select objects: ")
+        desktop.type("all")
+        desktop.key("Return")
+        desktop.key("alt+c", title="^BOM Report$")
+        said()
+        desktop.key("ctrl+a", "Delete")  # what is counted then is still in the bill
+        desktop.hear("4 found\nCommand: ")
+        desktop.key("alt+f", "g")
+        desktop.type("page", title="^Save page as$")
+        self.assertIn("page.html saved.", said())
+        page = (self.folder / "page.html").read_text(encoding="utf-8")
+        self.assertIn('"block": "box", "price": ', page)
+        self.assertIn('<svg xmlns="http://www.w3.org/2000/svg" width', page)
+        desktop.run("u")
+        desktop.type("open")
+        desktop.type("boxes.dxf", title="^Open drawing$")
+        said()
+        self.assertIn("make a report first", desktop.run("pageout"))
+
     def test_report_lights_the_references_of_its_row(self):
         desktop = self.desktop
         beside = lambda: [row[:4 * 140] for row in desktop.picture()]  # what the dialog leaves free

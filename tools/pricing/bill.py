@@ -23,15 +23,6 @@ def json_text(members):
     return ("{" + ",\n".join(f'"{name}": {value(held)}' for name, held in members.items()) + "}\n").encode("utf-8")
 
 
-def of_source(data, source, notes, note_lines):
-    """A report.json with another drawing's file as its source, and with notes that come first."""
-    bill = json.loads(data)
-    bill["drawing"] = source
-    bill["notes"] = notes + bill["notes"]
-    bill["note_lines"] = note_lines + bill["note_lines"]
-    return json_text(bill)
-
-
 def without_handles(data):
     """A report.json with its lists of handles emptied. Within texts every quotation mark has a backslash before it, so none ends
     the search early."""

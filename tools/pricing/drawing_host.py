@@ -11,31 +11,33 @@ import tempfile
 from failure import DRAWING, INTERNAL, NOTHING, OUTPUT, PRICES, Failure
 from interruption import waiting
 from references import why_none
-from report_page import MOST_ELEMENTS
 from windows_names import own_paths, windows_path
 
 
 SEEN_ANYWHERE = "7"  # white on black, and black on white
 STEP = 0.1  # seconds between two calls of who watches
-VECTORS = "drawing.svg"  # the drawing without the table, for the page; not there where it would have too many elements
+VECTORS = "drawing.svg"  # the drawing without the table, for the page; not there where a browser would be too long with it
 TABLE_PLACE = ("beside", "move beside-end", "pick beside-end")
 
 
 def price_script(work, prices, hide_prices):
-    return ["REGEN", "SVGOUT", windows_path(work.file(VECTORS)), str(MOST_ELEMENTS), "SETVAR", "ADDEDCOLOR", SEEN_ANYWHERE,
+    return ["REGEN", "SVGOUT", windows_path(work.file(VECTORS)), "Browser", "SETVAR", "ADDEDCOLOR", SEEN_ANYWHERE,
             "QXBOMC", windows_path(prices) if prices else "^C", "ALL", "",
             f'@tick "Show Price" {"off" if hide_prices else "on"}', f'@picture "{windows_path(work.file("dialog.png"))}"',
             '@press "Save to file"', windows_path(work.file("report.txt")), '@press "Insert"', *TABLE_PLACE,
             "SAVEAS", windows_path(work.file("drawing.dxf")), "PNGOUT", windows_path(work.file("drawing.png")),
+            "-PAGEOUT", windows_path(work.file("report.html")), windows_path(work.file(VECTORS)),
             "PNGDETAIL", "Last", windows_path(work.file("table.png")),
             "PNGDETAIL", "Most", windows_path(work.file("drawing-detail.png"))]
 
 
-def values_for(work, arguments):
-    """What the module is asked for beside its dialog, in the host's environment; without `work` a script names the JSON file."""
+def values_for(work, converted, arguments):
+    """What the module is asked for beside its dialog, in the host's environment; without `work` a script names the files."""
     values = {"CORVANES_NOTES": "1"}
     if work:
         values["CORVANES_JSON"] = windows_path(work.file("report.json"))
+    if converted:
+        values["CORVANES_SOURCE"] = windows_path(converted.told)
     return values | {"CORVANES_DYNAMIC_NAMES": "1"} if arguments.dynamic_names else values
 
 
@@ -64,7 +66,7 @@ class Host:
         self.session, self.drawing, self.path = session, drawing, path or drawing
         opened = [windows_path(self.path)] if drawing else []
         self.command = [os.path.join(root, "tools", "wine"), os.path.join(folder, "drawinghost.exe"), *opened,
-                        "--load", windows_path(os.path.join(folder, "Corvanes.arx"))]
+                        "--load", windows_path(os.path.join(folder, "Corvanes.arx")), "--load", "Page.arx"]
 
     def run(self, said, *options, watch=None, **values):
         """The exit status, and what the host said on standard error, which goes to the file `said` (no pipe: Wine's desktop,
@@ -94,7 +96,7 @@ class Host:
         if status != 0:
             raise self.failure(last_line(words))
 
-    def price(self, work, prices, arguments):
+    def price(self, work, prices, arguments, converted=None):
         """Makes the results in the work folder."""
         lines = [*price_script(work, prices, arguments.hide_prices), "QUIT"]
         with turn_of(self.session):
@@ -102,7 +104,7 @@ class Host:
                 script.write("\n".join(lines) + "\n")
             with open(work.file("host.log"), "w+b") as said:
                 status, words = self.run(said, "--script", windows_path(script.name), "--hidden", "--verbose",
-                                         **values_for(work, arguments))
+                                         **values_for(work, converted, arguments))
         if status != 0:
             raise self.pricing_failure(last_line(words), work, prices)
 

@@ -12,7 +12,6 @@ import subprocess
 import tempfile
 import time
 
-from bill import of_source
 from dwg_notes import notes_of
 from failure import DRAWING, INTERNAL, NOTHING, OUTPUT, Failure
 from inputs import dwg_mark
@@ -62,24 +61,19 @@ class Converted:
     """A DWG drawing that was converted to DXF in a folder of its own, with the notes for its bill."""
 
     def __init__(self, drawing, folder, converter):
-        self.source = source_of(drawing)
         os.mkdir(folder)
         self.path = os.path.join(folder, os.path.splitext(os.path.basename(drawing))[0] + ".dxf")
-        self.notes, self.note_lines = notes_of(converter.convert(drawing, self.path), self.path)
+        notes, self.note_lines = notes_of(converter.convert(drawing, self.path), self.path)
+        self.told = os.path.join(folder, "source")  # for the module's CORVANES_SOURCE
+        with open(self.told, "w", encoding="utf-8") as file:
+            for item in (source_of(drawing), *notes, *self.note_lines):
+                file.write(json.dumps(item, ensure_ascii=False) + "\n")
 
     def explained(self, failure):
         """A failure to price it, with the notes where there was nothing to report: what was lost may be the reason."""
         if failure.status != NOTHING:
             return failure
         return Failure(failure.status, "; ".join([str(failure), *self.note_lines]))
-
-    def tell(self, report):
-        """Makes the report.json of the DXF drawing name the DWG drawing, and hold its notes."""
-        with open(report, "r+b") as file:
-            data = of_source(file.read(), self.source, self.notes, self.note_lines)
-            file.seek(0)
-            file.write(data)
-            file.truncate()
 
 
 class Converter:

@@ -42,7 +42,7 @@ def build(session, progress):
 
 
 def build_locked(folder, log):
-    steps = [["cmake", "--build", os.path.join(folder, "windows"), "--target", "drawinghost", "corvanes", "layers"]]
+    steps = [["cmake", "--build", os.path.join(folder, "windows"), "--target", "drawinghost", "corvanes", "layers", "page"]]
     if not os.path.exists(os.path.join(folder, "windows", "build.ninja")):
         steps.insert(0, ["cmake", "--preset", "windows"])
     for step in steps:
@@ -86,10 +86,10 @@ def price_into(out, drawing, prices, arguments, session, progress):
             converted = convert(drawing, work, converter)
             session.wait()
             try:
-                Host(ROOT, session, drawing, converted and converted.path).price(work, prices, arguments)
+                Host(ROOT, session, drawing, converted and converted.path).price(work, prices, arguments, converted)
             except Failure as failure:
                 raise converted.explained(failure) if converted else failure
-        bill = complete(work, converted)
+        bill = complete(work)
         printed = contents(work.file(PRINTED[arguments.format]))
         if arguments.out != "-":
             work.deliver(RESULTS, (DETAIL,))

@@ -68,12 +68,13 @@ class Job:
         return self.converted.path if self.converted else self.item.path
 
     def script(self, prices, hide_prices):
+        source = windows_path(self.converted.told) if self.converted else ""
         return ["OPEN", windows_path(self.drawing), "SETENV", "CORVANES_JSON", windows_path(self.file("report.json")),
-                *price_script(self, prices, hide_prices), "CLOSE"]
+                "SETENV", "CORVANES_SOURCE", source, *price_script(self, prices, hide_prices), "CLOSE"]
 
     def deliver(self):
         """The bill, once all of its files are in their places."""
-        bill = complete(self, self.converted)
+        bill = complete(self)
         is_new = not os.path.isdir(self.out)
         work = WorkFolder(self.out)
         try:
@@ -145,7 +146,7 @@ class Pricing:
 
         with open(self.work.file("host.log"), "w+b") as said:
             status, words = Host(self.root, self.session).run(
-                said, "--script", windows_path(script.name), "--hidden", "--verbose", watch=take_finished, **values_for(None, self.arguments))
+                said, "--script", windows_path(script.name), "--hidden", "--verbose", watch=take_finished, **values_for(None, None, self.arguments))
         take_finished()
         return last_line(words) if status != 0 else None
 

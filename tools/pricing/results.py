@@ -3,9 +3,7 @@
 import os
 
 from bill import Bill, without_handles
-from drawing_host import VECTORS
 from failure import OUTPUT, Failure
-from report_page import page
 from work_folder import contents
 
 RESULTS = ("report.txt", "report.csv", "report.json", "report.html", "drawing.dxf", "dialog.png", "drawing.png", "table.png")
@@ -22,18 +20,12 @@ def convert(drawing, work, converter):
     return Converted(drawing, work.file("dwg"), converter)
 
 
-def complete(work, converted):
+def complete(work):
     """The bill of what the host made in the work folder, where nothing is missing from then on."""
     try:
-        if converted:
-            converted.tell(work.file("report.json"))
-        alive = os.path.exists(work.file(VECTORS))  # else nobody asks for the handles, which may be a million
-        data = contents(work.file("report.json"))
-        bill = Bill(data if alive else without_handles(data))
+        bill = Bill(without_handles(contents(work.file("report.json"))))  # which may be a million, and nobody asks for them
         with open(work.file("report.csv"), "wb") as file:
             file.write(bill.csv())
-        with open(work.file("report.html"), "wb") as file:
-            file.write(page(bill.members, contents(work.file(VECTORS if alive else "drawing.png")), alive))
     except OSError as error:
         raise Failure(OUTPUT, f"{work.out}: the results cannot be written ({error.strerror})") from None
     for name in RESULTS:

@@ -34,20 +34,6 @@ std::wstring read_message(const std::filesystem::path& folder) {
     return base::wide_from_utf8(text);
 }
 
-/// A folder of this call's own among the system's temporary files; empty when there can be none.
-std::filesystem::path make_folder() {
-    std::error_code error;
-    const std::filesystem::path parent = std::filesystem::temp_directory_path(error);
-    for (unsigned attempt = 0; attempt < 100 && !error; ++attempt) {
-        const std::wstring name = L"drawinghost-" + std::to_wstring(GetCurrentProcessId()) + L"-" +
-                                  std::to_wstring(GetTickCount64() + attempt);
-        if (std::filesystem::create_directory(parent / name, error)) {
-            return parent / name;
-        }
-    }
-    return {};
-}
-
 std::optional<int> run_windows_program(const std::wstring& program, const std::vector<std::filesystem::path>& files) {
     std::wstring line = L"\"" + program + L"\"";
     for (const std::filesystem::path& file : files) {
@@ -101,35 +87,25 @@ base::Result<ConvertedDrawing> ConvertedDrawing::convert(const std::filesystem::
         return base::Failure{dwg.wstring() + L": it is a DWG drawing, and " + variable +
                              L" names no program that converts it"};
     }
-    ConvertedDrawing made(make_folder(), dwg.stem());
-    if (made.folder_.empty()) {
+    ConvertedDrawing made(dwg.stem());
+    if (made.folder_.path().empty()) {
         return base::Failure{dwg.wstring() + L": there is no folder for temporary files"};
     }
     const std::optional<int> status =
-        run_converter(program, {std::filesystem::absolute(dwg), made.dxf_, made.folder_ / message_name});
+        run_converter(program, {std::filesystem::absolute(dwg), made.dxf_, made.folder_.path() / message_name});
     if (status == 0) {
         return made;
     }
-    const std::wstring message = read_message(made.folder_);
+    const std::wstring message = read_message(made.folder_.path());
     return base::Failure{dwg.wstring() + L": " +
                          (status && !message.empty() ? message : program + L" could not convert it")};
 }
 
-ConvertedDrawing::ConvertedDrawing(const std::filesystem::path& folder, const std::filesystem::path& name)
-    : folder_(folder), dxf_(folder / (name.wstring() + L".dxf")) {}
-
-ConvertedDrawing::ConvertedDrawing(ConvertedDrawing&& other) noexcept
-    : folder_(std::exchange(other.folder_, {})), dxf_(std::move(other.dxf_)) {}
-
-ConvertedDrawing::~ConvertedDrawing() {
-    std::error_code ignored;
-    if (!folder_.empty()) {
-        std::filesystem::remove_all(folder_, ignored);
-    }
-}
+ConvertedDrawing::ConvertedDrawing(const std::filesystem::path& name)
+    : dxf_(folder_.path() / (name.wstring() + L".dxf")) {}
 
 std::wstring ConvertedDrawing::notes() const {
-    return read_message(folder_);
+    return read_message(folder_.path());
 }
 
 }  // namespace host

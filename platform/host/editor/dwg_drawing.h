@@ -5,6 +5,7 @@
 #include <string>
 
 #include "base/result.h"
+#include "base/temporary_folder.h"
 
 namespace host {
 
@@ -20,18 +21,15 @@ class ConvertedDrawing {
     /// the system below, which begins with "/"). It is given the drawing, the DXF file to make, and a file for what it
     /// has to say in UTF-8: notes, or why its status is not 0. The reason names the drawing.
     static base::Result<ConvertedDrawing> convert(const std::filesystem::path& dwg);
-    ConvertedDrawing(ConvertedDrawing&& other) noexcept;
-    ConvertedDrawing& operator=(ConvertedDrawing&&) = delete;
-    ~ConvertedDrawing();
 
     const std::filesystem::path& dxf() const { return dxf_; }
     /// What was lost, in lines; empty for nothing.
     std::wstring notes() const;
 
   private:
-    explicit ConvertedDrawing(const std::filesystem::path& folder, const std::filesystem::path& name);
+    explicit ConvertedDrawing(const std::filesystem::path& name);
 
-    std::filesystem::path folder_;
+    base::TemporaryFolder folder_;
     std::filesystem::path dxf_;
 };
 

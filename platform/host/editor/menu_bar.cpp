@@ -34,6 +34,7 @@ constexpr Line lines[] = {
     {L"Save &As...\tCtrl+Shift+S", L"SAVEAS", 'S', true, true},
     {nullptr},
     {L"Export &picture...\tCtrl+P", L"PNGOUT", 'P', true},
+    {L"Export pa&ge...", L"PAGEOUT"},
     {L"Export S&VG...", L"SVGOUT"},
     {nullptr},
     {L"&Load module...", L"APPLOAD"},

@@ -9,12 +9,14 @@
 namespace host {
 namespace {
 
-/// The arguments answer; the person outside sees what happens.
+/// The arguments answer; the person outside sees what happens, and with CMDECHO 0 no more than problems.
 class ArgumentPerson final : public Person {
   public:
     /// An empty argument is Return.
     ArgumentPerson(std::deque<std::wstring> arguments, Person& outer)
-        : arguments_(std::move(arguments)), outer_(outer) {}
+        : arguments_(std::move(arguments)),
+          outer_(outer),
+          echoes_(editor().variables.get(L"CMDECHO") != VariableValue(0)) {}
 
     /// The next argument; cancel, and ran_out(), when there is none.
     Answer prompt(std::wstring_view, const PointerGuide&) override {
@@ -26,7 +28,11 @@ class ArgumentPerson final : public Person {
         arguments_.pop_front();
         return answer;
     }
-    void print(std::wstring_view text) override { outer_.print(text); }
+    void print(std::wstring_view text) override {
+        if (echoes_) {
+            outer_.print(text);
+        }
+    }
     void report(std::wstring_view problem) override {
         refused_ = true;
         outer_.report(problem);
@@ -46,6 +52,7 @@ class ArgumentPerson final : public Person {
   private:
     std::deque<std::wstring> arguments_;
     Person& outer_;
+    const bool echoes_;
     bool ran_out_ = false;
     bool refused_ = false;
 };

@@ -15,6 +15,7 @@ namespace {
 
 constexpr wchar_t zoom_keywords[] = L"All Extents Object Previous Window";
 constexpr int longest_input = 133;
+constexpr uint64_t most_of_browser = 100'000;  // elements that one opens in some 4 s
 
 void zoom_to_corner(DrawingPane& pane, const ads_point first) {
     ads_point second;
@@ -214,14 +215,20 @@ void save_vector_picture(Editor& editor) {
     }
     constexpr int positive = RSG_NOZERO | RSG_NONEG;
     ads_real most = 0;
-    acedInitGet(positive, nullptr);
-    const int answer = acedGetReal(L"\nEnter the largest number of elements <any>: ", &most);
-    if (answer != RTNORM && answer != RTNONE) {
-        return;
+    acedInitGet(positive, L"Browser");
+    switch (acedGetReal(L"\nEnter the largest number of elements or [Browser] <any>: ", &most)) {
+        case RTNORM:
+            write_vector_picture(editor, *document, static_cast<uint64_t>(std::min(most, 1e9)), *file);
+            break;
+        case RTKWORD:
+            write_vector_picture(editor, *document, most_of_browser, *file);
+            break;
+        case RTNONE:
+            write_vector_picture(editor, *document, std::nullopt, *file);
+            break;
+        default:
+            break;
     }
-    const auto elements =
-        answer == RTNORM ? std::optional<uint64_t>(static_cast<uint64_t>(std::min(most, 1e9))) : std::nullopt;
-    write_vector_picture(editor, *document, elements, *file);
 }
 
 /// The entity that was added last, so large that its letters can be read.

@@ -1,0 +1,13 @@
+// What every module is as a library: it joins the framework when it is loaded, and says which interface it was built for.
+// A source of each module, not of a library: the module exports it.
+#include <afxwin.h>
+
+#include "common/extension_module.h"
+
+extern "C" BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, LPVOID) {
+    return corvanes::extension_module().follow_library(instance, reason);
+}
+
+extern "C" int acrxGetApiVersion() {
+    return 18;
+}

@@ -1,0 +1,139 @@
+#include "page/page_command.h"
+
+#include <afxwin.h>
+#include <aced.h>
+#include <acutads.h>
+
+#include <filesystem>
+#include <optional>
+#include <string>
+
+#include "base/code_page.h"
+#include "base/file_contents.h"
+#include "base/replace_file.h"
+#include "base/temporary_folder.h"
+#include "common/extension_module.h"
+#include "common/file_question.h"
+#include "page/last_bill.h"
+#include "page/page_resource.h"
+#include "page/page_writer.h"
+
+namespace corvanes {
+namespace {
+
+using std::filesystem::path;
+
+std::string_view source(int number) {
+    const HINSTANCE module = extension_module().resource_handle();
+    const HRSRC found = FindResourceW(module, MAKEINTRESOURCEW(number), RT_RCDATA);
+    const HGLOBAL loaded = found != nullptr ? LoadResource(module, found) : nullptr;
+    return loaded != nullptr ? std::string_view(static_cast<const char*>(LockResource(loaded)), SizeofResource(module, found))
+                             : std::string_view();
+}
+
+/// What is not printed while it lives: what commands that this one runs have to say.
+class Quiet {
+  public:
+    Quiet() { was_read_ = acedGetVar(variable, &before_) == RTNORM && set(0); }
+    ~Quiet() {
+        if (was_read_) {
+            set(before_.resval.rint);
+        }
+    }
+    Quiet(const Quiet&) = delete;
+    Quiet& operator=(const Quiet&) = delete;
+
+  private:
+    static constexpr const wchar_t* variable = L"CMDECHO";
+
+    static bool set(short value) {
+        resbuf wanted{};
+        wanted.restype = RTSHORT;
+        wanted.resval.rint = value;
+        return acedSetVar(variable, &wanted) == RTNORM;
+    }
+
+    resbuf before_{};
+    bool was_read_ = false;
+};
+
+/// An SVG file, or of a drawing with too many parts for a browser a PNG file.
+std::optional<base::FileContents> read_picture(path file) {
+    auto picture = base::FileContents::read(file);
+    if (!picture && file.extension() == L".svg") {
+        picture = base::FileContents::read(file.replace_extension(L".png"));
+    }
+    return picture ? std::optional(*std::move(picture)) : std::nullopt;
+}
+
+std::optional<base::FileContents> picture_of_drawing() {
+    const base::TemporaryFolder folder;
+    const path file = folder.path() / L"drawing.svg";
+    const Quiet quiet;
+    acedCommand(RTSTR, L"SVGOUT", RTSTR, file.c_str(), RTSTR, L"Browser", RTNONE);
+    if (!std::filesystem::exists(file)) {
+        acedCommand(RTSTR, L"PNGOUT", RTSTR, path(file).replace_extension(L".png").c_str(), RTNONE);
+    }
+    return read_picture(file);
+}
+
+std::optional<std::wstring> ask_page_file() {
+    path proposal = acDocManagerPtr()->curDocument()->fileName();
+    proposal.replace_extension(L".html");
+    return ask_for_file(L"Save page as", proposal.wstring(), L"html", FileQuestion::new_file);
+}
+
+void write_page(const base::FileContents& bill, const base::FileContents& picture, const std::wstring& file) {
+    const std::string page = bill_page({source(IDR_PAGE_HTML), source(IDR_PAGE_STYLE), source(IDR_PAGE_SCRIPT)},
+                                       bill.bytes(), picture.bytes());
+    if (const base::WriteStatus written = base::replace_file(file, page)) {
+        acutPrintf(L"\n%s saved.", file.c_str());
+    } else {
+        acedAlert((L"File " + file + L" could not be written: " + base::wide_from_utf8(written.reason())).c_str());
+    }
+}
+
+/// The last bill; nothing after a line that says why.
+std::optional<base::FileContents> bill_to_show(const LastBill& last) {
+    if (acDocManagerPtr()->curDocument() == nullptr) {
+        acutPrintf(L"\nNo drawing is open.");
+        return std::nullopt;
+    }
+    auto bill = last.read();
+    if (!bill) {
+        acutPrintf(L"\nThe page shows the last bill, and this drawing has none yet: make a report first (QXBOMC).");
+    }
+    return bill;
+}
+
+}  // namespace
+
+void save_page(const LastBill& last) {
+    const auto bill = bill_to_show(last);
+    const auto file = bill ? ask_page_file() : std::nullopt;
+    if (!file) {
+        return;
+    }
+    if (const auto picture = picture_of_drawing()) {
+        write_page(*bill, *picture, *file);
+    } else {
+        acutPrintf(L"\nThere is no picture of the drawing, and so no page.");
+    }
+}
+
+void save_page_with_picture(const LastBill& last) {
+    const auto bill = bill_to_show(last);
+    const auto file = bill ? ask_page_file() : std::nullopt;
+    const auto shown = file ? ask_for_file(L"Picture of the drawing", L"", L"svg;png", FileQuestion::existing_file)
+                            : std::nullopt;
+    if (!shown) {
+        return;
+    }
+    if (const auto picture = read_picture(*shown)) {
+        write_page(*bill, *picture, *file);
+    } else {
+        acedAlert((L"File " + *shown + L" could not be read.").c_str());
+    }
+}
+
+}  // namespace corvanes

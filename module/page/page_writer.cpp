@@ -1,0 +1,106 @@
+#include "page/page_writer.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <map>
+
+#include "base/file_digest.h"
+
+namespace corvanes {
+namespace {
+
+using Parts = std::map<std::string_view, std::string>;
+
+std::string base64(std::string_view bytes) {
+    constexpr char digits[] = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
+    const auto byte = [bytes](std::size_t at) {
+        return at < bytes.size() ? std::uint32_t{static_cast<unsigned char>(bytes[at])} : 0;
+    };
+    std::string text;
+    text.reserve((bytes.size() + 2) / 3 * 4);
+    for (std::size_t at = 0; at < bytes.size(); at += 3) {
+        const std::uint32_t three = byte(at) << 16 | byte(at + 1) << 8 | byte(at + 2);
+        for (int shift = 18; shift >= 0; shift -= 6) {
+            text += digits[three >> shift & 63];
+        }
+    }
+    const std::size_t missing = (3 - bytes.size() % 3) % 3;
+    text.replace(text.size() - missing, missing, missing, '=');
+    return text;
+}
+
+/// What a policy calls a text of the page itself.
+std::string own(std::string_view text) {
+    return "'sha256-" + base64(base::sha256_of(text)) + "'";
+}
+
+/// The text between two marks, from the first one on; empty without them.
+std::string_view between(std::string_view text, std::string_view begin, std::string_view end) {
+    const std::size_t found = text.find(begin);
+    const std::size_t from = found + begin.size();
+    const std::size_t to = found == text.npos ? text.npos : text.find(end, from);
+    return to == text.npos ? std::string_view() : text.substr(from, to - from);
+}
+
+/// JSON as it may stand within an element: no text in it ends that. Within a text of JSON no quotation mark stands
+/// without a backslash before it, so that `member` is found where it is one.
+std::string for_script(std::string_view json, bool with_handles) {
+    constexpr std::string_view member = "\"handles\": [";
+    std::string text;
+    text.reserve(json.size());
+    std::size_t angle = json.find('<');
+    std::size_t handles = with_handles ? json.npos : json.find(member);
+    std::size_t at = 0;
+    while (angle != handles) {  // both are npos at the end
+        const std::size_t special = std::min(angle, handles);
+        text += json.substr(at, special - at);
+        if (special == angle) {
+            text += "\\u003c";
+            at = special + 1;
+            angle = json.find('<', at);
+        } else {
+            text += member;
+            at = std::min(json.find(']', special), json.size());
+            handles = json.find(member, at);
+        }
+    }
+    text += json.substr(at);
+    return text;
+}
+
+/// The HTML with the parts in their places. What stands in a part is no place.
+std::string filled(std::string_view html, const Parts& parts) {
+    std::string page;
+    for (std::size_t at = 0; at < html.size();) {
+        const std::size_t place = html.find("{{", at);
+        page += html.substr(at, place - at);
+        if (place == html.npos) {
+            break;
+        }
+        const std::string_view name = between(html.substr(place), "{{", "}}");
+        page += parts.at(name);
+        at = place + name.size() + 4;
+    }
+    return page;
+}
+
+}  // namespace
+
+std::string bill_page(const PageSources& sources, std::string_view bill, std::string_view drawing) {
+    const bool is_picture = drawing.starts_with("\x89PNG");
+    std::string styles = own(sources.style);
+    if (!is_picture) {
+        styles += " " + own(between(drawing, "<style>", "</style>"));
+    }
+    Parts parts;
+    parts["policy"] = "default-src 'none'; script-src " + own(sources.script) + "; style-src " + styles +
+                      (is_picture ? "; img-src data:" : "") + "; base-uri 'none'; form-action 'none'";
+    parts["style"] = sources.style;
+    parts["drawing"] = is_picture ? R"(<img alt="The drawing" src="data:image/png;base64,)" + base64(drawing) + "\">"
+                                  : std::string(drawing);
+    parts["data"] = for_script(bill, !is_picture);
+    parts["script"] = sources.script;
+    return filled(sources.html, parts);
+}
+
+}  // namespace corvanes
