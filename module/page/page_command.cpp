@@ -27,8 +27,9 @@ std::string_view source(int number) {
     const HINSTANCE module = extension_module().resource_handle();
     const HRSRC found = FindResourceW(module, MAKEINTRESOURCEW(number), RT_RCDATA);
     const HGLOBAL loaded = found != nullptr ? LoadResource(module, found) : nullptr;
-    return loaded != nullptr ? std::string_view(static_cast<const char*>(LockResource(loaded)), SizeofResource(module, found))
-                             : std::string_view();
+    return loaded != nullptr
+               ? std::string_view(static_cast<const char*>(LockResource(loaded)), SizeofResource(module, found))
+               : std::string_view();
 }
 
 /// What is not printed while it lives: what commands that this one runs have to say.
@@ -124,8 +125,8 @@ void save_page(const LastBill& last) {
 void save_page_with_picture(const LastBill& last) {
     const auto bill = bill_to_show(last);
     const auto file = bill ? ask_page_file() : std::nullopt;
-    const auto shown = file ? ask_for_file(L"Picture of the drawing", L"", L"svg;png", FileQuestion::existing_file)
-                            : std::nullopt;
+    const auto shown =
+        file ? ask_for_file(L"Picture of the drawing", L"", L"svg;png", FileQuestion::existing_file) : std::nullopt;
     if (!shown) {
         return;
     }

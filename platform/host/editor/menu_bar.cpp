@@ -194,12 +194,13 @@ void MenuBar::add_module_menus(HMENU bar, const Contents& contents) {
     }
 }
 
-/// Without the commands that the host's own menus have.
+/// Without the commands that the host's own menus have, and those whose "-" says that they ask at the command line.
 void MenuBar::add_group(HMENU bar, const CommandGroup& group) {
     HMENU menu = nullptr;
     for (const RegisteredCommand& command : group.commands) {
-        if (std::none_of(std::begin(lines), std::end(lines),
-                         [&](const Line& line) { return command_of(line.typed) == command.local_name; })) {
+        const bool is_typed = command.local_name.starts_with(L'-');
+        if (!is_typed && std::none_of(std::begin(lines), std::end(lines),
+                                      [&](const Line& line) { return command_of(line.typed) == command.local_name; })) {
             menu = menu != nullptr ? menu : add_popup(bar, as_caption(group.name));
             add_line(menu, as_caption(command.local_name), command.local_name);
         }

@@ -42,6 +42,7 @@ class ArgumentPerson final : public Person {
     }
     void show_selected(const std::vector<dxf::RecordId>& entities) override { outer_.show_selected(entities); }
     bool is_script() const override { return outer_.is_script(); }
+    bool has_typed_ahead() const override { return !arguments_.empty(); }
 
     bool ran_out() const { return ran_out_; }
     /// Something was reported: an argument was refused.
