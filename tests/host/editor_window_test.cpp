@@ -59,16 +59,24 @@ TEST(MainWindow, TellsWindowsWhetherItsSessionMayEnd) {
     }
 }
 
-TEST(MainWindow, OpensTheFilesThatAreDroppedOnIt) {
-    constexpr wchar_t names[] = L"Z:\\a b.dxf\0Z:\\\x5D0.DXF\0";
-    const auto drop = static_cast<HGLOBAL>(GlobalAlloc(GHND, sizeof(DROPFILES) + sizeof names));
+void drop_on(HWND window, std::wstring_view names) {
+    const auto drop = static_cast<HGLOBAL>(GlobalAlloc(GHND, sizeof(DROPFILES) + 2 * names.size() + 4));
     auto* const files = static_cast<DROPFILES*>(GlobalLock(drop));
     files->pFiles = sizeof *files;
     files->fWide = TRUE;
-    std::copy(std::begin(names), std::end(names), reinterpret_cast<wchar_t*>(files + 1));
+    std::copy(names.begin(), names.end(), reinterpret_cast<wchar_t*>(files + 1));
     GlobalUnlock(drop);
+    SendMessageW(window, WM_DROPFILES, reinterpret_cast<WPARAM>(drop), 0);
+}
+
+TEST(MainWindow, OpensTheFilesThatAreDroppedOnIt) {
+    using std::literals::operator""sv;
     MainWindow window;
-    SendMessageW(window.window(), WM_DROPFILES, reinterpret_cast<WPARAM>(drop), 0);
+    EnableWindow(window.window(), FALSE);  // as a dialog does
+    drop_on(window.window(), L"Z:\\late.dxf\0"sv);
+    EXPECT_FALSE(window.has_typed_ahead());
+    EnableWindow(window.window(), TRUE);
+    drop_on(window.window(), L"Z:\\a b.dxf\0Z:\\\x5D0.DXF\0"sv);
     EXPECT_EQ(window.wait_for_answer(L"").text, L"OPEN");
     EXPECT_EQ(window.wait_for_answer(L"").text + L"|", L"OPEN|") << "no command has asked for the first";
 }

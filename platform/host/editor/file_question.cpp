@@ -27,14 +27,13 @@ std::wstring first_extension(const std::wstring& extensions) {
     return extensions.substr(0, extensions.find(L';'));
 }
 
-bool is_file(const std::wstring& path) {
-    const DWORD attributes = GetFileAttributesW(path.c_str());
-    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
+bool is_there(const std::wstring& path) {
+    return GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES;
 }
 
-/// The path that a typed one stands for: a file that is there may do without an extension.
+/// The path that a typed one stands for: a file that is there may do without an extension, and a folder is none.
 std::wstring completed(const std::wstring& path, const FileQuestion& question) {
-    if (!question.new_file && is_file(path)) {
+    if (!question.new_file && is_there(path)) {
         return path;
     }
     const size_t name = path.find_last_of(L"\\/") + 1;
@@ -44,7 +43,7 @@ std::wstring completed(const std::wstring& path, const FileQuestion& question) {
 }
 
 bool may_replace(const std::wstring& path) {
-    if (GetFileAttributesW(path.c_str()) == INVALID_FILE_ATTRIBUTES) {
+    if (!is_there(path)) {
         return true;
     }
     const std::wstring text = path + L" already exists.\nDo you want to replace it?";

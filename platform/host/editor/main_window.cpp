@@ -2,6 +2,9 @@
 
 #include <shellapi.h>
 
+#include <algorithm>
+#include <vector>
+
 #include "platform/host/editor/status_text.h"
 #include "platform/host/editor/system_variables.h"
 #include "platform/host/view/hit_test.h"
@@ -259,14 +262,26 @@ void MainWindow::take_typed_line() {
     answer_ = Answer{typed.empty() ? Answer::return_only : Answer::line, typed};
 }
 
+/// Drawings come first, in whatever order the files are: a price list is for the drawing that is open then. While a
+/// dialog is up nothing is taken, for it would be done only when that is closed.
 void MainWindow::take_dropped(WPARAM drop) {
     auto* const files = reinterpret_cast<HDROP>(drop);
+    std::vector<std::wstring> typed;
     for (UINT file = 0; file < DragQueryFileW(files, UINT_MAX, nullptr, 0); ++file) {
         std::wstring path(DragQueryFileW(files, file, nullptr, 0), L'\0');
         DragQueryFileW(files, file, path.data(), static_cast<UINT>(path.size() + 1));
-        type(menu_->typed_by_file(path));
+        typed.push_back(menu_->typed_by_file(path));
     }
     DragFinish(files);
+    if (IsWindowEnabled(window_) == 0) {
+        MessageBeep(MB_OK);
+        return;
+    }
+    std::stable_partition(typed.begin(), typed.end(),
+                          [](const std::wstring& line) { return line.starts_with(L"OPEN\n"); });
+    for (const std::wstring& line : typed) {
+        type(line);
+    }
     SetForegroundWindow(window_);
 }
 
