@@ -124,8 +124,9 @@ def house_plan(fmt):
 
 
 def price_list():
+    """In UTF-8 behind its mark, which systems of every language read alike."""
     lines = (f"{name}|{price}|{description}\r\n" for name, price, description in PRICES)
-    return "".join(lines).encode("cp1255")
+    return "".join(lines).encode("utf-8-sig")
 
 
 def main(folder):

@@ -14,6 +14,7 @@ struct Help {
     const wchar_t* what;
 };
 
+// The host's commands, and those of the modules that come with it.
 constexpr Help of_commands[] = {
     {L"ABOUT", L"the program and its version"},
     {L"AI_SELALL", L"select all objects"},
@@ -24,7 +25,10 @@ constexpr Help of_commands[] = {
     {L"ERASE", L"erase objects"},
     {L"HELP", L"this list; also by F1"},
     {L"INSERT", L"insert a reference to a block"},
+    {L"LAYERS", L"switch, freeze and lock layers"},
     {L"OPEN", L"open a drawing"},
+    {L"PAGEOUT", L"save the last bill beside the drawing, as a page for browsers"},
+    {L"-PAGEOUT", L"the same, with a picture that was saved before"},
     {L"PAN", L"move the view; also by dragging with the middle mouse button"},
     {L"PNGDETAIL", L"save a picture of where most of the drawing is"},
     {L"PNGOUT", L"save a picture of the drawing"},
@@ -53,15 +57,22 @@ std::wstring line_of(const std::wstring& name, const std::wstring& what) {
     return L"\n" + name + (what.empty() ? L"" : L": ") + what;
 }
 
+/// Empty for a command that is not known here.
+std::wstring help_of(const std::wstring& name) {
+    const auto* const help = std::find_if(std::begin(of_commands), std::end(of_commands),
+                                          [&](const Help& entry) { return entry.command == name; });
+    return help == std::end(of_commands) ? L"" : help->what;
+}
+
 void print_help(Editor& editor) {
     for (const std::wstring& name : editor.processor.own_names()) {
-        const auto* const help = std::find_if(std::begin(of_commands), std::end(of_commands),
-                                              [&](const Help& entry) { return entry.command == name; });
-        person().print(line_of(name, help == std::end(of_commands) ? L"" : help->what));
+        person().print(line_of(name, help_of(name)));
     }
     for (const CommandGroup& group : editor.commands.groups()) {
         for (const RegisteredCommand& command : group.commands) {
-            person().print(line_of(command.local_name, L"a module's, of the group " + group.name));
+            const std::wstring what = help_of(command.local_name);
+            person().print(
+                line_of(command.local_name, what.empty() ? L"a module's, of the group " + group.name : what));
         }
     }
     for (const wchar_t* const line : of_keys) {
