@@ -1,8 +1,11 @@
-// The host's small interface functions: messages, system variables, well-known objects.
+// The host's small interface functions: messages, system variables, the implied selection, well-known objects.
 #include "acdocman.h"
 #include "acedads.h"
+#include "acedsel.h"
 #include "acui.h"
 #include "base/case_folding.h"
+#include "dbid.h"
+#include "platform/host/database/object_id.h"
 #include "platform/host/editor/editor.h"
 #include "platform/host/prompt/person.h"
 #include "platform/host/view/drawing_pane.h"
@@ -123,5 +126,22 @@ int acedSetVar(const ACHAR* sym, const struct resbuf* value) {
         return RTERROR;
     }
     editor().variable_was_set();
+    return RTNORM;
+}
+
+int acedSSSetFirst(const ads_name set, const ads_name) {
+    long length = 0;
+    if (set != nullptr && acedSSLength(set, &length) != RTNORM) {
+        return RTERROR;
+    }
+    std::vector<dxf::RecordId> records;
+    records.reserve(static_cast<size_t>(length));
+    for (long at = 0; at < length; ++at) {
+        ads_name entity;
+        acedSSName(set, at, entity);
+        records.push_back(host::address_of(AcDbObjectId().setFromOldId(entity[0])).number);
+    }
+    editor().selection.set(records);
+    host::person().show_selected(records);
     return RTNORM;
 }
