@@ -31,15 +31,25 @@ bool is_there(const std::wstring& path) {
     return GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES;
 }
 
-/// The path that a typed one stands for: a file that is there may do without an extension, and a folder is none.
+bool is_folder(const std::wstring& path) {
+    const DWORD attributes = GetFileAttributesW(path.c_str());
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+}
+
+/// The path that a typed one stands for. A file to be read may do without an extension; a folder's name may stand for
+/// the file beside it that has the usual one.
 std::wstring completed(const std::wstring& path, const FileQuestion& question) {
-    if (!question.new_file && is_there(path)) {
+    if (!question.new_file && is_there(path) && !is_folder(path)) {
         return path;
     }
     const size_t name = path.find_last_of(L"\\/") + 1;
     const bool has_one = path.find(L'.', name) != std::wstring::npos;
     const std::wstring extension = first_extension(question.extensions);
-    return has_one || extension.empty() || question.any_extension ? path : path + L"." + extension;
+    if (has_one || extension.empty() || question.any_extension) {
+        return path;
+    }
+    const std::wstring whole = path + L"." + extension;
+    return !question.new_file && is_folder(path) && !is_there(whole) ? path : whole;
 }
 
 bool may_replace(const std::wstring& path) {
@@ -92,11 +102,6 @@ bool can_be_name(const std::wstring& name) {
 std::wstring drawing_folder() {
     const Document* const document = editor().documents.document();
     return document != nullptr ? document->path().parent_path().wstring() : editor().settings.settings().folder;
-}
-
-bool is_folder(const std::wstring& path) {
-    const DWORD attributes = GetFileAttributesW(path.c_str());
-    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
 }
 
 struct DialogStart {
