@@ -1,5 +1,7 @@
 // Writes a drawing as text DXF in UTF-8. The library decides which groups are written; this unit writes them.
 import fs from 'node:fs';
+import { writeAttribute } from './attribute.mjs';
+import { writeMultiLeader } from './multileader.mjs';
 
 const ENOUGH = 1 << 20; // characters that are collected before they are written to the file
 
@@ -117,7 +119,7 @@ function spreadWidth(polyline) {
  *  end of attributes is written once, and a mesh is written with its faces. Returns a function that undoes this. */
 function mendSections(cad, unwritten) {
     const sections = cad.DxfSectionWriterBase.prototype;
-    const { writeEntity: write, _writePolyline: writePolyline } = sections;
+    const { writeEntity: write, _writePolyline: writePolyline, _writeMultiLeader, _writeTextEntity: writeText } = sections;
     let depth = 0, last = null;
     sections.writeEntity = function (entity) {
         const isEnd = entity instanceof cad.Seqend;
@@ -151,7 +153,18 @@ function mendSections(cad, unwritten) {
         }
         this._writeSeqend(end);
     };
-    return () => Object.assign(sections, { writeEntity: write, _writePolyline: writePolyline });
+    sections._writeMultiLeader = function (leader) {
+        writeMultiLeader(this._writer, leader);
+    };
+    sections._writeTextEntity = function (text, map) {
+        const isDefinition = text instanceof cad.AttributeDefinition;
+        if (isDefinition || text instanceof cad.AttributeEntity) {
+            writeAttribute(this._writer, text, isDefinition);
+        } else {
+            writeText.call(this, text, map);
+        }
+    };
+    return () => Object.assign(sections, { writeEntity: write, _writePolyline: writePolyline, _writeMultiLeader, _writeTextEntity: writeText });
 }
 
 /** The entities of a space in order. The library takes them from the front one by one, which is slow with an array. */

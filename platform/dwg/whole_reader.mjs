@@ -47,6 +47,7 @@ function keepDimensionBlocks(cad) {
 export function wholeReader(cad) {
     checkMaps(cad);
     keepDimensionBlocks(cad);
+    cad.Insert.prototype.applyAttributeTransform = () => {}; // attributes stand in the reference's space already
     return class WholeReader extends cad.DwgReader {
         found = { references: 0, attributes: 0 };
         counted = new Map(); // by handle

@@ -7,6 +7,7 @@ import { webcrypto } from 'node:crypto';
 globalThis.crypto ??= webcrypto;
 const library = new URL('../../platform/dwg/node_modules/@node-projects/acad-ts/dist/index.js', import.meta.url);
 const cad = await import(library.href);
+cad.Insert.prototype.applyAttributeTransform = () => {}; // the library would move attributes, which are in place already
 
 const [drawing, folder, ...versions] = process.argv.slice(2);
 const text = fs.readFileSync(drawing, 'utf8');
@@ -21,6 +22,11 @@ for (const version of versions) {
     }
     for (const [, handle, width] of text.matchAll(/LWPOLYLINE\n {2}5\n(\w+)\n(?:.*\n){1,14}? 43\n(.*)\n/g)) {
         document.tryGetCadObject(parseInt(handle, 16)).cadObject.constantWidth = Number(width); // which the library does not read
+    }
+    const said = new Map([...text.matchAll(/(?:ATTRIB|ATTDEF)\n {2}5\n(\w+)\n(?:(?! {2}[02]\n).*\n.*\n)*? {2}2\n(.*)\n 70\n(\d+)\n/g)]
+        .map(([, handle, tag, flags]) => [parseInt(handle, 16), { tag, flags: Number(flags) }]));
+    for (const entity of [...document.blockRecords].flatMap(block => [...block.entities])) {
+        [entity, ...entity.attributes ?? []].forEach(one => Object.assign(one, said.get(one.handle))); // nor these
     }
     document.header.codePage = codePage;
     document.header.version = cad.ACadVersion[version];
