@@ -45,8 +45,10 @@ bool compress(z_stream& stream, std::string& bytes, bool last, std::string& data
 /// smaller by more effort. Empty without memory.
 std::string compressed_rows(const Raster& pixels) {
     constexpr int quickly = 1;
+    constexpr int widest_window = 15;
+    constexpr int small_table = 5;  // a larger one takes longer to move than it saves
     z_stream stream{};
-    if (deflateInit(&stream, quickly) != Z_OK) {
+    if (deflateInit2(&stream, quickly, Z_DEFLATED, widest_window, small_table, Z_DEFAULT_STRATEGY) != Z_OK) {
         return {};
     }
     std::string data;
