@@ -12,6 +12,7 @@ constexpr unsigned enough_in_order = 64;
 constexpr dxf::RecordId widest_gap = 8;
 constexpr dxf::RecordId first_window = 256;  // each is twice as large as the one before: little is read in vain
 constexpr dxf::RecordId largest_window = 65536;
+constexpr size_t piece = 512;  // records that a thread takes at a time
 
 void read_insert(const dxf::Drawing& drawing, dxf::RecordId record, dxf::Insert& insert) {
     static const dxf::NumberFields<dxf::Insert> fields;
@@ -58,6 +59,7 @@ void Placements::read_ahead(dxf::RecordId begin) {
         next_ = std::make_shared<Window>();
     }
     next_->begin = begin;
+    next_->taken = 0;
     next_->by_record.resize(std::min(next_size_, drawing_.record_count() - begin));
     next_size_ = std::min(2 * next_size_, largest_window);
     const dxf::Drawing& drawing = drawing_;
@@ -66,6 +68,7 @@ void Placements::read_ahead(dxf::RecordId begin) {
 }
 
 void Placements::advance() {
+    read(drawing_, *next_);
     read_.get();
     read_ = {};
     std::swap(current_, next_);
@@ -85,10 +88,13 @@ void Placements::stop() {
 }
 
 void Placements::read(const dxf::Drawing& drawing, Window& window) {
-    for (size_t i = 0; i < window.by_record.size(); ++i) {
-        const dxf::RecordId record = window.begin + static_cast<dxf::RecordId>(i);
-        if (drawing.record(record).type == dxf::type_insert) {
-            read_insert(drawing, record, window.by_record[i]);
+    const size_t size = window.by_record.size();
+    for (size_t at = window.taken.fetch_add(piece); at < size; at = window.taken.fetch_add(piece)) {
+        for (size_t i = at; i < std::min(at + piece, size); ++i) {
+            const dxf::RecordId record = window.begin + static_cast<dxf::RecordId>(i);
+            if (drawing.record(record).type == dxf::type_insert) {
+                read_insert(drawing, record, window.by_record[i]);
+            }
         }
     }
 }

@@ -1,6 +1,8 @@
 // Placements, which tells where the INSERTs of a drawing stand, and reads ahead for who asks for all of them.
 #pragma once
 
+#include <atomic>
+#include <cstddef>
 #include <cstdint>
 #include <future>
 #include <memory>
@@ -27,17 +29,20 @@ class Placements {
     struct Window {
         dxf::RecordId begin = 0;
         std::vector<dxf::Insert> by_record;  ///< default ones of other records
+        std::atomic<size_t> taken = 0;       ///< how many of them some thread has read or is about to read
 
         bool holds(dxf::RecordId record) const { return record >= begin && record - begin < by_record.size(); }
     };
     using WindowPointer = std::shared_ptr<Window>;
 
+    /// Reads what of a window no other thread has taken.
     static void read(const dxf::Drawing& drawing, Window& window);
     /// Reads `record` into one_, unless the current window holds it.
     void go_to(dxf::RecordId record);
     bool follows_last(dxf::RecordId record) const;
     void read_ahead(dxf::RecordId begin);
-    /// Makes the window that was read ahead the current one, and has the one behind it read.
+    /// Makes the window that was read ahead the current one, when this thread and the other have read it to its end,
+    /// and has the one behind it read.
     void advance();
     void stop();
 
