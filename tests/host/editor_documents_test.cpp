@@ -99,5 +99,17 @@ TEST_F(Documents, BringTheirVariables) {
     EXPECT_EQ(read("a.dxf"), drawing);
 }
 
+TEST(UserSettings, ThatCannotBeWrittenAreKnownUntilTheEnd) {
+    const test_support::TemporaryFolder folder("settings");
+    UserSettings settings;
+    settings.use(folder.path());  // no file can be there
+    const auto open = [&settings](const wchar_t* path) {
+        return static_cast<bool>(settings.change([&](WindowSettings& known) { known.add_recent(path); }));
+    };
+    EXPECT_FALSE(open(L"first.dxf"));
+    EXPECT_TRUE(open(L"second.dxf")) << "it was said once";
+    EXPECT_THAT(settings.settings().recent, testing::ElementsAre(L"second.dxf", L"first.dxf"));
+}
+
 }  // namespace
 }  // namespace host

@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include <utility>
+
 #include "base/code_page.h"
 #include "base/file_contents.h"
 #include "base/replace_file.h"
@@ -31,8 +33,9 @@ void UserSettings::use(std::filesystem::path file) {
 }
 
 void UserSettings::read() {
-    const auto contents = base::FileContents::read(file_);
-    settings_ = contents ? read_window_settings(base::wide_from_utf8(contents->bytes())) : WindowSettings();
+    if (const auto contents = base::FileContents::read(file_)) {
+        settings_ = read_window_settings(base::wide_from_utf8(contents->bytes()));
+    }
 }
 
 base::Outcome<> UserSettings::change(const std::function<void(WindowSettings&)>& edit) {
@@ -49,8 +52,9 @@ base::Outcome<> UserSettings::change(const std::function<void(WindowSettings&)>&
     std::filesystem::create_directories(file_.parent_path(), error);
     const base::WriteStatus written =
         base::replace_file(file_, base::utf8_from_wide(format_window_settings(settings_)));
-    return written ? base::Outcome<>()
-                   : base::Failure{file_.wstring() + L": " + base::wide_from_utf8(written.reason())};
+    const bool is_news = !std::exchange(failed_, !written);
+    return written || !is_news ? base::Outcome<>()
+                               : base::Failure{file_.wstring() + L": " + base::wide_from_utf8(written.reason())};
 }
 
 }  // namespace host

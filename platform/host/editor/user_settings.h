@@ -9,8 +9,8 @@
 
 namespace host {
 
-/// Without a file nothing is remembered. A file that cannot be read counts as an empty one. Each change reads the file
-/// before it writes, so that hosts that run at once keep what the others remember.
+/// Without a file nothing is remembered; where it cannot be read, or not be written, no longer than the host runs. Each
+/// change reads the file before it writes, so that hosts that run at once keep what the others remember.
 class UserSettings {
   public:
     /// The user's file: $CORVANES_SETTINGS, else Corvanes\window.set in the user's folder for programs' data.
@@ -19,7 +19,7 @@ class UserSettings {
 
     /// As last read or written.
     const WindowSettings& settings() const { return settings_; }
-    /// The reason, when what was changed cannot be written.
+    /// The reason, when what was changed cannot be written, and the change before could.
     base::Outcome<> change(const std::function<void(WindowSettings&)>& edit);
 
   private:
@@ -27,6 +27,7 @@ class UserSettings {
 
     std::filesystem::path file_;
     WindowSettings settings_;
+    bool failed_ = false;  ///< the last time
 };
 
 }  // namespace host
