@@ -1,6 +1,7 @@
 // What every module is as a library: it joins the framework when it is loaded, and says which interface it was built
 // for. A source of each module, not of a library: the module exports it.
 #include <afxwin.h>
+#include <rxdefs.h>
 
 #include "common/extension_module.h"
 

@@ -32,7 +32,7 @@ std::string_view source(int number) {
                : std::string_view();
 }
 
-/// What is not printed while it lives: what commands that this one runs have to say.
+/// While it lives, commands that this one runs print nothing but problems.
 class Quiet {
   public:
     Quiet() { was_read_ = acedGetVar(variable, &before_) == RTNORM && set(0); }

@@ -212,6 +212,8 @@ TEST_F(DrawingCommands, OpenFilesThatHaveNoExtension) {
     fs::create_directory(folder_ / "a");
     run(L"open", {(folder_ / "a").wstring()});
     EXPECT_EQ(editor().documents.document()->path(), folder_ / "a.dxf") << "a folder is no drawing";
+    fs::create_directory(folder_ / "only");
+    EXPECT_THAT(run(L"open", {(folder_ / "only").wstring()}), HasSubstr(L"only: is a directory"));
 }
 
 TEST_F(DrawingCommands, SaveACopyOrTheDrawingItself) {
