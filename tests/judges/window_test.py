@@ -98,7 +98,7 @@ class Window(DesktopTest):
         desktop.key("alt+v", "i")  # while that waits
         self.assertIn("Resuming", desktop.hear("first corner: "))
         desktop.key("F1")
-        desktop.hear("QXBOMC")
+        desktop.hear("QXBOMC: in the menu, BOM > Report")
         desktop.key("ctrl+s", "F2")
         self.assertIn("*Cancel*", desktop.hear("Command: QSAVE"))
         desktop.hear("TEXTSCR\nCommand: ")

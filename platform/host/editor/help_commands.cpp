@@ -64,6 +64,12 @@ std::wstring help_of(const std::wstring& name) {
     return help == std::end(of_commands) ? L"" : help->what;
 }
 
+/// In the menu, or else among the commands.
+std::wstring place_of(const Editor& editor, const RegisteredCommand& command, const CommandGroup& group) {
+    const std::wstring place = editor.window != nullptr ? editor.window->menu().place_of(command.local_name) : L"";
+    return place.empty() ? L"a module's, of the group " + group.name : L"in the menu, " + place;
+}
+
 void print_help(Editor& editor) {
     for (const std::wstring& name : editor.processor.own_names()) {
         person().print(line_of(name, help_of(name)));
@@ -71,8 +77,7 @@ void print_help(Editor& editor) {
     for (const CommandGroup& group : editor.commands.groups()) {
         for (const RegisteredCommand& command : group.commands) {
             const std::wstring what = help_of(command.local_name);
-            person().print(
-                line_of(command.local_name, what.empty() ? L"a module's, of the group " + group.name : what));
+            person().print(line_of(command.local_name, what.empty() ? place_of(editor, command, group) : what));
         }
     }
     for (const wchar_t* const line : of_keys) {

@@ -49,6 +49,7 @@ class MainWindow {
     MainWindow& operator=(const MainWindow&) = delete;
 
     HWND window() const { return window_; }
+    const MenuBar& menu() const { return *menu_; }
     DrawingPane& pane() { return *pane_; }
     /// At a place that settings tell, or where the system puts it, within the screen.
     void show(const std::optional<WindowPlace>& wanted = std::nullopt);

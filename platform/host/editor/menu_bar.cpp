@@ -93,6 +93,16 @@ std::wstring as_caption(std::wstring name) {
     return name;
 }
 
+/// A line's caption without its marks and its key.
+std::wstring plain_caption(HMENU menu, int line) {
+    wchar_t caption[120] = L"";
+    GetMenuStringW(menu, static_cast<UINT>(line), caption, static_cast<int>(std::size(caption)), MF_BYPOSITION);
+    std::wstring text = caption;
+    text.resize(std::min(text.find_first_of(L"\t."), text.size()));
+    std::erase(text, L'&');
+    return text;
+}
+
 HMODULE library_of(const CommandGroup& group) {
     HMODULE library = nullptr;
     GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
@@ -234,6 +244,19 @@ std::wstring MenuBar::typed_by(UINT line) const {
     }
     const auto added = added_.find(line);
     return added == added_.end() ? std::wstring() : added->second;
+}
+
+std::wstring MenuBar::place_of(std::wstring_view command) const {
+    const HMENU bar = GetMenu(window_);
+    for (int at = 0; at < GetMenuItemCount(bar); ++at) {
+        const HMENU menu = GetSubMenu(bar, at);
+        for (int line = 0; line < GetMenuItemCount(menu); ++line) {
+            if (command_of(typed_by(GetMenuItemID(menu, line))) == command) {
+                return plain_caption(bar, at) + L" > " + plain_caption(menu, line);
+            }
+        }
+    }
+    return {};
 }
 
 std::wstring MenuBar::typed_by_file(const std::wstring& path) const {

@@ -33,6 +33,8 @@ class MenuBar {
     void update(const Contents& contents);
     /// What a line types (see TypedAhead::add); empty for none of this menu.
     std::wstring typed_by(UINT line) const;
+    /// Where a command is: "Menu > Line"; empty for one that no line types.
+    std::wstring place_of(std::wstring_view command) const;
     /// What a file that was dropped on the window types: a module's command that its menu names for such files, or
     /// OPEN.
     std::wstring typed_by_file(const std::wstring& path) const;
