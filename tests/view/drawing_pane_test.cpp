@@ -94,6 +94,21 @@ TEST_F(DrawingPaneTest, ShowsTheWholeDrawingAndWhatIsAddedToIt) {
     EXPECT_EQ(0U, shown_at(50, 50)) << "colour 7 goes with the background";
 }
 
+TEST_F(DrawingPaneTest, KeepsTheWholeDrawingInSightUntilSomebodyLooksCloser) {
+    const auto scale_in = [this](int width, int height) {
+        MoveWindow(window_.window(), 0, 0, width, height, TRUE);
+        run_messages();
+        return pane().view().pixels_per_unit();
+    };
+    const double usual = scale_in(600, 500);
+    EXPECT_GT(scale_in(1000, 800), usual * 1.3);
+    EXPECT_DOUBLE_EQ(scale_in(600, 500), usual);
+    ViewTransform closer = pane().view();
+    closer.zoom_about({10, 10}, 2);
+    pane().set_view(closer);
+    EXPECT_DOUBLE_EQ(scale_in(1000, 800), usual * 2);
+}
+
 TEST_F(DrawingPaneTest, ComplementingVectorsUndoThemselves) {
     const std::vector<COLORREF> before = screen();
     const Point from{10, 20, 0};

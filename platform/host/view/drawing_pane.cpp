@@ -142,6 +142,7 @@ void DrawingPane::tell(PaneEvent::Kind kind, POINT at, bool with_shift) const {
 
 void DrawingPane::resize(int width, int height) {
     frame_.resize(width, height);
+    fit_ = fit_ || fits_;
     drawn_.reset();
     invalidate();
 }
@@ -200,6 +201,7 @@ const DisplayList& DrawingPane::list() {
 void DrawingPane::set_view(const ViewTransform& view) {
     frame_.set_view(view);
     fit_ = false;
+    fits_ = false;
     if (pointer_) {
         drawn_.emplace(*pointer_, guide_, view);  // as the coming painting will draw it
     }
@@ -210,6 +212,7 @@ void DrawingPane::zoom_extents() {
     ViewTransform whole = view();
     whole.show(list().extents(), margin);
     set_view(whole);
+    fits_ = true;
 }
 
 void DrawingPane::remember_view() {

@@ -105,7 +105,8 @@ class DrawingPane final {
     std::function<bool(double)> list_watch_;
     DrawingFrame frame_{DrawingFrame::texts_in_motion};
     PaneContent shown_;
-    bool fit_ = true;  ///< to be seen whole at the next painting
+    bool fit_ = true;    ///< to be seen whole at the next painting
+    bool fits_ = false;  ///< is seen whole, and stays so in a window of another size
     std::deque<ViewTransform> earlier_;
     VectorOverlay vectors_;
     PointerGuide guide_;
