@@ -47,7 +47,7 @@ std::string_view between(std::string_view text, std::string_view begin, std::str
 std::string for_script(std::string_view json, bool with_handles) {
     constexpr std::string_view member = "\"handles\": [";
     std::string text;
-    text.reserve(json.size());
+    text.reserve(with_handles ? json.size() : 0);  // without them little is left
     std::size_t angle = json.find('<');
     std::size_t handles = with_handles ? json.npos : json.find(member);
     std::size_t at = 0;
