@@ -60,6 +60,13 @@ class SvgWriter {
         SvgFrame frame;
         double elements = 0;
     };
+    struct Reference {
+        const Instance& instance;
+        Surroundings inside;
+        const Symbol& symbol;
+        Affine2 placed;       ///< from the symbol to what holds the reference
+        double elements = 0;  ///< of all its copies
+    };
     /// A picture with all that its look depends on, beside the colours that elements inherit.
     struct Key {
         uint32_t picture;
@@ -89,6 +96,9 @@ class SvgWriter {
     void end_path(Content& content);
     void add_area(Content& content, const Primitive& primitive);
     void add_text(Content& content, const Primitive& primitive);
+    /// Nothing for one that shows nothing. Defines its symbol.
+    std::optional<Reference> reference_of(const Content& content, const Primitive& primitive);
+    bool has_too_many_references(const Content& space);
     void add_reference(Content& content, const Primitive& primitive);
     std::string array_of(const Content& content, const Instance& instance, const std::string& cell);
     std::string define(const std::string& elements, const Box2& box, int decimals);
@@ -216,27 +226,47 @@ void SvgWriter::add_text(Content& content, const Primitive& primitive) {
     content.elements += weight_of(item.text.size());
 }
 
-void SvgWriter::add_reference(Content& content, const Primitive& primitive) {
+std::optional<SvgWriter::Reference> SvgWriter::reference_of(const Content& content, const Primitive& primitive) {
     const Instance& instance = content.picture.instances[primitive.first];
     const Surroundings inside = content.around.inside(instance);
     const Symbol& symbol = symbol_of(instance.picture, inside);
     const Affine2 placed = content.frame.around(symbol.frame, instance.placement);
     if (symbol.elements == 0 || !inverse(placed)) {
-        return;
+        return std::nullopt;
     }
     const bool single = instance.repeats == Instance::once;
     const Repeats copies = single ? Repeats() : content.picture.repeats[instance.repeats];
-    const double elements = 1 + symbol.elements * copies.columns * copies.rows;
-    if (!most_ && in_space(content) && content.elements + elements > most_drawn) {
+    return Reference{instance, inside, symbol, placed, 1 + symbol.elements * copies.columns * copies.rows};
+}
+
+/// Adds up the elements of the references before any is written.
+bool SvgWriter::has_too_many_references(const Content& space) {
+    double elements = 0;
+    for (const Primitive& primitive : space.picture.primitives) {
+        if (primitive.kind == Primitive::Kind::instance && space.around.shows(primitive)) {
+            const auto reference = reference_of(space, primitive);
+            elements += reference ? reference->elements : 0;
+        }
+    }
+    return elements > static_cast<double>(*most_);
+}
+
+void SvgWriter::add_reference(Content& content, const Primitive& primitive) {
+    const auto reference = reference_of(content, primitive);
+    if (!reference) {
+        return;
+    }
+    if (!most_ && in_space(content) && content.elements + reference->elements > most_drawn) {
         ++left_out_;
         return;
     }
-    content.elements += elements;
+    content.elements += reference->elements;
+    const auto& [instance, inside, symbol, placed, elements] = *reference;
     std::string& text = content.text;
     text += "<use";
     append_svg_attribute(text, "class", looks_.of_reference(primitive.entity, inside.ink, inside.layer_ink));
     append_data_of(text, primitive.entity);
-    if (single) {
+    if (instance.repeats == Instance::once) {
         append_svg_attribute(text, "href", symbol.target);
         append_svg_attribute(text, "transform", svg_matrix(placed));
     } else {
@@ -330,6 +360,9 @@ SvgPicture SvgWriter::write() {
     Surroundings around = list_.surroundings;
     around.layer_ink = Ink::by_block_layer();  // which the group around everything gives
     Content content(list_.top, around, space_frame(view_));
+    if (most_ && 2 * list_.top.instances.size() > *most_ && has_too_many_references(content)) {
+        return {{}, *most_ + 1, 0};
+    }
     add_all(content);
     const auto elements = static_cast<uint64_t>(std::min(content.elements, 1e18));
     if (too_much(content)) {
