@@ -108,7 +108,7 @@ TEST(SvgWriter, LeavesOutWhatWouldTakeTooLong) {
     EXPECT_LT(cut.text.size(), 50'000U);
     EXPECT_EQ("", svg_of(bomb(4), 21111).text);
     EXPECT_EQ(std::pair(true, false),
-              std::pair(has_more_references(*drawing_of(bomb(4)), 0), has_more_references(*drawing_of(bomb(4)), 1)));
+              std::pair(has_more_elements(*drawing_of(bomb(4)), 1), has_more_elements(*drawing_of(bomb(4)), 2)));
     EXPECT_EQ(whole.text, svg_of(bomb(4), 21112).text);
     EXPECT_EQ("", svg_of(bomb(40), 1'000'000).text);
     EXPECT_NE("", svg_of(blocks("0 ENDBLK")).text);

@@ -20,12 +20,14 @@ VECTORS = "drawing.svg"  # the drawing without the table, for the page; not ther
 TABLE_PLACE = ("beside", "move beside-end", "pick beside-end")
 
 
-def price_script(work, prices, hide_prices):
+def price_script(work, prices, hide_prices, following=None):
+    """The lines that price the open drawing. The host begins to read the drawing `following` when it only has pictures left to make."""
+    ahead = ["READAHEAD", windows_path(following)] if following else []
     return ["REGEN", "SVGOUT", windows_path(work.file(VECTORS)), "Browser", "SETVAR", "ADDEDCOLOR", SEEN_ANYWHERE,
             "QXBOMC", windows_path(prices) if prices else "^C", "ALL", "",
             f'@tick "Show Price" {"off" if hide_prices else "on"}', f'@picture "{windows_path(work.file("dialog.png"))}"',
             '@press "Save to file"', windows_path(work.file("report.txt")), '@press "Insert"', *TABLE_PLACE,
-            "SAVEAS", windows_path(work.file("drawing.dxf")), "PNGOUT", windows_path(work.file("drawing.png")),
+            "SAVEAS", windows_path(work.file("drawing.dxf")), *ahead, "PNGOUT", windows_path(work.file("drawing.png")),
             "-PAGEOUT", windows_path(work.file("report.html")), windows_path(work.file(VECTORS)),
             "PNGDETAIL", "Last", windows_path(work.file("table.png")),
             "PNGDETAIL", "Most", windows_path(work.file("drawing-detail.png"))]

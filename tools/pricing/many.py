@@ -18,6 +18,7 @@ from work_folder import WorkFolder
 
 BATCH = 256  # drawings that one run of the host prices
 CONVERTED = 16  # of them DWG, since their DXF takes room on the disk
+MOST_AHEAD = 16 << 20  # bytes of a drawing that is read while the one before it is in memory
 WORST_FIRST = (INTERNAL, OUTPUT, PRICES, DRAWING, NOTHING)
 
 
@@ -67,10 +68,11 @@ class Job:
         """The file that the host opens."""
         return self.converted.path if self.converted else self.item.path
 
-    def script(self, prices, hide_prices):
+    def script(self, prices, hide_prices, following):
         source = windows_path(self.converted.told) if self.converted else ""
+        ahead = following.drawing if following and os.path.getsize(following.drawing) <= MOST_AHEAD else None
         return ["OPEN", windows_path(self.drawing), "SETENV", "CORVANES_JSON", windows_path(self.file("report.json")),
-                "SETENV", "CORVANES_SOURCE", source, *price_script(self, prices, hide_prices), "CLOSE"]
+                "SETENV", "CORVANES_SOURCE", source, *price_script(self, prices, hide_prices, ahead), "CLOSE"]
 
     def deliver(self):
         """The bill, once all of its files are in their places."""
@@ -134,7 +136,9 @@ class Pricing:
         """Prices and delivers jobs from the front of the list until the host ends; its last words when it failed."""
         hidden = self.arguments.hide_prices
         with open(self.work.file("host.scr"), "w", encoding="utf-8") as script:
-            script.write("\n".join(line for job in jobs for line in job.script(self.prices, hidden)) + "\nQUIT\n")
+            following = [*jobs[1:], None]
+            lines = [line for job, after in zip(jobs, following) for line in job.script(self.prices, hidden, after)]
+            script.write("\n".join([*lines, "QUIT"]) + "\n")
         taken = len(jobs)
 
         def take_finished():

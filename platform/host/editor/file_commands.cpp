@@ -46,13 +46,20 @@ std::optional<std::wstring> ask_target(const Document& document) {
     return ask_file_name({L"Save drawing as", document.name_to_save().wstring(), L"dxf", true, false});
 }
 
+std::optional<std::wstring> ask_drawing(const wchar_t* title) {
+    return ask_file_name({title, L"", L"dxf;dwg", false, false});
+}
+
 void open_drawing(Editor& editor) {
-    if (!may_leave_drawing(editor)) {
-        return;
-    }
-    const std::optional<std::wstring> file = ask_file_name({L"Open drawing", L"", L"dxf;dwg", false, false});
+    const auto file = may_leave_drawing(editor) ? ask_drawing(L"Open drawing") : std::nullopt;
     if (file) {
         succeeded(editor.documents.open(*file));
+    }
+}
+
+void begin_to_open_drawing(Editor& editor) {
+    if (const auto file = ask_drawing(L"Drawing to be opened next")) {
+        editor.documents.begin_to_open(*file);
     }
 }
 
@@ -147,6 +154,7 @@ bool may_end_session(Editor& editor) {
 void add_file_commands(Editor& editor) {
     editor.add_command(L"CLOSE", close_drawing);
     editor.add_command(L"OPEN", open_drawing);
+    editor.add_command(L"READAHEAD", begin_to_open_drawing);
     editor.add_command(L"QSAVE", save_drawing_quickly);
     editor.add_command(L"QUIT", [](Editor& leaving) { leaving.quit_requested = may_leave_drawing(leaving); });
     editor.add_command(L"SAVE", save_drawing_or_copy);

@@ -34,6 +34,7 @@ constexpr Help of_commands[] = {
     {L"PNGOUT", L"save a picture of the drawing"},
     {L"QSAVE", L"save the drawing"},
     {L"QUIT", L"leave the program"},
+    {L"READAHEAD", L"begin to read the drawing that is opened next, while other commands run"},
     {L"REDRAW", L"draw the view anew"},
     {L"REGEN", L"draw the view anew"},
     {L"SAVE", L"save the drawing, or a copy of it under another name"},

@@ -186,7 +186,7 @@ base::Outcome<> save_svg(const SvgPicture& picture, const std::wstring& file) {
 void write_vector_picture(Editor& editor, const Document& document, std::optional<uint64_t> most_elements,
                           const std::wstring& file) {
     SvgPicture picture;
-    if (!most_elements || !has_more_references(document.drawing(), *most_elements)) {
+    if (!most_elements || !has_more_elements(document.drawing(), *most_elements)) {
         const std::shared_ptr<const DisplayList> list = list_for_picture(editor, document);
         editor.say_left_out(document.drawing(), *list);
         picture = svg_picture(*list, document.drawing(), most_elements);

@@ -394,16 +394,19 @@ SvgPicture svg_picture(const DisplayList& list, const dxf::Drawing& drawing, std
     return SvgWriter(list, drawing, view, most_elements).write();
 }
 
-bool has_more_references(const dxf::Drawing& drawing, uint64_t most_elements) {
+bool has_more_elements(const dxf::Drawing& drawing, uint64_t most_elements) {
     const LayerStates layers(drawing);
-    uint64_t references = 0;
+    uint64_t elements = 0;
     for (const dxf::RecordId id : drawing.entities()) {
         const dxf::Record& record = drawing.record(id);
         const bool drawn =
             !record.is(dxf::Record::erased) && !record.is(dxf::Record::paper_space) && !layers.of(record.layer).frozen;
-        references += record.type == dxf::type_insert && drawn ? 1 : 0;
+        const dxf::BlockId block =
+            record.type == dxf::type_insert && drawn ? drawing.block_named(record.block_name) : dxf::no_block;
+        const bool shows_something = block != dxf::no_block && !drawing.blocks()[block].entities.empty();
+        elements += shows_something ? 2 : 0;
     }
-    return references > most_elements;
+    return elements > most_elements;
 }
 
 }  // namespace host

@@ -22,7 +22,8 @@ struct SvgPicture {
 SvgPicture svg_picture(const DisplayList& list, const dxf::Drawing& drawing,
                        std::optional<uint64_t> most_elements = {});
 
-/// Whether references alone make a picture of the drawing's model space larger, which is known before there is a list.
-bool has_more_references(const dxf::Drawing& drawing, uint64_t most_elements);
+/// Whether references alone give a picture of the drawing's model space more elements, at two for each that shows
+/// something: its own and one of its block's. Needs no display list.
+bool has_more_elements(const dxf::Drawing& drawing, uint64_t most_elements);
 
 }  // namespace host
