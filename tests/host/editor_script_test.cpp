@@ -3,7 +3,6 @@
 
 #include "base/code_page.h"
 #include "platform/host/editor/script.h"
-#include "platform/host/editor/script_run.h"
 #include "platform/host/editor/script_words.h"
 
 namespace host {

@@ -12,8 +12,8 @@
 #include "platform/host/editor/dialog_driver.h"
 #include "platform/host/editor/editor.h"
 #include "platform/host/editor/main_window.h"
+#include "platform/host/editor/script.h"
 #include "platform/host/editor/script_person.h"
-#include "platform/host/editor/script_run.h"
 
 namespace host {
 namespace {

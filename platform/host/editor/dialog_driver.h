@@ -7,7 +7,7 @@
 
 #include "platform/host/editor/modal_dialog.h"
 #include "platform/host/editor/posted_input.h"
-#include "platform/host/editor/script_run.h"
+#include "platform/host/editor/script.h"
 
 namespace host {
 

@@ -6,7 +6,7 @@
 #include <cmath>
 
 #include "platform/host/editor/main_window.h"
-#include "platform/host/editor/script_run.h"
+#include "platform/host/editor/script.h"
 #include "platform/host/view/areas.h"
 
 namespace host {
