@@ -13,7 +13,7 @@
 #include "platform/host/editor/editor.h"
 #include "platform/host/editor/main_window.h"
 #include "platform/host/editor/script.h"
-#include "platform/host/editor/script_person.h"
+#include "platform/host/editor/window_person.h"
 
 namespace host {
 namespace {

@@ -1,5 +1,10 @@
-// A person at the main window.
+// Who sits at the main window: a user, or a script in a user's place with the watch over its progress.
 #pragma once
+
+#include <chrono>
+#include <condition_variable>
+#include <mutex>
+#include <thread>
 
 #include "platform/host/prompt/person.h"
 
@@ -7,7 +12,9 @@ namespace host {
 
 class CommandProcessor;
 class MainWindow;
+class ScriptRun;
 
+/// A user, who answers and points at the window and sees there what commands show.
 class WindowPerson : public Person {
   public:
     /// `echo`: what is printed goes to standard error too.
@@ -33,6 +40,44 @@ class WindowPerson : public Person {
     MainWindow& window_;
     CommandProcessor& processor_;
     bool echo_;
+};
+
+/// The script answers; the window shows what happens.
+class ScriptPerson final : public WindowPerson {
+  public:
+    ScriptPerson(ScriptRun& run, MainWindow& window, CommandProcessor& processor, bool echo)
+        : WindowPerson(window, processor, echo), run_(run) {}
+
+    std::optional<InputEvent> next_event() override { return Person::next_event(); }
+    /// Fails the script.
+    void report(std::wstring_view problem) override;
+    bool is_script() const override { return true; }
+
+  private:
+    /// Lets the windows paint, then takes the script's next line.
+    Answer take_answer(std::wstring_view text, const PointerGuide& guide) override;
+
+    ScriptRun& run_;
+};
+
+/// The last resort against hanging. Watches from a thread of its own. When no line was taken for that long it writes
+/// the failure to standard error and ends the process with status 1; nothing is saved then.
+class Watchdog {
+  public:
+    Watchdog(const ScriptRun& run, std::chrono::seconds patience);
+    ~Watchdog();
+    Watchdog(const Watchdog&) = delete;
+    Watchdog& operator=(const Watchdog&) = delete;
+
+  private:
+    void watch();
+
+    const ScriptRun& run_;
+    const std::chrono::seconds patience_;
+    std::mutex mutex_;
+    std::condition_variable wake_;
+    bool done_ = false;
+    std::thread thread_;
 };
 
 /// Writes text to standard error at once, as UTF-8. Any thread.
