@@ -90,7 +90,7 @@ class Commands : public testing::Test {
 };
 
 TEST_F(Commands, AreAllExplained) {
-    for (const auto add : {add_drawing_commands, add_view_commands, add_edit_commands, add_help_commands}) {
+    for (const auto add : {add_drawing_commands, add_view_commands, add_help_commands}) {
         add(editor());
     }
     const std::wstring help = typed(L"help");

@@ -151,7 +151,6 @@ int run_program(const Options& options) {
     add_file_commands(editor());
     add_drawing_commands(editor());
     add_view_commands(editor());
-    add_edit_commands(editor());
     add_help_commands(editor());
     const base::Outcome<> done = work(options, *std::move(script), window);
     return done ? 0 : fail(done.reason());

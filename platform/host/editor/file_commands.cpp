@@ -7,9 +7,7 @@
 #include "platform/host/prompt/person.h"
 
 namespace host {
-namespace {
 
-/// The open drawing; null after a report.
 Document* open_document(const Editor& editor) {
     Document* const document = editor.documents.document();
     if (document == nullptr) {
@@ -17,6 +15,8 @@ Document* open_document(const Editor& editor) {
     }
     return document;
 }
+
+namespace {
 
 /// To be called before any save: what is not in the drawing yet goes there.
 void settle(Editor& editor) {
