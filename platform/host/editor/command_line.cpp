@@ -12,7 +12,7 @@
 namespace host {
 namespace {
 
-constexpr int history_limit = 60000;  ///< characters; the older half goes when there are more
+constexpr int history_limit = 60000;  ///< characters; the older half is dropped when there are more
 constexpr int history_lines = 6;
 
 std::wstring with_carriage_returns(std::wstring_view text) {

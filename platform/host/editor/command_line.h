@@ -24,13 +24,14 @@ class PromptLabel {
 
     HWND window() const { return window_; }
     void set_text(std::wstring text);
-    /// In pixels, of the whole text.
+    /// The width of the whole text in pixels.
     int wanted_width() const;
 
   private:
     static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam);
     void paint() const;
-    /// Where a part of the text ends, in pixels. Of a text that is too long the end is seen, where the options are.
+    /// Where the first `length` characters end, in pixels. A text that is too long is cut off at its front, because the
+    /// options are at its end.
     int right_of(HDC context, size_t length) const;
     const PromptOption* option_at(int x) const;
 
@@ -48,30 +49,30 @@ class CommandLine {
     /// `option_chosen` is told the prompt's option that was clicked. The parent destroys the windows.
     CommandLine(HWND parent, HFONT font, std::function<void(std::wstring)> option_chosen);
 
-    /// What Tab completes a line to: the names of all commands.
+    /// `names` gives the names of all commands; Tab completes a line to one of them.
     void complete_with(Names names) { names_ = std::move(names); }
     void show_large_history(bool large) { large_ = large; }
     bool shows_large_history() const { return large_; }
-    /// In pixels, in a window of that height.
+    /// The height in pixels that this part takes of a window of that height.
     int wanted_height(int window_height) const;
     void place(const RECT& area);
     void focus() const { SetFocus(line_); }
 
     void append_history(std::wstring_view text);
-    /// What was printed last, behind its last line end.
+    /// The text that was printed last, from its last line end on.
     const std::wstring& last_line() const { return last_line_; }
     /// Only the last line of the text is shown.
     void set_prompt(std::wstring_view text);
 
-    /// The line that stands there; it is empty afterwards, and in the history of lines.
+    /// Takes the typed line away and gives it back; Up finds it again from then on.
     std::wstring take_typed();
     void clear_typed();
-    /// A key goes to a text that it edits: the line has one, or it is the history's.
+    /// Whether the key edits a text: the typed line has one, or the history has the focus.
     bool edits_text(const MSG& message) const;
     bool is_line(HWND window) const { return window == line_; }
-    /// A person who has clicked into the history still types into the line.
+    /// Sends what is typed in the history to the line, so that a person who has clicked there can go on typing.
     void redirect_typing(MSG& message) const;
-    /// Tab, Up and Down; true when the message was one of them.
+    /// Acts on Tab, Up and Down; true when the message was one of these keys.
     bool take_key(const MSG& message);
 
   private:
@@ -86,10 +87,10 @@ class CommandLine {
     RECT area_{};
     int letter_height_ = 0;  ///< pixels
     bool large_ = false;
-    std::wstring last_line_;  ///< of the history
+    std::wstring last_line_;  ///< the last line of the history
     CommandHistory typed_before_;
     std::wstring completing_;  ///< what was typed before the first Tab
-    std::wstring completed_;   ///< what the last Tab made of it; empty when another key came
+    std::wstring completed_;   ///< what the last Tab made of it; empty before the first Tab
 };
 
 }  // namespace host

@@ -32,7 +32,7 @@ class CommandStack final : public AcEdCommandStack {
     /// commands change.
     const RegisteredCommand* with_local_name(std::wstring_view name) const;
     const RegisteredCommand* with_global_name(std::wstring_view name) const;
-    /// The top group first.
+    /// All groups, the top one first.
     const std::vector<CommandGroup>& groups() const { return groups_; }
     /// Removes the commands whose functions are in that library, and tells how many there were.
     size_t remove_commands_of(HMODULE library);

@@ -6,9 +6,9 @@ namespace host {
 class Document;
 class Editor;
 
-/// APPLOAD, ARX, SETVAR.
+/// APPLOAD, ARX, SETENV, SETVAR.
 void add_session_commands(Editor& editor);
-/// OPEN, QSAVE, QUIT, SAVE, SAVEAS.
+/// CLOSE, OPEN, QSAVE, QUIT, SAVE, SAVEAS.
 void add_file_commands(Editor& editor);
 /// AI_SELALL and ERASE, which work on what is selected while no command runs; INSERT, which adds a reference to a block
 /// of the drawing in the current space; U and UNDO, which take back what the last command that changed the drawing has
@@ -22,11 +22,11 @@ void add_view_commands(Editor& editor);
 /// The open drawing, which belongs to the editor; null, after a report to the person, when none is open.
 Document* open_document(const Editor& editor);
 
-/// What has to happen before the open drawing goes: a person is asked whether its changes are to be saved, a script
-/// whether they may be lost. True when it may go, without a question when it has no changes.
+/// To be called before the open drawing is left. A person is asked whether its changes are to be saved, a script
+/// whether they may be lost; nobody is asked about a drawing without changes. True when it may be left.
 bool may_leave_drawing(Editor& editor);
-/// The same for the end of the Windows session, which comes at any time. While a command runs or a dialog is up nothing
-/// is asked, and a changed drawing is kept.
+/// As may_leave_drawing, for the end of the Windows session, which comes at any time. While a command runs or a dialog
+/// is up nobody is asked, and the answer is false for a drawing with changes.
 bool may_end_session(Editor& editor);
 
 }  // namespace host

@@ -35,7 +35,7 @@ int button_id(const std::wstring& name) {
     return id;
 }
 
-/// Where keys go: the window with the focus when it is in the dialog, else the dialog.
+/// The window that keys are sent to: the one with the focus when it is in the dialog, else the dialog.
 HWND keyboard_target(const ModalDialog& dialog) {
     const HWND focus = GetFocus();
     return focus != nullptr && IsChild(dialog.window(), focus) != 0 ? focus : dialog.window();
@@ -186,7 +186,7 @@ base::Outcome<> DialogDriver::point_at_cell(const ModalDialog& dialog, const Dia
 }
 
 base::Outcome<> DialogDriver::print(const ModalDialog& dialog, const DialogAction& action) {
-    // A4 upright.
+    // The pixels of an upright A4 page.
     constexpr int dots_per_inch = 150;
     constexpr int width = 1240;
     constexpr int height = 1754;
@@ -234,8 +234,8 @@ base::Outcome<> DialogDriver::expect_enabled(const ModalDialog& dialog, const Di
 }
 
 void DialogDriver::close(const ModalDialog& dialog) {
-    // A dialog that asks before it closes would ask for ever: a few times it is asked, then its question is answered
-    // with No, and it is cancelled.
+    // A dialog that asks a question before it closes would ask for ever. So it is told to close a few times; after
+    // that its question is answered with No, and the dialog is cancelled.
     constexpr int politely = 4;
     const bool patient = ++close_attempts_ <= politely;
     if (!dialog.is_message_box()) {

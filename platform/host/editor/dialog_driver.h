@@ -11,8 +11,8 @@
 
 namespace host {
 
-/// Works from a timer, which the system serves in every modal loop once all other messages are handled: so each line
-/// finds the dialog as the line before has left it. One object at a time.
+/// Works from a timer, which the system serves in every modal loop once all other messages are handled. So each line
+/// finds the dialog as the line before has left it. At most one object exists at a time; it borrows the run.
 class DialogDriver {
   public:
     explicit DialogDriver(ScriptRun& run);
@@ -27,7 +27,7 @@ class DialogDriver {
     /// After a failure: closes what is open, so that the command comes to its end.
     void close(const ModalDialog& dialog);
 
-    // One kind of action each.
+    // Each of these performs one kind of action; the reason of a failure goes into the script's.
     base::Outcome<> answer_message_box(const ModalDialog& box, const DialogAction& action);
     base::Outcome<> perform(const ModalDialog& dialog, const DialogAction& action);
     base::Outcome<> press(const ModalDialog& dialog, const DialogAction& action);

@@ -1,4 +1,4 @@
-// The open drawing as modules see it, its reactors, and the stack of resource handles.
+// The open drawing as modules see it, the reactors that hear of it, and the stack of resource handles.
 #pragma once
 
 #include <cstdint>
@@ -19,21 +19,22 @@ namespace host {
 /// One open drawing: its file and its database. The database functions work on it for as long as it lives.
 class Document final : public AcApDocument {
   public:
-    /// Reads a drawing, DXF or (see ConvertedDrawing) DWG. The reason when it cannot be read: "FILE:LINE: reason".
-    /// `reading`, where it is valid, gives the DXF drawing that is in the file.
+    /// Reads a DXF drawing, or a DWG drawing as ConvertedDrawing does. The reason why it cannot be read has the form
+    /// "FILE:LINE: reason". A valid `reading` gives the DXF drawing that is in the file, which is then not read again.
     static base::Result<std::unique_ptr<Document>> open(const std::filesystem::path& path,
                                                         std::future<dxf::OpenResult> reading = {});
     ~Document() override;
 
     const std::filesystem::path& path() const { return path_; }
     dxf::Drawing& drawing() const;
-    /// The drawing came from a DWG, or has such a name. DWG is not written: a save is to be under another name.
+    /// Whether the drawing can be saved only under another name: it came from a DWG file or has the name of one, and
+    /// the host does not write DWG.
     bool needs_new_name() const;
-    /// What to propose for a save: its own name, or that of a DXF drawing beside it.
+    /// The path to propose for a save: the drawing's own, or one with the extension of DXF beside it.
     std::filesystem::path name_to_save() const;
-    /// The drawing has changes that no save has written.
+    /// Whether the drawing has changes that no save has written.
     bool changed() const;
-    /// Saves to a file, which must be no DWG, and which the drawing is named after from then on.
+    /// Saves to a file, which must be no DWG; from then on the drawing is named after it.
     base::Outcome<> save(const std::filesystem::path& path);
     /// Saves to another file, and changes nothing about this drawing.
     base::Outcome<> save_copy(const std::filesystem::path& path) const;
@@ -57,8 +58,8 @@ class Document final : public AcApDocument {
 /// The host has one drawing open at a time.
 class DocumentManager final : public AcApDocManager {
   public:
-    /// What the host's other parts do when a drawing has been opened (before the reactors hear of it), and when it is
-    /// about to be closed.
+    /// The host's other parts are told here that a drawing has been opened (before the reactors hear of it), and that
+    /// it is about to be closed.
     struct Hooks {
         std::function<void(Document&)> opened;
         std::function<void()> closing;
@@ -66,15 +67,16 @@ class DocumentManager final : public AcApDocManager {
     explicit DocumentManager(Hooks hooks) : hooks_(std::move(hooks)) {}
 
     /// Has another thread begin to read the DXF drawing that is to be opened next, so that open() takes less time.
-    /// Nobody sees its progress or can end it. Does nothing for a DWG drawing.
+    /// Nobody sees the progress of that reading or can end it. Does nothing for a DWG drawing.
     void begin_to_open(const std::filesystem::path& path);
-    /// Opens a drawing in place of the one that is open, which is closed only when the new one could be read.
+    /// Opens a drawing in place of the one that is open, which is closed only when the new one could be read. Fails
+    /// with the reason of Document::open.
     base::Outcome<> open(const std::filesystem::path& path);
     /// Closes the drawing without saving; the reactors are told.
     void close();
     /// Null while none is open.
     Document* document() const { return document_.get(); }
-    /// Saves the open drawing; it has that name from then on.
+    /// Saves the open drawing, as Document::save does, and tells the reactors when its title changed.
     base::Outcome<> save(const std::filesystem::path& path);
 
     size_t resource_depth() const { return resources_.size(); }

@@ -37,7 +37,7 @@ std::optional<double> ask_scale(const wchar_t* prompt, double by_default) {
     return answer == RTNORM || answer == RTNONE ? std::optional(scale) : std::nullopt;
 }
 
-/// Where and how; nothing when the user cancelled.
+/// Asks where and how to insert; nothing when the user cancelled.
 std::optional<Insertion> ask_insertion() {
     ads_point position = {0, 0, 0};
     acedInitGet(RSG_NONULL, nullptr);
@@ -115,7 +115,7 @@ void insert(Editor& editor) {
     }
 }
 
-/// Has the user select.
+/// Has the user select; empty when nothing was selected.
 std::vector<AcDbObjectId> ask_selection() {
     std::vector<AcDbObjectId> ids;
     ads_name set;
@@ -133,7 +133,7 @@ std::vector<AcDbObjectId> ask_selection() {
     return ids;
 }
 
-/// What is selected already, or else what the user selects now.
+/// The objects that are selected already, or else those that the user selects now.
 std::vector<AcDbObjectId> selection_of(Editor& editor, const Document& document) {
     const std::vector<dxf::RecordId> records = editor.selection.records();
     if (records.empty()) {
@@ -147,7 +147,7 @@ std::vector<AcDbObjectId> selection_of(Editor& editor, const Document& document)
     return ids;
 }
 
-/// What stands on locked layers stays.
+/// Erases the selection, but for what stands on locked layers.
 void erase(Editor& editor) {
     const Document* const document = open_document(editor);
     if (document == nullptr) {

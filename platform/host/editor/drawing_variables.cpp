@@ -31,7 +31,7 @@ constexpr Place places[] = {
     {L"CLAYER", 8},
     {L"INSUNITS", 0, "AC1015"},
     {L"TEXTSTYLE", 7},
-    {L"SNAPMODE", 0, "AC", "AC1014"},  // of each viewport, later
+    {L"SNAPMODE", 0, "AC", "AC1014"},  // later versions keep it in each viewport
 };
 
 Place place_of(std::wstring_view name) {
@@ -94,7 +94,7 @@ bool same(const VariableValue& left, const VariableValue& right) {
     return left == right;
 }
 
-/// Writes what of the value differs from `known`, which stands there.
+/// Writes the parts of the value that differ from `known`, the value that stands there.
 void write_value(dxf::Drawing& drawing, dxf::RecordId record, int code, const VariableValue& value,
                  const VariableValue& known) {
     const Point* point = std::get_if<Point>(&value);
@@ -135,7 +135,7 @@ void add_variable(dxf::Drawing& drawing, const Place& place, const VariableValue
     drawing.append_header_variable(writer.take());
 }
 
-/// What the header says; nothing where it is silent.
+/// The value in the header; nothing when the header lacks the variable.
 std::optional<VariableValue> header_value(const dxf::Drawing& drawing, std::wstring_view name,
                                           const VariableValue& kind) {
     const dxf::RecordId record = drawing.header_variable(header_name(name));

@@ -13,18 +13,19 @@ class Drawing;
 
 namespace host {
 
+/// It borrows the variables, which outlive it.
 class DrawingVariables {
   public:
     explicit DrawingVariables(SystemVariables& variables) : variables_(variables) {}
 
     /// The drawing's values, where its header has them, and the initial values otherwise.
     void load(const dxf::Drawing& drawing);
-    /// Takes over what has changed in the header since, by an undo.
+    /// Takes over the values that an undo has changed in the header.
     void follow(const dxf::Drawing& drawing);
     /// Writes the values that were changed since load() into the header: a value that was changed and changed back
     /// leaves the drawing as it is. Nothing is written of what a drawing of this version has no place for.
     void store(dxf::Drawing& drawing);
-    /// The same for the current layer, colour and text style alone, which the database takes from the header.
+    /// As store(), for the current layer, colour and text style alone, which the database reads from the header.
     void store_current_names(dxf::Drawing& drawing);
 
   private:
@@ -34,10 +35,10 @@ class DrawingVariables {
     std::map<std::wstring, VariableValue, std::less<>> loaded_;  ///< what the header says, or leaves out
 };
 
-/// A colour as CECOLOR has it: "BYLAYER", "BYBLOCK", or a number from 1 to 255. Nothing for another text.
+/// The form in which CECOLOR keeps a colour: "BYLAYER", "BYBLOCK", or a number from 1 to 255. Nothing for another text.
 std::optional<std::wstring> current_colour_from_text(std::wstring_view text);
 
-/// The same for ADDEDCOLOR, which has none (empty) for ".".
+/// The form in which ADDEDCOLOR keeps a colour: that of CECOLOR, or an empty text for "." and for an empty one.
 std::optional<std::wstring> added_colour_from_text(std::wstring_view text);
 
 /// The number of a colour that CECOLOR has: 256 for "BYLAYER", 0 for "BYBLOCK".

@@ -45,7 +45,8 @@ std::wstring current_folder(const Editor& editor) {
     return folder;
 }
 
-/// A corner of what the drawing's current space shows; beyond all points, the wrong way round, when it shows nothing.
+/// A corner of what the drawing's current space shows. When it shows nothing, the lower corner lies above and the upper
+/// one below all points.
 VariableValue extents_corner(const Editor& editor, bool upper) {
     constexpr double beyond = 1e20;
     const Box2 extents = editor.window != nullptr ? editor.view()->list().extents() : Box2();
@@ -72,7 +73,8 @@ void compute_variables(Editor& editor) {
     variables.compute(L"DWGTITLED", [&editor] { return editor.documents.document() != nullptr ? 1 : 0; });
 }
 
-/// The entry of a symbol table that a name stands for, as it is spelt there. Without a table there is the usual one.
+/// Gives the entry of a symbol table that a name stands for, as it is spelt there. A table without it still has the
+/// `usual` entry.
 SystemVariables::TextForm entry_of(const Editor& editor, std::string_view table, std::wstring_view usual) {
     return [&editor, table, usual](const std::wstring& name) -> std::optional<std::wstring> {
         const Document* const document = editor.documents.document();

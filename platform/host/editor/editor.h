@@ -31,29 +31,30 @@ class Editor {
     CommandProcessor processor{commands, documents};
     ModuleLoader modules{commands, processor, documents};
 
-    /// Null without one. Who sets it keeps it alive.
+    /// The main window; null without one. Whoever sets it owns it and keeps it alive.
     MainWindow* window = nullptr;
     /// QUIT was run: no command is asked for any more.
     bool quit_requested = false;
 
-    /// Null without a window, as is the view of the drawing in it.
+    /// The main window's handle and the view of the drawing in it; both are null without a window.
     HWND main_window() const;
     DrawingPane* view() const;
 
-    /// A message box over the dialog that is up, or the main window. `kind` and the result are MessageBox's.
+    /// Shows a message box over the dialog that is up, or the main window. `kind` and the result are MessageBox's.
     int message_box(const wchar_t* text, UINT kind) const;
 
     /// Adds a command of the host. The name is in capitals. A transparent one may run while another command waits.
     void add_command(std::wstring name, void (*body)(Editor&), bool transparent = false);
 
-    /// To be called when a user or a module has set a variable. Those of the drawing reach it when the command that is
-    /// running ends, so that one that is held at a value meanwhile is no change; what the database needs does at once.
+    /// To be called when a user or a module has set a variable. The drawing's variables are written into it when the
+    /// running command ends, so that a value which is held only during the command is no change. Those that the
+    /// database needs are written at once.
     void variable_was_set();
     /// Says, once for a drawing, which of its entities the list does not show, or leaves out.
     void say_left_out(const dxf::Drawing& drawing, const DisplayList& list);
-    /// Remembers a file that the user chose, and a drawing that was opened or saved too.
+    /// Remembers the folder of a file that the user chose, and with `is_drawing` also the file among the recent ones.
     void remember_file(const std::filesystem::path& file, bool is_drawing);
-    /// To be called before the drawing is saved or left: all variables are in it then.
+    /// Writes all variables that belong to the drawing into it. To be called before it is saved or left.
     void store_variables();
 
   private:
@@ -63,7 +64,7 @@ class Editor {
     uint64_t said_left_out_of_ = 0;  ///< Drawing::serial()
 };
 
-/// Made when it is first asked for (a module's static objects may be the first to ask).
+/// The one editor of the process, made on the first call (a module's static objects may be the first to call).
 Editor& editor();
 
 }  // namespace host

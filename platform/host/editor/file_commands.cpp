@@ -18,7 +18,7 @@ Document* open_document(const Editor& editor) {
 
 namespace {
 
-/// To be called before any save: what is not in the drawing yet goes there.
+/// Writes into the drawing what is not in it yet. To be called before any save.
 void settle(Editor& editor) {
     editor.modules.tell_all(AcRx::kSaveMsg);
     editor.store_variables();
@@ -77,7 +77,7 @@ void save_drawing_as(Editor& editor) {
     }
 }
 
-/// False also when somebody was asked for a name and gave none.
+/// Saves the open drawing; false when it is not saved, be it that a person gave no name for it.
 bool save_drawing_by_its_name(Editor& editor, const Document& document) {
     if (!document.needs_new_name()) {
         return save_drawing(editor, document.path());
@@ -86,7 +86,7 @@ bool save_drawing_by_its_name(Editor& editor, const Document& document) {
     return file && save_drawing(editor, *file);
 }
 
-/// The file itself need not be there any more.
+/// Whether two paths name one file, which need not be there any more.
 bool is_file_of(const Document& document, const std::filesystem::path& file) {
     std::error_code error;
     return std::filesystem::equivalent(file, document.path(), error) ||

@@ -1,4 +1,4 @@
-// What is selected while no command runs, for the next command that works on selected things.
+// ImpliedSelection, the entities selected while no command runs, for the next command that works on selected ones.
 #pragma once
 
 #include <cstdint>
@@ -14,19 +14,19 @@ class ImpliedSelection {
   public:
     explicit ImpliedSelection(const DocumentManager& documents) : documents_(documents) {}
 
-    /// A point that was picked in the drawing: what is there is selected, or taken out with Shift; where nothing is, a
-    /// rectangle begins or ends. `reach`: half the side of the pick box, in drawing units. What the pointer is to look
-    /// like from then on.
+    /// Takes a point that was picked in the drawing. The entity there is selected, or with Shift taken out; where there
+    /// is none, a rectangle begins or ends. `reach` is half the side of the pick box, in drawing units. Returns what
+    /// the pointer is to look like from then on.
     PointerGuide pick(const Point& at, double reach, bool with_shift);
-    /// All that can be selected.
+    /// Selects all entities that can be selected.
     void take_all();
-    /// These records of the open drawing, and no others.
+    /// Selects these records of the open drawing, and no others.
     void set(const std::vector<dxf::RecordId>& records);
     void clear();
 
-    /// Without what has been erased since.
+    /// The selected records, without those that have been erased since.
     std::vector<dxf::RecordId> records() const;
-    /// Tells one selection from another.
+    /// A number that grows with each change of the selection.
     uint64_t changes() const { return changes_; }
 
   private:

@@ -53,7 +53,7 @@ void acedUpdateDisplay() {
     }
 }
 
-// The dialog library is a part of the host here, and always ready.
+// Does nothing: the dialog library is a part of the host and always ready.
 void InitAcUiDLL() {}
 
 int acedAlert(const ACHAR* message) {

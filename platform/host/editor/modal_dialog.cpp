@@ -125,7 +125,7 @@ int ModalDialog::print(const PrintedPage& page) const {
 HWND dialog_owner(HWND main_window) {
     const std::optional<ModalDialog> dialog = ModalDialog::find();
     HWND owner = dialog ? dialog->window() : main_window;
-    // A dialog that leaves its own owner usable is an aid of that one, which has to wait too.
+    // A dialog that leaves its own owner enabled only helps that owner, so the owner has to wait too.
     for (HWND below = owner; below != nullptr && below != main_window && IsWindowEnabled(below) != 0;) {
         owner = below;
         below = GetWindow(below, GW_OWNER);

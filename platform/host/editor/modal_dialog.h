@@ -47,9 +47,9 @@ class ModalDialog {
 
     HWND window() const { return window_; }
     std::wstring title() const;
-    /// A message box of the system, whoever has shown it.
+    /// Whether it is a message box of the system, whoever has shown it.
     bool is_message_box() const { return message_box_; }
-    /// Of a message box: its message.
+    /// The message of a message box.
     std::wstring message() const;
     /// The title of a dialog, the message of a message box.
     std::wstring name() const { return message_box_ ? message() : title(); }
@@ -62,7 +62,7 @@ class ModalDialog {
     HWND default_button() const;
     /// Where to point for a cell of a grid; nothing when no grid has the cell.
     std::optional<WindowPoint> cell(int column, int row, CellPlace place) const;
-    /// Has a page painted; how many pages there are, 0 when nothing here can be printed.
+    /// Has a page painted. Returns how many pages there are, 0 when nothing in the dialog can be printed.
     int print(const PrintedPage& page) const;
     /// All windows inside, outer ones before inner ones.
     std::vector<HWND> descendants() const;
@@ -74,7 +74,7 @@ class ModalDialog {
     bool message_box_;
 };
 
-/// What a message box or dialog of the host belongs to: the dialog that is up, else the main window.
+/// The owner of a message box or dialog that the host shows: the dialog that is up, else the main window.
 HWND dialog_owner(HWND main_window);
 
 }  // namespace host

@@ -1,4 +1,4 @@
-// Loads modules, tells them what happens, and unloads them.
+// ModuleLoader, which loads modules, sends them messages, and unloads them.
 #pragma once
 
 #include <memory>
@@ -20,13 +20,15 @@ class ModuleLoader final : public AcRxDynamicLinker {
     ModuleLoader(CommandStack& commands, CommandProcessor& processor, const DocumentManager& documents);
     ~ModuleLoader() override;
 
-    /// Loads a module: by path, or one of that name beside the program. One that is loaded stays.
+    /// Loads a module by its path, or the one of that name beside the program. Does nothing for a module that is loaded
+    /// already. The reason of a failure names the file.
     base::Outcome<> load(const std::wstring& file);
-    /// Fails when it is not loaded, locked, or running a command.
+    /// Unloads a module. Fails when it is not loaded, is locked, or runs a command.
     base::Outcome<> unload(const std::wstring& file);
     /// Sends a message to every module, in the order of loading.
     void tell_all(AcRx::AppMsgCode message);
-    /// At the host's end: the quit message, then everything is unloaded, locked or not, the last one first.
+    /// To be called at the host's end: sends the quit message and unloads all modules, the locked ones too, the last
+    /// one first.
     void quit();
 
     /// The paths of the modules, in the order of loading.

@@ -17,9 +17,9 @@ void post_drag(HWND window, POINT from, POINT to);
 /// another program that takes the focus meanwhile cannot undo it.
 void post_press(HWND control);
 
-/// Keys that a script types. They go out one by one, each when the one before was handled: it may have moved the focus,
-/// and the character that it gives comes only after the keys that are posted already. Modifier keys are a state of the
-/// whole thread.
+/// Keys that a script types. Each is posted only when the one before was handled, because that one may have moved the
+/// focus, and because its character comes after all keys that are posted already. Modifier keys are held for the whole
+/// thread.
 class TypedKeys {
   public:
     ~TypedKeys() { release_modifiers(); }

@@ -42,7 +42,7 @@ constexpr ActionForm action_forms[] = {
     {L"@alert", DialogAction::alert, {Argument::text, Argument::optional_button}, L"@alert \"TEXT\" [BUTTON]"},
 };
 
-/// The text is a file's name, in which a backslash is itself.
+/// Whether the action's text is a file's name, in which a backslash is itself.
 bool names_file(DialogAction::Kind kind) {
     return kind == DialogAction::picture || kind == DialogAction::print;
 }
@@ -135,7 +135,7 @@ base::Result<DialogAction> parse_action(const std::wstring& line) {
     return base::Failure{L"unknown action " + name};
 }
 
-/// Without the blanks and line ends around it; line ends inside become blanks.
+/// The text without the blanks and line ends around it; line ends inside become blanks.
 std::wstring one_line(std::wstring_view text) {
     const size_t first = text.find_first_not_of(L" \n");
     const size_t last = text.find_last_not_of(L" \n");

@@ -27,7 +27,7 @@ struct DialogAction {
         picture,            ///< @picture "file.png": here backslashes are themselves
         expect_text,        ///< @expect-text ID "text"
         close,              ///< @close: the title bar's close box
-        alert,              ///< @alert "text" [BUTTON]: "*" in the text stands for anything
+        alert,              ///< @alert "text" [BUTTON]: answers a message; "*" in the text stands for anything
         expect_enabled,     ///< @expect-enabled TARGET on|off
         print,              ///< @print "file.png": the pages that the dialog would print, as pictures
     };
@@ -69,8 +69,8 @@ struct ScriptFault {
 /// here, so that a misspelt one stops the script before anything has run.
 base::Result<Script, ScriptFault> read_script(std::string_view bytes, std::wstring file);
 
-/// A script while it runs: which line is next, and the first thing that went wrong. Used on the host's main thread,
-/// except for what is said otherwise.
+/// A script while it runs: which line is next, and the first thing that went wrong. Only the main thread uses it, but
+/// for the members that say "any thread".
 class ScriptRun {
   public:
     explicit ScriptRun(Script script);
@@ -85,16 +85,17 @@ class ScriptRun {
     Answer answer(std::wstring_view prompt);
 
     /// The next line's action for the dialog that is open (`dialog` names it in a failure), without taking the line.
-    /// Null, and the run failed, when there is none.
+    /// Fails the run and returns null when the next line has none.
     const DialogAction* action(std::wstring_view dialog);
     void take_action();
 
     /// Stops the run. The reason belongs to the line taken last; the first failure stays.
     void fail(std::wstring_view reason);
 
-    /// How many lines were taken. Any thread.
+    /// How many lines were taken; any thread may ask.
     size_t progress() const { return progress_; }
-    /// What to say of a run that makes no progress any more: its failure, or this reason. Any thread; changes nothing.
+    /// What to say of a run that makes no progress any more: its failure, or this reason. Changes nothing; any thread
+    /// may ask.
     std::wstring stall_failure(std::wstring_view reason) const;
 
   private:
@@ -112,7 +113,7 @@ class ScriptRun {
     std::atomic<size_t> line_taken_{0};
 };
 
-/// A caption as it is read aloud: without "&" ("&&" is one), and without the text after a tab.
+/// A caption as a person reads it: without "&" (but "&&" gives one "&"), and without the text after a tab.
 std::wstring plain_caption(std::wstring_view caption);
 
 }  // namespace host

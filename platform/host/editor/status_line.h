@@ -16,7 +16,7 @@ class StatusLine {
 
     HWND window() const { return window_; }
     int height() const;
-    /// Along the bottom of the parent.
+    /// Moves the line to the bottom of the parent.
     void place();
     void set(Part part, const std::wstring& text);
 

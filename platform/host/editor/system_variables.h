@@ -15,7 +15,7 @@
 
 namespace host {
 
-/// In the titles of the host's windows and boxes.
+/// The program's name, in the titles of the host's windows and boxes.
 inline constexpr wchar_t program_name[] = L"Drawing Host";
 inline constexpr wchar_t program_version[] = L"" CORVANES_VERSION;
 
@@ -30,13 +30,14 @@ class SystemVariables {
     SystemVariables();
 
     std::optional<VariableValue> get(std::wstring_view name) const;
-    /// What a user or a module may do; the reason says why not, fit for a message. A whole number is taken where a real
-    /// is kept.
+    /// Sets a variable for a user or a module. Fails, with a reason fit for a message, when there is no such variable
+    /// or it does not take the value. A whole number is taken where a real is kept.
     base::Outcome<> set(std::wstring_view name, const VariableValue& value);
-    /// The same from typed text, read by the variable's own type.
+    /// As set(), from a typed text, which is read as the variable's type.
     base::Outcome<> set_from_text(std::wstring_view name, std::wstring_view text);
 
-    /// What the host itself does: read-only variables too, without limits. The variable must exist with this type.
+    /// Sets a variable for the host itself, be it read-only or the value beyond its limits. The variable must exist
+    /// with this type.
     void put(std::wstring_view name, VariableValue value);
     /// From now on the value is asked from `source`. The variable must exist and be read-only.
     void compute(std::wstring_view name, std::function<VariableValue()> source);
@@ -45,9 +46,9 @@ class SystemVariables {
     using TextForm = std::function<std::optional<std::wstring>(const std::wstring&)>;
     void restrict(std::wstring_view name, TextForm form);
 
-    /// What a drawing that does not say means. The variable must exist.
+    /// The value that a drawing has whose header lacks the variable. The variable must exist.
     const VariableValue& initial(std::wstring_view name) const;
-    /// Back to the initial values for all that belong to one drawing (what its header may then override).
+    /// Gives all variables that belong to one drawing their initial values, which its header may then override.
     void reset_drawing_values();
     /// The names of the writable variables that belong to one drawing, upper case without "$".
     std::vector<std::wstring_view> drawing_names() const;
@@ -67,7 +68,7 @@ class SystemVariables {
     std::map<std::wstring, Variable, std::less<>> variables_;
 };
 
-/// As it is typed and shown: numbers without superfluous digits, points with commas.
+/// The value as it is typed and shown: numbers without superfluous digits, points with commas.
 std::wstring format_variable(const VariableValue& value);
 
 }  // namespace host

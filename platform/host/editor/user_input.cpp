@@ -23,9 +23,9 @@ InputRules next_rules;
 /// The keyword or text of the last question that gave RTKWORD.
 std::wstring last_input;
 
-/// What an answer means before it is read as a number or a point: RTCAN for a cancel, RTNONE for Return where that is
-/// allowed, RTKWORD with last_input filled, RTNORM for a text that is still to be read, RTERROR for Return where it is
-/// not allowed.
+/// What an answer means before it is read as a number or a point: RTCAN for a cancel; RTNONE for Return where that is
+/// allowed, else RTERROR; RTKWORD for a keyword, which is in last_input then; RTNORM for a text that is still to be
+/// read.
 int classify(const Answer& answer, const InputRules& rules) {
     if (answer.kind == Answer::cancel) {
         return RTCAN;
@@ -41,7 +41,7 @@ int classify(const Answer& answer, const InputRules& rules) {
     return RTKWORD;
 }
 
-/// Reads a text as the answer; false when it is none.
+/// Reads a text as the answer; false when the text is no answer.
 using Reader = std::function<bool(const std::wstring&)>;
 
 /// Asks until an answer is acceptable. `refusal` tells the user what is expected.

@@ -14,7 +14,8 @@
 namespace host {
 namespace {
 
-/// Painting only. A dialog whose handler asks is up all this time, and must get neither input nor the driver's timer.
+/// Lets the windows paint, and handles no other message: a dialog whose handler asks is up all this time, and must get
+/// neither input nor the driver's timer.
 void paint_windows() {
     MSG message;
     constexpr int enough = 100;  // a window that never finishes painting holds nobody up
@@ -24,7 +25,7 @@ void paint_windows() {
     }
 }
 
-/// Around what is drawn. What is a point, or nothing, or beyond all measure counts as one unit wide.
+/// The rectangle around what is drawn; one unit wide where that is a point, nothing, or beyond all measure.
 Box2 drawn_area(DrawingPane& pane) {
     constexpr double largest = 1e15;  // beyond it the places beside the drawing are no longer apart
     Box2 area = pane.list().extents();
@@ -50,7 +51,7 @@ Box2 place_of_last_block(DrawingPane& pane) {
             {place.upper_left.x + place.scale * size.x, place.upper_left.y}};
 }
 
-/// A word that names a place, in drawing units: in percent of the drawn area, or beside it.
+/// The point, in drawing units, that a word names: in percent of the drawn area, or beside it. Nothing for other words.
 std::optional<Vec2> named_place(std::wstring_view word, DrawingPane& pane) {
     if (word == L"beside" || word == L"beside-end") {
         const Box2 place = place_of_last_block(pane);
@@ -63,7 +64,7 @@ std::optional<Vec2> named_place(std::wstring_view word, DrawingPane& pane) {
     return std::nullopt;
 }
 
-/// A line whose last word names a place, with that point instead.
+/// The line, with the point in place of its last word when that names one.
 std::wstring with_place(const std::wstring& line, DrawingPane& pane) {
     const size_t blank = line.find_last_of(L" \t");
     const size_t word = blank == std::wstring::npos ? 0 : blank + 1;
@@ -153,7 +154,7 @@ void Watchdog::watch() {
         if (run_.progress() == before) {
             const std::wstring reason = L"nothing happened for " + std::to_wstring(patience_.count()) + L" s";
             write_standard_error(run_.stall_failure(reason) + L"\n");
-            // Not exit(): the main thread is stuck somewhere, and must not be waited for.
+            // exit() would wait for the main thread, which is stuck somewhere.
             TerminateProcess(GetCurrentProcess(), 1);
         }
     }

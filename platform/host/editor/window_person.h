@@ -17,7 +17,7 @@ class ScriptRun;
 /// A user, who answers and points at the window and sees there what commands show.
 class WindowPerson : public Person {
   public:
-    /// `echo`: what is printed goes to standard error too.
+    /// With `echo`, what is printed goes to standard error too. The window and the processor are borrowed.
     WindowPerson(MainWindow& window, CommandProcessor& processor, bool echo = false)
         : window_(window), processor_(processor), echo_(echo) {}
 
@@ -42,7 +42,7 @@ class WindowPerson : public Person {
     bool echo_;
 };
 
-/// The script answers; the window shows what happens.
+/// A script in a user's place: it answers, and the window shows what happens.
 class ScriptPerson final : public WindowPerson {
   public:
     ScriptPerson(ScriptRun& run, MainWindow& window, CommandProcessor& processor, bool echo)
@@ -60,7 +60,7 @@ class ScriptPerson final : public WindowPerson {
     ScriptRun& run_;
 };
 
-/// The last resort against hanging. Watches from a thread of its own. When no line was taken for that long it writes
+/// The last resort against hanging: a thread that watches the script. When no line was taken for `patience`, it writes
 /// the failure to standard error and ends the process with status 1; nothing is saved then.
 class Watchdog {
   public:
@@ -80,7 +80,7 @@ class Watchdog {
     std::thread thread_;
 };
 
-/// Writes text to standard error at once, as UTF-8. Any thread.
+/// Writes text to standard error at once, as UTF-8. Any thread may call it.
 void write_standard_error(std::wstring_view text);
 
 }  // namespace host

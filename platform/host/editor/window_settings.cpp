@@ -15,7 +15,7 @@ bool usable(std::wstring_view value) {
            std::all_of(value.begin(), value.end(), [](wchar_t character) { return character >= L' '; });
 }
 
-/// "left top width height", and "maximised" behind them.
+/// Reads "left top width height", with or without "maximised" behind them. Nothing for another text.
 std::optional<WindowPlace> read_place(std::wstring_view value) {
     constexpr int most = 100000;
     WindowPlace place;

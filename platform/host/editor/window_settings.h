@@ -1,4 +1,4 @@
-// What the host remembers for its user between runs, as a text of lines "name=value".
+// The settings that the host remembers for its user between runs, and their text of lines "name=value".
 #pragma once
 
 #include <optional>
@@ -8,7 +8,7 @@
 
 namespace host {
 
-/// On the screen, in pixels.
+/// A window's place on the screen, in pixels.
 struct WindowPlace {
     int left = 0;
     int top = 0;
@@ -17,7 +17,7 @@ struct WindowPlace {
     bool maximised = false;
     bool operator==(const WindowPlace&) const = default;
 
-    /// As much of this as fits there, moved and made smaller where it must be.
+    /// This place, moved and made smaller as far as it must be to lie within `area`.
     WindowPlace within(const WindowPlace& area) const;
 };
 
@@ -32,7 +32,7 @@ struct WindowSettings {
     void add_recent(const std::wstring& path);
 };
 
-/// Lines that say nothing known are passed over.
+/// Reads the text; lines that it does not know are passed over.
 WindowSettings read_window_settings(std::wstring_view text);
 std::wstring format_window_settings(const WindowSettings& settings);
 
