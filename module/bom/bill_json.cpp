@@ -146,7 +146,7 @@ class BillWriter {
         out_.raw("}");
     }
 
-    /// Writes a list of the bill's, behind what the drawing was made from gives for it: the items that begin so.
+    /// Writes a list: first the lines of `made_from` that begin with the character `beginning`, then the bill's items.
     template <class Items, class Write>
     void write_list(const char* name, char beginning, const Items& items, Write write) {
         write_name(",\n", name);

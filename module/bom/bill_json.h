@@ -16,16 +16,17 @@ namespace corvanes {
 struct BillSource {
     std::wstring name;  ///< without its folder
     std::uint64_t size = 0;
-    std::string sha256;  ///< hexadecimal; empty when the file could not be read; then the size means nothing either
+    std::string sha256;  ///< hexadecimal; empty when the file could not be read, in which case the size means nothing
 };
 
 struct Bill {
     BillSource drawing;
-    /// Of a drawing that was made from another file: what stands for that in `drawing`, and the notes on the making and
-    /// their lines for people, which come before those on the bill. Each a line of JSON. Empty for other drawings.
+    /// Lines of JSON for a drawing that was made from another file; empty for other drawings. The first stands for that
+    /// file in the member "drawing". The others are notes on the making (objects) and lines that tell them to people
+    /// (texts), which come before those on the bill.
     std::vector<std::string> made_from;
     std::optional<BillSource> price_list;
-    std::vector<ReportCells> rows;  ///< as the report showed them, the summary row last
+    std::vector<ReportCells> rows;  ///< the rows as the report showed them, the summary row last
     bool with_prices = true;
     std::vector<BlockReferences> counted;
     std::vector<Note> notes;
@@ -34,7 +35,7 @@ struct Bill {
 /// Receives the text piece by piece.
 using BillSink = std::function<void(std::string_view)>;
 
-/// UTF-8. Writes the bill in UTF-8. A row belongs to the references whose block has its name, without regard to case.
+/// Writes the bill in UTF-8. A row belongs to the references whose block has the row's name, without regard to case.
 void write_bill_json(Bill bill, const BillSink& sink);
 
 }  // namespace corvanes

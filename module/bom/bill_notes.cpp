@@ -14,7 +14,7 @@ namespace corvanes {
 
 namespace {
 
-/// What a price list says of its names and lines.
+/// Reads from a price list where its names stand and which of its lines say nothing.
 class ListSurvey {
   public:
     struct Name {
@@ -67,7 +67,7 @@ class ListSurvey {
         return L"line " + std::to_wstring(line.number) + why;
     }
 
-    std::unordered_map<std::wstring, std::size_t> places_;  ///< in names_, by lower-case name
+    std::unordered_map<std::wstring, std::size_t> places_;  ///< indexes into names_, by lower-case name
     std::vector<Name> names_;
 };
 
@@ -91,9 +91,9 @@ class NoteWriter {
         }
     }
 
-    /// To be called when the unpriced blocks, and nothing else, have their notes.
+    /// To be called when there are notes on the unpriced blocks, and no others yet.
     void add_almost_named(const ListSurvey& list) {
-        std::unordered_map<std::wstring, std::size_t> unpriced;  // in notes
+        std::unordered_map<std::wstring, std::size_t> unpriced;  // indexes into `notes`, by look-alike form
         for (std::size_t i = 0; i < notes.size(); ++i) {
             unpriced.emplace(look_alike_form(notes[i].block), i);
         }
@@ -154,7 +154,7 @@ class NoteWriter {
         }
     }
 
-    /// The largest number of each kind comes first.
+    /// Sorts the notes of each kind by their numbers, the largest first.
     void sort_by_number() {
         std::stable_sort(notes.begin(), notes.end(), [](const Note& a, const Note& b) {
             return a.code != b.code ? a.code < b.code : a.number > b.number;

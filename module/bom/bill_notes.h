@@ -1,4 +1,4 @@
-// What a bill of materials leaves out, or counts in a way that may surprise, told as notes. Pure.
+// Notes on what a bill of materials leaves out, or counts in a way that may surprise. Pure.
 #pragma once
 
 #include <cstddef>
@@ -11,7 +11,7 @@ namespace corvanes {
 
 /// References of one block. A handle is 0 where the drawing has none.
 struct BlockReferences {
-    std::wstring name;  ///< of the block, as the drawing spells it
+    std::wstring name;  ///< the block's, as the drawing spells it
     std::vector<std::uint64_t> handles;
 };
 
@@ -25,17 +25,17 @@ struct BillSurvey {
     };
     struct Nested {
         std::wstring name;
-        std::uint64_t number;  ///< through all levels; stops at its largest value
+        std::uint64_t number;  ///< counted through all levels; stops at its largest value
     };
     struct Dynamic {
         BlockReferences counted;  ///< under their anonymous name
         std::wstring true_name;
     };
     std::vector<BlockReferences> counted;
-    std::vector<Array> arrays;             ///< among the counted ones, with more than one place
-    std::vector<BlockReferences> frozen;   ///< in the current space, on frozen layers
-    std::vector<Nested> nested;            ///< in the blocks that were counted
-    std::vector<BlockReferences> stacked;  ///< for each place, the references beyond its first
+    std::vector<Array> arrays;             ///< counted references that stand at more than one place
+    std::vector<BlockReferences> frozen;   ///< references in the current space, on frozen layers
+    std::vector<Nested> nested;            ///< blocks that stand within the counted ones
+    std::vector<BlockReferences> stacked;  ///< references beyond the first of their place
     std::vector<Dynamic> dynamic;
 };
 
@@ -57,14 +57,15 @@ enum class NoteCode {
 struct Note {
     NoteCode code;
     std::wstring text;   ///< for people: names the block or the line and says what is remarkable about it
-    std::wstring block;  ///< empty where the note is of none
-    std::vector<std::uint64_t> handles;  ///< of the references it is about
-    std::size_t line = 0;                ///< of the price list, from 1; 0 where the note is of none
-    std::uint64_t number = 1;            ///< references or places
+    std::wstring block;  ///< empty for a note that is about no block
+    std::vector<std::uint64_t> handles;  ///< the references that the note is about
+    std::size_t line = 0;                ///< the line of the price list, from 1; 0 for a note that is about none
+    std::uint64_t number = 1;            ///< how many references or places the note is about
 };
 
-/// The notes on a bill, by code. `price_list` is the text of the list; with `attached` false there is none, and nothing
-/// is without a price. The handles of unpriced references go from `survey.counted` to their notes.
+/// The notes on a bill, in the order of their codes. `price_list` is the text of the list; with `attached` false there
+/// is none, and no note tells of a missing price. The handles of unpriced references are moved from `survey.counted` to
+/// their notes.
 std::vector<Note> bill_notes(BillSurvey& survey, std::wstring_view price_list, bool attached);
 
 /// The notes for a person: a line for each code, with five examples at most and "and N more".

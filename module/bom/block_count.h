@@ -7,10 +7,11 @@
 
 namespace corvanes {
 
-/// Begins a count without rows.
+/// Empties the rows and the index, to begin a count.
 void begin_count(RowList& rows, NameIndex& index);
 
-/// The row of the block `lower_name`; a block without one gets it at the end, unpriced and with no reference counted.
+/// The row of the block `lower_name`. A block without a row gets one at the end, unpriced and with no reference
+/// counted.
 int row_of_block(RowList& rows, NameIndex& index, const wchar_t* lower_name);
 
 /// Turns the rows that were counted into those of the report: one for each entry of the price list, in its order. A

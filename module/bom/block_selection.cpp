@@ -18,14 +18,14 @@
 namespace corvanes {
 namespace {
 
-/// Counts references on the rows of their blocks; each block's record is asked for its name once.
+/// Counts references on the rows of their blocks, and reads the name of each block only once.
 class ReferenceCounter {
   public:
     /// `survey`, which may be null, is told of every reference.
     ReferenceCounter(BlockCount& count, bool dynamic_names, DrawingSurvey* survey)
         : count_(count), dynamic_names_(dynamic_names), survey_(survey) {}
 
-    /// False after an alert when the reference or its block cannot be opened.
+    /// Counts a reference; false, after an alert, when it or its block cannot be opened.
     bool add(const ads_name name) {
         AcDbObjectId id;
         acdbGetObjectId(id, name);

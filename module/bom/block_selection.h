@@ -11,7 +11,7 @@
 
 namespace corvanes {
 
-/// What to join a count with, and how to name what is counted.
+/// The price list to join a count with, and how to name the blocks that are counted.
 struct CountOrder {
     std::wstring_view price_list;      ///< the text that the count is joined with
     bool price_list_attached = false;  ///< blocks that the list lacks, and entries that nobody selected, are left out
@@ -30,8 +30,9 @@ struct BlockCount {
 /// Has the user select block references. False when nothing was selected.
 bool SelectBlockReferences(ads_name selection_set);
 
-/// Counts what the user selects, and joins it with the price list: the report's rows. False when nothing was selected,
-/// or after an alert when a selected object cannot be opened: what was counted until then stays, without prices.
+/// Counts what the user selects and joins it with the price list, which gives the report's rows. False when nothing was
+/// selected, and, after an alert, when a selected object cannot be opened; what was counted until then stays, without
+/// prices.
 bool CountSelectedBlocks(BlockCount& count, const CountOrder& order);
 
 }  // namespace corvanes

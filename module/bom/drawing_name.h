@@ -5,7 +5,7 @@
 
 namespace corvanes {
 
-/// With its extension and without its folder, as the host shows it; empty when there is none.
+/// The name with its extension and without its folder, as the host shows it; empty when no drawing is open.
 std::wstring drawing_name();
 
 }  // namespace corvanes

@@ -83,7 +83,7 @@ std::wstring frozen_layers() {
     return pattern;
 }
 
-/// References by block, in the order in which the blocks first come.
+/// Groups references by block, in the order in which the blocks first come.
 class ByBlock {
   public:
     void add(const std::wstring& name, std::uint64_t handle) {
@@ -120,12 +120,12 @@ std::uint64_t place_of(const AcDbBlockReference& reference) {
     return place ^ place >> 32;
 }
 
-/// A set of hashes that may hold more than was put in, but never less: a bit for each of many classes of them.
+/// A set of hashes that may hold more than was put in, but never less: it has one bit for each of many classes.
 class HashBits {
   public:
-    /// For so many hashes, of which one in sixteen or fewer meets another's bit.
+    /// Makes room for so many hashes that at most one in sixteen meets another's bit.
     explicit HashBits(std::size_t hashes) : bits_(std::bit_ceil(16 * hashes + 1)) {}
-    /// Whether the hash was not there.
+    /// Adds a hash; false when it was there already.
     bool insert(std::uint64_t hash) {
         const bool is_new = !contains(hash);
         bits_[place(hash)] = true;
@@ -241,8 +241,8 @@ void DrawingSurvey::find_frozen() {
 }
 
 void DrawingSurvey::find_stacked(const Block& block, const std::wstring& name) {
-    // Nearly all places differ, and to sort a million takes long. So only those are sorted that share one of many bits
-    // with another.
+    // Nearly all places differ, and sorting a million of them takes long. So only those are sorted that share a bit of
+    // the set with another.
     HashBits seen(block.references.size());
     HashBits shared(block.references.size());
     for (const Reference& reference : block.references) {

@@ -18,30 +18,30 @@ class DrawingSurvey {
     /// Notes a reference that was counted; it is open during the call.
     void add(const AcDbBlockReference& reference);
 
-    /// Ends the survey and gives all that the notes are made of. With `true_names` dynamic blocks go by their true
-    /// names, under which they were counted.
+    /// Ends the survey and gives all that the notes are made of. `true_names` tells that dynamic blocks were counted
+    /// under their true names.
     BillSurvey finish(bool true_names);
 
   private:
     struct Reference {
-        std::uint64_t place;  ///< a hash: equal for two that stand at one place with one scale and rotation
+        std::uint64_t place;  ///< a hash, equal for two references with the same place, scale and rotation
         std::uint64_t handle;
     };
     struct Block {
         AcDbObjectId record;
-        AcDbObjectId first;  ///< of the references
+        AcDbObjectId first;  ///< the first reference
         std::pmr::deque<Reference> references;
     };
 
     void find_frozen();
-    /// Finds the references of a block that stand in the place of another; the one with the lowest handle counts as
-    /// the other.
+    /// Finds the references of a block that stand where another one of it stands. At each place the one with the
+    /// lowest handle is the first, and the others are found.
     void find_stacked(const Block& block, const std::wstring& name);
     void find_nested();
     std::wstring name_of(const Block& block) const;
 
-    // Memory in large pieces, which go back to the system at the end. A heap would keep the memory of a million small
-    // pieces.
+    // The survey takes memory in large pieces and gives them back to the system at the end. A heap would keep the
+    // memory of a million small pieces.
     std::pmr::monotonic_buffer_resource memory_{std::size_t{1} << 20};
     std::vector<Block> blocks_;
     std::unordered_map<Adesk::IntDbId, std::size_t> places_;  ///< in blocks_, by record

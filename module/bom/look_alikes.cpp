@@ -42,7 +42,7 @@ wchar_t plain_form(wchar_t character) {
     return found != std::end(look_alikes) && found->character == lower ? found->plain : lower;
 }
 
-// Marks of direction and joiners, which nobody sees.
+// Marks of direction and joiners, which are invisible.
 bool is_invisible(wchar_t character) {
     return (character >= 0x200B && character <= 0x200F) || (character >= 0x202A && character <= 0x202E) ||
            character == 0xFEFF;

@@ -33,7 +33,7 @@ class Order {
     }
 
     std::vector<std::size_t> blocks;
-    std::vector<std::pair<std::size_t, std::size_t>> back;  ///< a block, and the place of a reference within it
+    std::vector<std::pair<std::size_t, std::size_t>> back;  ///< a block, and the index of a reference within it
 
   private:
     void visit(std::size_t root) {

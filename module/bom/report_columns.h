@@ -13,11 +13,11 @@ enum ReportColumn { name_column, price_column, quantity_column, description_colu
 /// How the grid, the report file, report.json and the table present a column.
 struct ReportColumnTraits {
     const wchar_t* heading;
-    const char* member;   ///< of a row in report.json
-    size_t file_width;    ///< of its field in the report file, in characters, at least
-    const wchar_t* tag;   ///< of the heading's attribute in the table; those of the rows append their number
-    bool money = false;   ///< left out without prices
-    bool number = false;  ///< sorted by value
+    const char* member;   ///< the member of a row in report.json
+    size_t file_width;    ///< the least width of its field in the report file, in characters
+    const wchar_t* tag;   ///< the tag of the heading's attribute in the table; rows append their number to it
+    bool money = false;   ///< the column is left out without prices
+    bool number = false;  ///< the column is sorted by value
 };
 
 constexpr std::array<ReportColumnTraits, report_columns> report_column_traits = {{

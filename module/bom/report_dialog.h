@@ -12,7 +12,7 @@
 
 class CalcPriceDialog : public CDialog, private corvanes::GridOwner {
   public:
-    /// Builds the table from the open dialog and ends the dialog: with IDOK when the table block is there.
+    /// Builds the table from the open dialog and ends the dialog, with IDOK when the table block is there.
     using InsertHandler = std::function<void(CalcPriceDialog&)>;
 
     CalcPriceDialog(CWnd* parent, const corvanes::ReportWishes& wishes, InsertHandler insert);
@@ -21,7 +21,7 @@ class CalcPriceDialog : public CDialog, private corvanes::GridOwner {
     /// The dialog that is open; null when there is none.
     static CalcPriceDialog* open_dialog();
 
-    /// Column widths and the last price list, from the files beside the module.
+    /// Reads the column widths and the last price list from the files beside the module.
     void LoadReportSettings();
     /// Stores the settings and ends the dialog with the cancel result.
     void SaveReportSettingsAndClose();
@@ -29,7 +29,7 @@ class CalcPriceDialog : public CDialog, private corvanes::GridOwner {
     /// Empties the grid and the rows and reads the price list that the next count joins its rows with. False, with
     /// everything as it was, after an alert when the file cannot be opened.
     bool LoadPriceRows(const wchar_t* path);
-    /// Has the user select, and counts: see corvanes::CountSelectedBlocks.
+    /// Has the user select, and counts, as corvanes::CountSelectedBlocks does.
     bool CountSelectedBlocks();
 
     MyCug2& grid() { return grid_; }
@@ -60,9 +60,9 @@ class CalcPriceDialog : public CDialog, private corvanes::GridOwner {
     void OnLButtonDown(UINT flags, CPoint point);
 
     InsertHandler insert_;
-    CalcPriceDialog* outer_;  ///< open while this one is: the command runs within the prompts of another
+    CalcPriceDialog* outer_;  ///< the dialog that was open before, when the command runs within another; else null
     MyCug2 grid_{this};
-    std::wstring price_list_;  ///< the text that waits for a count
+    std::wstring price_list_;  ///< the text that the next count is joined with
     corvanes::ReportWishes wishes_;
     corvanes::BlockCount count_;
     CStatic current_file_;

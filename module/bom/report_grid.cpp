@@ -21,7 +21,7 @@ const std::vector<GridColumn>& grid_columns() {
     return columns;
 }
 
-/// Into the corner of the screen where it hides least of a drawing.
+/// Moves the dialog into the corner of the screen where it hides least of a drawing.
 void move_aside(CWnd& dialog) {
     MONITORINFO screen{};
     screen.cbSize = sizeof screen;

@@ -17,7 +17,7 @@ class MyCug2 : public SortingGrid {
     /// Shows or hides the columns of money, as "Show Price" says.
     void ApplyShowPrice();
     void DeleteAllRows();
-    /// Puts out the references that are lit in the drawing.
+    /// Ends the highlight of the references that are lit in the drawing.
     void ClearHighlight() { highlight_.clear(); }
 
     bool price_list_attached() const { return price_list_attached_; }
@@ -42,8 +42,8 @@ class MyCug2 : public SortingGrid {
 
     CUGMaskedEdit editor_;
     corvanes::RowHighlight highlight_;
-    LONG last_click_ = 0;         ///< milliseconds, as messages have it
-    long last_clicked_row_ = -1;  ///< on its number; -1 for none
+    LONG last_click_ = 0;         ///< the message's time, in milliseconds
+    long last_clicked_row_ = -1;  ///< the row whose quantity was clicked last; -1 for none
     ResultString summary_;
     bool price_list_attached_ = false;
 };

@@ -1,4 +1,4 @@
-// What every BOM Report shares for as long as the module is loaded.
+// The options that all BOM Reports share for as long as the module is loaded.
 #pragma once
 
 #include <string>

@@ -11,9 +11,9 @@ namespace corvanes {
 
 constexpr const wchar_t* summary_name = L"Summary:";
 
-/// The report file: a heading line, then a line a row in the order given, right-aligned in fields of at least 10, 10,
-/// 10, 20 and 10 characters with a blank between them, each ending in CR LF. Without prices there are only the name,
-/// the quantity and the description, and the summary row is left out.
+/// The text of the report file: a heading line, then a line for each row in the order given, each ending in CR LF. The
+/// cells are right-aligned in fields of at least 10, 10, 10, 20 and 10 characters with a blank between them. Without
+/// prices there are only the name, the quantity and the description, and the summary row is left out.
 std::wstring report_text(const std::vector<ReportCells>& rows, bool show_prices);
 
 /// The file name that is proposed for the report: the price list's path less its last 4 characters, "-" and the

@@ -8,9 +8,9 @@
 #include <utility>
 
 struct ResultString {
-    CString name;               ///< of the block; lower case once counting has begun
-    double price = 0;           ///< of one piece; 0 for a block without a price
-    std::int32_t quantity = 0;  ///< references counted
+    CString name;               ///< the block's; in lower case once counting has begun
+    double price = 0;           ///< the price of one piece; 0 for a block without a price
+    std::int32_t quantity = 0;  ///< how many references were counted
     CString description;        ///< from the price list
     double total = 0;           ///< the price added once for each reference
 
@@ -25,5 +25,5 @@ struct ResultString {
 };
 
 using RowList = CArray<ResultString, ResultString&>;
-/// From a lower-case block name to the place of its row.
+/// Maps a lower-case block name to the index of its row.
 using NameIndex = CMap<CString, const wchar_t*, int, int>;

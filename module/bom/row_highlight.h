@@ -5,7 +5,8 @@
 
 namespace corvanes {
 
-/// Searches the last selection, which is what was counted. Does nothing where nobody sees the drawing.
+/// Lights references of the last selection, which are those that were counted. Does nothing where nobody sees the
+/// drawing.
 class RowHighlight {
   public:
     RowHighlight() = default;
@@ -16,7 +17,7 @@ class RowHighlight {
     /// Lights the references to one block, and no others.
     void show(const std::wstring& block);
     void clear();
-    /// Zooms the drawing to what is lit.
+    /// Zooms the drawing to the references that are lit.
     void zoom() const;
 
   private:
