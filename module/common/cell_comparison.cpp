@@ -36,8 +36,8 @@ std::uint64_t byte_of(wchar_t letter, bool& shared) {
     return letter < alef ? before_hebrew : after_hebrew;
 }
 
-/// Packs the first letters into numbers that compare as the letters do. What follows the end, or a shared byte, counts
-/// as 0.
+/// Packs the first letters into numbers that compare as the letters do. The places behind the end, or behind a shared
+/// byte, are 0.
 void pack_letters(std::wstring_view characters, SortKey& key) {
     bool shared = false;
     for (size_t i = 0; i < letters_in_key && i < characters.size() && !shared; ++i) {

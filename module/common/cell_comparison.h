@@ -7,9 +7,9 @@
 
 namespace corvanes {
 
-/// Empty texts go last in both directions; `by_value` compares the numbers at the front of the texts, otherwise numeric
-/// cells compare by their values and all others as texts without regard to case. Not a strict weak order when cells
-/// without text are mixed in.
+/// The order in which empty texts go last, ascending or descending. With `by_value` the numbers at the front of the
+/// texts are compared; otherwise numeric cells compare by their values and all others as texts without regard to case.
+/// It is not a strict weak order when cells without text are among them.
 class EmptyLastOrder final : public KeyedOrder {
   public:
     EmptyLastOrder(int flags, bool by_value) : descending_((flags & sort_descending) != 0), by_value_(by_value) {}
@@ -22,7 +22,7 @@ class EmptyLastOrder final : public KeyedOrder {
     bool by_value_;
 };
 
-/// Negative, 0 or positive: two cells (null: no cell) in that order.
+/// Compares two cells in that order; null stands for no cell. Negative, 0 or positive.
 int compare_empty_last(const CUGCell* first, const CUGCell* second, int flags, bool by_value);
 
 }  // namespace corvanes

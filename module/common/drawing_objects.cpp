@@ -26,7 +26,7 @@ bool holds(const resbuf& group, const wchar_t* text) {
     return group.resval.rstring != nullptr && std::wcscmp(group.resval.rstring, text) == 0;
 }
 
-/// What a dictionary holds under a name: null without it.
+/// The object that a dictionary holds under a name; null when it has no such name.
 AcDbObjectId entry_of(AcDbObjectId dictionary, const wchar_t* name) {
     const ObjectGroups groups(dictionary);
     for (const resbuf* group = groups.first(); group != nullptr && group->rbnext != nullptr; group = group->rbnext) {

@@ -13,10 +13,10 @@
 
 namespace corvanes {
 
-/// The groups of an object, as the host lists them. Empty for one that cannot be listed.
+/// Owns the groups of an object, as the host lists them; empty when the object cannot be listed.
 class ObjectGroups {
   public:
-    /// The extended data of `application` are among the groups; null asks for none.
+    /// With `application`, the groups include the extended data of that application; null asks for none.
     explicit ObjectGroups(AcDbObjectId id, const wchar_t* application = nullptr);
 
     const resbuf* first() const { return list_.get(); }
@@ -31,10 +31,10 @@ class ObjectGroups {
     std::unique_ptr<resbuf, Release> list_;
 };
 
-/// The id that a group of a pointer holds.
+/// The object id that a group with a pointer code holds.
 AcDbObjectId id_in(const resbuf& pointer);
 
-/// The drawing that commands work in; null without one.
+/// The drawing that commands work in; null when there is none.
 AcDbDatabase* working_database();
 
 /// The name of a block, a layer and the like, as the drawing spells it.

@@ -12,9 +12,9 @@ class ExtensionModule {
     /// and leaves the framework when it is unloaded. Always TRUE.
     BOOL follow_library(HINSTANCE instance, DWORD reason);
 
-    /// What the commands make current so that dialog templates and strings come from the module.
+    /// The instance that commands make current so that dialog templates and strings come from the module.
     HINSTANCE resource_handle() const { return module_resources_; }
-    /// What was current when the module attached.
+    /// The instance that was current when the module was attached.
     HINSTANCE default_resource_handle() const { return default_resources_; }
 
   private:
@@ -27,7 +27,7 @@ class ExtensionModule {
     AFX_EXTENSION_MODULE extension_{};
 };
 
-/// The one module.
+/// The module that this code is in.
 ExtensionModule& extension_module();
 
 }  // namespace corvanes

@@ -10,8 +10,8 @@ std::optional<std::wstring> ask_for_file(const wchar_t* title, const std::wstrin
                                          FileQuestion question) {
     resbuf result{};
     const int answer = acedGetFileD(title, proposal.c_str(), extension, static_cast<int>(question), &result);
-    // An answer of another kind holds no pointer. Hosts differ in the code of a declined question: without a file
-    // there is nothing to go on with, whatever the code.
+    // An answer that is no text holds no pointer. Hosts differ in the code that they return when the user declines, so
+    // any answer without a file counts as a cancel.
     const HostText path(result.restype == RTSTR ? result.resval.rstring : nullptr);
     return answer == RTERROR || path.get()[0] == L'\0' ? std::nullopt : std::optional<std::wstring>(path.get());
 }

@@ -1,4 +1,4 @@
-// Asking the user for a file through the host.
+// The question that asks the user for a file, through the host.
 #pragma once
 
 #include <optional>
@@ -11,7 +11,7 @@ enum class FileQuestion {
     existing_file = 2,  ///< an existing file is chosen; no typing instead
 };
 
-/// The chosen path, or nothing when the user cancelled. `extension` is without a dot.
+/// Asks for a file; nothing when the user cancelled. `extension` has no dot.
 std::optional<std::wstring> ask_for_file(const wchar_t* title, const std::wstring& proposal, const wchar_t* extension,
                                          FileQuestion question);
 

@@ -1,4 +1,4 @@
-// HostText, the owner of a text in the host's memory.
+// HostText, the owner of a text that the host has allocated.
 #pragma once
 
 #include <acutmem.h>
@@ -16,9 +16,9 @@ class HostText {
     HostText(const HostText&) = delete;
     HostText& operator=(const HostText&) = delete;
 
-    /// The place into which a call of the host puts a text that it gives away. To be used once.
+    /// The pointer that a call of the host sets to a text that it gives away; to be used once.
     wchar_t*& place() { return text_; }
-    /// Empty where the host gave none.
+    /// The text; empty when the host gave none.
     const wchar_t* get() const { return text_ != nullptr ? text_ : L""; }
 
   private:

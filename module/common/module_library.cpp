@@ -1,5 +1,5 @@
-// What every module is as a library: it joins the framework when it is loaded, and says which interface it was built
-// for. A source of each module, not of a library: the module exports it.
+// The functions that every module exports as a library: it joins the framework when it is loaded, and says which
+// interface it was built for. Each module compiles this source itself, because a static library would not export them.
 #include <afxwin.h>
 #include <rxdefs.h>
 

@@ -8,7 +8,8 @@
 namespace corvanes {
 namespace {
 
-/// Replaces every occurrence, in folder names too, so that the settings are found where they have always been.
+/// Replaces every occurrence of `what`, in the names of folders too, so that the settings are found where they have
+/// always been.
 std::wstring replace_all(std::wstring text, std::wstring_view what, std::wstring_view with) {
     if (what.empty()) {
         return text;

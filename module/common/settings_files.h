@@ -19,15 +19,15 @@ struct SettingsPaths {
     std::wstring last_file;  ///< the last price list, shared by both dialogs
 };
 
-/// Where the settings files of a module stand: its lower-cased path with the file's name replaced. A path without any
+/// The paths of a module's settings files: its path in lower case with the file's name replaced. A path without any
 /// separator gives bare names, that is, files of the current folder.
 SettingsPaths settings_paths(std::wstring_view module_path, std::wstring_view settings_name);
 
-/// Reads decimal, hexadecimal (0x) or octal (0) integers into `widths`, from the first on; those that cannot be read,
-/// and all of them when there is no file, stay as they were.
+/// Reads decimal, hexadecimal (0x) or octal (0) integers into `widths`, from the first on. Widths that cannot be read
+/// stay as they were; without a file all of them do.
 void read_column_widths(const std::filesystem::path& path, std::span<int> widths);
 
-/// Writes each width and a blank. A file that cannot be written is left as it is, silently.
+/// Writes each width and a blank behind it. A file that cannot be written is left as it is, silently.
 void write_column_widths(const std::filesystem::path& path, std::span<const int> widths);
 
 /// The first word of the file: a path that holds a blank comes back cut there. Nothing when there is no file or no
@@ -40,7 +40,7 @@ void write_last_file(const std::filesystem::path& path, std::wstring_view last_f
 /// The full paths of one settings file and of the last-file settings, beside this module.
 void GetSettingsPaths(const wchar_t* settings_file_name, std::wstring& settings_path, std::wstring& last_file_path);
 
-/// Read what a dialog remembers from those files, and write it. A value that is missing in a file stays as it was.
+/// These two read what a dialog remembers from those files, and write it. A value that a file lacks stays as it was.
 void read_settings(const wchar_t* settings_file_name, std::vector<int>& widths, std::wstring& last_file);
 void write_settings(const wchar_t* settings_file_name, const std::vector<int>& widths, std::wstring_view last_file);
 

@@ -1,5 +1,5 @@
-// SortingGrid, the base of the module's two grids: headings to sort by, column widths that are remembered, rows as high
-// as the font.
+// SortingGrid, the base of the grids in the dialogs: its headings sort, its column widths are remembered, and its rows
+// are as high as the font.
 #pragma once
 
 #include <memory>
@@ -21,21 +21,21 @@ class GridOwner {
 
 struct GridColumn {
     const wchar_t* heading;
-    bool number;  ///< stands at the right, and is sorted by its value
+    bool number;  ///< the texts stand at the right and are sorted by value
 };
 
 }  // namespace corvanes
 
 class SortingGrid : public CUGCtrl {
   public:
-    /// In pixels, by column; -1 until read or computed.
+    /// The widths in pixels, by column; a width is -1 until it is read or computed.
     std::vector<int>& stored_widths() { return widths_; }
     void StoreColumnWidths();
 
     int OnGridSortCompare(CUGCell* first, CUGCell* second, int flags) override;
     std::unique_ptr<corvanes::KeyedOrder> OnGridSortOrder(int flags) override;
-    /// Whether the message is a key for the grid. The dialog asks for each of its messages: Ctrl with a letter that
-    /// copies, finds or prints is the grid's on the dialog's buttons too.
+    /// Whether the grid has acted on the message, a key. The dialog calls this for each of its messages, because Ctrl
+    /// with a letter that copies, finds or prints works while a button has the focus, too.
     bool TakesKey(const MSG& message);
     /// Escape closes the dialog.
     void OnGridKeyDown(UINT* key, BOOL processed) override;
@@ -46,13 +46,14 @@ class SortingGrid : public CUGCtrl {
     /// `columns` must outlive the grid. Without an owner Escape does nothing.
     SortingGrid(const std::vector<corvanes::GridColumn>& columns, corvanes::GridOwner* owner);
 
-    /// Takes away the side heading and makes the rows as high as the font.
+    /// Removes the side heading and makes the rows as high as the font.
     void SetUpRows();
-    /// Makes the columns. A column without a stored width that a person could have dragged gets the computed one.
+    /// Makes the columns with their stored widths. A column gets the computed width when none is stored, or one that
+    /// nobody could have dragged.
     void SetUpColumns(const std::vector<int>& computed_widths);
-    /// Sorts by a column, the other way round if it is sorted by that already.
+    /// Sorts by a column; in the other direction when the grid is sorted by that column already.
     void SortByHeading(int column);
-    /// Whether StoreColumnWidths takes a column's present width.
+    /// Whether StoreColumnWidths stores a column's present width.
     virtual bool StoresWidth(int /*column*/, int /*width*/) const { return true; }
 
   private:

@@ -10,12 +10,11 @@
 
 namespace corvanes {
 
-/// The text of a file, decoded; nothing when it cannot be read whole (a folder cannot, nor a file
-/// that is changed meanwhile).
+/// The text of a file, decoded; nothing when it cannot be read whole, as a folder or a file that is changed meanwhile.
 std::optional<std::wstring> read_text_file(const std::filesystem::path& path);
 
-/// Puts the text in the file's place, encoded whole beforehand; line ends stand in the text as they are to be written.
-/// False when it could not be written: then the old file is still there.
+/// Replaces the file by the text, which is encoded as a whole before anything is written; its line ends are written as
+/// they are. False when the file could not be written: then the old one is still there.
 bool write_text_file(const std::filesystem::path& path, std::wstring_view text,
                      TextEncoding encoding = TextEncoding::system_code_page);
 
