@@ -1,4 +1,4 @@
-// LastBill, the bill that the last report made of the drawing that is open.
+// LastBill, which finds the bill that the last report of the open drawing has written.
 #pragma once
 
 #include <acdocman.h>
@@ -11,8 +11,8 @@
 
 namespace corvanes {
 
-/// From its construction on there is a file that reports write their bill into (CORVANES_JSON): the person's, or else
-/// one of its own. A bill that was there when the drawing was opened is another drawing's.
+/// From its construction on CORVANES_JSON names a file that reports write their bill into: the one that the person has
+/// named, or else one of its own. A bill that was there before the drawing was opened belongs to another drawing.
 class LastBill final : public AcApDocManagerReactor {
   public:
     LastBill();
@@ -26,7 +26,7 @@ class LastBill final : public AcApDocManagerReactor {
     void documentActivated(AcApDocument*) override { older_ = version_there(); }
 
   private:
-    /// The file and the time of its last change, in the units of its disk.
+    /// A file and the time of its last change, in the units of the file system.
     struct Version {
         std::filesystem::path file;
         unsigned long long changed = 0;  ///< 0 when there is none
@@ -35,7 +35,7 @@ class LastBill final : public AcApDocManagerReactor {
     static Version version_there();
 
     base::TemporaryFolder folder_;
-    bool names_file_ = false;  ///< the value of the environment is its own
+    bool names_file_ = false;  ///< whether this object has set CORVANES_JSON
     Version older_;
 };
 

@@ -7,8 +7,8 @@ class LastBill;
 
 /// PAGEOUT asks for the page's file; the drawing is shown as it is now.
 void save_page(const LastBill& bill);
-/// -PAGEOUT asks for the drawing's picture too: an SVG file of SVGOUT's or a PNG file. Where a file that ends in ".svg"
-/// is not there, the PNG file of its name is taken.
+/// -PAGEOUT also asks for the drawing's picture: an SVG file that SVGOUT has written, or a PNG file. In place of a
+/// ".svg" file that is missing, the ".png" file of the same name is taken.
 void save_page_with_picture(const LastBill& bill);
 
 }  // namespace corvanes

@@ -29,7 +29,7 @@ std::string base64(std::string_view bytes) {
     return text;
 }
 
-/// What a policy calls a text of the page itself.
+/// The name by which the page's security policy allows a text of the page itself: its checksum.
 std::string own(std::string_view text) {
     return "'sha256-" + base64(base::sha256_of(text)) + "'";
 }
@@ -42,8 +42,8 @@ std::string_view between(std::string_view text, std::string_view begin, std::str
     return to == text.npos ? std::string_view() : text.substr(from, to - from);
 }
 
-/// JSON as it may stand within an element: no text in it ends that. Within a text of JSON no quotation mark stands
-/// without a backslash before it, so that `member` is found where it is one.
+/// JSON in a form that can stand within an HTML element: "<" is escaped, so that no text in it ends the element. Within
+/// a JSON text each quotation mark has a backslash before it, so `member` is found only where it is a member.
 std::string for_script(std::string_view json, bool with_handles) {
     constexpr std::string_view member = "\"handles\": [";
     std::string text;
@@ -68,7 +68,7 @@ std::string for_script(std::string_view json, bool with_handles) {
     return text;
 }
 
-/// The HTML with the parts in their places. What stands in a part is no place.
+/// The HTML with the parts in their places. "{{" within a part is left as it is.
 std::string filled(std::string_view html, const Parts& parts) {
     std::string page;
     for (std::size_t at = 0; at < html.size();) {
