@@ -36,7 +36,7 @@ std::wstring colour_text(const ObjectGroups& layer) {
     return index > 0 && index < 8 ? names[index] : std::to_wstring(index);
 }
 
-/// How many entities of all spaces and layouts stand on a layer.
+/// How many entities stand on a layer, in all spaces and layouts.
 long objects_on(const std::wstring& layer) {
     std::wstring pattern = literal_pattern(layer);
     resbuf filter{};

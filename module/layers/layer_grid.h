@@ -1,4 +1,4 @@
-// The grid of the Layers dialog: a row for each layer of the drawing, with boxes that switch it.
+// LayerGrid, the grid of the Layers dialog: a row for each layer of the drawing, with boxes that switch it.
 #pragma once
 
 #include <dbsymtb.h>
@@ -16,7 +16,7 @@ class LayerGrid : public SortingGrid {
 
     void OnGridSetup() override;
     void OnGridHeadingClick(int column, long row, int updn, RECT* rect, POINT* point, int processed) override;
-    /// No cell is typed into.
+    /// Refuses: no cell is typed into.
     int OnGridEditStart(int, long, CWnd**) override { return 0; }
     int OnGridEditVerify(int column, long row, CWnd* edit, LPCWSTR text) override;
     /// Switches the layer in the drawing.

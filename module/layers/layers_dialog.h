@@ -1,5 +1,5 @@
-// The dialog "Layers", which shows the drawing's layers, switches them on and off, freezes and locks them, and counts
-// what stands on them.
+// LayersDialog, the dialog "Layers": it lists the drawing's layers, switches them on and off, freezes and locks them,
+// and counts the entities on them.
 #pragma once
 
 #include <afxwin.h>
