@@ -5,7 +5,7 @@
 namespace corvanes {
 namespace {
 
-/// Takes the line at the front away, without its end and the blanks around it.
+/// Removes the first line from the text and gives it back without its end and the blanks around it.
 std::string_view take_line(std::string_view& bytes) {
     const size_t end = std::min(bytes.find('\n'), bytes.size());
     std::string_view line = bytes.substr(0, end);

@@ -1,4 +1,4 @@
-// Price lists as the dialogs use them: the reader and the writer, which tell the user what cannot be opened.
+// The reader and the writer of price lists, which tell the user what cannot be opened.
 #pragma once
 
 #include <functional>
@@ -11,8 +11,8 @@
 
 namespace corvanes {
 
-/// Calls back once per accepted line, in file order. Only the mode "r" exists. Returns 1, or 0 after an alert when the
-/// file cannot be opened or is of another kind; nothing was handed on then. `opened` is called before the first entry,
+/// Calls back once for each accepted line, in file order. Only the mode "r" exists. Returns 1; or 0, after an alert and
+/// without any call, when the file cannot be opened or is of another kind. `opened` is called before the first entry,
 /// with the encoding in which the list is to be saved again.
 int LoadPriceList(const wchar_t* path, const wchar_t* mode, const std::function<void(TextEncoding)>& opened,
                   const std::function<void(const PriceListEntry&)>& handler);
@@ -21,8 +21,8 @@ int LoadPriceList(const wchar_t* path, const wchar_t* mode, const std::function<
 /// another kind.
 std::optional<std::wstring> read_price_list(const wchar_t* path);
 
-/// Replaces the file by one line per row; rows whose texts are all empty are left out. Returns 1, or 0 after an alert
-/// when the file cannot be written; then the old file is still there.
+/// Replaces the file by one line for each row; rows whose texts are all empty are left out. Returns 1; or 0, after an
+/// alert, when the file cannot be written, in which case the old file is still there.
 int SavePriceList(const wchar_t* path, const std::vector<PriceListEntry>& rows,
                   TextEncoding encoding = TextEncoding::system_code_page);
 

@@ -7,7 +7,7 @@ namespace {
 
 constexpr wchar_t separator = L'|';
 
-/// Reads a text the way a stream in text mode gives its lines: CR LF is one line feed.
+/// Reads a text as a stream in text mode gives its lines: CR LF is one line feed.
 class LineReader {
   public:
     explicit LineReader(std::wstring_view text) : rest_(text) {}

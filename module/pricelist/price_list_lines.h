@@ -8,9 +8,9 @@
 
 namespace corvanes {
 
-/// One entry; the texts are views that live as long as what they were cut from.
+/// One entry; its texts are views into the text that they were cut from.
 struct PriceListEntry {
-    std::wstring_view name;         ///< of a block definition; compared without regard to case
+    std::wstring_view name;         ///< the name of a block; compared without regard to case
     std::wstring_view price;        ///< as the person typed it
     std::wstring_view description;  ///< may be empty
 };
@@ -39,14 +39,14 @@ enum class LineFate { entry, blank, no_separator, no_name, no_price, too_long, n
 
 struct PriceListLine {
     size_t number;         ///< from 1, as an editor counts
-    PriceListEntry entry;  ///< empty of a last line without a line end, which is not read
+    PriceListEntry entry;  ///< empty for a last line without a line end, which is not read
     LineFate fate;
 };
 
 /// Calls back for every line, with what read_entries makes of it, in file order. The texts are views into `text`.
 void read_lines(std::wstring_view text, const std::function<void(const PriceListLine&)>& handler);
 
-/// What the format cannot write of an entry, so that reading the line again would lose it.
+/// What of an entry the format cannot write, so that it would be lost when the line is read again.
 enum class EntryLoss { nothing, separator, line_end, length };
 EntryLoss loss_on_reading(const PriceListEntry& entry);
 

@@ -6,9 +6,9 @@
 class CStaticEx : public CStatic {
   public:
     /// Shows `text`, alternating between enabled and greyed every `interval` milliseconds, with a low beep each time it
-    /// becomes enabled. With `duration` 1 or more (milliseconds) it ends by itself.
+    /// becomes enabled. When `duration` is 1 or more, it ends by itself after that many milliseconds.
     void ShowMessage(int duration, int interval, const wchar_t* text);
-    /// No message, enabled.
+    /// Removes the message and leaves the label enabled.
     void Clear();
 
   protected:

@@ -1,4 +1,4 @@
-// BlockPriceDialog, the modal "BOM Template": price lists are made, opened, edited and saved in it.
+// BlockPriceDialog, the modal dialog "BOM Template", in which price lists are made, opened, edited and saved.
 #pragma once
 
 #include <afxwin.h>
@@ -46,7 +46,7 @@ class BlockPriceDialog : public CDialog, public TemplateGridOwner {
 
     /// Enables or disables a button. A disabled one hands the focus on to the grid, since its keys would go nowhere.
     void enable(CButton& button, bool on);
-    /// Ends an open edit, so that what was typed counts. False when that is refused: then the edit goes on.
+    /// Ends an open edit, so that what was typed is stored. False when the grid refuses that and the edit goes on.
     bool edit_is_over();
     /// Asks about unsaved work. False when the user cancelled or saving failed.
     bool may_lose_changes(bool check_first);

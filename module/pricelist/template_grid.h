@@ -33,32 +33,34 @@ class MyCug : public SortingGrid {
 
     explicit MyCug(TemplateGridOwner& dialog);
 
-    /// Removes every row; nothing is modified then.
+    /// Removes every row; afterwards the grid counts as not modified.
     void ClearAll();
     /// Appends an empty row with the price 0 and makes its name current.
     void AddNewRow();
-    /// Does the same behind `row`, or at the end when there is no such row.
+    /// Inserts such a row behind `row`, or at the end when there is no such row.
     void InsertRowAfter(long row);
     void AddRowWithData(const wchar_t* name, const wchar_t* price, const wchar_t* description);
 
-    /// 1, or 0 after an alert.
+    /// Writes the rows to a price list. Returns 1, or 0 after an alert.
     int SaveToFile(const wchar_t* path);
-    /// The rows are replaced only when the file could be opened. 1, or 0 after an alert.
+    /// Replaces the rows by those of a price list. Returns 1; or 0, after an alert and with the rows as they were, when
+    /// the file cannot be opened.
     int LoadFromFile(const wchar_t* path);
 
-    /// 1 when every row that has a name or a price has both; otherwise shows why, goes there and returns 0.
+    /// Returns 1 when every row that has a name or a price has both. Otherwise shows what is missing, makes that cell
+    /// current and returns 0.
     int CheckBeforeSave();
-    /// True when reading the list again gives every row back whole, or the user saves it all the same; otherwise the
-    /// row in question is current.
+    /// True when reading the list again gives every row back whole, or the user agrees to save it all the same. When
+    /// the user does not, the row in question is made current.
     bool may_save_losses();
-    /// Shows in the status label the first price of which only a part is read. It refuses nothing.
+    /// Shows in the status label the first price of which only a part will be read; it refuses no price.
     void tell_misread_prices();
     /// Clears the message and the selection that came with it.
     void clear_status();
-    /// 1 when no row but `except_row` has this name, whatever its case.
+    /// Returns 1 when no row but `except_row` has this name, whatever its case; else 0.
     int IsNameUnique(const wchar_t* name, long except_row);
 
-    /// Exchange the current row with its neighbour; nothing at the ends.
+    /// These two exchange the current row with its neighbour, and do nothing at the ends.
     void MoveRowUp();
     void MoveRowDown();
 
@@ -74,8 +76,8 @@ class MyCug : public SortingGrid {
     void OnGridCharDown(UINT* character, BOOL processed) override;
     int OnGridEditStart(int column, long row, CWnd** edit) override;
     int OnGridEditFinish(int column, long row, CWnd* edit, LPCWSTR text, BOOL cancelled) override;
-    /// Checks the names as an edit does, as they will be after all changes. Shows the first price or text that loses
-    /// something.
+    /// Checks, as an edit does, the names as they will be after all changes. Shows the first price or text of which a
+    /// part will be lost.
     std::wstring OnGridCellsChange(const std::vector<corvanes::CellChange>& changes) override;
     void OnGridRowsAppend(long first, long count) override;
     bool AllowsChanges() const override { return true; }
@@ -94,7 +96,7 @@ class MyCug : public SortingGrid {
     std::optional<std::wstring> name_made_twice(const std::vector<corvanes::CellChange>& changes);
     /// True when a message was shown.
     bool warn_of_loss(int column, long row, const wchar_t* new_text);
-    /// Blinks and beeps about a cell until clear_status, or for a time, if one is given.
+    /// Shows a message about a cell, blinking and beeping, until clear_status or for a time, if one is given.
     void show_status(const std::wstring& message, int column, long row, int milliseconds);
     int complain(const wchar_t* message, int column, long row);
 
@@ -105,6 +107,6 @@ class MyCug : public SortingGrid {
     bool sorting_allowed_ = true;
     bool name_column_locked_ = false;
     bool modified_ = false;
-    corvanes::TextEncoding encoding_{};  ///< of the list that was read; it is saved in the same
+    corvanes::TextEncoding encoding_{};  ///< the encoding of the list that was read, in which it is saved again
     CUGMaskedEdit editor_;
 };

@@ -1,4 +1,4 @@
-// The template grid's rows: made, moved, checked, read and written.
+// MyCug's rows: how they are made, moved, checked, read and written.
 #include <vector>
 
 #include "base/case_folding.h"
@@ -11,10 +11,10 @@ using namespace corvanes;
 
 namespace {
 
-/// How long a notice shows that refuses nothing and that nobody has to answer.
+/// How long a notice is shown that nobody has to answer.
 constexpr int notice_milliseconds = 10000;
 
-/// Rows count from 1 here, as a person counts them.
+/// The words that name a row; rows count from 1 in them.
 std::wstring row_words(long row) {
     return L"Row " + std::to_wstring(row + 1) + L": ";
 }
