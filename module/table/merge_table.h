@@ -5,7 +5,7 @@
 
 class MergeTable {
   public:
-    /// `widths`, in characters, one a column, are borrowed for the life of this object and its copies.
+    /// `widths` has one entry a column, in characters; this object and its copies borrow it for their life.
     MergeTable(double text_height, double character_width, const int* widths, int column_count, int row_count);
     virtual ~MergeTable() = default;
     MergeTable(const MergeTable&) = default;
@@ -17,7 +17,7 @@ class MergeTable {
     int row_count() const { return row_count_; }
     double total_width() const { return total_width_; }
 
-    /// The left edge of a column; of the column after the last, the table's width.
+    /// The left edge of a column; for the column after the last, the table's width.
     double columnLeft(int column) const;
     /// The x at which a text of `length` characters begins so that it stands in the middle of a column, when a
     /// character takes nine tenths of its width.

@@ -1,4 +1,4 @@
-// The frame that a person drags to size the table: its arithmetic, without a screen.
+// RubberBand, the arithmetic of the frame that a person drags to size the table; it needs no screen.
 #pragma once
 
 #include <optional>
@@ -13,7 +13,8 @@ struct Frame {
     TablePoint lower_right;
 };
 
-/// Keeps the proportions of the table while the pointer moves. Drawing is complementing: a frame drawn twice is gone.
+/// Keeps the proportions of the table while the pointer moves. A frame is drawn by complementing what is on the screen,
+/// so drawing it a second time erases it.
 class RubberBand {
   public:
     /// `width` and `height` of the table at scale 1, in drawing units; a table without a size keeps a square frame.

@@ -34,7 +34,7 @@ Acad::ErrorStatus added(Acad::ErrorStatus status, std::unique_ptr<AcDbObject> ob
     return status;
 }
 
-/// Opens the block's record for writing; it is made when it is missing. False after an alert.
+/// Opens the block's record for writing, and makes it first when it is missing. False, after an alert, when that fails.
 bool open_table_block(const std::wstring& block_name, AcDbObjectPointer<AcDbBlockTableRecord>& block) {
     const AcDbObjectPointer<AcDbBlockTable> table(working_database()->blockTableId(), AcDb::kForWrite);
     Acad::ErrorStatus status = table.openStatus();

@@ -10,11 +10,11 @@ class CalcPriceDialog;
 
 namespace corvanes {
 
-/// "&Insert" of the BOM Report: closes the dialog as its Close does, builds the table block under the next free name
-/// and ends the dialog again, with IDOK when the block is there and with IDCANCEL otherwise.
+/// Does what "&Insert" in the BOM Report asks for: closes the dialog as its Close does, builds the table block under
+/// the next free name, and ends the dialog again, with IDOK when the block is there and with IDCANCEL otherwise.
 void insert_table_requested(CalcPriceDialog& dialog);
 
-/// Makes the text style "KVOTABLE" when the drawing lacks it. True when it was there.
+/// Makes the text style "KVOTABLE" when the drawing lacks it. True when the drawing had it already.
 bool ensure_table_text_style();
 
 /// Appends the table to the block of that name, which is made when it is not there. The texts take the style, or

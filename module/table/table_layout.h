@@ -1,4 +1,4 @@
-// The table as geometry: rules and cell texts with their places, before anything of it is in a drawing.
+// The layout of the table: its rules and its cell texts with their places, computed without a drawing.
 #pragma once
 
 #include <array>
@@ -30,10 +30,10 @@ struct TableText {
     TablePoint alignment_point;  ///< the middle or the right end of the baseline; unused for left-aligned texts
 };
 
-/// Drawing units at scale 1, the y axis upwards; the heading's baseline is at y = 0.
+/// A table laid out in drawing units at scale 1, with the y axis upwards and the heading's baseline at y = 0.
 struct TableLayout {
     double text_height = 1;
-    /// Rules and texts in the order in which they are made: index into the one or the other.
+    /// The order in which rules and texts are made; each entry is an index into the one or the other list.
     struct Item {
         bool is_rule = false;
         size_t index = 0;
@@ -48,12 +48,12 @@ struct TableLayout {
 
 using ColumnWidths = std::array<int, report_columns>;
 
-/// Widths in characters: one more than the longest text of each column, its heading among them; the columns of money
-/// are 0 wide without prices.
+/// The widths of the columns in characters: one more than the column's longest text, the heading included. Without
+/// prices the columns of money are 0 wide.
 ColumnWidths column_widths(const std::vector<ReportCells>& rows, bool show_prices);
 
-/// Lays out the rows of the report (the summary row among them) in rows 3 text heights apart. Descriptions with Hebrew
-/// letters are aligned right, whatever the system's code page is.
+/// Lays out the rows of the report, the summary row included, 3 text heights apart. Descriptions with Hebrew letters
+/// are aligned right, whatever the system's code page is.
 TableLayout lay_out_table(const std::vector<ReportCells>& rows, bool show_prices, double text_height);
 
 }  // namespace corvanes

@@ -8,8 +8,8 @@
 
 namespace corvanes {
 
-/// The number of a table block's name: 7 characters that begin with KVO in any case; what follows counts as far as it
-/// is a number. Nothing for other names.
+/// The number in a table block's name, which has 7 characters and begins with KVO in any case; the rest counts as far
+/// as it is a number. Nothing for other names.
 std::optional<int> table_number(std::wstring_view block_name);
 
 /// The name after the highest number of `block_names`; nothing when that would be beyond KVO9999.

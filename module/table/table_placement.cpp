@@ -9,7 +9,7 @@
 namespace corvanes {
 namespace {
 
-/// Holds the variables at 0 for its life.
+/// Holds the variables at 0 while it lives.
 class PlacementVariables {
   public:
     PlacementVariables() {
@@ -23,7 +23,7 @@ class PlacementVariables {
         acedSetVar(L"ATTREQ", &attribute_requests_);
         acedSetVar(L"CMDECHO", &command_echo_);
         acedSetVar(L"SNAPMODE", &snap_);
-        // Object snap gets the value that snap held: who works without snap gets a free pointer back.
+        // Object snap gets the value that snap had, so that a person who works without snap gets a free pointer back.
         acedSetVar(L"OSMODE", &snap_);
     }
     PlacementVariables(const PlacementVariables&) = delete;

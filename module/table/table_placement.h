@@ -8,12 +8,12 @@
 
 namespace corvanes {
 
-/// Asks for the corner and the size and inserts the block. `width` and `height` of the block at scale 1, in drawing
-/// units. Attribute prompts, command echo, snap and object snap are off meanwhile; afterwards object snap holds what
+/// Asks for the corner and the size and inserts the block, which is `width` by `height` drawing units large at scale 1.
+/// Attribute prompts, command echo, snap and object snap are off meanwhile; afterwards object snap holds what
 /// snap held before. Cancelling at the corner inserts nothing; cancelling at the size inserts at scale 1.
 void place_table(const std::wstring& block_name, double width, double height);
 
-/// Where a block reference stands, with z = 0. False after an alert when it cannot be opened.
+/// Gives the insertion point of a block reference, with z = 0. False, after an alert, when it cannot be opened.
 bool GetInsertPoint(const ads_name reference, AcGePoint3d& point);
 
 }  // namespace corvanes
