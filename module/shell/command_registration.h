@@ -10,7 +10,7 @@ namespace corvanes {
 void register_command(const wchar_t* group, const wchar_t* global_name, const wchar_t* local_name, int flags,
                       AcRxFunctionPtr handler, int resource_string);
 
-/// Both commands of the module.
+/// Registers both commands of the module.
 void register_commands();
 void remove_commands();
 

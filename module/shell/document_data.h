@@ -30,5 +30,5 @@ class AsdkDataManager final : public AcApDocManagerReactor {
     std::map<AcApDocument*, T> data_;
 };
 
-/// What the module keeps for a document: nothing yet.
+/// The data that the module keeps for a document: none yet.
 class CDocData {};
