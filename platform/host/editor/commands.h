@@ -16,7 +16,7 @@ void add_file_commands(Editor& editor);
 void add_drawing_commands(Editor& editor);
 /// ABOUT, HELP, TEXTSCR, all transparent.
 void add_help_commands(Editor& editor);
-/// BACKGROUND, PAN, PNGOUT, REDRAW, REGEN, ZOOM; all but PNGOUT are transparent.
+/// BACKGROUND, PAN, REDRAW, REGEN, ZOOM, all transparent; PNGDETAIL, PNGOUT, SVGOUT.
 void add_view_commands(Editor& editor);
 
 /// The open drawing, which belongs to the editor; null, after a report to the person, when none is open.
