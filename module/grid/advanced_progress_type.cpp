@@ -11,7 +11,7 @@ using namespace corvanes;
 
 namespace {
 
-// Around the gauge, where a selected cell shows its colour.
+// The margin around the gauge, in pixels, where a selected cell shows its colour.
 constexpr int gauge_margin = 2;
 constexpr int best_width = 120;
 constexpr int tick_space = 5;
@@ -43,7 +43,7 @@ int place_of(const Gauge& gauge, const Box& box, double value) {
     return box.left + static_cast<int>(std::lround(fraction_of(gauge.range, value) * box.width()));
 }
 
-// Full colours up to the value, pale ones beyond it.
+// Draws the bands in full colours up to the value and in pale ones beyond it.
 std::vector<ColoredPart> colored_parts(const Gauge& gauge, const ControlScene& scene, const Box& bar) {
     const COLORREF field = ::GetSysColor(COLOR_WINDOW);
     const int end_of_value = place_of(gauge, bar, base::number_from_text(scene.text()));

@@ -10,7 +10,7 @@ enum AdvancedProgressOption : std::uint32_t { advanced_progress_hides_number = 1
 
 }  // namespace corvanes
 
-// A click and the space bar notify, with the band that the value lies in.
+// A click and the space bar notify with the band that the value lies in.
 class CUGAdvProgressType : public corvanes::ControlType {
   public:
     const wchar_t* GetName() const override { return L"Advanced Progress Type"; }

@@ -7,9 +7,9 @@
 class CUGAutoFontType : public corvanes::ControlType {
   public:
     const wchar_t* GetName() const override { return L"Auto Font Type"; }
-    // Whether even the smallest size is too large.
+    // Whether the text is too large for the cell even in the smallest size.
     bool CutsText(CDC& dc, const RECT& rect, const CUGCell& cell) const override;
-    // The size of the text in the grid's own font.
+    // The size that shows the text in the grid's own font.
     SIZE BestSize(CDC& dc, const CUGCell& cell) const override;
 
   protected:

@@ -1,4 +1,4 @@
-// CUGButtonType, a push button with the cell's text as its caption. Clicking it and the space bar notify.
+// CUGButtonType, a push button with the cell's text as its caption. A click on it and the space bar notify.
 #pragma once
 
 #include "grid/control_type.h"

@@ -58,7 +58,7 @@ class CUGCell {
     const wchar_t* GetLabelText() const { return label_.get(); }
 
     void SetDataType(int type);
-    // data_text when none is set.
+    // The data type; data_text when none is set.
     int GetDataType() const;
 
     void SetCellType(int index);

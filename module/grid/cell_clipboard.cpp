@@ -33,7 +33,7 @@ std::wstring_view text_of(CellGrid& grid, int column, int row) {
     return text != nullptr ? text : std::wstring_view();
 }
 
-// The cells of a block in both forms.
+// The cells of a block in both of the clipboard's forms.
 class CopiedCells {
   public:
     explicit CopiedCells(CellGrid& grid) : grid_(grid) {}
@@ -100,7 +100,7 @@ std::size_t widest_row(const CellRows& rows) {
     return widest;
 }
 
-// Why so many columns cannot be pasted where `room` of them are; empty when they can.
+// Says why so many columns cannot be pasted where only `room` columns are; empty when they can.
 std::wstring paste_refusal(std::size_t columns, std::size_t room) {
     if (columns == 0) {
         return L"There is no text on the clipboard";

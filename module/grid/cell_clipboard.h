@@ -15,7 +15,7 @@ bool copy_cells(CellGrid& grid, bool headings);
 // after one message. Line breaks within a cell become blanks, as in the cells' own editor.
 void paste_cells(CellGrid& grid);
 
-// Empties the selected cells that are shown.
+// Deletes the texts of the selected cells that are shown.
 void clear_cells(CellGrid& grid);
 
 }  // namespace corvanes

@@ -7,9 +7,9 @@ namespace corvanes {
 
 enum class EditEnd { commit, cancel };
 
-// What became of an attempt to end an edit. `refused`: the grid's owner wants it to go on, and the editor gets the
-// focus again. `busy`: an earlier attempt is still being decided (its message box took the focus, say); nothing
-// happened.
+// The result of an attempt to end an edit. `refused`: the grid's owner wants the edit to go on, and the editor gets the
+// focus again. `busy`: nothing happened, because an earlier attempt is still being decided (its message box took the
+// focus, say).
 enum class EditOutcome { ended, refused, busy };
 
 // The grid, as an open editor sees it.
@@ -34,7 +34,7 @@ class CellEditor {
     // `owner` stays valid until end. `key` is the character that started the edit, as if it were typed into the open
     // editor in place of `text`; 0 when there was none.
     virtual void begin(CellEditOwner& owner, const CString& text, UINT key) = 0;
-    // The click that began the edit was at this point, in pixels of the window.
+    // Tells the editor where the click was that began the edit, in pixels of its window.
     virtual void point_at(POINT /*point*/) {}
     // The text as it would be stored now.
     virtual CString text() const = 0;

@@ -1,4 +1,4 @@
-// CellGrid, a grid window as its own windows, cell types and editor know it: its cells, and what they ask of the whole.
+// CellGrid, the grid window as its inner windows, cell types and editor know it.
 #pragma once
 
 #include <afxwin.h>
@@ -33,27 +33,28 @@ class CellGrid : public CWnd, public CUGNotifications {
     int SetCellLabel(int column, int row, LPCWSTR text);
     int SetCellTypeIndex(int column, int row, int index);
     int SetCellTypeOptions(int column, int row, DWORD bits);
-    // The grid does not own the type, which must outlive it. Its index, also when it was there already; -1 for null or
-    // a full table.
+    // Adds a cell type, which the grid does not own and which must outlive it. Returns its index, also when the type
+    // was added before; -1 for null and when the table is full.
     int AddCellType(CUGCellType* type);
-    // An index that is not in the table gives the normal type.
+    // The type with an index; the normal type for an index that is not in the table.
     CUGCellType& CellType(int index);
     CUGCellType& CellTypeAt(int column, int row);
     GridState& state() { return state_; }
-    // The font of all cells; the dialog's font after AttachGrid. Also set by WM_SETFONT.
+    // The font of all cells: the dialog's font after AttachGrid, or the one that WM_SETFONT has set.
     HFONT GetGridFont() const { return font_; }
 
     virtual CUGGrid& GetGrid() = 0;
     virtual CUGTopHdg& GetTopHeading() = 0;
     virtual CommandTarget& Commands() = 0;
-    // Brings the windows inside and the scroll bars up to date, if they are not.
+    // Brings the inner windows and the scroll bars up to date.
     virtual void UpdateLayout() = 0;
     virtual int RedrawCell(int column, int row) = 0;
     virtual void RedrawAll() = 0;
     virtual int SetRowCount(int count, BOOL redraw = TRUE) = 0;
     virtual int SetColumnWidth(int column, int width) = 0;
     virtual int ShowColumn(int column, BOOL show) = 0;
-    // Gives a column a width that a person chose, within what can be dragged, if OnGridColumnSizing leaves it.
+    // Gives a column the width that a person chose, held within what can be dragged, unless OnGridColumnSizing replaces
+    // it by another.
     void OfferColumnWidth(int column, int width);
 
     virtual int GotoCell(int column, int row) = 0;
@@ -64,15 +65,15 @@ class CellGrid : public CWnd, public CUGNotifications {
     virtual int MoveCurrentColumn(int steps) = 0;
     virtual int MoveCurrentCell(int column, int row) = 0;
 
-    // A cell type takes hold of one of its cells, whose control looks pressed from then on, until the button or the key
-    // that it came from is released: until then the pointer's moves and the release go to the type.
+    // Lets a cell type hold one of its cells until the button or the key that caused the hold is released. Until then
+    // the cell's control looks pressed, and the type is told of the pointer's moves and of the release.
     void HoldCell(CellHold hold);
-    // Null while no cell is held.
+    // The held cell; null while no cell is held.
     CellHold* HeldCell() { return hold_ ? &*hold_ : nullptr; }
     // Ends the hold, if there is one, without telling its type.
     std::optional<CellHold> TakeHold();
-    // A number that changes when rows or columns move or are removed, and when the window moves. A cell's place that
-    // was kept from before a change may belong to another cell.
+    // A number that changes when rows or columns move or are removed, and when the window moves. After a change, a
+    // place that was kept from before may belong to another cell.
     unsigned arrangement() const { return arrangement_; }
     void CellsRearranged();
 
@@ -83,12 +84,13 @@ class CellGrid : public CWnd, public CUGNotifications {
     virtual bool OfferCellText(int column, int row, LPCWSTR text) = 0;
     // Gives the focus to a part of the grid that was clicked, which ends an open edit. False when that is refused.
     virtual bool TakeFocus(CWnd& part) = 0;
-    // Goes on from an edit that a key ended: Tab and Return go to the next column or row, with Shift to the one before;
-    // the arrows go up and down.
+    // Makes the cell current to which the key leads that ended an edit: Tab and Return lead to the next column or row,
+    // with Shift to the one before, and the arrows up or down.
     virtual void GoOnFromEdit(UINT key) = 0;
     // Gives the focus to the open editor when the next message is processed.
     virtual void RefocusEditor() = 0;
-    // Puts the caret of the open editor to `point`, the click into `cell` of the painting area that opened it.
+    // Moves the open editor's caret to `point`, where the click into `cell` was that opened the editor; both are in
+    // pixels of the painting area.
     virtual void PointInEditor(POINT point, const RECT& cell) = 0;
     // Whether Return in a cell moves to the next row, instead of pressing the dialog's default button.
     virtual bool TakesReturn() const { return false; }

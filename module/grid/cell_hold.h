@@ -12,10 +12,10 @@ struct CellHold {
     CUGCellType* type;
     int column;
     int row;
-    int part;                                         // as the type numbers them
-    bool by_key = false;                              // else by the left button
-    bool over = true;                                 // the pointer is over the part
-    int grip = 0;                                     // pixels between the part's left edge and the pointer
+    int part;                                         // the part, as the type numbers parts
+    bool by_key = false;                              // held by the space bar, else by the left button
+    bool over = true;                                 // whether the pointer is over the part
+    int grip = 0;                                     // the pixels between the part's left edge and the pointer
     std::optional<std::wstring> text = std::nullopt;  // shown as the cell's text meanwhile
 };
 

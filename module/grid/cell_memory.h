@@ -28,7 +28,7 @@ class CUGMem : public CUGDataSource {
     int SortByKeys(int column, const corvanes::KeyedOrder& order, int* followed = nullptr) override;
 
     int GetRowCount() const { return row_count_; }
-    // Bytes held for rows and texts.
+    // How many bytes the rows and texts take.
     std::size_t GetMemoryUsed() const;
 
   private:
@@ -62,7 +62,7 @@ class CUGMem : public CUGDataSource {
     Handle row_at(int row) const;
     RowHeader* header(Handle row) const { return static_cast<RowHeader*>(arena_.at(row)); }
     StoredCell* cells(Handle row) const { return reinterpret_cast<StoredCell*>(header(row) + 1); }
-    // The address is null when nothing was ever written there.
+    // The address of the cell; null when nothing was ever written there.
     StoredCell* find(int column, int row) const;
     StoredCell& reach(int column, int row);
     Handle widened(Handle row, std::uint32_t width);

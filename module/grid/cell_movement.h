@@ -1,4 +1,4 @@
-// Where a movement of the current cell leads.
+// The cells to which movements of the current cell lead.
 #pragma once
 
 #include <optional>

@@ -77,7 +77,7 @@ std::wstring CellSearch::replaced(std::wstring_view cell, std::wstring_view by) 
 
 namespace {
 
-// A walk over the cells of a search space, round and round.
+// A walk over the cells of a search space that begins again after the last one.
 class CellWalk {
   public:
     CellWalk(const SearchSpace& space, CellAddress from, bool up)

@@ -1,4 +1,4 @@
-// Looking for a text in the cells of a grid. Pure.
+// The search for a text in the cells of a grid. Pure.
 #pragma once
 
 #include <cstddef>
@@ -19,7 +19,7 @@ struct SearchOptions {
 // What is looked for in each cell. Without match_case letters are compared as block names are, beyond ASCII too.
 class CellSearch {
   public:
-    // An empty text is in no cell, but it is the whole of an empty one.
+    // Whether the cell's text matches. An empty text is in no cell, but it is the whole text of an empty one.
     CellSearch(std::wstring_view text, SearchOptions options);
     bool matches(std::wstring_view cell) const;
     // Whether the cell begins with the text.
@@ -28,13 +28,13 @@ class CellSearch {
     std::wstring replaced(std::wstring_view cell, std::wstring_view by) const;
 
   private:
-    // Where the text begins in the cell, at `from` or after it; npos when nowhere.
+    // Where the text begins in the cell, at `from` or after it; npos when it is not there.
     std::size_t place_in(std::wstring_view cell, std::size_t from) const;
 
     wchar_t folded(wchar_t letter) const;
     bool same_folded(std::wstring_view letters) const;
 
-    const wchar_t* lower_;  // by character
+    const wchar_t* lower_;  // the table of lower-case letters, by character
     std::wstring text_;     // in lower case unless the case matters
     SearchOptions options_;
 };

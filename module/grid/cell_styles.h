@@ -31,7 +31,7 @@ class CellStyles {
     // The index of `style`, which counts one more user.
     Index acquire(const CellStyle& style);
     void release(Index index) noexcept;
-    // The reference holds until the next acquire.
+    // The reference is valid until the next acquire.
     const CellStyle& operator[](Index index) const { return entries_[index].style; }
     void clear();
 

@@ -16,7 +16,7 @@ namespace {
 constexpr std::wstring_view ellipsis = L"\x2026";
 constexpr std::wstring_view number_sign = L"#";
 
-// For each character the pixels from the line's start to its end.
+// For each character, the pixels from the line's start to the character's end.
 std::vector<int> ends_of(CDC& dc, std::wstring_view line) {
     std::vector<int> ends(line.size());
     SIZE size{};

@@ -1,4 +1,4 @@
-// Painting a text into a cell's rectangle.
+// The painting of a text into a cell's rectangle.
 #pragma once
 
 #include <afxwin.h>
@@ -16,7 +16,7 @@ struct CellLook {
     COLORREF background;
     bool align_right = false;
     bool centered = false;
-    int pressed_part = 0;  // of a control that is held down, as its type numbers them
+    int pressed_part = 0;  // the part of a control that is held down, as its type numbers parts
 };
 
 // Fills `rect` with the background colour and draws the text over it in the font that `dc` has selected, centred
@@ -24,10 +24,10 @@ struct CellLook {
 // The one place where the grid's texts, headings included, are drawn.
 void DrawCellText(CDC& dc, const RECT& rect, const wchar_t* text, const CellLook& look);
 
-// The same over what is there already.
+// Draws the text in the same way, but over what is there already.
 void DrawTextOver(CDC& dc, const RECT& rect, const wchar_t* text, const CellLook& look);
 
-// In pixels: of one line, and of a text of any number of lines.
+// The size in pixels of one line, and of a text of any number of lines.
 int text_width(CDC& dc, std::wstring_view line);
 SIZE text_size(CDC& dc, std::wstring_view text);
 

@@ -55,28 +55,28 @@ class CUGCellType {
     // there, whatever its column says.
     virtual RECT TextPlace(const RECT& rect, const CUGCell& cell) const;
     virtual bool TextAtRight(const CUGCell& /*cell*/) const { return false; }
-    // Whether a cell of this size does not show its text whole, so that a hint has to.
+    // Whether a hint has to show the text, because a cell of this size does not show it whole.
     virtual bool CutsText(CDC& dc, const RECT& rect, const CUGCell& cell) const;
-    // The smallest size, in pixels and without the grid lines, in which the cell shows all that it has. `dc` has the
+    // The smallest size, in pixels and without the grid lines, in which the cell shows its whole content. `dc` has the
     // grid's font selected.
     virtual SIZE BestSize(CDC& dc, const CUGCell& cell) const;
     // True when the type acted on the event. `updn` is 1 for the button going down and 0 for its coming up.
     virtual bool OnLeftClick(corvanes::CellGrid& grid, const corvanes::CellPlace& place, int updn, POINT point);
     virtual bool OnKeyDown(corvanes::CellGrid& grid, const corvanes::CellPlace& place, UINT key);
     virtual bool OnCharDown(corvanes::CellGrid& grid, const corvanes::CellPlace& place, UINT character);
-    // The wheel turned over the current cell by whole notches: above 0 away from the person, 0 while parts of a notch
-    // add up. False leaves it to the grid, which scrolls.
+    // Called when the wheel turned over the current cell, with the number of whole notches: above 0 away from the
+    // person, 0 while parts of a notch add up. False leaves the wheel to the grid, which scrolls.
     virtual bool OnWheel(corvanes::CellGrid& grid, const corvanes::CellPlace& place, int notches);
 
     // What comes to the type that holds a cell (CellGrid::HoldCell), wherever the pointer is. The place's rectangle is
     // empty while the cell is out of sight.
     virtual void OnDrag(corvanes::CellGrid& grid, const corvanes::CellPlace& place, POINT point);
-    // Some twenty times a second while the button is held, after a first pause. False ends these calls.
+    // Called some twenty times a second while the button is held, after a first pause. False ends these calls.
     virtual bool OnHoldOn(corvanes::CellGrid& grid, const corvanes::CellPlace& place);
-    // The button or the space bar came up; the hold is over and `hold` tells what it was.
+    // Called when the button or the space bar came up; the hold is over, and `hold` tells what was held.
     virtual void OnRelease(corvanes::CellGrid& grid, const corvanes::CellPlace& place, const corvanes::CellHold& hold);
 
   protected:
-    // F4, or Alt with the arrow down: what opens or presses a cell's button.
+    // Called on F4, and on Alt with the down arrow, which open or press a cell's button.
     static bool IsOpenKey(UINT key);
 };

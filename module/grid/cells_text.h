@@ -1,4 +1,4 @@
-// Cells as spreadsheets put them on the clipboard, and take them from there. Pure.
+// The texts in which spreadsheets put cells on the clipboard and take them from there. Pure.
 #pragma once
 
 #include <cstddef>
@@ -8,8 +8,8 @@
 
 namespace corvanes {
 
-// Lines of cells between tabs, in typed order. A cell that holds a tab, a line break or a quotation mark at its front
-// is quoted, its own quotation marks doubled. Lines end in CR LF.
+// Lines of cells with tabs between them, in typed order. A cell that holds a tab, a line break or a quotation mark at
+// its front is quoted, its own quotation marks doubled. Lines end in CR LF.
 class TabSeparatedText {
   public:
     void add(std::wstring_view cell);
@@ -21,15 +21,15 @@ class TabSeparatedText {
     bool in_row_ = false;
 };
 
-// A table in the clipboard's "HTML Format": UTF-8 behind a header of byte offsets. What is no number is marked as a
-// text, so that 007 stays what it is; a text with Hebrew as one from right to left.
+// A table in the clipboard's "HTML Format": UTF-8 behind a header of byte offsets. A cell that is no plain number is
+// marked as a text, so that 007 stays what it is, and one with Hebrew as running from right to left.
 class HtmlTable {
   public:
     enum class Kind { heading, text, number };
 
     void add(std::wstring_view cell, Kind kind);
     void end_row();
-    // The whole, header and all; the table is empty then.
+    // Takes the whole text, its header included, and leaves the table empty.
     std::string take();
     std::size_t size() const { return rows_.size(); }
 
@@ -38,9 +38,9 @@ class HtmlTable {
     bool in_row_ = false;
 };
 
-// The cells of a text from elsewhere, row by row; rows may differ in length. Rows end in CR LF, LF or CR, the last one
-// with or without. A quoted cell may hold tabs and line breaks, which become LF; where the closing mark is missing or
-// more text follows it, the marks are characters like others.
+// Reads the cells of a text from another program, row by row; rows may differ in length. Rows end in CR LF, LF or CR;
+// the last one need not. A quoted cell may hold tabs and line breaks, which become LF; where the closing mark is
+// missing or more text follows it, the marks are characters like others.
 std::vector<std::vector<std::wstring>> cells_of_text(std::wstring_view text);
 
 }  // namespace corvanes

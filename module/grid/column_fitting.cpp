@@ -11,7 +11,7 @@ namespace {
 
 constexpr int heading_row = -1;
 constexpr int line_width = 1;
-// A heading's raised edge, on both sides.
+// The width of a heading's raised edges, both sides together.
 constexpr int heading_edges = 4;
 
 int best_width(CellGrid& grid, CDC& dc, int column, int row) {

@@ -1,4 +1,4 @@
-// Making a grid's column as wide as what it shows.
+// Fitting: making a grid's column as wide as its content.
 #pragma once
 
 namespace corvanes {

@@ -57,8 +57,7 @@ class ColumnLayout {
     mutable bool stale_ = true;
 };
 
-// Gives each width that came from elsewhere and that nobody could have dragged (less than the narrowest, more than the
-// widest) its default.
+// Replaces each stored width that nobody could have dragged (below the narrowest or above the widest) by its default.
 void mend_widths(std::span<int> widths, std::span<const int> defaults);
 
 }  // namespace corvanes

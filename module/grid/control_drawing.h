@@ -1,4 +1,4 @@
-// Draws what controls in cells consist of (button faces, arrows, wells for bars), and restores a context afterwards.
+// The drawing of the parts of which controls in cells consist: button faces, arrows, and wells for bars.
 #pragma once
 
 #include <afxwin.h>
@@ -56,7 +56,7 @@ class SelectedFont {
     HGDIOBJ former_;
 };
 
-// What a device context has selected and set comes back at the end of a scope.
+// Restores at the end of a scope what a device context has selected and set.
 class SavedDrawing {
   public:
     explicit SavedDrawing(CDC& dc) : dc_(dc), saved_(dc.SaveDC()) {}

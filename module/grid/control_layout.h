@@ -1,5 +1,5 @@
-// Where the parts of a cell's control lie: as for a language that goes from left to right, and mirrored. Pure, in
-// pixels; boxes may be empty but never turned inside out.
+// The layout of the parts of a cell's control, for languages from left to right, and its mirror image. Pure. All sizes
+// are in pixels; a box may be empty, but its right and bottom are never less than its left and top.
 #pragma once
 
 #include <cstddef>
@@ -13,11 +13,11 @@ namespace corvanes {
 using Box = LayoutRect;
 
 bool holds(const Box& box, int x, int y);
-// The place of the part when the cell is laid out in the other direction. Applied twice, it gives the part back.
+// The place of the part when the cell is laid out in the other direction. Mirrored twice, a part is where it was.
 Box mirrored(const Box& part, const Box& cell);
 int mirrored_x(int x, const Box& cell);
 
-// The box made smaller by so much at each side; an empty box in the middle when nothing would be left.
+// The box made smaller by so many pixels at each side; an empty box in its middle when nothing would be left.
 Box deflated(const Box& box, int by_x, int by_y);
 // The strip at the end of a cell that holds its button, at most `width` wide; and the rest of the cell, for the text.
 Box end_strip(const Box& cell, int width);
@@ -39,7 +39,7 @@ SliderBoxes slider_boxes(const Box& cell, double fraction);
 // The fraction at which the thumb's left edge would be at x, from 0 to 1.
 double slider_fraction(const Box& cell, int x);
 
-// A bar, and below it what there is room for: ticks, and numbers of this height.
+// A bar, and below it, as far as there is room, ticks and numbers of this height.
 struct GaugeBoxes {
     Box bar;
     Box ticks;
@@ -56,8 +56,8 @@ struct ChoiceGrid {
 ChoiceGrid choice_grid(int count, int height, int line_height);
 // The boxes of the choices, as wide as the widest of their column; those beyond the cell's end are left out.
 std::vector<Box> choice_boxes(const Box& cell, int count, int line_height, const std::function<int(int)>& width_of);
-// The choice that so many columns and rows away lies; one off an end goes on at the other. `now` is -1 for none, which
-// leads to the first. `now` when no other choice lies there.
+// The choice that lies so many columns and rows away from `now`; beyond an end the walk goes on at the other one. The
+// first choice when `now` is -1, which stands for none; `now` itself when no other choice lies that way.
 int next_choice(const ChoiceGrid& grid, int count, int now, int columns, int rows);
 
 }  // namespace corvanes

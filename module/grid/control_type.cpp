@@ -124,7 +124,7 @@ bool ControlType::OnKeyDown(CellGrid& grid, const CellPlace& place, UINT key) {
     return OnControlKey(target, key);
 }
 
-// A space that no key of the keyboard typed acts at once; any other waits for its key's release.
+// A space that was not typed on the keyboard acts at once; any other acts when its key is released.
 bool ControlType::OnCharDown(CellGrid& grid, const CellPlace& place, UINT character) {
     const CellScene at(grid, place);
     const int part = KeyPart(at.scene);

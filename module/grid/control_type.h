@@ -10,7 +10,7 @@
 
 namespace corvanes {
 
-// Option bits that all of these types know; each has its own from 1 on.
+// Option bits that all types with a control know; each type's own bits begin at 1.
 enum ControlOption : std::uint32_t { control_disabled = 0x10000, control_right_to_left = 0x20000 };
 
 // One cell for the time of one event or painting. Its parts are laid out from left to right and mirrored where the cell
@@ -33,7 +33,7 @@ struct ControlScene {
     bool disabled;
 };
 
-// The scene of a cell of a grid, with the record that it is of; good until the cell changes.
+// The scene of a cell of a grid, with the cell's record; valid until the cell changes.
 struct CellScene {
     CellScene(CellGrid& grid, const CellPlace& place);
     CellScene(const CellScene&) = delete;
@@ -84,15 +84,16 @@ class ControlType : public CUGCellType {
     virtual bool HoldsParts() const { return true; }
     virtual void OnPress(const Target& target, int part, POINT point);
     virtual void Act(const Target& target, int part);
-    // A key without Ctrl and Alt; true when it was the control's.
+    // Acts on a key without Ctrl and Alt; true when the key was meant for the control.
     virtual bool OnControlKey(const Target& /*target*/, UINT /*key*/) { return false; }
     virtual bool OnControlWheel(const Target& /*target*/, int /*notches*/) { return false; }
 
-    // After these the cell, its row and the grid's window may be gone.
+    // After a call of one of these the cell, its row and the grid's window may be gone.
     void Notify(CellGrid& grid, const CellPlace& place, int part, const std::wstring& value) const;
-    // Stores another text through verify and finish, and notifies. False when it was refused, or is the cell's already.
+    // Stores another text through OnGridEditVerify and OnGridEditFinish, and notifies. False when the text was refused
+    // or is the cell's already.
     bool ChangeText(const Target& target, const std::wstring& text, int part) const;
-    // The part under a point of the window.
+    // The part under a point in the window's coordinates.
     int PartUnder(const Target& target, POINT point) const;
 };
 

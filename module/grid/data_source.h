@@ -1,4 +1,4 @@
-// Where a grid's cells are kept: the interface between the grid and a store of cells.
+// The interface between a grid and the store that keeps its cells.
 #pragma once
 
 #include <functional>
@@ -10,8 +10,8 @@
 // 0, or 1 for a refused argument, and then change nothing.
 class CUGDataSource {
   public:
-    // Orders two cells of the sorted column: below 0, 0 or above 0. An absent cell is null. The records may be changed
-    // by nobody and are valid during the call only.
+    // Orders two cells of the sorted column: below 0, 0 or above 0. An absent cell is null. The records are valid only
+    // during the call and must not be changed.
     using Comparison = std::function<int(CUGCell* first, CUGCell* second)>;
 
     CUGDataSource() = default;
@@ -23,7 +23,7 @@ class CUGDataSource {
     virtual int SetRowCount(int rows) = 0;
     virtual int SetColumnCount(int columns) = 0;
 
-    // Replaces what `cell` held; the record has a copy of the texts.
+    // Copies the stored cell, its texts included, into `cell`.
     virtual int GetCell(int column, int row, CUGCell* cell) = 0;
     // The stored cell becomes a copy of `cell`.
     virtual int SetCell(int column, int row, const CUGCell* cell) = 0;
@@ -38,6 +38,6 @@ class CUGDataSource {
     // Reorders all data rows; rows that compare equal keep their order. `followed`, unless null, holds a row and
     // becomes where that row stands afterwards. Refused while a sort is going on.
     virtual int SortBy(int column, const Comparison& compare, int* followed = nullptr) = 0;
-    // The same by keys, with the rows in the order that the comparison of whole cells would give.
+    // Sorts in the same way by keys, which give the order that a comparison of the whole cells would give.
     virtual int SortByKeys(int column, const corvanes::KeyedOrder& order, int* followed = nullptr);
 };

@@ -72,7 +72,7 @@ void DropList::begin(CellEditOwner& owner, const CString& text, UINT) {
     former_ = text;
     chosen_ = false;
     typed_.clear();
-    // Only now: setting the font has made the box as high as the font asks for.
+    // The box is sized last, because setting the font has made it as high as the font asks for.
     SendMessage(CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), font_height() + 1);
     const LRESULT item =
         SendMessage(CB_FINDSTRINGEXACT, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(text.GetString()));

@@ -20,12 +20,12 @@ class DropList : public CWnd, public CellEditor {
     bool Prepare(CWnd& parent, const wchar_t* items);
     // Unfolds the list, once the window is visible.
     void Unfold();
-    // The parent hands on the combo box's notification codes.
+    // Takes the combo box's notification codes, which the parent passes on.
     void Notified(UINT code);
 
     RECT bounds(const RECT& cell) const override;
     void begin(CellEditOwner& owner, const CString& text, UINT key) override;
-    // The chosen item; the text that the cell had when none was chosen.
+    // The chosen item; the cell's former text when none was chosen.
     CString text() const override;
     void end() override;
 

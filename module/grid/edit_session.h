@@ -1,4 +1,4 @@
-// One cell being edited: opens the editor, asks the grid's owner, stores the text.
+// EditSession, the edit of one cell: it opens the editor, asks the grid's owner, and stores the text.
 #pragma once
 
 #include <string_view>
@@ -22,12 +22,13 @@ class EditSession final : public CellEditOwner {
     // Asks the grid's owner about a text that was chosen without an editor, and stores it. False when that was refused,
     // or when the cell went away meanwhile.
     bool offer(int column, int row, LPCWSTR text);
-    // Closes the editor without asking or storing anything, and lets go of a held cell: the cell is gone, or the grid
-    // is.
+    // Closes the editor without asking or storing anything, and ends the hold of a cell. To be called when the cell or
+    // the grid is gone.
     void abandon();
     // Gives the focus to the open editor, if there is one.
     void focus();
-    // A click at a point of the painting area opened the editor; the cell was shown at `clicked` then.
+    // Moves the caret to the click, at a point of the painting area, that opened the editor; the cell was shown at
+    // `clicked` then.
     void point_at(POINT point, const RECT& clicked);
     bool is_editor(HWND window) const { return active() && window_->m_hWnd == window; }
 

@@ -8,7 +8,7 @@ constexpr int strip_width = 20;
 constexpr int dot = 2;
 constexpr int dots = 3;
 
-// Squares of pixels: a font's own dots stand at its foot and are of its size.
+// Draws the dots as squares of pixels, because those of a font stand at the foot of a line and grow with it.
 void draw_dots(CDC& dc, const Box& around, COLORREF color) {
     const Box place = centered(around, 2 * dot * dots - dot, dot);
     for (int number = 0; number < dots; ++number) {

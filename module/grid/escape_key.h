@@ -1,11 +1,11 @@
-// Lets a person end long work by Escape.
+// The question whether a person wants to end long work by Escape.
 #pragma once
 
 #include <windows.h>
 
 namespace corvanes {
 
-// Whether Escape is the next key in the queue; then it is taken out of it.
+// Whether Escape is the next key in the queue; the key is then removed from the queue.
 inline bool escape_waits() {
     MSG key;
     return ::PeekMessageW(&key, nullptr, WM_KEYDOWN, WM_KEYDOWN, PM_NOREMOVE) != 0 && key.wParam == VK_ESCAPE &&

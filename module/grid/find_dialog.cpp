@@ -54,7 +54,7 @@ std::vector<DialogControl> controls_for(bool replacing) {
     return controls;
 }
 
-// Keeps the dialog below from being used while this one asks something.
+// Disables the dialog below while this one asks something.
 class OwnerWaits {
   public:
     explicit OwnerWaits(HWND owner) : owner_(owner), waits_(::EnableWindow(owner, FALSE) == 0) {}
@@ -95,7 +95,7 @@ void FindDialog::Open(bool replacing) {
         if (!CreateOver(grid_, replacing ? L"Replace" : L"Find", {dialog_width, height}, controls_for(replacing))) {
             return;
         }
-        // At the upper right of the grid, where few texts are.
+        // The window opens at the upper right of the grid, where few texts are.
         CRect grid, own;
         ::GetWindowRect(grid_.m_hWnd, grid);
         GetWindowRect(own);
@@ -130,7 +130,7 @@ HWND FindDialog::MakeControl(const DialogControl& control, const RECT& place) {
     return field.m_hWnd;
 }
 
-// Not the framework's top-level parent: that is the owner of all, which waits for the dialog that the grid is in.
+// The framework's top-level parent would be the owner of all, which waits for the dialog that the grid is in.
 HWND FindDialog::Below() const {
     return ::GetAncestor(grid_.m_hWnd, GA_ROOT);
 }

@@ -12,7 +12,7 @@ namespace corvanes {
 
 class CellGrid;
 
-// Stays open beside the dialog that the grid is in, which goes on working. What was looked for is remembered while the
+// Stays open beside the grid's dialog, which can be used meanwhile. What was looked for is remembered while the
 // grid lives. Only columns that are shown are looked at. A cell that is found becomes the current one and is selected.
 class FindDialog : public MemoryDialog {
   public:
@@ -20,9 +20,9 @@ class FindDialog : public MemoryDialog {
 
     // Opens the window, or brings it forward; `replacing` needs a grid whose cells may change.
     void Open(bool replacing);
-    // The next cell with what was looked for last; opens the window when there is nothing yet.
+    // Goes to the next cell with what was looked for last; opens the window when nothing was looked for yet.
     void FindNext();
-    // The keyboard goes back to the grid.
+    // Closes the window and gives the keyboard back to the grid.
     void Close();
 
     BOOL PreTranslateMessage(MSG* message) override;
@@ -49,7 +49,7 @@ class FindDialog : public MemoryDialog {
     HWND Below() const;
     // Moves this window away when it covers the cell.
     void Uncover(CellAddress cell);
-    // Shows a message over this window, or over the grid's; the dialog below waits.
+    // Shows a message over this window, or over the grid's, and disables the dialog below meanwhile.
     int Say(const std::wstring& text, const wchar_t* caption, UINT kind);
 
     CellGrid& grid_;

@@ -1,4 +1,4 @@
-// What a line of a cell shows when the cell is too narrow for it. Pure.
+// The part of a line that a cell shows when it is too narrow for the line. Pure.
 #pragma once
 
 #include <cstddef>
@@ -13,17 +13,17 @@ namespace corvanes {
 // another number.
 bool is_number_text(std::wstring_view text);
 
-// Widths in pixels: of the place for the line, of an ellipsis and of a number sign.
+// The widths, in pixels, of the place for the line, of an ellipsis and of a number sign.
 struct LineSpace {
     int width;
     int ellipsis;
     int number_sign;
 };
 
-// The whole line; its beginning, with an ellipsis to follow; or number signs in place of a number.
+// What is shown: the whole line; its beginning, followed by an ellipsis; or number signs in place of a number.
 struct FittedLine {
     enum class Shown { whole, beginning, number_signs } shown;
-    std::size_t length;  // characters of the line, or number signs
+    std::size_t length;  // how many characters of the line, or number signs, are shown
 
     bool operator==(const FittedLine&) const = default;
 };

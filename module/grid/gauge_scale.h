@@ -17,15 +17,15 @@ struct GaugeBand {
     bool operator==(const GaugeBand&) const = default;
 };
 
-// From the setting "bands", "50 green, 120 #FFC000, 200 red": ends within the range, in rising order. What has no
-// number or no colour is left out.
+// Reads the setting "bands", as in "50 green, 120 #FFC000, 200 red": the ends, held within the range, in rising order,
+// each with its colour. A band without a number or a colour is left out.
 std::vector<GaugeBand> bands_from_label(std::wstring_view label, const ValueRange& range);
 
-// The band that a value lies in; the last one for what lies beyond. `bands` is not empty.
+// The index of the band that a value lies in; that of the last one for values beyond. `bands` must not be empty.
 std::size_t band_at(const std::vector<GaugeBand>& bands, double value);
 
-// The least value and those each `distance` further; no more than `most`: for that the distance is multiplied by a
-// whole number.
+// The values of the marks: the least value of the range, and the values at each `distance` from it. When these would be
+// more than `most`, the distance is multiplied by a whole number.
 std::vector<double> scale_marks(const ValueRange& range, double distance, int most);
 
 }  // namespace corvanes

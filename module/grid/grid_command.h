@@ -25,13 +25,14 @@ enum class GridCommand {
 // Carries out commands; the grid's windows know it by this interface.
 class CommandTarget {
   public:
-    // A key that went down in the painting area, with what else is held; true when it stands for a command.
+    // Handles a key that went down in the painting area, with the modifier keys that are held; true when it stands for
+    // a command.
     virtual bool KeyDown(UINT key) = 0;
-    // With Alt: the arrows to the left and right make the current column narrower and wider.
+    // Handles a key with Alt: the left and right arrows make the current column narrower and wider.
     virtual void SysKeyDown(UINT key) = 0;
-    // A printable character that was typed in the painting area.
+    // Handles a printable character that was typed in the painting area.
     virtual void CharDown(wchar_t character) = 0;
-    // `column` matters to the commands that are about one.
+    // Carries out a command; `column` matters only to commands about one column.
     virtual void Run(GridCommand command, int column) = 0;
     // Asks with a menu at a point of the screen and runs what was chosen; `column` is the one that was pointed at, or
     // -1.

@@ -115,7 +115,8 @@ int CUGCtrl::GetFontHeight() const {
     return metrics.tmHeight;
 }
 
-// The scroll bars and the windows inside wait for the next turn of the message loop, however many rows come before it.
+// The scroll bars and the inner windows are brought up to date at the next turn of the message loop, however many rows
+// come before it.
 void CUGCtrl::LayoutChanged() {
     if (!layout_due_ && m_hWnd != nullptr) {
         layout_due_ = true;

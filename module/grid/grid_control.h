@@ -27,7 +27,7 @@ class CUGCtrl : public corvanes::CellGrid {
     CUGCtrl();
     ~CUGCtrl() override;
 
-    // Creation. Both end with OnGridSetup, and fail when the window already exists.
+    // Creation. Both functions call OnGridSetup at their end, and fail when the window already exists.
     BOOL CreateGrid(DWORD style, const RECT& place, CWnd* parent, UINT id);
     // Puts the grid in the place of the dialog's control `id`: same rectangle, identifier, edge and tab order. That
     // control is destroyed.
@@ -38,14 +38,14 @@ class CUGCtrl : public corvanes::CellGrid {
     int SetRowCount(int count, BOOL redraw = TRUE) override;
     int SetColumnWidth(int column, int width) override;
     int GetColumnWidth(int column) const;
-    // Hides a column from the eye, or shows it again as wide as it was; its width and cells stay what they are. Refused
-    // for the last one that is shown.
+    // Hides a column, or shows it again as wide as it was; its width and cells are kept. Refused for the last column
+    // that is shown.
     int ShowColumn(int column, BOOL show) override;
     // Whether the column's texts stand at the right edges of its cells; the heading's stays where it is.
     int AlignColumnRight(int column, BOOL right);
     int SetDefaultRowHeight(int height);
     int GetDefaultRowHeight() const { return state_.rows.default_height(); }
-    // Single heights are kept up to 64000 rows only.
+    // Rows have heights of their own only in grids of up to 64000 rows.
     int SetRowHeight(int row, int height);
     int GetRowHeight(int row) const;
     int SetTopHeadingHeight(int height);
@@ -60,9 +60,9 @@ class CUGCtrl : public corvanes::CellGrid {
     // its row, out of sight perhaps; the selection is given up. Changes of cells and rows are refused meanwhile.
     int SortBy(int column, int flags);
 
-    // Movement and selection. 2 when OnGridCanMove refuses. The Go operations leave the selection alone and scroll the
-    // cell into view; the Move operations clear the selection first, unless Shift (which stretches it) or Ctrl is held,
-    // and do nothing when they lead to the current cell.
+    // Movement and selection. These functions return 2 when OnGridCanMove refuses. The Go operations leave the
+    // selection alone and scroll the cell into view; the Move operations clear the selection first, unless Shift (which
+    // stretches it) or Ctrl is held, and do nothing when they lead to the current cell.
     int GetCurrentColumn() const { return state_.current_column; }
     int GetCurrentRow() const { return state_.current_row; }
     int GetPreviousRow() const { return state_.previous_row; }
@@ -76,7 +76,7 @@ class CUGCtrl : public corvanes::CellGrid {
     int ClearSelection() override;
     bool IsSelected(int column, int row) const { return state_.selection.contains(column, row); }
 
-    // Editing. 1 when OnGridEditStart refuses or the editor cannot be used.
+    // Editing. These functions return 1 when OnGridEditStart refuses or the editor cannot be used.
     int StartEdit(int column, int row, UINT key);
     int StartEdit() { return StartEdit(0); }
     int StartEdit(UINT key) { return StartEdit(state_.current_column, state_.current_row, key); }
@@ -88,7 +88,7 @@ class CUGCtrl : public corvanes::CellGrid {
     int RedrawCell(int column, int row) override;
     int RedrawRow(int row);
     void RedrawAll() override;
-    // 1 to begin with. While it is 0 nothing asks for repainting; setting it again repaints the grid.
+    // At first 1. While it is 0 nothing is repainted; setting it to 1 again repaints the grid.
     int SetDisplayFlag(int flag);
     int GetDisplayFlag() const { return state_.display_flag; }
     int GetTopRow() const { return state_.top_row; }
@@ -98,7 +98,7 @@ class CUGCtrl : public corvanes::CellGrid {
     // up.
     void ScrollByWheel(int turn);
     void ScrollSidewaysByWheel(int turn);
-    // Keeps the place of the vertical scroll bar from the start, so that the cells' width does not depend on the rows.
+    // Shows the vertical scroll bar always, so that the cells' width does not depend on the number of rows.
     void KeepVerticalBar();
     int EnsureVisible(int column, int row);
     int GetFontHeight() const;

@@ -11,7 +11,7 @@ namespace {
 struct MenuLine {
     const wchar_t* text;
     GridCommand command;
-    int group;  // groups have a line between them
+    int group;  // a line separates groups
 };
 
 constexpr MenuLine menu_lines[] = {
@@ -71,7 +71,7 @@ std::optional<MenuChoice> ask_grid_menu(CellGrid& grid, CWnd& window, POINT poin
         }
     }
     if (fill_columns(grid, columns)) {
-        // The menu that it is put into destroys it.
+        // The menu that the popup is put into destroys it.
         menu.AppendMenu(MF_POPUP, reinterpret_cast<UINT_PTR>(columns.Detach()), L"Sho&w Column");
     }
     const auto chosen = static_cast<UINT>(

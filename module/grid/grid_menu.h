@@ -17,8 +17,8 @@ struct MenuChoice {
     int column;
 };
 
-// What a person chooses at a point of the screen; `column` is the one that was pointed at. Commands for which `can`
-// answers false are left out.
+// Shows the menu at a point of the screen and gives the command that a person chooses; `column` is the one that was
+// pointed at. Commands for which `can` answers false are left out.
 std::optional<MenuChoice> ask_grid_menu(CellGrid& grid, CWnd& window, POINT point, int column,
                                         const std::function<bool(GridCommand)>& can);
 

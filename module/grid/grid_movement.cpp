@@ -64,7 +64,7 @@ int CUGCtrl::ColumnAfter(int steps) const {
     return column_after(steps, state_.current_column, GetColumnCount(), shown);
 }
 
-// Shift means the way back here; it must not stretch a selection.
+// Here Shift stands for the way back, so it must not stretch a selection.
 void CUGCtrl::GoOnFromEdit(UINT key) {
     const int step = ::GetKeyState(VK_SHIFT) < 0 ? -1 : 1;
     if (key == VK_TAB) {
@@ -168,7 +168,7 @@ bool CUGCtrl::FinishEdit() {
 }
 
 bool CUGCtrl::TakeFocus(CWnd& part) {
-    // An editor that loses the focus asks to end by itself. Who refuses that has said so, and is not asked again.
+    // An editor that loses the focus asks by itself to end. An owner that refuses has said so and is not asked again.
     const bool asks_itself = edit_.is_editor(::GetFocus());
     part.SetFocus();
     return asks_itself ? !edit_.active() : FinishEdit();

@@ -15,7 +15,7 @@
 
 namespace corvanes {
 
-// Of OnGridCellTypeNotify. `value` is the cell's text and `part` is 1 where nothing else is said.
+// The kinds of OnGridCellTypeNotify. `value` is the cell's text and `part` is 1 where nothing else is said.
 enum CellNotice {
     notice_arrow = 1,  // `part` is the arrow's ArrowDirection
     notice_button = 2,
@@ -39,55 +39,58 @@ enum CellNotice {
 // what is left in them, and with 0 it does nothing more.
 class CUGNotifications {
   public:
-    // Once, right after the grid window was created or attached.
+    // Called once, right after the grid window was created or attached.
     virtual void OnGridSetup() {}
-    // While a column border is dragged, before `*width` becomes the column's width: as wide as its border asks for, or
-    // what is left in it, 0 hides the column.
+    // Called while a column border is dragged, before `*width` becomes the column's width. The override may change it;
+    // 0 hides the column.
     virtual void OnGridColumnSizing(int /*col*/, int* /*width*/) {}
-    // After the current row changed. A row of -1 stands for none.
+    // Called after the current row changed. A row of -1 stands for none.
     virtual void OnGridRowChange(long /*oldRow*/, long /*newRow*/) {}
-    // After the current cell changed; after OnGridRowChange when both apply.
+    // Called after the current cell changed; after OnGridRowChange when both apply.
     virtual void OnGridCellChange(int /*oldCol*/, int /*newCol*/, long /*oldRow*/, long /*newRow*/) {}
-    // On a click into the painting area, after the clicked cell became the current one. Beside the cells the column or
-    // the row is -1 and the rectangle is empty.
+    // Called on a click into the painting area, after the clicked cell became the current one. For a click beside the
+    // cells the column or the row is -1 and the rectangle is empty.
     virtual void OnGridLeftClick(int /*col*/, long /*row*/, int /*updn*/, RECT* /*rect*/, POINT* /*point*/,
                                  int /*processed*/) {}
-    // On a click on a heading cell of the top heading (row -1), not on a border between two.
+    // Called on a click on a cell of the top heading (row -1), but not on a border between two.
     virtual void OnGridHeadingClick(int /*col*/, long /*row*/, int /*updn*/, RECT* /*rect*/, POINT* /*point*/,
                                     int /*processed*/) {}
-    // For every key that goes down in the painting area, before the grid acts on it; not while a control is held.
+    // Called for every key that goes down in the painting area, before the grid acts on it; not while a control is
+    // held.
     virtual void OnGridKeyDown(UINT* /*vcKey*/, BOOL /*processed*/) {}
-    // For every printable character typed in the painting area.
+    // Called for every printable character typed in the painting area.
     virtual void OnGridCharDown(UINT* /*vcKey*/, BOOL /*processed*/) {}
-    // By StartEdit, before the editor is shown. `*edit` may be replaced by another window, which must also be a
-    // corvanes::CellEditor. 0 refuses.
+    // Called by StartEdit, before the editor is shown. The override may put another window into `*edit`, which must
+    // also be a corvanes::CellEditor. 0 refuses the edit.
     virtual int OnGridEditStart(int /*col*/, long /*row*/, CWnd** /*edit*/) { return 1; }
-    // When an edit ends, before OnGridEditFinish. 0 keeps the editor open.
+    // Called when an edit ends, before OnGridEditFinish. 0 keeps the editor open.
     virtual int OnGridEditVerify(int /*col*/, long /*row*/, CWnd* /*edit*/, LPCWSTR /*text*/) { return 1; }
-    // When an edit ends; the cell still holds its former text. `text` is what was typed, or that former text when the
-    // edit was cancelled. Nonzero accepts: the text goes into the cell (unless cancelled) and the editor is hidden;
-    // 0 keeps the editor open.
+    // Called when an edit ends; the cell still holds its former text. `text` is what was typed, or that former text
+    // when the edit was cancelled. Nonzero accepts: the text goes into the cell (unless cancelled) and the editor is
+    // hidden; 0 keeps the editor open.
     virtual int OnGridEditFinish(int /*col*/, long /*row*/, CWnd* /*edit*/, LPCWSTR /*text*/, BOOL /*cancelFlag*/) {
         return 1;
     }
-    // Orders two cells of the sorted column: below 0, 0, above 0. An absent cell is null. `flags` are those of SortBy.
+    // Orders two cells of the sorted column: the result is below 0, 0 or above 0. An absent cell is null. `flags` are
+    // those of SortBy.
     // Cells without a text come before those with one, numbers by value, all else by wcscmp; descending the other way.
     virtual int OnGridSortCompare(CUGCell* cell1, CUGCell* cell2, int flags) {
         return corvanes::compare_cells(cell1, cell2, flags);
     }
-    // Before the current cell moves. 0 refuses.
+    // Called before the current cell moves. 0 refuses the movement.
     virtual int OnGridCanMove(int /*oldCol*/, long /*oldRow*/, int /*newCol*/, long /*newRow*/) { return 1; }
-    // Before a sort: the order that OnGridSortCompare has for `flags`, which then is not called. Null when it must be.
-    // The grid uses the object until the sort is over.
+    // Called before a sort. May return an object with the order that OnGridSortCompare has for `flags`, which the grid
+    // owns until the sort is over and uses in its place; null has the grid call OnGridSortCompare.
     virtual std::unique_ptr<corvanes::KeyedOrder> OnGridSortOrder(int /*flags*/) { return nullptr; }
-    // Before a command changes several cells at once; they still hold their former texts, and rows beyond the last are
-    // still to come. Words refuse all of it, and are shown. Asks OnGridEditVerify and OnGridEditFinish for each.
+    // Called before a command changes several cells at once; they still hold their former texts, and rows beyond the
+    // last are not there yet. A text that is not empty refuses all changes and is shown. The version here asks
+    // OnGridEditVerify and OnGridEditFinish about each change.
     virtual std::wstring OnGridCellsChange(const std::vector<corvanes::CellChange>& changes);
-    // After that, when rows were appended for the texts that follow.
+    // Called after OnGridCellsChange, when rows were appended and before their texts are stored.
     virtual void OnGridRowsAppend(long /*first*/, long /*count*/) {}
-    // Before the grid is printed: what stands above each page. False when it is not for printing.
+    // Called before the grid is printed, to fill in what stands above each page. False when it may not be printed.
     virtual bool OnGridPrint(corvanes::PrintTitles* /*titles*/) { return false; }
-    // What a person did to the control in a cell, after a change of its text went through OnGridEditVerify and
+    // Called when a person used the control in a cell, after a change of its text went through OnGridEditVerify and
     // OnGridEditFinish. `kind` is a corvanes::CellNotice, which says what `part` and `value` stand for.
     virtual void OnGridCellTypeNotify(int /*col*/, long /*row*/, int /*kind*/, int /*part*/, LPCWSTR /*value*/) {}
 

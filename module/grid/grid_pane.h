@@ -9,15 +9,15 @@ namespace corvanes {
 
 struct GridState;
 
-// Paints through a bitmap, so that nothing flickers. Redrawing is only asked for here and done by the next WM_PAINT;
-// asking again for what is already due costs next to nothing, which keeps filling a grid row by row cheap.
+// Paints through a bitmap, so that nothing flickers. Redrawing is only requested here and done by the next WM_PAINT. A
+// request for what is due already costs next to nothing, which keeps filling a grid row by row cheap.
 class GridPane : public CWnd {
   public:
-    // `double_clicks`: whether the window is told of them; otherwise the second click is one like the first.
+    // With `double_clicks` the window is told of double clicks; otherwise the second click is one like the first.
     bool Create(CellGrid& grid, UINT id, bool double_clicks = false);
     void Redraw();
     void RedrawPart(const RECT& part);
-    // Moves the window if it has to move, and hides it when it is empty.
+    // Moves the window to a rectangle, and hides it when that is empty.
     void Place(const RECT& place);
     int width() const { return place_.right - place_.left; }
     int height() const { return place_.bottom - place_.top; }
@@ -25,16 +25,16 @@ class GridPane : public CWnd {
   protected:
     CellGrid& grid() const { return *grid_; }
     GridState& state() const;
-    // Paints at least the part of the window inside `dirty`; clipping is the caller's.
+    // Paints at least the part of the window inside `dirty`; the caller clips.
     virtual void Paint(CDC& dc, const RECT& dirty) = 0;
     // Called when the contents have changed, before they are painted again.
     virtual void OnContentChanged() {}
-    // Fills `cell` with a heading cell's raised or pressed face, draws the text at (column, row) over it.
+    // Fills `cell` with a heading cell's raised or pressed face and draws the text at (column, row) over it.
     void PaintHeadingCell(CDC& dc, const RECT& cell, int column, int row, const wchar_t* text_if_none, bool pressed);
 
     void OnPaint();
     BOOL OnEraseBkgnd(CDC* dc);
-    // Hands the wheel to the grid, whichever of its windows the pointer is over.
+    // Passes the wheel on to the grid, whichever of its windows the pointer is over.
     LRESULT OnWheel(WPARAM turn, LPARAM point);
     DECLARE_MESSAGE_MAP()
 

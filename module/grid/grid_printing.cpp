@@ -46,7 +46,7 @@ bool any_printer() {
     return needed > 0;
 }
 
-// Nothing when the person gave up, or there is no printer, which is said.
+// Asks for the printer; nothing when the person gave up, and, after a message, when there is no printer.
 PrintChoice ask_for_printer(HWND owner) {
     if (!any_printer()) {
         say_no_printer();

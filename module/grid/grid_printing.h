@@ -1,4 +1,4 @@
-// Printing a grid on paper.
+// The printing of a grid on paper.
 #pragma once
 
 #include "grid/print_titles.h"
@@ -7,8 +7,8 @@ namespace corvanes {
 
 class CellGrid;
 
-// Asks with the system's dialog for printer and pages and prints them; Escape between two pages stops it. Says so when
-// there is no printer, or when it fails.
+// Asks for the printer and the pages with the system's dialog and prints them; Escape between two pages stops the
+// printing. Shows a message when there is no printer or the printing fails.
 void print_grid(CellGrid& grid, const PrintTitles& titles);
 
 }  // namespace corvanes

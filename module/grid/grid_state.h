@@ -1,4 +1,4 @@
-// What one grid knows besides its cells: layout, current cell, selection and scroll position.
+// GridState, the state of a grid besides its cells: layout, current cell, selection and scroll position.
 #pragma once
 
 #include "grid/column_layout.h"

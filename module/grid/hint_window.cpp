@@ -11,7 +11,7 @@ namespace corvanes {
 
 namespace {
 
-// No line of a hint is wider, in pixels; a longer one is broken at blanks.
+// The greatest width of a hint's line, in pixels; a longer line is broken at blanks.
 constexpr int widest_line = 600;
 constexpr int frame = 1;
 // Pixels between a cell and its hint.

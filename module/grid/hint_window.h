@@ -21,7 +21,7 @@ class HintWindow : public CWnd {
 
   private:
     CString text_;
-    HFONT font_ = nullptr;  // the grid's
+    HFONT font_ = nullptr;  // the grid's font, not owned
 };
 
 }  // namespace corvanes

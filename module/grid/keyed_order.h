@@ -1,4 +1,4 @@
-// An order of cells that reads each cell once, so that a sort of a million rows compares keys that lie side by side.
+// KeyedOrder, an order of cells that reads each cell once, so that a sort of a million rows compares adjacent keys.
 #pragma once
 
 #include <array>

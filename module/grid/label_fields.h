@@ -16,7 +16,7 @@ std::wstring_view take_part(std::wstring_view& rest, std::wstring_view separator
 // Takes one word, up to a blank, and the blanks before it; empty at the end.
 std::wstring_view take_word_of(std::wstring_view& rest);
 
-// The finite number of a setting; nothing when it is absent, no number, or too large for one.
+// The number of a setting; nothing when the setting is absent, is no number, or is not finite.
 std::optional<double> number_field(std::wstring_view label, std::wstring_view name);
 
 bool same_word(std::wstring_view first, std::wstring_view second);

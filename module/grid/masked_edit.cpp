@@ -46,7 +46,7 @@ void CUGMaskedEdit::OnDirectionChanged(int direction) {
     direction_chosen_ = direction_chosen_ || !taking_direction_;
 }
 
-// The grid will show a text with Hebrew from the right, so that is how it goes on being typed.
+// The grid will show a text with Hebrew from the right, so the editor goes on from the right as well.
 void CUGMaskedEdit::OnTextChanged(int length) {
     CUGMultiEdit::OnTextChanged(length);
     if (!direction_chosen_ && !RightToLeft() && contains_right_to_left(TypedText())) {
@@ -78,7 +78,7 @@ void CUGMaskedEdit::OnKeyDown(UINT key, UINT repeat, UINT flags) {
     }
 }
 
-// In a text of several lines the arrows go from line to line, and with others held they are the editor's.
+// In a text of several lines the arrows go from line to line; with another key held they are left to the editor.
 bool CUGMaskedEdit::LeavesToRow(UINT key) const {
     const auto held = [](int other) { return ::GetKeyState(other) < 0; };
     return (key == VK_UP || key == VK_DOWN) && !held(VK_SHIFT) && !held(VK_CONTROL) &&

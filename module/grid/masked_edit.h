@@ -39,9 +39,9 @@ class CUGMaskedEdit : public CUGMultiEdit, public corvanes::CellEditor {
 
     std::optional<corvanes::ParagraphDirection> direction_when_empty_;
     bool taking_direction_ = false;
-    bool direction_chosen_ = false;  // by the person, in this edit
-    // The text as it was given, and as the editor holds it: the editor knows fewer kinds of line ends. A text that
-    // nobody edited is given back as it came.
+    bool direction_chosen_ = false;  // whether the person chose the direction in this edit
+    // The text as it was given, and as the editor holds it with its own line ends. A text that nobody edited is given
+    // back as it was given.
     CString given_;
     std::wstring begun_;
     // Null while no edit is going on.

@@ -51,7 +51,7 @@ BOOL MemoryDialog::OnInitDialog() {
         }
         ::SendMessageW(window, WM_SETFONT, static_cast<WPARAM>(font), FALSE);
     }
-    return FALSE;  // the focus is the derived class's affair
+    return FALSE;  // the derived class sets the focus
 }
 
 }  // namespace corvanes

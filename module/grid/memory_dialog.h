@@ -7,7 +7,7 @@
 
 namespace corvanes {
 
-// Places and sizes in dialog units, from the client area's upper left corner.
+// A control of the dialog. Its place and size are in dialog units, from the client area's upper left corner.
 struct DialogControl {
     const wchar_t* window_class;
     const wchar_t* caption;

@@ -1,11 +1,11 @@
-// CUGMultiFontType, a text whose parts have fonts and colours of their own: the cell's label tells them, as
-// corvanes::runs_from_label reads it.
+// CUGMultiFontType, a text whose runs have fonts and colours of their own, which the cell's label gives in the form
+// that corvanes::runs_from_label reads.
 #pragma once
 
 #include "grid/control_type.h"
 
-// On a selected or disabled cell the colours give way to the cell's. A click on a run notifies with its text, F4 and
-// Alt+Down with the whole one.
+// A selected or disabled cell shows its text in the colour of such cells. A click on a run notifies with the run's
+// text, F4 and Alt+Down with the whole text.
 class CUGMultiFontType : public corvanes::ControlType {
   public:
     const wchar_t* GetName() const override { return L"Multi Font Type"; }

@@ -1,4 +1,4 @@
-// How a table goes onto printed pages: its columns' widths, and which rows each page has. Pure.
+// The layout of a table on printed pages: the widths of its columns, and the rows of each page. Pure.
 #pragma once
 
 #include <vector>
@@ -7,8 +7,8 @@
 
 namespace corvanes {
 
-// Widths that fill what is available: where there is room for all, each grows in proportion; otherwise the narrow
-// columns keep theirs and the wide ones share what is left evenly. None is below 1.
+// Widths that fill the available width. When there is room for all, each grows in proportion; otherwise the narrow
+// columns keep theirs and the wide ones share the rest evenly. No width is below 1.
 std::vector<int> fitted_widths(const std::vector<int>& natural, int available);
 
 // The rows of each page when `available` is the height for them on every page; a row that is taller has a page of its

@@ -14,7 +14,7 @@ namespace {
 
 constexpr int heading_row = -1;
 
-// In points.
+// Sizes in points.
 constexpr int font_size = 9;
 constexpr int margin = 42;
 
@@ -44,7 +44,7 @@ PagePainter::PagePainter(CellGrid& grid, PrintTitles titles, HDC dc, const Paper
 
 PagePainter::~PagePainter() {
     dc_.RestoreDC(saved_);
-    dc_.Detach();  // the caller's
+    dc_.Detach();  // the caller owns the context
 }
 
 void PagePainter::PlanColumns() {

@@ -14,7 +14,7 @@ namespace corvanes {
 
 class CellGrid;
 
-// A page of paper as a device sees it, in pixels; the same resolution both ways.
+// A page of paper in pixels of its device, with one resolution in both directions.
 struct Paper {
     int width;
     int height;
@@ -36,10 +36,10 @@ class PagePainter {
 
   private:
     static constexpr int padding = 2;  // in points
-    // In pixels, of so many points of a 72nd of an inch.
+    // The pixels of so many points; a point is a 72nd of an inch.
     int points(int count) const { return ::MulDiv(count, paper_.dots_per_inch, 72); }
     int rule() const { return points(1) > 2 ? points(1) / 2 : 1; }
-    // What a cell has besides its text, left and right together.
+    // The pixels that a cell has beside its text, left and right together.
     int edges() const { return 2 * (points(padding) + cell_text_margin + rule()); }
     void PlanColumns();
     void PlanPages();

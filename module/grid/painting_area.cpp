@@ -82,7 +82,7 @@ void CUGGrid::RedrawRow(int row) {
 
 void CUGGrid::Paint(CDC& dc, const RECT& dirty) {
     if (grid().Commands().StatusDue()) {
-        // The sum is made once the selection has not changed for a moment: it may be of a million cells.
+        // The sum may be that of a million cells, so it is made when the selection has not changed for a moment.
         constexpr UINT moment = 150;  // milliseconds
         SetTimer(status_timer, moment);
     }
@@ -151,8 +151,8 @@ void CUGGrid::PaintCell(CDC& dc, int column, int row, const RECT& inside) {
     type.OnDraw(dc, inside, cell, look);
 }
 
-// Two pixels of the highlight colour with the focus, one grey pixel without; on the grid lines below and beside, so
-// that the foot of the text stays free.
+// Draws the frame of the current cell: two pixels of the highlight colour with the focus, one grey pixel without. It
+// lies on the grid lines below and beside the cell, so that the foot of the text stays free.
 void CUGGrid::MarkCurrentCell(CDC& dc, const RECT& cell) {
     const bool focused = ::GetFocus() == m_hWnd;
     const COLORREF color = ::GetSysColor(focused ? COLOR_HIGHLIGHT : COLOR_GRAYTEXT);
@@ -196,7 +196,8 @@ void CUGGrid::OnLButtonDown(UINT keys, CPoint point) {
     if (in_cell) {
         grid().ClickCell(place.column, place.row, (keys & MK_SHIFT) != 0, (keys & MK_CONTROL) != 0);
     }
-    // Captured before the notification, which may open an editor under the pointer: the release still comes here.
+    // The mouse is captured before the notification, which may open an editor under the pointer, so that the release
+    // still comes here.
     SetCapture();
     pressed_ = place;
     NotifyClick(place, 1, point, in_cell);
@@ -236,7 +237,7 @@ void CUGGrid::OnMouseMove(UINT keys, CPoint point) {
 
 CellAddress CUGGrid::CellTowards(POINT point) const {
     const ColumnLayout& columns = state().columns;
-    // Just outside lies the next column, which is scrolled in.
+    // The next column, just outside, is scrolled in.
     const LONG beside = std::clamp<LONG>(point.x, -1, width());
     const int column =
         columns.at(std::clamp(static_cast<int>(beside) + state().scroll_x, 0, columns.total_width() - 1));
@@ -273,7 +274,7 @@ void CUGGrid::OnTimer(UINT_PTR timer) {
     }
 }
 
-// A menu asked for over the selection is for the selection; elsewhere the cell under the pointer is selected first.
+// A menu that is opened over the selection acts on it; elsewhere the cell under the pointer is selected first.
 LRESULT CUGGrid::OnRightDown(WPARAM, LPARAM point) {
     hint_.Hide();
     if (grid().TakeFocus(*this)) {
@@ -286,7 +287,7 @@ LRESULT CUGGrid::OnRightDown(WPARAM, LPARAM point) {
     return 0;
 }
 
-// The keyboard asks for the menu at -1, -1: it comes up at the current cell.
+// The keyboard asks for the menu with the point -1, -1; the menu then opens at the current cell.
 void CUGGrid::OnContextMenu(CWnd*, CPoint point) {
     hint_.Hide();
     if (grid().IsEditing()) {
@@ -379,7 +380,7 @@ void CUGGrid::OnSysKeyDown(UINT key, UINT repeat, UINT flags) {
     const bool processed = has_cell && grid().CellTypeAt(place.column, place.row).OnKeyDown(grid(), place, key);
     if (!processed) {
         grid().Commands().SysKeyDown(key);
-        // Also what was a command: the system must know that Alt was not pressed for the menu.
+        // The system is told of commands too, so that it knows that Alt was not pressed for the menu.
         CWnd::OnSysKeyDown(key, repeat, flags);
     }
 }
@@ -459,7 +460,7 @@ void CUGGrid::OnCaptureChanged(CWnd*) {
     grid().TakeHold();
 }
 
-// The dialog keeps Tab, and Return as a rule; arrows, characters and Escape are the grid's.
+// The dialog keeps Tab and, as a rule, Return; the grid takes arrows, characters and Escape.
 UINT CUGGrid::OnGetDlgCode() {
     const MSG* asking = GetCurrentMessage();
     const auto* pending = reinterpret_cast<const MSG*>(asking->lParam);

@@ -10,8 +10,9 @@
 
 class CUGGrid : public corvanes::GridPane {
   public:
-    // In pixels of this window, without the grid lines: from left to right only what is visible, so that texts and
-    // editors keep to that, downwards also beyond the window's edge. Empty when nothing of the cell is visible.
+    // The cell's rectangle in pixels of this window, without the grid lines. Its width is that of the visible part, so
+    // that texts and editors keep to it; its height may reach beyond the window's edge. Empty when no part of the cell
+    // is visible.
     RECT CellRectangle(int column, int row) const;
     // The column and the row at a point; -1 for one that the point misses.
     void CellAt(POINT point, int* column, int* row) const;
@@ -49,20 +50,20 @@ class CUGGrid : public corvanes::GridPane {
     void MarkCurrentCell(CDC& dc, const RECT& cell);
     // The cell at a point, with an empty rectangle where there is none.
     corvanes::CellPlace PlaceAt(POINT point) const;
-    // `in_cell`: the button went down in that cell too, whose type may act on it.
+    // With `in_cell` the button went down in that cell too, and the cell's type may act on it.
     void NotifyClick(const corvanes::CellPlace& place, int updn, POINT point, bool in_cell);
     corvanes::CellPlace CurrentPlace() const;
-    // Where the held cell is now.
+    // The place where the held cell is now.
     corvanes::CellPlace PlaceOf(const corvanes::CellHold& hold) const;
     void WaitToHoldOn();
     // Lets the held control repeat its step.
     void HoldOn();
     void ReleaseHold(const corvanes::CellHold& hold, POINT point);
-    // The type of the current cell acts on a wheel above it. False when the wheel is the grid's.
+    // Lets the type of the current cell act on a wheel above it. False leaves the wheel to the grid.
     bool TurnCell(int turn, POINT point);
     void Navigate(UINT key);
     void WaitForHint(POINT point);
-    // Stretches the selection to a point; while that is outside, cells come in from there.
+    // Stretches the selection to a point; while the point is outside, the cells on that side are scrolled in.
     void DragTo(POINT point);
     corvanes::CellAddress CellTowards(POINT point) const;
 

@@ -1,4 +1,4 @@
-// Cells whose control is held, and the wheel above the current cell.
+// The painting area's part that serves cells whose control is held, and the wheel above the current cell.
 #include "grid/cell_grid.h"
 #include "grid/painting_area.h"
 
@@ -6,7 +6,7 @@ using namespace corvanes;
 
 namespace {
 
-// A held control repeats what it does, first after a pause; in milliseconds.
+// A held control repeats what it does: the first pause and the later intervals, in milliseconds.
 constexpr UINT hold_pause = 400;
 constexpr UINT hold_interval = 50;
 

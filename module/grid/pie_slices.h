@@ -9,7 +9,7 @@
 namespace corvanes {
 
 struct PieSlice {
-    std::size_t number;  // which of the numbers it stands for
+    std::size_t number;  // the index of the number that the slice stands for
     double start;
     double end;
     bool operator==(const PieSlice&) const = default;
@@ -21,16 +21,16 @@ struct PixelPoint {
     bool operator==(const PixelPoint&) const = default;
 };
 
-// The numbers of a text, separated by blanks, commas or semicolons; what is no number is left out.
+// The numbers in a text, separated by blanks, commas or semicolons; words that are no number are left out.
 std::vector<double> numbers_in(std::wstring_view text);
 
 // One number is a slice of `whole`, several are slices of their sum. Numbers that are not above 0 have no slice.
 std::vector<PieSlice> pie_slices(const std::vector<double>& numbers, double whole);
 
-// The slice under a point so far to the right of the centre and below it.
+// The slice under a point, which is given by its distances to the right of the centre and below it.
 std::optional<std::size_t> slice_at(const std::vector<PieSlice>& slices, double x, double y, double radius);
 
-// The corners of the slice; a whole turn is a circle without a centre.
+// The corners of the slice's polygon; those of a whole turn do not include the centre.
 std::vector<PixelPoint> slice_outline(PixelPoint center, int radius, const PieSlice& slice);
 
 }  // namespace corvanes

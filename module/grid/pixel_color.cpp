@@ -59,7 +59,7 @@ PixelColor mixed(PixelColor first, PixelColor second) {
     return ((first & 0xFEFEFE) >> 1) + ((second & 0xFEFEFE) >> 1) + (first & second & 0x010101);
 }
 
-// By the weights of the eye's three kinds of receptors; on a grey of the limit both have the same contrast.
+// Weighs the three colours as the eye's receptors do; on a grey at the limit black and white have the same contrast.
 PixelColor readable_on(PixelColor background) {
     const unsigned luma = 299 * (background & 0xFF) + 587 * (background >> 8 & 0xFF) + 114 * (background >> 16 & 0xFF);
     constexpr unsigned limit = 117;

@@ -11,7 +11,7 @@ using namespace corvanes;
 
 namespace {
 
-// Around the bar, where a selected cell shows its colour.
+// The margin around the bar, in pixels, where a selected cell shows its colour.
 constexpr int bar_margin = 2;
 
 std::wstring shown_text(const ControlScene& scene) {

@@ -1,12 +1,11 @@
-// CUGRadioType, a choice among the lines of the cell's label, all of them laid out in the cell; its text is the chosen
-// one.
+// CUGRadioType, a choice among the lines of the cell's label, all of which the cell shows; its text is the chosen line.
 #pragma once
 
 #include "grid/control_type.h"
 
 // The lines stand below each other in as few columns as the cell's height allows. Choosing one is an edit that the
-// grid's owner may refuse. The arrows along which there are other lines choose; the others, and those with Ctrl, are
-// the grid's.
+// grid's owner may refuse. An arrow key that leads to another line chooses it; the other arrows, and arrows with Ctrl,
+// go to the grid.
 class CUGRadioType : public corvanes::ControlType {
   public:
     const wchar_t* GetName() const override { return L"Radio Type"; }

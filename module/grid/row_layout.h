@@ -25,9 +25,9 @@ class RowLayout {
     void insert(int row);
     void remove(int row);
 
-    // The row at `y` pixels below the top of `top`, or -1 below the last row.
+    // The row at `y` pixels below the upper edge of row `top`, or -1 below the last row.
     int at(int y, int top) const;
-    // Pixels from the top of row `top` to the top of `row` (not above it), at most `limit`.
+    // The pixels from the upper edge of row `top` to that of `row`, which is not above it; at most `limit`.
     int distance(int top, int row, int limit) const;
     // How many rows fit whole into `height` pixels from `top` on; at least 1.
     int fitting(int top, int height) const;

@@ -1,4 +1,4 @@
-// The pieces of a text with several fonts: where each is painted, and in which of its runs' fonts.
+// RunLayout, the layout of a text with several fonts: where each of its pieces is painted, and in which font.
 #pragma once
 
 #include <afxwin.h>
@@ -28,16 +28,16 @@ class RunLayout {
     // Lays out the text with the styles that the label gives, in fonts derived from the one that `dc` has selected.
     RunLayout(CDC& dc, std::wstring_view text, std::wstring_view label);
 
-    // In pixels, without margins.
+    // The size of the text in pixels, without margins.
     SIZE size() const { return size_; }
-    // The pieces within `box`, its lines at its left or right edge.
+    // The pieces, with the lines at the left or right edge of `box`.
     std::vector<RunPiece> place(const Box& box, bool from_right) const;
     const std::vector<TextRun>& runs() const { return runs_; }
     HFONT font(std::size_t run) const { return fonts_[run]; }
 
   private:
     struct Line {
-        std::vector<RunPiece> pieces;  // boxes from 0 on
+        std::vector<RunPiece> pieces;  // the boxes begin at 0
         int width = 0;
         int ascent = 0;
         int descent = 0;

@@ -7,20 +7,21 @@ namespace corvanes {
 
 struct GridState;
 
-// Pixels that one click on a horizontal arrow scrolls.
+// How many pixels one click on a horizontal arrow scrolls.
 constexpr int horizontal_line = 16;
 
 // Adds up the turns of a wheel: a touchpad sends them in small parts of a notch.
 class WheelSum {
   public:
-    // How many whole steps have come together, at `steps_a_notch`; the rest waits. A change of direction drops it.
+    // Adds a turn and gives the whole steps that it completes, at `steps_a_notch`. The rest is kept for the next turn;
+    // a change of direction drops it.
     int add(int turn, int steps_a_notch);
 
   private:
     int rest_ = 0;
 };
 
-// How many pixels the cells get inside the grid window, with the scroll bars that are needed subtracted.
+// How many pixels the cells get inside the grid window, less the scroll bars that are needed.
 struct CellSpace {
     int width;
     int height;

@@ -15,7 +15,7 @@ struct RowSpan {
     bool operator==(const RowSpan&) const = default;
 };
 
-// The columns and rows that have something selected; where they cross, not every cell need be.
+// The columns and rows that have a selected cell; not every cell where they cross need be selected.
 struct CellBlock {
     std::vector<int> columns;   // shown ones, from left to right
     std::vector<RowSpan> rows;  // from top to bottom, apart from each other

@@ -23,7 +23,7 @@ class Selection {
     void add(int column, int row);
     // Takes one cell out, which becomes the anchor.
     void remove(int column, int row);
-    // Where the next stretch begins, without selecting anything yet.
+    // Sets where the next stretch begins, and selects nothing yet.
     void set_anchor(int column, int row);
     // Makes the last rectangle reach from the anchor to this cell; begins it when there is none.
     void stretch_to(int column, int row);

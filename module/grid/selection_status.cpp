@@ -8,7 +8,7 @@ namespace {
 
 constexpr UINT status_id = 0xFFFE;
 
-// The place for a line under the grid, in pixels of its parent; empty where something else stands.
+// The place for a line under the grid, in pixels of the parent; empty when another window stands there.
 RECT place_below(const CWnd& grid, int height) {
     const HWND parent = ::GetParent(grid.m_hWnd);
     CRect place;

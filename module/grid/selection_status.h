@@ -1,4 +1,4 @@
-// SelectionStatus, the line below a grid that tells how many numbers are selected and what they come to.
+// SelectionStatus, the line below a grid that shows the count and the sum of the selected numbers.
 #pragma once
 
 #include <afxwin.h>
@@ -7,10 +7,11 @@
 
 namespace corvanes {
 
-// Stands in the grid's parent, where that has room between the grid and whatever is below; elsewhere nothing is shown.
+// The line is a child of the grid's parent, in the room between the grid and what is below it; without room it is not
+// shown.
 class SelectionStatus {
   public:
-    // An empty text takes the line away.
+    // Shows the text; an empty one removes the line.
     void Show(CWnd& grid, HFONT font, const std::wstring& text);
     void Hide();
     bool shown() const { return line_.m_hWnd != nullptr && line_.IsWindowVisible() != 0; }

@@ -5,7 +5,7 @@
 
 class CUGSideHdg : public corvanes::GridPane {
   public:
-    // In pixels of this window; empty when the row is not visible.
+    // The rectangle of the row's heading in pixels of this window; empty when the row is not visible.
     RECT CellRectangle(int row) const;
 
   protected:

@@ -16,7 +16,8 @@ class SideHeadingLayout {
 
     int count() const { return static_cast<int>(widths_.size()); }
     int width(int column) const { return widths_[column]; }
-    // The total follows. False, and nothing changed, for a missing column or when the total would not fit.
+    // Sets the width of a column, which changes the total. False, and nothing changed, for a missing column or when the
+    // total would not fit.
     bool set_width(int column, int width);
     // False, and nothing changed, when there is no column or the total would not fit.
     bool set_widths(const std::vector<int>& widths);

@@ -13,7 +13,7 @@ namespace {
 constexpr int best_groove = 80;
 constexpr int best_height = 20;
 
-// The place of the number, as wide as the longer limit; 0 without it.
+// The width of the number's place, that of the longer limit; 0 when no number is shown.
 int number_width(CDC& dc, const ControlScene& scene) {
     if (!scene.has_option(slider_shows_number)) {
         return 0;
@@ -50,7 +50,7 @@ int CUGSliderType::PartAt(CDC& dc, const ControlScene& scene, POINT point) const
     return holds(groove, static_cast<int>(point.x), static_cast<int>(point.y)) ? first_part : no_part;
 }
 
-// A press beside the thumb brings its middle there.
+// A press beside the thumb moves the thumb's middle there.
 void CUGSliderType::OnPress(const Target& target, int part, POINT point) {
     CClientDC dc(&target.grid);
     const SelectedFont font(dc, target.grid.GetGridFont());

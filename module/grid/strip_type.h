@@ -1,4 +1,4 @@
-// StripType, the base of the cells with a text to edit and a part of their own at the cell's end.
+// StripType, the base of the types whose cells have a text to edit and, in a strip at the cell's end, a part to press.
 #pragma once
 
 #include "grid/control_type.h"
@@ -12,11 +12,11 @@ class StripType : public ControlType {
     SIZE BestSize(CDC& dc, const CUGCell& cell) const override;
 
   protected:
-    // The strip's width in pixels; 0 for a cell without the part.
+    // The strip's width in pixels; 0 for a cell that has no such part.
     virtual int StripWidth(const CUGCell& cell) const = 0;
-    // Draws the part into its strip, which is where the window has it.
+    // Draws the part into its strip, which is given in the window's coordinates.
     virtual void DrawStrip(CDC& dc, const ControlScene& scene, const Box& strip, const CellLook& look) const = 0;
-    // The part at a point of the layout that lies in the strip.
+    // The part at a point that lies in the strip, in the layout's coordinates.
     virtual int StripPartAt(const ControlScene& scene, const Box& strip, POINT point) const = 0;
 
     void Draw(CDC& dc, const ControlScene& scene, const CellLook& look) const final;

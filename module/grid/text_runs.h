@@ -16,7 +16,7 @@ struct RunStyle {
     bool italic = false;
     bool underline = false;
     bool strike_out = false;
-    int points = 0;  // the font's size, 0 for the grid's
+    int points = 0;  // the font's size; 0 for that of the grid's font
     std::optional<PixelColor> color;
     std::wstring font;  // empty for the grid's
 
@@ -30,7 +30,7 @@ struct TextRun {
     bool operator==(const TextRun&) const = default;
 };
 
-// The runs of a text of this length, which they cover without a gap. The label has for each its number of characters
+// The runs of a text of this length, which they cover without a gap. The label gives for each its number of characters
 // and its style, "5 bold red; 3 italic size=14 font=Courier New": the words bold, italic, underline and strikeout, a
 // colour, a size in points, and last the name of a font. What the label does not cover is plain.
 std::vector<TextRun> runs_from_label(std::wstring_view label, std::size_t length);

@@ -5,7 +5,7 @@
 
 class CUGTopHdg : public corvanes::GridPane {
   public:
-    // In pixels of this window; empty when the column is not visible.
+    // The rectangle of the column's heading in pixels of this window; empty when the column is not visible.
     RECT CellRectangle(int column) const;
     // Does what a click on the column's heading does.
     void ClickColumn(int column);
@@ -29,6 +29,6 @@ class CUGTopHdg : public corvanes::GridPane {
     // The column whose right border is being dragged, and the one whose heading is held down; -1 for none.
     int sizing_ = -1;
     int pressed_ = -1;
-    // Where on the border it was taken hold of.
+    // How far from the border, in pixels, the pointer took hold of it.
     int grip_ = 0;
 };

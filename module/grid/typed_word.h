@@ -1,4 +1,4 @@
-// TypedWord, the letters that a person types one soon after another to get to what begins with them. Pure.
+// TypedWord, the letters that a person types in quick succession to get to an item that begins with them. Pure.
 #pragma once
 
 #include <string>
@@ -8,11 +8,11 @@ namespace corvanes {
 class TypedWord {
   public:
     void clear() { letters_.clear(); }
-    // A letter typed at a time in milliseconds; after a pause it begins anew.
+    // Adds a letter that was typed at a time, in milliseconds; after a pause the word begins anew.
     void add(wchar_t letter, unsigned long long time);
-    // In lower case.
+    // The word in lower case.
     const std::wstring& letters() const { return letters_; }
-    // Whether one letter was typed again and again: it may stand for the next thing that begins with it.
+    // Whether one letter was typed repeatedly, which may ask for the next item that begins with it.
     bool is_one_letter() const { return letters_.find_first_not_of(letters_.front()) == std::wstring::npos; }
 
   private:

@@ -13,7 +13,7 @@ namespace {
 
 constexpr int most_decimals = 15;
 
-// Halves, so that the distance between any two numbers is one.
+// Half the distance between the limits, because the whole one may be too large for a number.
 double half_span(const ValueRange& range) {
     return range.most / 2 - range.least / 2;
 }
@@ -104,7 +104,7 @@ std::wstring number_text(double number, int decimals) {
                            : std::to_chars(digits, std::end(digits), number);
     std::wstring text(digits, end.ptr);
     if (text.front() == L'-' && text.find_first_of(L"123456789") == text.npos) {
-        text.erase(0, 1);  // no -0.0
+        text.erase(0, 1);  // "-0.0" becomes "0.0"
     }
     return text;
 }

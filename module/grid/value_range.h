@@ -17,20 +17,21 @@ struct ValueRange {
 // From the settings "min", "max" and "step" (above 0), and "wrap". Limits that are the wrong way round change places.
 ValueRange range_from_label(std::wstring_view label);
 
-// Where a value stands between the limits, from 0 to 1; values outside stand at them.
+// Where a value stands between the limits, from 0 to 1; a value beyond a limit stands at it.
 double fraction_of(const ValueRange& range, double value);
 
-// The value nearest to a fraction that is whole steps away from the least one, or the most one.
+// The value nearest to a fraction between the limits, among those that are whole steps from the least value, and the
+// greatest value.
 double value_at(const ValueRange& range, double fraction);
 
-// So many steps from a value, below 0 downwards. It stops at a limit; from the limit itself a range that wraps goes on
-// at the other one.
+// The value so many steps from another, downwards when `steps` is below 0. The steps stop at a limit; from the limit
+// itself a range that wraps goes on at the other one.
 double stepped(const ValueRange& range, double value, int steps);
 
 // The number that a cell with this text gets, where `former` says how many decimals it has had.
 std::wstring value_text(const ValueRange& range, double value, std::wstring_view former);
 
-// The number of a cell with this label and text, so many steps on.
+// The number so many steps on from that of a cell with this label and text.
 std::wstring stepped_text(std::wstring_view label, std::wstring_view text, int steps);
 
 // How many steps a page is: a tenth of the range.
@@ -39,7 +40,7 @@ int steps_a_page(const ValueRange& range);
 // The digits behind the point of the number in a text, at most 15.
 int decimals_in(std::wstring_view text);
 
-// With so many decimals; without an exponent unless the number is beyond a quadrillion.
+// The number as a text with so many decimals, and without an exponent unless it is beyond a quadrillion.
 std::wstring number_text(double number, int decimals);
 
 }  // namespace corvanes

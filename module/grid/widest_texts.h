@@ -8,8 +8,8 @@
 
 namespace corvanes {
 
-// Adds up the widths of the characters, each asked for once: measuring a million texts as they are painted would take
-// seconds.
+// Adds up the widths of the characters, each of which it asks for once, because measuring a million whole texts would
+// take seconds.
 class WidestTexts {
   public:
     static constexpr std::size_t kept = 8;
@@ -29,7 +29,7 @@ class WidestTexts {
     int width_of(wchar_t character);
 
     std::function<int(wchar_t)> ask_;
-    std::vector<int> known_;  // by character, -1 for one that was not asked for
+    std::vector<int> known_;  // widths by character; -1 for one that was not asked for
     std::vector<Measured> widest_;
 };
 
