@@ -1,4 +1,4 @@
-// What is painted for each character of a painted text, how wide that is in a font, and where it stands.
+// The widths of the characters of a painted text in a font, what is painted for each of them, and where it stands.
 #pragma once
 
 #include <windows.h>
@@ -12,8 +12,8 @@
 
 namespace corvanes {
 
-/// What to paint for character `index` of a painted text: itself, a whole surrogate pair in its right order for the
-/// first half that is painted, nothing for the other half.
+/// The text to paint for character `index` of a painted text: the character itself; for the half of a surrogate pair
+/// that is painted first, the whole pair in its right order; nothing for the other half.
 std::wstring painted_glyph(std::wstring_view text, size_t index);
 
 /// Remembers the widths of one font; to be cleared when the font changes.

@@ -58,7 +58,7 @@ class CharacterTypes {
     CharacterTypes(const ByteTypes& system_types, const ByteCharacters& characters);
     BidiType of(wchar_t character) const { return static_cast<BidiType>(class_of(character) & type_bits); }
 
-    /// Writes one class for each character: its type and, from bit `kind_shift` on, its NeutralKind.
+    /// Writes one class for each character: its type in the low bits and, from bit `kind_shift` on, its NeutralKind.
     void classify(std::wstring_view text, std::uint8_t* classes) const;
     static constexpr unsigned kind_shift = 4;
 

@@ -71,7 +71,7 @@ bool put_clipboard(HWND owner, const std::vector<ClipboardForm>& forms) {
         if (::SetClipboardData(forms[i].format, copies[i].get()) == nullptr) {
             return false;
         }
-        static_cast<void>(copies[i].release());  // the clipboard's from now on
+        static_cast<void>(copies[i].release());  // the clipboard owns it from now on
     }
     return true;
 }

@@ -16,16 +16,18 @@ struct ClipboardForm {
     std::string_view bytes;
 };
 
-/// Puts the forms there, the best first, in place of what was there. False when the clipboard is not to be had.
+/// Replaces the clipboard's content by these forms, of which the best comes first. False when the clipboard cannot be
+/// opened.
 bool put_clipboard(HWND owner, const std::vector<ClipboardForm>& forms);
 
 /// The form CF_UNICODETEXT of a text, which must outlive it.
 ClipboardForm clipboard_form(const std::wstring& text);
 
-/// Puts a text there as CF_UNICODETEXT, its line ends as CR LF. False when the clipboard is not to be had.
+/// Replaces the clipboard's content by a text as CF_UNICODETEXT, with line ends as CR LF. False when the clipboard
+/// cannot be opened.
 bool put_clipboard_text(HWND owner, std::wstring_view text);
 
-/// The clipboard's text as it is there, or nothing when it holds none.
+/// The clipboard's text, unchanged; nothing when it holds none.
 std::optional<std::wstring> clipboard_text(HWND owner);
 
 bool clipboard_has_text();

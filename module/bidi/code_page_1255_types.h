@@ -1,4 +1,4 @@
-// The bidirectional types of Windows code page 1255 (Hebrew), for systems that cannot be asked.
+// The bidirectional types of Windows code page 1255 (Hebrew), for systems that cannot tell them.
 #pragma once
 
 #include "bidi/character_types.h"

@@ -27,7 +27,7 @@ int font_height(HDC dc) {
     return metrics.tmHeight;
 }
 
-/// Lays the text out and paints it; nothing when it has no width or could not be reordered.
+/// Lays the text out and paints it. Returns nothing when it has no width or could not be reordered.
 std::optional<TextLayout> draw(HDC dc, std::wstring text, const RECT& rect, unsigned alignment, bool left_to_right,
                                bool reorder) {
     if (reorder) {

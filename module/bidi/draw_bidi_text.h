@@ -1,4 +1,4 @@
-// Painting of reordered text, character by character.
+// The painting of reordered text, character by character.
 #pragma once
 
 #include <windows.h>
@@ -14,7 +14,7 @@ LayoutRect layout_rect(const RECT& rect);
 /// Paints characters at their places with the font, colours and background mode of `dc`.
 void paint_characters(HDC dc, std::wstring_view text, const TextLayout& layout);
 
-/// Paints a block of lines in the colours and the font of `dc`; where each character goes is told at lay_out_text. With
+/// Paints a block of lines in the colours and the font of `dc`; lay_out_text tells where each character goes. With
 /// `reorder` the text is a typed one and is reordered first, else it is a painted one. The outputs, which may be null,
 /// take the number of lines and the length of the longest. Returns the number of lines, 0 for an empty text, -1 when
 /// memory runs out, the reordering fails or the text has no width; then nothing is painted.

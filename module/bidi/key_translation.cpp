@@ -8,7 +8,7 @@
 namespace corvanes {
 namespace {
 
-// Virtual-key codes, as far as the rules name them.
+// The virtual-key codes that the rules name.
 enum Key : unsigned {
     key_backspace = 8,
     key_tab = 9,
@@ -51,7 +51,7 @@ bool between(unsigned key, unsigned first, unsigned last) {
     return key >= first && key <= last;
 }
 
-/// Switches by itself to English for a number and back after it; inside a number the slash key is a decimal point.
+/// Switches to English for a number and back after it; inside a number the slash key is a decimal point.
 unsigned follow_number(unsigned key, InputLanguage& language) {
     if (language.current == hebrew_language && is_number_key(key)) {
         language = {english_language, true};
@@ -68,7 +68,7 @@ void choose_direction(KeyAction& action, ParagraphDirection direction) {
     action.layout = direction == ParagraphDirection::left_to_right ? english_language : hebrew_language;
 }
 
-/// The combinations of Shift and Ctrl; true when the key was one of these keys.
+/// Handles the combinations of Shift and Ctrl; true when the key was one of these two.
 bool translate_shift_or_ctrl(unsigned scan_code, const KeyModifiers& modifiers, KeyAction& action) {
     switch (scan_code) {
         case scan_left_shift:
@@ -112,7 +112,7 @@ constexpr KeyCommand commands_with_ctrl[] = {
     {'X', EditCommand::cut},          {'Z', EditCommand::undo},
 };
 
-/// The keys that edit or move without a character; the others take the character path.
+/// Handles the keys that edit or move without a character; the others are translated to characters.
 constexpr KeyCommand commands_without_ctrl[] = {
     {key_backspace, EditCommand::delete_before},
     {key_tab, EditCommand::insert_tab},
@@ -197,7 +197,7 @@ void translate_punctuation(unsigned key, const KeyModifiers& modifiers, KeyActio
     }
 }
 
-/// The key that a digit of the keypad is when it does not give the digit; 0 for none.
+/// The key that a key of the keypad stands for when it does not give its digit; 0 for none.
 unsigned navigation_key(unsigned keypad_digit) {
     constexpr std::array<unsigned, 10> keys = {0, key_end, key_down, 0, key_left, 0, key_right, key_home, key_up, 0};
     return keys[keypad_digit - key_keypad_0];

@@ -1,4 +1,4 @@
-// What a key does in the right-to-left editor, decided without any window.
+// The translation of a key into what the right-to-left editor has to do, without any window.
 #pragma once
 
 #include <cstdint>
@@ -9,7 +9,7 @@ using LanguageId = std::uint16_t;
 constexpr LanguageId hebrew_language = 1037;
 constexpr LanguageId english_language = 1033;
 
-/// A key as it comes with WM_KEYDOWN. Bits 0 to 7 of the flags are the scan code, bit 8 marks an extended key.
+/// A key as WM_KEYDOWN gives it. Bits 0 to 7 of the flags are the scan code, bit 8 marks an extended key.
 struct KeyPress {
     unsigned key = 0;
     unsigned flags = 0;
@@ -63,12 +63,12 @@ enum class ParagraphDirection { unchanged = 0, left_to_right = 1, right_to_left 
 
 /// What the editor has to do, in the order of the members.
 struct KeyAction {
-    /// The language from now on.
+    /// The editor's language after the key.
     InputLanguage language;
     /// The language whose keyboard layout is to be activated; 0 for none.
     LanguageId layout = 0;
     ParagraphDirection direction = ParagraphDirection::unchanged;
-    /// The caret is taken off the screen before what follows, and drawn again after it.
+    /// The caret is removed from the screen before the actions that follow, and drawn again after them.
     bool redraws_caret = false;
     /// Where there is a selection, delete_before and delete_after then have nothing left to do.
     bool deletes_selection = false;
@@ -87,7 +87,7 @@ bool is_number_key(unsigned key);
 /// key of a Windows keyboard has together with such a letter.
 unsigned standard_key(unsigned key, wchar_t letter);
 
-/// `locked`: Tab and Enter do nothing.
+/// What a key does. With `locked`, Tab and Enter do nothing.
 KeyAction translate_key(const KeyPress& press, const KeyModifiers& modifiers, const InputLanguage& language,
                         bool locked);
 

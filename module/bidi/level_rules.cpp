@@ -14,7 +14,7 @@ Word below(Word member) {
     return member - 1;
 }
 
-/// The neutrals of one word, by what decides on their directions.
+/// The neutrals of one word, grouped by what decides on their directions.
 struct Neutrals {
     Word previous_left_to_right;
     Word previous_right_to_left;
@@ -177,12 +177,12 @@ void LevelRules::find_next_directions() {
 }
 
 PositionSet::Word LevelRules::resolve_word(size_t w, Passed& passed) const {
-    // All of a neutral run sees the same neighbours. Arabic numbers do not end it, nor count as one.
+    // All neutrals of a run have the same neighbours. Arabic numbers neither end a run nor count as neighbours.
     const Word runs = classes.neutral[w] | classes.arabic_number[w];
     const Word with_direction = strong(w) | classes.neutral[w];
     Word left_before = classes.left_to_right.behind(w) | passed.left_to_right_before_run;
     Word right_before = classes.right_to_left.behind(w) | passed.right_to_left_before_run;
-    // The run before the characters without a type may be another run of neutrals, which has its direction by then.
+    // Before the characters without a type there may be another run of neutrals, which has its direction already.
     Word behind_untyped = runs & classes.untyped.behind(w);
     Neutrals neutrals = {.previous_left_to_right = 0,
                          .previous_right_to_left = 0,

@@ -19,8 +19,8 @@ struct LevelRun {
 
 /// A line on its way through the rules. The buffers are kept from line to line.
 ///
-/// A strong character stands one level above the base level when its direction is not that of the first strong one;
-/// everything else stands at the base level, or at 0 without a type. So the rules need no levels: they move characters
+/// A strong character stands one level above the base level when its direction is not that of the first strong one; all
+/// others stand at the base level, or at 0 when they have no type. So the rules need no levels: they move characters
 /// from one set of `classes` to another.
 class LevelRules {
   public:
@@ -46,15 +46,16 @@ class LevelRules {
     void join_terminators_to_numbers();
     /// "12 500": neutrals between two numbers belong to them.
     void join_numbers_over_neutrals();
-    /// Numbers become strong left-to-right; what else is weak, except Arabic numbers, becomes neutral.
+    /// Numbers become strong left-to-right; all other weak characters except Arabic numbers become neutral.
     void settle_remaining_weak_types();
-    /// Neutrals take the direction of the strong types on both sides where these agree, else one by what they are.
+    /// Neutrals take the direction of the strong types on both sides when these agree, else one that depends on their
+    /// kind.
     void resolve_neutrals();
     /// Characters that run against their level go up to the next level of their direction.
     void raise_implicit_levels();
 
     using Word = PositionSet::Word;
-    /// What a neutral's direction depends on that lies in the words before.
+    /// What lies in the words before and decides on a neutral's direction.
     struct Passed;
 
     Word strong(size_t word) const { return classes.left_to_right[word] | classes.right_to_left[word]; }
@@ -74,7 +75,7 @@ class LevelRules {
     /// Scratch sets of the rules: neutrals that become right-to-left, numbers that other characters join.
     PositionSet found_;
     PositionSet found_before_;
-    // Levels never get higher than 3: these are the two bits of them.
+    // The two bits of each level, since no level is higher than 3.
     PositionSet odd_;
     PositionSet two_or_three_;
     std::vector<std::uint32_t> run_starts_;

@@ -1,4 +1,4 @@
-// The characters of a line by their classes, before any rule has run.
+// LineClasses, the characters of a line by their classes, before any rule has run.
 #pragma once
 
 #include <cstdint>

@@ -203,7 +203,7 @@ void CUGMultiEdit::OnVScroll(UINT code, UINT position, CScrollBar*) {
     Redraw();
 }
 
-// A range would make a scroll bar appear in a window that has none.
+// In a window without a scroll bar a range would make one appear.
 void CUGMultiEdit::UpdateScrollRanges() {
     if (m_hWnd == nullptr) {
         return;
@@ -256,7 +256,7 @@ std::vector<VisibleText> CUGMultiEdit::VisibleRows() const {
     return rows;
 }
 
-// Only rows that changed are painted again: painting a character costs more than everything that is computed for it.
+// Paints only the rows that changed, because painting a character costs more than everything that is computed for it.
 void CUGMultiEdit::RedrawChangedRows(const std::vector<VisibleText>& former) {
     const std::vector<VisibleText> rows = VisibleRows();
     for (size_t row = 0; row < rows.size(); ++row) {

@@ -26,10 +26,11 @@ constexpr UINT direction_changed_message = 0x2F02;  // wParam: 1 left-to-right, 
 
 }  // namespace corvanes
 
-/// A real edit control by its class, so that programs find it, but the control itself never sees a key, a click or a
-/// text: keys become characters by the editor's own tables, the text is kept in typed and painted order, and it is
-/// painted here. The text messages of an edit control (WM_GETTEXT, EM_SETSEL, WM_PASTE and so on) are answered for the
-/// typed text, with LF between lines, and its parent gets an edit control's notifications (EN_CHANGE and so on).
+/// Its window has the class of the system's edit control, so that programs find it, but the control itself never sees a
+/// key, a click or a text: keys become characters by the editor's own tables, the text is kept in typed and painted
+/// order, and it is painted here. The text messages of an edit control (WM_GETTEXT, EM_SETSEL, WM_PASTE and so on) are
+/// answered for the typed text, with LF between lines, and its parent gets an edit control's notifications (EN_CHANGE
+/// and so on).
 class CUGMultiEdit : public CEdit {
   public:
     CUGMultiEdit();
@@ -43,13 +44,13 @@ class CUGMultiEdit : public CEdit {
     void SetLocked(bool locked) { locked_ = locked; }
 
   protected:
-    // These tell the parent owner of a change; an override calls them to keep it told.
+    // These tell the parent owner of a change; an override calls the version here, so that the owner is still told.
     virtual void OnLanguageChanged(LANGID language, WORD second_word);
     virtual void OnTextChanged(int length);
     virtual void OnCaretMoved(int index);
     virtual void OnDirectionChanged(int direction);
 
-    /// Inserts in place of the selection, or tells the parent that there is no room.
+    /// Inserts a text in place of the selection, or tells the parent that there is no room.
     void ReplaceSelection(std::wstring_view text);
     void TypeCharacter(wchar_t character) { ReplaceSelection({&character, 1}); }
     /// Puts the character of a key that another window received in place of the selection. A digit is treated as typed
@@ -138,7 +139,7 @@ class CUGMultiEdit : public CEdit {
     void UpdateScrollRanges();
     void ScrollToCaret();
     void Redraw();
-    /// What each row of the window shows.
+    /// The text that each row of the window shows.
     std::vector<corvanes::VisibleText> VisibleRows() const;
     void RedrawChangedRows(const std::vector<corvanes::VisibleText>& former);
     void TellOwner(UINT message, WPARAM wParam, LPARAM lParam) const;

@@ -60,7 +60,7 @@ std::optional<Motion> motion_of(EditCommand command) {
 
 using KeyboardState = std::array<BYTE, 256>;
 
-/// What the system keyboard gives for a key, in the code page of the language in which it is asked.
+/// The character that the system keyboard gives for a key, in the code page of the language in which it is asked.
 std::wstring ask_keyboard(UINT key, UINT flags, LanguageId language, const KeyboardState& state) {
     DWORD code_page = 0;
     ::GetLocaleInfoW(MAKELCID(language, SORT_DEFAULT), LOCALE_IDEFAULTANSICODEPAGE | LOCALE_RETURN_NUMBER,
@@ -111,8 +111,8 @@ void CUGMultiEdit::OnSysKeyDown(UINT key, UINT repeat, UINT flags) {
     }
 }
 
-// The message loop has posted a character for the key that is being handled; only the editor's own one counts. A
-// character that comes without a key (from an input method, a script) stays.
+// Drops the character that the message loop has posted for the key that is being handled, because only the editor's own
+// one counts. A character that comes without a key (from an input method, a script) is kept.
 void CUGMultiEdit::DropTranslatedCharacter(UINT flags) {
     MSG character;
     if ((flags & scan_code_bits) != 0 && ::PeekMessageW(&character, m_hWnd, WM_CHAR, WM_DEADCHAR, PM_NOREMOVE) != 0 &&
@@ -142,7 +142,7 @@ void CUGMultiEdit::HandleKey(UINT key, UINT repeat, UINT flags) {
         action.key = key;
     }
     if (recognised == VK_TAB || recognised == VK_ESCAPE) {
-        editing_.forget_column();  // also where the key does nothing else here
+        editing_.forget_column();  // also when the key has no other effect here
     }
     Perform(action, repeat, flags);
 }

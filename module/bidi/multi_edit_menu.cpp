@@ -1,4 +1,4 @@
-// The editor's context menu: what its keys do, and what they cannot.
+// The editor's context menu, with what its keys do and what no key does.
 #include <iterator>
 
 #include "bidi/clipboard_text.h"
@@ -40,7 +40,8 @@ UINT enabled_if(bool enabled) {
 
 }  // namespace
 
-/// What a person chooses, 0 for nothing. The keyboard asks for the menu at -1, -1: it comes up at the caret.
+/// Shows the menu and gives what a person chooses, 0 for nothing. The keyboard asks for the menu with the point -1, -1;
+/// it then opens at the caret.
 UINT CUGMultiEdit::AskContextMenu(CPoint point) {
     const bool selected = !editing_.selection().empty();
     const bool any = !TypedText().empty();
@@ -62,7 +63,7 @@ UINT CUGMultiEdit::AskContextMenu(CPoint point) {
     menu.AppendMenu(enabled_if(any), menu_select_all, L"Select &All");
     menu.AppendMenu(MF_SEPARATOR);
     menu.AppendMenu(MF_STRING, menu_first_character, L"Insert &Sheqel Sign");
-    // The menu that it is put into destroys it.
+    // The menu that the popup is put into destroys it.
     menu.AppendMenu(MF_POPUP, reinterpret_cast<UINT_PTR>(characters.Detach()), L"&Insert Character");
     menu.AppendMenu(MF_SEPARATOR);
     menu.AppendMenu(MF_STRING | (editing_.model().right_to_left() ? MF_CHECKED : 0U), menu_right_to_left,

@@ -89,7 +89,7 @@ LRESULT CUGMultiEdit::OnGetSel(WPARAM start, LPARAM end) {
     return range.end <= 0xFFFF ? MAKELONG(range.start, range.end) : -1;
 }
 
-// A start of -1 gives the selection up, an end of -1 is the end of the text.
+// A start of -1 removes the selection; an end of -1 stands for the end of the text.
 LRESULT CUGMultiEdit::OnSetSel(WPARAM start, LPARAM end) {
     const auto first = static_cast<int>(start);
     const auto last = static_cast<int>(end);
@@ -116,7 +116,7 @@ LRESULT CUGMultiEdit::OnGetLineCount(WPARAM, LPARAM) {
     return std::max(1, editing_.model().line_count());
 }
 
-// An index or line of -1 is the caret's.
+// An index or a line of -1 stands for that of the caret.
 LRESULT CUGMultiEdit::OnLineFromChar(WPARAM index, LPARAM) {
     const auto given = static_cast<int>(index);
     return given < 0 ? editing_.caret_line() : editing_.model().logical_line_at(static_cast<size_t>(given));

@@ -11,8 +11,7 @@ namespace {
 constexpr UINT_PTR drag_timer = 0x1D0C;
 constexpr UINT drag_interval = 50;  // milliseconds
 
-/// On which side of the window a point lies, if it lies outside; above and below only count where there are other
-/// lines.
+/// The side of the window on which a point outside of it lies; above and below count only when there are other lines.
 std::optional<Motion> direction_outside(const RECT& client, const POINT& point, bool several_lines) {
     if (several_lines && (point.y < client.top || point.y >= client.bottom)) {
         return point.y < client.top ? Motion::up : Motion::down;

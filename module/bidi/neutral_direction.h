@@ -1,4 +1,4 @@
-// Which direction a neutral character takes between its neighbours.
+// The direction that a neutral character takes between its neighbours.
 #pragma once
 
 #include "bidi/character_types.h"
@@ -13,10 +13,10 @@ constexpr bool is_right_to_left(Level level) {
     return (level & 1) != 0;
 }
 
-/// The type that a level stands for where a separator leans on one neighbour: R for odd and L for even levels of a
-/// left-to-right line, and the other way round in a right-to-left line. The inversion in right-to-left lines is
-/// intended: at its base level a full stop beside a Latin word at the end of a line stays with the word in paragraphs
-/// of both directions.
+/// The type that a level stands for when a separator takes its direction from one neighbour: R for odd and L for even
+/// levels of a left-to-right line, and the other way round in a right-to-left line. The inversion in right-to-left
+/// lines is intended: at its base level a full stop beside a Latin word at the end of a line stays with the word in
+/// paragraphs of both directions.
 constexpr BidiType LevelDirection(Level level, bool left_to_right) {
     return is_right_to_left(level) == left_to_right ? BidiType::right_to_left : BidiType::left_to_right;
 }

@@ -7,7 +7,8 @@ namespace corvanes {
 
 class OffScreen {
   public:
-    /// Like `screen`, filled with one colour. When the system has no room, painting into it does nothing.
+    /// The picture suits the context `screen` and is filled with one colour. When the system has no room for it,
+    /// painting into it does nothing.
     OffScreen(CDC& screen, int width, int height, COLORREF color) {
         dc_.CreateCompatibleDC(&screen);
         bitmap_.CreateCompatibleBitmap(&screen, width, height);

@@ -15,7 +15,7 @@ class PositionSet {
 
     static size_t words_for(size_t length) { return (length + word_size - 1) / word_size; }
 
-    /// Makes room; which positions are members then is not defined. Never gives memory back.
+    /// Makes room for positions, whose membership is unspecified afterwards. Never gives memory back.
     void resize(size_t words) {
         if (words_.size() < words + 2) {
             words_.resize(words + 2);
@@ -34,7 +34,7 @@ class PositionSet {
     Word before(size_t word) const { return words_[word + 1] >> 1 | words_[word + 2] << (word_size - 1); }
 
   private:
-    // With an empty word at each end.
+    // The words of the set, with an empty word at each end.
     std::vector<Word> words_ = std::vector<Word>(2);
 };
 
@@ -63,14 +63,14 @@ void for_each_position(const PositionSet& set, size_t words, Visit visit) {
     }
 }
 
-/// Of the runs of `group` in one word, those that begin at a seed. A seed elsewhere than at the begin of a run counts
-/// for nothing when it lies outside of the group, and must not lie inside.
+/// Of the runs of `group` in one word, those that begin at a seed. A seed outside of the group has no effect; one
+/// inside must be at the beginning of a run.
 constexpr PositionSet::Word runs_from(PositionSet::Word group, PositionSet::Word seeds) {
     // Adding 1 to a run of ones at its begin turns it to zeros.
     return group & ~(group + (seeds & group));
 }
 
-/// Of the runs of `group` in one word, what lies at or below a seed of the run.
+/// Of each run of `group` in one word, the positions at or below a seed in that run.
 constexpr PositionSet::Word runs_down_to(PositionSet::Word group, PositionSet::Word seeds) {
     PositionSet::Word reached = seeds & group;
     for (unsigned distance = 1; distance < PositionSet::word_size; distance *= 2) {

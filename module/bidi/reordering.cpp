@@ -8,7 +8,8 @@
 namespace corvanes {
 namespace {
 
-/// Runs one of the ways of a Reordering that is kept; 0 when there are no types or is no memory.
+/// Runs one of the functions of a Reordering that is kept between calls; 0 when the system gives no types or memory
+/// runs out.
 template <class Reorder>
 int with_kept_buffers(std::wstring_view text, wchar_t* visual, Reorder reorder) {
     const CharacterTypes* types = system_character_types();

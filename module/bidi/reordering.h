@@ -37,7 +37,7 @@ class Reordering {
     void reorder(std::wstring_view text, wchar_t* visual, std::uint32_t* map, bool left_to_right,
                  Level level_offset = 0);
 
-    /// The same for a text of several lines, each of which is reordered by itself: no character leaves its line, and
+    /// As above, for a text of several lines, each of which is reordered by itself: no character leaves its line, and
     /// the line feeds stay where they are.
     void reorder_lines(std::wstring_view text, wchar_t* visual, std::uint32_t* map, bool left_to_right);
 
@@ -52,11 +52,11 @@ class Reordering {
     VisualOrder order_;
 };
 
-/// The whole way for one line: `visual` must hold length + 1 characters and is terminated; `map` may be null. Returns
-/// 1, or 0 with everything untouched when the system cannot classify characters or memory runs out.
+/// Reorders one line from its text alone: `visual` must hold length + 1 characters and is terminated; `map` may be
+/// null. Returns 1, or 0 with everything untouched when the system cannot classify characters or memory runs out.
 int LogicalToVisual(const wchar_t* text, size_t length, wchar_t* visual, std::uint32_t* map, int left_to_right);
 
-/// As LogicalToVisual, under its second name.
+/// LogicalToVisual under its second name.
 int LogicalToVisualLine(const wchar_t* text, size_t length, wchar_t* visual, std::uint32_t* map, int left_to_right);
 
 /// As LogicalToVisual, for each line of a text by itself.

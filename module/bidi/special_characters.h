@@ -1,4 +1,5 @@
-// The characters that the reordering treats by themselves: mirrored brackets, and separators that lean on a neighbour.
+// The characters that the reordering treats in a special way: brackets, which are mirrored, and separators, which take
+// their direction from a neighbour.
 #pragma once
 
 #include <cstdint>
@@ -13,7 +14,7 @@ constexpr bool is_hebrew_letter(wchar_t character) {
     return character >= first_hebrew_letter && character <= last_hebrew_letter;
 }
 
-/// The matching bracket; any other character comes back as it is.
+/// The matching bracket; any other character is returned as it is.
 constexpr wchar_t GetMirrorChar(wchar_t character) {
     switch (character) {
         case L'(':
@@ -65,7 +66,7 @@ constexpr bool IsNeutralSeparator(wchar_t character) {
     return character == L' ' || IsNeutralSeparatorNoSpace(character);
 }
 
-/// The kinds of neutrals, which decide how a neutral finds its direction.
+/// The kinds of neutrals; a neutral's kind decides how it gets its direction.
 enum class NeutralKind : std::uint8_t { other, bracket, space, separator };
 
 constexpr NeutralKind neutral_kind(wchar_t character) {

@@ -1,4 +1,4 @@
-// What the reordering asks of the operating system: its classification of characters, in its ANSI code page.
+// The operating system's classification of characters, in its ANSI code page, for the reordering.
 #pragma once
 
 #include "bidi/character_types.h"

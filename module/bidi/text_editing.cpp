@@ -130,8 +130,8 @@ void TextEditing::move(Motion motion, bool extend) {
     }
 }
 
-// Where two directions meet, a gap is at two typed places. A selection begins at the one beside the character that it
-// takes first.
+// Where two directions meet, a gap stands for two typed places. A selection begins at the place beside the character
+// that it takes first.
 void TextEditing::step(bool forward, bool extend) {
     const VisualCaret to = step_caret(model_, caret_, forward);
     if (extend && selection().empty() && to.gap != caret_.gap) {

@@ -1,4 +1,4 @@
-// What an editor does to its text: inserting, deleting, moving the caret, selecting, undoing.
+// TextEditing, an editor's text and what is done to it: inserting, deleting, moving the caret, selecting, undoing.
 #pragma once
 
 #include <optional>
@@ -28,8 +28,8 @@ class TextEditing {
     bool modified() const { return modified_; }
     void set_modified(bool modified) { modified_ = modified; }
 
-    /// Begins anew with a text of any length. Undoing comes back to this text when nothing was saved. CR LF becomes LF,
-    /// a single CR too.
+    /// Begins anew with a text of any length. Undoing comes back to this text when nothing was saved. CR LF and a
+    /// single CR become LF.
     void reset(std::wstring_view text, bool from_logical = true);
     void set_right_to_left(bool right_to_left);
 
@@ -38,7 +38,7 @@ class TextEditing {
     /// Replaces the selection by a text, whole or not at all.
     bool replace_selection(std::wstring_view text);
     bool delete_selection();
-    /// A surrogate pair goes as one character.
+    /// These delete a surrogate pair as one character.
     void delete_before();
     void delete_after();
     void undo();
@@ -52,7 +52,8 @@ class TextEditing {
     /// The selection follows the caret to a gap, and by one step further in a direction as long as that stays on the
     /// line, or changes to another line.
     void drag_beyond(size_t gap, Motion direction);
-    /// Both ends are held within the text and before a surrogate pair that they would split; the caret goes to `end`.
+    /// Selects from one place to another. Both are held within the text, and moved to the front of a surrogate pair
+    /// that they would split. The caret goes to `end`.
     void select(size_t anchor, size_t end);
     /// The run of letters and digits, of separators or of blanks around a typed position.
     void select_word(size_t index);
@@ -77,8 +78,8 @@ class TextEditing {
     bool modified_ = false;
 };
 
-/// A text from elsewhere for an editor of one line: line ends and tabs at its ends go, a run of them within becomes one
-/// blank.
+/// A text from elsewhere in the form for an editor of one line: line ends and tabs at its two ends are removed, and
+/// each run of them within becomes one blank.
 std::wstring single_line(std::wstring_view text);
 
 /// How many blanks Tab inserts at a column: up to the next multiple of the tab width, at least one.

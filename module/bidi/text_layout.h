@@ -1,4 +1,4 @@
-// Where the characters of a painted text go in a rectangle, and which of them a point hits.
+// The layout of a painted text in a rectangle: where its characters go, and which of them a point hits.
 #pragma once
 
 #include <cstdint>
@@ -11,7 +11,7 @@
 
 namespace corvanes {
 
-/// Pixels; the right and bottom edges lie outside.
+/// A rectangle in pixels; its right and bottom edges lie outside.
 struct LayoutRect {
     int left = 0;
     int top = 0;
@@ -43,7 +43,7 @@ struct PlacedCharacter {
 struct TextLayout {
     std::vector<PlacedCharacter> characters;
     int line_count = 0;
-    /// Characters of the longest line.
+    /// How many characters the longest line has.
     int longest_line = 0;
 };
 
@@ -55,7 +55,7 @@ struct TextLayout {
 std::optional<TextLayout> lay_out_text(std::wstring_view text, const TextPositions& positions, const LayoutRect& rect,
                                        int line_height, unsigned alignment, bool left_to_right);
 
-/// The part of a text that an editor shows, and the size of its characters.
+/// The part of a text that an editor shows, and the sizes of its characters.
 struct TextView {
     LayoutRect client;
     int line_height = 1;

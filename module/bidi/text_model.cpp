@@ -33,7 +33,7 @@ int count_lines_before(const std::wstring& text, size_t index) {
     return static_cast<int>(std::count(text.begin(), end, L'\n'));
 }
 
-/// For each character of the source, whether it runs the way that the result is counted.
+/// For each character of the source, whether it runs in the direction in which the result is counted.
 std::vector<bool> find_forward(const std::vector<LevelRun>& runs, size_t length, bool right_to_left) {
     std::vector<bool> forward(length);
     for (const LevelRun& run : runs) {

@@ -41,7 +41,7 @@ class TextModel {
 
     const std::wstring& logical() const { return logical_; }
     const std::wstring& visual() const { return visual_; }
-    /// Entry v is the logical index of painted character v; one entry more than the text.
+    /// Entry v is the logical index of painted character v. The map has one entry more than the text.
     const std::vector<std::uint32_t>& map() const { return map_; }
     bool right_to_left() const { return right_to_left_; }
 
@@ -56,7 +56,7 @@ class TextModel {
 
     /// 0 for an empty text.
     int line_count() const { return line_count_; }
-    /// The painted line that shows at `row`, counted from the top of the whole text; the same way back.
+    /// The painted line that shows at `row`, counted from the top of the whole text. Given a line, it returns its row.
     int line_of_row(int row) const;
     TextRange visual_line(int line) const;
     int visual_line_at(size_t visual_index) const;

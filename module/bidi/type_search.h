@@ -1,4 +1,4 @@
-// Searching a line for the nearest character of a group of types.
+// Searches of a line for the nearest character of a group of types.
 #pragma once
 
 #include "bidi/character_types.h"
@@ -12,7 +12,7 @@ bool FindStrongType(const BidiType* types, int limit, int& position, BidiType& f
 bool FindWeakType(const BidiType* types, int limit, int& position, BidiType& found, bool forward);
 bool FindNeutralType(const BidiType* types, int limit, int& position, BidiType& found, bool forward);
 
-/// The same on a text in the system's ANSI code page, each byte classified when it is met.
+/// These search in the same way a text in the system's ANSI code page, and classify each byte when they meet it.
 bool FindStrongType(const char* text, int limit, int& position, BidiType& found, bool forward);
 bool FindWeakType(const char* text, int limit, int& position, BidiType& found, bool forward);
 bool FindNeutralType(const char* text, int limit, int& position, BidiType& found, bool forward);

@@ -1,4 +1,4 @@
-// The last texts of an editor, for Ctrl+Z.
+// UndoRing, the last texts of an editor, for Ctrl+Z.
 #pragma once
 
 #include <array>
@@ -6,8 +6,8 @@
 
 namespace corvanes {
 
-/// Holds the last ten texts saved. Taking walks back from the last saved slot to slot 0 and then begins again at the
-/// last saved slot; saving does not move the place of the walk.
+/// Holds the last ten texts that were saved, in slots. Taking walks back from the slot saved last to slot 0 and then
+/// begins again at the slot saved last. Saving does not move the place of that walk.
 class UndoRing {
   public:
     /// Saves the text; an empty text gets no slot.

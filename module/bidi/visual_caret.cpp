@@ -11,7 +11,7 @@ size_t index_behind(const TextModel& model, size_t v) {
     return model.runs_forward(character) ? character + 1 : character;
 }
 
-/// The same on its nearer side.
+/// The typed position beside painted character `v`, on its side that is nearer to painted position 0.
 size_t index_before(const TextModel& model, size_t v) {
     const size_t character = model.map()[v];
     return model.runs_forward(character) ? character : character + 1;

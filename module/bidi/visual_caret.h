@@ -20,8 +20,8 @@ VisualCaret caret_at_index(const TextModel& model, size_t index);
 /// The caret at a painted position: beside the character before it on its painted line, else beside the one after it.
 VisualCaret caret_at_gap(const TextModel& model, size_t gap);
 
-/// Goes by one painted character, over line feeds too, and never stops at a place that paints like the last one. At the
-/// ends of the text the caret stays. `forward` is away from painted position 0.
+/// Moves the caret by one painted character, over line feeds too, and never to a place where it would show as before.
+/// At the ends of the text the caret stays. `forward` leads away from painted position 0.
 VisualCaret step_caret(const TextModel& model, const VisualCaret& caret, bool forward);
 
 }  // namespace corvanes
