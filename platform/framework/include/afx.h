@@ -1,4 +1,4 @@
-// The framework's base services: the root class, checks, and what happens to an exception that a handler throws.
+// The framework's base services: the root class, checks, and the report of exceptions that handlers throw.
 #pragma once
 
 #include <cassert>
@@ -18,14 +18,16 @@ class AFX_PUBLIC CObject {
     CObject() = default;
 };
 
-/// Shows the text of an exception that left a handler; no exception goes further than the framework's own callbacks. It
-/// must not throw.
+/// The type of a function that shows the text of an exception which left a handler; no exception goes further than the
+/// framework's own callbacks. The function must not throw.
 using AFX_EXCEPTION_REPORT = void (*)(const wchar_t* text);
 
-/// Replaces the report, by default an AfxMessageBox; null sets the default again. Returns the one before.
+/// Sets the function that reports exceptions, by default an AfxMessageBox; null sets the default again. Returns the
+/// former one.
 AFX_PUBLIC AFX_EXCEPTION_REPORT AfxSetExceptionReport(AFX_EXCEPTION_REPORT report);
 
-/// To be called while an exception is being handled, in a callback of one's own that the system calls.
+/// Reports the exception that is being handled. To be called in other callbacks of the system, which no exception may
+/// leave either.
 AFX_PUBLIC void AfxReportCurrentException() noexcept;
 
 /// Throws std::runtime_error: the system could not create the object.

@@ -13,7 +13,7 @@ class AFX_PUBLIC CWinApp : public CCmdTarget {
     /// Called while the queue is empty, with 0, 1, ... until it returns FALSE. The base deletes the temporary objects.
     virtual BOOL OnIdle(LONG count);
 
-    /// When it is destroyed, the program quits.
+    /// The main window; when it is destroyed, the program quits.
     CWnd* m_pMainWnd = nullptr;
     CString m_strAppName;
 
@@ -28,17 +28,17 @@ AFX_PUBLIC BOOL AfxPumpMessage();
 
 /// The instance of the program, not of the module that asks.
 AFX_PUBLIC HINSTANCE AfxGetInstanceHandle();
-/// Where resources are looked for first, initially the program.
+/// The module in which resources are looked for first; initially the program.
 AFX_PUBLIC HINSTANCE AfxGetResourceHandle();
 AFX_PUBLIC void AfxSetResourceHandle(HINSTANCE module);
-/// The module that has the resource: the current one, then the extension modules, the latest first. The current one too
-/// when none has it.
+/// The module that has the resource: first the current one is searched, then the extension modules, the latest first.
+/// The current one when none has it.
 AFX_PUBLIC HINSTANCE AfxFindResourceHandle(LPCWSTR name, LPCWSTR type);
 
 /// The name of a window class with these properties, registered once for the program.
 AFX_PUBLIC LPCWSTR AfxRegisterWndClass(UINT style, HCURSOR cursor = nullptr, HBRUSH background = nullptr,
                                        HICON icon = nullptr);
 
-/// Over the main window's active dialog. Without an icon in `type`, an OK, Cancel, Yes or No box gets the exclamation
-/// mark.
+/// Shows a message box over the main window's active dialog. Without an icon in `type`, an OK, Cancel, Yes or No box
+/// gets the exclamation mark.
 AFX_PUBLIC int AfxMessageBox(LPCWSTR text, UINT type = MB_OK, UINT help_id = 0);

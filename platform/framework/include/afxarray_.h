@@ -8,7 +8,8 @@
 
 #include "afxver_.h"
 
-/// ARG_TYPE is how elements are passed in: a value, `const TYPE&`, or `TYPE&` for callers that keep the object.
+/// ARG_TYPE is the type by which elements are passed in: a value, `const TYPE&`, or `TYPE&` for callers that keep the
+/// object.
 template <class TYPE, class ARG_TYPE = const TYPE&>
 class CArray {
     static_assert(!std::is_same_v<TYPE, bool>, "a packed vector has no element addresses; use BOOL");
@@ -21,8 +22,9 @@ class CArray {
 
     INT_PTR GetSize() const { return static_cast<INT_PTR>(elements_.size()); }
 
-    /// New elements are default-constructed. `grow_by` is the least number of elements to make room for at a time, -1
-    /// leaves it as it is; the array may make room for more, so that adding one by one stays linear.
+    /// Changes the number of elements; new ones are default-constructed. `grow_by` is the least number of elements to
+    /// make room for at a time; -1 leaves it as it is. The array may make room for more, so that adding one by one
+    /// stays linear.
     void SetSize(INT_PTR size, INT_PTR grow_by = -1) {
         if (size < 0) {
             throw std::invalid_argument("CArray: negative size");
@@ -45,7 +47,7 @@ class CArray {
     const TYPE* GetData() const { return elements_.data(); }
     TYPE* GetData() { return elements_.data(); }
 
-    /// The new element's index.
+    /// Appends an element and returns its index.
     INT_PTR Add(ARG_TYPE element) {
         const TYPE copy(element);  // `element` may be an element of this array
         make_room(elements_.size() + 1);

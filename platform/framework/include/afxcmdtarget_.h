@@ -1,4 +1,4 @@
-// CCmdTarget: what can receive messages by a message map, and the map's form.
+// CCmdTarget, the base of what receives messages by a message map, and the form of the map.
 #pragma once
 
 #include "afx.h"

@@ -1,4 +1,4 @@
-// Device contexts: an owner for each way to get one.
+// Device contexts: a class for each way to get one, which owns it.
 #pragma once
 
 #include "afxgdiobj_.h"
@@ -79,8 +79,8 @@ class AFX_PUBLIC CDC : public CObject {
     HGDIOBJ select(const CGdiObject* object) const;
 };
 
-/// The client area of a window, or the whole screen for null. The constructors of these classes throw when the system
-/// has no context to give.
+/// The context of a window's client area, or of the whole screen for null. The constructors of these classes throw when
+/// the system has no context to give.
 class AFX_PUBLIC CClientDC : public CDC {
   public:
     explicit CClientDC(CWnd* window);

@@ -3,7 +3,7 @@
 
 #include "afxwnd_.h"
 
-/// One UpdateData call.
+/// The state of one UpdateData call.
 class AFX_PUBLIC CDataExchange {
   public:
     CDataExchange(CWnd* dialog, BOOL save) : m_bSaveAndValidate(save), m_pDlgWnd(dialog) {}
@@ -15,7 +15,7 @@ class AFX_PUBLIC CDataExchange {
     CWnd* m_pDlgWnd;
 };
 
-/// Subclasses the control, the first time.
+/// Subclasses the control in the first call for it.
 AFX_PUBLIC void DDX_Control(CDataExchange* exchange, int id, CWnd& control);
-/// BST_UNCHECKED, BST_CHECKED or BST_INDETERMINATE.
+/// Moves a check box's state: BST_UNCHECKED, BST_CHECKED or BST_INDETERMINATE.
 AFX_PUBLIC void DDX_Check(CDataExchange* exchange, int id, int& value);

@@ -10,8 +10,8 @@ struct AFX_EXTENSION_MODULE {
     HMODULE hResource;
 };
 
-/// To be called at process attach. Called again for the same module, it does nothing and returns TRUE; for another
-/// module it returns FALSE.
+/// Registers the module; to be called at process attach. A second call for the same module does nothing and returns
+/// TRUE; one for another module returns FALSE.
 AFX_PUBLIC BOOL AfxInitExtensionModule(AFX_EXTENSION_MODULE& state, HMODULE module);
 /// To be called at process detach: deletes the module's CDynLinkLibrary objects, and takes its resources out of use.
 AFX_PUBLIC void AfxTermExtensionModule(AFX_EXTENSION_MODULE& state, BOOL all = FALSE);

@@ -33,7 +33,8 @@ class CMap {
 
     BOOL IsEmpty() const { return count_ == 0; }
 
-    /// Only an empty map takes another size. The map hashes into more buckets by itself once these would fill up.
+    /// Sets the number of buckets; only an empty map takes another number. The map adds buckets by itself before these
+    /// fill up.
     void InitHashTable(UINT size) {
         if (count_ != 0 || size == 0) {
             throw std::logic_error("CMap: the hash table is set while the map is empty, and is not empty itself");
@@ -96,7 +97,8 @@ class CMap {
         first = association;
     }
 
-    /// Keeps chains short: the bucket count doubles (and stays odd) before more than one key per bucket is held.
+    /// Keeps chains short: doubles the bucket count, which stays odd, before there is more than one key for each
+    /// bucket.
     void reserve_buckets() {
         if (buckets_.empty()) {
             buckets_.resize(table_size_);
@@ -122,5 +124,5 @@ class CMap {
     UINT table_size_ = 17;
     size_t count_ = 0;
     std::vector<Association*> buckets_;
-    std::vector<std::vector<Association>> blocks_;  // none grows beyond what was reserved
+    std::vector<std::vector<Association>> blocks_;  // no block grows beyond what was reserved for it
 };

@@ -23,7 +23,7 @@ class AFX_PUBLIC CMenu : public CObject {
     UINT EnableMenuItem(UINT item, UINT flags) { return ::EnableMenuItem(m_hMenu, item, flags); }
     UINT CheckMenuItem(UINT item, UINT flags) { return ::CheckMenuItem(m_hMenu, item, flags); }
     CMenu* GetSubMenu(int position) const { return FromHandle(::GetSubMenu(m_hMenu, position)); }
-    /// With TPM_RETURNCMD, the chosen command; otherwise the window gets it.
+    /// Shows the menu. With TPM_RETURNCMD it returns the chosen command; otherwise the window gets the command.
     BOOL TrackPopupMenu(UINT flags, int x, int y, CWnd* window);
 
     HMENU m_hMenu = nullptr;

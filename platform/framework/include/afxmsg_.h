@@ -18,7 +18,7 @@ LRESULT as_result(Result value) {
     }
 }
 
-/// A handler's exact signature; a handler of another one does not convert to the member pointer.
+/// A handler's exact signature; a handler with another signature does not convert to the member pointer.
 template <class Function>
 struct Signature;
 
@@ -161,7 +161,7 @@ inline std::tuple<CREATESTRUCTW*> creation_argument(const AFX_MESSAGE& m) {
 #define ON_WM_CAPTURECHANGED() AFX_WINDOW_ENTRY(WM_CAPTURECHANGED, void, (CWnd*), second_window, OnCaptureChanged)
 #define ON_WM_INPUTLANGCHANGEREQUEST() \
     AFX_WINDOW_ENTRY(WM_INPUTLANGCHANGEREQUEST, void, (UINT, UINT), two_numbers, OnInputLangChangeRequest)
-/// FALSE from the handler leaves the message to the default handling.
+/// A handler that returns FALSE leaves the message to the default handling.
 #define ON_WM_MOUSEWHEEL()                                                                            \
     AFX_ENTRY(WM_MOUSEWHEEL, 0, 0, 0, framework::Passing<BOOL(UINT, short, CPoint)>, wheel_arguments, \
               &ThisClass::OnMouseWheel)

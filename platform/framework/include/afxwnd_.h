@@ -8,7 +8,7 @@ class CDataExchange;
 class CMenu;
 class CScrollBar;
 
-/// The map's number for all the WM_CTLCOLOR... messages.
+/// The number that stands for all the WM_CTLCOLOR... messages in a message map.
 #ifndef WM_CTLCOLOR
 #define WM_CTLCOLOR 0x0019
 #endif
@@ -46,7 +46,7 @@ class AFX_PUBLIC CWnd : public CCmdTarget {
     BOOL CreateEx(DWORD ex_style, LPCWSTR class_name, LPCWSTR title, DWORD style, const RECT& rect, CWnd* parent,
                   UINT id, void* parameter = nullptr);
     virtual BOOL DestroyWindow();
-    /// May change how the window is created; FALSE gives it up.
+    /// May change how the window is created; FALSE cancels the creation.
     virtual BOOL PreCreateWindow(CREATESTRUCTW& creation);
     virtual void PreSubclassWindow() {}
 
@@ -112,8 +112,8 @@ class AFX_PUBLIC CWnd : public CCmdTarget {
     static void SetCaretPos(POINT point) { ::SetCaretPos(point.x, point.y); }
     static CPoint GetCaretPos();
 
-    /// Shows the window once the queue is empty, and runs messages until EndModalLoop or the end of the window; the
-    /// result that EndModalLoop gave last.
+    /// Shows the window once the queue is empty, and runs messages until EndModalLoop or the end of the window. Returns
+    /// the result that EndModalLoop was given last.
     int RunModalLoop();
     void EndModalLoop(int result);
 
@@ -136,7 +136,7 @@ class AFX_PUBLIC CWnd : public CCmdTarget {
     LRESULT Default();
     virtual BOOL OnCommand(WPARAM wParam, LPARAM lParam);
     virtual void DoDataExchange(CDataExchange*) {}
-    /// The last call for a window; here an object may delete itself.
+    /// The last function that is called for a window; here an object may delete itself.
     virtual void PostNcDestroy() {}
     /// Translates a key or mouse message as a dialog does.
     BOOL PreTranslateInput(MSG* message);
@@ -174,10 +174,10 @@ class AFX_PUBLIC CWnd : public CCmdTarget {
     friend class CreationHook;
     friend class WindowProcedure;
 
-    /// Puts the framework's procedure in the place of the window's.
+    /// Replaces the window's procedure by the framework's.
     void take_over_messages();
 
-    WNDPROC window_procedure_ = nullptr;  // the one before ours
+    WNDPROC window_procedure_ = nullptr;  // the window's procedure before the framework's
     int modal_result_ = 0;
     bool in_modal_loop_ = false;
     bool continue_modal_ = false;

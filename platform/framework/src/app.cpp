@@ -40,7 +40,7 @@ BOOL CWinApp::PreTranslateMessage(MSG* message) {
     if (CWnd::WalkPreTranslateTree(main ? main->m_hWnd : nullptr, message)) {
         return TRUE;
     }
-    // A modeless dialog leaves the main window its accelerators; under a modal one it is disabled.
+    // Under a modeless dialog the main window keeps its accelerators; under a modal one the window is disabled.
     if (!main || !message->hwnd || !main->IsWindowEnabled()) {
         return FALSE;
     }

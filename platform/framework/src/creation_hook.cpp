@@ -47,7 +47,7 @@ bool CreationHook::take_window(CWnd* object, HWND window) {
         object->take_over_messages();
         return true;
     } catch (...) {
-        // A window that the hook refuses goes without a message.
+        // A window that the hook refuses is destroyed without a message.
         object->Detach();
         AfxReportCurrentException();
         return false;

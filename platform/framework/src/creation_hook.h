@@ -11,7 +11,7 @@ class CreationHook {
     CreationHook(const CreationHook&) = delete;
     CreationHook& operator=(const CreationHook&) = delete;
 
-    /// Whether a window came, even if it is gone already, and the object with it.
+    /// Whether a window was created, even if it and the object are gone already.
     bool window_came() const { return framework::thread_state().being_created == nullptr; }
 
   private:

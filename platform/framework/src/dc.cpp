@@ -86,7 +86,7 @@ BOOL CDC::Arc(const RECT* r, POINT start, POINT end) {
 }
 
 void CDC::FillSolidRect(const RECT* rect, COLORREF color) {
-    // An opaque empty text needs no brush.
+    // An empty text with an opaque background fills the rectangle without a brush.
     ::SetBkColor(m_hDC, color);
     ::ExtTextOutW(m_hDC, 0, 0, ETO_OPAQUE, rect, nullptr, 0, nullptr);
 }

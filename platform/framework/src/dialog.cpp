@@ -72,8 +72,8 @@ INT_PTR CDialog::DoModal() {
     if (create(found.dialog, owner.window(), found.module) && !ended_) {
         RunModalLoop();
     }
-    // The dialog is hidden before its owner is enabled, and destroyed after that; in another order the system would
-    // activate another program.
+    // The dialog is hidden first, then its owner is enabled, and last the dialog is destroyed; in another order the
+    // system would activate another program.
     if (m_hWnd) {
         SetWindowPos(nullptr, 0, 0, 0, 0, SWP_HIDEWINDOW | SWP_NOSIZE | SWP_NOMOVE | SWP_NOACTIVATE | SWP_NOZORDER);
     }
@@ -153,7 +153,7 @@ BOOL CDialog::OnCmdMsg(UINT id, int code, void* extra, void* handler_info) {
     if (CWnd::OnCmdMsg(id, code, extra, handler_info)) {
         return TRUE;
     }
-    // Commands of the program go on to the owner; what controls say stays here.
+    // The program's commands go on to the owner; the notifications of controls stay here.
     constexpr UINT first_command = 0x8000, first_system_command = 0xf000;
     if (code != CN_COMMAND || id < first_command || id >= first_system_command) {
         return FALSE;

@@ -1,4 +1,4 @@
-// Dialog templates as they lie in the resources.
+// Dialog templates in the form in which the resources hold them.
 #pragma once
 
 #include "afxver_.h"
@@ -6,13 +6,13 @@
 namespace framework {
 
 struct DialogTemplate {
-    const DLGTEMPLATE* dialog;  // null when it was not found; else it stays as long as its module
+    const DLGTEMPLATE* dialog;  // null when it was not found; valid while its module is loaded
     HINSTANCE module;
 };
 
 DialogTemplate find_dialog_template(LPCWSTR name);
 
-/// Whether the template says nothing of where the dialog goes: neither a position nor a style for it.
+/// Whether the template leaves the dialog's place open: it has neither a position nor a style that sets one.
 bool wants_centering(const DLGTEMPLATE* dialog);
 
 bool is_multiline_edit(HWND window);

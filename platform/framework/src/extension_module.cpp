@@ -12,7 +12,7 @@ namespace {
 struct Resources {
     HINSTANCE program = ::GetModuleHandleW(nullptr);
     HINSTANCE current = program;
-    std::vector<CDynLinkLibrary*> libraries;  // in the order of their making
+    std::vector<CDynLinkLibrary*> libraries;  // in the order in which they were made
 };
 
 Resources& resources() {
@@ -20,7 +20,7 @@ Resources& resources() {
     return the_resources;
 }
 
-/// The modules to search, in their order.
+/// The modules to search, in the order of the search.
 std::vector<HINSTANCE> search_order() {
     std::vector<HINSTANCE> modules{resources().current};
     const auto& libraries = resources().libraries;

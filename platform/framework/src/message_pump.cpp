@@ -6,7 +6,7 @@
 namespace framework {
 namespace {
 
-/// The message of the caret's blinking, which the system's documentation leaves out.
+/// The message that makes the caret blink, which the system does not document.
 constexpr UINT system_timer = 0x0118;
 
 bool pre_translate(MSG& message) {

@@ -1,4 +1,4 @@
-// Getting and running the messages of the thread's queue.
+// The functions that get and run the messages of the thread's queue.
 #pragma once
 
 #include "afxver_.h"

@@ -8,16 +8,16 @@ namespace framework {
 /// Disables the dialog's owner, and the top-level window behind it, until `enable` or the end of the scope.
 class ModalOwner {
   public:
-    /// Without a parent, the owner is the main window's last active popup.
+    /// Without a parent the owner is the main window's last active popup.
     explicit ModalOwner(HWND parent);
     ~ModalOwner() { enable(nullptr); }
     ModalOwner(const ModalOwner&) = delete;
     ModalOwner& operator=(const ModalOwner&) = delete;
 
-    /// Null when there is none.
+    /// The dialog's owner; null when there is none.
     HWND window() const { return owner_; }
 
-    /// Gives the windows back the state that they had, and the activation that the dialog had.
+    /// Restores the state that the windows had, and makes the owner active when the dialog was.
     void enable(HWND dialog);
 
   private:

@@ -12,7 +12,7 @@
 
 namespace framework {
 
-/// The objects of one kind of handle: those that own their handle, and the temporary ones.
+/// The objects of one kind of handle, by their handles: those that own their handle, and the temporary ones.
 template <class Object, class Handle, Handle Object::*handle_member>
 class HandleMap {
   public:
@@ -35,7 +35,7 @@ class HandleMap {
             return owning;
         }
         auto& candidates = temporary_[handle];
-        // A temporary object to which another handle was attached since owns that one, and stands for it.
+        // A temporary object to which another handle was attached later owns that handle and stands for it.
         for (const auto& candidate : candidates) {
             if (typeid(*candidate) == typeid(Kind) && candidate.get()->*handle_member == handle) {
                 return static_cast<Kind*>(candidate.get());
@@ -65,9 +65,9 @@ struct ThreadState {
     HWND exchanging = nullptr;  // the dialog whose UpdateData is running; its controls' notifications are ignored
     POINT last_mouse{};
     UINT last_mouse_message = 0;
-    int exit_code = 0;  // of WM_QUIT
+    int exit_code = 0;  // the code of WM_QUIT
 
-    /// Does nothing while a handler is running, which may hold temporary objects.
+    /// Deletes the temporary objects. Does nothing while a handler is running, which may hold some of them.
     void delete_temporary_objects();
 };
 

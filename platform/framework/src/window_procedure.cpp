@@ -19,7 +19,7 @@ LRESULT CALLBACK WindowProcedure::procedure(HWND window, UINT message, WPARAM wP
 }
 
 LRESULT WindowProcedure::after_exception(HWND window, UINT message) noexcept {
-    // The report runs messages, among them the painting that failed if it stays due.
+    // The report runs messages, and would run the painting that failed again if that stayed due.
     if (message == WM_PAINT) {
         ::ValidateRect(window, nullptr);
     }

@@ -81,7 +81,7 @@ BOOL CWnd::CreateEx(DWORD ex_style, LPCWSTR class_name, LPCWSTR title, DWORD sty
         ::CreateWindowExW(creation.dwExStyle, creation.lpszClass, creation.lpszName, static_cast<DWORD>(creation.style),
                           creation.x, creation.y, creation.cx, creation.cy, creation.hwndParent, creation.hMenu,
                           creation.hInstance, creation.lpCreateParams);
-    // A window that was made and then failed has called PostNcDestroy when it ended; one that was never made has not.
+    // A window that was made and failed later has called PostNcDestroy at its end; one that was never made has not.
     if (!hook.window_came()) {
         PostNcDestroy();
     }

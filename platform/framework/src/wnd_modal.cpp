@@ -1,4 +1,4 @@
-// CWnd: messages before they are dispatched, and the modal loop.
+// CWnd: what is done with messages before they are dispatched, and the modal loop.
 #include "afxwin.h"
 
 #include "message_pump.h"

@@ -1,4 +1,4 @@
-// CWnd: the calls that do a little more than hand on the handle.
+// CWnd: the functions that do a little more than pass the handle to the system.
 #include "afxwin.h"
 
 #include "thread_state.h"
