@@ -70,7 +70,7 @@ struct KeyAction {
     ParagraphDirection direction = ParagraphDirection::unchanged;
     /// The caret is removed from the screen before the actions that follow, and drawn again after them.
     bool redraws_caret = false;
-    /// Where there is a selection, delete_before and delete_after then have nothing left to do.
+    /// The selection, if there is one, is deleted; delete_before and delete_after then have nothing left to do.
     bool deletes_selection = false;
     EditCommand command = EditCommand::nothing;
     wchar_t character = 0;

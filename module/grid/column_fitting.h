@@ -1,4 +1,4 @@
-// Fitting: making a grid's column as wide as its content.
+// The fitting of a column's width to what the column shows.
 #pragma once
 
 namespace corvanes {
