@@ -3,7 +3,7 @@
 #include "base/code_page.h"
 #include "platform/host/editor/commands.h"
 #include "platform/host/editor/editor.h"
-#include "platform/host/editor/status_text.h"
+#include "platform/host/editor/status_line.h"
 
 namespace host {
 namespace {

@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <vector>
 
-#include "platform/host/editor/status_text.h"
 #include "platform/host/editor/system_variables.h"
 #include "platform/host/view/hit_test.h"
 #include "platform/host/view/window_class.h"

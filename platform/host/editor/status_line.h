@@ -1,9 +1,11 @@
-// The line at the bottom of the main window: where the pointer is, what is selected, what the pointer is over.
+// The line at the bottom of the main window and its texts: where the pointer is, what is selected, what it is over.
 #pragma once
 
 #include <windows.h>
 
 #include <string>
+
+#include "platform/host/dxf/drawing.h"
 
 namespace host {
 
@@ -25,5 +27,12 @@ class StatusLine {
     int letter_width_ = 0;  ///< pixels, on average
     std::wstring texts_[part_count];
 };
+
+/// "3 selected"; empty for none.
+std::wstring selected_text(size_t count);
+
+/// What an entity is: its type, its layer, of a block reference its block and how many references to it there are
+/// beside it in the same space; empty for no_record.
+std::wstring entity_text(const dxf::Drawing& drawing, dxf::RecordId entity);
 
 }  // namespace host
