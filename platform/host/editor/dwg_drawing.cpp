@@ -60,7 +60,8 @@ std::optional<int> run_converter(const std::wstring& program, const std::vector<
     }
     std::vector<std::string> arguments{base::utf8_from_wide(program)};
     for (const std::filesystem::path& file : files) {
-        // The system below names only what is there, or what could be in a folder that is.
+        // Only a folder that exists is sure to have a name in the system below, so the file's own name is added to
+        // that.
         const std::optional<std::string> folder = base::unix_name(file.parent_path());
         arguments.push_back(folder.value_or("") + "/" + base::utf8_from_wide(file.filename().wstring()));
     }

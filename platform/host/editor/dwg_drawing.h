@@ -9,12 +9,12 @@
 
 namespace host {
 
-/// The file begins as a DWG drawing does, whatever its name.
+/// Whether the file begins as a DWG drawing does, whatever its name.
 bool is_dwg(const std::filesystem::path& path);
 
 bool has_dwg_name(const std::filesystem::path& path);
 
-/// A DWG drawing as DXF, in a file that goes with this object.
+/// A DWG drawing as DXF, in a file that is deleted with this object.
 class ConvertedDrawing {
   public:
     /// Runs the program that the environment value DRAWINGHOST_DWG_CONVERTER names (a path of Windows, or under Wine of
@@ -23,7 +23,7 @@ class ConvertedDrawing {
     static base::Result<ConvertedDrawing> convert(const std::filesystem::path& dwg);
 
     const std::filesystem::path& dxf() const { return dxf_; }
-    /// What was lost, in lines; empty for nothing.
+    /// The converter's notes on what was lost, in lines; empty when it has none.
     std::wstring notes() const;
 
   private:

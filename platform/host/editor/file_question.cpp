@@ -89,7 +89,7 @@ std::wstring dialog_filter(const std::wstring& extensions) {
                : first_extension(extensions) + L" files (" + patterns + L")" + L'\0' + patterns + L'\0' + all;
 }
 
-/// What the system takes for a file's name.
+/// Whether the system takes the text as a file's name.
 bool can_be_name(const std::wstring& name) {
     constexpr size_t longest_name = 255;
     constexpr wchar_t first_printable = 0x20;
@@ -98,7 +98,7 @@ bool can_be_name(const std::wstring& name) {
            });
 }
 
-/// Without a drawing, where the last file was.
+/// The folder of the open drawing; without one, that of the last file.
 std::wstring drawing_folder() {
     const Document* const document = editor().documents.document();
     return document != nullptr ? document->path().parent_path().wstring() : editor().settings.settings().folder;
@@ -109,7 +109,8 @@ struct DialogStart {
     std::wstring path;  ///< shorter than MAX_PATH; empty for none
 };
 
-/// The system's dialogs do not open at all with a name that no file can have.
+/// Where the dialog begins. A name that no file can have is left out, because the system's dialogs would not open with
+/// it.
 DialogStart dialog_start(const std::wstring& proposal) {
     const size_t name_begin = proposal.find_last_of(L"\\/") + 1;
     const std::wstring folder = proposal.substr(0, name_begin);
@@ -126,7 +127,7 @@ DialogStart dialog_start(const std::wstring& proposal) {
 }
 
 std::optional<std::wstring> ask_in_dialog(const FileQuestion& question) {
-    // Loaded here because the dialog's libraries take longer to load than the rest of the host.
+    // The dialog's library is loaded only now, because it takes longer to load than the rest of the host.
     const base::LoadedLibrary dialogs = base::LoadedLibrary::load(L"comdlg32.dll");
     auto* const show =
         dialogs.function<BOOL WINAPI(OPENFILENAMEW*)>(question.new_file ? "GetSaveFileNameW" : "GetOpenFileNameW");

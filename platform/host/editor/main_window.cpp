@@ -15,7 +15,7 @@ namespace {
 constexpr wchar_t class_name[] = L"DrawingHost";
 constexpr POINT smallest_size{400, 300};
 constexpr UINT_PTR pause_timer = 1;
-constexpr UINT pause = 120;  ///< milliseconds that the pointer rests before what it is over is looked for
+constexpr UINT pause = 120;  ///< milliseconds that the pointer rests before the entity under it is looked for
 
 /// The system's font for messages, at the display's resolution.
 HFONT message_font() {
@@ -25,7 +25,7 @@ HFONT message_font() {
     return CreateFontIndirectW(&metrics.lfMessageFont);
 }
 
-/// Pixels of a usual display, on this one.
+/// As many pixels of this display as give the size that `pixels` have on a usual one.
 int at_resolution(int pixels) {
     const WindowContext screen(nullptr);
     return MulDiv(pixels, GetDeviceCaps(screen.get(), LOGPIXELSY), USER_DEFAULT_SCREEN_DPI);
@@ -36,7 +36,7 @@ WindowPlace place_of(const RECT& area) {
             static_cast<int>(area.bottom - area.top)};
 }
 
-/// On the screen that has most of it.
+/// The place moved into the screen that shows most of it.
 WindowPlace fitted_to_screen(const WindowPlace& place) {
     const RECT area{place.left, place.top, place.left + place.width, place.top + place.height};
     MONITORINFO screen{};
@@ -214,7 +214,7 @@ bool MainWindow::take_message(const MSG& message) {
     return waiting_ == Waiting::event ? take_event_key(message) : take_key(message);
 }
 
-/// The wheel turns where the pointer is, not where the keys go.
+/// Sends a turn of the wheel to the view when the pointer is there, wherever the focus is.
 bool MainWindow::redirect_wheel(const MSG& message) const {
     if (message.hwnd == pane_->window() || WindowFromPoint(message.pt) != pane_->window()) {
         return false;
@@ -223,11 +223,11 @@ bool MainWindow::redirect_wheel(const MSG& message) const {
     return true;
 }
 
-/// Keys are events of their own then, and reach no window.
+/// Takes a key as an event while a command waits for one, so that it reaches no window.
 bool MainWindow::take_event_key(const MSG& message) {
     if (message.message == WM_KEYDOWN) {
         if (message.wParam == VK_ESCAPE) {
-            event_cancelled_ = true;  // and no character, which the next to wait would take for a key
+            event_cancelled_ = true;  // Escape is not translated: its character would be the next event
         } else {
             TranslateMessage(&message);
         }
@@ -261,8 +261,8 @@ void MainWindow::take_typed_line() {
     answer_ = Answer{typed.empty() ? Answer::return_only : Answer::line, typed};
 }
 
-/// Drawings come first, in whatever order the files are: a price list is for the drawing that is open then. While a
-/// dialog is up nothing is taken, for it would be done only when that is closed.
+/// Types a command for each dropped file. Drawings come first, whatever the order of the files, because a price list is
+/// for the drawing that is open then. While a dialog is up nothing is taken, because it would be done only later.
 void MainWindow::take_dropped(WPARAM drop) {
     auto* const files = reinterpret_cast<HDROP>(drop);
     std::vector<std::wstring> typed;

@@ -24,19 +24,20 @@ namespace host {
 
 /// What the window asks of the program around it. Any of them may be missing.
 struct WindowProgram {
-    /// What the drawing view is to show; without it, nothing.
+    /// What the drawing view is to show; without this function it shows nothing.
     DrawingPane::Content content = {};
     /// The drawing's name for the title, marked when there are unsaved changes.
     std::function<std::wstring()> drawing_name = {};
     std::function<MenuBar::Contents()> menu = {};
     CommandLine::Names command_names = {};
-    /// A command runs.
+    /// Whether a command is running.
     std::function<bool()> is_busy = {};
-    /// A point was picked while no command runs; `reach` as of an answer. What the pointer is to look like then.
+    /// Told of a point that was picked while no command runs; `reach` is that of an Answer. Returns what the pointer is
+    /// to look like afterwards.
     std::function<PointerGuide(const Point&, double reach, bool with_shift)> picked = {};
     /// What the status line says of an entity; no_record for none.
     std::function<std::wstring(dxf::RecordId)> describe = {};
-    /// Asked when Windows is about to end its session; without it, it may.
+    /// Asked whether Windows may end its session; without this function it may.
     std::function<bool()> may_end_session = {};
 };
 
@@ -53,29 +54,29 @@ class MainWindow {
     DrawingPane& pane() { return *pane_; }
     /// At a place that settings tell, or where the system puts it, within the screen.
     void show(const std::optional<WindowPlace>& wanted = std::nullopt);
-    /// Where it is when it is neither maximised nor minimised.
+    /// The place that the window has when it is neither maximised nor minimised.
     WindowPlace place() const;
-    /// Done before each wait too.
+    /// Brings the title up to date. The window does so itself before each wait.
     void update_title();
     /// Shows how far a long action is, from 0 to 1, until it has ended. False while Escape is held down.
     bool show_progress(std::wstring_view action, double part);
     void append_history(std::wstring_view text) { line_->append_history(text); }
     bool shows_large_history() const { return line_->shows_large_history(); }
     void show_large_history(bool large);
-    /// Shows these as selected, and their number.
+    /// Shows these entities as selected, and how many they are.
     void show_selected(const std::vector<dxf::RecordId>& entities);
 
     /// Types a command, and behind line ends its answers, as the menu does (see TypedAhead::add).
     void type(std::wstring_view command);
-    /// The next prompt has its answer already.
+    /// Whether the next prompt has its answer already.
     bool has_typed_ahead() const { return !typed_ahead_.empty(); }
     /// Shows the prompt and runs a message loop until the person has answered. Cancel when the window is being closed.
     /// While the guide is not idle, a point that is picked in the view is an answer, as if typed.
     Answer wait_for_answer(std::wstring_view prompt, const PointerGuide& guide = {});
-    /// Runs a message loop until the person has done something with the mouse or a key. Nothing on a cancel. The prompt
-    /// is what was printed last.
+    /// Runs a message loop until the person has used the mouse or a key; nothing on a cancel. The text that was printed
+    /// last is shown as the prompt.
     std::optional<InputEvent> wait_for_event();
-    /// The person asked to close the window; prompts cancel from then on.
+    /// Whether the person asked to close the window; prompts answer with cancel from then on.
     bool close_requested() const { return close_requested_; }
     /// Takes the request back (the person wants to keep the drawing after all).
     void forget_close_request() { close_requested_ = false; }
@@ -88,9 +89,9 @@ class MainWindow {
     void place_children();
     bool is_busy() const { return program_.is_busy && program_.is_busy(); }
     void run_messages(const PointerGuide& guide, const std::function<bool()>& done);
-    /// True when the message is done with.
+    /// Handles a message before it is dispatched; true when it must not be dispatched.
     bool take_message(const MSG& message);
-    /// Takes Return and Escape out of the typed line's keys.
+    /// Acts on Return, Escape and the other keys of the typed line; true when the message was one of them.
     bool take_key(const MSG& message);
     bool take_event_key(const MSG& message);
     bool redirect_wheel(const MSG& message) const;
@@ -115,8 +116,8 @@ class MainWindow {
     std::optional<InputEvent> event_;
     bool close_requested_ = false;
     size_t selected_ = 0;
-    std::optional<Vec2> pointed_at_;  ///< to be described
-    ULONGLONG progress_shown_ = 0;    ///< when, by GetTickCount64
+    std::optional<Vec2> pointed_at_;  ///< the point whose entity is to be described
+    ULONGLONG progress_shown_ = 0;    ///< when progress was shown last, by GetTickCount64
 };
 
 }  // namespace host

@@ -18,10 +18,10 @@ struct Line {
     const wchar_t* typed = L"";  ///< empty for the title of a menu, and for the recent drawings
     WORD key = 0;                ///< a virtual key
     bool control = false, shift = false;
-    bool edits = false;  ///< in a text the key has a meaning of its own
+    bool edits = false;  ///< whether the key has a meaning of its own in a text
 };
 
-// Places of what the program finds when it runs.
+// The places in the menu of what the program finds when it runs.
 constexpr wchar_t recent_drawings[] = L"&Recent drawings";
 constexpr wchar_t module_menus[] = L"";
 
@@ -85,7 +85,7 @@ HMENU add_popup(HMENU menu, const std::wstring& caption) {
     return popup;
 }
 
-/// "&" is a letter of a name there, not a mark.
+/// The caption that shows a name: each "&" in it is doubled, so that it is a letter and not a mark.
 std::wstring as_caption(std::wstring name) {
     for (size_t at = 0; (at = name.find(L'&', at)) != std::wstring::npos; at += 2) {
         name.insert(at, 1, L'&');
@@ -124,7 +124,7 @@ std::wstring as_text(const MenuBar::Contents& contents) {
     return text;
 }
 
-/// Two separators beside each other, or one at an end, would separate nothing.
+/// Adds a separator, unless the menu is empty or ends in one, where it would separate nothing.
 void add_separator(HMENU menu) {
     const int count = GetMenuItemCount(menu);
     if (count > 0 && (GetMenuState(menu, static_cast<UINT>(count - 1), MF_BYPOSITION) & MF_SEPARATOR) == 0) {
@@ -204,7 +204,8 @@ void MenuBar::add_module_menus(HMENU bar, const Contents& contents) {
     }
 }
 
-/// Without the commands that the host's own menus have, and those whose "-" says that they ask at the command line.
+/// Adds a menu of the group's commands, but for those that the host's own menus have, and those that ask at the command
+/// line, as the "-" in their names says.
 void MenuBar::add_group(HMENU bar, const CommandGroup& group) {
     HMENU menu = nullptr;
     for (const RegisteredCommand& command : group.commands) {
@@ -217,7 +218,7 @@ void MenuBar::add_group(HMENU bar, const CommandGroup& group) {
     }
 }
 
-/// Numbers the lines of a module's menu among the others.
+/// Gives the lines of a module's menu numbers that no other line has.
 void MenuBar::take_lines_of(HMENU menu) {
     for (int at = 0; at < GetMenuItemCount(menu); ++at) {
         wchar_t caption[120] = L"";

@@ -29,16 +29,16 @@ class MenuBar {
     /// The window destroys the menu with itself.
     explicit MenuBar(HWND window) : window_(window) {}
 
-    /// Makes the menu anew when something of it has changed.
+    /// Makes the menu anew when its contents have changed.
     void update(const Contents& contents);
-    /// What a line types (see TypedAhead::add); empty for none of this menu.
+    /// What a line types (see TypedAhead::add); empty for a line that is not of this menu.
     std::wstring typed_by(UINT line) const;
     /// Where a command is: "Menu > Line"; empty for one that no line types.
     std::wstring place_of(std::wstring_view command) const;
     /// What a file that was dropped on the window types: a module's command that its menu names for such files, or
     /// OPEN.
     std::wstring typed_by_file(const std::wstring& path) const;
-    /// The line that a key stands for. `in_text`: the key is for a text, and edits that rather than the drawing.
+    /// The line that a key stands for. With `in_text` the key goes to a text and edits that rather than the drawing.
     static std::optional<UINT> line_of_key(const MSG& message, bool in_text);
 
   private:

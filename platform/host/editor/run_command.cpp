@@ -9,16 +9,17 @@
 namespace host {
 namespace {
 
-/// The arguments answer; the person outside sees what happens, and with CMDECHO 0 no more than problems.
+/// An argument list in a person's place: it answers, and the person outside sees what happens; with CMDECHO 0, only
+/// problems.
 class ArgumentPerson final : public Person {
   public:
-    /// An empty argument is Return.
+    /// An empty argument stands for Return. `outer` is borrowed.
     ArgumentPerson(std::deque<std::wstring> arguments, Person& outer)
         : arguments_(std::move(arguments)),
           outer_(outer),
           echoes_(editor().variables.get(L"CMDECHO") != VariableValue(0)) {}
 
-    /// The next argument; cancel, and ran_out(), when there is none.
+    /// Answers with the next argument; when there is none, with cancel, and ran_out() is true from then on.
     Answer prompt(std::wstring_view, const PointerGuide&) override {
         if (arguments_.empty()) {
             ran_out_ = true;
@@ -45,9 +46,9 @@ class ArgumentPerson final : public Person {
     bool has_typed_ahead() const override { return !arguments_.empty(); }
 
     bool ran_out() const { return ran_out_; }
-    /// Something was reported: an argument was refused.
+    /// Whether a problem was reported, which means that an argument was refused.
     bool refused() const { return refused_; }
-    /// There are arguments that no prompt asked for.
+    /// Whether there are arguments that no prompt asked for.
     bool has_more() const { return !arguments_.empty(); }
 
   private:
@@ -60,7 +61,7 @@ class ArgumentPerson final : public Person {
 
 using Arguments = std::deque<std::wstring>;
 
-/// Arguments as a person would type them.
+/// The arguments as a person would type them.
 base::Result<Arguments> read_arguments(int type, va_list list) {
     Arguments typed;
     for (; type != RTNONE && type != 0; type = va_arg(list, int)) {

@@ -15,7 +15,7 @@ namespace {
 
 constexpr wchar_t zoom_keywords[] = L"All Extents Object Previous Window";
 constexpr int longest_input = 133;
-constexpr uint64_t most_of_browser = 100'000;  // elements that one opens in some 4 s
+constexpr uint64_t most_of_browser = 100'000;  // elements that a browser opens in some 4 s
 
 void zoom_to_corner(DrawingPane& pane, const ads_point first) {
     ads_point second;
@@ -39,9 +39,9 @@ void zoom_to_extents(DrawingPane& pane) {
     pane.zoom_extents();
 }
 
-/// To what is selected already.
+/// Zooms to what is selected already.
 void zoom_to_selected(DrawingPane& pane) {
-    constexpr double margin = 0.1;  // around it, as a part of it
+    constexpr double margin = 0.1;  // around the area, as a part of it
     const Box2 area = area_of(pane.list(), EntitySet(editor().selection.records()));
     if (area.empty()) {
         person().print(L"\nNothing is selected.");
@@ -53,7 +53,7 @@ void zoom_to_selected(DrawingPane& pane) {
     pane.set_view(closer);
 }
 
-/// "2" is twice as large as the whole drawing is seen, "2X" twice as large as it is now.
+/// Zooms by a factor: "2" shows all twice as large as when the whole drawing is seen, "2X" twice as large as now.
 void zoom_by(DrawingPane& pane, std::wstring text) {
     const bool relative = !text.empty() && (text.back() == L'x' || text.back() == L'X');
     if (relative) {
@@ -126,7 +126,7 @@ void pan(DrawingPane& pane) {
     pane.set_view(moved);
 }
 
-/// Where nobody sees the view, the list for coming pictures is made while other commands run.
+/// Draws the view anew. When nobody sees it, the list for later pictures is made while other commands run.
 void regenerate(const Editor& editor) {
     if (editor.window != nullptr) {
         editor.view()->redraw();
@@ -154,7 +154,7 @@ std::optional<std::wstring> ask_picture_file(const Document& document, const std
 
 std::shared_ptr<const DisplayList> list_for_picture(Editor& editor, const Document& document) {
     if (editor.window != nullptr) {
-        editor.view()->list();  // the window shows what the picture is made of: one list serves both
+        editor.view()->list();  // one list serves both the window and the picture
     }
     return DisplayList::shared(document.drawing());
 }
@@ -202,7 +202,7 @@ void write_vector_picture(Editor& editor, const Document& document, std::optiona
     }
 }
 
-/// The drawing as SVG. Of one with more elements than a viewer is wanted to draw, nothing is written.
+/// Saves the drawing as SVG, unless it has more elements than the user wants a viewer to draw.
 void save_vector_picture(Editor& editor) {
     const Document* const document = editor.documents.document();
     if (document == nullptr) {
@@ -231,7 +231,7 @@ void save_vector_picture(Editor& editor) {
     }
 }
 
-/// The entity that was added last, so large that its letters can be read.
+/// The area of the entity that was added last, in a size in which its letters can be read.
 PictureArea picture_of_last(const DisplayList& list) {
     constexpr double readable = 14;  // pixels
     constexpr double narrowest = 400;
@@ -247,8 +247,8 @@ PictureArea picture_of_last(const DisplayList& list) {
     return area;
 }
 
-/// A picture of the entity that was added last, or of where most things are, where the whole drawing shows them too
-/// small.
+/// Saves a picture of the entity that was added last, or of the place where most entities are, when a picture of the
+/// whole drawing would show them too small.
 void save_detail(Editor& editor) {
     const Document* const document = editor.documents.document();
     if (document == nullptr) {
