@@ -65,7 +65,7 @@ std::wstring help_of(const std::wstring& name) {
     return help == std::end(of_commands) ? L"" : help->what;
 }
 
-/// In the menu, or else among the commands.
+/// Tells where a module's command is: the menu that has it, or the group that it was added to.
 std::wstring place_of(const Editor& editor, const RegisteredCommand& command, const CommandGroup& group) {
     const std::wstring place = editor.window != nullptr ? editor.window->menu().place_of(command.local_name) : L"";
     return place.empty() ? L"a module's, of the group " + group.name : L"in the menu, " + place;

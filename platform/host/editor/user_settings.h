@@ -27,7 +27,7 @@ class UserSettings {
 
     std::filesystem::path file_;
     WindowSettings settings_;
-    bool failed_ = false;  ///< the last time
+    bool failed_ = false;  ///< the last change could not be written
 };
 
 }  // namespace host

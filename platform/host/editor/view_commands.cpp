@@ -160,12 +160,8 @@ std::shared_ptr<const DisplayList> list_for_picture(Editor& editor, const Docume
 }
 
 void save_picture(Editor& editor) {
-    const Document* const document = editor.documents.document();
-    if (document == nullptr) {
-        person().report(L"No drawing is open.");
-        return;
-    }
-    const std::optional<std::wstring> file = ask_picture_file(*document);
+    const Document* const document = open_document(editor);
+    const auto file = document != nullptr ? ask_picture_file(*document) : std::nullopt;
     if (!file) {
         return;
     }
@@ -204,12 +200,8 @@ void write_vector_picture(Editor& editor, const Document& document, std::optiona
 
 /// Saves the drawing as SVG, unless it has more elements than the user wants a viewer to draw.
 void save_vector_picture(Editor& editor) {
-    const Document* const document = editor.documents.document();
-    if (document == nullptr) {
-        person().report(L"No drawing is open.");
-        return;
-    }
-    const std::optional<std::wstring> file = ask_picture_file(*document, L"svg");
+    const Document* const document = open_document(editor);
+    const auto file = document != nullptr ? ask_picture_file(*document, L"svg") : std::nullopt;
     if (!file) {
         return;
     }
@@ -250,9 +242,8 @@ PictureArea picture_of_last(const DisplayList& list) {
 /// Saves a picture of the entity that was added last, or of the place where most entities are, when a picture of the
 /// whole drawing would show them too small.
 void save_detail(Editor& editor) {
-    const Document* const document = editor.documents.document();
+    const Document* const document = open_document(editor);
     if (document == nullptr) {
-        person().report(L"No drawing is open.");
         return;
     }
     acedInitGet(0, L"Last Most");
