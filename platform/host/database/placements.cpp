@@ -11,7 +11,7 @@ namespace {
 constexpr unsigned enough_in_order = 64;
 constexpr dxf::RecordId widest_gap = 8;
 constexpr dxf::RecordId first_window = 256;  // each is twice as large as the one before: little is read in vain
-constexpr dxf::RecordId largest_window = 65536;
+constexpr dxf::RecordId largest_window = 32768;
 constexpr size_t piece = 512;  // records that a thread takes at a time
 
 void read_insert(const dxf::Drawing& drawing, dxf::RecordId record, dxf::Insert& insert) {

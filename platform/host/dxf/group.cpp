@@ -85,6 +85,9 @@ std::optional<double> plain_decimal(std::string_view text) {
 }
 
 double real_of_text(std::string_view text) {
+    if (text == "0.0") {
+        return 0.0;  // every other number of many drawings
+    }
     if (const std::optional<double> plain = plain_decimal(text)) {
         return *plain;
     }
