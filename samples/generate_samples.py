@@ -28,6 +28,8 @@ PRICES = [("door_90", "640.00", "דלת פנים 90 ס\"מ"), ("DOOR_80", "590.0
           ("SPOT", "38.50", "Spot light, LED"), ("socket", "24.00", "שקע חשמל"),
           ("FRIDGE", "5200.00", "מקרר"), ("cooker", "2100.00", "כיריים קרמיות"),
           ("PERGOLA", "7800.00", "פרגולה (אינה בתוכנית)")]
+# In R12 names hold no blanks; the same things are priced under the names that they have there.
+PRICES += [(name.replace(" ", "_"), price, description) for name, price, description in PRICES if " " in name]
 
 
 def maker(drawing, layer, shape):
