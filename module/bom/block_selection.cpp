@@ -5,6 +5,7 @@
 #include <dbobjptr.h>
 #include <dbsymtb.h>
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <unordered_map>
@@ -34,20 +35,26 @@ class ReferenceCounter {
             acedAlert(L"\nCannot open the object INSERT");
             return false;
         }
-        if (survey_ != nullptr) {
-            survey_->add(*reference);
-        }
         const AcDbObjectId record = reference->blockTableRecord();
-        const auto [row, is_new] = rows_of_records_.try_emplace(record.asOldId(), 0);
-        if (is_new && !find_row(record, id, row->second)) {
+        const auto [found, is_new] = blocks_.try_emplace(record.asOldId(), Block{blocks_.size()});
+        Block& block = found->second;
+        if (is_new && !find_row(record, id, block.row)) {
             acedAlert(L"\nCannot open the object BlockTableRecord");
             return false;
         }
-        count_.rows[row->second].quantity += 1;
+        if (survey_ != nullptr) {
+            survey_->add(*reference, record, block.number);
+        }
+        count_.rows[block.row].quantity += 1;
         return true;
     }
 
   private:
+    struct Block {
+        std::size_t number;  ///< in the order in which blocks are first met
+        int row = 0;
+    };
+
     bool find_row(AcDbObjectId id, AcDbObjectId reference, int& row) {
         const AcDbObjectPointer<AcDbBlockTableRecord> record(id, AcDb::kForRead);
         if (record.openStatus() != Acad::eOk) {
@@ -62,7 +69,7 @@ class ReferenceCounter {
     BlockCount& count_;
     bool dynamic_names_;
     DrawingSurvey* survey_;
-    std::unordered_map<Adesk::IntDbId, int> rows_of_records_;
+    std::unordered_map<Adesk::IntDbId, Block> blocks_;  ///< by record
 };
 
 }  // namespace

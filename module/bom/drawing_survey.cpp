@@ -15,6 +15,7 @@
 #include <map>
 #include <memory>
 #include <tuple>
+#include <unordered_map>
 #include <utility>
 
 #include "bom/nested_references.h"
@@ -188,13 +189,11 @@ class BlockGraph {
 
 }  // namespace
 
-void DrawingSurvey::add(const AcDbBlockReference& reference) {
-    const AcDbObjectId block = reference.blockTableRecord();
-    const auto [place, is_new] = places_.try_emplace(block.asOldId(), blocks_.size());
-    if (is_new) {
+void DrawingSurvey::add(const AcDbBlockReference& reference, AcDbObjectId block, std::size_t number) {
+    if (number == blocks_.size()) {
         blocks_.push_back({block, reference.objectId(), std::pmr::deque<Reference>(&memory_)});
     }
-    blocks_[place->second].references.push_back({place_of(reference), handle_of(reference.objectId())});
+    blocks_[number].references.push_back({place_of(reference), handle_of(reference.objectId())});
     if (const auto* const array = AcDbMInsertBlock::cast(&reference)) {
         survey_.arrays.push_back({block_name(block), handle_of(reference.objectId()), array->columns(), array->rows()});
     }

@@ -3,10 +3,10 @@
 
 #include <dbents.h>
 
+#include <cstddef>
 #include <cstdint>
 #include <deque>
 #include <memory_resource>
-#include <unordered_map>
 #include <vector>
 
 #include "bom/bill_notes.h"
@@ -15,8 +15,9 @@ namespace corvanes {
 
 class DrawingSurvey {
   public:
-    /// Notes a reference that was counted; it is open during the call.
-    void add(const AcDbBlockReference& reference);
+    /// Notes a reference that was counted; it is open during the call. `number` counts the blocks from 0 in the order
+    /// of their first references.
+    void add(const AcDbBlockReference& reference, AcDbObjectId block, std::size_t number);
 
     /// Ends the survey and gives all that the notes are made of. `true_names` tells that dynamic blocks were counted
     /// under their true names.
@@ -44,7 +45,6 @@ class DrawingSurvey {
     // memory of a million small pieces.
     std::pmr::monotonic_buffer_resource memory_{std::size_t{1} << 20};
     std::vector<Block> blocks_;
-    std::unordered_map<Adesk::IntDbId, std::size_t> places_;  ///< in blocks_, by record
     bool true_names_ = false;
     BillSurvey survey_;
 };
