@@ -21,20 +21,12 @@ void read_insert(const dxf::Drawing& drawing, dxf::RecordId record, dxf::Insert&
 
 }  // namespace
 
-const dxf::Insert& Placements::of(dxf::RecordId record) {
+void Placements::find(dxf::RecordId record) {
     if (const uint64_t edits = drawing_.edits_made(); edits != edits_) {
         stop();
         last_ = dxf::no_record;
         edits_ = edits;
     }
-    if (record != last_) {
-        go_to(record);
-        last_ = record;
-    }
-    return current_->holds(record) ? current_->by_record[record - current_->begin] : one_;
-}
-
-void Placements::go_to(dxf::RecordId record) {
     in_order_ = follows_last(record) ? in_order_ + 1 : 0;
     if (in_order_ == 0) {
         stop();
@@ -45,9 +37,13 @@ void Placements::go_to(dxf::RecordId record) {
         }
         advance();
     }
-    if (!current_->holds(record)) {
+    if (current_->holds(record)) {
+        found_ = &current_->by_record[record - current_->begin];
+    } else {
         read_insert(drawing_, record, one_);
+        found_ = &one_;
     }
+    last_ = record;
 }
 
 bool Placements::follows_last(dxf::RecordId record) const {

@@ -20,9 +20,16 @@ class Placements {
   public:
     /// The drawing must live as long.
     explicit Placements(dxf::Drawing& drawing) : drawing_(drawing) {}
+    Placements(const Placements&) = delete;
+    Placements& operator=(const Placements&) = delete;
 
     /// The fields of a record's INSERT, after all edits. The reference is valid until the next call.
-    const dxf::Insert& of(dxf::RecordId record);
+    const dxf::Insert& of(dxf::RecordId record) {
+        if (record != last_ || drawing_.edits_made() != edits_) {
+            find(record);
+        }
+        return *found_;
+    }
 
   private:
     /// The placements of the INSERTs among some neighbouring records.
@@ -37,8 +44,8 @@ class Placements {
 
     /// Reads what of a window no other thread has taken.
     static void read(const dxf::Drawing& drawing, Window& window);
-    /// Reads `record` into one_, unless the current window holds it.
-    void go_to(dxf::RecordId record);
+    /// Makes `record` the last one that was asked for.
+    void find(dxf::RecordId record);
     bool follows_last(dxf::RecordId record) const;
     void read_ahead(dxf::RecordId begin);
     /// Makes the window that was read ahead the current one, when this thread and the other have read it to its end,
@@ -50,7 +57,8 @@ class Placements {
     uint64_t edits_ = 0;                   ///< that the drawing had when what is below was read
     dxf::RecordId last_ = dxf::no_record;  ///< that was asked for
     unsigned in_order_ = 0;                ///< how many of those asked for last followed the one before
-    dxf::Insert one_;                      ///< of last_, where no window holds it
+    const dxf::Insert* found_ = &one_;     ///< of last_; in the current window, or else one_
+    dxf::Insert one_;
     WindowPointer current_ = std::make_shared<Window>();
     WindowPointer next_ = std::make_shared<Window>();  ///< which another thread reads, while read_ is valid
     std::shared_future<void> read_;
