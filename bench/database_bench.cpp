@@ -36,46 +36,45 @@ class Timer {
     Clock::time_point start_ = Clock::now();
 };
 
-/// Opens what the report's count opens. Adds up the lengths of the names, so that the compiler leaves nothing out.
-size_t count_letters(const ads_name set, long length) {
-    size_t letters = 0;
+/// Opens each reference of the set, calls visit(reference) and closes it. False when one cannot be opened.
+template <typename Visit>
+bool visit_references(const ads_name set, long length, Visit visit) {
     for (long i = 0; i < length; ++i) {
         ads_name entity;
         AcDbObjectId id;
         AcDbBlockReference* reference = nullptr;
         if (acedSSName(set, i, entity) != RTNORM || acdbGetObjectId(id, entity) != Acad::eOk ||
             acdbOpenObject(reference, id, AcDb::kForRead) != Acad::eOk) {
-            return 0;
+            return false;
         }
-        const AcDbObjectId block = reference->blockTableRecord();
+        visit(*reference);
         reference->close();
-        AcDbBlockTableRecord* record = nullptr;
-        if (acdbOpenObject(record, block, AcDb::kForRead) != Acad::eOk) {
-            return 0;
-        }
-        ACHAR* name = nullptr;
-        record->getName(name);
-        letters += std::wcslen(name);
-        acutDelString(name);
-        record->close();
     }
-    return letters;
+    return true;
+}
+
+/// Opens what the report's count opens. Adds up the lengths of the names, so that the compiler leaves nothing out.
+size_t count_letters(const ads_name set, long length) {
+    size_t letters = 0;
+    const bool counted = visit_references(set, length, [&letters](const AcDbBlockReference& reference) {
+        AcDbBlockTableRecord* record = nullptr;
+        if (acdbOpenObject(record, reference.blockTableRecord(), AcDb::kForRead) == Acad::eOk) {
+            ACHAR* name = nullptr;
+            record->getName(name);
+            letters += std::wcslen(name);
+            acutDelString(name);
+            record->close();
+        }
+    });
+    return counted ? letters : 0;
 }
 
 /// Asks each reference for its place, as the notes of a report do. Adds the places up.
 double add_places(const ads_name set, long length) {
     double sum = 0;
-    for (long i = 0; i < length; ++i) {
-        ads_name entity;
-        AcDbObjectId id;
-        AcDbBlockReference* reference = nullptr;
-        if (acedSSName(set, i, entity) != RTNORM || acdbGetObjectId(id, entity) != Acad::eOk ||
-            acdbOpenObject(reference, id, AcDb::kForRead) != Acad::eOk) {
-            return 0;
-        }
-        sum += reference->position().x + reference->scaleFactors().sx + reference->rotation() + reference->normal().z;
-        reference->close();
-    }
+    visit_references(set, length, [&sum](const AcDbBlockReference& reference) {
+        sum += reference.position().x + reference.scaleFactors().sx + reference.rotation() + reference.normal().z;
+    });
     return sum;
 }
 
