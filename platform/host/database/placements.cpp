@@ -1,6 +1,7 @@
 #include "platform/host/database/placements.h"
 
 #include <algorithm>
+#include <system_error>
 #include <utility>
 
 #include "platform/host/dxf/number_fields.h"
@@ -35,7 +36,9 @@ void Placements::find(dxf::RecordId record) {
         if (!read_.valid()) {
             read_ahead(record);
         }
-        advance();
+        if (read_.valid()) {
+            advance();
+        }
     }
     if (current_->holds(record)) {
         found_ = &current_->by_record[record - current_->begin];
@@ -59,8 +62,12 @@ void Placements::read_ahead(dxf::RecordId begin) {
     next_->by_record.resize(std::min(next_size_, drawing_.record_count() - begin));
     next_size_ = std::min(2 * next_size_, largest_window);
     const dxf::Drawing& drawing = drawing_;
-    read_ = std::async(std::launch::async, [&drawing, window = next_] { read(drawing, *window); }).share();
-    drawing_.let_read(read_);
+    try {
+        read_ = std::async(std::launch::async, [&drawing, window = next_] { read(drawing, *window); }).share();
+        drawing_.let_read(read_);
+    } catch (const std::system_error&) {
+        in_order_ = 0;  // the system has no thread for it now: one is read at a time
+    }
 }
 
 void Placements::advance() {

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <system_error>
 #include <utility>
 
 #include "base/code_page.h"
@@ -121,7 +122,11 @@ void DocumentManager::tell_reactors(void (AcApDocManagerReactor::*event)(AcApDoc
 void DocumentManager::begin_to_open(const std::filesystem::path& path) {
     if (!is_dwg(path)) {
         path_begun_ = path;
-        reading_ = std::async(std::launch::async, [path] { return dxf::Drawing::open(path); });
+        try {
+            reading_ = std::async(std::launch::async, [path] { return dxf::Drawing::open(path); });
+        } catch (const std::system_error&) {
+            reading_ = {};  // the system has no thread for it now: open() reads the drawing
+        }
     }
 }
 
