@@ -71,7 +71,7 @@ base::Result<Script> read_script_file(const std::wstring& path) {
 base::Outcome<> run_script(ScriptRun& run, MainWindow& window, bool verbose) {
     ScriptPerson script(run, window, editor().processor, verbose);
     const PersonScope scope(script);
-    const DialogDriver driver(run);
+    const DialogDriver driver(run, window);
     editor().variables.put(L"FILEDIA", 0);
     while (!run.failed() && !run.at_end() && !editor().quit_requested) {
         const Answer answer = person().prompt(L"\nCommand: ");

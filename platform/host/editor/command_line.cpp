@@ -12,7 +12,7 @@
 namespace host {
 namespace {
 
-constexpr int history_limit = 60000;  ///< characters; the older half is dropped when there are more
+constexpr int history_limit = 60000;  ///< characters; the older half, or more, is dropped when there are more
 constexpr int history_lines = 6;
 
 std::wstring with_carriage_returns(std::wstring_view text) {
@@ -172,13 +172,25 @@ void CommandLine::append_history(std::wstring_view text) {
     } else {
         last_line_ = text.substr(last_break + 1);
     }
-    if (GetWindowTextLengthW(history_) > history_limit) {
-        SendMessageW(history_, EM_SETSEL, 0, history_limit / 2);
+    unshown_ += text;
+    if (unshown_.size() > history_limit) {
+        unshown_.erase(0, unshown_.size() - history_limit / 2);
+    }
+}
+
+void CommandLine::update_history() {
+    if (unshown_.empty() || IsWindowVisible(history_) == 0) {
+        return;
+    }
+    const std::wstring added = with_carriage_returns(std::exchange(unshown_, {}));
+    const int whole = GetWindowTextLengthW(history_) + static_cast<int>(added.size());
+    if (whole > history_limit) {
+        SendMessageW(history_, EM_SETSEL, 0, std::max(history_limit / 2, whole - history_limit));
         SendMessageW(history_, EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(L""));
     }
     const int end = GetWindowTextLengthW(history_);
     SendMessageW(history_, EM_SETSEL, static_cast<WPARAM>(end), end);
-    SendMessageW(history_, EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(with_carriage_returns(text).c_str()));
+    SendMessageW(history_, EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(added.c_str()));
 }
 
 void CommandLine::set_prompt(std::wstring_view text) {

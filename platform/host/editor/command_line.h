@@ -58,7 +58,10 @@ class CommandLine {
     void place(const RECT& area);
     void focus() const { SetFocus(line_); }
 
+    /// The text is seen after the next update_history(): an edit control takes long for each piece that it is given.
     void append_history(std::wstring_view text);
+    /// Brings the history up to date, unless the window is hidden.
+    void update_history();
     /// The text that was printed last, from its last line end on.
     const std::wstring& last_line() const { return last_line_; }
     /// Only the last line of the text is shown.
@@ -88,6 +91,7 @@ class CommandLine {
     int letter_height_ = 0;  ///< pixels
     bool large_ = false;
     std::wstring last_line_;  ///< the last line of the history
+    std::wstring unshown_;    ///< the end of the history that the edit control has not got
     CommandHistory typed_before_;
     std::wstring completing_;  ///< what was typed before the first Tab
     std::wstring completed_;   ///< what the last Tab made of it; empty before the first Tab

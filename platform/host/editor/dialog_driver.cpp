@@ -10,7 +10,7 @@
 namespace host {
 namespace {
 
-constexpr UINT pause = 10;  ///< milliseconds; the shortest that the system has
+constexpr UINT pause = 10;  ///< milliseconds; the shortest that the system has for a timer
 
 /// Timers without a window carry nothing of their own, so the driver that is at work is kept here.
 DialogDriver* working_driver = nullptr;
@@ -43,24 +43,29 @@ HWND keyboard_target(const ModalDialog& dialog) {
 
 }  // namespace
 
-DialogDriver::DialogDriver(ScriptRun& run) : run_(run) {
+DialogDriver::DialogDriver(ScriptRun& run, MainWindow& window) : run_(run), window_(window) {
     working_driver = this;
+    window.when_dialog_waits([this] { work(); });
     timer_ = SetTimer(nullptr, 0, pause, reinterpret_cast<TIMERPROC>(&DialogDriver::on_timer));
 }
 
 DialogDriver::~DialogDriver() {
+    window_.when_dialog_waits({});
     KillTimer(nullptr, timer_);
     working_driver = nullptr;
 }
 
 void CALLBACK DialogDriver::on_timer(HWND, UINT, UINT_PTR, DWORD) noexcept {
-    if (working_driver == nullptr) {
-        return;
+    if (working_driver != nullptr) {
+        working_driver->work();
     }
+}
+
+void DialogDriver::work() noexcept {
     try {
-        working_driver->step();
+        step();
     } catch (const std::exception& exception) {
-        working_driver->run_.fail(base::wide_from_utf8(exception.what()));
+        run_.fail(base::wide_from_utf8(exception.what()));
     }
 }
 
@@ -72,11 +77,15 @@ void DialogDriver::step() {
     }
     if (run_.failed()) {
         close(*dialog);
-    } else if (!keys_.empty()) {
+        return;
+    }
+    if (!keys_.empty()) {
         keys_.post_next(keyboard_target(*dialog));
     } else {
         drive(*dialog);
     }
+    // An action may leave no message behind; with this one the dialog comes to wait again.
+    PostMessageW(dialog->window(), WM_NULL, 0, 0);
 }
 
 void DialogDriver::drive(const ModalDialog& dialog) {

@@ -89,6 +89,7 @@ bool MainWindow::show_progress(std::wstring_view action, double part) {
     const std::wstring percent = std::to_wstring(static_cast<int>(part * 100));
     status_->set(StatusLine::under_pointer,
                  ended ? L"" : std::wstring(action) + L": " + percent + L" %. Escape ends it.");
+    line_->update_history();
     UpdateWindow(status_->window());
     const bool escape = GetAsyncKeyState(VK_ESCAPE) < 0 && GetForegroundWindow() == window_;
     return ended || !escape;
@@ -121,6 +122,7 @@ void MainWindow::show(const std::optional<WindowPlace>& wanted) {
         MoveWindow(window_, fitting.left, fitting.top, fitting.width, fitting.height, FALSE);
     }
     ShowWindow(window_, fitting.maximised ? SW_SHOWMAXIMIZED : SW_SHOW);
+    line_->update_history();
     UpdateWindow(window_);
 }
 
@@ -185,6 +187,7 @@ void MainWindow::run_messages(const PointerGuide& guide, const std::function<boo
     }
     pane_->update(guide);
     while (!done() && !close_requested_) {
+        line_->update_history();
         MSG message;
         if (GetMessageW(&message, nullptr, 0, 0) <= 0) {
             close_requested_ = true;
@@ -351,6 +354,12 @@ std::optional<LRESULT> MainWindow::handle(UINT message, WPARAM wparam, LPARAM lp
             return std::nullopt;
         case WM_DROPFILES:
             take_dropped(wparam);
+            return 0;
+        case WM_ENTERIDLE:
+            line_->update_history();
+            if (wparam == MSGF_DIALOGBOX && dialog_waits_) {
+                dialog_waits_();
+            }
             return 0;
         case WM_TIMER:
             describe();

@@ -60,6 +60,8 @@ class MainWindow {
     void update_title();
     /// Shows how far a long action is, from 0 to 1, until it has ended. False while Escape is held down.
     bool show_progress(std::wstring_view action, double part);
+    /// Has a function called each time a dialog of this window waits for input, all of its messages handled.
+    void when_dialog_waits(std::function<void()> told) { dialog_waits_ = std::move(told); }
     void append_history(std::wstring_view text) { line_->append_history(text); }
     bool shows_large_history() const { return line_->shows_large_history(); }
     void show_large_history(bool large);
@@ -103,6 +105,7 @@ class MainWindow {
     void describe();
 
     WindowProgram program_;
+    std::function<void()> dialog_waits_;
     HWND window_ = nullptr;
     GdiObject font_;
     std::unique_ptr<MenuBar> menu_;
