@@ -24,6 +24,7 @@ Prices drawings, DXF or DWG: opens each in the drawing host, runs "QXBOMC" with 
   --hide-prices     leaves the money out
   --dynamic-names   counts dynamic blocks under their true names
   --strict          exit status 5 when there is any note on the bill
+  --jobs N          prices N drawings at a time (as many as there are processors by default)
   --share N/M       of the drawings in the order of their names, the Nth and every Mth from there
   --quiet           no notes, no progress
   --version, --help
@@ -61,6 +62,7 @@ class Arguments:
         self.out = "out"
         self.join = False
         self.share = None  # (number, of how many)
+        self.jobs = None
         self.files = []
         self.drawings, self.prices = [], None
 
@@ -97,6 +99,8 @@ def parse(words):
                 raise Failure(USAGE, f"--format needs one of {', '.join(FORMATS)}")
         elif word == "--share":
             arguments.share = share_of(words.pop(0) if words else "")
+        elif word == "--jobs":
+            arguments.jobs = jobs_of(words.pop(0) if words else "")
         elif word.startswith("-"):
             raise Failure(USAGE, f"there is no option {word} (./run --help)")
         else:
@@ -110,6 +114,12 @@ def share_of(word):
     if not found or not 1 <= int(found.group(1)) <= int(found.group(2)):
         raise Failure(USAGE, "--share needs a number and of how many, as 2/8")
     return int(found.group(1)), int(found.group(2))
+
+
+def jobs_of(word):
+    if not re.fullmatch(r"[1-9]\d?", word):
+        raise Failure(USAGE, "--jobs needs a number from 1 to 99")
+    return int(word)
 
 
 def check_files(arguments):

@@ -5,7 +5,7 @@ import os
 
 from failure import NOTHING, USAGE, Failure
 from inputs import check_folder
-from many import WORST_FIRST
+from ledger import worst
 from total import NAMES, Total
 from work_folder import WorkFolder
 
@@ -68,4 +68,4 @@ def join(arguments, out):
     statuses = {one["error"]["status"] for one in total.entries if one["error"]}
     if arguments.strict and any(one["note_lines"] for one in total.entries):
         statuses.add(NOTHING)
-    return next((status for status in WORST_FIRST if status in statuses), 0), total
+    return worst(statuses), total

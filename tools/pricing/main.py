@@ -114,8 +114,9 @@ def write_out(printed, arguments):
 def run_many(arguments):
     """Prices drawings and prints their joined bill; the exit status."""
     from drawing_list import drawings, own_prices
-    from many import price_all
+    from many import of_share, price_all
     from total import NAMES
+    from workers import number_of_workers
 
     items = drawings(arguments.drawings)
     if arguments.prices is None:
@@ -123,14 +124,18 @@ def run_many(arguments):
         if arguments.prices and not arguments.quiet:
             print(one_line(f"Prices: {arguments.prices}"), file=sys.stderr)
     check(None, arguments.prices, None if arguments.out == "-" else arguments.out, NAMES)
-    session = Session(ROOT, "--brief")
+    number = number_of_workers(of_share(items, arguments.share)[0], arguments.jobs)
+    sessions = [Session(ROOT, "--brief", number=place) for place in range(1, number + 1)]
     try:
         if not os.environ.get("CORVANES_SESSION"):
-            build(session, Progress(not arguments.quiet))
+            build(sessions[0], Progress(not arguments.quiet))
+        for session in sessions:
+            session.begin()
         with output_folder(arguments) as out:
-            status, total = price_all(ROOT, items, arguments, session, out)
+            status, total = price_all(ROOT, items, arguments, sessions, out)
     finally:
-        session.end()
+        for session in sessions:
+            session.end()
     if total:
         write_out(total.form(arguments.format), arguments)
     return status

@@ -1,25 +1,25 @@
 """Many drawings: each priced as one would be, by few runs of the host, and their joined bill."""
 
 import contextlib
+import functools
 import hashlib
 import os
 import shutil
-import sys
 
 from arguments import version
 from drawing_host import Host, last_line, price_script, turn_of, values_for
 from dwg import Converter
-from failure import DRAWING, INTERNAL, NOTHING, OUTPUT, PRICES, Failure, one_line
+from failure import DRAWING, OUTPUT, PRICES, Failure
 from inputs import check_folder, check_input, dwg_mark
+from ledger import Ledger, failed, finished
 from results import DETAIL, RESULTS, complete, convert
-from total import Total, entry, failed_entry
+from total import Total
 from windows_names import windows_path
 from work_folder import WorkFolder
+from workers import LARGE, parts, work_side_by_side
 
 BATCH = 256  # drawings that one run of the host prices
 CONVERTED = 16  # of them DWG, since their DXF takes room on the disk
-MOST_AHEAD = 16 << 20  # bytes of a drawing that is read while the one before it is in memory
-WORST_FIRST = (INTERNAL, OUTPUT, PRICES, DRAWING, NOTHING)
 
 
 def batches(items):
@@ -70,7 +70,7 @@ class Job:
 
     def script(self, prices, hide_prices, following):
         source = windows_path(self.converted.told) if self.converted else ""
-        ahead = following.drawing if following and os.path.getsize(following.drawing) <= MOST_AHEAD else None
+        ahead = following.drawing if following and os.path.getsize(following.drawing) <= LARGE else None
         return ["OPEN", windows_path(self.drawing), "SETENV", "CORVANES_JSON", windows_path(self.file("report.json")),
                 "SETENV", "CORVANES_SOURCE", source, *price_script(self, prices, hide_prices, ahead), "CLOSE"]
 
@@ -92,21 +92,20 @@ class Job:
 
 
 class Pricing:
-    """The drawings of a run, one after another; the folders of their results go beside the work folder `work`."""
+    """Prices drawings one after another, and has `report` called with the news of each (see ledger). The folders of their
+    results go beside the work folder `work`."""
 
-    def __init__(self, root, session, prices, arguments, work):
-        self.root, self.session, self.prices, self.arguments, self.work = root, session, prices, arguments, work
+    def __init__(self, root, session, arguments, work, report):
+        self.root, self.session, self.arguments, self.work, self.report = root, session, arguments, work, report
+        self.prices = arguments.prices
         self.converter = Converter(root)
-        self.entries, self.statuses, self.bill = [], set(), None
 
     def run(self, items):
-        self.number = len(items)
         try:
             for batch in batches(items):
                 self.price(list(filter(None, map(self.prepared, batch))))
         finally:
             self.converter.close()
-        self.entries.sort(key=lambda one: one["name"])
 
     def prepared(self, item):
         try:
@@ -156,45 +155,47 @@ class Pricing:
 
     def finish(self, job):
         try:
-            self.bill = job.deliver()
+            bill = job.deliver()
         except Failure as failure:
             self.fail(job.item, failure)
             return
-        self.entries.append(entry(job.item, self.bill))
-        self.say(job.item, self.bill.sum or "done", len(self.bill.note_lines))
-        if self.bill.note_lines and self.arguments.strict:
-            self.statuses.add(NOTHING)
+        self.report(finished(job.item, bill, self.arguments.strict))
 
     def fail(self, item, failure):
         if failure.status == PRICES:
             raise failure  # no other drawing will do better
-        self.entries.append(failed_entry(item, failure))
-        self.statuses.add(failure.status)
-        print(failure.line, file=sys.stderr, flush=True)
-
-    def say(self, item, words, notes):
-        if not self.arguments.quiet:
-            more = f", {notes} note{'s' if notes > 1 else ''}" if notes else ""
-            print(f"[{len(self.entries)}/{self.number}]", one_line(f"{item.name}: {words}{more}"), file=sys.stderr, flush=True)
-
-    @property
-    def status(self):
-        return next((status for status in WORST_FIRST if status in self.statuses), 0)
+        self.report(failed(item, failure))
 
 
-def price_all(root, items, arguments, session, out):
-    """Prices the drawings of this run's share; the exit status, and the joined bill (None when there is none)."""
+def price_part(root, items, arguments, session, out, report):
+    """Prices drawings in a work folder of its own within the folder `out`."""
+    work = WorkFolder(out)
+    try:
+        Pricing(root, session, arguments, work, report).run(items)
+    except OSError as error:
+        raise Failure(OUTPUT, f"{out}: the folder cannot be written ({error.strerror})") from None
+    finally:
+        work.remove()
+
+
+def price_all(root, items, arguments, sessions, out):
+    """Prices the drawings of this run's share, side by side in as many sessions; the exit status, and the joined bill (None
+    when there is none)."""
     items, share = of_share(items, arguments.share)
     is_new = not os.path.isdir(out)
     work = WorkFolder(out)
     try:
-        pricing = Pricing(root, session, arguments.prices, arguments, work)
-        pricing.run(items)
-        if not pricing.bill and not share:
-            return pricing.status, None
-        total = Total(head_of(pricing.bill, share), pricing.entries)
+        ledger = Ledger(len(items), arguments.quiet)
+        if len(sessions) == 1:
+            price_part(root, items, arguments, sessions[0], out, ledger.take)
+        else:
+            work_side_by_side([(part, functools.partial(price_part, root, part, arguments, session, out))
+                               for part, session in zip(parts(items, len(sessions)), sessions)], ledger.take)
+        if not ledger.head and not share:
+            return ledger.status, None
+        total = Total(head_of(ledger, share), ledger.in_order())
         total.deliver(work)
-        return pricing.status, total
+        return ledger.status, total
     except OSError as error:
         raise Failure(OUTPUT, f"{out}: the folder cannot be written ({error.strerror})") from None
     finally:
@@ -211,6 +212,6 @@ def of_share(items, share):
     return items[number - 1::of], {"share": told}
 
 
-def head_of(bill, share):
-    members = bill.members if bill else {"program": version().strip(), "prices": None, "columns": None}
-    return {"schema": 1, **{key: members[key] for key in ("program", "prices", "columns")}, **share}
+def head_of(ledger, share):
+    """The members of the total that all of its drawings share."""
+    return {"schema": 1, **(ledger.head or {"program": version().strip(), "prices": None, "columns": None}), **share}

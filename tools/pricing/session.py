@@ -12,24 +12,30 @@ HOLD = ["sh", "-c", "printenv -0; printf '\\0'; exec >&-; read -r _ || :"]
 
 
 class Session:
-    """A session and its environment. Where this program runs within a session, that one serves."""
+    """A session and its environment. Where this program runs within a session, that one serves as the first; each further one
+    has a Wine prefix and a display of its own."""
 
-    def __init__(self, root, *options):
+    def __init__(self, root, *options, number=1):
         self.options = options
         self.root = root
         self.process = None
+        self.is_up = False
         self.environment = dict(os.environ)
+        if number > 1:
+            prefix = os.environ.get("CORVANES_PREFIX") or os.path.join(root, "build", "wine")
+            self.environment |= {"CORVANES_PREFIX": f"{prefix}-{number}", "CORVANES_PREFIX_MODEL": prefix}
+        self.is_here = bool(os.environ.get("CORVANES_SESSION")) and "--display" not in options and number == 1
 
     def begin(self):
         """Starts the session while this program does other things; wait() then takes its environment."""
-        if os.environ.get("CORVANES_SESSION") and "--display" not in self.options:
+        if self.is_here or self.process:
             return
         # In a process group of its own, so that Ctrl-C reaches this program only, which then ends everything in order.
         self.process = subprocess.Popen([os.path.join(self.root, "tools", "session"), *self.options, *HOLD], stdin=subprocess.PIPE,
-                                        stdout=subprocess.PIPE, stderr=subprocess.PIPE, start_new_session=True)
+                                        stdout=subprocess.PIPE, stderr=subprocess.PIPE, start_new_session=True, env=self.environment)
 
     def wait(self):
-        if not self.process:
+        if self.is_up or not self.process:
             return
         told = b""
         while not told.endswith(b"\0\0"):
@@ -40,6 +46,7 @@ class Session:
                 raise Failure(INTERNAL, said or "there is no Windows session")
             told += more
         self.environment = dict(os.fsdecode(pair).split("=", 1) for pair in told[:-2].split(b"\0"))
+        self.is_up = True
 
     def end(self):
         """Lets the session end by itself. That takes half a second, for which nobody waits here; a next session does."""

@@ -3,6 +3,7 @@
 #include <shellapi.h>
 
 #include <algorithm>
+#include <stdexcept>
 #include <vector>
 
 #include "platform/host/editor/system_variables.h"
@@ -53,6 +54,9 @@ MainWindow::MainWindow(WindowProgram program) : program_(std::move(program)), fo
     window_ = CreateWindowExW(0, class_name, program_name, WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, CW_USEDEFAULT,
                               CW_USEDEFAULT, at_resolution(1000), at_resolution(700), nullptr, nullptr, host_instance(),
                               nullptr);
+    if (window_ == nullptr) {
+        throw std::runtime_error("the main window cannot be made; there may be no display");
+    }
     const auto font = static_cast<HFONT>(font_.get());
     menu_ = std::make_unique<MenuBar>(window_);
     pane_ = std::make_unique<DrawingPane>(

@@ -43,7 +43,7 @@ struct WindowProgram {
 
 class MainWindow {
   public:
-    /// Created hidden.
+    /// Created hidden. Throws std::runtime_error where the system has no window for it.
     explicit MainWindow(WindowProgram program = {});
     ~MainWindow();
     MainWindow(const MainWindow&) = delete;
