@@ -9,7 +9,7 @@
 namespace corvanes {
 namespace {
 
-using Parts = std::map<std::string_view, std::string>;
+using Parts = std::map<std::string_view, std::string_view>;
 
 std::string base64(std::string_view bytes) {
     constexpr char digits[] = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
@@ -70,7 +70,12 @@ std::string for_script(std::string_view json, bool with_handles) {
 
 /// The HTML with the parts in their places. "{{" within a part is left as it is.
 std::string filled(std::string_view html, const Parts& parts) {
+    std::size_t whole = html.size();
+    for (const auto& [name, part] : parts) {
+        whole += part.size();
+    }
     std::string page;
+    page.reserve(whole);
     for (std::size_t at = 0; at < html.size();) {
         const std::size_t place = html.find("{{", at);
         page += html.substr(at, place - at);
@@ -92,14 +97,16 @@ std::string bill_page(const PageSources& sources, std::string_view bill, std::st
     if (!is_picture) {
         styles += " " + own(between(drawing, "<style>", "</style>"));
     }
-    Parts parts;
-    parts["policy"] = "default-src 'none'; script-src " + own(sources.script) + "; style-src " + styles +
-                      (is_picture ? "; img-src data:" : "") + "; base-uri 'none'; form-action 'none'";
-    parts["style"] = sources.style;
-    parts["drawing"] = is_picture ? R"(<img alt="The drawing" src="data:image/png;base64,)" + base64(drawing) + "\">"
-                                  : std::string(drawing);
-    parts["data"] = for_script(bill, !is_picture);
-    parts["script"] = sources.script;
+    const std::string policy = "default-src 'none'; script-src " + own(sources.script) + "; style-src " + styles +
+                               (is_picture ? "; img-src data:" : "") + "; base-uri 'none'; form-action 'none'";
+    const std::string image =
+        is_picture ? R"(<img alt="The drawing" src="data:image/png;base64,)" + base64(drawing) + "\">" : std::string();
+    const std::string data = for_script(bill, !is_picture);
+    const Parts parts{{"policy", policy},
+                      {"style", sources.style},
+                      {"drawing", is_picture ? std::string_view(image) : drawing},
+                      {"data", data},
+                      {"script", sources.script}};
     return filled(sources.html, parts);
 }
 

@@ -2,6 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <charconv>
+#include <cmath>
+#include <random>
+
+#include "platform/host/view/svg_text.h"
 #include "tests/view/described_list.h"
 
 namespace host {
@@ -112,6 +117,30 @@ TEST(SvgWriter, LeavesOutWhatWouldTakeTooLong) {
     EXPECT_EQ(whole.text, svg_of(bomb(4), 21112).text);
     EXPECT_EQ("", svg_of(bomb(40), 1'000'000).text);
     EXPECT_NE("", svg_of(blocks("0 ENDBLK")).text);
+}
+
+TEST(SvgText, WritesNumbersAsTheLibraryDoes) {
+    std::mt19937 random(1);
+    std::uniform_real_distribution<double> mantissa(-10, 10);
+    std::uniform_int_distribution<int> exponent(-20, 20);
+    for (int count = 0; count < 20000; ++count) {
+        const double value = mantissa(random) * std::pow(10, exponent(random));
+        char expected[64];
+        const auto general = std::to_chars(expected, std::end(expected), value, std::chars_format::general, 7);
+        const std::string matrix = svg_matrix({{value, 0}, {0, value}, {0, 0}});
+        ASSERT_EQ(matrix, "matrix(" + std::string(expected, general.ptr) + " 0 0 " +
+                              std::string(expected, general.ptr) + " 0 0)");
+        if (std::fabs(value) < 1e6) {
+            std::string fixed;
+            append_coordinate(fixed, value, 3);
+            ASSERT_NEAR(std::stod(fixed), value, 0.000501) << fixed;
+        }
+    }
+    std::string edges;
+    for (const double value : {0.0, -0.0, -0.0004, 0.9996, 2.5, -10.0, 1e300, std::nan("")}) {
+        append_coordinate(edges += ' ', value, 3);
+    }
+    EXPECT_EQ(edges, " 0 0 0 1 2.5 -10 0 0");
 }
 
 }  // namespace host

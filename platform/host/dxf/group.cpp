@@ -176,4 +176,13 @@ uint64_t parse_handle(std::string_view text) {
     return value;
 }
 
+std::string handle_text(uint64_t handle) {
+    std::string text;
+    do {
+        text.insert(text.begin(), "0123456789ABCDEF"[handle & 0xF]);
+        handle >>= 4;
+    } while (handle != 0);
+    return text;
+}
+
 }  // namespace dxf

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 #include <string_view>
 
 namespace dxf {
@@ -35,5 +36,7 @@ struct Group {
 
 /// A handle's value from hexadecimal text with blanks around it; 0 for an empty, malformed or too long one.
 uint64_t parse_handle(std::string_view text);
+/// A handle as hexadecimal text, in capitals.
+std::string handle_text(uint64_t handle);
 
 }  // namespace dxf

@@ -12,15 +12,6 @@ namespace dxf {
 
 namespace {
 
-std::string handle_text(uint64_t value) {
-    std::string text;
-    do {
-        text.insert(text.begin(), "0123456789ABCDEF"[value & 0xF]);
-        value >>= 4;
-    } while (value != 0);
-    return text;
-}
-
 /// The shortest text that reads back as the same number, always with a point: "0.0", "2.5", "1.0E+20".
 std::string real_text(double value) {
     char buffer[40];

@@ -308,10 +308,8 @@ void SvgWriter::append_data_of(std::string& out, dxf::RecordId entity) {
         return;
     }
     const dxf::Record& record = drawing_.record(entity);
-    char handle[32];
-    std::snprintf(handle, sizeof handle, "%llX", static_cast<unsigned long long>(record.handle));
     out.append(" data-block=\"").append(escaped_name(record.block_name)).append("\"");
-    append_svg_attribute(out, "data-handle", handle);
+    append_svg_attribute(out, "data-handle", dxf::handle_text(record.handle));
 }
 
 const std::string& SvgWriter::escaped_name(dxf::NameId block) {
@@ -363,6 +361,8 @@ SvgPicture SvgWriter::write() {
     if (most_ && 2 * list_.top.instances.size() > *most_ && has_too_many_references(content)) {
         return {{}, *most_ + 1, 0};
     }
+    constexpr size_t usual_reference = 160;  // characters
+    content.text.reserve(std::min(usual_reference * list_.top.instances.size(), longest_text));
     add_all(content);
     const auto elements = static_cast<uint64_t>(std::min(content.elements, 1e18));
     if (too_much(content)) {
@@ -377,6 +377,7 @@ SvgPicture SvgWriter::write() {
                        svg_box(box, decimals) + "\">\n";
     const std::string space = looks_.of_space();
     text += "<style>" + looks_.style_sheet() + "</style>\n<metadata>" + looks_.layers() + "</metadata>\n";
+    text.reserve(text.size() + definitions_.size() + content.text.size() + 100);
     text += "<defs>\n" + definitions_ + "</defs>\n<g class=\"" + space + "\">\n";
     text += content.text;
     text += "</g>\n</svg>\n";
