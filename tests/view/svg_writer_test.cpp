@@ -127,9 +127,10 @@ TEST(SvgText, WritesNumbersAsTheLibraryDoes) {
         const double value = mantissa(random) * std::pow(10, exponent(random));
         char expected[64];
         const auto general = std::to_chars(expected, std::end(expected), value, std::chars_format::general, 7);
-        const std::string matrix = svg_matrix({{value, 0}, {0, value}, {0, 0}});
-        ASSERT_EQ(matrix, "matrix(" + std::string(expected, general.ptr) + " 0 0 " +
-                              std::string(expected, general.ptr) + " 0 0)");
+        const std::string number(expected, general.ptr);
+        std::string placed;
+        append_transform(placed, {{value, 0}, {0, value}, {0, 0}});
+        ASSERT_EQ(placed, " transform=\"matrix(" + number + " 0 0 " + number + " 0 0)\"");
         if (std::fabs(value) < 1e6) {
             std::string fixed;
             append_coordinate(fixed, value, 3);

@@ -63,6 +63,11 @@ void append_quotient(std::string& out, uint64_t number, int decimals) {
     out.append(first, std::end(digits));
 }
 
+/// The nearest whole number to one that is not negative. The library's functions for it take far longer on Windows.
+uint64_t nearest(double value) {
+    return static_cast<uint64_t>(value + 0.5);
+}
+
 /// Seven digits of a finite number.
 void append_significant(std::string& out, double value) {
     constexpr int digits = 7;
@@ -72,8 +77,8 @@ void append_significant(std::string& out, double value) {
     while (decimals < most_decimals && size * powers_of_ten[decimals] < powers_of_ten[digits - 1]) {
         ++decimals;
     }
-    const double number = std::nearbyint(size * powers_of_ten[decimals]);
-    if (value != 0 && (number > powers_of_ten[digits] || number < powers_of_ten[digits - 1])) {
+    const double shifted = size * powers_of_ten[decimals];
+    if (value != 0 && (shifted >= powers_of_ten[digits] || shifted < powers_of_ten[digits - 1])) {
         char text[32];
         out.append(text, std::to_chars(text, std::end(text), value, std::chars_format::general, digits).ptr);
         return;
@@ -81,7 +86,7 @@ void append_significant(std::string& out, double value) {
     out += value < 0 ? "-" : "";
     const int exponent = digits - 1 - decimals;
     const bool plain = value == 0 || -exponent <= most_zeros;
-    append_quotient(out, static_cast<uint64_t>(number), plain ? decimals : digits - 1);
+    append_quotient(out, nearest(shifted), plain ? decimals : digits - 1);
     if (!plain) {
         out += (-exponent < 10 ? "e-0" : "e-") + std::to_string(-exponent);
     }
@@ -120,9 +125,10 @@ std::string css_string(std::wstring_view text) {
 
 void append_coordinate(std::string& out, double value, int decimals) {
     constexpr double largest = 1e15;  // up to here a double holds each whole number
-    if (const double number = std::nearbyint(std::fabs(value) * powers_of_ten[decimals]); number < largest) {
+    if (const double shifted = std::fabs(value) * powers_of_ten[decimals]; shifted < largest) {
+        const uint64_t number = nearest(shifted);
         out += value < 0 && number > 0 ? "-" : "";
-        append_quotient(out, static_cast<uint64_t>(number), decimals);
+        append_quotient(out, number, decimals);
         return;
     }
     char digits[64];
@@ -137,16 +143,16 @@ void append_point(std::string& out, Vec2 point, int decimals) {
     append_coordinate(out, point.y, decimals);
 }
 
-std::string svg_matrix(const Affine2& map) {
+void append_transform(std::string& out, const Affine2& map) {
     constexpr double nothing = 1e-9;  // beside 1: what a right angle leaves of a cosine
     const double least = nothing * map.scale();
-    std::string matrix = "matrix(";
+    out += " transform=\"matrix(";
     for (const double value : {map.x.x, map.x.y, map.y.x, map.y.y, map.origin.x, map.origin.y}) {
-        append_significant(matrix, std::fabs(value) >= least && std::isfinite(value) ? value : 0.0);
-        matrix += ' ';
+        append_significant(out, std::fabs(value) >= least && std::isfinite(value) ? value : 0.0);
+        out += ' ';
     }
-    matrix.back() = ')';
-    return matrix;
+    out.back() = ')';
+    out += '"';
 }
 
 void append_svg_attribute(std::string& out, const char* name, std::string_view value) {

@@ -22,8 +22,8 @@ void append_coordinate(std::string& out, double value, int decimals);
 /// "x y".
 void append_point(std::string& out, Vec2 point, int decimals);
 
-/// "matrix(a b c d e f)", with seven digits each: what a viewer's single precision holds.
-std::string svg_matrix(const Affine2& map);
+/// The attribute that places an element, with seven digits of each number: what a viewer's single precision holds.
+void append_transform(std::string& out, const Affine2& map);
 
 /// An attribute with a blank before it; nothing for an empty value. The value is escaped already.
 void append_svg_attribute(std::string& out, const char* name, std::string_view value);

@@ -215,8 +215,8 @@ void SvgWriter::add_text(Content& content, const Primitive& primitive) {
     if (!inverse(placed)) {
         return;  // flattened to a line
     }
-    content.text +=
-        "<text" + attributes(content, primitive, looks_.of_text(item)) + svg_attribute("transform", svg_matrix(placed));
+    content.text += "<text" + attributes(content, primitive, looks_.of_text(item));
+    append_transform(content.text, placed);
     if (item.fit_width > 0) {
         content.text += " lengthAdjust=\"spacingAndGlyphs\" textLength=\"";
         append_coordinate(content.text, item.fit_width * SvgLooks::capitals, 2);
@@ -268,10 +268,11 @@ void SvgWriter::add_reference(Content& content, const Primitive& primitive) {
     append_data_of(text, primitive.entity);
     if (instance.repeats == Instance::once) {
         append_svg_attribute(text, "href", symbol.target);
-        append_svg_attribute(text, "transform", svg_matrix(placed));
+        append_transform(text, placed);
     } else {
-        const std::string cell = svg_attribute("href", symbol.target) + svg_attribute("transform", svg_matrix(placed));
-        append_svg_attribute(text, "href", "#" + array_of(content, instance, "<use" + cell + "/>"));
+        std::string cell = "<use" + svg_attribute("href", symbol.target);
+        append_transform(cell, placed);
+        append_svg_attribute(text, "href", "#" + array_of(content, instance, cell + "/>"));
     }
     text += "/>\n";
 }
