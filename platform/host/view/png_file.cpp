@@ -2,7 +2,10 @@
 
 #include <zlib.h>
 
+#include <algorithm>
+#include <optional>
 #include <string>
+#include <vector>
 
 #include "base/code_page.h"
 #include "base/replace_file.h"
@@ -41,9 +44,78 @@ bool compress(z_stream& stream, std::string& bytes, bool last, std::string& data
     return done != Z_STREAM_ERROR;
 }
 
+/// The colours of a picture that has few of them, as most pictures of drawings and dialogs have.
+class Palette {
+  public:
+    /// False when there is no room for another colour.
+    bool add(uint32_t colour) {
+        const size_t place = place_of(colour);
+        if (numbers_[place] < 0) {
+            if (bytes_.size() == 3 * most) {
+                return false;
+            }
+            colours_[place] = colour;
+            numbers_[place] = static_cast<int16_t>(bytes_.size() / 3);
+            bytes_ += big_endian(colour).substr(1);
+        }
+        return true;
+    }
+    /// The number of a colour that was added.
+    char number(uint32_t colour) const { return static_cast<char>(numbers_[place_of(colour)]); }
+    /// Red, green and blue of each colour, by number.
+    const std::string& bytes() const { return bytes_; }
+
+  private:
+    static constexpr size_t most = 256;
+    static constexpr int bits = 10;  ///< of a place; there are four times as many places as colours
+
+    size_t place_of(uint32_t colour) const {
+        constexpr uint32_t golden = 0x9E3779B1;  // 2^32 divided by the golden ratio: spreads the products
+        size_t place = (colour * golden) >> (32 - bits);
+        while (numbers_[place] >= 0 && colours_[place] != colour) {
+            place = (place + 1) % numbers_.size();
+        }
+        return place;
+    }
+
+    std::vector<uint32_t> colours_ = std::vector<uint32_t>(size_t{1} << bits);
+    std::vector<int16_t> numbers_ = std::vector<int16_t>(size_t{1} << bits, -1);
+    std::string bytes_;
+};
+
+/// The palette of a picture that needs no more colours than a palette has.
+std::optional<Palette> palette_of(const Raster& pixels) {
+    Palette palette;
+    for (int y = 0; y < pixels.height(); ++y) {
+        const uint32_t* const row = pixels.row(y);
+        if (y > 0 && std::equal(row, row + pixels.width(), pixels.row(y - 1))) {
+            continue;
+        }
+        for (int x = 0; x < pixels.width(); ++x) {
+            if ((x == 0 || row[x] != row[x - 1]) && !palette.add(row[x])) {
+                return std::nullopt;
+            }
+        }
+    }
+    return palette;
+}
+
+/// Writes a row's pixels as numbers of the palette, or without one as three bytes each.
+void write_row(const uint32_t* row, int width, const std::optional<Palette>& palette, char* to) {
+    for (int x = 0; x < width; ++x) {
+        if (palette) {
+            to[x] = x > 0 && row[x] == row[x - 1] ? to[x - 1] : palette->number(row[x]);
+        } else {
+            *to++ = static_cast<char>(row[x] >> 16);
+            *to++ = static_cast<char>(row[x] >> 8);
+            *to++ = static_cast<char>(row[x]);
+        }
+    }
+}
+
 /// The pixels row by row, each row behind its filter type; compressed quickly, for lines on a plain ground grow hardly
 /// smaller by more effort. Empty without memory.
-std::string compressed_rows(const Raster& pixels) {
+std::string compressed_rows(const Raster& pixels, const std::optional<Palette>& palette) {
     constexpr int quickly = 1;
     constexpr int widest_window = 15;
     constexpr int small_table = 5;  // a larger one takes longer to move than it saves
@@ -52,16 +124,11 @@ std::string compressed_rows(const Raster& pixels) {
         return {};
     }
     std::string data;
-    std::string row(1 + 3 * static_cast<size_t>(pixels.width()), '\0');  // its first byte: no filter
+    const size_t bytes_of_pixel = palette ? 1 : 3;
+    std::string row(1 + bytes_of_pixel * static_cast<size_t>(pixels.width()), '\0');  // its first byte: no filter
     bool fine = true;
     for (int y = 0; fine && y < pixels.height(); ++y) {
-        char* to = row.data() + 1;
-        for (int x = 0; x < pixels.width(); ++x) {
-            const uint32_t colour = pixels.at(x, y);
-            *to++ = static_cast<char>(colour >> 16);
-            *to++ = static_cast<char>(colour >> 8);
-            *to++ = static_cast<char>(colour);
-        }
+        write_row(pixels.row(y), pixels.width(), palette, row.data() + 1);
         fine = compress(stream, row, y + 1 == pixels.height(), data);
     }
     deflateEnd(&stream);
@@ -73,16 +140,17 @@ base::Outcome<> save_png(const FrameBitmap& picture, const std::filesystem::path
     if (!picture) {
         return no_memory;
     }
-    const std::string data = compressed_rows(picture.raster());
+    const std::optional<Palette> palette = palette_of(picture.raster());
+    const std::string data = compressed_rows(picture.raster(), palette);
     if (data.empty()) {
         return no_memory;
     }
-    const std::string eight_bits_of_three_colours("\x08\x02\0\0\0", 5);
+    const std::string eight_bits(palette ? "\x08\x03\0\0\0" : "\x08\x02\0\0\0", 5);  // of a number or a colour
     const base::WriteStatus written = base::replace_file(
         path, "\x89PNG\r\n\x1A\n" +
                   chunk("IHDR", big_endian(static_cast<uint32_t>(picture.width())) +
-                                    big_endian(static_cast<uint32_t>(picture.height())) + eight_bits_of_three_colours) +
-                  chunk("IDAT", data) + chunk("IEND", {}));
+                                    big_endian(static_cast<uint32_t>(picture.height())) + eight_bits) +
+                  (palette ? chunk("PLTE", palette->bytes()) : "") + chunk("IDAT", data) + chunk("IEND", {}));
     if (!written) {
         return base::Failure{L"the picture " + path.wstring() + L" could not be written: " +
                              base::wide_from_utf8(written.reason())};

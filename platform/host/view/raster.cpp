@@ -94,11 +94,12 @@ void Raster::blend(int x, int y, float part) {
         return;
     }
     uint32_t& pixel = pixels_[static_cast<ptrdiff_t>(y) * width_ + x];
-    const auto weight = static_cast<uint32_t>(part * 256);
+    constexpr uint32_t steps = 32;
+    const auto weight = static_cast<uint32_t>(part * steps + 0.5F);
     const auto mix = [&](int shift) {
         const uint32_t under = pixel >> shift & 0xFF;
         const uint32_t over = colour_ >> shift & 0xFF;
-        return (under * (256 - weight) + over * weight) >> 8 << shift;
+        return (under * (steps - weight) + over * weight) / steps << shift;
     };
     pixel = mix(16) | mix(8) | mix(0);
 }

@@ -18,7 +18,8 @@ class Raster {
     int width() const { return width_; }
     int height() const { return height_; }
     Box2 box() const { return {{0, 0}, {static_cast<double>(width_), static_cast<double>(height_)}}; }
-    uint32_t at(int x, int y) const { return pixels_[static_cast<ptrdiff_t>(y) * width_ + x]; }
+    uint32_t at(int x, int y) const { return row(y)[x]; }
+    const uint32_t* row(int y) const { return pixels_ + static_cast<ptrdiff_t>(y) * width_; }
 
     void clear(uint32_t colour);
     /// Sets the pen for all that is drawn from now on. Dashed lines leave out every second group of four pixels.
@@ -29,7 +30,8 @@ class Raster {
     void begin_clip(const std::vector<Vec2>& polygon);
     void end_clip() { masks_.pop_back(); }
     void dot(Vec2 point);
-    /// Mixes a part of the pen's colour, from 0 to 1, into a pixel of the raster.
+    /// Mixes a part of the pen's colour, from 0 to 1, into a pixel of the raster, in few steps: the eye sees no more,
+    /// and a picture file takes less with few colours.
     void blend(int x, int y, float part);
     void line(Vec2 from, Vec2 to);
     void strip(const std::vector<Vec2>& points);
