@@ -83,15 +83,16 @@ class Palette {
     std::string bytes_;
 };
 
+bool is_repeated(const Raster& pixels, int y) {
+    return y > 0 && std::equal(pixels.row(y), pixels.row(y) + pixels.width(), pixels.row(y - 1));
+}
+
 /// The palette of a picture that needs no more colours than a palette has.
 std::optional<Palette> palette_of(const Raster& pixels) {
     Palette palette;
     for (int y = 0; y < pixels.height(); ++y) {
         const uint32_t* const row = pixels.row(y);
-        if (y > 0 && std::equal(row, row + pixels.width(), pixels.row(y - 1))) {
-            continue;
-        }
-        for (int x = 0; x < pixels.width(); ++x) {
+        for (int x = is_repeated(pixels, y) ? pixels.width() : 0; x < pixels.width(); ++x) {
             if ((x == 0 || row[x] != row[x - 1]) && !palette.add(row[x])) {
                 return std::nullopt;
             }
@@ -100,16 +101,23 @@ std::optional<Palette> palette_of(const Raster& pixels) {
     return palette;
 }
 
-/// Writes a row's pixels as numbers of the palette, or without one as three bytes each.
-void write_row(const uint32_t* row, int width, const std::optional<Palette>& palette, char* to) {
-    for (int x = 0; x < width; ++x) {
-        if (palette) {
-            to[x] = x > 0 && row[x] == row[x - 1] ? to[x - 1] : palette->number(row[x]);
-        } else {
-            *to++ = static_cast<char>(row[x] >> 16);
-            *to++ = static_cast<char>(row[x] >> 8);
-            *to++ = static_cast<char>(row[x]);
+/// Writes a row's pixels as numbers of the palette.
+void write_numbers(const uint32_t* row, int width, const Palette& palette, char* to) {
+    for (int x = 0; x < width;) {
+        const int begin = x;
+        while (x < width && row[x] == row[begin]) {
+            ++x;
         }
+        std::fill(to + begin, to + x, palette.number(row[begin]));
+    }
+}
+
+/// Writes red, green and blue of a row's pixels.
+void write_colours(const uint32_t* row, int width, char* to) {
+    for (int x = 0; x < width; ++x) {
+        *to++ = static_cast<char>(row[x] >> 16);
+        *to++ = static_cast<char>(row[x] >> 8);
+        *to++ = static_cast<char>(row[x]);
     }
 }
 
@@ -128,7 +136,11 @@ std::string compressed_rows(const Raster& pixels, const std::optional<Palette>& 
     std::string row(1 + bytes_of_pixel * static_cast<size_t>(pixels.width()), '\0');  // its first byte: no filter
     bool fine = true;
     for (int y = 0; fine && y < pixels.height(); ++y) {
-        write_row(pixels.row(y), pixels.width(), palette, row.data() + 1);
+        if (!is_repeated(pixels, y)) {
+            char* const to = row.data() + 1;
+            palette ? write_numbers(pixels.row(y), pixels.width(), *palette, to)
+                    : write_colours(pixels.row(y), pixels.width(), to);
+        }
         fine = compress(stream, row, y + 1 == pixels.height(), data);
     }
     deflateEnd(&stream);
