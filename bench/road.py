@@ -68,6 +68,14 @@ class Road:
             subprocess.run([PYTHON, ROOT / "bench" / "generate_inserts.py", drawing, str(count)], check=True)
         return drawing
 
+    def drawings(self, number, count):
+        """The path of a folder of as many drawings of `count` references each."""
+        folder = self.folder / f"{number} of {count}"
+        folder.mkdir()
+        for place in range(number):
+            os.link(self.references(count), folder / f"{place:02d}.dxf")
+        return folder
+
     def price_list(self, lines):
         """The path of a price list of that many lines; a hundred of them price blocks of references()."""
         prices = self.folder / f"{lines}.prc"
@@ -83,15 +91,17 @@ class WholeCommand:
     """./run as a person types it, in a session of its own and with all results."""
 
     def __init__(self):
-        self.prefix = tempfile.TemporaryDirectory()
+        self.work = tempfile.TemporaryDirectory()
+        folder = pathlib.Path(self.work.name)
+        self.out = folder / "bill"
         self.environment = {name: value for name, value in os.environ.items() if name not in ("CORVANES_SESSION", "WINEPREFIX")}
-        self.environment["CORVANES_PREFIX"] = self.prefix.name
+        self.environment["CORVANES_PREFIX"] = str(folder / "wine")  # others are made beside it
         self.run(1, ROOT / "samples" / "house_plan.dxf")  # makes the prefix
 
     def run(self, rounds, drawing):
         """Wall time and peak memory of the best of some runs."""
         prices = ROOT / "samples" / "house_prices.prc"
-        command = [str(ROOT / "run"), str(drawing), str(prices), "--quiet", "--out", str(pathlib.Path(self.prefix.name) / "bill")]
+        command = [str(ROOT / "run"), str(drawing), str(prices), "--quiet", "--out", str(self.out)]
         best = None
         for _ in range(rounds):
             time.sleep(1)  # the session of the last one ends first, as it does before a person types again

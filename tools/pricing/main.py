@@ -116,7 +116,7 @@ def run_many(arguments):
     from drawing_list import drawings, own_prices
     from many import of_share, price_all
     from total import NAMES
-    from workers import number_of_workers
+    from workers import number_of_workers, processors_for
 
     items = drawings(arguments.drawings)
     if arguments.prices is None:
@@ -125,7 +125,8 @@ def run_many(arguments):
             print(one_line(f"Prices: {arguments.prices}"), file=sys.stderr)
     check(None, arguments.prices, None if arguments.out == "-" else arguments.out, NAMES)
     number = number_of_workers(of_share(items, arguments.share)[0], arguments.jobs)
-    sessions = [Session(ROOT, "--brief", number=place) for place in range(1, number + 1)]
+    sessions = [Session(ROOT, "--brief", number=place, processor=processor)
+                for place, processor in enumerate(processors_for(number), 1)]
     try:
         if not os.environ.get("CORVANES_SESSION"):
             build(sessions[0], Progress(not arguments.quiet))

@@ -169,6 +169,7 @@ class Pricing:
 
 def price_part(root, items, arguments, session, out, report):
     """Prices drawings in a work folder of its own within the folder `out`."""
+    session.settle()
     work = WorkFolder(out)
     try:
         Pricing(root, session, arguments, work, report).run(items)

@@ -13,11 +13,13 @@ HOLD = ["sh", "-c", "printenv -0; printf '\\0'; exec >&-; read -r _ || :"]
 
 class Session:
     """A session and its environment. Where this program runs within a session, that one serves as the first; each further one
-    has a Wine prefix and a display of its own."""
+    has a Wine prefix and a display of its own. On a `processor` of their own, its programs and Wine's server, which talk all
+    the time, wake each other at once."""
 
-    def __init__(self, root, *options, number=1):
+    def __init__(self, root, *options, number=1, processor=None):
         self.options = options
         self.root = root
+        self.processor = processor
         self.process = None
         self.is_up = False
         self.environment = dict(os.environ)
@@ -32,7 +34,13 @@ class Session:
             return
         # In a process group of its own, so that Ctrl-C reaches this program only, which then ends everything in order.
         self.process = subprocess.Popen([os.path.join(self.root, "tools", "session"), *self.options, *HOLD], stdin=subprocess.PIPE,
-                                        stdout=subprocess.PIPE, stderr=subprocess.PIPE, start_new_session=True, env=self.environment)
+                                        stdout=subprocess.PIPE, stderr=subprocess.PIPE, start_new_session=True, env=self.environment,
+                                        preexec_fn=self.settle if self.processor is not None else None)
+
+    def settle(self):
+        """Moves the calling process, and what it starts from then on, to the session's processor."""
+        if self.processor is not None:
+            os.sched_setaffinity(0, {self.processor})
 
     def wait(self):
         if self.is_up or not self.process:

@@ -36,6 +36,12 @@ def number_of_workers(items, wanted):
     return max(1, min(len(items), wanted or min(processors, MOST, int(seconds / LEAST))))
 
 
+def processors_for(number):
+    """A processor for each worker, where that takes all of them; else None for each, and the system places them."""
+    processors = sorted(os.sched_getaffinity(0))
+    return processors if number == len(processors) else [None] * number
+
+
 def parts(items, number):
     """The items of each worker, in the order of `items`; the work is about the same. Large drawings go to the same worker."""
     own, loads = [[] for _ in range(number)], [0.0] * number
