@@ -85,9 +85,10 @@ std::optional<std::wstring> ask_page_file() {
 }
 
 void write_page(const base::FileContents& bill, const base::FileContents& picture, const std::wstring& file) {
-    const std::string page = bill_page({source(IDR_PAGE_HTML), source(IDR_PAGE_STYLE), source(IDR_PAGE_SCRIPT)},
-                                       bill.bytes(), picture.bytes());
-    if (const base::WriteStatus written = base::replace_file(file, page)) {
+    base::FileReplacement page(file);
+    write_bill_page({source(IDR_PAGE_HTML), source(IDR_PAGE_STYLE), source(IDR_PAGE_SCRIPT)}, bill.bytes(),
+                    picture.bytes(), [&page](std::string_view piece) { static_cast<void>(page.write(piece)); });
+    if (const base::WriteStatus written = page.commit()) {
         acutPrintf(L"\n%s saved.", file.c_str());
     } else {
         acedAlert((L"File " + file + L" could not be written: " + base::wide_from_utf8(written.reason())).c_str());

@@ -68,30 +68,24 @@ std::string for_script(std::string_view json, bool with_handles) {
     return text;
 }
 
-/// The HTML with the parts in their places. "{{" within a part is left as it is.
-std::string filled(std::string_view html, const Parts& parts) {
-    std::size_t whole = html.size();
-    for (const auto& [name, part] : parts) {
-        whole += part.size();
-    }
-    std::string page;
-    page.reserve(whole);
+/// Writes the HTML with the parts in their places. "{{" within a part is left as it is.
+void write_filled(std::string_view html, const Parts& parts, const PageOutput& write) {
     for (std::size_t at = 0; at < html.size();) {
         const std::size_t place = html.find("{{", at);
-        page += html.substr(at, place - at);
+        write(html.substr(at, place - at));
         if (place == html.npos) {
             break;
         }
         const std::string_view name = between(html.substr(place), "{{", "}}");
-        page += parts.at(name);
+        write(parts.at(name));
         at = place + name.size() + 4;
     }
-    return page;
 }
 
 }  // namespace
 
-std::string bill_page(const PageSources& sources, std::string_view bill, std::string_view drawing) {
+void write_bill_page(const PageSources& sources, std::string_view bill, std::string_view drawing,
+                     const PageOutput& write) {
     const bool is_picture = drawing.starts_with("\x89PNG");
     std::string styles = own(sources.style);
     if (!is_picture) {
@@ -107,7 +101,7 @@ std::string bill_page(const PageSources& sources, std::string_view bill, std::st
                       {"drawing", is_picture ? std::string_view(image) : drawing},
                       {"data", data},
                       {"script", sources.script}};
-    return filled(sources.html, parts);
+    write_filled(sources.html, parts, write);
 }
 
 }  // namespace corvanes

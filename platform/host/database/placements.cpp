@@ -11,7 +11,8 @@ namespace {
 
 constexpr unsigned enough_in_order = 64;
 constexpr dxf::RecordId widest_gap = 8;
-constexpr dxf::RecordId first_window = 256;  // each is twice as large as the one before: little is read in vain
+constexpr dxf::RecordId first_window = 512;
+constexpr dxf::RecordId growth = 4;  // of the next window: little is read in vain, and few threads are started
 constexpr dxf::RecordId largest_window = 32768;
 constexpr size_t piece = 512;  // records that a thread takes at a time
 
@@ -60,7 +61,7 @@ void Placements::read_ahead(dxf::RecordId begin) {
     next_->begin = begin;
     next_->taken = 0;
     next_->by_record.resize(std::min(next_size_, drawing_.record_count() - begin));
-    next_size_ = std::min(2 * next_size_, largest_window);
+    next_size_ = std::min(growth * next_size_, largest_window);
     const dxf::Drawing& drawing = drawing_;
     try {
         read_ = std::async(std::launch::async, [&drawing, window = next_] { read(drawing, *window); }).share();

@@ -62,7 +62,7 @@ class Placements {
     WindowPointer current_ = std::make_shared<Window>();
     WindowPointer next_ = std::make_shared<Window>();  ///< which another thread reads, while read_ is valid
     std::shared_future<void> read_;
-    dxf::RecordId next_size_ = 256;  ///< of the window that will be read after next_
+    dxf::RecordId next_size_ = 512;  ///< of the window that will be read after next_
 };
 
 }  // namespace host

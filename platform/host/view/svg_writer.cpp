@@ -374,13 +374,13 @@ SvgPicture SvgWriter::write() {
     std::string size;
     append_coordinate(size += " width=\"", box.width(), decimals);
     append_coordinate(size += "\" height=\"", box.height(), decimals);
-    std::string text = "<svg xmlns=\"http://www.w3.org/2000/svg\" xml:space=\"preserve\"" + size + "\" viewBox=\"" +
-                       svg_box(box, decimals) + "\">\n";
     const std::string space = looks_.of_space();
-    text += "<style>" + looks_.style_sheet() + "</style>\n<metadata>" + looks_.layers() + "</metadata>\n";
-    text.reserve(text.size() + definitions_.size() + content.text.size() + 100);
-    text += "<defs>\n" + definitions_ + "</defs>\n<g class=\"" + space + "\">\n";
-    text += content.text;
+    std::string head = "<svg xmlns=\"http://www.w3.org/2000/svg\" xml:space=\"preserve\"" + size + "\" viewBox=\"" +
+                       svg_box(box, decimals) + "\">\n";
+    head += "<style>" + looks_.style_sheet() + "</style>\n<metadata>" + looks_.layers() + "</metadata>\n";
+    head += "<defs>\n" + definitions_ + "</defs>\n<g class=\"" + space + "\">\n";
+    std::string text = std::move(content.text);
+    text.insert(0, head);
     text += "</g>\n</svg>\n";
     return {std::move(text), elements, left_out_};
 }
