@@ -5,7 +5,9 @@
 
 #include <gmock/gmock.h>
 
+#include <array>
 #include <filesystem>
+#include <fstream>
 #include <memory>
 #include <vector>
 
@@ -184,17 +186,18 @@ class Pixels {
         library.function<int WINAPI(const wchar_t*, void**)>("GdipCreateBitmapFromFile")(path.c_str(), &image);
         library.function<int WINAPI(void*, UINT*)>("GdipGetImageWidth")(image, &width);
         library.function<int WINAPI(void*, UINT*)>("GdipGetImageHeight")(image, &height);
-        for (const int x : {5, static_cast<int>(width) - 6}) {
+        const auto get = library.function<int WINAPI(void*, int, int, DWORD*)>("GdipBitmapGetPixel");
+        for (UINT place = 0; place < width * height; ++place) {
             DWORD colour = 0;
-            library.function<int WINAPI(void*, int, int, DWORD*)>("GdipBitmapGetPixel")(image, x, 5, &colour);
-            corners.push_back(colour & 0xFFFFFF);
+            get(image, static_cast<int>(place % width), static_cast<int>(place / width), &colour);
+            colours.push_back(colour & 0xFFFFFF);
         }
         library.function<int WINAPI(void*)>("GdipDisposeImage")(image);
         library.function<void WINAPI(ULONG_PTR)>("GdiplusShutdown")(token);
     }
     UINT width = 0;
     UINT height = 0;
-    std::vector<DWORD> corners;  ///< upper left and upper right, as 0xRRGGBB
+    std::vector<DWORD> colours;  ///< row by row, as 0xRRGGBB
 };
 
 /// Red where reading begins, blue where it ends.
@@ -227,13 +230,39 @@ TEST(WindowPicture, ShowsAWindowAsItLooks) {
         const Pixels picture(path);
         EXPECT_EQ(picture.width * 1000 + picture.height, 120040u);
         const bool mirrored = layout != 0;
-        EXPECT_THAT(picture.corners,
+        EXPECT_THAT((std::array{picture.colours[605], picture.colours[714]}),
                     testing::ElementsAre(mirrored ? 0x0000FFu : 0xFF0000u, mirrored ? 0xFF0000u : 0x0000FFu));
     }
     const OwnWindow window(L"TwoColours", 0, 20, 20);
     EXPECT_FALSE(save_window_png(window.get(), path / "under_a_file.png"));
     EXPECT_EQ(Pixels(path).width, 120u) << "the picture that was there stays";
     EXPECT_FALSE(save_window_png(nullptr, path));
+    std::filesystem::remove(path);
+}
+
+TEST(PaintedPicture, KeepsAllColoursOfFewAndOfMany) {
+    const std::filesystem::path path =
+        std::filesystem::temp_directory_path() / ("painted_" + std::to_string(GetCurrentProcessId()) + ".png");
+    constexpr int width = 40;
+    constexpr int height = 16;
+    for (const auto& [number, kind] : {std::pair(1, 3), {256, 3}, {257, 2}, {width * height, 2}}) {
+        std::vector<DWORD> expected;
+        const auto paint = [&, number = number](HDC context) -> base::Outcome<> {
+            for (int place = 0; place < width * height; ++place) {
+                const auto colour = static_cast<DWORD>(place % number * 0x6305 + 7);
+                expected.push_back(colour);
+                SetPixel(context, place % width, place / width,
+                         RGB(colour >> 16 & 0xFF, colour >> 8 & 0xFF, colour & 0xFF));
+            }
+            return {};
+        };
+        ASSERT_TRUE(save_painted_png(width, height, paint, path));
+        EXPECT_EQ(Pixels(path).colours, expected) << number;
+        std::ifstream file(path, std::ios::binary);
+        constexpr std::streamoff kind_of_colours = 25;
+        file.seekg(kind_of_colours);
+        EXPECT_EQ(file.get(), kind) << number << " colours: a palette, or three bytes a pixel";
+    }
     std::filesystem::remove(path);
 }
 
