@@ -95,7 +95,7 @@ void Raster::blend(int x, int y, float part) {
     }
     uint32_t& pixel = pixels_[static_cast<ptrdiff_t>(y) * width_ + x];
     constexpr uint32_t steps = 32;
-    const auto weight = static_cast<uint32_t>(part * steps + 0.5F);
+    const auto weight = (static_cast<uint32_t>(part * 2 * steps) + 1) / 2;
     const auto mix = [&](int shift) {
         const uint32_t under = pixel >> shift & 0xFF;
         const uint32_t over = colour_ >> shift & 0xFF;

@@ -65,7 +65,8 @@ void append_quotient(std::string& out, uint64_t number, int decimals) {
 
 /// The nearest whole number to one that is not negative. The library's functions for it take far longer on Windows.
 uint64_t nearest(double value) {
-    return static_cast<uint64_t>(value + 0.5);
+    const auto whole = static_cast<uint64_t>(value);
+    return whole + (value - static_cast<double>(whole) < 0.5 ? 0 : 1);
 }
 
 /// Seven digits of a finite number.
