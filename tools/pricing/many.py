@@ -142,8 +142,8 @@ class Pricing:
 
         def take_finished():
             with open(self.work.file("host.log"), "rb") as file:
-                finished = file.read().replace(b"\r", b"").count(b"\nCommand: CLOSE\n")
-            while taken - len(jobs) < finished and jobs:
+                closed = file.read().replace(b"\r", b"").count(b"\nCommand: CLOSE\n")
+            while taken - len(jobs) < closed and jobs:
                 self.finish(jobs[0])
                 jobs.pop(0).remove()
 

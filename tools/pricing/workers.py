@@ -60,9 +60,12 @@ class Worker:
         self.unfinished = {item.name: item for item in items}
         self.said = b""
         sys.stdout.flush()
-        mine, its = os.pipe()
         parent = os.getpid()
-        self.process = os.fork()
+        try:
+            mine, its = os.pipe()
+            self.process = os.fork()
+        except OSError as error:
+            raise Failure(INTERNAL, f"no process can be started to price drawings side by side ({error.strerror}); --jobs 1 needs none") from None
         if self.process == 0:
             os.close(mine)
             self.live(parent, work, its)
