@@ -11,7 +11,6 @@ namespace {
 
 constexpr unsigned enough_in_order = 64;
 constexpr dxf::RecordId widest_gap = 8;
-constexpr dxf::RecordId first_window = 512;
 constexpr dxf::RecordId growth = 4;  // of the next window: little is read in vain, and few threads are started
 constexpr dxf::RecordId largest_window = 32768;
 constexpr size_t piece = 512;  // records that a thread takes at a time

@@ -53,6 +53,8 @@ class Placements {
     void advance();
     void stop();
 
+    static constexpr dxf::RecordId first_window = 512;
+
     dxf::Drawing& drawing_;
     uint64_t edits_ = 0;                   ///< that the drawing had when what is below was read
     dxf::RecordId last_ = dxf::no_record;  ///< that was asked for
@@ -62,7 +64,7 @@ class Placements {
     WindowPointer current_ = std::make_shared<Window>();
     WindowPointer next_ = std::make_shared<Window>();  ///< which another thread reads, while read_ is valid
     std::shared_future<void> read_;
-    dxf::RecordId next_size_ = 512;  ///< of the window that will be read after next_
+    dxf::RecordId next_size_ = first_window;  ///< of the window that will be read after next_
 };
 
 }  // namespace host

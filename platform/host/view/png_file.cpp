@@ -121,14 +121,15 @@ void write_colours(const uint32_t* row, int width, char* to) {
     }
 }
 
-/// The pixels row by row, each row behind its filter type; compressed quickly, and as runs: of lines on a plain ground
-/// little else repeats, and looking for that makes them larger. Empty without memory.
+/// The pixels row by row, each row behind its filter type; compressed quickly, and with a palette as runs: of lines on
+/// a plain ground little else repeats, and looking for that makes them larger. Empty without memory.
 std::string compressed_rows(const Raster& pixels, const std::optional<Palette>& palette) {
     constexpr int quickly = 1;
     constexpr int widest_window = 15;
     constexpr int small_table = 5;  // a larger one takes longer to move than it saves
     z_stream stream{};
-    if (deflateInit2(&stream, quickly, Z_DEFLATED, widest_window, small_table, Z_RLE) != Z_OK) {
+    const int strategy = palette ? Z_RLE : Z_DEFAULT_STRATEGY;
+    if (deflateInit2(&stream, quickly, Z_DEFLATED, widest_window, small_table, strategy) != Z_OK) {
         return {};
     }
     std::string data;
