@@ -8,6 +8,7 @@ import signal
 import sys
 
 from failure import INTERNAL, Failure
+from inputs import dwg_mark
 from interruption import Stopped, waiting
 from ledger import failed
 
@@ -26,7 +27,7 @@ def weight(item):
         size = os.path.getsize(item.path)
     except OSError:
         return 0
-    return size * DWG_AS_DXF if item.path.lower().endswith(".dwg") else size
+    return size * DWG_AS_DXF if dwg_mark(item.path) else size
 
 
 def number_of_workers(items, wanted):
@@ -45,8 +46,9 @@ def processors_for(number):
 def parts(items, number):
     """The items of each worker, in the order of `items`; the work is about the same. Large drawings go to the same worker."""
     own, loads = [[] for _ in range(number)], [0.0] * number
-    for place in sorted(range(len(items)), key=lambda place: -weight(items[place])):
-        size = weight(items[place])
+    weights = list(map(weight, items))
+    for place in sorted(range(len(items)), key=lambda place: -weights[place]):
+        size = weights[place]
         worker = 0 if size > LARGE else loads.index(min(loads))
         own[worker].append(place)
         loads[worker] += SECONDS + SECONDS_A_BYTE * size
