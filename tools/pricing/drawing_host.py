@@ -9,7 +9,7 @@ import subprocess
 import tempfile
 
 from failure import DRAWING, INTERNAL, NOTHING, OUTPUT, PRICES, Failure
-from interruption import waiting
+from interruption import end_with_parent, waiting
 from references import why_none
 from windows_names import own_paths, windows_path
 
@@ -73,9 +73,9 @@ class Host:
     def run(self, said, *options, watch=None, **values):
         """The exit status, and what the host said on standard error, which goes to the file `said` (no pipe: Wine's desktop,
         which the host starts, would keep that open). `values` go into the host's environment. `watch` is called now and then
-        while the host runs."""
+        while the host runs. With a script the host ends with this program; a person's window stays."""
         process = subprocess.Popen([*self.command, *options], stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=said,
-                                   start_new_session=True,
+                                   start_new_session=True, preexec_fn=end_with_parent if "--script" in options else None,
                                    env=self.session.environment | {"DRAWINGHOST_DWG_CONVERTER": self.converter} | values)
         try:
             while watch and process.poll() is None:

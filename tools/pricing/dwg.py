@@ -1,13 +1,11 @@
 """Recognises DWG drawings by their first bytes, and has the program in platform/dwg convert them to DXF, within limits."""
 
 import contextlib
-import ctypes
 import hashlib
 import json
 import os
 import resource
 import select
-import signal
 import subprocess
 import tempfile
 import time
@@ -15,7 +13,7 @@ import time
 from dwg_notes import notes_of
 from failure import DRAWING, INTERNAL, NOTHING, OUTPUT, Failure
 from inputs import dwg_mark
-from interruption import waiting
+from interruption import end_with_parent, waiting
 
 VERSIONS = {"AC1014": "R14", "AC1015": "2000", "AC1018": "2004", "AC1021": "2007", "AC1024": "2010", "AC1027": "2013", "AC1032": "2018"}
 OLD = {"AC1012": "R13", "AC1009": "R12", "AC1006": "R10"}
@@ -24,7 +22,6 @@ OLD = {"AC1012": "R13", "AC1009": "R12", "AC1006": "R10"}
 SECONDS, SECONDS_A_MB = 30, 20
 MEMORY = 6 << 30
 MEMORY_OF_OBJECTS = 4 << 10  # MB: the part of MEMORY for objects
-PR_SET_PDEATHSIG = 1  # of prctl
 
 
 def check_version(path, mark):
@@ -45,7 +42,7 @@ def limit():
     ends."""
     resource.setrlimit(resource.RLIMIT_DATA, (MEMORY, MEMORY))
     resource.setrlimit(resource.RLIMIT_CORE, (0, 0))
-    ctypes.CDLL(None).prctl(PR_SET_PDEATHSIG, signal.SIGKILL)
+    end_with_parent()
 
 
 def source_of(path):

@@ -2,8 +2,10 @@
 removed, and a delivery is never cut short."""
 
 import contextlib
+import ctypes
 import signal
 
+PR_SET_PDEATHSIG = 1  # of prctl
 SIGNALS = (signal.SIGINT, signal.SIGTERM, signal.SIGHUP)
 
 
@@ -43,3 +45,8 @@ def waiting():
         yield
     finally:
         State.waiting = False
+
+
+def end_with_parent(number=signal.SIGKILL):
+    """Has the calling process, which was started just now, get this signal when its parent ends, in whatever way."""
+    ctypes.CDLL(None).prctl(PR_SET_PDEATHSIG, number)

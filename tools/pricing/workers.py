@@ -1,6 +1,5 @@
 """Processes that price drawings side by side, each with a Windows session and a display of its own."""
 
-import ctypes
 import json
 import os
 import selectors
@@ -9,7 +8,7 @@ import sys
 
 from failure import INTERNAL, Failure
 from inputs import dwg_mark
-from interruption import Stopped, waiting
+from interruption import Stopped, end_with_parent, waiting
 from ledger import failed
 
 MOST = 8  # workers that are started without being asked for
@@ -18,7 +17,6 @@ DWG_AS_DXF = 5  # times as large is a drawing in DXF
 
 # What a drawing takes, and its bytes beside that; a worker takes longer than LEAST to start.
 SECONDS, SECONDS_A_BYTE, LEAST = 0.1, 0.03e-6, 0.5
-PR_SET_PDEATHSIG = 1  # of prctl
 
 
 def weight(item):
@@ -82,7 +80,7 @@ class Worker:
                 rest = rest[os.write(pipe, rest):]
 
         try:
-            ctypes.CDLL(None).prctl(PR_SET_PDEATHSIG, signal.SIGTERM)
+            end_with_parent(signal.SIGTERM)
             if os.getppid() == parent:
                 work(tell)
         except Failure as failure:
