@@ -45,7 +45,7 @@ def values_for(work, converted, arguments):
 
 @contextlib.contextmanager
 def turn_of(session):
-    """Runs of one display take turns: of two dialogs only one is active, and the other may lose a click."""
+    """Runs of one desktop take turns: of two dialogs only one is active, and the other may lose a click."""
     with open(os.path.join(session.environment["WINEPREFIX"], ".pricing"), "wb") as turn:
         with waiting():
             fcntl.flock(turn, fcntl.LOCK_EX)

@@ -125,7 +125,7 @@ def run_many(arguments):
             print(one_line(f"Prices: {arguments.prices}"), file=sys.stderr)
     check(None, arguments.prices, None if arguments.out == "-" else arguments.out, NAMES)
     number = number_of_workers(of_share(items, arguments.share)[0], arguments.jobs)
-    sessions = [Session(ROOT, "--brief", number=place, processor=processor)
+    sessions = [Session(ROOT, "--unseen", number=place, processor=processor)
                 for place, processor in enumerate(processors_for(number), 1)]
     try:
         if not os.environ.get("CORVANES_SESSION"):
@@ -168,7 +168,7 @@ def run(words):
     else:
         check(drawing, prices, None if arguments.out == "-" else arguments.out, (*RESULTS, DETAIL))
     progress = Progress(not arguments.quiet)
-    session = Session(ROOT, "--display" if arguments.desktop else "--brief")
+    session = Session(ROOT, "--display" if arguments.desktop else "--unseen")
     try:
         if not os.environ.get("CORVANES_SESSION"):
             build(session, progress)

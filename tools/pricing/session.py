@@ -13,7 +13,7 @@ HOLD = ["sh", "-c", "printenv -0; printf '\\0'; exec >&-; read -r _ || :"]
 
 class Session:
     """A session and its environment. Where this program runs within a session, that one serves as the first; each further one
-    has a Wine prefix and a display of its own. On a `processor` of their own, its programs and Wine's server, which talk all
+    has a Wine prefix of its own. On a `processor` of their own, its programs and Wine's server, which talk all
     the time, wake each other at once."""
 
     def __init__(self, root, *options, number=1, processor=None):

@@ -1,4 +1,4 @@
-"""Processes that price drawings side by side, each with a Windows session and a display of its own."""
+"""Processes that price drawings side by side, each with a Windows session of its own."""
 
 import json
 import os
