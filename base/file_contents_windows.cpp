@@ -1,8 +1,8 @@
 #include <windows.h>
 
 #include <algorithm>
-#include <future>
 
+#include "base/background.h"
 #include "base/file_contents_system.h"
 
 namespace base {
@@ -45,7 +45,7 @@ class WindowsSource final : public FileSource {
         // Most of the time is spent on pages that are new to the process; two threads halve it.
         const size_t half = size / 2;
         std::error_code later_error;
-        auto later = std::async(std::launch::async, [&] { return read_at(half, to + half, size - half, later_error); });
+        auto later = run_beside([&] { return read_at(half, to + half, size - half, later_error); });
         const size_t first = read_at(0, to, half, error);
         const size_t second = later.get();
         if (first < half || error) {

@@ -9,6 +9,7 @@
 #include <fstream>
 #include <utility>
 
+#include "base/background.h"
 #include "base/file_digest.h"
 #include "base/replace_file.h"
 #include "bom/report_grid.h"
@@ -73,7 +74,7 @@ BillFile::BillFile(const ReportWishes& wishes) : path_(wishes.json_file) {
     }
     made_from_ = lines_of(wishes.source_file);
     if (made_from_.empty()) {
-        drawing_ = std::async(std::launch::async, source_of, drawing_path());
+        drawing_ = base::run_beside([path = drawing_path()] { return source_of(path); });
     }
 }
 

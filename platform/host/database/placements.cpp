@@ -1,9 +1,9 @@
 #include "platform/host/database/placements.h"
 
 #include <algorithm>
-#include <system_error>
 #include <utility>
 
+#include "base/background.h"
 #include "platform/host/dxf/number_fields.h"
 
 namespace host {
@@ -36,9 +36,7 @@ void Placements::find(dxf::RecordId record) {
         if (!read_.valid()) {
             read_ahead(record);
         }
-        if (read_.valid()) {
-            advance();
-        }
+        advance();
     }
     if (current_->holds(record)) {
         found_ = &current_->by_record[record - current_->begin];
@@ -62,12 +60,8 @@ void Placements::read_ahead(dxf::RecordId begin) {
     next_->by_record.resize(std::min(next_size_, drawing_.record_count() - begin));
     next_size_ = std::min(growth * next_size_, largest_window);
     const dxf::Drawing& drawing = drawing_;
-    try {
-        read_ = std::async(std::launch::async, [&drawing, window = next_] { read(drawing, *window); }).share();
-        drawing_.let_read(read_);
-    } catch (const std::system_error&) {
-        in_order_ = 0;  // the system has no thread for it now: one is read at a time
-    }
+    read_ = base::run_beside([&drawing, window = next_] { read(drawing, *window); }).share();
+    drawing_.let_read(read_);
 }
 
 void Placements::advance() {

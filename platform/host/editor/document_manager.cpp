@@ -4,9 +4,9 @@
 
 #include <algorithm>
 #include <optional>
-#include <system_error>
 #include <utility>
 
+#include "base/background.h"
 #include "base/code_page.h"
 #include "dbapserv.h"
 #include "platform/host/database/database_store.h"
@@ -122,11 +122,7 @@ void DocumentManager::tell_reactors(void (AcApDocManagerReactor::*event)(AcApDoc
 void DocumentManager::begin_to_open(const std::filesystem::path& path) {
     if (!is_dwg(path)) {
         path_begun_ = path;
-        try {
-            reading_ = std::async(std::launch::async, [path] { return dxf::Drawing::open(path); });
-        } catch (const std::system_error&) {
-            reading_ = {};  // the system has no thread for it now: open() reads the drawing
-        }
+        reading_ = base::run_beside([path] { return dxf::Drawing::open(path); });
     }
 }
 

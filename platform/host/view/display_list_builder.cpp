@@ -4,6 +4,7 @@
 #include <future>
 #include <utility>
 
+#include "base/background.h"
 #include "base/case_folding.h"
 #include "base/progress.h"
 
@@ -77,7 +78,7 @@ DisplayList DisplayList::build(const dxf::Drawing& drawing, Space space, const P
 }
 
 void DisplayList::begin(dxf::Drawing& drawing, Space space) {
-    const ListOnTheWay begun = std::async(std::launch::async, [&drawing, space] {
+    const ListOnTheWay begun = base::run_beside([&drawing, space] {
                                    auto list = std::make_shared<const DisplayList>(build(drawing, space));
                                    list->top.settle_tree();
                                    return list;
