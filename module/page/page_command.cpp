@@ -14,6 +14,8 @@
 #include "base/temporary_folder.h"
 #include "common/extension_module.h"
 #include "common/file_question.h"
+#include "hostpicture.h"
+#include "page/kept_view.h"
 #include "page/last_bill.h"
 #include "page/page_resource.h"
 #include "page/page_writer.h"
@@ -58,23 +60,20 @@ class Quiet {
     bool was_read_ = false;
 };
 
-/// An SVG file, or of a drawing with too many parts for a browser a PNG file.
-std::optional<base::FileContents> read_picture(path file) {
-    auto picture = base::FileContents::read(file);
-    if (!picture && file.extension() == L".svg") {
-        picture = base::FileContents::read(file.replace_extension(L".png"));
-    }
-    return picture ? std::optional(*std::move(picture)) : std::nullopt;
+std::optional<std::string> read_picture(const path& file) {
+    const auto picture = base::FileContents::read(file);
+    return picture ? std::optional<std::string>(picture->bytes()) : std::nullopt;
 }
 
-std::optional<base::FileContents> picture_of_drawing() {
-    const base::TemporaryFolder folder;
-    const path file = folder.path() / L"drawing.svg";
-    const Quiet quiet;
-    acedCommand(RTSTR, L"SVGOUT", RTSTR, file.c_str(), RTSTR, L"Browser", RTNONE);
-    if (!std::filesystem::exists(file)) {
-        acedCommand(RTSTR, L"PNGOUT", RTSTR, path(file).replace_extension(L".png").c_str(), RTNONE);
+/// As SVG, or with too many parts for a browser as PNG.
+std::optional<std::string> picture_of_drawing() {
+    if (auto svg = hostDrawingAsSvg()) {
+        return svg;
     }
+    const base::TemporaryFolder folder;
+    const path file = folder.path() / L"drawing.png";
+    const Quiet quiet;
+    acedCommand(RTSTR, L"PNGOUT", RTSTR, file.c_str(), RTNONE);
     return read_picture(file);
 }
 
@@ -84,10 +83,10 @@ std::optional<std::wstring> ask_page_file() {
     return ask_for_file(L"Save page as", proposal.wstring(), L"html", FileQuestion::new_file);
 }
 
-void write_page(const base::FileContents& bill, const base::FileContents& picture, const std::wstring& file) {
+void write_page(const base::FileContents& bill, std::string_view picture, const std::wstring& file) {
     base::FileReplacement page(file);
-    write_bill_page({source(IDR_PAGE_HTML), source(IDR_PAGE_STYLE), source(IDR_PAGE_SCRIPT)}, bill.bytes(),
-                    picture.bytes(), [&page](std::string_view piece) { static_cast<void>(page.write(piece)); });
+    write_bill_page({source(IDR_PAGE_HTML), source(IDR_PAGE_STYLE), source(IDR_PAGE_SCRIPT)}, bill.bytes(), picture,
+                    [&page](std::string_view piece) { static_cast<void>(page.write(piece)); });
     if (const base::WriteStatus written = page.commit()) {
         acutPrintf(L"\n%s saved.", file.c_str());
     } else {
@@ -110,20 +109,24 @@ std::optional<base::FileContents> bill_to_show(const LastBill& last) {
 
 }  // namespace
 
-void save_page(const LastBill& last) {
+void save_page(const LastBill& last, KeptView& view) {
     const auto bill = bill_to_show(last);
     const auto file = bill ? ask_page_file() : std::nullopt;
     if (!file) {
         return;
     }
-    if (const auto picture = picture_of_drawing()) {
+    auto picture = view.take();
+    if (!picture) {
+        picture = picture_of_drawing();
+    }
+    if (picture) {
         write_page(*bill, *picture, *file);
     } else {
         acutPrintf(L"\nThere is no picture of the drawing, and so no page.");
     }
 }
 
-void save_page_with_picture(const LastBill& last) {
+void save_page_with_picture(const LastBill& last, KeptView& view) {
     const auto bill = bill_to_show(last);
     const auto file = bill ? ask_page_file() : std::nullopt;
     const auto shown =
@@ -131,7 +134,11 @@ void save_page_with_picture(const LastBill& last) {
     if (!shown) {
         return;
     }
-    if (const auto picture = read_picture(*shown)) {
+    auto picture = view.take();
+    if (!picture) {
+        picture = read_picture(*shown);
+    }
+    if (picture) {
         write_page(*bill, *picture, *file);
     } else {
         acedAlert((L"File " + *shown + L" could not be read.").c_str());

@@ -1,10 +1,11 @@
-// The entry point that the host calls in this module, and its two commands.
+// The entry point that the host calls in this module, and its commands.
 #include <afxwin.h>
 #include <aced.h>
 #include <rxdlinkr.h>
 
 #include <memory>
 
+#include "page/kept_view.h"
 #include "page/last_bill.h"
 #include "page/page_command.h"
 
@@ -12,9 +13,15 @@ namespace {
 
 constexpr const wchar_t* command_group = L"Page";
 
-std::unique_ptr<corvanes::LastBill>& last_bill() {
-    static std::unique_ptr<corvanes::LastBill> bill;
-    return bill;
+/// What the module remembers between its commands.
+struct Memory {
+    corvanes::LastBill bill;
+    corvanes::KeptView view;
+};
+
+std::unique_ptr<Memory>& memory() {
+    static std::unique_ptr<Memory> memory;
+    return memory;
 }
 
 void add_command(const wchar_t* name, AcRxFunctionPtr function) {
@@ -26,12 +33,13 @@ void add_command(const wchar_t* name, AcRxFunctionPtr function) {
 extern "C" AcRx::AppRetCode acrxEntryPoint(AcRx::AppMsgCode message, void* application) {
     if (message == AcRx::kInitAppMsg) {
         acrxDynamicLinker->unlockApplication(application);
-        last_bill() = std::make_unique<corvanes::LastBill>();
-        add_command(L"PAGEOUT", [] { corvanes::save_page(*last_bill()); });
-        add_command(L"-PAGEOUT", [] { corvanes::save_page_with_picture(*last_bill()); });
+        memory() = std::make_unique<Memory>();
+        add_command(L"PAGEOUT", [] { corvanes::save_page(memory()->bill, memory()->view); });
+        add_command(L"-PAGEOUT", [] { corvanes::save_page_with_picture(memory()->bill, memory()->view); });
+        add_command(L"PAGEVIEW", [] { memory()->view.keep(); });
     } else if (message == AcRx::kUnloadAppMsg) {
         acedRegCmds->removeGroup(command_group);
-        last_bill().reset();
+        memory().reset();
     }
     return AcRx::kRetOK;
 }

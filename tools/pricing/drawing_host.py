@@ -16,19 +16,19 @@ from windows_names import own_paths, windows_path
 
 SEEN_ANYWHERE = "7"  # white on black, and black on white
 STEP = 0.1  # seconds between two calls of who watches
-VECTORS = "drawing.svg"  # the drawing without the table, for the page; not there where a browser would be too long with it
 TABLE_PLACE = ("beside", "move beside-end", "pick beside-end")
 
 
 def price_script(work, prices, hide_prices, following=None):
-    """The lines that price the open drawing. The host begins to read the drawing `following` when it only has pictures left to make."""
+    """The lines that price the open drawing. The page shows it as it looked before the table went into it. The host begins to
+    read the drawing `following` when it only has pictures left to make."""
     ahead = ["READAHEAD", windows_path(following)] if following else []
-    return ["REGEN", "SVGOUT", windows_path(work.file(VECTORS)), "Browser", "SETVAR", "ADDEDCOLOR", SEEN_ANYWHERE,
+    return ["REGEN", "PAGEVIEW", "SETVAR", "ADDEDCOLOR", SEEN_ANYWHERE,
             "QXBOMC", windows_path(prices) if prices else "^C", "ALL", "",
             f'@tick "Show Price" {"off" if hide_prices else "on"}', f'@picture "{windows_path(work.file("dialog.png"))}"',
             '@press "Save to file"', windows_path(work.file("report.txt")), '@press "Insert"', *TABLE_PLACE,
             "SAVEAS", windows_path(work.file("drawing.dxf")), *ahead, "PNGOUT", windows_path(work.file("drawing.png")),
-            "-PAGEOUT", windows_path(work.file("report.html")), windows_path(work.file(VECTORS)),
+            "-PAGEOUT", windows_path(work.file("report.html")), windows_path(work.file("drawing.png")),
             "PNGDETAIL", "Last", windows_path(work.file("table.png")),
             "PNGDETAIL", "Most", windows_path(work.file("drawing-detail.png"))]
 

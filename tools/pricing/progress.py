@@ -7,7 +7,7 @@ import shutil
 import sys
 import threading
 
-STAGES = {"QXBOMC": "Counting", "SAVEAS": "Saving", "PNGOUT": "Drawing the picture", "SVGOUT": "Drawing the page"}
+STAGES = {"QXBOMC": "Counting", "SAVEAS": "Saving", "PNGOUT": "Drawing the picture", "PAGEVIEW": "Drawing the page"}
 STEP = 0.1  # seconds between two looks
 LONGEST_LINE = 4096  # bytes from the end of a file that are read
 

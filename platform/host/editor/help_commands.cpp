@@ -29,6 +29,7 @@ constexpr Help of_commands[] = {
     {L"OPEN", L"open a drawing"},
     {L"PAGEOUT", L"save the last bill beside the drawing, as a page for browsers"},
     {L"-PAGEOUT", L"the same, with a picture that was saved before"},
+    {L"PAGEVIEW", L"keep the drawing as it looks now, for its next page"},
     {L"PAN", L"move the view; also by dragging with the middle mouse button"},
     {L"PNGDETAIL", L"save a picture of where most of the drawing is"},
     {L"PNGOUT", L"save a picture of the drawing"},

@@ -1,6 +1,7 @@
 #include "acedads.h"
 #include "base/code_page.h"
 #include "base/replace_file.h"
+#include "hostpicture.h"
 #include "platform/host/editor/commands.h"
 #include "platform/host/editor/editor.h"
 #include "platform/host/editor/file_question.h"
@@ -179,18 +180,24 @@ base::Outcome<> save_svg(const SvgPicture& picture, const std::wstring& file) {
                                    base::wide_from_utf8(written.reason())};
 }
 
-void write_vector_picture(Editor& editor, const Document& document, std::optional<uint64_t> most_elements,
-                          const std::wstring& file) {
-    SvgPicture picture;
-    if (!most_elements || !has_more_elements(document.drawing(), *most_elements)) {
-        const std::shared_ptr<const DisplayList> list = list_for_picture(editor, document);
-        editor.say_left_out(document.drawing(), *list);
-        picture = svg_picture(*list, document.drawing(), most_elements);
+/// Without text when the drawing has more elements. Tells the person what is left out.
+SvgPicture vector_picture(Editor& editor, const Document& document, std::optional<uint64_t> most_elements) {
+    if (most_elements && has_more_elements(document.drawing(), *most_elements)) {
+        return {};
     }
+    const std::shared_ptr<const DisplayList> list = list_for_picture(editor, document);
+    editor.say_left_out(document.drawing(), *list);
+    SvgPicture picture = svg_picture(*list, document.drawing(), most_elements);
     if (picture.left_out > 0) {
         person().print(L"\n" + std::to_wstring(picture.left_out) +
                        L" block references are left out, for they would take a viewer too long.");
     }
+    return picture;
+}
+
+void write_vector_picture(Editor& editor, const Document& document, std::optional<uint64_t> most_elements,
+                          const std::wstring& file) {
+    const SvgPicture picture = vector_picture(editor, document, most_elements);
     if (picture.text.empty()) {
         person().print(L"\nThe picture would have too many elements, and is not written.");
     } else if (succeeded(save_svg(picture, file))) {
@@ -293,3 +300,12 @@ void add_view_commands(Editor& editor) {
 }
 
 }  // namespace host
+
+std::optional<std::string> hostDrawingAsSvg() {
+    const host::Document* const document = host::editor().documents.document();
+    if (document == nullptr) {
+        return std::nullopt;
+    }
+    std::string text = host::vector_picture(host::editor(), *document, host::most_of_browser).text;
+    return text.empty() ? std::nullopt : std::optional(std::move(text));
+}
