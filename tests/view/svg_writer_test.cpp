@@ -123,14 +123,17 @@ TEST(SvgText, WritesNumbersAsTheLibraryDoes) {
     std::mt19937 random(1);
     std::uniform_real_distribution<double> mantissa(-10, 10);
     std::uniform_int_distribution<int> exponent(-20, 20);
+    SvgTransforms transforms;
     for (int count = 0; count < 20000; ++count) {
         const double value = mantissa(random) * std::pow(10, exponent(random));
         char expected[64];
         const auto general = std::to_chars(expected, std::end(expected), value, std::chars_format::general, 7);
         const std::string number(expected, general.ptr);
         std::string placed;
-        append_transform(placed, {{value, 0}, {0, value}, {0, 0}});
-        ASSERT_EQ(placed, " transform=\"matrix(" + number + " 0 0 " + number + " 0 0)\"");
+        transforms.append(placed, {{value, 0}, {0, value}, {0, value}});
+        transforms.append(placed, {{value, 0}, {0, value}, {value, 0}});
+        ASSERT_EQ(placed, " transform=\"matrix(" + number + " 0 0 " + number + " 0 " + number + ")\"" +
+                              " transform=\"matrix(" + number + " 0 0 " + number + " " + number + " 0)\"");
         if (std::fabs(value) < 1e6) {
             std::string fixed;
             append_coordinate(fixed, value, 3);

@@ -4,6 +4,6 @@
 #include <optional>
 #include <string>
 
-/// The open drawing as SVGOUT writes it for a browser, in UTF-8. Nothing where it has more elements than a browser opens
-/// soon, or where no drawing is open. Tells the person what it leaves out.
+/// The open drawing as SVGOUT writes it for a browser, in UTF-8. Nothing where it has more elements than a browser
+/// opens soon, or where no drawing is open. Tells the person what it leaves out.
 std::optional<std::string> hostDrawingAsSvg();

@@ -38,6 +38,7 @@ struct Surroundings {
     uint16_t layer_pattern = LinePattern::continuous;
     uint8_t weight = LineWeight::thin;
     uint8_t layer_weight = LineWeight::thin;
+    bool operator==(const Surroundings& other) const = default;
 
     Ink resolve(Ink wanted) const {
         return wanted == Ink::by_block() ? ink : wanted == Ink::by_block_layer() ? layer_ink : wanted;

@@ -210,8 +210,17 @@ std::string SvgLooks::of_text(const TextItem& item) {
     return words;
 }
 
-std::string SvgLooks::of_reference(dxf::RecordId entity, Ink ink, Ink layer_ink_inside) {
+const std::string& SvgLooks::of_reference(dxf::RecordId entity, Ink ink, Ink layer_ink_inside) {
     const dxf::NameId layer = layer_of(entity);
+    const auto [last, is_new] = last_reference_.try_emplace(layer);
+    ReferenceLook& look = last->second;
+    if (is_new || look.ink != ink || look.layer_ink != layer_ink_inside) {
+        look = {ink, layer_ink_inside, classes_of_reference(layer, ink, layer_ink_inside)};
+    }
+    return look.classes;
+}
+
+std::string SvgLooks::classes_of_reference(dxf::NameId layer, Ink ink, Ink layer_ink_inside) {
     const Ink given = layer_ink(layer);
     std::string words = layer_class(layer);
     if (layer_ink_inside != given) {

@@ -5,6 +5,7 @@
 #include <optional>
 #include <set>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 #include "platform/host/view/display_list.h"
@@ -56,7 +57,7 @@ class SvgLooks {
     /// Those that a text has besides, for its font, direction and anchor.
     std::string of_text(const TextItem& item);
     /// Those of a placed block, with what its inherited colours mean.
-    std::string of_reference(dxf::RecordId entity, Ink ink, Ink layer_ink);
+    const std::string& of_reference(dxf::RecordId entity, Ink ink, Ink layer_ink);
     /// Those of the group around everything in the space.
     std::string of_space();
 
@@ -65,7 +66,14 @@ class SvgLooks {
     std::string layers() const;
 
   private:
+    struct ReferenceLook {
+        Ink ink;
+        Ink layer_ink;
+        std::string classes;
+    };
+
     dxf::NameId layer_of(dxf::RecordId entity) const;
+    std::string classes_of_reference(dxf::NameId layer, Ink ink, Ink layer_ink_inside);
     std::string layer_class(dxf::NameId layer);
     Ink layer_ink(dxf::NameId layer) const;
     std::string colour_class(Ink ink, const char* prefix);
@@ -75,7 +83,8 @@ class SvgLooks {
     LayerStates layers_;
     double pixels_per_unit_;
     std::set<dxf::NameId> used_layers_;
-    std::map<std::string, std::string> colours_;  ///< rules by class
+    std::unordered_map<dxf::NameId, ReferenceLook> last_reference_;  ///< on each layer: most look like it
+    std::map<std::string, std::string> colours_;                     ///< rules by class
     std::set<uint16_t> patterns_;
     std::set<uint8_t> weights_;
 };

@@ -1,7 +1,9 @@
 #include "platform/host/view/svg_text.h"
 
-#include <array>
+#include <algorithm>
+#include <bit>
 #include <charconv>
+#include <cstdint>
 
 #include "base/code_page.h"
 
@@ -44,23 +46,36 @@ constexpr auto powers_of_ten = [] {
 /// A whole number divided by ten to the power of `decimals`, without zeros at the end. Many times as quick as
 /// std::to_chars with a precision.
 void append_quotient(std::string& out, uint64_t number, int decimals) {
-    char digits[40];
-    char* first = std::end(digits);
-    for (; decimals > 0 && number % 10 == 0; --decimals) {
-        number /= 10;
+    constexpr size_t longest = 20;
+    char text[most_decimals + 1 + longest];
+    char* first = text + most_decimals;  // zeros may come before
+    char* end = std::to_chars(first, std::end(text) - 1, number).ptr;
+    while (end - first <= decimals) {
+        *--first = '0';
     }
-    for (int left = decimals; left > 0; --left) {
-        *--first = static_cast<char>('0' + number % 10);
-        number /= 10;
+    char* const point = end - decimals;
+    while (end > point && end[-1] == '0') {
+        --end;
     }
-    if (decimals > 0) {
-        *--first = '.';
+    if (end > point) {
+        std::copy_backward(point, end, end + 1);
+        *point = '.';
+        ++end;
     }
-    do {
-        *--first = static_cast<char>('0' + number % 10);
-        number /= 10;
-    } while (number > 0);
-    out.append(first, std::end(digits));
+    out.append(first, end);
+}
+
+bool same(Vec2 a, Vec2 b) {
+    return a.x == b.x && a.y == b.y;
+}
+
+size_t hash_of(const Affine2& map) {
+    constexpr uint64_t odd = 0x9E3779B97F4A7C15;
+    uint64_t hash = 0;
+    for (const double value : {map.x.x, map.x.y, map.y.x, map.y.y}) {
+        hash = (hash ^ std::bit_cast<uint64_t>(value)) * odd;
+    }
+    return hash >> 32;
 }
 
 /// The nearest whole number to one that is not negative. The library's functions for it take far longer on Windows.
@@ -144,16 +159,24 @@ void append_point(std::string& out, Vec2 point, int decimals) {
     append_coordinate(out, point.y, decimals);
 }
 
-void append_transform(std::string& out, const Affine2& map) {
+void SvgTransforms::append(std::string& out, const Affine2& map) {
     constexpr double nothing = 1e-9;  // beside 1: what a right angle leaves of a cosine
-    const double least = nothing * map.scale();
-    out += " transform=\"matrix(";
-    for (const double value : {map.x.x, map.x.y, map.y.x, map.y.y, map.origin.x, map.origin.y}) {
-        append_significant(out, std::fabs(value) >= least && std::isfinite(value) ? value : 0.0);
-        out += ' ';
+    Turn& turn = known_[hash_of(map) % known_.size()];
+    const auto append = [&turn](std::string& text, double value) {
+        append_significant(text, std::fabs(value) >= turn.least && std::isfinite(value) ? value : 0.0);
+    };
+    if (!same(turn.x, map.x) || !same(turn.y, map.y) || turn.text.empty()) {
+        turn = {map.x, map.y, nothing * map.scale(), " transform=\"matrix("};
+        for (const double value : {map.x.x, map.x.y, map.y.x, map.y.y}) {
+            append(turn.text, value);
+            turn.text += ' ';
+        }
     }
-    out.back() = ')';
-    out += '"';
+    out += turn.text;
+    append(out, map.origin.x);
+    out += ' ';
+    append(out, map.origin.y);
+    out += ")\"";
 }
 
 void append_svg_attribute(std::string& out, const char* name, std::string_view value) {

@@ -1,6 +1,7 @@
 // The small parts of an SVG file: escaped texts, numbers, attributes, matrices and path data.
 #pragma once
 
+#include <array>
 #include <span>
 #include <string>
 #include <string_view>
@@ -22,8 +23,22 @@ void append_coordinate(std::string& out, double value, int decimals);
 /// "x y".
 void append_point(std::string& out, Vec2 point, int decimals);
 
-/// The attribute that places an element, with seven digits of each number: what a viewer's single precision holds.
-void append_transform(std::string& out, const Affine2& map);
+/// Writes the attribute that places an element, with seven digits of each number: what a viewer's single precision
+/// holds. Remembers how scales and turns are written, of which a drawing has few.
+class SvgTransforms {
+  public:
+    void append(std::string& out, const Affine2& map);
+
+  private:
+    /// Those of a map.
+    struct Turn {
+        Vec2 x;
+        Vec2 y;
+        double least = 0;  ///< what is smaller is written as 0
+        std::string text;  ///< up to them
+    };
+    std::array<Turn, 256> known_;  ///< by a hash
+};
 
 /// An attribute with a blank before it; nothing for an empty value. The value is escaped already.
 void append_svg_attribute(std::string& out, const char* name, std::string_view value);

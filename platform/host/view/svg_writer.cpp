@@ -50,7 +50,8 @@ class SvgWriter {
           view_(view),
           most_(most),
           inherited_(list),
-          looks_(list, drawing, view.pixels_per_unit()) {}
+          looks_(list, drawing, view.pixels_per_unit()),
+          last_symbol_(list.pictures.size()) {}
 
     SvgPicture write();
 
@@ -71,12 +72,14 @@ class SvgWriter {
     struct Key {
         uint32_t picture;
         Surroundings around;
+        bool operator==(const Key& other) const = default;
         auto tie() const {
             return std::tuple(picture, around.ink.value, around.layer_zero_shown, around.pattern, around.layer_pattern,
                               around.weight, around.layer_weight);
         }
         bool operator<(const Key& other) const { return tie() < other.tie(); }
     };
+    using DefinedSymbol = std::pair<const Key, Symbol>;
     /// The elements of a picture while they are written.
     struct Content {
         Content(const Picture& shown, const Surroundings& surroundings, const SvgFrame& where)
@@ -106,6 +109,7 @@ class SvgWriter {
     void append_data_of(std::string& out, dxf::RecordId entity);
     const std::string& escaped_name(dxf::NameId block);
     const Symbol& symbol_of(uint32_t picture, const Surroundings& around);
+    const DefinedSymbol* define(const Key& key);
     std::string clipped(const Content& content);
     std::string next_id(const char* prefix) { return prefix + std::to_string(ids_++); }
     bool in_space(const Content& content) const { return &content.picture == &list_.top; }
@@ -119,6 +123,8 @@ class SvgWriter {
     InheritedLooks inherited_;
     SvgLooks looks_;
     std::map<Key, Symbol> symbols_;
+    std::vector<const DefinedSymbol*> last_symbol_;  ///< that was asked for, of each picture
+    SvgTransforms transforms_;
     std::unordered_map<dxf::NameId, std::string> escaped_names_;  ///< of blocks
     std::string definitions_;
     size_t ids_ = 0;
@@ -216,7 +222,7 @@ void SvgWriter::add_text(Content& content, const Primitive& primitive) {
         return;  // flattened to a line
     }
     content.text += "<text" + attributes(content, primitive, looks_.of_text(item));
-    append_transform(content.text, placed);
+    transforms_.append(content.text, placed);
     if (item.fit_width > 0) {
         content.text += " lengthAdjust=\"spacingAndGlyphs\" textLength=\"";
         append_coordinate(content.text, item.fit_width * SvgLooks::capitals, 2);
@@ -268,10 +274,10 @@ void SvgWriter::add_reference(Content& content, const Primitive& primitive) {
     append_data_of(text, primitive.entity);
     if (instance.repeats == Instance::once) {
         append_svg_attribute(text, "href", symbol.target);
-        append_transform(text, placed);
+        transforms_.append(text, placed);
     } else {
         std::string cell = "<use" + svg_attribute("href", symbol.target);
-        append_transform(cell, placed);
+        transforms_.append(cell, placed);
         append_svg_attribute(text, "href", "#" + array_of(content, instance, cell + "/>"));
     }
     text += "/>\n";
@@ -323,17 +329,26 @@ const std::string& SvgWriter::escaped_name(dxf::NameId block) {
 
 const SvgWriter::Symbol& SvgWriter::symbol_of(uint32_t number, const Surroundings& around) {
     const Key key{number, inherited_.reduced(number, around)};
+    auto& last = last_symbol_[number];
+    if (last == nullptr || !(last->first == key)) {
+        last = define(key);
+    }
+    return last->second;
+}
+
+/// Defines the symbol unless that is done.
+const SvgWriter::DefinedSymbol* SvgWriter::define(const Key& key) {
     const auto known = symbols_.find(key);
     if (known != symbols_.end()) {
-        return known->second;
+        return &*known;
     }
-    const Picture& picture = list_.pictures[number];
+    const Picture& picture = list_.pictures[key.picture];
     Content content(picture, key.around, symbol_frame(picture));
     add_all(content);
     const Box2& box = picture.box.empty() ? picture.reach : picture.box;
     const std::string id =
         define(picture.clip.empty() ? content.text : clipped(content), content.frame(box), content.frame.decimals);
-    return symbols_.emplace(key, Symbol{"#" + id, content.frame, content.elements}).first->second;
+    return &*symbols_.emplace(key, Symbol{"#" + id, content.frame, content.elements}).first;
 }
 
 std::string SvgWriter::clipped(const Content& content) {
