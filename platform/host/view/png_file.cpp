@@ -87,13 +87,34 @@ bool is_repeated(const Raster& pixels, int y) {
     return y > 0 && std::equal(pixels.row(y), pixels.row(y) + pixels.width(), pixels.row(y - 1));
 }
 
+/// The first pixel from `x` on that differs from the one at `x`.
+int end_of_run(const uint32_t* row, int x, int width) {
+    constexpr int block = 16;  // pixels that are compared at once
+    const uint32_t colour = row[x];
+    const auto is_plain = [&](int from) {
+        uint32_t differences = 0;
+        for (int i = 0; i < block; ++i) {
+            differences |= row[from + i] ^ colour;
+        }
+        return differences == 0;
+    };
+    while (x + block <= width && is_plain(x)) {
+        x += block;
+    }
+    while (x < width && row[x] == colour) {
+        ++x;
+    }
+    return x;
+}
+
 /// The palette of a picture that needs no more colours than a palette has.
 std::optional<Palette> palette_of(const Raster& pixels) {
     Palette palette;
     for (int y = 0; y < pixels.height(); ++y) {
         const uint32_t* const row = pixels.row(y);
-        for (int x = is_repeated(pixels, y) ? pixels.width() : 0; x < pixels.width(); ++x) {
-            if ((x == 0 || row[x] != row[x - 1]) && !palette.add(row[x])) {
+        for (int x = is_repeated(pixels, y) ? pixels.width() : 0; x < pixels.width();
+             x = end_of_run(row, x, pixels.width())) {
+            if (!palette.add(row[x])) {
                 return std::nullopt;
             }
         }
@@ -104,11 +125,9 @@ std::optional<Palette> palette_of(const Raster& pixels) {
 /// Writes a row's pixels as numbers of the palette.
 void write_numbers(const uint32_t* row, int width, const Palette& palette, char* to) {
     for (int x = 0; x < width;) {
-        const int begin = x;
-        while (x < width && row[x] == row[begin]) {
-            ++x;
-        }
-        std::fill(to + begin, to + x, palette.number(row[begin]));
+        const int end = end_of_run(row, x, width);
+        std::fill(to + x, to + end, palette.number(row[x]));
+        x = end;
     }
 }
 
