@@ -33,7 +33,8 @@ class FileReplacement {
 
     /// Appends bytes. The first failure sticks: later calls, and commit(), return it.
     WriteStatus write(std::string_view bytes);
-    /// Flushes to the disk and puts the new file in the target's place. To be called once.
+    /// Flushes to the disk (not where the environment has CORVANES_FLUSHED_LATER, on Windows) and puts the new file in
+    /// the target's place. To be called once.
     WriteStatus commit();
 
   private:

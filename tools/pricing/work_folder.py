@@ -7,6 +7,7 @@ import contextlib
 import fcntl
 import os
 import shutil
+import threading
 
 from failure import OUTPUT, Failure
 
@@ -96,6 +97,7 @@ class WorkFolder:
                     pass
             for name in (*names, *optional):
                 stage(self.file(name), os.path.join(staging, name), os.path.realpath(os.path.join(self.out, name)))
+            flush([os.path.join(staging, name) for name in names])
             os.rename(staging, self.file(READY))  # from here on the delivery will be completed, if need be by the next run
             self.put_in_place(self.file(READY))
         except OSError as error:
@@ -120,6 +122,32 @@ def stage(made, staged, target):
             os.chown(made, old.st_uid, -1)
         os.chmod(made, old.st_mode & 0o7777)
     os.rename(made, staged)
+
+
+def flush(paths):
+    """Has the disk take the files, all at a time: one after another each would wait for a turn of the file system's journal."""
+    failures = []
+
+    def flush_one(path):
+        try:
+            with open(path, "rb") as file:
+                os.fsync(file.fileno())
+        except OSError as error:
+            error.filename = path
+            failures.append(error)
+
+    threads = []
+    for path in paths:
+        try:
+            threads.append(threading.Thread(target=flush_one, args=(path,)))
+            threads[-1].start()
+        except RuntimeError:  # the system has no thread for it now
+            threads.pop()
+            flush_one(path)
+    for thread in threads:
+        thread.join()
+    if failures:
+        raise failures[0]
 
 
 def may_replace(staged, target):
