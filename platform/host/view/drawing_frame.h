@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <limits>
 #include <memory>
+#include <vector>
 
 #include "platform/host/view/gdi_handles.h"
 #include "platform/host/view/list_painter.h"
@@ -14,31 +15,35 @@
 
 namespace host {
 
-/// A bitmap whose pixels both GDI and the raster draw into.
+/// A bitmap whose pixels both GDI and the raster draw into. Belongs to the thread of the windows.
 class FrameBitmap {
   public:
+    /// What is in it at first is not defined: the last ones' memory is used again, which is many times as quick as
+    /// the system's.
     FrameBitmap(int width, int height);
     FrameBitmap(const FrameBitmap&) = delete;
     FrameBitmap& operator=(const FrameBitmap&) = delete;
     ~FrameBitmap();
 
-    int width() const { return width_; }
-    int height() const { return height_; }
+    int width() const;
+    int height() const;
     /// False when there was no memory for the pixels; nothing can be drawn then.
-    explicit operator bool() const { return pixels_ != nullptr; }
+    explicit operator bool() const;
 
     /// A context that draws into the bitmap. Lives as long as this object.
-    HDC context() const { return context_.get(); }
+    HDC context() const;
     /// For drawing into the pixels directly; what GDI has to draw is drawn before.
     Raster raster() const;
 
   private:
-    int width_;
-    int height_;
-    uint32_t* pixels_ = nullptr;
-    MemoryContext context_;
-    GdiObject bitmap_;
-    HGDIOBJ previous_ = nullptr;
+    class Canvas;
+    using CanvasPointer = std::unique_ptr<Canvas>;
+
+    /// Those that were used last and may be used again, the last one first.
+    static std::vector<CanvasPointer>& kept();
+    static CanvasPointer take(int width, int height);
+
+    CanvasPointer canvas_;
 };
 
 /// Paints only when something has changed since the last picture.

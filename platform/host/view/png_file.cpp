@@ -3,8 +3,10 @@
 #include <zlib.h>
 
 #include <algorithm>
+#include <cstring>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "base/code_page.h"
@@ -30,9 +32,9 @@ std::string chunk(const std::string& type, const std::string& data) {
 }
 
 /// Feeds bytes to a compressor and appends what comes out. False when it fails.
-bool compress(z_stream& stream, std::string& bytes, bool last, std::string& data) {
+bool compress(z_stream& stream, std::string_view bytes, bool last, std::string& data) {
     Bytef piece[1U << 15];
-    stream.next_in = reinterpret_cast<Bytef*>(bytes.data());
+    stream.next_in = reinterpret_cast<Bytef*>(const_cast<char*>(bytes.data()));  // which zlib only reads
     stream.avail_in = static_cast<uInt>(bytes.size());
     int done = Z_OK;
     do {
@@ -47,21 +49,19 @@ bool compress(z_stream& stream, std::string& bytes, bool last, std::string& data
 /// The colours of a picture that has few of them, as most pictures of drawings and dialogs have.
 class Palette {
   public:
-    /// False when there is no room for another colour.
-    bool add(uint32_t colour) {
+    /// The number of a colour; nothing when there is no room for another one.
+    std::optional<uint8_t> number(uint32_t colour) {
         const size_t place = place_of(colour);
         if (numbers_[place] < 0) {
             if (bytes_.size() == 3 * most) {
-                return false;
+                return std::nullopt;
             }
             colours_[place] = colour;
             numbers_[place] = static_cast<int16_t>(bytes_.size() / 3);
             bytes_ += big_endian(colour).substr(1);
         }
-        return true;
+        return static_cast<uint8_t>(numbers_[place]);
     }
-    /// The number of a colour that was added.
-    char number(uint32_t colour) const { return static_cast<char>(numbers_[place_of(colour)]); }
     /// Red, green and blue of each colour, by number.
     const std::string& bytes() const { return bytes_; }
 
@@ -83,14 +83,31 @@ class Palette {
     std::string bytes_;
 };
 
+constexpr int block = 16;  // pixels that are compared at once: Windows' memcmp is slow
+
 bool is_repeated(const Raster& pixels, int y) {
-    return y > 0 && std::equal(pixels.row(y), pixels.row(y) + pixels.width(), pixels.row(y - 1));
+    if (y == 0) {
+        return false;
+    }
+    const uint32_t* const row = pixels.row(y);
+    const uint32_t* const before = pixels.row(y - 1);
+    int x = 0;
+    uint32_t differences = 0;
+    for (; x + block <= pixels.width() && differences == 0; x += block) {
+        for (int i = 0; i < block; ++i) {
+            differences |= row[x + i] ^ before[x + i];
+        }
+    }
+    return differences == 0 && std::equal(row + x, row + pixels.width(), before + x);
 }
 
 /// The first pixel from `x` on that differs from the one at `x`.
 int end_of_run(const uint32_t* row, int x, int width) {
-    constexpr int block = 16;  // pixels that are compared at once
     const uint32_t colour = row[x];
+    const int first_block = std::min(x + block, width);  // most runs are short
+    while (x < first_block && row[x] == colour) {
+        ++x;
+    }
     const auto is_plain = [&](int from) {
         uint32_t differences = 0;
         for (int i = 0; i < block; ++i) {
@@ -98,7 +115,7 @@ int end_of_run(const uint32_t* row, int x, int width) {
         }
         return differences == 0;
     };
-    while (x + block <= width && is_plain(x)) {
+    while (x >= first_block && x + block <= width && is_plain(x)) {
         x += block;
     }
     while (x < width && row[x] == colour) {
@@ -107,61 +124,54 @@ int end_of_run(const uint32_t* row, int x, int width) {
     return x;
 }
 
-/// The palette of a picture that needs no more colours than a palette has.
-std::optional<Palette> palette_of(const Raster& pixels) {
-    Palette palette;
-    for (int y = 0; y < pixels.height(); ++y) {
-        const uint32_t* const row = pixels.row(y);
-        for (int x = is_repeated(pixels, y) ? pixels.width() : 0; x < pixels.width();
-             x = end_of_run(row, x, pixels.width())) {
-            if (!palette.add(row[x])) {
-                return std::nullopt;
-            }
-        }
-    }
-    return palette;
-}
-
-/// Writes a row's pixels as numbers of the palette.
-void write_numbers(const uint32_t* row, int width, const Palette& palette, char* to) {
+/// Writes a row's pixels as numbers of the palette, and eight bytes more at the most. False when it has no room for
+/// one of the colours.
+bool write_numbers(const uint32_t* row, int width, Palette& palette, char* to) {
     for (int x = 0; x < width;) {
+        const std::optional<uint8_t> number = palette.number(row[x]);
+        if (!number) {
+            return false;
+        }
         const int end = end_of_run(row, x, width);
-        std::fill(to + x, to + end, palette.number(row[x]));
+        const uint64_t eight = 0x0101010101010101 * *number;
+        std::memcpy(to + x, &eight, sizeof eight);  // which is all of most runs
+        if (const int more = end - x - static_cast<int>(sizeof eight); more > 0) {
+            std::memset(to + x + sizeof eight, *number, static_cast<size_t>(more));
+        }
         x = end;
     }
+    return true;
 }
 
 /// Writes red, green and blue of a row's pixels.
-void write_colours(const uint32_t* row, int width, char* to) {
+bool write_colours(const uint32_t* row, int width, char* to) {
     for (int x = 0; x < width; ++x) {
         *to++ = static_cast<char>(row[x] >> 16);
         *to++ = static_cast<char>(row[x] >> 8);
         *to++ = static_cast<char>(row[x]);
     }
+    return true;
 }
 
-/// The pixels row by row, each row behind its filter type; compressed quickly, and with a palette as runs: of lines on
-/// a plain ground little else repeats, and looking for that makes them larger. Empty without memory.
-std::string compressed_rows(const Raster& pixels, const std::optional<Palette>& palette) {
+/// The pixels row by row, each row behind its filter type; compressed quickly. `write_row` writes one of them, with
+/// so many bytes for a pixel. Empty without memory, or when a row could not be written.
+template <typename WriteRow>
+std::string compressed_rows(const Raster& pixels, size_t bytes_of_pixel, int strategy, const WriteRow& write_row) {
     constexpr int quickly = 1;
     constexpr int widest_window = 15;
     constexpr int small_table = 5;  // a larger one takes longer to move than it saves
+    constexpr size_t beyond = sizeof(uint64_t);
     z_stream stream{};
-    const int strategy = palette ? Z_RLE : Z_DEFAULT_STRATEGY;
     if (deflateInit2(&stream, quickly, Z_DEFLATED, widest_window, small_table, strategy) != Z_OK) {
         return {};
     }
     std::string data;
-    const size_t bytes_of_pixel = palette ? 1 : 3;
-    std::string row(1 + bytes_of_pixel * static_cast<size_t>(pixels.width()), '\0');  // its first byte: no filter
+    const size_t size = 1 + bytes_of_pixel * static_cast<size_t>(pixels.width());
+    std::string row(size + beyond, '\0');  // its first byte: no filter
     bool fine = true;
     for (int y = 0; fine && y < pixels.height(); ++y) {
-        if (!is_repeated(pixels, y)) {
-            char* const to = row.data() + 1;
-            palette ? write_numbers(pixels.row(y), pixels.width(), *palette, to)
-                    : write_colours(pixels.row(y), pixels.width(), to);
-        }
-        fine = compress(stream, row, y + 1 == pixels.height(), data);
+        fine = (is_repeated(pixels, y) || write_row(pixels.row(y), pixels.width(), row.data() + 1)) &&
+               compress(stream, {row.data(), size}, y + 1 == pixels.height(), data);
     }
     deflateEnd(&stream);
     return fine ? data : std::string();
@@ -172,17 +182,25 @@ base::Outcome<> save_png(const FrameBitmap& picture, const std::filesystem::path
     if (!picture) {
         return no_memory;
     }
-    const std::optional<Palette> palette = palette_of(picture.raster());
-    const std::string data = compressed_rows(picture.raster(), palette);
+    // With a palette as runs: of lines on a plain ground little else repeats, and looking for that makes them larger.
+    Palette palette;
+    const auto number = [&palette](const uint32_t* row, int width, char* to) {
+        return write_numbers(row, width, palette, to);
+    };
+    std::string data = compressed_rows(picture.raster(), 1, Z_RLE, number);
+    const bool numbered = !data.empty();
+    if (!numbered) {
+        data = compressed_rows(picture.raster(), 3, Z_DEFAULT_STRATEGY, write_colours);
+    }
     if (data.empty()) {
         return no_memory;
     }
-    const std::string eight_bits(palette ? "\x08\x03\0\0\0" : "\x08\x02\0\0\0", 5);  // of a number or a colour
+    const std::string eight_bits(numbered ? "\x08\x03\0\0\0" : "\x08\x02\0\0\0", 5);  // of a number or a colour
     const base::WriteStatus written = base::replace_file(
         path, "\x89PNG\r\n\x1A\n" +
                   chunk("IHDR", big_endian(static_cast<uint32_t>(picture.width())) +
                                     big_endian(static_cast<uint32_t>(picture.height())) + eight_bits) +
-                  (palette ? chunk("PLTE", palette->bytes()) : "") + chunk("IDAT", data) + chunk("IEND", {}));
+                  (numbered ? chunk("PLTE", palette.bytes()) : "") + chunk("IDAT", data) + chunk("IEND", {}));
     if (!written) {
         return base::Failure{L"the picture " + path.wstring() + L" could not be written: " +
                              base::wide_from_utf8(written.reason())};
