@@ -4,6 +4,7 @@ import contextlib
 import fcntl
 import os
 import re
+import select
 import signal
 import subprocess
 import tempfile
@@ -53,6 +54,22 @@ def turn_of(session):
         yield
 
 
+def ends_within(seconds, process):
+    """Waits for the end of a process, but not longer than told. Popen.wait() would look for it now and then only."""
+    try:
+        descriptor = os.pidfd_open(process.pid)
+    except OSError:  # an older system
+        with waiting(), contextlib.suppress(subprocess.TimeoutExpired):
+            process.wait(seconds)
+    else:
+        try:
+            with waiting():
+                select.select([descriptor], [], [], seconds)
+        finally:
+            os.close(descriptor)
+    return process.poll() is not None
+
+
 def settings_file():
     """Where the host's window keeps its settings: among the person's own, not in the Wine prefix."""
     home = os.environ.get("XDG_CONFIG_HOME") or os.path.join(os.path.expanduser("~"), ".config")
@@ -79,10 +96,8 @@ class Host:
                                    start_new_session=True, preexec_fn=end_with_parent if "--script" in options else None,
                                    env=self.session.environment | {"DRAWINGHOST_DWG_CONVERTER": self.converter} | values)
         try:
-            while watch and process.poll() is None:
+            while watch and not ends_within(STEP, process):
                 watch()
-                with waiting(), contextlib.suppress(subprocess.TimeoutExpired):
-                    process.wait(STEP)
             with waiting():
                 process.wait()
         finally:

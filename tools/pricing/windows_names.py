@@ -1,5 +1,6 @@
 """Translates names of files for the Windows programs, which see the machine's files under the drive Z:."""
 
+import functools
 import os
 import re
 
@@ -22,8 +23,17 @@ def objection(path):
     return ""
 
 
+@functools.cache
+def real_folder(path):
+    """The folder behind links; a script names many files of one, and what leads there stays while this program runs."""
+    return os.path.realpath(path)
+
+
 def windows_path(path):
-    return "Z:" + os.path.realpath(path).replace("/", "\\")
+    folder, name = os.path.split(path)
+    inside = os.path.join(real_folder(folder), name)
+    is_plain = name not in ("", ".", "..") and not os.path.islink(inside)
+    return "Z:" + (inside if is_plain else os.path.realpath(path)).replace("/", "\\")
 
 
 def own_paths(words):

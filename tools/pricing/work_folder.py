@@ -61,14 +61,19 @@ class WorkFolder:
                 shutil.rmtree(path, ignore_errors=True)
                 os.close(lock)
 
+    def targets(self, names):
+        """Pairs of a name and the file behind links that has it in the output folder."""
+        folder = os.path.realpath(self.out)
+        paths = [os.path.join(folder, name) for name in names]
+        return zip(names, [os.path.realpath(path) if os.path.islink(path) else path for path in paths])
+
     def put_in_place(self, ready):
         """Moves what is ready over the targets, one run at a time."""
         folder = os.open(self.out, os.O_RDONLY | os.O_DIRECTORY)
         overwritten = []
         try:
             fcntl.flock(folder, fcntl.LOCK_EX)
-            pairs = [(os.path.join(ready, name), os.path.realpath(os.path.join(self.out, name)))
-                     for name in sorted(os.listdir(ready))]
+            pairs = [(os.path.join(ready, name), target) for name, target in self.targets(sorted(os.listdir(ready)))]
             for staged, target in pairs:  # first, since this may fail: undone below
                 if os.path.getsize(staged) > 0 and not may_replace(staged, target):
                     overwritten.append((target, overwrite(target, contents(staged))))
@@ -95,8 +100,8 @@ class WorkFolder:
             for name in optional:
                 with open(self.file(name), "ab"):
                     pass
-            for name in (*names, *optional):
-                stage(self.file(name), os.path.join(staging, name), os.path.realpath(os.path.join(self.out, name)))
+            for name, target in self.targets((*names, *optional)):
+                stage(self.file(name), os.path.join(staging, name), target)
             flush([os.path.join(staging, name) for name in names])
             os.rename(staging, self.file(READY))  # from here on the delivery will be completed, if need be by the next run
             self.put_in_place(self.file(READY))
