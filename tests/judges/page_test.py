@@ -123,6 +123,9 @@ class PageTest(unittest.TestCase):
     def test_sample_house(self):
         self.open("house")
         self.check_places()
+        words = self.js("return [...document.querySelectorAll('#sheet text')].map((text) => text.textContent)")
+        self.assertTrue(words)
+        self.assertEqual([word for word in words if word in ("Block name", "2560.00")], [], "the table, or a part of it")
         rows = self.all("#rows tr")
         rows[0].click()
         self.assertEqual((self.marked(), self.text("#place")), (["door_90"], "door_90 4"))

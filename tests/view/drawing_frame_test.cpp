@@ -103,4 +103,20 @@ TEST_F(DrawingFrameTest, PaintsAgainOnlyWhenSomethingChanged) {
     EXPECT_EQ(0U, frame.picture()->raster().at(50, 25) & 0xFFFFFF);
 }
 
+TEST(FrameBitmapTest, BeginsLikeANewOneInMemoryThatWasUsed) {
+    const auto colours = [](const FrameBitmap& bitmap) {
+        return std::pair(GetTextColor(bitmap.context()), GetBkMode(bitmap.context()));
+    };
+    std::optional<FrameBitmap> used(std::in_place, 30, 20);
+    const auto first = colours(*used);
+    SetTextColor(used->context(), 0x123456);
+    SetBkMode(used->context(), TRANSPARENT);
+    const uint32_t* const pixels = used->raster().row(0);
+    used.reset();
+    const FrameBitmap again(30, 20);
+    const FrameBitmap beside(30, 20);
+    EXPECT_EQ(std::pair(pixels, first), std::pair(std::as_const(again).raster().row(0), colours(again)));
+    EXPECT_NE(pixels, beside.raster().row(0));
+}
+
 }  // namespace host
