@@ -33,8 +33,8 @@ class FileReplacement {
 
     /// Appends bytes. The first failure sticks: later calls, and commit(), return it.
     WriteStatus write(std::string_view bytes);
-    /// Flushes to the disk (not where the environment has CORVANES_FLUSHED_LATER, on Windows) and puts the new file in
-    /// the target's place. To be called once.
+    /// Flushes to the disk and puts the new file in the target's place. To be called once. Where the environment has
+    /// CORVANES_DELIVERED_LATER, on Windows, another program flushes new files and gives them their modes.
     WriteStatus commit();
 
   private:

@@ -45,9 +45,9 @@ std::error_code patiently(const Action& action) {
     return error;
 }
 
-/// Whether who has started this process flushes the files that it leaves, all at once.
-bool is_flushed_later() {
-    static const bool later = GetEnvironmentVariableW(L"CORVANES_FLUSHED_LATER", nullptr, 0) != 0;
+/// Whether who has started this process delivers the files that it leaves: flushes them, and gives them their modes.
+bool is_delivered_later() {
+    static const bool later = GetEnvironmentVariableW(L"CORVANES_DELIVERED_LATER", nullptr, 0) != 0;
     return later;
 }
 
@@ -114,7 +114,7 @@ class WindowsFile final : public ReplacementFile {
     }
 
     std::error_code flush() override {
-        return is_flushed_later() ? std::error_code() : error_unless(FlushFileBuffers(handle_));
+        return is_delivered_later() ? std::error_code() : error_unless(FlushFileBuffers(handle_));
     }
 
     Takeover take_over_from(const std::filesystem::path& target) override {
@@ -129,7 +129,8 @@ class WindowsFile final : public ReplacementFile {
 
     std::error_code appear_as(const std::filesystem::path& target) override {
         // Under Wine only a Unix program could tell whether the name is a link to nothing, and starting one takes time.
-        if (!new_files_have_the_right_mode() || !CreateHardLinkW(target.c_str(), path_.c_str(), nullptr)) {
+        const bool has_mode = is_delivered_later() || new_files_have_the_right_mode();
+        if (!has_mode || !CreateHardLinkW(target.c_str(), path_.c_str(), nullptr)) {
             return std::make_error_code(std::errc::not_supported);
         }
         remove();

@@ -36,8 +36,8 @@ def price_script(work, prices, hide_prices, following=None):
 
 def values_for(work, converted, arguments):
     """What the module is asked for beside its dialog, in the host's environment; without `work` a script names the files. What
-    the host writes is flushed when it is delivered."""
-    values = {"CORVANES_NOTES": "1", "CORVANES_FLUSHED_LATER": "1"}
+    the host writes is flushed and gets its mode when it is delivered."""
+    values = {"CORVANES_NOTES": "1", "CORVANES_DELIVERED_LATER": "1"}
     if work:
         values["CORVANES_JSON"] = windows_path(work.file("report.json"))
     if converted:
