@@ -1,7 +1,5 @@
 #include "page/kept_view.h"
 
-#include <utility>
-
 #include "hostpicture.h"
 
 namespace corvanes {
@@ -17,7 +15,7 @@ KeptView::~KeptView() {
 }
 
 void KeptView::keep() {
-    svg_ = hostDrawingAsSvg();
+    svg_ = hostDrawingAsSvg(std::move(memory_));
 }
 
 std::optional<std::string> KeptView::take() {

@@ -5,6 +5,7 @@
 
 #include <optional>
 #include <string>
+#include <utility>
 
 namespace corvanes {
 
@@ -20,11 +21,14 @@ class KeptView final : public AcApDocManagerReactor {
     void keep();
     /// Its SVG, once; nothing where none was kept since the drawing was opened.
     std::optional<std::string> take();
+    /// Takes a text that nobody needs any more: the next one is written into its memory.
+    void take_memory(std::string text) { memory_ = std::move(text); }
 
     void documentToBeDestroyed(AcApDocument*) override { svg_.reset(); }
 
   private:
     std::optional<std::string> svg_;
+    std::string memory_;
 };
 
 }  // namespace corvanes

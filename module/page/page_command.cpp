@@ -121,6 +121,7 @@ void save_page(const LastBill& last, KeptView& view) {
     }
     if (picture) {
         write_page(*bill, *picture, *file);
+        view.take_memory(*std::move(picture));
     } else {
         acutPrintf(L"\nThere is no picture of the drawing, and so no page.");
     }
@@ -140,6 +141,7 @@ void save_page_with_picture(const LastBill& last, KeptView& view) {
     }
     if (picture) {
         write_page(*bill, *picture, *file);
+        view.take_memory(*std::move(picture));
     } else {
         acedAlert((L"File " + *shown + L" could not be read.").c_str());
     }

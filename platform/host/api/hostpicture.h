@@ -5,5 +5,6 @@
 #include <string>
 
 /// The open drawing as SVGOUT writes it for a browser, in UTF-8. Nothing where it has more elements than a browser
-/// opens soon, or where no drawing is open. Tells the person what it leaves out.
-std::optional<std::string> hostDrawingAsSvg();
+/// opens soon, or where no drawing is open. Tells the person what it leaves out. The text is written into `memory`,
+/// whatever is there.
+std::optional<std::string> hostDrawingAsSvg(std::string memory = {});

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "base/background.h"
 #include "platform/host/dxf/number_fields.h"
 
 namespace host {
@@ -32,7 +31,7 @@ void Placements::find(dxf::RecordId record) {
     if (in_order_ == 0) {
         stop();
     }
-    if (!current_->holds(record) && in_order_ >= enough_in_order) {
+    if (reads_ahead_ && !current_->holds(record) && in_order_ >= enough_in_order) {
         if (!read_.valid()) {
             read_ahead(record);
         }

@@ -8,14 +8,15 @@
 #include <memory>
 #include <vector>
 
+#include "base/background.h"
 #include "platform/host/dxf/drawing.h"
 #include "platform/host/dxf/entities.h"
 
 namespace host {
 
 /// Reads the placement of one INSERT at a time, until many have been asked for in the order of the file. From then on
-/// another thread reads those of the next some thousand records while the ones before are asked for. An edit of the
-/// drawing waits for that thread and ends the reading ahead.
+/// another thread, where there is a processor for it, reads those of the next some thousand records while the ones
+/// before are asked for. An edit of the drawing waits for that thread and ends the reading ahead.
 class Placements {
   public:
     /// The drawing must live as long.
@@ -56,6 +57,7 @@ class Placements {
     static constexpr dxf::RecordId first_window = 512;
 
     dxf::Drawing& drawing_;
+    const bool reads_ahead_ = base::usable_processors() > 1;
     uint64_t edits_ = 0;                   ///< that the drawing had when what is below was read
     dxf::RecordId last_ = dxf::no_record;  ///< that was asked for
     unsigned in_order_ = 0;                ///< how many of those asked for last followed the one before

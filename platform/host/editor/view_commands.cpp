@@ -181,13 +181,14 @@ base::Outcome<> save_svg(const SvgPicture& picture, const std::wstring& file) {
 }
 
 /// Without text when the drawing has more elements. Tells the person what is left out.
-SvgPicture vector_picture(Editor& editor, const Document& document, std::optional<uint64_t> most_elements) {
+SvgPicture vector_picture(Editor& editor, const Document& document, std::optional<uint64_t> most_elements,
+                          std::string memory = {}) {
     if (most_elements && has_more_elements(document.drawing(), *most_elements)) {
         return {};
     }
     const std::shared_ptr<const DisplayList> list = list_for_picture(editor, document);
     editor.say_left_out(document.drawing(), *list);
-    SvgPicture picture = svg_picture(*list, document.drawing(), most_elements);
+    SvgPicture picture = svg_picture(*list, document.drawing(), most_elements, std::move(memory));
     if (picture.left_out > 0) {
         person().print(L"\n" + std::to_wstring(picture.left_out) +
                        L" block references are left out, for they would take a viewer too long.");
@@ -301,11 +302,11 @@ void add_view_commands(Editor& editor) {
 
 }  // namespace host
 
-std::optional<std::string> hostDrawingAsSvg() {
+std::optional<std::string> hostDrawingAsSvg(std::string memory) {
     const host::Document* const document = host::editor().documents.document();
     if (document == nullptr) {
         return std::nullopt;
     }
-    std::string text = host::vector_picture(host::editor(), *document, host::most_of_browser).text;
+    std::string text = host::vector_picture(host::editor(), *document, host::most_of_browser, std::move(memory)).text;
     return text.empty() ? std::nullopt : std::optional(std::move(text));
 }

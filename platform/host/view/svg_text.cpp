@@ -74,8 +74,9 @@ size_t hash_of(const Affine2& map) {
     uint64_t hash = 0;
     for (const double value : {map.x.x, map.x.y, map.y.x, map.y.y}) {
         hash = (hash ^ std::bit_cast<uint64_t>(value)) * odd;
+        hash ^= hash >> 32;  // the product carries upwards only, and signs are the uppermost bits
     }
-    return hash >> 32;
+    return hash;
 }
 
 /// The nearest whole number to one that is not negative. The library's functions for it take far longer on Windows.

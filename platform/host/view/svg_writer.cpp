@@ -53,7 +53,7 @@ class SvgWriter {
           looks_(list, drawing, view.pixels_per_unit()),
           last_symbol_(list.pictures.size()) {}
 
-    SvgPicture write();
+    SvgPicture write(std::string memory);
 
   private:
     struct Symbol {
@@ -370,7 +370,7 @@ Box2 SvgWriter::seen() const {
     return {drawn.centre() - half, drawn.centre() + half};
 }
 
-SvgPicture SvgWriter::write() {
+SvgPicture SvgWriter::write(std::string memory) {
     Surroundings around = list_.surroundings;
     around.layer_ink = Ink::by_block_layer();  // which the group around everything gives
     Content content(list_.top, around, space_frame(view_));
@@ -378,6 +378,8 @@ SvgPicture SvgWriter::write() {
         return {{}, *most_ + 1, 0};
     }
     constexpr size_t usual_reference = 160;  // characters
+    content.text = std::move(memory);
+    content.text.clear();
     content.text.reserve(std::min(usual_reference * list_.top.instances.size(), longest_text));
     add_all(content);
     const auto elements = static_cast<uint64_t>(std::min(content.elements, 1e18));
@@ -402,13 +404,14 @@ SvgPicture SvgWriter::write() {
 
 }  // namespace
 
-SvgPicture svg_picture(const DisplayList& list, const dxf::Drawing& drawing, std::optional<uint64_t> most_elements) {
+SvgPicture svg_picture(const DisplayList& list, const dxf::Drawing& drawing, std::optional<uint64_t> most_elements,
+                       std::string memory) {
     if (most_elements && list.top.instances.size() > *most_elements) {
         return {{}, list.top.instances.size(), 0};
     }
     ViewTransform view(picture_width, picture_height);
     view.show(list.extents(), margin);
-    return SvgWriter(list, drawing, view, most_elements).write();
+    return SvgWriter(list, drawing, view, most_elements).write(std::move(memory));
 }
 
 bool has_more_elements(const dxf::Drawing& drawing, uint64_t most_elements) {

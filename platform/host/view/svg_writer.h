@@ -18,9 +18,10 @@ struct SvgPicture {
 /// Blocks are symbols, references to them <use> elements with data-block and data-handle; data-box of a symbol is
 /// "x y width height" around it. The whole is as large in pixels as the drawing is in its picture, and loads nothing.
 /// `drawing` is what the list was made of. There is no text of more than `most_elements`, where that is given; points
-/// count too, many of them as an element. Without it references are left out where there are too many.
-SvgPicture svg_picture(const DisplayList& list, const dxf::Drawing& drawing,
-                       std::optional<uint64_t> most_elements = {});
+/// count too, many of them as an element. Without it references are left out where there are too many. The text is
+/// written into `memory`, whatever is there: new memory takes the system as long as the writing.
+SvgPicture svg_picture(const DisplayList& list, const dxf::Drawing& drawing, std::optional<uint64_t> most_elements = {},
+                       std::string memory = {});
 
 /// Whether references alone give a picture of the drawing's model space more elements, at two for each that shows
 /// something: its own and one of its block's. Needs no display list.

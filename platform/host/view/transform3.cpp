@@ -2,6 +2,21 @@
 
 namespace host {
 
+namespace {
+
+/// The direction at an angle; of quarter turns, as most are, the exact one, and soon: the system's functions take long.
+Vec2 turned(double angle) {
+    constexpr Vec2 quarters[] = {{1, 0}, {0, 1}, {-1, 0}, {0, -1}};
+    const double turns = angle / (pi / 2);
+    constexpr double most = 1000;
+    if (std::fabs(turns) < most && static_cast<int>(turns) == turns) {
+        return quarters[static_cast<int>(turns) & 3];
+    }
+    return direction(angle);
+}
+
+}  // namespace
+
 Vec3 cross(const Vec3& a, const Vec3& b) {
     return {a.y * b.z - a.z * b.y, a.z * b.x - a.x * b.z, a.x * b.y - a.y * b.x};
 }
@@ -56,7 +71,7 @@ Transform3 Transform3::extrusion(const Vec3& direction) {
 }
 
 Transform3 placement_of(const dxf::Insert& insert, const Vec3& base) {
-    const Vec2 along = insert.rotation == 0 ? Vec2{1, 0} : direction(insert.rotation);
+    const Vec2 along = turned(insert.rotation);
     Transform3 placed;
     placed.x = {along.x * insert.scale.x, along.y * insert.scale.x, 0};
     placed.y = {-along.y * insert.scale.y, along.x * insert.scale.y, 0};
