@@ -23,8 +23,26 @@ from work_folder import WorkFolder, contents  # noqa: E402
 ROOT = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
 
 
-def build(session, progress):
-    """Brings the programs up to date, one run at a time, while the session comes up."""
+# What changes when something is installed or removed.
+INSTALLED = ("/var/lib/dpkg/status", "/usr/lib/locale/locale-archive")
+
+
+def set_up(folder):
+    """Installs what is missing. That nothing is takes a while to find out, and is remembered."""
+    command, found = os.path.join(ROOT, "tools", "setup"), os.path.join(folder, "set-up")
+    try:
+        if os.path.getmtime(found) > max(os.path.getmtime(path) for path in (command, *INSTALLED)):
+            return
+    except OSError:
+        pass
+    if subprocess.run([command, "run"]).returncode != 0:
+        raise Failure(INTERNAL, "what building needs cannot be installed")
+    with open(found, "w"):
+        pass
+
+
+def build(sessions, progress):
+    """Brings the programs up to date, one run at a time, while the sessions come up."""
     check_name(ROOT, INTERNAL)
     folder = os.path.join(ROOT, "build")
     try:
@@ -32,9 +50,9 @@ def build(session, progress):
         with open(os.path.join(folder, "run.lock"), "w") as lock, open(os.path.join(folder, "run.log"), "wb") as log:
             with waiting():
                 fcntl.flock(lock, fcntl.LOCK_EX)
-                if subprocess.run([os.path.join(ROOT, "tools", "setup"), "run"]).returncode != 0:
-                    raise Failure(INTERNAL, "what building needs cannot be installed")
-                session.begin()
+                set_up(folder)
+                for session in sessions:
+                    session.begin()
                 with progress.following(log.name, of_build):
                     build_locked(folder, log)
     except OSError as error:
@@ -42,7 +60,7 @@ def build(session, progress):
 
 
 def build_locked(folder, log):
-    steps = [["cmake", "--build", os.path.join(folder, "windows"), "--target", "drawinghost", "corvanes", "layers", "page"]]
+    steps = [["ninja", "-C", os.path.join(folder, "windows"), "drawinghost", "corvanes", "layers", "page"]]
     if not os.path.exists(os.path.join(folder, "windows", "build.ninja")):
         steps.insert(0, ["cmake", "--preset", "windows"])
     for step in steps:
@@ -129,7 +147,7 @@ def run_many(arguments):
                 for place, processor in enumerate(processors_for(number), 1)]
     try:
         if not os.environ.get("CORVANES_SESSION"):
-            build(sessions[0], Progress(not arguments.quiet))
+            build(sessions, Progress(not arguments.quiet))
         for session in sessions:
             session.begin()
         with output_folder(arguments) as out:
@@ -171,7 +189,7 @@ def run(words):
     session = Session(ROOT, "--display" if arguments.desktop else "--unseen")
     try:
         if not os.environ.get("CORVANES_SESSION"):
-            build(session, progress)
+            build([session], progress)
         elif arguments.desktop:
             session.begin()
         if arguments.desktop:
