@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <cstdlib>
 #include <optional>
 #include <random>
 #include <thread>
@@ -107,6 +108,10 @@ bool lock_patiently(ReplacementFile& file) {
     return false;
 }
 
+bool is_delivered_later() {
+    return std::getenv("CORVANES_DELIVERED_LATER") != nullptr;
+}
+
 }  // namespace
 
 FileReplacement::FileReplacement(const std::filesystem::path& target) : target_(resolve_links(full_path(target))) {
@@ -114,8 +119,12 @@ FileReplacement::FileReplacement(const std::filesystem::path& target) : target_(
     if (!status_) {
         return;
     }
-    remove_abandoned(target_);
     std::error_code error;
+    if (is_delivered_later() && (temporary_ = ReplacementFile::create(target_, error)) != nullptr) {
+        is_delivered_later_ = true;
+        return;
+    }
+    remove_abandoned(target_);
     temporary_ = create_beside(target_, error);
     std::error_code ignored;
     target_is_new_ = !std::filesystem::exists(target_, ignored);
@@ -156,6 +165,10 @@ WriteStatus FileReplacement::write(std::string_view bytes) {
 WriteStatus FileReplacement::commit() {
     if (!status_) {
         return status_;
+    }
+    if (is_delivered_later_) {
+        temporary_.reset();
+        return {};
     }
     if (temporary_) {
         if (const std::error_code error = temporary_->flush()) {

@@ -24,6 +24,10 @@ class ReplacementFile;
 /// (another program has it open, it is a mount point). It then writes first what makes the file longer, so that a full
 /// disk is met before any of the old contents are gone. When writing over the old contents fails, the temporary file
 /// stays under a name of its own, which the reason tells.
+///
+/// Where the environment has CORVANES_DELIVERED_LATER, new files are made in a folder that nobody else uses: another
+/// program delivers them when all are there, flushes them and gives them their modes. So they are written under their
+/// own names.
 class FileReplacement {
   public:
     explicit FileReplacement(const std::filesystem::path& target);
@@ -33,8 +37,7 @@ class FileReplacement {
 
     /// Appends bytes. The first failure sticks: later calls, and commit(), return it.
     WriteStatus write(std::string_view bytes);
-    /// Flushes to the disk and puts the new file in the target's place. To be called once. Where the environment has
-    /// CORVANES_DELIVERED_LATER, on Windows, another program flushes new files and gives them their modes.
+    /// Flushes to the disk and puts the new file in the target's place. To be called once.
     WriteStatus commit();
 
   private:
@@ -45,6 +48,7 @@ class FileReplacement {
 
     std::filesystem::path target_;
     std::unique_ptr<ReplacementFile> temporary_;  ///< null where none may be made; then contents_ holds what is written
+    bool is_delivered_later_ = false;
     bool target_is_new_ = false;
     bool may_replace_ = false;
     std::string contents_;

@@ -45,12 +45,6 @@ std::error_code patiently(const Action& action) {
     return error;
 }
 
-/// Whether who has started this process delivers the files that it leaves: flushes them, and gives them their modes.
-bool is_delivered_later() {
-    static const bool later = GetEnvironmentVariableW(L"CORVANES_DELIVERED_LATER", nullptr, 0) != 0;
-    return later;
-}
-
 class WindowsFile final : public ReplacementFile {
   public:
     WindowsFile(const std::filesystem::path& path, HANDLE handle) : ReplacementFile(path), handle_(handle) {}
@@ -113,9 +107,7 @@ class WindowsFile final : public ReplacementFile {
         return error ? error : error_unless(SetEndOfFile(handle_));
     }
 
-    std::error_code flush() override {
-        return is_delivered_later() ? std::error_code() : error_unless(FlushFileBuffers(handle_));
-    }
+    std::error_code flush() override { return error_unless(FlushFileBuffers(handle_)); }
 
     Takeover take_over_from(const std::filesystem::path& target) override {
         if (const auto taken = take_over_under_wine(target, path_)) {
@@ -129,8 +121,7 @@ class WindowsFile final : public ReplacementFile {
 
     std::error_code appear_as(const std::filesystem::path& target) override {
         // Under Wine only a Unix program could tell whether the name is a link to nothing, and starting one takes time.
-        const bool has_mode = is_delivered_later() || new_files_have_the_right_mode();
-        if (!has_mode || !CreateHardLinkW(target.c_str(), path_.c_str(), nullptr)) {
+        if (!new_files_have_the_right_mode() || !CreateHardLinkW(target.c_str(), path_.c_str(), nullptr)) {
             return std::make_error_code(std::errc::not_supported);
         }
         remove();

@@ -43,6 +43,31 @@ TEST_F(ReplaceFile, PutsTheNewContentsInPlaceOnlyAtCommit) {
     EXPECT_EQ(names(), std::vector<std::string>{"list.prc"}) << "nothing may be left beside the file";
 }
 
+/// Sets an environment value of this process; "" removes it.
+void set_environment(const char* name, const char* value) {
+#ifdef _WIN32
+    _putenv_s(name, value);
+#else
+    *value != '\0' ? setenv(name, value, 1) : unsetenv(name);
+#endif
+}
+
+TEST_F(ReplaceFile, WritesUnderTheFilesOwnNameWhereAnotherProgramDelivers) {
+    set_environment("CORVANES_DELIVERED_LATER", "1");
+    put(folder_ / "old.txt", "old");
+    {
+        base::FileReplacement made(folder_ / "made.txt");
+        base::FileReplacement abandoned(folder_ / "abandoned.txt");
+        EXPECT_TRUE(made.write("all") && abandoned.write("half"));
+        EXPECT_EQ(names().size(), 3U);
+        EXPECT_TRUE(made.commit());
+        EXPECT_TRUE(base::replace_file(folder_ / "old.txt", "new"));
+    }
+    set_environment("CORVANES_DELIVERED_LATER", "");
+    EXPECT_EQ(names().size(), 2U);
+    EXPECT_EQ(bytes_of(folder_ / "made.txt") + bytes_of(folder_ / "old.txt"), "allnew");
+}
+
 TEST_F(ReplaceFile, RemovesWhatAKilledWriterLeftBehind) {
     const auto target = folder_ / "list.prc";
     const std::vector<std::string> others = {"list.prc.0123456789abcde.tmp",   "list.prc.tmp",
