@@ -80,9 +80,7 @@ class Job:
         is_new = not os.path.isdir(self.out)
         work = WorkFolder(self.out)
         try:
-            for name in filter(os.path.exists, map(self.file, (*RESULTS, DETAIL))):
-                os.rename(name, work.file(os.path.basename(name)))
-            work.deliver(RESULTS, (DETAIL,))
+            work.deliver(RESULTS, (DETAIL,), self.path)
             return bill
         finally:
             remove(work, is_new)

@@ -91,17 +91,18 @@ class WorkFolder:
         finally:
             os.close(folder)
 
-    def deliver(self, names, optional=()):
-        """Puts the results in place, with mode, owner and group of what they replace. Optional results that this run did not make
-        are removed from the output folder; an empty file stands for such a one."""
+    def deliver(self, names, optional=(), made=None):
+        """Puts the results, which are in this folder or in the folder `made`, in place, with mode, owner and group of what they
+        replace. Optional results that this run did not make are removed from the output folder; an empty file stands for such a one."""
+        made = made or self.path
         try:
             staging = self.file("staging")
             os.mkdir(staging)
             for name in optional:
-                with open(self.file(name), "ab"):
+                with open(os.path.join(made, name), "ab"):
                     pass
             for name, target in self.targets((*names, *optional)):
-                stage(self.file(name), os.path.join(staging, name), target)
+                stage(os.path.join(made, name), os.path.join(staging, name), target)
             flush([os.path.join(staging, name) for name in names])
             os.rename(staging, self.file(READY))  # from here on the delivery will be completed, if need be by the next run
             self.put_in_place(self.file(READY))
