@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <chrono>
-#include <cstdlib>
 #include <optional>
 #include <random>
 #include <thread>
@@ -108,8 +107,11 @@ bool lock_patiently(ReplacementFile& file) {
     return false;
 }
 
-bool is_delivered_later() {
-    return std::getenv("CORVANES_DELIVERED_LATER") != nullptr;
+/// Whether another program delivers the file.
+bool is_delivered_later(const std::filesystem::path& target) {
+    const std::filesystem::path folder = folder_delivered_later();
+    return !folder.empty() &&
+           std::mismatch(folder.begin(), folder.end(), target.begin(), target.end()).first == folder.end();
 }
 
 }  // namespace
@@ -120,7 +122,7 @@ FileReplacement::FileReplacement(const std::filesystem::path& target) : target_(
         return;
     }
     std::error_code error;
-    if (is_delivered_later() && (temporary_ = ReplacementFile::create(target_, error)) != nullptr) {
+    if (is_delivered_later(target_) && (temporary_ = ReplacementFile::create(target_, error)) != nullptr) {
         is_delivered_later_ = true;
         return;
     }

@@ -25,9 +25,9 @@ class ReplacementFile;
 /// disk is met before any of the old contents are gone. When writing over the old contents fails, the temporary file
 /// stays under a name of its own, which the reason tells.
 ///
-/// Where the environment has CORVANES_DELIVERED_LATER, new files are made in a folder that nobody else uses: another
-/// program delivers them when all are there, flushes them and gives them their modes. So they are written under their
-/// own names.
+/// CORVANES_DELIVERED_LATER names a folder that nobody else uses, and from which another program delivers the files
+/// when all are there: it flushes them and gives them their modes. New files in that folder are written under their own
+/// names.
 class FileReplacement {
   public:
     explicit FileReplacement(const std::filesystem::path& target);

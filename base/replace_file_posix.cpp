@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <cstdlib>
 #include <utility>
 
 #include "base/replace_file_system.h"
@@ -122,6 +123,11 @@ std::unique_ptr<ReplacementFile> ReplacementFile::create(const std::filesystem::
 
 std::unique_ptr<ReplacementFile> ReplacementFile::open(const std::filesystem::path& path, std::error_code& error) {
     return open_file(path, 0, error);
+}
+
+std::filesystem::path folder_delivered_later() {
+    const char* const folder = std::getenv("CORVANES_DELIVERED_LATER");
+    return folder != nullptr ? folder : "";
 }
 
 std::filesystem::path full_path(const std::filesystem::path& path) {

@@ -19,6 +19,9 @@ enum class Takeover { whole, incomplete, target_is_broken_link };
 /// Where a lock stands in a file: far behind all contents, since some systems let nobody read what is locked.
 constexpr std::uint64_t lock_offset = std::uint64_t{1} << 62;
 
+/// The value of CORVANES_DELIVERED_LATER; empty without one.
+std::filesystem::path folder_delivered_later();
+
 /// An open file of the operating system.
 class ReplacementFile {
   public:

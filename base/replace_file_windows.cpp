@@ -1,6 +1,7 @@
 #include <windows.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <vector>
 
 #include "base/code_page.h"
@@ -160,6 +161,11 @@ std::unique_ptr<ReplacementFile> ReplacementFile::open(const std::filesystem::pa
 }
 
 // The runtime's own function takes paths that begin with "\\?\" for relative ones.
+std::filesystem::path folder_delivered_later() {
+    const wchar_t* const folder = _wgetenv(L"CORVANES_DELIVERED_LATER");
+    return folder != nullptr ? folder : L"";
+}
+
 std::filesystem::path full_path(const std::filesystem::path& path) {
     std::wstring full(32768, L'\0');
     const DWORD length = GetFullPathNameW(path.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr);

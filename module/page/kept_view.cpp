@@ -1,5 +1,7 @@
 #include "page/kept_view.h"
 
+#include <acutads.h>
+
 #include "hostpicture.h"
 
 namespace corvanes {
@@ -15,7 +17,13 @@ KeptView::~KeptView() {
 }
 
 void KeptView::keep() {
+    if (acDocManagerPtr()->curDocument() == nullptr) {
+        acutPrintf(L"\nNo drawing is open.");
+        return;
+    }
     svg_ = hostDrawingAsSvg(std::move(memory_));
+    acutPrintf(svg_ ? L"\nThe next page shows the drawing as it looks now."
+                    : L"\nThe drawing has too many parts for a browser; a page shows it as a picture.");
 }
 
 std::optional<std::string> KeptView::take() {

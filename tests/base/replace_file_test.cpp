@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <vector>
 
 #include "base/replace_file.h"
@@ -15,11 +16,13 @@ class ReplaceFile : public testing::Test {
 
     static void put(const fs::path& path, const std::string& bytes) { std::ofstream(path, std::ios::binary) << bytes; }
     static std::string bytes_of(const fs::path& path) { return test_support::contents(path); }
-    std::vector<std::string> names() const {
+    /// The names in the folder, or in one within it.
+    std::vector<std::string> names(const char* within = "") const {
         std::vector<std::string> result;
-        for (const auto& entry : fs::directory_iterator(folder_.path())) {
+        for (const auto& entry : fs::directory_iterator(folder_ / within)) {
             result.push_back(entry.path().filename().string());
         }
+        std::sort(result.begin(), result.end());
         return result;
     }
 
@@ -53,19 +56,22 @@ void set_environment(const char* name, const char* value) {
 }
 
 TEST_F(ReplaceFile, WritesUnderTheFilesOwnNameWhereAnotherProgramDelivers) {
-    set_environment("CORVANES_DELIVERED_LATER", "1");
-    put(folder_ / "old.txt", "old");
+    fs::create_directory(folder_ / "results");
+    set_environment("CORVANES_DELIVERED_LATER", (folder_ / "results").string().c_str());
+    put(folder_ / "results" / "old.txt", "old");
     {
-        base::FileReplacement made(folder_ / "made.txt");
-        base::FileReplacement abandoned(folder_ / "abandoned.txt");
-        EXPECT_TRUE(made.write("all") && abandoned.write("half"));
-        EXPECT_EQ(names().size(), 3U);
+        base::FileReplacement made(folder_ / "results" / "made.txt");
+        base::FileReplacement abandoned(folder_ / "results" / "abandoned.txt");
+        base::FileReplacement elsewhere(folder_ / "elsewhere.txt");
+        EXPECT_TRUE(made.write("all") && abandoned.write("half") && elsewhere.write("all"));
+        EXPECT_EQ(names("results"), (std::vector<std::string>{"abandoned.txt", "made.txt", "old.txt"}));
+        EXPECT_FALSE(fs::exists(folder_ / "elsewhere.txt"));
         EXPECT_TRUE(made.commit());
-        EXPECT_TRUE(base::replace_file(folder_ / "old.txt", "new"));
+        EXPECT_TRUE(base::replace_file(folder_ / "results" / "old.txt", "new"));
     }
     set_environment("CORVANES_DELIVERED_LATER", "");
-    EXPECT_EQ(names().size(), 2U);
-    EXPECT_EQ(bytes_of(folder_ / "made.txt") + bytes_of(folder_ / "old.txt"), "allnew");
+    EXPECT_EQ(names("results"), (std::vector<std::string>{"made.txt", "old.txt"}));
+    EXPECT_EQ(bytes_of(folder_ / "results" / "made.txt") + bytes_of(folder_ / "results" / "old.txt"), "allnew");
 }
 
 TEST_F(ReplaceFile, RemovesWhatAKilledWriterLeftBehind) {

@@ -34,10 +34,10 @@ def price_script(work, prices, hide_prices, following=None):
             "PNGDETAIL", "Most", windows_path(work.file("drawing-detail.png"))]
 
 
-def values_for(work, converted, arguments):
-    """What the module is asked for beside its dialog, in the host's environment; without `work` a script names the files. What
-    the host writes is flushed and gets its mode when it is delivered."""
-    values = {"CORVANES_NOTES": "1", "CORVANES_DELIVERED_LATER": "1"}
+def values_for(folder, work, converted, arguments):
+    """What the module is asked for beside its dialog, in the host's environment; without `work` a script names the files. The
+    results come from `folder`, or from folders within it."""
+    values = {"CORVANES_NOTES": "1", "CORVANES_DELIVERED_LATER": windows_path(folder)}
     if work:
         values["CORVANES_JSON"] = windows_path(work.file("report.json"))
     if converted:
@@ -122,7 +122,7 @@ class Host:
                 script.write("\n".join(lines) + "\n")
             with open(work.file("host.log"), "w+b") as said:
                 status, words = self.run(said, "--script", windows_path(script.name), "--hidden", "--verbose",
-                                         **values_for(work, converted, arguments))
+                                         **values_for(work.path, work, converted, arguments))
         if status != 0:
             raise self.pricing_failure(last_line(words), work, prices)
 

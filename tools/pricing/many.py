@@ -147,7 +147,7 @@ class Pricing:
 
         with open(self.work.file("host.log"), "w+b") as said:
             status, words = Host(self.root, self.session).run(
-                said, "--script", windows_path(script.name), "--hidden", "--verbose", watch=take_finished, **values_for(None, None, self.arguments))
+                said, "--script", windows_path(script.name), "--hidden", "--verbose", watch=take_finished, **values_for(self.work.path, None, None, self.arguments))
         take_finished()
         return last_line(words) if status != 0 else None
 
