@@ -41,6 +41,20 @@ def remove(work, is_new):
             os.rmdir(work.out)
 
 
+class Occurrences:
+    """Counts a text in a file that grows."""
+
+    def __init__(self, text, file):
+        self.text, self.file = text, file
+        self.rest = b""  # which may be the begin of one
+
+    def new(self):
+        """How many there are behind those that were counted."""
+        read = self.rest + self.file.read().replace(b"\r", b"")
+        self.rest = read[max(read.rfind(self.text) + 1, len(read) - len(self.text) + 1):]
+        return read.count(self.text)
+
+
 class Job:
     """A drawing that waits for the host, and the folder `path` of what is made for it; `out` is where the results go."""
 
@@ -136,19 +150,17 @@ class Pricing:
             following = [*jobs[1:], None]
             lines = [line for job, after in zip(jobs, following) for line in job.script(self.prices, hidden, after)]
             script.write("\n".join([*lines, "QUIT"]) + "\n")
-        taken = len(jobs)
+        with open(self.work.file("host.log"), "w+b") as said, open(said.name, "rb") as log:
+            closed = Occurrences(b"\nCommand: CLOSE\n", log)
 
-        def take_finished():
-            with open(self.work.file("host.log"), "rb") as file:
-                closed = file.read().replace(b"\r", b"").count(b"\nCommand: CLOSE\n")
-            while taken - len(jobs) < closed and jobs:
-                self.finish(jobs[0])
-                jobs.pop(0).remove()
+            def take_finished():
+                for _ in range(min(closed.new(), len(jobs))):
+                    self.finish(jobs[0])
+                    jobs.pop(0).remove()
 
-        with open(self.work.file("host.log"), "w+b") as said:
             status, words = Host(self.root, self.session).run(
                 said, "--script", windows_path(script.name), "--hidden", "--verbose", watch=take_finished, **values_for(self.work.path, None, None, self.arguments))
-        take_finished()
+            take_finished()
         return last_line(words) if status != 0 else None
 
     def finish(self, job):
