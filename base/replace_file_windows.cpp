@@ -160,12 +160,12 @@ std::unique_ptr<ReplacementFile> ReplacementFile::open(const std::filesystem::pa
     return open_file(path, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, OPEN_EXISTING, error);
 }
 
-// The runtime's own function takes paths that begin with "\\?\" for relative ones.
 std::filesystem::path folder_delivered_later() {
     const wchar_t* const folder = _wgetenv(L"CORVANES_DELIVERED_LATER");
     return folder != nullptr ? folder : L"";
 }
 
+// The runtime's own function takes paths that begin with "\\?\" for relative ones.
 std::filesystem::path full_path(const std::filesystem::path& path) {
     std::wstring full(32768, L'\0');
     const DWORD length = GetFullPathNameW(path.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr);

@@ -2,6 +2,8 @@
 
 #include <acutads.h>
 
+#include <utility>
+
 #include "hostpicture.h"
 
 namespace corvanes {
@@ -21,13 +23,11 @@ void KeptView::keep() {
         acutPrintf(L"\nNo drawing is open.");
         return;
     }
-    svg_ = hostDrawingAsSvg(std::move(memory_));
-    acutPrintf(svg_ ? L"\nThe next page shows the drawing as it looks now."
-                    : L"\nThe drawing has too many parts for a browser; a page shows it as a picture.");
-}
-
-std::optional<std::string> KeptView::take() {
-    return std::exchange(svg_, std::nullopt);
+    auto svg = hostDrawingAsSvg(std::move(text_));
+    is_kept_ = svg.has_value();
+    text_ = std::move(svg).value_or("");
+    acutPrintf(is_kept_ ? L"\nThe next page shows the drawing as it looks now."
+                        : L"\nThe drawing has too many parts for a browser; a page shows it as a picture.");
 }
 
 }  // namespace corvanes

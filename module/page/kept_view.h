@@ -3,9 +3,7 @@
 
 #include <acdocman.h>
 
-#include <optional>
 #include <string>
-#include <utility>
 
 namespace corvanes {
 
@@ -19,16 +17,15 @@ class KeptView final : public AcApDocManagerReactor {
 
     /// PAGEVIEW: keeps the drawing as it looks now, unless it has too many parts for a browser.
     void keep();
-    /// Its SVG, once; nothing where none was kept since the drawing was opened.
-    std::optional<std::string> take();
-    /// Takes a text that nobody needs any more: the next one is written into its memory.
-    void take_memory(std::string text) { memory_ = std::move(text); }
+    /// Its SVG; null where none is kept.
+    const std::string* svg() const { return is_kept_ ? &text_ : nullptr; }
+    void forget() { is_kept_ = false; }
 
-    void documentToBeDestroyed(AcApDocument*) override { svg_.reset(); }
+    void documentToBeDestroyed(AcApDocument*) override { forget(); }
 
   private:
-    std::optional<std::string> svg_;
-    std::string memory_;
+    std::string text_;  ///< stays when it is forgotten: the next one is written into its memory
+    bool is_kept_ = false;
 };
 
 }  // namespace corvanes

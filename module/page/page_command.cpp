@@ -83,15 +83,30 @@ std::optional<std::wstring> ask_page_file() {
     return ask_for_file(L"Save page as", proposal.wstring(), L"html", FileQuestion::new_file);
 }
 
-void write_page(const base::FileContents& bill, std::string_view picture, const std::wstring& file) {
+/// False after the person was told why not.
+bool write_page(const base::FileContents& bill, std::string_view picture, const std::wstring& file) {
     base::FileReplacement page(file);
     write_bill_page({source(IDR_PAGE_HTML), source(IDR_PAGE_STYLE), source(IDR_PAGE_SCRIPT)}, bill.bytes(), picture,
                     [&page](std::string_view piece) { static_cast<void>(page.write(piece)); });
-    if (const base::WriteStatus written = page.commit()) {
+    const base::WriteStatus written = page.commit();
+    if (written) {
         acutPrintf(L"\n%s saved.", file.c_str());
     } else {
         acedAlert((L"File " + file + L" could not be written: " + base::wide_from_utf8(written.reason())).c_str());
     }
+    return static_cast<bool>(written);
+}
+
+/// Shows the drawing as it was kept, or else as `otherwise` gives it. False when there is no picture at all.
+template <typename Otherwise>
+bool write_page_with_view(const base::FileContents& bill, KeptView& view, const std::wstring& file,
+                          const Otherwise& otherwise) {
+    const std::optional<std::string> other = view.svg() == nullptr ? otherwise() : std::nullopt;
+    const std::string* const picture = other ? &*other : view.svg();
+    if (picture != nullptr && write_page(bill, *picture, file)) {
+        view.forget();
+    }
+    return picture != nullptr;
 }
 
 /// The last bill; nothing after a line that says why.
@@ -115,14 +130,7 @@ void save_page(const LastBill& last, KeptView& view) {
     if (!file) {
         return;
     }
-    auto picture = view.take();
-    if (!picture) {
-        picture = picture_of_drawing();
-    }
-    if (picture) {
-        write_page(*bill, *picture, *file);
-        view.take_memory(*std::move(picture));
-    } else {
+    if (!write_page_with_view(*bill, view, *file, picture_of_drawing)) {
         acutPrintf(L"\nThere is no picture of the drawing, and so no page.");
     }
 }
@@ -135,14 +143,7 @@ void save_page_with_picture(const LastBill& last, KeptView& view) {
     if (!shown) {
         return;
     }
-    auto picture = view.take();
-    if (!picture) {
-        picture = read_picture(*shown);
-    }
-    if (picture) {
-        write_page(*bill, *picture, *file);
-        view.take_memory(*std::move(picture));
-    } else {
+    if (!write_page_with_view(*bill, view, *file, [&shown] { return read_picture(*shown); })) {
         acedAlert((L"File " + *shown + L" could not be read.").c_str());
     }
 }

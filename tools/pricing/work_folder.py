@@ -103,7 +103,7 @@ class WorkFolder:
                     pass
             for name, target in self.targets((*names, *optional)):
                 stage(os.path.join(made, name), os.path.join(staging, name), target)
-            flush([os.path.join(staging, name) for name in names])
+            flush([os.path.join(staging, name) for name in (*names, *optional)])
             os.rename(staging, self.file(READY))  # from here on the delivery will be completed, if need be by the next run
             self.put_in_place(self.file(READY))
         except OSError as error:

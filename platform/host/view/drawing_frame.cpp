@@ -73,7 +73,6 @@ FrameBitmap::CanvasPointer FrameBitmap::take(int width, int height) {
     }
     CanvasPointer canvas = std::move(*found);
     kept().erase(found);
-    canvas->make_new();
     return canvas;
 }
 
@@ -82,6 +81,7 @@ FrameBitmap::FrameBitmap(int width, int height) : canvas_(take(width, height)) {
 FrameBitmap::~FrameBitmap() {
     constexpr size_t most_kept = 3;  // as many kinds of pictures take turns in a script
     if (canvas_->is_handy()) {
+        canvas_->make_new();  // lets go of fonts and brushes of others
         kept().insert(kept().begin(), std::move(canvas_));
         kept().resize(std::min(kept().size(), most_kept));
     }

@@ -221,13 +221,19 @@ base::Outcome<> save_window_png(HWND window, const std::filesystem::path& path) 
     const WindowContext source(window, true);
     SetLayout(source.get(), 0);  // a right-to-left window is copied as it looks, not mirrored once more
     FrameBitmap copy(width, height);
-    BitBlt(copy.context(), 0, 0, width, height, source.get(), 0, 0, SRCCOPY);
+    if (copy) {
+        copy.raster().clear(0);  // for what of the window cannot be copied
+        BitBlt(copy.context(), 0, 0, width, height, source.get(), 0, 0, SRCCOPY);
+    }
     return save_png(copy, path);
 }
 
 base::Outcome<> save_painted_png(int width, int height, const std::function<base::Outcome<>(HDC)>& paint,
                                  const std::filesystem::path& path) {
     const FrameBitmap picture(width, height);
+    if (picture) {
+        picture.raster().clear(0);
+    }
     const base::Outcome<> painted = picture ? paint(picture.context()) : base::Outcome<>();
     return painted ? save_png(picture, path) : painted;
 }
